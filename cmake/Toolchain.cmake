@@ -1,0 +1,35 @@
+# Compiler flags shared by every target, and the imported libraries of the platform below us.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_OBJCXX_STANDARD 20)
+set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
+set(CMAKE_OBJCXX_EXTENSIONS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+
+find_package(PkgConfig REQUIRED)
+find_package(Threads REQUIRED)
+
+option(ZUNO_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+
+add_compile_options(-Wall -Wextra -Werror -fvisibility=default)
+add_link_options(-fuse-ld=lld)
+if(ZUNO_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# Objective-C++ over GNUstep base on GCC's runtime. objc/objc.h lies among GCC's own headers; it must come after
+# clang's, whose intrinsics GCC's would shadow.
+execute_process(COMMAND gcc -print-file-name=include OUTPUT_VARIABLE gcc_include OUTPUT_STRIP_TRAILING_WHITESPACE
+                COMMAND_ERROR_IS_FATAL ANY)
+add_library(gnustep INTERFACE)
+target_include_directories(gnustep SYSTEM INTERFACE /usr/include/GNUstep)
+target_compile_options(gnustep INTERFACE
+  $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-runtime=gcc -fblocks -fno-objc-arc -fexceptions -fobjc-exceptions
+    -fconstant-string-class=NSConstantString -idirafter ${gcc_include} -Wno-import -Wno-deprecated-declarations
+    -Werror=objc-property-implementation -Werror=incompatible-pointer-types -Werror=objc-method-access>)
+target_compile_definitions(gnustep INTERFACE
+  GNUSTEP GNUSTEP_BASE_LIBRARY=1 GNU_RUNTIME=1 _NATIVE_OBJC_EXCEPTIONS)
+target_link_libraries(gnustep INTERFACE gnustep-base objc Threads::Threads)

@@ -1,0 +1,115 @@
+#include "wire/Channel.hpp"
+
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <utility>
+
+namespace sim::wire {
+namespace {
+
+constexpr std::size_t kLongestLine = 256u << 20;     // A screen of 10,000 rows is a few MB; this only stops nonsense.
+constexpr std::size_t kLongestPayload = 512u << 20;  // A 12-megapixel picture is 50 MB undecoded.
+
+std::string encodedHeader(const Message& message) {
+  nlohmann::json header = message.header;
+  if (!message.payload.empty()) header["length"] = message.payload.size();
+  std::string line = header.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+  line.push_back('\n');
+  return line;
+}
+
+bool sendAll(int descriptor, const char* bytes, std::size_t count) {
+  while (count > 0) {
+    const ssize_t sent = ::send(descriptor, bytes, count, MSG_NOSIGNAL);
+    if (sent < 0 && errno == EINTR) continue;
+    if (sent <= 0) return false;
+    bytes += sent;
+    count -= static_cast<std::size_t>(sent);
+  }
+  return true;
+}
+
+}  // namespace
+
+Channel::~Channel() {
+  if (descriptor_ >= 0) ::close(descriptor_);
+}
+
+bool Channel::send(const Message& message) {
+  const std::string line = encodedHeader(message);
+  return sendAll(descriptor_, line.data(), line.size()) &&
+         sendAll(descriptor_, message.payload.data(), message.payload.size());
+}
+
+void Channel::queue(const Message& message) {
+  outgoing_ += encodedHeader(message);
+  outgoing_ += message.payload;
+}
+
+bool Channel::flush() {
+  std::size_t taken = 0;
+  bool alive = true;
+  while (taken < outgoing_.size()) {
+    const ssize_t sent =
+        ::send(descriptor_, outgoing_.data() + taken, outgoing_.size() - taken, MSG_NOSIGNAL | MSG_DONTWAIT);
+    if (sent < 0 && errno == EINTR) continue;
+    if (sent < 0) alive = errno == EAGAIN || errno == EWOULDBLOCK;
+    if (sent <= 0) break;
+    taken += static_cast<std::size_t>(sent);
+  }
+  outgoing_.erase(0, taken);
+  return alive;
+}
+
+bool Channel::receive(std::vector<Message>& out) {
+  char chunk[64 << 10];
+  ssize_t count;
+  do {
+    count = ::recv(descriptor_, chunk, sizeof chunk, 0);
+  } while (count < 0 && errno == EINTR);
+  if (count <= 0) return false;
+
+  std::size_t scanned = buffer_.size();  // No line break stands before this.
+  buffer_.append(chunk, static_cast<std::size_t>(count));
+  std::size_t taken = 0;
+  while (true) {
+    if (partial_) {
+      const std::size_t step = std::min(missing_, buffer_.size() - taken);
+      partial_->payload.append(buffer_, taken, step);
+      taken += step;
+      missing_ -= step;
+      if (missing_ > 0) break;
+      out.push_back(std::move(*partial_));
+      partial_.reset();
+      scanned = std::max(scanned, taken);
+      continue;
+    }
+    const std::size_t end = buffer_.find('\n', std::max(scanned, taken));
+    if (end == std::string::npos) {
+      if (buffer_.size() - taken > kLongestLine) return false;
+      break;
+    }
+    auto header = nlohmann::json::parse(buffer_.begin() + static_cast<std::ptrdiff_t>(taken),
+                                        buffer_.begin() + static_cast<std::ptrdiff_t>(end), nullptr, false);
+    taken = end + 1;
+    scanned = taken;
+    if (!header.is_object()) return false;
+    const auto length = header.find("length");
+    if (length != header.end()) {
+      if (!length->is_number_unsigned() || length->get<std::size_t>() > kLongestPayload) return false;
+      missing_ = length->get<std::size_t>();
+    }
+    if (missing_ > 0) {
+      partial_ = Message{std::move(header), {}};
+    } else {
+      out.push_back(Message{std::move(header), {}});
+    }
+  }
+  buffer_.erase(0, taken);
+  return true;
+}
+
+}  // namespace sim::wire

@@ -1,0 +1,57 @@
+// The message channel between the simulator (the server) and the Settings process: JSON headers, one a line, each
+// followed by as many raw bytes as its "length" says. Plain C++; used by both processes.
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sim::wire {
+
+/// One message: a JSON object and, for pictures, the bytes that follow it.
+struct Message {
+  nlohmann::json header;
+  std::string payload;
+};
+
+/// One end of a connected stream socket. Owns the descriptor and closes it. Not thread-safe: one reader and one
+/// writer at a time, which may be different threads.
+class Channel final {
+ public:
+  /// `descriptor`: a connected stream socket; ownership passes to the channel.
+  explicit Channel(int descriptor) noexcept : descriptor_(descriptor) {}
+  ~Channel();
+  Channel(const Channel&) = delete;
+  Channel& operator=(const Channel&) = delete;
+
+  int descriptor() const noexcept { return descriptor_; }
+
+  /// Writes the whole message, waiting as long as the peer does not read. Strings that are no UTF-8 are sent with
+  /// replacement characters. False when the peer is gone; never raises SIGPIPE.
+  bool send(const Message& message);
+
+  /// Takes the message for sending without waiting. A channel is used either with `send` or with `queue` and `flush`.
+  void queue(const Message& message);
+
+  /// Sends as many of the queued bytes as the peer takes now. False when the peer is gone.
+  bool flush();
+
+  /// Whether bytes wait for `flush`.
+  bool hasQueued() const noexcept { return !outgoing_.empty(); }
+
+  /// Reads whatever has arrived, waiting for at least one byte, and appends each complete message to `out`.
+  /// False when the peer has closed or sent a line that is no JSON object (or claims an absurd length).
+  bool receive(std::vector<Message>& out);
+
+ private:
+  int descriptor_ = -1;
+  std::string outgoing_;                  // Bytes queued and not yet sent.
+  std::string buffer_;                    // Bytes received and not yet taken.
+  std::optional<Message> partial_;        // A header whose payload is still arriving.
+  std::size_t missing_ = 0;               // Payload bytes still to come for `partial_`.
+};
+
+}  // namespace sim::wire
