@@ -1,0 +1,44 @@
+// Types and ownership.
+#pragma once
+
+#include <stdbool.h>
+#include <stddef.h>
+#include <stdint.h>
+
+#if defined(__cplusplus)
+#define CF_EXTERN_C_BEGIN extern "C" {
+#define CF_EXTERN_C_END }
+#define CF_EXPORT extern "C"
+#else
+#define CF_EXTERN_C_BEGIN
+#define CF_EXTERN_C_END
+#define CF_EXPORT extern
+#endif
+
+typedef const void *CFTypeRef;
+typedef const struct __CFString *CFStringRef;
+typedef const struct __CFData *CFDataRef;
+typedef const struct __CFDictionary *CFDictionaryRef;
+typedef const struct __CFArray *CFArrayRef;
+typedef const struct __CFURL *CFURLRef;
+typedef const struct __CFAllocator *CFAllocatorRef;
+
+typedef unsigned char Boolean;
+typedef uint8_t UInt8;
+typedef long CFIndex;
+typedef unsigned long CFOptionFlags;
+typedef unsigned long CFHashCode;
+
+/// A constant string. Objective-C sources only.
+#define CFSTR(text) ((CFStringRef)(const void *)@text)
+
+CF_EXTERN_C_BEGIN
+
+/// Adds a reference and returns its argument. NULL ends the process, as on a device. Any thread.
+CFTypeRef CFRetain(CFTypeRef object);
+/// Gives up one reference. NULL ends the process, as on a device. Any thread.
+void CFRelease(CFTypeRef object);
+/// Whether both are equal as Foundation objects. NULL on either side ends the process, as on a device.
+Boolean CFEqual(CFTypeRef one, CFTypeRef other);
+
+CF_EXTERN_C_END

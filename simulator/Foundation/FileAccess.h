@@ -1,0 +1,33 @@
+// Files and their failures in Foundation's terms: NSString paths, and NSErrors as on a device.
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+#include "Foundation/Files.hpp"
+
+#include <optional>
+#include <span>
+#include <string>
+
+namespace sim {
+
+/// Foundation's error codes for property lists, which GNUstep base does not declare.
+inline constexpr NSInteger kPropertyListReadCorruptError = 3840;
+inline constexpr NSInteger kPropertyListWriteInvalidError = 3852;
+
+/// An error in NSCocoaErrorDomain with `explanation` under NSDebugDescription; autoreleased.
+NSError *cocoaError(NSInteger code, const std::string &explanation);
+
+/// The bytes of a regular file; nothing, with an error, when it cannot be read.
+std::optional<FileContent> contentOfFile(NSString *path, NSError **error);
+
+/// Writes a whole file, see Files.hpp. NO with an error when that fails.
+BOOL writeFile(NSString *path, std::span<const std::byte> bytes, BOOL atomically, NSError **error);
+
+/// Stores `error` where the caller wants it; answers NO, for `return report(…)`.
+inline BOOL report(NSError **place, NSError *error) {
+  if (place) *place = error;
+  return NO;
+}
+
+}  // namespace sim

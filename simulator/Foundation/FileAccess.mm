@@ -1,0 +1,93 @@
+#import "Foundation/FileAccess.h"
+
+#include "Foundation/UTF8.hpp"
+
+#include <cerrno>
+#include <cstring>
+#include <utility>
+#include <variant>
+
+namespace sim {
+
+namespace {
+
+NSInteger readCode(int number) {
+  switch (number) {
+    case ENOENT:
+    case ENOTDIR:
+      return NSFileReadNoSuchFileError;
+    case EACCES:
+    case EPERM:
+      return NSFileReadNoPermissionError;
+    case ENAMETOOLONG:
+      return NSFileReadInvalidFileNameError;
+    default:
+      return NSFileReadUnknownError;
+  }
+}
+
+NSInteger writeCode(int number) {
+  switch (number) {
+    case ENOENT:
+    case ENOTDIR:
+      return NSFileNoSuchFileError;
+    case EACCES:
+    case EPERM:
+      return NSFileWriteNoPermissionError;
+    case ENOSPC:
+    case EDQUOT:
+      return NSFileWriteOutOfSpaceError;
+    case ENAMETOOLONG:
+      return NSFileWriteInvalidFileNameError;
+    default:
+      return NSFileWriteUnknownError;
+  }
+}
+
+NSError *fileError(NSInteger code, NSString *path, int number) {
+  NSError *cause = [NSError errorWithDomain:NSPOSIXErrorDomain code:number userInfo:nil];
+  return
+      [NSError errorWithDomain:NSCocoaErrorDomain
+                          code:code
+                      userInfo:@{
+                        NSFilePathErrorKey : path ? path : @"",
+                        NSUnderlyingErrorKey : cause,
+                        NSLocalizedDescriptionKey : [NSString stringWithFormat:@"%@: %s", path, std::strerror(number)]
+                      }];
+}
+
+/// Explanations may quote a malformed document.
+NSString *shown(const std::string &text) {
+  const NSStringEncoding encoding = isUTF8(text) ? NSUTF8StringEncoding : NSISOLatin1StringEncoding;
+  return [[[NSString alloc] initWithBytes:text.data() length:text.size() encoding:encoding] autorelease];
+}
+
+std::string fileSystemPath(NSString *path) {
+  const char *text = [path length] > 0 ? [path fileSystemRepresentation] : nullptr;
+  return text ? text : "";
+}
+
+}  // namespace
+
+NSError *cocoaError(NSInteger code, const std::string &explanation) {
+  NSString *text = shown(explanation);
+  return [NSError errorWithDomain:NSCocoaErrorDomain
+                             code:code
+                         userInfo:@{@"NSDebugDescription" : text, NSLocalizedDescriptionKey : text}];
+}
+
+std::optional<FileContent> contentOfFile(NSString *path, NSError **error) {
+  auto content = readFile(fileSystemPath(path));
+  if (auto *file = std::get_if<FileContent>(&content)) return std::move(*file);
+  const int number = std::get<int>(content);
+  report(error, fileError(readCode(number), path, number));
+  return std::nullopt;
+}
+
+BOOL writeFile(NSString *path, std::span<const std::byte> bytes, BOOL atomically, NSError **error) {
+  const auto place = fileSystemPath(path);
+  const int number = atomically ? writeFileAtomically(place, bytes) : writeFileInPlace(place, bytes);
+  return number == 0 || report(error, fileError(writeCode(number), path, number));
+}
+
+}  // namespace sim

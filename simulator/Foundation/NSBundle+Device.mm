@@ -1,0 +1,61 @@
+// On a device every folder is a bundle of its own. GNUstep takes two folders whose Info lists have the same identifier
+// for one bundle and hands out whichever it met first.
+#import <Foundation/Foundation.h>
+#import <objc/runtime.h>
+
+namespace {
+
+using InitWithPath = id (*)(id, SEL, NSString *);
+using BundleIdentifier = NSString *(*)(id, SEL);
+
+InitWithPath originalInitWithPath = nullptr;
+BundleIdentifier originalBundleIdentifier = nullptr;
+thread_local bool isInitialising = false;
+
+id initWithPath(id self, SEL selector, NSString *path) {
+  const bool nested = isInitialising;
+  isInitialising = true;
+  id bundle = originalInitWithPath(self, selector, path);
+  isInitialising = nested;
+  return bundle;
+}
+
+/// A bundle that is being made has no identifier by which another could be taken for it.
+NSString *bundleIdentifier(id self, SEL selector) {
+  return isInitialising ? nil : originalBundleIdentifier(self, selector);
+}
+
+template <typename Implementation>
+Implementation replace(SEL selector, Implementation implementation) {
+  // Without a message to the class: that would start Foundation before its defaults are set.
+  Method method = class_getInstanceMethod((Class)objc_getClass("NSBundle"), selector);
+  // Every implementation is stored as a function of any arguments; the way there and back leads over void *.
+  void *previous = reinterpret_cast<void *>(
+      method_setImplementation(method, reinterpret_cast<IMP>(reinterpret_cast<void *>(implementation))));
+  return reinterpret_cast<Implementation>(previous);
+}
+
+}  // namespace
+
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
+
+@implementation NSBundle (Device)
+
++ (void)load {
+  originalBundleIdentifier = replace(@selector(bundleIdentifier), bundleIdentifier);
+  originalInitWithPath = replace(@selector(initWithPath:), initWithPath);
+}
+
++ (NSBundle *)bundleWithIdentifier:(NSString *)identifier {
+  for (NSArray *bundles in @[ [NSBundle allBundles], [NSBundle allFrameworks] ]) {
+    for (NSBundle *bundle in bundles) {
+      if ([[bundle bundleIdentifier] isEqualToString:identifier]) return bundle;
+    }
+  }
+  return nil;
+}
+
+@end
+
+#pragma clang diagnostic pop

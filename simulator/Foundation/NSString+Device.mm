@@ -1,0 +1,58 @@
+// Searching and comparing as on a device, which GNUstep base lacks.
+#import <Foundation/Foundation.h>
+
+namespace {
+
+constexpr NSStringCompareOptions kFolding = NSCaseInsensitiveSearch | NSDiacriticInsensitiveSearch;
+
+bool isMark(unichar unit) { return [[NSCharacterSet nonBaseCharacterSet] characterIsMember:unit]; }
+
+/// Letters without the marks that decomposition splits off them.
+NSString *withoutMarks(NSString *string) {
+  NSString *decomposed = [string decomposedStringWithCanonicalMapping];
+  NSMutableString *result = [NSMutableString stringWithCapacity:[decomposed length]];
+  for (NSUInteger i = 0; i < [decomposed length]; ++i) {
+    const unichar unit = [decomposed characterAtIndex:i];
+    if (!isMark(unit)) [result appendFormat:@"%C", unit];
+  }
+  return result;
+}
+
+}  // namespace
+
+@implementation NSString (Searching)
+
+- (NSString *)stringByFoldingWithOptions:(NSStringCompareOptions)options locale:(NSLocale *)locale {
+  NSString *folded = options & NSDiacriticInsensitiveSearch ? withoutMarks(self) : self;
+  return options & NSCaseInsensitiveSearch ? [folded lowercaseString] : folded;
+}
+
+- (BOOL)localizedStandardContainsString:(NSString *)string {
+  if (!string) [NSException raise:NSInvalidArgumentException format:@"The string to look for is nil"];
+  NSString *needle = [string stringByFoldingWithOptions:kFolding locale:nil];
+  return [[self stringByFoldingWithOptions:kFolding locale:nil] rangeOfString:needle].length > 0;
+}
+
+- (BOOL)localizedCaseInsensitiveContainsString:(NSString *)string {
+  if (!string) [NSException raise:NSInvalidArgumentException format:@"The string to look for is nil"];
+  return [[self lowercaseString] rangeOfString:[string lowercaseString]].length > 0;
+}
+
+- (NSComparisonResult)localizedStandardCompare:(NSString *)string {
+  NSString *mine = [self stringByFoldingWithOptions:kFolding locale:nil];
+  NSString *other = [string stringByFoldingWithOptions:kFolding locale:nil];
+  const NSComparisonResult result = [mine compare:other options:NSNumericSearch];
+  return result != NSOrderedSame ? result : [self compare:string];
+}
+
+- (void)enumerateLinesUsingBlock:(void (^)(NSString *line, BOOL *stop))block {
+  BOOL stop = NO;
+  for (NSUInteger start = 0; start < [self length] && !stop;) {
+    NSUInteger next = 0, end = 0;
+    [self getLineStart:nullptr end:&next contentsEnd:&end forRange:NSMakeRange(start, 0)];
+    block([self substringWithRange:NSMakeRange(start, end - start)], &stop);
+    start = next;
+  }
+}
+
+@end

@@ -1,0 +1,4 @@
+// Foundation's headers include this name when the compiler knows blocks.
+#pragma once
+
+#include <Block.h>

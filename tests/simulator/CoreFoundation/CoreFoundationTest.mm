@@ -1,0 +1,158 @@
+#import <CoreFoundation/CFNotificationCenter+Sim.h>
+#import <CoreFoundation/CoreFoundation.h>
+#import <dispatch/MainQueue+Sim.h>
+
+#include "support/objc/ObjCMatchers.h"
+#include "support/objc/ObjCTest.h"
+
+#include <string>
+#include <vector>
+
+namespace {
+
+TEST(CoreFoundationTest, StringsAndDataAreFoundationObjects) {
+  @autoreleasepool {
+    CFStringRef text = CFSTR("settings");
+    EXPECT_OBJC_EQ((NSString *)text, @"settings");
+    EXPECT_TRUE(CFEqual(text, (CFStringRef) @"settings"));
+    EXPECT_FALSE(CFEqual(text, CFSTR("other")));
+
+    CFDataRef data = CFDataCreate(nullptr, reinterpret_cast<const UInt8 *>("abc"), 3);
+    EXPECT_EQ(CFDataGetLength(data), 3);
+    EXPECT_EQ(CFDataGetBytePtr(data)[1], 'b');
+    EXPECT_OBJC_EQ((NSData *)data, [NSData dataWithBytes:"abc" length:3]);
+    CFRelease(data);
+    EXPECT_EQ(CFDataCreate(nullptr, nullptr, -1), nullptr);
+  }
+}
+
+TEST(CoreFoundationTest, RetainAndReleaseCount) {
+  int deaths = 0;
+  CFTypeRef object = (CFTypeRef)[[Lifetime alloc] initWithCounter:&deaths];
+  EXPECT_EQ(CFRetain(object), object);
+  CFRelease(object);
+  EXPECT_EQ(deaths, 0);
+  CFRelease(object);
+  EXPECT_EQ(deaths, 1);
+}
+
+TEST(CoreFoundationDeathTest, ReleaseOfNullEndsTheProcess) { EXPECT_DEATH(CFRelease(nullptr), "CFRelease"); }
+
+struct Seen {
+  std::vector<std::string> names;
+  CFNotificationCallback alsoRemove = nullptr;
+};
+
+CFNotificationCenterRef darwin() { return CFNotificationCenterGetDarwinNotifyCenter(); }
+
+void post(NSString *name) {
+  NSDictionary *information = @{@"key" : @"value"};
+  CFNotificationCenterPostNotification(darwin(), (CFStringRef)name, "object", (CFDictionaryRef)information, true);
+}
+
+void note(CFNotificationCenterRef center, void *observer, CFNotificationName name, const void *object,
+          CFDictionaryRef userInfo) {
+  EXPECT_EQ(center, darwin());
+  EXPECT_EQ(object, nullptr);
+  EXPECT_EQ(userInfo, nullptr);
+  static_cast<Seen *>(observer)->names.push_back([(NSString *)name UTF8String]);
+}
+
+void noteOnce(CFNotificationCenterRef center, void *observer, CFNotificationName name, const void *, CFDictionaryRef) {
+  static_cast<Seen *>(observer)->names.push_back([(NSString *)name UTF8String]);
+  CFNotificationCenterRemoveEveryObserver(center, observer);
+}
+
+void collect(NSString *name, void *context) {
+  static_cast<std::vector<std::string> *>(context)->push_back([name UTF8String]);
+}
+
+class DarwinCenterTest : public ObjCTest {
+ protected:
+  void TearDown() override {
+    CFNotificationCenterRemoveEveryObserver(darwin(), &seen_);
+    SIMSetDarwinPostHandler(nullptr, nullptr);
+    SIMDrainMainQueue();
+    ObjCTest::TearDown();
+  }
+  void observe(NSString *name, CFNotificationCallback callback = note) {
+    CFNotificationCenterAddObserver(darwin(), &seen_, callback, (CFStringRef)name, nullptr,
+                                    CFNotificationSuspensionBehaviorDeliverImmediately);
+  }
+  using Names = std::vector<std::string>;
+  Seen seen_;
+};
+
+TEST_F(DarwinCenterTest, DeliversTheNameAloneFromTheRunLoop) {
+  observe(@"a");
+  post(@"a");
+  post(@"b");
+  EXPECT_EQ(seen_.names, Names{});
+  SIMDrainMainQueue();
+  EXPECT_EQ(seen_.names, Names{"a"});
+}
+
+TEST_F(DarwinCenterTest, OneObserverMayObserveSeveralNames) {
+  observe(@"a");
+  observe(@"b");
+  post(@"b");
+  post(@"a");
+  SIMDrainMainQueue();
+  EXPECT_EQ(seen_.names, (Names{"b", "a"}));
+}
+
+TEST_F(DarwinCenterTest, RemovalEndsDeliveryEvenOfWhatIsOnItsWay) {
+  observe(@"a");
+  observe(@"b");
+  post(@"a");
+  post(@"b");
+  CFNotificationCenterRemoveObserver(darwin(), &seen_, CFSTR("a"), nullptr);
+  SIMDrainMainQueue();
+  EXPECT_EQ(seen_.names, Names{"b"});
+  CFNotificationCenterRemoveObserver(darwin(), &seen_, nullptr, nullptr);
+  post(@"b");
+  SIMDrainMainQueue();
+  EXPECT_EQ(seen_.names, Names{"b"});
+}
+
+TEST_F(DarwinCenterTest, AnObserverMayRemoveItselfWhileItIsCalled) {
+  observe(@"a", noteOnce);
+  observe(@"a");
+  post(@"a");
+  post(@"a");
+  SIMDrainMainQueue();
+  EXPECT_EQ(seen_.names, Names{"a"});
+}
+
+TEST_F(DarwinCenterTest, AnObserverMissesWhatWasPostedBeforeIt) {
+  post(@"a");
+  observe(@"a");
+  SIMDrainMainQueue();
+  EXPECT_EQ(seen_.names, Names{});
+}
+
+TEST_F(DarwinCenterTest, TheHostHearsEveryPostAtOnce) {
+  Names heard;
+  SIMSetDarwinPostHandler(collect, &heard);
+  post(@"a");
+  post(@"a");
+  post(@"");
+  EXPECT_EQ(heard, (Names{"a", "a", ""}));
+}
+
+TEST_F(DarwinCenterTest, NoNameAndNoCenterAreIgnored) {
+  Names heard;
+  SIMSetDarwinPostHandler(collect, &heard);
+  observe(@"a");
+  post(nil);
+  observe(nil);
+  observe(@"a", nullptr);
+  CFNotificationCenterPostNotification(nullptr, CFSTR("a"), nullptr, nullptr, true);
+  CFNotificationCenterAddObserver(nullptr, &seen_, note, CFSTR("a"), nullptr, CFNotificationSuspensionBehaviorDrop);
+  CFNotificationCenterRemoveEveryObserver(nullptr, &seen_);
+  SIMDrainMainQueue();
+  EXPECT_EQ(heard, Names{});
+  EXPECT_EQ(seen_.names, Names{});
+}
+
+}  // namespace
