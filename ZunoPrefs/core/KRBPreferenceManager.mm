@@ -1,0 +1,59 @@
+#import "core/KRBPreferenceManager.h"
+
+#import "core/PreferenceFile.h"
+
+namespace {
+
+NSString *const kEnabled = @"Enabled";
+NSString *const kShownWelcome = @"ShownWelcome";
+
+NSDictionary *makeDefaults() {
+  NSNumber *off = [NSNumber numberWithInt:0];
+  NSNumber *on = [NSNumber numberWithInt:1];
+  return @{
+    kEnabled : on,
+    @"EnabledWidgets" : @[ @"com.norvik.Zunowidgets.siri", @"KRBFavouritesView", @"KRBMusicView" ],
+    @"NotificationBadges" : on,
+    @"OnActivationMode" : on,
+    @"QuickSwitcherEnabled" : off,
+    @"ShowSwitcherWithSnapshots" : off,
+    @"defaultNowPlayingBundleIdentifier" : @[ @"com.apple.Music" ],
+    @"hideSnapshotsOnFavourites" : off,
+    @"pullToKillEnabled" : off,
+    @"quickSwitcherDefaultToFavourites" : off,
+    @"quickSwitcherWidthModifier" : [NSNumber numberWithFloat:-20.0f],
+  };
+}
+
+/// Whether a resolved "Enabled" leaves the switcher on. A stored object that is no truth value counts as not stored,
+/// and the default is on.
+bool isOn(id enabled) { return ![enabled respondsToSelector:@selector(boolValue)] || [enabled boolValue]; }
+
+}  // namespace
+
+@implementation KRBPreferenceManager
+
++ (NSDictionary *)defaultPrefs {
+  static NSDictionary *const defaults = [makeDefaults() retain];
+  return defaults;
+}
+
++ (NSDictionary *)getPrefs {
+  return zuno::PreferenceFile::ofDomain(zuno::kMainDomain).contents() ?: [NSDictionary dictionary];
+}
+
++ (id)getPrefForKey:(NSString *)key {
+  const bool exempt = [key isEqualToString:kEnabled] || [key isEqualToString:kShownWelcome];
+  if (!exempt && !isOn([self getPrefForKey:kEnabled])) return [[self defaultPrefs] objectForKey:key];
+  @try {
+    return [[self getPrefs] objectForKey:key] ?: [[self defaultPrefs] objectForKey:key];
+  } @catch (NSException *) {
+    return [NSNumber numberWithInt:0];
+  }
+}
+
++ (NSNumber *)kCurrentVersion {
+  return [NSNumber numberWithInt:2];
+}
+
+@end

@@ -1,0 +1,47 @@
+// Reading and writing a preference file: a property-list dictionary, read whole and written whole.
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+#import <objcxx/Retained.h>
+
+namespace zuno {
+
+/// The preference domain of everything but the theme; names the main preference file.
+extern NSString *const kMainDomain;
+/// The preference domain of the theme page.
+extern NSString *const kThemeDomain;
+
+/// What a write does with a file that exists but is no property-list dictionary.
+enum class Damaged {
+  kSetAside,    ///< It counts as empty; its content stays beside the new file as "<name>.damaged".
+  kLeaveAlone,  ///< Nothing is written.
+};
+
+/// One preference file. Holds only the path: nothing is cached, every call opens the file again, because other
+/// processes and other pages write it too. Main thread only.
+class PreferenceFile final {
+ public:
+  /// The file "<preferences folder>/<domain>.plist".
+  static PreferenceFile ofDomain(NSString *domain);
+
+  NSString *path() const { return path_.get(); }
+  /// Whether anything lies at the path, readable or not.
+  bool exists() const;
+
+  /// The whole dictionary, autoreleased; nil when the file is missing or is no property-list dictionary.
+  NSDictionary *contents() const;
+
+  /// Sets `key` to `value` (a property-list object) in the current contents and writes the whole file atomically.
+  /// A nil value or key changes nothing. Returns whether the file was written; otherwise the old file stands as it was.
+  bool setValue(id value, NSString *key, Damaged damaged = Damaged::kSetAside) const;
+
+ private:
+  explicit PreferenceFile(NSString *path) : path_(objcxx::adopt((NSString *)[path copy])) {}
+  /// Gives the file, which could not be read, a second name, and returns that; nil when there was nothing to keep.
+  NSString *setAside() const;
+
+  objcxx::Retained<NSString> path_;
+};
+
+}  // namespace zuno

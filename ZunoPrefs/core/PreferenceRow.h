@@ -1,0 +1,23 @@
+// Reading and writing the value of one settings row in a preference file. Both settings pages use it.
+#pragma once
+
+#import "core/PreferenceFile.h"
+
+@class PSSpecifier;
+
+namespace zuno {
+
+/// The row's property `name` if it is a string that is not empty, else nil.
+NSString *rowText(PSSpecifier *row, NSString *name);
+
+/// The value that `row` shows: the file's value for the row's "key", else the row's "default", else nil.
+///
+/// The key "presetUserAgent" is computed: the file's "device" and "iosVersion" joined by a slash, a missing one as the
+/// platform formats nil. The value has whatever type the file gives it.
+id rowValue(PSSpecifier *row, const PreferenceFile &file);
+
+/// Stores `value` under the row's "key" and then, whether or not the file could be written, posts the Darwin
+/// notification that the row's "PostNotification" names, if any.
+void setRowValue(id value, PSSpecifier *row, const PreferenceFile &file);
+
+}  // namespace zuno

@@ -1,0 +1,30 @@
+#import "core/PreferenceRow.h"
+
+#import <CoreFoundation/CoreFoundation.h>
+#import <Preferences/PSSpecifier.h>
+
+namespace zuno {
+
+NSString *rowText(PSSpecifier *row, NSString *name) {
+  id text = [row propertyForKey:name];
+  return [text isKindOfClass:[NSString class]] && [text length] > 0 ? text : nil;
+}
+
+id rowValue(PSSpecifier *row, const PreferenceFile &file) {
+  NSDictionary *stored = file.contents();
+  NSString *key = rowText(row, @"key");
+  if ([key isEqualToString:@"presetUserAgent"]) {
+    return [NSString stringWithFormat:@"%@/%@", [stored objectForKey:@"device"], [stored objectForKey:@"iosVersion"]];
+  }
+  return (key ? [stored objectForKey:key] : nil) ?: [row propertyForKey:@"default"];
+}
+
+void setRowValue(id value, PSSpecifier *row, const PreferenceFile &file) {
+  (void)file.setValue(value, [row propertyForKey:@"key"]);
+  if (NSString *notification = rowText(row, @"PostNotification")) {
+    CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(), (CFStringRef)notification,
+                                         nullptr, nullptr, true);
+  }
+}
+
+}  // namespace zuno

@@ -1,0 +1,117 @@
+// Writing preference files through the rows of the root page: what is kept, what is set aside, what is refused.
+#import <Preferences/PSSpecifier.h>
+
+#import "core/ZunoprefsRootListController.h"
+
+#include "ZunoPrefs/support/BundleTest.h"
+
+namespace {
+
+class RowWriteTest : public BundleTest {
+ protected:
+  void SetUp() override {
+    BundleTest::SetUp();
+    page_ = objcxx::adopt((PSListController *)[[classNamed("ZunoprefsRootListController") alloc] init]);
+  }
+  void TearDown() override {
+    page_ = nullptr;
+    BundleTest::TearDown();
+  }
+
+  PSSpecifier *row(NSDictionary *properties) {
+    PSSpecifier *row = [PSSpecifier preferenceSpecifierNamed:@"Row"
+                                                      target:page_.get()
+                                                         set:nullptr
+                                                         get:nullptr
+                                                      detail:Nil
+                                                        cell:PSSwitchCell
+                                                        edit:Nil];
+    for (NSString *key in properties) [row setProperty:[properties objectForKey:key] forKey:key];
+    return row;
+  }
+  using DeviceTest::read;
+  id read(NSDictionary *properties) { return [page_.get() readPreferenceValue:row(properties)]; }
+  void set(id value, NSDictionary *properties) { [page_.get() setPreferenceValue:value specifier:row(properties)]; }
+
+ private:
+  objcxx::Retained<PSListController> page_;
+};
+
+TEST_F(RowWriteTest, ReadsTheStoredValueElseTheRowsOwnDefault) {
+  EXPECT_OBJC_EQ(read(@{@"key" : @"pullToKillEnabled", @"default" : @5}), @5);
+  EXPECT_OBJC_EQ(read(@{@"key" : @"pullToKillEnabled"}), nil);
+  writePreferences(kMainFile, @{@"Enabled" : @0, @"pullToKillEnabled" : @1});
+  EXPECT_OBJC_EQ(read(@{@"key" : @"pullToKillEnabled", @"default" : @5}), @1) << "the master switch plays no part";
+  EXPECT_OBJC_EQ(read(@{@"default" : @7}), @7) << "a row without a key shows its default";
+}
+
+TEST_F(RowWriteTest, TheUserAgentJoinsDeviceAndVersion) {
+  NSDictionary *agent = @{@"key" : @"presetUserAgent", @"default" : @"unused"};
+  EXPECT_OBJC_EQ(read(agent), @"(null)/(null)");
+  writePreferences(kMainFile, @{@"device" : @"iPhone15,2", @"iosVersion" : @"16.5"});
+  EXPECT_OBJC_EQ(read(agent), @"iPhone15,2/16.5");
+}
+
+TEST_F(RowWriteTest, WritingKeepsEveryOtherKeyAndPostsTheRowsNotification) {
+  NSDictionary *before = @{@"Enabled" : @1, @"FavouriteApplications" : @[ @"a.b", @"c.d" ], @"note" : @"😀 & <b>"};
+  writePreferences(kMainFile, before);
+  set(@(YES), @{@"key" : @"pullToKillEnabled", @"PostNotification" : @"com.norvik.Zuno.switcher"});
+  NSMutableDictionary *after = [[before mutableCopy] autorelease];
+  [after setObject:@1 forKey:@"pullToKillEnabled"];
+  EXPECT_OBJC_EQ(preferences(kMainFile), after);
+  EXPECT_EQ(notifications, std::vector<std::string>{"com.norvik.Zuno.switcher"});
+}
+
+TEST_F(RowWriteTest, ARowWithoutANotificationPostsNothing) {
+  set(@1, @{@"key" : @"a"});
+  set(@2, @{@"key" : @"b", @"PostNotification" : @[ @"no name" ]});
+  EXPECT_OBJC_EQ(preferences(kMainFile), (@{@"a" : @1, @"b" : @2}));
+  EXPECT_TRUE(notifications.empty());
+}
+
+TEST_F(RowWriteTest, ANotificationIsPostedEvenWhenTheWriteFails) {
+  makeFolder(kMainFile);
+  set(@1, @{@"key" : @"a", @"PostNotification" : @"com.norvik.Zuno.switcher"});
+  EXPECT_EQ(notifications.size(), 1u);
+  EXPECT_OBJC_EQ(preferences(kMainFile), nil);
+}
+
+TEST_F(RowWriteTest, ADamagedFileIsKeptBesideTheNewOne) {
+  const std::string damaged = "<plist><dict><key>precious</key><string>value</str";
+  write(kMainFile, damaged);
+  set(@1, @{@"key" : @"a"});
+  EXPECT_OBJC_EQ(preferences(kMainFile), @{@"a" : @1});
+  EXPECT_EQ(read([kMainFile stringByAppendingString:@".damaged"]), damaged);
+  EXPECT_TRUE(logged(".damaged"));
+
+  write(kMainFile, "second");
+  set(@2, @{@"key" : @"b"});
+  EXPECT_EQ(read([kMainFile stringByAppendingString:@".damaged"]), damaged);
+  EXPECT_EQ(read([kMainFile stringByAppendingString:@".damaged-2"]), "second");
+}
+
+TEST_F(RowWriteTest, AnEmptyFileHoldsNothingToKeep) {
+  write(kMainFile, "");
+  set(@1, @{@"key" : @"a"});
+  EXPECT_OBJC_EQ(preferences(kMainFile), @{@"a" : @1});
+  EXPECT_EQ(listing(@"/var/jb/var/mobile/Library/Preferences"), "com.norvik.Zunoprefs.plist");
+}
+
+TEST_F(RowWriteTest, AValueThatNoPropertyListHoldsLeavesTheFileAsItWas) {
+  writePreferences(kMainFile, @{@"a" : @1});
+  set([NSNull null], @{@"key" : @"b"});
+  EXPECT_OBJC_EQ(preferences(kMainFile), @{@"a" : @1});
+  write(kMainFile, "damaged");
+  set([NSNull null], @{@"key" : @"b"});
+  EXPECT_EQ(listing(@"/var/jb/var/mobile/Library/Preferences"), "com.norvik.Zunoprefs.plist");
+  EXPECT_EQ(read(kMainFile), "damaged");
+}
+
+TEST_F(RowWriteTest, ARowWithoutAKeyOrAValueChangesNothing) {
+  writePreferences(kMainFile, @{@"a" : @1});
+  set(@2, @{});
+  set(nil, @{@"key" : @"a"});
+  EXPECT_OBJC_EQ(preferences(kMainFile), @{@"a" : @1});
+}
+
+}  // namespace

@@ -1,0 +1,89 @@
+#include "ZunoPrefs/support/BundleTest.h"
+
+#import <CoreFoundation/CFNotificationCenter+Sim.h>
+#import <Foundation/SIMLog.h>
+#import <UIKit/UIApplication+Sim.h>
+#import <dispatch/MainQueue+Sim.h>
+
+#include <dlfcn.h>
+
+namespace testing_support {
+namespace {
+
+void append(NSString *text, void *lines) {
+  static_cast<std::vector<std::string> *>(lines)->emplace_back([text UTF8String] ?: "");
+}
+
+void appendURL(NSURL *url, void *lines) { append([url absoluteString], lines); }
+
+}  // namespace
+
+NSString *const kMainFile = @"/var/jb/var/mobile/Library/Preferences/com.norvik.Zunoprefs.plist";
+NSString *const kThemeFile = @"/var/jb/var/mobile/Library/Preferences/com.norvik.Zunoprefs.theme.plist";
+
+void BundleTest::SetUp() {
+  DeviceTest::SetUp();
+  makeFolder(@"/var/jb/var/mobile/Library/Preferences");
+  ASSERT_TRUE([bundle() load]);
+  pendingRootReload() = NO;
+  SIMSetDarwinPostHandler(append, &notifications);
+  SIMSetOpenURLHandler(appendURL, &openedURLs);
+  SIMSetLogHandler(append, &log);
+}
+
+void BundleTest::TearDown() {
+  window_ = nullptr;
+  SIMDrainMainQueue();
+  drainPool();
+  SIMSetDarwinPostHandler(nullptr, nullptr);
+  SIMSetOpenURLHandler(nullptr, nullptr);
+  SIMSetLogHandler(nullptr, nullptr);
+  DeviceTest::TearDown();
+}
+
+NSBundle *BundleTest::bundle() {
+  return [NSBundle bundleWithPath:@BUILD_FOLDER "/device-root/var/jb/Library/PreferenceBundles/ZunoPrefs.bundle"];
+}
+
+Class BundleTest::classNamed(const char *name) {
+  Class found = [bundle() classNamed:[NSString stringWithUTF8String:name]];
+  EXPECT_TRUE(found) << "the bundle has no class " << name;
+  return found;
+}
+
+BOOL &BundleTest::pendingRootReload() {
+  auto *flag = static_cast<BOOL *>(dlsym(RTLD_DEFAULT, "pendingRootReload"));
+  if (!flag) {  // NSBundle opens the code without making its symbols global.
+    void *code = dlopen([[bundle() executablePath] fileSystemRepresentation], RTLD_NOLOAD | RTLD_LAZY);
+    flag = static_cast<BOOL *>(dlsym(code, "pendingRootReload"));
+    dlclose(code);
+  }
+  return *flag;
+}
+
+void BundleTest::writePreferences(NSString *devicePath, NSDictionary *contents) {
+  EXPECT_TRUE([contents writeToFile:path(devicePath) atomically:YES]);
+}
+
+NSDictionary *BundleTest::preferences(NSString *devicePath) {
+  return [NSDictionary dictionaryWithContentsOfFile:path(devicePath)];
+}
+
+UINavigationController *BundleTest::show(UIViewController *controller) {
+  UINavigationController *navigation =
+      [[[UINavigationController alloc] initWithRootViewController:controller] autorelease];
+  window_ = objcxx::adopt([[UIWindow alloc] initWithFrame:[[UIScreen mainScreen] bounds]]);
+  [window_.get() setRootViewController:navigation];
+  [window_.get() makeKeyAndVisible];
+  SIMDrainMainQueue();
+  return navigation;
+}
+
+bool BundleTest::logged(const std::string &text) const {
+  for (const auto &line : log) {
+    if (line.find(text) != std::string::npos) return true;
+  }
+  return false;
+}
+
+}  // namespace testing_support
