@@ -1,0 +1,180 @@
+#import "widgets/ZunoWidgetLoader.h"
+
+#import "widgets/ZunoWidgetHolder.h"
+#import "widgets/ZunoWidgetProtocol.h"
+
+#include <algorithm>
+
+#include "ZunoPrefs/support/WidgetTest.h"
+
+/// What the test widgets answer beyond the contract.
+@protocol CountingWidget <ZunoWidgetProtocol>
+- (int)disappearances;
+@end
+
+namespace {
+
+class WidgetLoaderTest : public WidgetTest {
+ protected:
+  ZunoWidgetLoader *loader() { return [(Class)classNamed("ZunoWidgetLoader") sharedInstance]; }
+  NSArray *load() {
+    [loader() loadWidgets];
+    return [loader() loadedWidgets];
+  }
+  /// Loads, expects that only "good" passes, and returns how often `text` stands in the log as a whole line.
+  long rejections(const std::string &text) {
+    NSArray *loaded = load();
+    EXPECT_EQ(joined(loaded), "good");
+    return std::count(log.begin(), log.end(), text);
+  }
+};
+
+TEST_F(WidgetLoaderTest, OneSharedInstanceThatHasLoadedNothingYet) {
+  EXPECT_EQ(loader(), loader());
+  ZunoWidgetLoader *fresh = [[[classNamed("ZunoWidgetLoader") alloc] init] autorelease];
+  EXPECT_OBJC_EQ([fresh loadedWidgets], nil);
+  EXPECT_TRUE([[loader() loadedWidgets] isKindOfClass:[NSArray class]]);
+}
+
+TEST_F(WidgetLoaderTest, AMissingFolderIsMadeAndHoldsNothing) {
+  EXPECT_OBJC_EQ(load(), @[]);
+  EXPECT_TRUE(exists(kWidgetsFolder));
+  EXPECT_TRUE(logged("[ZunoWidgetLoader] Loaded 0 widgets!"));
+}
+
+TEST_F(WidgetLoaderTest, AFileInPlaceOfTheFolderGivesNothing) {
+  write(kWidgetsFolder, "a file");
+  EXPECT_OBJC_EQ(load(), @[]);
+  EXPECT_EQ(read(kWidgetsFolder), "a file");
+}
+
+TEST_F(WidgetLoaderTest, AGoodBundleIsLoadedAndDescribed) {
+  NSString *folder = installWidget(@"good", @"FixtureWidget");
+  NSString *preferences = write([kWidgetsFolder stringByAppendingString:@"/good.bundle/Preferences.plist"], "<plist/>");
+  NSArray *loaded = load();
+  ASSERT_EQ([loaded count], 1u);
+  ZunoWidgetHolder *holder = [loaded objectAtIndex:0];
+  EXPECT_OBJC_EQ([holder bundleIdentifier], @"test.good");
+  EXPECT_OBJC_EQ([holder displayName], @"Widget good");
+  EXPECT_OBJC_EQ([holder className], @"FixtureWidget");
+  EXPECT_OBJC_EQ([[holder bundle] bundlePath], folder);
+  EXPECT_TRUE([holder hasPreferences]);
+  EXPECT_OBJC_EQ([holder preferencesFile], preferences);
+  EXPECT_OBJC_EQ(NSStringFromClass([(id)[holder widget] class]), @"FixtureWidget");
+  EXPECT_OBJC_EQ([[holder widget] contentView], nil) << "the loader does not set widgets up";
+  const std::vector<std::string> wanted{
+      "[ZunoWidgetLoader] Found bundles: ", line("[ZunoWidgetLoader] Loading: %s", folder), "[ZunoWidgetLoader]: ",
+      "[ZunoWidgetLoader]: Loaded widget: test.good", "[ZunoWidgetLoader] Loaded 1 widgets!"};
+  ASSERT_EQ(log.size(), wanted.size());
+  for (size_t index = 0; index < wanted.size(); ++index) EXPECT_EQ(log[index].rfind(wanted[index], 0), 0u) << log[index];
+}
+
+TEST_F(WidgetLoaderTest, WithoutAPreferencesResourceThereIsNone) {
+  installWidget(@"good", @"FixtureWidget");
+  ZunoWidgetHolder *holder = [load() objectAtIndex:0];
+  EXPECT_FALSE([holder hasPreferences]);
+  EXPECT_OBJC_EQ([holder preferencesFile], nil);
+}
+
+TEST_F(WidgetLoaderTest, WithoutADisplayNameTheNameIsNil) {
+  installWidget(@"good", @"FixtureWidget", @{@"CFBundleDisplayName" : [NSNull null]});
+  NSArray *loaded = load();
+  ASSERT_EQ([loaded count], 1u);
+  EXPECT_OBJC_EQ([(ZunoWidgetHolder *)[loaded objectAtIndex:0] displayName], nil);
+}
+
+TEST_F(WidgetLoaderTest, VersionsThatAreNotPositiveAreOutOfDateAndTheirCodeIsNotLoaded) {
+  installWidget(@"good", @"FixtureWidget");
+  for (id version in @[ @0, @(-3), @"none", @"", @[ @1 ], [NSNull null] ]) {
+    NSString *folder = installWidget([NSString stringWithFormat:@"old%u", (unsigned)[version hash]],
+                                     @"FixtureNeverLoaded", @{@"ZunoWidgetsVersion" : version});
+    EXPECT_EQ(rejections(line("[ZunoWidgetLoader] Widget out of date! %s", folder)), 1) << [[version description] UTF8String];
+    EXPECT_FALSE(logged(line("[ZunoWidgetLoader] Failed to load bundle: %s", folder)));
+    EXPECT_EQ(NSClassFromString(@"FixtureNeverLoaded"), Nil);
+    ASSERT_TRUE([[NSFileManager defaultManager] removeItemAtPath:folder error:nullptr]);
+    log.clear();
+  }
+}
+
+TEST_F(WidgetLoaderTest, AVersionInATextCounts) {
+  installWidget(@"good", @"FixtureWidget", @{@"ZunoWidgetsVersion" : @"2"});
+  EXPECT_EQ([load() count], 1u);
+}
+
+TEST_F(WidgetLoaderTest, WhatIsNoBundleIsOutOfDate) {
+  installWidget(@"good", @"FixtureWidget");
+  NSString *file = write([kWidgetsFolder stringByAppendingString:@"/readme.txt"], "text");
+  EXPECT_EQ(rejections(line("[ZunoWidgetLoader] Widget out of date! %s", file)), 1);
+  NSString *folder = makeFolder([kWidgetsFolder stringByAppendingString:@"/empty.bundle"]);
+  log.clear();
+  EXPECT_EQ(rejections(line("[ZunoWidgetLoader] Widget out of date! %s", folder)), 1);
+  NSString *broken = [write([kWidgetsFolder stringByAppendingString:@"/broken.bundle/Info.plist"], "<plist><di")
+      stringByDeletingLastPathComponent];
+  log.clear();
+  EXPECT_EQ(rejections(line("[ZunoWidgetLoader] Widget out of date! %s", broken)), 1);
+}
+
+TEST_F(WidgetLoaderTest, CodeThatDoesNotLoadIsRejected) {
+  installWidget(@"good", @"FixtureWidget");
+  NSString *missing = installWidget(@"missing", @"NoSuchCode");
+  NSString *text = makeFolder([kWidgetsFolder stringByAppendingString:@"/text.bundle"]);
+  NSDictionary *info = @{@"CFBundleExecutable" : @"Text", @"CFBundleIdentifier" : @"test.text", @"ZunoWidgetsVersion" : @1,
+                         @"ZunoWidgetClass" : @"Text"};
+  ASSERT_TRUE([info writeToFile:[text stringByAppendingPathComponent:@"Info.plist"] atomically:YES]);
+  write([kWidgetsFolder stringByAppendingString:@"/text.bundle/Text"], "no code");
+  NSString *unresolved = installWidget(@"unresolved", @"FixtureNeedsMissingCode");
+  for (NSString *folder in @[ missing, text, unresolved ]) {
+    log.clear();
+    EXPECT_EQ(rejections(line("[ZunoWidgetLoader] Failed to load bundle: %s", folder)), 1) << [folder UTF8String];
+  }
+}
+
+TEST_F(WidgetLoaderTest, AMissingOrNonConformingClassIsRejectedAfterItsCodeWasLoaded) {
+  installWidget(@"good", @"FixtureWidget");
+  for (id name in @[ @"NoSuchClass", @"FixtureNotAWidget", @"NSObject", @7, [NSNull null] ]) {
+    NSString *folder = installWidget([NSString stringWithFormat:@"odd%u", (unsigned)[name hash]], @"FixtureNotAWidget",
+                                     @{@"ZunoWidgetClass" : name});
+    log.clear();
+    EXPECT_EQ(rejections(line("[ZunoWidgetLoader] Widget class does not conform to protocol: %s", folder)), 1);
+    ASSERT_TRUE([[NSFileManager defaultManager] removeItemAtPath:folder error:nullptr]);
+  }
+  EXPECT_NE(NSClassFromString(@"FixtureNotAWidget"), Nil);
+}
+
+TEST_F(WidgetLoaderTest, TwoBundlesWithOneIdentifierAreBothLoadedAndTheFirstIsFound) {
+  installWidget(@"one", @"FixtureWidget", @{@"CFBundleIdentifier" : @"test.same"});
+  installWidget(@"two", @"FixtureOtherWidget", @{@"CFBundleIdentifier" : @"test.same"});
+  NSArray *loaded = load();
+  EXPECT_EQ(joined(loaded), "same,same");
+  EXPECT_EQ([loader() widgetWithIdentifier:@"test.same"], [loaded objectAtIndex:0]);
+  EXPECT_OBJC_EQ([loader() widgetWithIdentifier:@"test.other"], nil);
+  EXPECT_OBJC_EQ([loader() widgetWithIdentifier:nil], nil);
+}
+
+TEST_F(WidgetLoaderTest, LoadingAgainGivesNewHoldersAndWidgets) {
+  installWidget(@"good", @"FixtureWidget");
+  const auto first = objcxx::share((ZunoWidgetHolder *)[load() objectAtIndex:0]);
+  ZunoWidgetHolder *second = [load() objectAtIndex:0];
+  EXPECT_NE(first.get(), second);
+  EXPECT_NE([first.get() widget], [second widget]);
+}
+
+TEST_F(WidgetLoaderTest, OnlyWidgetsThatAreSetUpAreToldThatTheyAreInactive) {
+  installWidget(@"one", @"FixtureWidget");
+  installWidget(@"two", @"FixtureOtherWidget");
+  load();
+  auto *setUp = (id<CountingWidget>)[[loader() widgetWithIdentifier:@"test.one"] widget];
+  auto *notSetUp = (id<CountingWidget>)[[loader() widgetWithIdentifier:@"test.two"] widget];
+  [setUp setupWithFrame:CGRectMake(0, 0, 10, 10)];
+  [setUp setIsActivePage:YES];
+  [notSetUp setIsActivePage:YES];
+  [loader() setAllWidgetsInactive];
+  EXPECT_FALSE([setUp isActivePage]);
+  EXPECT_EQ([setUp disappearances], 1);
+  EXPECT_TRUE([notSetUp isActivePage]);
+  EXPECT_EQ([notSetUp disappearances], 0);
+  [loader() setAllWidgetsInactive];
+  EXPECT_EQ([setUp disappearances], 1) << "it was not active any more";
+}
+
+}  // namespace
