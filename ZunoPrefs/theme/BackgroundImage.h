@@ -1,0 +1,27 @@
+// The background image of the theme: how it is stored, and the picker that it is chosen with. The theme page and its
+// image cell share it.
+#pragma once
+
+#import <UIKit/UIKit.h>
+
+namespace zuno {
+
+/// The image as it is stored: PNG, in base64 with line breaks every 64 characters. nil when there is no image or it cannot
+/// be encoded. Autoreleased.
+NSString *encodeImage(UIImage *image);
+
+/// The image that `text` stores; characters outside the base64 alphabet are passed over. nil when it is none, or when
+/// `text` is no string. Autoreleased.
+UIImage *decodeImage(id text);
+
+/// The stored background image; nil when the theme file has none that can be read. Autoreleased.
+UIImage *storedBackgroundImage();
+
+/// Stores the picture of a photo picker's result as the background image. Returns whether there was one and it was
+/// encoded; a failed write is not reported.
+bool storePickedImage(NSDictionary *info);
+
+/// A picker over the photo library, autoreleased; nil when the library is not available.
+UIImagePickerController *photoPicker(id<UIImagePickerControllerDelegate, UINavigationControllerDelegate> delegate);
+
+}  // namespace zuno

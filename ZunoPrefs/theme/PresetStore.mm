@@ -1,0 +1,101 @@
+#import "theme/PresetStore.h"
+
+#import "core/DevicePaths.h"
+#import "core/PreferenceFile.h"
+
+namespace zuno {
+namespace {
+
+NSString *const kVersionKey = @"ZunoPresetVersion";
+NSString *const kExtension = @".plist";
+constexpr int kVersion = 1;
+constexpr NSUInteger kLongestName = 32;  // UTF-16 units.
+
+NSFileManager *files() { return [NSFileManager defaultManager]; }
+
+NSString *cleaned(NSString *name) {
+  NSCharacterSet *forbidden = [NSCharacterSet characterSetWithCharactersInString:@"/\\?%*|\"<>"];
+  NSString *kept = [[name componentsSeparatedByCharactersInSet:forbidden] componentsJoinedByString:@""];
+  return [kept stringByReplacingOccurrencesOfString:kExtension withString:@""];
+}
+
+/// Copies the item at `from` to `to`, where nothing lies: whole or, when it fails or the process ends, not at all.
+void copyWhole(NSString *from, NSString *to) {
+  NSString *partial = [to stringByAppendingString:@".partial"];
+  [files() removeItemAtPath:partial error:nullptr];
+  if (![files() copyItemAtPath:from toPath:partial error:nullptr] ||
+      ![files() moveItemAtPath:partial toPath:to error:nullptr]) {
+    [files() removeItemAtPath:partial error:nullptr];
+  }
+}
+
+}  // namespace
+
+NSArray *presetPaths() {
+  NSString *folder = presetsFolder();
+  if (![files() fileExistsAtPath:folder]) {
+    [files() createDirectoryAtPath:folder withIntermediateDirectories:YES attributes:nil error:nullptr];
+  }
+  NSMutableArray *paths = [NSMutableArray array];
+  for (NSString *entry in [files() contentsOfDirectoryAtPath:folder error:nullptr]) {
+    if ([entry hasSuffix:kExtension]) [paths addObject:[folder stringByAppendingPathComponent:entry]];
+  }
+  return [[paths copy] autorelease];
+}
+
+NSString *presetNameOf(NSString *path) { return [[path lastPathComponent] stringByDeletingPathExtension]; }
+
+NSString *pathOfPreset(NSString *name) {
+  return [presetsFolder() stringByAppendingPathComponent:[NSString stringWithFormat:@"%@.plist", name]];
+}
+
+bool presetExists(NSString *name) { return [files() fileExistsAtPath:pathOfPreset(name)]; }
+
+PresetName checkPresetName(NSString *name) {
+  NSString *kept = cleaned(name ?: @"");
+  NSString *trimmed = [kept stringByTrimmingCharactersInSet:[NSCharacterSet whitespaceCharacterSet]];
+  if ([trimmed length] == 0) return {nil, @"Invalid preset name"};
+  if ([kept length] > kLongestName) return {nil, @"Preset name is too long"};
+  if (presetExists(kept)) return {nil, @"Preset with this name already exists"};
+  return {kept, nil};
+}
+
+bool savePreset(NSString *name) {
+  const auto theme = PreferenceFile::ofDomain(kThemeDomain);
+  if (!theme.exists()) return false;
+
+  NSString *path = pathOfPreset(name ?: [[NSUUID UUID] UUIDString]);
+  if ([files() fileExistsAtPath:path]) [files() removeItemAtPath:path error:nullptr];
+  // The plain copy is what remains of a theme file that is no dictionary.
+  copyWhole(theme.path(), path);
+  if (NSDictionary *contents = theme.contents()) {
+    NSMutableDictionary *preset = [[contents mutableCopy] autorelease];
+    [preset setObject:[NSNumber numberWithInt:kVersion] forKey:kVersionKey];
+    [preset writeToFile:path atomically:YES];
+  }
+  return true;
+}
+
+bool applyPreset(NSString *path) {
+  if (![files() fileExistsAtPath:path]) return false;
+
+  const auto theme = PreferenceFile::ofDomain(kThemeDomain);
+  if (theme.exists()) {
+    NSString *backup = [NSString stringWithFormat:@"%@.bak", theme.path()];
+    if ([files() fileExistsAtPath:backup]) [files() removeItemAtPath:backup error:nullptr];
+    [files() moveItemAtPath:theme.path() toPath:backup error:nullptr];
+  }
+  copyWhole(path, theme.path());
+  return true;
+}
+
+void deletePreset(NSString *path) { [files() removeItemAtPath:path error:nullptr]; }
+
+bool writePreset(NSDictionary *contents, NSString *name) {
+  if (![NSPropertyListSerialization propertyList:contents isValidForFormat:NSPropertyListXMLFormat_v1_0]) return false;
+  NSString *path = pathOfPreset(name);
+  if ([files() fileExistsAtPath:path]) [files() removeItemAtPath:path error:nullptr];
+  return [contents writeToFile:path atomically:YES];
+}
+
+}  // namespace zuno

@@ -1,0 +1,109 @@
+#import "theme/ZunoCustomiseRootListController.h"
+
+#import <Preferences/PSSpecifier.h>
+
+#import "core/PreferenceRow.h"
+#import "core/Respring.h"
+#import "theme/BackgroundImage.h"
+
+namespace {
+
+/// Owned while the page is on screen.
+ZunoCustomiseRootListController *currentThemePage = nil;
+
+void setCurrentThemePage(ZunoCustomiseRootListController *page) {
+  ZunoCustomiseRootListController *previous = currentThemePage;
+  currentThemePage = [page retain];
+  [previous release];
+}
+
+zuno::PreferenceFile themeFile() { return zuno::PreferenceFile::ofDomain(zuno::kThemeDomain); }
+
+}  // namespace
+
+@implementation ZunoCustomiseRootListController
+
++ (ZunoCustomiseRootListController *)currentPage {
+  return currentThemePage;
+}
+
+- (void)viewWillDisappear:(BOOL)animated {
+  setCurrentThemePage(nil);
+  [super viewWillDisappear:animated];
+}
+
+- (void)viewWillAppear:(BOOL)animated {
+  setCurrentThemePage(self);
+  [super viewWillAppear:animated];
+  [self reloadSpecifiers];
+}
+
+- (void)clearSettings {
+  UIAlertController *alert =
+      [UIAlertController alertControllerWithTitle:@"Clear"
+                                          message:@"Are you sure you would like to clear all settings?"
+                                   preferredStyle:UIAlertControllerStyleAlert];
+  [alert addAction:[UIAlertAction actionWithTitle:@"Yes"
+                                            style:UIAlertActionStyleDestructive
+                                          handler:^(UIAlertAction *) {
+                                            const auto file = themeFile();
+                                            if (file.exists()) {
+                                              [[NSFileManager defaultManager] removeItemAtPath:file.path()
+                                                                                         error:nullptr];
+                                            }
+                                            [self reloadSpecifiers];
+                                          }]];
+  [alert addAction:[UIAlertAction actionWithTitle:@"No" style:UIAlertActionStyleCancel handler:nil]];
+  [self presentViewController:alert animated:YES completion:nil];
+}
+
+- (NSArray *)specifiers {
+  if (!_specifiers) _specifiers = [[self loadSpecifiersFromPlistName:@"Customise" target:self] copy];
+  return _specifiers;
+}
+
+- (void)viewDidLoad {
+  [super viewDidLoad];
+  // Style 1, the bordered style, which the platform no longer tells from the plain one.
+  UIBarButtonItem *button = [[[UIBarButtonItem alloc] initWithTitle:@"Respring"
+                                                              style:static_cast<UIBarButtonItemStyle>(1)
+                                                             target:self
+                                                             action:@selector(respring)] autorelease];
+  [[self navigationItem] setRightBarButtonItem:button];
+}
+
+- (id)readPreferenceValue:(PSSpecifier *)specifier {
+  id value = zuno::rowValue(specifier, themeFile());
+  NSString *key = zuno::rowText(specifier, @"key");
+  if ([key isEqualToString:@"device"] || [key isEqualToString:@"iosVersion"]) [self reloadSpecifierID:@"User-Agent"];
+  return value;
+}
+
+- (void)setPreferenceValue:(id)value specifier:(PSSpecifier *)specifier {
+  zuno::setRowValue(value, specifier, themeFile());
+  NSString *key = zuno::rowText(specifier, @"key");
+  if (![key isEqualToString:@"useCustom"] && ![key isEqualToString:@"enabled"]) return;
+  shouldReload = YES;
+  [self reloadSpecifiers];
+}
+
+- (void)respring {
+  zuno::respring();
+}
+
+- (void)selectImage {
+  if (UIImagePickerController *picker = zuno::photoPicker(self)) {
+    [self presentViewController:picker animated:YES completion:nil];
+  }
+}
+
+- (void)imagePickerController:(UIImagePickerController *)picker didFinishPickingMediaWithInfo:(NSDictionary *)info {
+  if (zuno::storePickedImage(info)) [self reloadSpecifiers];
+  [picker dismissViewControllerAnimated:NO completion:nil];
+}
+
+- (NSString *)encodeToBase64String:(UIImage *)image {
+  return zuno::encodeImage(image);
+}
+
+@end
