@@ -1,0 +1,99 @@
+#import <Preferences/PSSliderTableCell.h>
+
+#import <Preferences/PSSpecifier+Sim.h>
+#import <Preferences/PSTableCell+Sim.h>
+#import <Preferences/PreferencesLog.h>
+#import <UIKit/UIKit.h>
+
+#include <cmath>
+
+namespace {
+
+constexpr CGFloat kMargin = 16;
+constexpr CGFloat kValueWidth = 56;
+
+/// A finite number of the plist, else the fallback.
+float numberFor(PSSpecifier *specifier, NSString *key, float fallback) {
+  id number = [specifier propertyForKey:key];
+  if (!number) return fallback;
+  if ([number isKindOfClass:[NSNumber class]] && std::isfinite([number floatValue])) return [number floatValue];
+  if ([specifier sim_isFirst:SIMSpecifierFaultRange]) {
+    sim::logPreferences(@"%@: \"%@\" is no number.", [specifier sim_label], key);
+  }
+  return fallback;
+}
+
+}  // namespace
+
+@implementation PSSliderTableCell
+
+- (instancetype)initWithStyle:(UITableViewCellStyle)style
+              reuseIdentifier:(NSString *)identifier
+                    specifier:(PSSpecifier *)specifier {
+  if (!(self = [super initWithStyle:style reuseIdentifier:identifier specifier:specifier])) return nil;
+
+  [self setShouldHideTitle:YES];
+  [self setSelectionStyle:UITableViewCellSelectionStyleNone];
+  [[self contentView] addSubview:[self control]];
+  return self;
+}
+
+- (UIControl *)newControl {
+  return [[UISlider alloc] initWithFrame:CGRectZero];
+}
+
+- (id)controlValue {
+  return [NSNumber numberWithFloat:[(UISlider *)[self control] value]];
+}
+
+- (BOOL)sim_showsNumber {
+  return [[self specifier] sim_flagForKey:PSSliderShowValueKey fallback:NO];
+}
+
+- (void)setValue:(id)value {
+  [super setValue:value];
+  UISlider *slider = (UISlider *)[self control];
+  [slider setValue:value ? [value floatValue] : [slider minimumValue]];
+  [self sim_showNumber];
+}
+
+- (void)sim_showNumber {
+  const float value = [(UISlider *)[self control] value];
+  [[self valueLabel] setText:[self sim_showsNumber] ? [NSString stringWithFormat:@"%.2f", value] : nil];
+}
+
+- (void)controlChanged:(UIControl *)control {
+  [self sim_showNumber];
+  [super controlChanged:control];
+}
+
+- (void)refreshCellContentsWithSpecifier:(PSSpecifier *)specifier {
+  UISlider *slider = (UISlider *)[self control];
+  const float lowest = numberFor(specifier, PSControlMinimumKey, 0);
+  const float highest = numberFor(specifier, PSControlMaximumKey, 1);
+  [slider setMinimumValue:lowest];
+  [slider setMaximumValue:highest];
+  // Only the system's own domains hear of a drag before its end.
+  const bool isSystem = [[specifier sim_stringForKey:PSDefaultsKey] hasPrefix:@"com.apple."];
+  [slider setContinuous:isSystem && [specifier sim_flagForKey:PSSliderIsContinuous fallback:YES]];
+  id left = [specifier propertyForKey:PSSliderLeftImageKey];
+  id right = [specifier propertyForKey:PSSliderRightImageKey];
+  [slider setMinimumValueImage:[left isKindOfClass:[UIImage class]] ? left : nil];
+  [slider setMaximumValueImage:[right isKindOfClass:[UIImage class]] ? right : nil];
+  [super refreshCellContentsWithSpecifier:specifier];
+}
+
+- (id)sim_valueOfSpecifier:(PSSpecifier *)specifier {
+  id value = [specifier sim_valueOfClass:[NSNumber class] orClass:Nil];
+  [self sim_setRawValue:value];
+  return value;
+}
+
+- (void)layoutSubviews {
+  [super layoutSubviews];
+  CGRect frame = CGRectInset([[self contentView] bounds], kMargin, 0);
+  if ([self sim_showsNumber]) frame.size.width -= kValueWidth;
+  [[self control] setFrame:frame];
+}
+
+@end
