@@ -1,0 +1,191 @@
+"""Reads Mach-O files: the parts of an arm64 dynamic library that the package rules ask about."""
+
+import struct
+from dataclasses import dataclass, field
+
+MH_DYLIB = 6
+PLATFORM_IOS = 2
+
+_FAT_MAGIC = 0xCAFEBABE
+_MAGIC_64 = 0xFEEDFACF
+_CPU_ARM64 = 0x0100000C
+_CPU_SUBTYPE_ARM64E = 2
+
+_LC_SEGMENT_64 = 0x19
+_LC_SYMTAB = 0x2
+_LC_ID_DYLIB = 0xD
+_LC_LOAD_DYLIBS = {0xC, 0x80000018, 0x8000001F, 0x80000023}  # load, load weak, re-export, load upward
+_LC_RPATH = 0x8000001C
+_LC_CODE_SIGNATURE = 0x1D
+_LC_BUILD_VERSION = 0x32
+_LC_CHAINED_FIXUPS = 0x80000034
+
+_CHAINED_ARM64E = {1, 9, 12}  # arm64e, and its two user-land forms
+_CHAINED_64 = {2, 6}  # 64-bit pointers, and the same as offsets
+
+
+class MachOError(Exception):
+    """The file is no Mach-O file for arm64, or it is damaged."""
+
+
+@dataclass
+class Section:
+    name: str
+    address: int
+    size: int
+    offset: int
+
+
+@dataclass
+class Undefined:
+    """A symbol that another library must supply. `library` counts from 1 in load order; 254 and 255 name none."""
+
+    name: str
+    library: int
+    weak: bool
+
+
+@dataclass
+class Slice:
+    """The code for one kind of processor."""
+
+    data: bytes
+    arch: str
+    subtype: int
+    filetype: int
+    install_name: str | None = None
+    dylibs: list[str] = field(default_factory=list)
+    rpaths: list[str] = field(default_factory=list)
+    platform: int | None = None
+    minimum: tuple[int, int] | None = None
+    signature: tuple[int, int] | None = None  # offset, size
+    sections: list[Section] = field(default_factory=list)
+    undefined: list[Undefined] = field(default_factory=list)
+    pointer_format: int | None = None
+
+    def section(self, name):
+        """The content's (address, size) of every section of this name."""
+        return [(s.address, s.size) for s in self.sections if s.name == name]
+
+    def offset(self, address):
+        """Where in the file the byte at `address` lies."""
+        for section in self.sections:
+            if section.address <= address < section.address + section.size:
+                return section.offset + address - section.address
+        raise MachOError(f"address {address:#x} lies in no section")
+
+    def read(self, layout, address):
+        """The numbers of a struct layout at `address`."""
+        return struct.unpack_from("<" + layout, self.data, self.offset(address))
+
+    def pointer(self, address):
+        """Where the pointer at `address` points once loaded; None for nil and for one into another library."""
+        (raw,) = self.read("Q", address)
+        if raw == 0:
+            return None
+        if self.pointer_format in _CHAINED_64:
+            return None if raw >> 63 else raw & 0xFFFFFFFFF
+        if self.pointer_format in _CHAINED_ARM64E:
+            if raw >> 62 & 1:
+                return None
+            return raw & 0xFFFFFFFF if raw >> 63 else raw & 0x7FFFFFFFFFF
+        return raw
+
+    def text(self, address):
+        start = self.offset(address)
+        return self.data[start : self.data.index(b"\0", start)].decode()
+
+
+def slices(data):
+    """Every slice of a file. Raises MachOError."""
+    try:
+        (magic,) = struct.unpack_from(">I", data)
+        if magic != _FAT_MAGIC:
+            return [_slice(data)]
+        (count,) = struct.unpack_from(">I", data, 4)
+        found = []
+        for index in range(count):
+            _, _, offset, size, _ = struct.unpack_from(">5I", data, 8 + 20 * index)
+            if offset + size > len(data):
+                raise MachOError("a slice reaches beyond the end of the file")
+            found.append(_slice(data[offset : offset + size]))
+        return found
+    except (struct.error, IndexError, ValueError) as error:
+        raise MachOError(f"damaged: {error}") from error
+
+
+def _slice(data):
+    magic, cpu, subtype, filetype, count, _, _, _ = struct.unpack_from("<8I", data)
+    if magic != _MAGIC_64 or cpu != _CPU_ARM64:
+        raise MachOError("no 64-bit Mach-O file for arm64")
+    arch = "arm64e" if subtype & 0xFFFFFF == _CPU_SUBTYPE_ARM64E else "arm64"
+    found = Slice(data, arch, subtype, filetype)
+    position = 32
+    for _ in range(count):
+        command, size = struct.unpack_from("<II", data, position)
+        if size < 8 or position + size > len(data):
+            raise MachOError("a load command reaches beyond the end of the file")
+        _load_command(found, command, position)
+        position += size
+    return found
+
+
+def _load_command(found, command, position):
+    data = found.data
+    if command == _LC_SEGMENT_64:
+        _segment(found, position)
+    elif command == _LC_SYMTAB:
+        found.undefined = _undefined(data, *struct.unpack_from("<4I", data, position + 8))
+    elif command == _LC_ID_DYLIB:
+        found.install_name = _string(data, position)
+    elif command in _LC_LOAD_DYLIBS:
+        found.dylibs.append(_string(data, position))
+    elif command == _LC_RPATH:
+        found.rpaths.append(_string(data, position))
+    elif command == _LC_CODE_SIGNATURE:
+        found.signature = struct.unpack_from("<II", data, position + 8)
+    elif command == _LC_BUILD_VERSION:
+        found.platform, minimum = struct.unpack_from("<II", data, position + 8)
+        found.minimum = (minimum >> 16, minimum >> 8 & 0xFF)
+    elif command == _LC_CHAINED_FIXUPS:
+        (offset,) = struct.unpack_from("<I", data, position + 8)
+        found.pointer_format = _pointer_format(data, offset)
+
+
+def _string(data, position):
+    (offset,) = struct.unpack_from("<I", data, position + 8)
+    start = position + offset
+    return data[start : data.index(b"\0", start)].decode()
+
+
+def _segment(found, position):
+    (count,) = struct.unpack_from("<I", found.data, position + 64)
+    for index in range(count):
+        start = position + 72 + 80 * index
+        name = found.data[start : start + 16].rstrip(b"\0").decode()
+        address, size, offset = struct.unpack_from("<QQI", found.data, start + 32)
+        found.sections.append(Section(name, address, size, offset))
+
+
+def _undefined(data, symbols, count, strings, _):
+    found = []
+    for index in range(count):
+        name, kind, _, description, value = struct.unpack_from("<IBBHQ", data, symbols + 16 * index)
+        external, undefined, debugging = kind & 0x01, kind & 0x0E == 0, kind & 0xE0
+        if debugging or not external or not undefined or value:
+            continue
+        start = strings + name
+        text = data[start : data.index(b"\0", start)].decode()
+        found.append(Undefined(text, description >> 8, bool(description & 0x40)))
+    return found
+
+
+def _pointer_format(data, start):
+    """The format of the chained pointers; a library has the same one in every segment."""
+    (image,) = struct.unpack_from("<I", data, start + 4)
+    image += start
+    (count,) = struct.unpack_from("<I", data, image)
+    for segment in struct.unpack_from(f"<{count}I", data, image + 4):
+        if segment:
+            return struct.unpack_from("<IHH", data, image + segment)[2]
+    return None

@@ -1,0 +1,50 @@
+"""The Objective-C classes of a Mach-O slice and the instance methods that its classes and categories implement."""
+
+import struct
+
+from .macho import MachOError
+
+_META_FLAGS = 0x7  # Swift's marks in the low bits of a class's data pointer.
+_RELATIVE_LIST = 0x80000000
+_DIRECT_SELECTORS = 0x40000000
+
+
+def names(image):
+    """(class names, selectors) of the slice. Raises MachOError."""
+    classes, selectors = set(), set()
+    try:
+        for entry in _pointers(image, "__objc_classlist"):
+            (data,) = _fields(image, entry, 4, 1)
+            name, methods = _fields(image, data & ~_META_FLAGS, 3, 2)
+            classes.add(image.text(name))
+            selectors.update(_selectors(image, methods))
+        for entry in _pointers(image, "__objc_catlist"):
+            selectors.update(_selectors(image, image.pointer(entry + 16)))
+    except (struct.error, ValueError, TypeError) as error:
+        raise MachOError(f"the Objective-C data is damaged: {error}") from error
+    return classes, selectors
+
+
+def _pointers(image, section):
+    for address, size in image.section(section):
+        for slot in range(address, address + size, 8):
+            yield image.pointer(slot)
+
+
+def _fields(image, address, first, count):
+    """`count` pointers from the `first`-th eight bytes of the record at `address`."""
+    return [image.pointer(address + 8 * index) for index in range(first, first + count)]
+
+
+def _selectors(image, methods):
+    if methods is None:
+        return
+    flags, count = image.read("II", methods)
+    size = flags & 0xFFFC
+    for index in range(count):
+        entry = methods + 8 + size * index
+        if not flags & _RELATIVE_LIST:
+            yield image.text(image.pointer(entry))
+            continue
+        target = entry + image.read("i", entry)[0]
+        yield image.text(target if flags & _DIRECT_SELECTORS else image.pointer(target))

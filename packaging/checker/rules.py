@@ -1,0 +1,18 @@
+"""The rules that a package for rootless devices has to keep.
+
+Each is a function that takes a `Subject` and yields one sentence for every problem that it finds.
+"""
+
+from .code_rules import load_commands, undefined_symbols
+from .file_rules import build_paths, control_fields, layout, modes
+from .list_rules import icons, named_classes, named_selectors, property_lists
+
+RULES = [
+    control_fields, layout, modes, property_lists, icons, named_classes, named_selectors, load_commands,
+    undefined_symbols, build_paths,
+]  # fmt: skip
+
+
+def problems(subject):
+    """Every problem of the package, as (rule, sentence)."""
+    return [(rule.__name__, sentence) for rule in RULES for sentence in rule(subject)]

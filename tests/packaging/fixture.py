@@ -1,0 +1,184 @@
+"""Made-up packages for the tests of the checker: a small bundle built with clang against a hand-written SDK."""
+
+import functools
+import os
+import plistlib
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+TREE = Path(__file__).resolve().parents[2]
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(TREE / "packaging"))
+
+from checker import rules  # noqa: E402
+from checker.subject import Subject  # noqa: E402
+
+BUNDLE = "var/jb/Library/PreferenceBundles/Sample.bundle"
+ENTRY = "var/jb/Library/PreferenceLoader/Preferences/com.example.sample.plist"
+INSTALL_NAME = f"/{BUNDLE}/Sample"
+
+SOURCE = """
+__attribute__((objc_root_class)) @interface NSObject { Class isa; } @end
+@interface PSListController : NSObject @end
+@interface SamplePage : PSListController
+- (void)restart;
+- (id)read:(id)row;
++ (void)shared;
+@end
+@implementation SamplePage
+- (void)restart {}
+- (id)read:(id)row { return row; }
++ (void)shared {}
+@end
+@interface SamplePage (Writing)
+- (void)write:(id)value row:(id)row;
+@end
+@implementation SamplePage (Writing)
+- (void)write:(id)value row:(id)row {}
+@end
+@interface SampleCell : NSObject @end
+@implementation SampleCell
+@end
+"""
+
+SYSTEM = """--- !tapi-tbd
+tbd-version:     4
+targets:         [ arm64-ios, arm64e-ios ]
+install-name:    '/usr/lib/libSystem.B.dylib'
+exports:
+  - targets:         [ arm64-ios, arm64e-ios ]
+    symbols:         [ dyld_stub_binder, _optional ]
+...
+"""
+OBJC = """--- !tapi-tbd
+tbd-version:     4
+targets:         [ arm64-ios, arm64e-ios ]
+install-name:    '/usr/lib/libobjc.A.dylib'
+exports:
+  - targets:         [ arm64-ios, arm64e-ios ]
+    symbols:         [ __objc_empty_cache ]
+    objc-classes:    [ NSObject ]
+...
+"""
+PREFERENCES = """--- !tapi-tbd-v3
+archs:                 [ arm64, arm64e ]
+platform:              ios
+install-name:          /System/Library/PrivateFrameworks/Preferences.framework/Preferences
+exports:
+  - archs:                [ arm64, arm64e ]
+    objc-classes:         [ PSListController,
+                            PSListItemsController ]
+...
+"""
+EXTRA = """--- !tapi-tbd
+tbd-version:     4
+targets:         [ arm64-ios, arm64e-ios ]
+install-name:    '/var/jb/usr/lib/libextra.dylib'
+...
+"""
+
+LINK = [
+    "-install_name", INSTALL_NAME, "-framework", "Preferences", "-lobjc", "-Wl,-needed-lextra",
+]  # fmt: skip
+
+
+@functools.cache
+def _folder():
+    """A folder for everything that tests share, with the SDK in "sdk" and the link stubs in "stubs"."""
+    temporary = tempfile.TemporaryDirectory(prefix="packaging-tests-")
+    _folder.keep = temporary
+    folder = Path(temporary.name)
+    private = "sdk/System/Library/PrivateFrameworks/Preferences.framework/Preferences.tbd"
+    files = {"sdk/usr/lib/libSystem.tbd": SYSTEM, "sdk/usr/lib/libobjc.tbd": OBJC, private: PREFERENCES,
+             "stubs/libextra.tbd": EXTRA}  # fmt: skip
+    for name, text in files.items():
+        write(folder / name, text)
+    return folder
+
+
+@functools.cache
+def executable(source=SOURCE, target="arm64-apple-ios15.0", form="-dynamiclib", link=tuple(LINK), signed=True):
+    """The bytes of a bundle's executable."""
+    folder = _folder()
+    sdk = folder / "sdk"
+    code, output = write(folder / "Sample.m", source), folder / "Sample"
+    command = [
+        "clang-19", "-target", target, "-isysroot", sdk, f"-F{sdk}/System/Library/PrivateFrameworks",
+        f"-L{folder}/stubs", "-fuse-ld=lld", form, "-fno-objc-arc", "-w", *link,
+        "-Wl,-adhoc_codesign" if signed else "-Wl,-no_adhoc_codesign", code, "-o", output,
+    ]  # fmt: skip
+    subprocess.run(command, check=True, capture_output=True, text=True)
+    return output.read_bytes()
+
+
+def write(path, content):
+    """Writes bytes, text or a property list to a new file and returns the path."""
+    path.parent.mkdir(parents=True, exist_ok=True)
+    if isinstance(content, dict):
+        content = plistlib.dumps(content)
+    path.write_bytes(content.encode() if isinstance(content, str) else content)
+    return path
+
+
+class PackageTest(unittest.TestCase):
+    """A package without a fault. A test changes one thing and says which problems that makes."""
+
+    def setUp(self):
+        self.maxDiff = None
+        temporary = tempfile.TemporaryDirectory()
+        self.addCleanup(temporary.cleanup)
+        self.folder = Path(temporary.name)
+        self.sdk, self.stubs = _folder() / "sdk", _folder() / "stubs"
+        self.info = {
+            "CFBundleExecutable": "Sample",
+            "CFBundleIdentifier": "com.example.sample",
+            "MinimumOSVersion": "15.0",
+            "NSPrincipalClass": "SamplePage",
+        }
+        self.root_list = {"items": [{"cell": "PSButtonCell", "action": "restart", "cellClass": "SampleCell"}]}
+        self.entry = {"entry": {"bundle": "Sample", "cell": "PSLinkCell", "detail": "SamplePage", "icon": "icon"}}
+        self.control = {
+            "Package": "com.example.sample", "Name": "Sample", "Version": "1.0", "Architecture": "iphoneos-arm64",
+            "Section": "Tweaks", "Depends": "firmware (>= 15.0), preferenceloader", "Description": "A sample",
+            "Maintainer": "Sample <sample@example.com>", "Author": "Sample <sample@example.com>",
+        }  # fmt: skip
+        self.files = {f"{BUNDLE}/icon@2x.png": b"\x89PNG"}
+        self.modes = {f"{BUNDLE}/Sample": 0o755}
+        self.owner = (0, 0)
+        self.forbidden = []
+        self.code = executable()
+
+    def build(self):
+        """Makes the package and returns its path."""
+        root = self.folder / "root"
+        files = {
+            f"{BUNDLE}/Info.plist": self.info, f"{BUNDLE}/Root.plist": self.root_list, ENTRY: self.entry,
+            f"{BUNDLE}/Sample": self.code, **self.files,
+        }  # fmt: skip
+        for name, content in files.items():
+            if content is not None:
+                write(root / name, content).chmod(0o644)
+        for name, mode in self.modes.items():
+            (root / name).chmod(mode)
+        for folder in (root, *root.rglob("*/")):
+            folder.chmod(0o755)
+        write(root / "DEBIAN/control", "".join(f"{key}: {value}\n" for key, value in self.control.items()))
+        package = self.folder / "sample.deb"
+        command = ["dpkg-deb", "-Zgzip", "-z1", "--build", root, package]
+        if self.owner == (0, 0):
+            command.insert(1, "--root-owner-group")
+        elif os.getuid() == 0:
+            for path in root.rglob("*"):
+                os.chown(path, *self.owner)
+        subprocess.run(command, check=True, capture_output=True)
+        return package
+
+    def problems(self):
+        return rules.problems(Subject(self.build(), self.sdk, self.stubs, self.forbidden))
+
+    def assert_problems(self, *wanted):
+        """The package has exactly these problems, given as "rule: sentence"."""
+        self.assertEqual(sorted(wanted), sorted(f"{rule}: {sentence}" for rule, sentence in self.problems()))

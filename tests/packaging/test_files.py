@@ -1,0 +1,123 @@
+"""Rules about a package's control file, its layout, modes and build paths."""
+
+import os
+
+from fixture import BUNDLE, ENTRY, INSTALL_NAME, SOURCE, PackageTest, executable
+
+
+class ControlTest(PackageTest):
+    def test_a_package_without_a_fault_has_no_problems(self):
+        self.assert_problems()
+
+    def test_the_architecture_is_that_of_rootless_devices(self):
+        self.control["Architecture"] = "iphoneos-arm"
+        self.assert_problems("control_fields: control: the architecture is iphoneos-arm, not iphoneos-arm64")
+
+    def test_the_section_is_given(self):
+        del self.control["Section"]
+        self.assert_problems("control_fields: control: Section is missing")
+
+    def test_the_preference_loader_is_a_dependency(self):
+        self.control["Depends"] = "firmware (>= 15.0)"
+        self.assert_problems("control_fields: control: Depends lacks preferenceloader")
+
+    def test_the_firmware_is_the_one_that_the_bundle_needs(self):
+        self.control["Depends"] = "firmware (>= 14.0), preferenceloader"
+        self.assert_problems("control_fields: control: Depends has firmware (>= 14.0), not firmware (>= 15.0)")
+
+    def test_there_are_no_maintainer_scripts(self):
+        self.files["DEBIAN/postinst"] = "#!/bin/sh\n"
+        self.modes["DEBIAN/postinst"] = 0o755
+        self.assert_problems("control_fields: control: the maintainer script postinst is not expected")
+
+
+class LayoutTest(PackageTest):
+    def test_nothing_lies_outside_the_root_of_the_jailbreak(self):
+        self.files["usr/lib/libsample.dylib"] = "x"
+        self.assert_problems(
+            "layout: ./usr lies outside ./var/jb",
+            "layout: ./usr/lib lies outside ./var/jb",
+            "layout: ./usr/lib/libsample.dylib lies outside ./var/jb",
+        )
+
+    def test_what_a_file_browser_leaves_behind_is_found(self):
+        self.files[f"{BUNDLE}/.DS_Store"] = "x"
+        self.files[f"{BUNDLE}/._icon.png"] = "x"
+        self.assert_problems(
+            f"layout: /{BUNDLE}/.DS_Store does not belong into a package",
+            f"layout: /{BUNDLE}/._icon.png does not belong into a package",
+        )
+
+    def test_an_entry_is_needed(self):
+        self.entry = None
+        self.assert_problems("layout: no entry lies in /var/jb/Library/PreferenceLoader/Preferences")
+
+    def test_a_bundle_is_needed(self):
+        self.info = None
+        self.modes = {}
+        self.entry["entry"] = {"bundle": "Sample"}
+        self.root_list = {}
+        self.assert_problems(
+            "layout: no settings bundle with an Info.plist lies in /var/jb/Library/PreferenceBundles",
+            f"property_lists: /{ENTRY} names the bundle Sample, which the package lacks",
+        )
+
+
+class ModesTest(PackageTest):
+    def test_the_executable_may_be_executed(self):
+        self.modes = {}
+        self.assert_problems(f"modes: {INSTALL_NAME} has the mode 644, not 755")
+
+    def test_no_other_file_may(self):
+        self.modes[f"{BUNDLE}/Root.plist"] = 0o755
+        self.assert_problems(f"modes: /{BUNDLE}/Root.plist has the mode 755, not 644")
+
+    def test_no_file_is_set_to_run_as_its_owner(self):
+        self.modes[f"{BUNDLE}/Sample"] = 0o4755
+        self.assert_problems(f"modes: {INSTALL_NAME} has the mode 4755, not 755")
+
+    def test_everything_belongs_to_root(self):
+        self.owner = (os.getuid() or 1000, os.getgid() or 1000)
+        found = self.problems()
+        uid, gid = self.owner
+        self.assertIn(("modes", f"{INSTALL_NAME} belongs to {uid}:{gid}, not to root"), found)
+        self.assertEqual({"modes"}, {rule for rule, _ in found})
+
+    def test_links_are_refused(self):
+        folder = self.folder / "root" / BUNDLE
+        folder.mkdir(parents=True)
+        (folder / "icon@3x.png").symlink_to("icon@2x.png")
+        self.assert_problems(f"modes: /{BUNDLE}/icon@3x.png is neither a file nor a folder")
+
+
+class BuildPathsTest(PackageTest):
+    def test_a_home_folder_in_a_file_is_found(self):
+        self.files["var/jb/usr/include/Sample/Sample.h"] = "// from /Users/someone/sample\n"
+        self.assert_problems(
+            "build_paths: /var/jb/usr/include/Sample/Sample.h holds the path /Users/someone/sample of the machine "
+            "that built it"
+        )
+
+    def test_a_forbidden_path_is_found_whatever_it_is(self):
+        self.forbidden = ["/srv/sample", "/"]
+        self.files["var/jb/usr/include/Sample/Sample.h"] = "// /srv/sample/build /srv/samples\n"
+        self.assert_problems(
+            "build_paths: /var/jb/usr/include/Sample/Sample.h holds the path /srv/sample of the machine that built it"
+        )
+
+    def test_a_path_that_only_begins_like_a_forbidden_one_is_not(self):
+        self.forbidden = ["/srv/sample"]
+        self.files["var/jb/usr/include/Sample/Sample.h"] = "// /srv/samples\n"
+        self.assert_problems()
+
+    def test_a_source_file_in_the_executable_is_found(self):
+        source = SOURCE + '\nconst char *where(void) { return "/srv/tree/Page.mm"; }\n'
+        self.code = executable(source)
+        self.assert_problems(
+            f"build_paths: {INSTALL_NAME} holds the path /srv/tree/Page.mm of the machine that built it"
+        )
+
+    def test_paths_of_the_device_are_none(self):
+        source = SOURCE + '\nconst char *where(void) { return "/var/jb/usr/bin/killall"; }\n'
+        self.code = executable(source)
+        self.assert_problems()
