@@ -15,7 +15,7 @@ NSString *const kUnknown = @"Unknown";
 
 /// The package tool of the rootless layout, else the system's; nil when there is neither.
 NSString *packageTool() {
-  for (NSString *tool in @[ zuno::devicePath(@"/var/jb/usr/bin/dpkg-query"), zuno::devicePath(@"/usr/bin/dpkg-query") ]) {
+  for (NSString *tool in @[ zuno::rootlessPackageTool(), zuno::systemPackageTool() ]) {
     struct stat status;
     if (stat([tool fileSystemRepresentation], &status) == 0) return tool;
   }

@@ -28,6 +28,9 @@ inline NSString *settingsBundleFolder() { return devicePath(@"/var/jb/Library/Pr
 inline NSString *presetsFolder() { return devicePath(@"/var/jb/Library/Zuno/Presets"); }
 /// The installed widget bundles.
 inline NSString *widgetsFolder() { return devicePath(@"/var/jb/Library/Zuno/Widgets"); }
+/// The package tool of the rootless layout, and the system's.
+inline NSString *rootlessPackageTool() { return devicePath(@"/var/jb/usr/bin/dpkg-query"); }
+inline NSString *systemPackageTool() { return devicePath(@"/usr/bin/dpkg-query"); }
 /// The tool that ends a process by name.
 inline NSString *killallTool() { return devicePath(@"/var/jb/usr/bin/killall"); }
 

@@ -32,6 +32,7 @@ void BundleTest::SetUp() {
 }
 
 void BundleTest::TearDown() {
+  [window_.get() setHidden:YES];  // So that the pages on screen disappear.
   window_ = nullptr;
   SIMDrainMainQueue();
   drainPool();

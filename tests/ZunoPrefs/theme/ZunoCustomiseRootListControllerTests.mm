@@ -1,0 +1,214 @@
+#import "theme/ZunoCustomiseRootListController.h"
+
+#import <Preferences/PSSpecifier.h>
+#import <Preferences/PSTableCell.h>
+#import <UIKit/UIBarButtonItem+Sim.h>
+#import <dispatch/MainQueue+Sim.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "ZunoPrefs/theme/ThemeTest.h"
+
+namespace {
+
+class ThemePageTest : public ThemeTest {
+ protected:
+  ZunoCustomiseRootListController *newPage() {
+    return [[(ZunoCustomiseRootListController *)[classNamed("ZunoCustomiseRootListController") alloc] init] autorelease];
+  }
+  Class pageClass() { return classNamed("ZunoCustomiseRootListController"); }
+  static PSSpecifier *rowKeyed(PSListController *page, NSString *key) {
+    for (PSSpecifier *row in [page specifiers]) {
+      if ([[row propertyForKey:@"key"] isEqual:key]) return row;
+    }
+    return nil;
+  }
+  static std::string shown(PSListController *page, NSString *identifier) {
+    PSTableCell *cell = [page cachedCellForSpecifierID:identifier];
+    return [[[cell detailTextLabel] text] UTF8String] ?: "none";
+  }
+};
+
+TEST_F(ThemePageTest, RowsComeFromCustomiseAndAreCached) {
+  ZunoCustomiseRootListController *page = newPage();
+  NSArray *rows = [page specifiers];
+  EXPECT_GT([rows count], 20u);
+  EXPECT_FALSE([rows isKindOfClass:[NSMutableArray class]]);
+  EXPECT_EQ([page specifiers], rows);
+  for (NSString *key in @[ @"enabled", @"useCustom", @"device", @"iosVersion", @"presetUserAgent" ]) {
+    EXPECT_TRUE(rowKeyed(page, key) != nil) << [key UTF8String];
+  }
+  EXPECT_OBJC_EQ([rowKeyed(page, @"presetUserAgent") identifier], @"User-Agent");
+}
+
+TEST_F(ThemePageTest, WithoutAFileRowsShowTheirDefaults) {
+  ZunoCustomiseRootListController *page = newPage();
+  EXPECT_OBJC_EQ([page readPreferenceValue:rowKeyed(page, @"blurRadius")], @12.0);
+  EXPECT_OBJC_EQ([page readPreferenceValue:rowKeyed(page, @"titleColour")], nil) << "a row without a default reads nil";
+  EXPECT_OBJC_EQ([page readPreferenceValue:rowKeyed(page, @"presetUserAgent")], @"(null)/(null)");
+}
+
+TEST_F(ThemePageTest, ValuesAreStoredInTheThemeFileOnly) {
+  ZunoCustomiseRootListController *page = newPage();
+  writePreferences(kThemeFile, @{@"unknown" : @"kept"});
+  [page setPreferenceValue:@12.0 specifier:rowKeyed(page, @"blurRadius")];
+  EXPECT_OBJC_EQ(preferences(kThemeFile), (@{@"unknown" : @"kept", @"blurRadius" : @12.0}))
+      << "a value is stored even when it equals the default";
+  EXPECT_FALSE(exists(kMainFile));
+  EXPECT_EQ(notifications.size(), 1u);
+  EXPECT_EQ(notifications[0].rfind("com.norvik.Zuno", 0), 0u);
+}
+
+TEST_F(ThemePageTest, OnlyTheLayoutSwitchesRebuildThePage) {
+  ZunoCustomiseRootListController *page = newPage();
+  (void)show(page);
+  for (NSString *key in @[ @"useCustom", @"enabled" ]) {
+    NSArray *before = [page specifiers];
+    [page setPreferenceValue:@1 specifier:rowKeyed(page, key)];
+    EXPECT_NE([page specifiers], before) << [key UTF8String];
+    EXPECT_TRUE([[page valueForKey:@"shouldReload"] boolValue]);
+  }
+  NSArray *before = [page specifiers];
+  [page setPreferenceValue:@3.0 specifier:rowKeyed(page, @"spacing")];
+  EXPECT_EQ([page specifiers], before);
+}
+
+TEST_F(ThemePageTest, TheUserAgentRowFollowsItsParts) {
+  ZunoCustomiseRootListController *page = newPage();
+  (void)show(page);
+  [[page table] layoutIfNeeded];
+  [page setPreferenceValue:@"iPhone15,2" specifier:rowKeyed(page, @"device")];
+  [page setPreferenceValue:@"16.5" specifier:rowKeyed(page, @"iosVersion")];
+  EXPECT_OBJC_EQ([page readPreferenceValue:rowKeyed(page, @"device")], @"iPhone15,2");
+  SIMDrainMainQueue();
+  [[page table] scrollToRowAtIndexPath:[page indexPathForSpecifier:[page specifierForID:@"User-Agent"]]
+                      atScrollPosition:UITableViewScrollPositionBottom
+                              animated:NO];
+  [[page table] layoutIfNeeded];
+  (void)[page readPreferenceValue:rowKeyed(page, @"iosVersion")];
+  SIMDrainMainQueue();
+  [[page table] layoutIfNeeded];
+  EXPECT_EQ(shown(page, @"User-Agent"), "iPhone15,2/16.5");
+}
+
+TEST_F(ThemePageTest, TheRespringButtonStartsTheTool) {
+  NSString *tool = write(@"/var/jb/usr/bin/killall", "#!/bin/sh\necho \"$@\" > \"$(dirname \"$0\")/arguments\"\n");
+  ASSERT_EQ(chmod([tool fileSystemRepresentation], 0755), 0);
+  ZunoCustomiseRootListController *page = newPage();
+  (void)show(page);
+  UIBarButtonItem *button = [[page navigationItem] rightBarButtonItem];
+  EXPECT_OBJC_EQ([button title], @"Respring");
+  EXPECT_TRUE([button sim_tap]);
+  for (int tries = 0; tries < 500 && read(@"/var/jb/usr/bin/arguments").empty(); ++tries) usleep(10'000);
+  EXPECT_EQ(read(@"/var/jb/usr/bin/arguments"), "-9 backboardd\n");
+}
+
+TEST_F(ThemePageTest, ClearAsksFirst) {
+  writePreferences(kThemeFile, @{@"spacing" : @1});
+  writePreferences(kMainFile, @{@"Enabled" : @1});
+  write([kThemeFile stringByAppendingString:@".bak"], "backup");
+  ZunoCustomiseRootListController *page = newPage();
+  (void)show(page);
+  [page clearSettings];
+  EXPECT_EQ(describe(alertOf(page)),
+            "Clear|Are you sure you would like to clear all settings?|Yes:destructive|No:cancel");
+  tapAction(page, "No");
+  EXPECT_TRUE(exists(kThemeFile));
+
+  [page clearSettings];
+  NSArray *before = [page specifiers];
+  tapAction(page, "Yes");
+  EXPECT_FALSE(exists(kThemeFile));
+  EXPECT_NE([page specifiers], before);
+  EXPECT_TRUE(exists(kMainFile));
+  EXPECT_EQ(read([kThemeFile stringByAppendingString:@".bak"]), "backup");
+  EXPECT_TRUE(notifications.empty());
+}
+
+TEST_F(ThemePageTest, ClearWithoutAFileStillReloads) {
+  ZunoCustomiseRootListController *page = newPage();
+  (void)show(page);
+  NSArray *before = [page specifiers];
+  [page clearSettings];
+  tapAction(page, "Yes");
+  EXPECT_NE([page specifiers], before);
+}
+
+TEST_F(ThemePageTest, ThePageIsCurrentOnlyWhileItIsOnScreen) {
+  ZunoCustomiseRootListController *page = newPage();
+  EXPECT_OBJC_EQ([pageClass() currentPage], nil);
+  UINavigationController *navigation = show([[[UIViewController alloc] init] autorelease]);
+  [navigation pushViewController:page animated:YES];
+  EXPECT_EQ([pageClass() currentPage], page);
+  [navigation popViewControllerAnimated:YES];
+  EXPECT_OBJC_EQ([pageClass() currentPage], nil);
+}
+
+TEST_F(ThemePageTest, ReappearingShowsWhatChangedElsewhere) {
+  ZunoCustomiseRootListController *page = newPage();
+  UINavigationController *navigation = show(page);
+  NSArray *before = [page specifiers];
+  [navigation pushViewController:[[[UIViewController alloc] init] autorelease] animated:YES];
+  [navigation popViewControllerAnimated:YES];
+  EXPECT_NE([page specifiers], before);
+}
+
+TEST_F(ThemePageTest, WithoutAPhotoLibraryNothingIsPresented) {
+  ZunoCustomiseRootListController *page = newPage();
+  (void)show(page);
+  [page selectImage];
+  EXPECT_OBJC_EQ([page presentedViewController], nil);
+}
+
+TEST_F(ThemePageTest, APickedPhotoIsStoredInLinesOf64) {
+  makePhotoLibrary();
+  writePreferences(kThemeFile, @{@"spacing" : @1});
+  ZunoCustomiseRootListController *page = newPage();
+  (void)show(page);
+  [page selectImage];
+  auto *picker = (UIImagePickerController *)[page presentedViewController];
+  ASSERT_TRUE([picker isKindOfClass:[UIImagePickerController class]]);
+  NSArray *before = [page specifiers];
+  [page imagePickerController:picker didFinishPickingMediaWithInfo:picked(picture(64, [UIColor greenColor]))];
+  SIMDrainMainQueue();
+  EXPECT_OBJC_EQ([page presentedViewController], nil);
+  EXPECT_NE([page specifiers], before);
+  EXPECT_TRUE(notifications.empty());
+
+  NSDictionary *stored = preferences(kThemeFile);
+  EXPECT_OBJC_EQ([stored objectForKey:@"spacing"], @1);
+  const std::string text = [[stored objectForKey:@"backgroundImage"] UTF8String];
+  ASSERT_GT(text.size(), 66u);
+  EXPECT_EQ(text.find_first_of("\r\n"), 64u);
+  EXPECT_EQ(text.substr(64, 2), "\r\n");
+  NSData *png = [[[NSData alloc] initWithBase64EncodedString:[stored objectForKey:@"backgroundImage"]
+                                                     options:NSDataBase64DecodingIgnoreUnknownCharacters] autorelease];
+  EXPECT_EQ(colourOf([UIImage imageWithData:png]), "0,255,0");
+}
+
+TEST_F(ThemePageTest, AResultWithoutAPictureChangesNothing) {
+  makePhotoLibrary();
+  ZunoCustomiseRootListController *page = newPage();
+  (void)show(page);
+  [page selectImage];
+  auto *picker = (UIImagePickerController *)[page presentedViewController];
+  [page imagePickerController:picker didFinishPickingMediaWithInfo:picked(nil)];
+  SIMDrainMainQueue();
+  EXPECT_FALSE(exists(kThemeFile));
+  EXPECT_OBJC_EQ([page presentedViewController], nil);
+}
+
+TEST_F(ThemePageTest, ABrokenFileReadsAsEmptyAndIsKeptWhenAValueIsWritten) {
+  for (const char *content : {"<plist><dict>", "bplist00", "<plist><array/></plist>"}) {
+    write(kThemeFile, content);
+    ZunoCustomiseRootListController *page = newPage();
+    EXPECT_OBJC_EQ([page readPreferenceValue:rowKeyed(page, @"spacing")], @16.0) << content;
+  }
+  ZunoCustomiseRootListController *page = newPage();
+  [page setPreferenceValue:@1.0 specifier:rowKeyed(page, @"spacing")];
+  EXPECT_OBJC_EQ(preferences(kThemeFile), @{@"spacing" : @1.0});
+  EXPECT_EQ(read([kThemeFile stringByAppendingString:@".damaged"]), "<plist><array/></plist>");
+}
+
+}  // namespace
