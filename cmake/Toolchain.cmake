@@ -10,6 +10,13 @@ set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 
 find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
+pkg_check_modules(plist REQUIRED IMPORTED_TARGET libplist-2.0)
+pkg_check_modules(microhttpd REQUIRED IMPORTED_TARGET libmicrohttpd)
+pkg_check_modules(cairo REQUIRED IMPORTED_TARGET cairo)
+pkg_check_modules(pango REQUIRED IMPORTED_TARGET pangocairo)
+pkg_check_modules(pixbuf REQUIRED IMPORTED_TARGET gdk-pixbuf-2.0)
+pkg_check_modules(png REQUIRED IMPORTED_TARGET libpng)
+find_package(nlohmann_json REQUIRED)
 
 option(ZUNO_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 

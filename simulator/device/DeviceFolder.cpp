@@ -1,0 +1,87 @@
+#include "device/DeviceFolder.hpp"
+
+#include "device/Failure.hpp"
+#include "device/FileContent.hpp"
+
+#include <array>
+#include <string_view>
+#include <system_error>
+
+namespace sim {
+namespace {
+
+constexpr std::string_view kOwnFolder = ".simulator";
+
+constexpr std::array<std::string_view, 5> kStandardFolders{
+    "Applications",
+    "var/jb/Library/PreferenceBundles",
+    "var/jb/Library/PreferenceLoader/Preferences",
+    "var/mobile/Documents",
+    "var/mobile/Media/DCIM/100APPLE",
+};
+
+void makeFolder(const std::filesystem::path& folder) {
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  if (!error && !std::filesystem::is_directory(folder, error)) error = std::make_error_code(std::errc::not_a_directory);
+  if (error) throw Failure("Cannot make the folder " + folder.string() + ": " + error.message() + ".");
+}
+
+// Makes the device folder and the simulator's own one; gives the device folder's absolute path.
+std::filesystem::path opened(const std::filesystem::path& folder) {
+  std::error_code error;
+  const auto absolute = std::filesystem::absolute(folder, error);
+  if (std::filesystem::exists(absolute, error) && !std::filesystem::is_directory(absolute, error))
+    throw Failure("The device folder " + absolute.string() + " cannot be used: it is a file.");
+  makeFolder(absolute);
+  const auto canonical = std::filesystem::canonical(absolute, error);
+  if (error) throw Failure("The device folder " + absolute.string() + " cannot be used: " + error.message() + ".");
+  makeFolder(canonical / kOwnFolder);
+  return canonical;
+}
+
+ShippedFile shippedFrom(const std::filesystem::path& tree, const std::filesystem::path& file) {
+  std::error_code error;
+  const auto permissions = std::filesystem::status(file, error).permissions() & std::filesystem::perms::all;
+  const auto content = [file] {
+    auto bytes = readFile(file);
+    if (!bytes) throw Failure("Cannot read " + file.string() + ".");
+    return *std::move(bytes);
+  };
+  return {file.lexically_relative(tree).generic_string(), editionOf(file), static_cast<mode_t>(permissions), content};
+}
+
+}  // namespace
+
+DeviceFolder::DeviceFolder(const std::filesystem::path& folder)
+    : path_(opened(folder)), lock_(path_ / kOwnFolder / "lock"), backboardd_(path_ / kOwnFolder / "backboardd") {
+  for (const std::string_view standard : kStandardFolders) makeFolder(path_ / standard);
+  for (const std::string& preferences : preferenceFolders()) makeFolder(path_ / preferences.substr(1));
+}
+
+void DeviceFolder::install(const std::filesystem::path& tree, const std::vector<ShippedFile>& samples) {
+  Installer installer(path_, path_ / kOwnFolder / "installed.json");
+  try {
+    if (!tree.empty()) {
+      std::error_code error;
+      std::filesystem::recursive_directory_iterator item(tree, error);
+      for (; !error && item != std::filesystem::recursive_directory_iterator(); item.increment(error))
+        if (item->is_regular_file(error)) installer.install(shippedFrom(tree, item->path()));
+      if (error) throw Failure("Cannot read what is to be installed from " + tree.string() + ": " + error.message() + ".");
+    }
+    for (const ShippedFile& sample : samples) installer.install(sample);
+  } catch (const Failure&) {
+    installer.save();  // What was installed until now is known to the next run.
+    throw;
+  }
+  if (!tree.empty()) installer.removeObsolete();
+  installer.save();
+}
+
+const std::vector<std::string>& preferenceFolders() {
+  static const std::vector<std::string> folders{"/var/mobile/Library/Preferences",
+                                                "/var/jb/var/mobile/Library/Preferences"};
+  return folders;
+}
+
+}  // namespace sim

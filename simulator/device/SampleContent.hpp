@@ -1,0 +1,13 @@
+// What a fresh device holds: apps and photos, drawn by the simulator itself.
+#pragma once
+
+#include "device/Installer.hpp"
+
+#include <vector>
+
+namespace sim {
+
+/// The sample apps and photos. Nothing is drawn before it is asked for. Their edition is this program's build.
+std::vector<ShippedFile> sampleContent();
+
+}  // namespace sim

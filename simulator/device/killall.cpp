@@ -1,0 +1,69 @@
+// The device's killall. The one daemon of the simulated device is "backboardd", whose end restarts the user interface:
+// killing it tells the simulator, which does so. Works without an environment, and finds the device folder by where it
+// is installed itself.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <climits>
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+namespace {
+
+constexpr std::string_view kDaemon = "backboardd";
+constexpr std::string_view kInstalledAt = "/var/jb/usr/bin/killall";
+
+// A signal that ends a process which does not expect it.
+bool isEndingSignal(std::string_view signal) {
+  constexpr std::array<std::string_view, 6> kNames{"9", "KILL", "SIGKILL", "15", "TERM", "SIGTERM"};
+  for (const std::string_view name : kNames)
+    if (signal == name) return true;
+  return false;
+}
+
+// The folder that holds the device's files, or an empty text when this program is not installed in one.
+std::string deviceFolder() {
+  char path[PATH_MAX];
+  const ssize_t size = ::readlink("/proc/self/exe", path, sizeof path);
+  const std::string_view program(path, size > 0 ? static_cast<std::size_t>(size) : 0);
+  if (!program.ends_with(kInstalledAt)) return {};
+  return std::string(program.substr(0, program.size() - kInstalledAt.size()));
+}
+
+bool kill(std::string_view name) {
+  const std::string folder = deviceFolder();
+  if (name != kDaemon || folder.empty()) return false;
+  // Without a simulator nobody reads the pipe, and opening it fails.
+  const int pipe = ::open((folder + "/.simulator/backboardd").c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+  if (pipe < 0) return false;
+  const bool isWritten = ::write(pipe, "\n", 1) == 1;
+  ::close(pipe);
+  return isWritten;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  int first = 1;
+  if (first < count && arguments[first][0] == '-') {
+    const std::string_view signal = arguments[first] + 1;
+    if (!isEndingSignal(signal)) {
+      std::fprintf(stderr, "%s: unknown signal\n", arguments[first] + 1);
+      return 1;
+    }
+    ++first;
+  }
+  if (first >= count) {
+    std::fputs("usage: killall [-SIGNAL] NAME...\n", stderr);
+    return 1;
+  }
+  int status = 0;
+  for (int i = first; i < count; ++i) {
+    if (kill(arguments[i])) continue;
+    std::fprintf(stderr, "%s: no process found\n", arguments[i]);
+    status = 1;
+  }
+  return status;
+}

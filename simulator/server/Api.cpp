@@ -1,0 +1,100 @@
+#include "server/Api.hpp"
+
+#include <utility>
+
+namespace sim {
+namespace {
+
+// What the phone shows while there is no Settings process to ask.
+nlohmann::json screenWithoutSettings(std::uint64_t revision, const std::string& reason) {
+  const nlohmann::json section{{"header", "Settings could not be started"}, {"footer", reason},
+                               {"headerView", nullptr}, {"footerView", nullptr},
+                               {"rows", nlohmann::json::array()}};
+  const nlohmann::json page{{"class", ""},
+                            {"title", "Settings"},
+                            {"back", nullptr},
+                            {"buttons", nlohmann::json::array()},
+                            {"editing", false},
+                            {"style", "insetGrouped"},
+                            {"sections", nlohmann::json::array({section})}};
+  return {{"revision", revision}, {"path", nlohmann::json::array({"Settings"})}, {"page", page},
+          {"alert", nullptr}, {"sheet", nullptr}};
+}
+
+// The body as a JSON object, or null.
+nlohmann::json objectIn(const Request& request) {
+  auto body = parseJson(request.body);
+  return body && body->is_object() ? std::move(*body) : nlohmann::json();
+}
+
+}  // namespace
+
+void Api::handle(Endpoint endpoint, Request request, Respond respond) {
+  switch (endpoint) {
+    case Endpoint::screen: return screen(respond);
+    case Endpoint::events: return event(request, std::move(respond));
+    case Endpoint::image: return image(request, std::move(respond));
+    case Endpoint::device: return device(respond);
+    case Endpoint::pasteboard: return pasteboard(request, respond);
+    case Endpoint::appearance: return appearance(request, respond);
+  }
+}
+
+void Api::screen(const Respond& respond) {
+  if (const auto& failure = settings_.failure())
+    return respond(jsonResponse(200, screenWithoutSettings(settings_.revision(), *failure)));
+  settings_.request({{"verb", "screen"}}, respond);
+}
+
+void Api::event(const Request& request, Respond respond) {
+  nlohmann::json event = objectIn(request);
+  if (!event.is_object()) return respond(errorResponse(400, "The body is no JSON object."));
+  if (!event["type"].is_string()) return respond(errorResponse(400, "The event has no \"type\"."));
+  settings_.request({{"verb", "event"}, {"event", std::move(event)}}, std::move(respond));
+}
+
+void Api::image(const Request& request, Respond respond) {
+  std::string identifier(imageIdentifier(request.head.path));
+  if (const Response* known = images_.find(identifier)) return respond(*known);
+  const nlohmann::json message{{"verb", "image"}, {"id", identifier}};
+  settings_.request(message, [this, identifier = std::move(identifier), respond = std::move(respond)](Response response) {
+    if (response.status == 200) images_.insert(identifier, response);
+    respond(std::move(response));
+  });
+}
+
+void Api::device(const Respond& respond) {
+  nlohmann::json state = device_.json();
+  state["files"] = files_.json();
+  respond(jsonResponse(200, state));
+}
+
+void Api::pasteboard(const Request& request, const Respond& respond) {
+  const nlohmann::json body = objectIn(request);
+  const auto string = body.find("string");
+  if (!body.is_object() || string == body.end() || !(string->is_string() || string->is_null()))
+    return respond(errorResponse(400, "The body must be {\"string\": text or null}."));
+  device_.setPasteboard(string->is_null() ? std::nullopt : std::optional(string->get<std::string>()));
+  settings_.tell(pasteboardMessage(device_.pasteboard()));
+  respond(jsonResponse(200, body));
+}
+
+void Api::appearance(const Request& request, const Respond& respond) {
+  const nlohmann::json body = objectIn(request);
+  const auto style = body.find("style");
+  if (!body.is_object() || style == body.end() || !(*style == "light" || *style == "dark"))
+    return respond(errorResponse(400, "The body must be {\"style\": \"light\" or \"dark\"}."));
+  device_.setAppearance(style->get<std::string>());
+  settings_.tell(appearanceMessage(*device_.appearance()));
+  respond(jsonResponse(200, body));
+}
+
+nlohmann::json pasteboardMessage(const std::optional<std::string>& string) {
+  nlohmann::json message{{"verb", "pasteboard"}, {"string", nullptr}};
+  if (string) message["string"] = *string;
+  return message;
+}
+
+nlohmann::json appearanceMessage(const std::string& style) { return {{"verb", "appearance"}, {"style", style}}; }
+
+}  // namespace sim

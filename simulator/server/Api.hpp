@@ -1,0 +1,41 @@
+// The calls of the automation interface. What they mean is described in docs/automation.md.
+#pragma once
+
+#include "server/PreferenceFiles.hpp"
+#include "server/DeviceState.hpp"
+#include "server/ImageCache.hpp"
+#include "server/Router.hpp"
+#include "server/SettingsProcess.hpp"
+
+namespace sim {
+
+/// Main thread only. What is handed over must outlive the interface.
+class Api final {
+ public:
+  Api(SettingsProcess& settings, DeviceState& device, PreferenceFiles& files, ImageCache& images)
+      : settings_(settings), device_(device), files_(files), images_(images) {}
+
+  /// Answers the call, now or later.
+  void handle(Endpoint endpoint, Request request, Respond respond);
+
+ private:
+  void screen(const Respond& respond);
+  void event(const Request& request, Respond respond);
+  void image(const Request& request, Respond respond);
+  void device(const Respond& respond);
+  void pasteboard(const Request& request, const Respond& respond);
+  void appearance(const Request& request, const Respond& respond);
+
+  SettingsProcess& settings_;
+  DeviceState& device_;
+  PreferenceFiles& files_;
+  ImageCache& images_;
+};
+
+/// The message that tells the Settings process what the pasteboard holds.
+nlohmann::json pasteboardMessage(const std::optional<std::string>& string);
+
+/// The message that tells the Settings process whether the device is "light" or "dark".
+nlohmann::json appearanceMessage(const std::string& style);
+
+}  // namespace sim

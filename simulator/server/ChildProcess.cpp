@@ -1,0 +1,129 @@
+#include "server/ChildProcess.hpp"
+
+#include "device/Failure.hpp"
+
+#include <fcntl.h>
+#include <linux/close_range.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/prctl.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <optional>
+
+extern "C" {  // The header of glibc 2.36 does not say so itself.
+#include <sys/pidfd.h>
+}
+
+namespace sim {
+namespace {
+
+struct SocketPair {
+  Descriptor parent;
+  Descriptor child;
+};
+
+SocketPair makeSocketPair() {
+  int ends[2];
+  if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
+    throw Failure::fromErrno("Cannot make a channel to the Settings process", errno);
+  return {Descriptor(ends[0]), Descriptor(ends[1])};
+}
+
+// Between fork and exec only calls that are safe after a fork in a process with threads.
+[[noreturn]] void becomeProgram(const char* program, char* const* arguments, int channel, int errors, pid_t parent) {
+  sigset_t none;
+  ::sigemptyset(&none);
+  ::sigprocmask(SIG_SETMASK, &none, nullptr);
+  ::signal(SIGPIPE, SIG_DFL);
+  ::setpgid(0, 0);
+  ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+  if (::getppid() != parent) ::_exit(1);  // The parent had ended before the line above.
+
+  const int nothing = ::open("/dev/null", O_RDONLY);
+  ::dup2(nothing, STDIN_FILENO);
+  ::dup2(STDERR_FILENO, STDOUT_FILENO);
+  ::close_range(3, ~0U, CLOSE_RANGE_CLOEXEC);
+  ::fcntl(channel, F_SETFD, 0);
+  ::execv(program, arguments);
+  const int error = errno;
+  [[maybe_unused]] const auto written = ::write(errors, &error, sizeof error);
+  ::_exit(127);
+}
+
+// The error that kept the program from starting, or nothing.
+std::optional<int> startError(int errors) {
+  int error = 0;
+  ssize_t count;
+  do {
+    count = ::read(errors, &error, sizeof error);
+  } while (count < 0 && errno == EINTR);
+  return count == sizeof error ? std::optional(error) : std::nullopt;
+}
+
+pid_t startProgram(const std::string& program, const std::vector<std::string>& arguments, int channel) {
+  std::vector<char*> pointers{const_cast<char*>(program.c_str())};
+  for (const std::string& argument : arguments) pointers.push_back(const_cast<char*>(argument.c_str()));
+  pointers.push_back(nullptr);
+
+  int ends[2];
+  if (::pipe2(ends, O_CLOEXEC) != 0) throw Failure::fromErrno("Cannot start " + program, errno);
+  const Descriptor reading(ends[0]);
+  Descriptor writing(ends[1]);
+
+  const pid_t parent = ::getpid();
+  const pid_t child = ::fork();
+  if (child < 0) throw Failure::fromErrno("Cannot start " + program, errno);
+  if (child == 0) becomeProgram(program.c_str(), pointers.data(), channel, writing.get(), parent);
+
+  writing.reset();
+  if (const auto error = startError(reading.get())) {
+    ::waitpid(child, nullptr, 0);
+    throw Failure::fromErrno("Cannot start " + program, *error);
+  }
+  return child;
+}
+
+}  // namespace
+
+ChildProcess::ChildProcess(const std::string& program,
+                           const std::function<std::vector<std::string>(int descriptor)>& arguments) {
+  SocketPair ends = makeSocketPair();
+  identifier_ = startProgram(program, arguments(ends.child.get()), ends.child.get());
+  channel_.emplace(ends.parent.release());
+  end_ = Descriptor(::pidfd_open(identifier_, 0));
+  if (!end_) {
+    const int error = errno;
+    kill();
+    throw Failure::fromErrno("Cannot watch " + program, error);
+  }
+}
+
+ChildProcess::~ChildProcess() {
+  if (!reaped_) kill();
+}
+
+std::string ChildProcess::kill() {
+  ::kill(-identifier_, SIGKILL);
+  ::kill(identifier_, SIGKILL);  // For the moment before the child has made its group.
+  int status = 0;
+  while (::waitpid(identifier_, &status, 0) < 0 && errno == EINTR) {
+  }
+  reaped_ = true;
+  if (WIFSIGNALED(status))
+    return "was ended by signal " + std::to_string(WTERMSIG(status)) + " (" + ::strsignal(WTERMSIG(status)) + ")";
+  return "exited with status " + std::to_string(WEXITSTATUS(status));
+}
+
+void ChildProcess::stop(std::chrono::milliseconds patience) {
+  ::shutdown(channel_->descriptor(), SHUT_RDWR);
+  pollfd end{end_.get(), POLLIN, 0};
+  ::poll(&end, 1, static_cast<int>(patience.count()));
+  kill();
+}
+
+}  // namespace sim

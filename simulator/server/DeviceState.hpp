@@ -1,0 +1,64 @@
+// What happened on the device: shown in the panel beside the phone.
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace sim {
+
+/// Main thread only. Each change calls `changed` after it.
+class DeviceState final {
+ public:
+  static constexpr std::size_t kMostNotifications = 1'000;
+  static constexpr std::size_t kMostOpenedUrls = 1'000;
+  static constexpr std::size_t kMostLogLines = 2'000;
+  static constexpr std::size_t kLongestLogLine = 8'192;  // Bytes.
+
+  explicit DeviceState(std::function<void()> changed) : changed_(std::move(changed)) {}
+
+  void addNotification(std::string name);
+  void addRespring();
+  void addOpenedUrl(std::string url);
+  void addLogLine(std::string line);
+  void setPasteboard(std::optional<std::string> string);
+  void setAppearance(std::string style);
+
+  /// The preference files have changed; they are kept elsewhere.
+  void filesChanged();
+
+  const std::optional<std::string>& pasteboard() const noexcept { return pasteboard_; }
+
+  /// "light" or "dark"; nothing before the page has said it.
+  const std::optional<std::string>& appearance() const noexcept { return appearance_; }
+
+  /// Grows with every change.
+  std::uint64_t sequence() const noexcept { return sequence_; }
+
+  /// Everything but the files, as the interface gives it.
+  nlohmann::json json() const;
+
+ private:
+  struct Notification {
+    std::string name;
+    std::uint64_t number;  // From 1, counted over the whole run.
+  };
+
+  void didChange();
+
+  std::function<void()> changed_;
+  std::uint64_t sequence_ = 0;
+  std::uint64_t notificationCount_ = 0;
+  std::uint64_t resprings_ = 0;
+  std::deque<Notification> notifications_;  // The newest ones, oldest first; so are the other two.
+  std::deque<std::string> openedUrls_;
+  std::deque<std::string> log_;
+  std::optional<std::string> pasteboard_;
+  std::optional<std::string> appearance_;
+};
+
+}  // namespace sim

@@ -1,0 +1,251 @@
+#include "server/SettingsProcess.hpp"
+
+#include "device/Failure.hpp"
+#include "server/ScreenRevision.hpp"
+
+#include <poll.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace sim {
+namespace {
+
+std::string seconds(std::chrono::milliseconds time) { return std::to_string(time.count() / 1000) + " s"; }
+
+bool isReadable(int descriptor) {
+  pollfd socket{descriptor, POLLIN, 0};
+  return ::poll(&socket, 1, 0) > 0;
+}
+
+// The process is our own program, but the bundles in it are anybody's: nothing but JSON and pictures goes through.
+Response responseFrom(wire::Message message) {
+  nlohmann::json& header = message.header;
+  const nlohmann::json& status = header["status"];
+  const std::string type = header["type"].is_string() ? header["type"].get<std::string>() : "";
+  const bool hasGoodStatus = status.is_number_unsigned() && status >= 200 && status <= 599;
+  if (!hasGoodStatus || (type != "application/json" && !type.starts_with("image/")))
+    return errorResponse(502, "Settings has given a malformed answer.");
+  return {status.get<int>(), type, std::make_shared<const std::string>(std::move(message.payload)), {}};
+}
+
+}  // namespace
+
+SettingsProcess::SettingsProcess(EventLoop& loop, Settings settings, Listener listener)
+    : loop_(loop), settings_(std::move(settings)), listener_(std::move(listener)) {}
+
+SettingsProcess::~SettingsProcess() { stop(); }
+
+void SettingsProcess::start() { launch(); }
+
+void SettingsProcess::stop() {
+  loop_.cancel(restartTimer_);
+  if (child_) {
+    loop_.unwatch(child_->channel().descriptor());
+    loop_.unwatch(child_->endDescriptor());
+    child_->stop(settings_.patience.stop);
+  }
+  detach();
+  failPending(503, "The simulator is stopping.");
+}
+
+void SettingsProcess::request(nlohmann::json message, Respond respond) {
+  if (!child_) return respond(errorResponse(503, failure_.value_or("Settings is not running.")));
+
+  const std::uint64_t number = ++lastRequest_;
+  message["request"] = number;
+  const Milliseconds patience = hasAnswered_ ? settings_.patience.answer : settings_.patience.firstAnswer;
+  const EventLoop::Timer timeout = loop_.after(patience, [this, number, patience] {
+    const auto entry = pending_.find(number);
+    if (entry == pending_.end() || !entry->second.respond) return;
+    // The entry stays: the process still owes the answer, and is hung when it never comes.
+    std::exchange(entry->second.respond, nullptr)(
+        errorResponse(504, "Settings has not answered within " + seconds(patience) + "."));
+  });
+  if (pending_.empty()) waitingSince_ = Clock::now();
+  pending_.emplace(number, Pending{message.value("verb", ""), std::move(respond), timeout});
+  watchForHang();
+  send(message);
+}
+
+void SettingsProcess::tell(const nlohmann::json& message) {
+  if (child_) send(message);
+}
+
+void SettingsProcess::respring() {
+  loop_.cancel(restartTimer_);
+  if (child_) {
+    child_->kill();
+    drain();
+    detach();
+  }
+  shortLives_ = 0;
+  auto interrupted = std::exchange(pending_, {});
+  launch();
+  for (auto& [number, pending] : interrupted) {
+    loop_.cancel(pending.timeout);
+    if (!pending.respond) continue;
+    if (pending.verb == "image") {
+      pending.respond(errorResponse(404, "The picture went with the respring."));
+    } else {
+      request({{"verb", "screen"}}, std::move(pending.respond));
+    }
+  }
+}
+
+void SettingsProcess::launch() {
+  ++revision_;
+  launched_ = Clock::now();
+  hasAnswered_ = false;
+  isClosed_ = false;
+  try {
+    child_ = std::make_unique<ChildProcess>(settings_.program, [this](int descriptor) {
+      return std::vector<std::string>{"--device",   settings_.deviceFolder,       "--channel",
+                                      std::to_string(descriptor), "--revision", std::to_string(revision_)};
+    });
+  } catch (const Failure& failure) {
+    ended(failure.what());
+    return;
+  }
+  failure_.reset();
+  loop_.watch(child_->endDescriptor(), POLLIN, [this] { childEnded(); });
+  flush();
+  for (const nlohmann::json& message : listener_.greeting()) send(message);
+  listener_.started();
+  listener_.revisionChanged();
+}
+
+void SettingsProcess::send(const nlohmann::json& message) {
+  child_->channel().queue({message, {}});
+  flush();
+}
+
+// Sends what the process takes now, and waits for the rest and for what it says.
+void SettingsProcess::flush() {
+  if (isClosed_) return;
+  wire::Channel& channel = child_->channel();
+  const bool more = channel.flush() && channel.hasQueued();
+  loop_.watch(channel.descriptor(), static_cast<short>(more ? POLLIN | POLLOUT : POLLIN), [this] { channelReady(); });
+}
+
+void SettingsProcess::channelReady() {
+  if (!isReadable(child_->channel().descriptor())) return flush();
+  if (!receive()) channelClosed();
+}
+
+// The process is about to end, or it speaks no more of our language; without its channel it is of no use.
+void SettingsProcess::channelClosed() {
+  isClosed_ = true;
+  loop_.unwatch(child_->channel().descriptor());
+  closeTimer_ = loop_.after(settings_.patience.close, [this] {
+    child_->kill();
+    ended("Settings has left its channel and was killed.");
+  });
+}
+
+void SettingsProcess::childEnded() {
+  const std::string how = child_->kill();
+  drain();
+  ended("Settings " + how + ".");
+}
+
+// Takes what the process said before its end. Another process may hold the channel open, so this does not wait for its
+// end.
+void SettingsProcess::drain() {
+  while (!isClosed_ && isReadable(child_->channel().descriptor()) && receive()) {
+  }
+}
+
+// False when the channel has come to its end.
+bool SettingsProcess::receive() {
+  std::vector<wire::Message> messages;
+  const bool open = child_->channel().receive(messages);
+  for (wire::Message& message : messages) take(std::move(message));
+  return open;
+}
+
+void SettingsProcess::take(wire::Message message) {
+  if (message.header.contains("reply")) return answer(std::move(message));
+  const auto post = message.header.find("post");
+  if (post == message.header.end()) return;
+  if (*post == "changed") {
+    const auto revision = message.header.find("revision");
+    const bool isNumber = revision != message.header.end() && revision->is_number_unsigned();
+    if (isNumber) sawRevision(revision->get<std::uint64_t>());
+  } else {
+    listener_.posted(message.header);
+  }
+}
+
+void SettingsProcess::answer(wire::Message message) {
+  const nlohmann::json& number = message.header["reply"];
+  if (!number.is_number_unsigned()) return;
+  const auto entry = pending_.find(number.get<std::uint64_t>());
+  if (entry == pending_.end()) return;
+  Pending pending = std::move(entry->second);
+  pending_.erase(entry);
+  loop_.cancel(pending.timeout);
+  hasAnswered_ = true;
+  waitingSince_ = Clock::now();
+
+  const auto type = message.header.find("type");
+  if (type != message.header.end() && *type == "application/json") sawRevision(revisionIn(message.payload));
+  if (pending.respond) pending.respond(responseFrom(std::move(message)));
+}
+
+void SettingsProcess::sawRevision(std::uint64_t revision) {
+  if (revision <= revision_) return;
+  revision_ = revision;
+  listener_.revisionChanged();
+}
+
+void SettingsProcess::watchForHang() {
+  loop_.cancel(hangTimer_);
+  const auto waited = std::chrono::floor<Milliseconds>(Clock::now() - waitingSince_);
+  hangTimer_ = loop_.after(std::max(settings_.patience.hung - waited, Milliseconds{0}), [this] { checkForHang(); });
+}
+
+void SettingsProcess::checkForHang() {
+  if (pending_.empty() || !child_) return;
+  if (Clock::now() - waitingSince_ < settings_.patience.hung) return watchForHang();
+  child_->kill();
+  ended("Settings has not answered for " + seconds(settings_.patience.hung) + " and was killed.");
+}
+
+// Lets go of the process, which is killed when it still runs.
+void SettingsProcess::detach() {
+  if (!child_) return;
+  loop_.cancel(hangTimer_);
+  loop_.cancel(closeTimer_);
+  loop_.unwatch(child_->channel().descriptor());
+  loop_.unwatch(child_->endDescriptor());
+  child_.reset();
+}
+
+void SettingsProcess::ended(const std::string& how) {
+  const bool wasShort = Clock::now() - launched_ < settings_.patience.shortLife;
+  shortLives_ = wasShort ? shortLives_ + 1 : 0;
+  detach();
+  failPending(500, how);
+  if (shortLives_ < 2) {
+    listener_.logged(how + " It is started again.");
+    return launch();
+  }
+
+  const int doublings = std::min(shortLives_ - 2, 16);
+  const Milliseconds pause = std::min(settings_.patience.firstPause * (1 << doublings), settings_.patience.longestPause);
+  listener_.logged(how + " It is started again in " + std::to_string(pause.count()) + " ms.");
+  failure_ = how;
+  ++revision_;
+  listener_.revisionChanged();
+  restartTimer_ = loop_.after(pause, [this] { launch(); });
+}
+
+void SettingsProcess::failPending(int status, const std::string& reason) {
+  for (auto& [number, pending] : std::exchange(pending_, {})) {
+    loop_.cancel(pending.timeout);
+    if (pending.respond) pending.respond(errorResponse(status, reason));
+  }
+}
+
+}  // namespace sim

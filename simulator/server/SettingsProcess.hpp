@@ -1,0 +1,125 @@
+// The keeper of the Settings process: starts it, asks it, and starts it again when it ends.
+#pragma once
+
+#include "server/ChildProcess.hpp"
+#include "server/EventLoop.hpp"
+#include "server/Http.hpp"
+
+#include <nlohmann/json.hpp>
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sim {
+
+/// Main thread only.
+class SettingsProcess final {
+ public:
+  using Clock = std::chrono::steady_clock;
+  using Milliseconds = std::chrono::milliseconds;
+
+  /// How long the keeper waits.
+  struct Patience {
+    Milliseconds answer{5'000};        // For the answer to a request.
+    Milliseconds firstAnswer{20'000};  // For the first one of a process, which loads its bundles before it.
+    Milliseconds hung{30'000};         // With requests open and no answer to any of them, before the process is killed.
+    Milliseconds close{3'000};         // For the process to end after its channel has, before it is killed.
+    Milliseconds shortLife{3'000};     // A process that ended sooner counts as one that could not be started.
+    Milliseconds firstPause{500};      // Before the third start in a row; doubles with each further one.
+    Milliseconds longestPause{30'000};
+    Milliseconds stop{3'000};          // For the process to end by itself when the simulator stops.
+  };
+
+  struct Settings {
+    std::string program;
+    std::string deviceFolder;
+    Patience patience{};
+  };
+
+  /// What the keeper tells its owner.
+  struct Listener {
+    std::function<std::vector<nlohmann::json>()> greeting;  // The messages that a fresh process gets first.
+    std::function<void(const nlohmann::json& post)> posted;
+    std::function<void(const std::string& line)> logged;
+    std::function<void()> revisionChanged;
+    std::function<void()> started;  // A fresh process has taken over; what was known of the old one's pictures is void.
+  };
+
+  /// `loop` must outlive the keeper.
+  SettingsProcess(EventLoop& loop, Settings settings, Listener listener);
+  ~SettingsProcess();
+  SettingsProcess(const SettingsProcess&) = delete;
+  SettingsProcess& operator=(const SettingsProcess&) = delete;
+
+  /// Starts the first process. A failure is told in the log, and tried again.
+  void start();
+
+  /// Ends the process; what was asked is answered with 503.
+  void stop();
+
+  /// Asks the process. `message` gets its number here. `respond` gets the answer, or an error: 504 when none came in
+  /// time, 500 when the process ended over it, 503 when there is no process.
+  void request(nlohmann::json message, Respond respond);
+
+  /// Tells the process something that has no answer. Dropped when there is none: a fresh one is greeted.
+  void tell(const nlohmann::json& message);
+
+  /// Kills the process and starts afresh. Open requests for a screen or an event are answered with the fresh screen.
+  void respring();
+
+  /// The newest revision of the screen that is known. Grows across all processes.
+  std::uint64_t revision() const noexcept { return revision_; }
+
+  /// Why there is no process at present, as a sentence.
+  const std::optional<std::string>& failure() const noexcept { return failure_; }
+
+ private:
+  struct Pending {
+    std::string verb;
+    Respond respond;
+    EventLoop::Timer timeout;
+  };
+
+  void launch();
+  void send(const nlohmann::json& message);
+  void flush();
+  void channelReady();
+  void channelClosed();
+  void childEnded();
+  void drain();
+  bool receive();
+  void take(wire::Message message);
+  void answer(wire::Message message);
+  void sawRevision(std::uint64_t revision);
+  void watchForHang();
+  void checkForHang();
+  void detach();
+  void ended(const std::string& how);
+  void failPending(int status, const std::string& reason);
+
+  EventLoop& loop_;
+  const Settings settings_;
+  const Listener listener_;
+
+  std::unique_ptr<ChildProcess> child_;
+  Clock::time_point launched_;
+  bool hasAnswered_ = false;              // The present process; so is the next.
+  bool isClosed_ = false;                 // Its channel.
+  std::map<std::uint64_t, Pending> pending_;  // By request number; of the present process alone.
+  std::uint64_t lastRequest_ = 0;
+  Clock::time_point waitingSince_;        // When the present wait for any answer began.
+  EventLoop::Timer hangTimer_ = 0;
+  EventLoop::Timer closeTimer_ = 0;
+  EventLoop::Timer restartTimer_ = 0;
+  int shortLives_ = 0;                    // In a row.
+  std::optional<std::string> failure_;
+  std::uint64_t revision_ = 0;
+};
+
+}  // namespace sim

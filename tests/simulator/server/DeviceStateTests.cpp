@@ -1,0 +1,59 @@
+#include "server/DeviceState.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+class DeviceStateTests : public ::testing::Test {
+ protected:
+  int changes_ = 0;
+  sim::DeviceState state_{[this] { ++changes_; }};
+};
+
+TEST_F(DeviceStateTests, EveryChangeIsToldAndCounted) {
+  state_.addNotification("a");
+  state_.addRespring();
+  state_.addOpenedUrl("b");
+  state_.addLogLine("c");
+  state_.setPasteboard("d");
+  state_.setAppearance("dark");
+  state_.filesChanged();
+  EXPECT_EQ(changes_, 7);
+  EXPECT_EQ(state_.sequence(), 7u);
+  EXPECT_EQ(state_.json()["sequence"], 7);
+}
+
+TEST_F(DeviceStateTests, AnEqualPasteboardIsNoChange) {
+  state_.setPasteboard("a");
+  state_.setPasteboard("a");
+  state_.setPasteboard(std::nullopt);
+  state_.setPasteboard(std::nullopt);
+  EXPECT_EQ(changes_, 2);
+}
+
+TEST_F(DeviceStateTests, OnlyTheNewestAreKept) {
+  for (int i = 1; i <= 3'000; ++i) {
+    state_.addLogLine(std::to_string(i));
+    state_.addNotification(std::to_string(i));
+    state_.addOpenedUrl(std::to_string(i));
+  }
+  const auto json = state_.json();
+  EXPECT_EQ(json["log"].size(), 2'000u);
+  EXPECT_EQ(json["log"].front(), "1001");
+  EXPECT_EQ(json["log"].back(), "3000");
+  EXPECT_EQ(json["notifications"].size(), 1'000u);
+  EXPECT_EQ(json["notifications"].front()["sequence"], 2'001);
+  EXPECT_EQ(json["openedURLs"].size(), 1'000u);
+}
+
+TEST_F(DeviceStateTests, ALongLineIsCutBetweenCharacters) {
+  std::string line = "x";
+  while (line.size() < 10'000) line += "\u00E4";
+  state_.addLogLine(line);
+  const std::string kept = state_.json()["log"][0];
+  EXPECT_EQ(kept, line.substr(0, 8'191) + "\u2026");
+}
+
+}  // namespace

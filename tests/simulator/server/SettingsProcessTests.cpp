@@ -1,0 +1,225 @@
+// The keeper of the Settings process: what happens when the process is slow, hangs, ends or cannot be started.
+#include "server/SettingsProcess.hpp"
+
+#include "support/plain/RunningSimulator.hpp"
+#include "support/plain/TemporaryFolder.hpp"
+#include "support/plain/Waiting.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <signal.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <string>
+#include <thread>
+
+namespace {
+
+using namespace std::chrono_literals;
+using nlohmann::json;
+using ::testing::HasSubstr;
+using Patience = sim::SettingsProcess::Patience;
+
+class SettingsProcessTests : public ::testing::Test {
+ protected:
+  std::filesystem::path device() const { return folder_.path() / "device"; }
+  std::string starts() const { return test::readText(device() / "fake/starts"); }
+  long startCount() const { return std::ranges::count(starts(), '\n'); }
+
+  static std::string logOf(const test::RunningSimulator& simulator) { return simulator.device()["log"].dump(); }
+  static pid_t processOf(const test::RunningSimulator& simulator) {
+    // A process that has just been started, or a busy machine, may take longer than a test's patience.
+    json screen;
+    test::waitUntil([&] {
+      screen = simulator.get("/api/screen").json();
+      return screen.contains("process");
+    });
+    return screen.value("process", 0);
+  }
+
+  test::TemporaryFolder folder_;
+};
+
+TEST_F(SettingsProcessTests, ACrashIsAnsweredLoggedAndMended) {
+  const test::RunningSimulator simulator(device());
+  const auto response = simulator.tap("crash");
+  EXPECT_EQ(response.status, 500);
+  EXPECT_THAT(response.json()["error"].get<std::string>(), HasSubstr("Settings was ended by signal 6"));
+  EXPECT_EQ(simulator.get("/api/screen").json()["revision"], 2) << "the revision goes on growing";
+  EXPECT_THAT(logOf(simulator), HasSubstr("signal 6"));
+  EXPECT_EQ(starts(), "1\n2\n");
+  EXPECT_EQ(simulator.device()["resprings"], 0);
+}
+
+TEST_F(SettingsProcessTests, AnExitIsAnsweredLoggedAndMended) {
+  const test::RunningSimulator simulator(device());
+  EXPECT_THAT(simulator.tap("exit").json()["error"].get<std::string>(), HasSubstr("exited with status 3"));
+  EXPECT_EQ(simulator.get("/api/screen").status, 200);
+}
+
+TEST_F(SettingsProcessTests, AProcessThatSpeaksNonsenseIsReplaced) {
+  const test::RunningSimulator simulator(device(), {.close = 100ms});
+  EXPECT_EQ(simulator.tap("garbage").status, 500);
+  EXPECT_EQ(simulator.get("/api/screen").status, 200);
+  EXPECT_EQ(startCount(), 2);
+}
+
+TEST_F(SettingsProcessTests, AFreshProcessIsToldThePasteboardAndTheAppearance) {
+  const test::RunningSimulator simulator(device());
+  simulator.tap("copy:kept");
+  simulator.send("PUT", "/api/device/appearance", {{"style", "dark"}});
+  simulator.tap("crash");
+  const json screen = simulator.get("/api/screen").json();
+  EXPECT_EQ(screen["pasteboard"], "kept");
+  EXPECT_EQ(screen["appearance"], "dark");
+}
+
+TEST_F(SettingsProcessTests, PicturesOfAnEarlierProcessAreForgotten) {
+  const test::RunningSimulator simulator(device());
+  EXPECT_EQ(simulator.get("/images/3").body, "picture 3");
+  simulator.tap("crash");
+  const pid_t process = processOf(simulator);
+  ASSERT_EQ(::kill(process, SIGSTOP), 0);
+  std::atomic<int> status = 0;
+  std::thread asking([&] { status = simulator.get("/images/3").status; });
+  std::this_thread::sleep_for(200ms);
+  EXPECT_EQ(status, 0) << "the picture comes from the fresh process, which is stopped";
+  ::kill(process, SIGCONT);
+  asking.join();
+  EXPECT_EQ(status, 200);
+}
+
+TEST_F(SettingsProcessTests, ALateAnswerIsATimeoutAndTheProcessStays) {
+  const test::RunningSimulator simulator(device(), {.answer = 300ms});
+  const pid_t process = processOf(simulator);
+  const auto response = simulator.tap("slow:1000");
+  EXPECT_EQ(response.status, 504);
+  EXPECT_TRUE(response.json()["error"].is_string());
+  EXPECT_TRUE(test::waitUntil([&] { return simulator.get("/api/screen").status == 200; }));
+  EXPECT_EQ(processOf(simulator), process);
+}
+
+TEST_F(SettingsProcessTests, AHungProcessIsKilledAndReplaced) {
+  const test::RunningSimulator simulator(device(), {.answer = 200ms, .hung = 800ms});
+  const pid_t process = processOf(simulator);
+  EXPECT_EQ(simulator.tap("hang").status, 504);
+  EXPECT_TRUE(test::waitUntil([&] { return startCount() == 2; }));
+  EXPECT_TRUE(test::waitUntil([&] { return simulator.get("/api/screen").status == 200; }));
+  EXPECT_NE(processOf(simulator), process);
+  EXPECT_THAT(logOf(simulator), HasSubstr("was killed"));
+}
+
+TEST_F(SettingsProcessTests, AProcessThatTakesNothingStopsNobody) {
+  const test::RunningSimulator simulator(device(), {.answer = 300ms, .hung = 6'000ms});
+  const pid_t process = processOf(simulator);
+  ASSERT_EQ(::kill(process, SIGSTOP), 0);
+  // More than the channel holds.
+  for (int i = 0; i < 4; ++i)
+    EXPECT_EQ(simulator.tap(std::string(600'000, 'x')).status, 504);
+  EXPECT_EQ(simulator.get("/api/device").status, 200);
+  EXPECT_TRUE(test::waitUntil([&] { return startCount() == 2; }));
+}
+
+TEST_F(SettingsProcessTests, AProcessThatDoesNotStartIsTriedAgainAndTheScreenSaysSo) {
+  test::writeText(device() / "fake/exit-at-start", "");
+  const test::RunningSimulator simulator(device(), {.firstPause = 50ms, .longestPause = 100ms});
+  ASSERT_TRUE(test::waitUntil([&] { return startCount() >= 4; }));
+  json screen;
+  ASSERT_TRUE(test::waitUntil([&] {
+    screen = simulator.get("/api/screen").json();
+    return screen.contains("page");
+  }));
+  EXPECT_EQ(screen["path"], json::array({"Settings"}));
+  EXPECT_EQ(screen["page"]["sections"][0]["header"], "Settings could not be started");
+  EXPECT_EQ(screen["page"]["sections"][0]["footer"], "Settings exited with status 7.");
+  EXPECT_THAT(logOf(simulator), HasSubstr("started again in 50 ms"));
+  EXPECT_THAT(logOf(simulator), HasSubstr("started again in 100 ms"));
+
+  std::filesystem::remove(device() / "fake/exit-at-start");
+  EXPECT_TRUE(test::waitUntil([&] { return simulator.get("/api/screen").json().contains("process"); }));
+  EXPECT_GT(simulator.get("/api/screen").json()["revision"], screen["revision"]);
+}
+
+TEST_F(SettingsProcessTests, EventsAreRefusedWhileThereIsNoProcess) {
+  test::writeText(device() / "fake/exit-at-start", "");
+  const test::RunningSimulator simulator(device(), {.firstPause = 60'000ms, .longestPause = 60'000ms});
+  ASSERT_TRUE(test::waitUntil([&] { return startCount() == 2; }));
+  ASSERT_TRUE(test::waitUntil([&] { return simulator.tap("log:x").status == 503; }));
+  EXPECT_EQ(simulator.tap("log:x").json()["error"], "Settings exited with status 7.");
+}
+
+TEST_F(SettingsProcessTests, RequestsWaitForASlowStart) {
+  test::writeText(device() / "fake/slow-start", "700");
+  const test::RunningSimulator simulator(device(), {.answer = 200ms});
+  EXPECT_EQ(simulator.get("/api/screen").status, 200);
+}
+
+TEST_F(SettingsProcessTests, KillallMakesARespring) {
+  const test::RunningSimulator simulator(device());
+  simulator.tap("copy:kept");
+  const pid_t process = processOf(simulator);
+  // The process waits for its end without answering; the tap is answered by the fresh one.
+  const auto response = simulator.tap("killall");
+  EXPECT_EQ(response.status, 200);
+  EXPECT_NE(response.json()["process"], process);
+  EXPECT_EQ(response.json()["pasteboard"], "kept");
+  EXPECT_GT(response.json()["revision"], 2);
+  EXPECT_EQ(simulator.device()["resprings"], 1);
+  EXPECT_EQ(startCount(), 2);
+  EXPECT_NE(::kill(process, 0), 0) << "the old process is gone and reaped";
+}
+
+TEST_F(SettingsProcessTests, WhatWasPostedBeforeARespringIsNotLost) {
+  const test::RunningSimulator simulator(device());
+  for (int i = 1; i <= 20; ++i) {
+    simulator.tap("killall");
+    ASSERT_EQ(simulator.device()["notifications"].size(), static_cast<std::size_t>(i));
+  }
+}
+
+TEST_F(SettingsProcessTests, ManyResprings) {
+  const test::RunningSimulator simulator(device());
+  for (int i = 1; i <= 10; ++i) {
+    EXPECT_EQ(simulator.tap("killall").status, 200);
+    EXPECT_EQ(simulator.device()["resprings"], i);
+  }
+  EXPECT_EQ(logOf(simulator), "[]") << "a respring is no failure";
+}
+
+TEST_F(SettingsProcessTests, NothingOfItStaysBehind) {
+  pid_t process = 0;
+  {
+    const test::RunningSimulator simulator(device());
+    process = processOf(simulator);
+    ASSERT_EQ(::kill(process, 0), 0);
+  }
+  EXPECT_NE(::kill(process, 0), 0);
+}
+
+TEST_F(SettingsProcessTests, AHungProcessDoesNotHoldUpTheEnd) {
+  pid_t process = 0;
+  const auto begin = std::chrono::steady_clock::now();
+  {
+    const test::RunningSimulator simulator(device(), {.answer = 100ms, .stop = 100ms});
+    process = processOf(simulator);
+    simulator.tap("hang");
+  }
+  EXPECT_NE(::kill(process, 0), 0);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, 10s);
+}
+
+TEST_F(SettingsProcessTests, NoDescriptorsLeakOverManyResprings) {
+  const auto openDescriptors = [] {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), std::filesystem::directory_iterator());
+  };
+  const test::RunningSimulator simulator(device());
+  simulator.tap("killall");
+  const auto before = openDescriptors();
+  for (int i = 0; i < 10; ++i) simulator.tap("killall");
+  EXPECT_TRUE(test::waitUntil([&] { return openDescriptors() <= before; }));
+}
+
+}  // namespace

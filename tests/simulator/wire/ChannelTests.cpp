@@ -1,0 +1,97 @@
+#include "wire/Channel.hpp"
+
+#include <gtest/gtest.h>
+
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using sim::wire::Channel;
+using sim::wire::Message;
+
+struct Pair {
+  Pair() { ::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends); }
+  int ends[2];
+};
+
+class ChannelTests : public ::testing::Test {
+ protected:
+  std::vector<Message> receive(std::size_t count) {
+    std::vector<Message> messages;
+    while (messages.size() < count && there_.receive(messages)) {
+    }
+    return messages;
+  }
+
+  Pair pair_;
+  Channel here_{pair_.ends[0]};
+  Channel there_{pair_.ends[1]};
+};
+
+TEST_F(ChannelTests, BringsHeadersAndPayloadsInTheirOrder) {
+  const std::string picture("\n{\0}\n", 5);
+  ASSERT_TRUE(here_.send({{{"reply", 1}}, picture}));
+  ASSERT_TRUE(here_.send({{{"post", "log"}, {"line", "a\nb"}}, {}}));
+  const auto messages = receive(2);
+  ASSERT_EQ(messages.size(), 2u);
+  EXPECT_EQ(messages[0].header, (nlohmann::json{{"reply", 1}, {"length", 5}}));
+  EXPECT_EQ(messages[0].payload, picture);
+  EXPECT_EQ(messages[1].header["line"], "a\nb");
+  EXPECT_EQ(messages[1].payload, "");
+}
+
+TEST_F(ChannelTests, BringsPayloadsThatArriveInPieces) {
+  const std::string large(3 << 20, 'x');
+  std::thread writer([&] { here_.send({{{"reply", 7}}, large}); });
+  const auto messages = receive(1);
+  writer.join();
+  ASSERT_EQ(messages.size(), 1u);
+  EXPECT_EQ(messages[0].payload, large);
+}
+
+TEST_F(ChannelTests, QueueNeverWaitsAndFlushSendsTheRestLater) {
+  const std::string large(3 << 20, 'y');
+  here_.queue({{{"verb", "event"}}, large});
+  ASSERT_TRUE(here_.flush());
+  EXPECT_TRUE(here_.hasQueued()) << "the socket's buffer is smaller than this";
+  std::vector<Message> messages;
+  while (messages.empty()) {
+    ASSERT_TRUE(there_.receive(messages));
+    ASSERT_TRUE(here_.flush());
+  }
+  EXPECT_FALSE(here_.hasQueued());
+  EXPECT_EQ(messages[0].payload, large);
+}
+
+TEST_F(ChannelTests, FlushTellsThatThePeerIsGone) {
+  { const Channel gone(::dup(pair_.ends[1])); }
+  ::shutdown(pair_.ends[1], SHUT_RDWR);
+  here_.queue({{{"verb", "screen"}}, {}});
+  EXPECT_FALSE(here_.flush());
+}
+
+TEST_F(ChannelTests, RefusesWhatIsNoMessage) {
+  for (const std::string line : {"nonsense\n", "[1]\n", "{\"length\":-1}\n", "{\"length\":99999999999999}\n"}) {
+    Pair pair;
+    Channel reader(pair.ends[1]);
+    ASSERT_EQ(::send(pair.ends[0], line.data(), line.size(), 0), static_cast<ssize_t>(line.size()));
+    std::vector<Message> messages;
+    EXPECT_FALSE(reader.receive(messages)) << line;
+    EXPECT_TRUE(messages.empty());
+    ::close(pair.ends[0]);
+  }
+}
+
+TEST_F(ChannelTests, SendsTextsThatAreNoUtf8) {
+  ASSERT_TRUE(here_.send({{{"line", "a\xFFz"}}, {}}));
+  const auto messages = receive(1);
+  ASSERT_EQ(messages.size(), 1u);
+  EXPECT_EQ(messages[0].header["line"], "a\uFFFDz");
+}
+
+}  // namespace
