@@ -78,6 +78,9 @@ std::string iconOf(const SampleApp& app, int scale) {
   });
 }
 
+// The device's package database is this computer's.
+constexpr const char* kPackageTool = "#!/bin/sh\nexec /usr/bin/dpkg-query \"$@\"\n";
+
 }  // namespace
 
 std::vector<ShippedFile> sampleContent() {
@@ -91,6 +94,7 @@ std::vector<ShippedFile> sampleContent() {
   }
   for (const SamplePhoto& photo : samplePhotos())
     files.push_back({"var/mobile/Media/DCIM/100APPLE/" + photo.fileName, ofThisBuild, 0644, photo.png});
+  files.push_back({"usr/bin/dpkg-query", ofThisBuild, 0755, [] { return std::string(kPackageTool); }});
   return files;
 }
 

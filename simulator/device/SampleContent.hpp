@@ -1,4 +1,4 @@
-// What a fresh device holds: apps and photos, drawn by the simulator itself.
+// What a fresh device holds: apps and photos, drawn by the simulator itself, and the package tool.
 #pragma once
 
 #include "device/Installer.hpp"
@@ -7,7 +7,7 @@
 
 namespace sim {
 
-/// The sample apps and photos. Nothing is drawn before it is asked for. Their edition is this program's build.
+/// The sample apps and photos, and a package tool that asks that of this computer. Nothing is drawn before it is asked for. Their edition is this program's build.
 std::vector<ShippedFile> sampleContent();
 
 }  // namespace sim

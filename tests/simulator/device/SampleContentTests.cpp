@@ -69,6 +69,16 @@ TEST(SampleContentTests, NamesBeyondAsciiSurvive) {
   EXPECT_EQ((*sim::propertyListJson(tea->content()))["CFBundleDisplayName"], "\u304A\u8336\u306E\u6642\u9593 \U0001F375");
 }
 
+TEST(SampleContentTests, ThePackageToolAsksThatOfThisComputer) {
+  for (const ShippedFile& file : sampleContent()) {
+    if (file.path != "usr/bin/dpkg-query") continue;
+    EXPECT_EQ(file.mode, 0755u);
+    EXPECT_EQ(file.content(), "#!/bin/sh\nexec /usr/bin/dpkg-query \"$@\"\n");
+    return;
+  }
+  FAIL() << "there is no package tool";
+}
+
 TEST(SampleContentTests, PhotosHaveTheSizesOfACameraAndAScreen) {
   std::set<std::pair<int, int>> sizes;
   for (const sim::ShippedFile& file : sim::sampleContent()) {
