@@ -1,0 +1,37 @@
+#import <CoreGraphics/CGColorSpace.h>
+
+@interface SIMColorSpace : NSObject {
+ @public
+  CGColorSpaceModel _model;
+}
+@end
+
+@implementation SIMColorSpace
+@end
+
+namespace {
+
+CGColorSpaceRef create(CGColorSpaceModel model) {
+  SIMColorSpace *space = [[SIMColorSpace alloc] init];
+  space->_model = model;
+  return (CGColorSpaceRef)space;
+}
+
+}  // namespace
+
+CGColorSpaceRef CGColorSpaceCreateDeviceRGB(void) { return create(kCGColorSpaceModelRGB); }
+CGColorSpaceRef CGColorSpaceCreateDeviceGray(void) { return create(kCGColorSpaceModelMonochrome); }
+CGColorSpaceRef CGColorSpaceRetain(CGColorSpaceRef space) { return (CGColorSpaceRef)[(id)space retain]; }
+void CGColorSpaceRelease(CGColorSpaceRef space) { [(id)space release]; }
+
+CGColorSpaceModel CGColorSpaceGetModel(CGColorSpaceRef space) {
+  return space ? ((SIMColorSpace *)space)->_model : kCGColorSpaceModelUnknown;
+}
+
+size_t CGColorSpaceGetNumberOfComponents(CGColorSpaceRef space) {
+  switch (CGColorSpaceGetModel(space)) {
+    case kCGColorSpaceModelMonochrome: return 1;
+    case kCGColorSpaceModelRGB: return 3;
+    case kCGColorSpaceModelUnknown: return 0;
+  }
+}

@@ -1,0 +1,12 @@
+// CoreGraphics: geometry, colours, images, paths and drawing into image contexts.
+#pragma once
+
+#include <CoreGraphics/CGAffineTransform.h>
+#include <CoreGraphics/CGBase.h>
+#include <CoreGraphics/CGColor.h>
+#include <CoreGraphics/CGColorSpace.h>
+#include <CoreGraphics/CGContext.h>
+#include <CoreGraphics/CGDataProvider.h>
+#include <CoreGraphics/CGGeometry.h>
+#include <CoreGraphics/CGImage.h>
+#include <CoreGraphics/CGPath.h>

@@ -1,0 +1,61 @@
+#import <CoreImage/CIFilter.h>
+#import <CoreImage/CIImage+Sim.h>
+
+NSString *const kCIInputImageKey = @"inputImage";
+NSString *const kCIOutputImageKey = @"outputImage";
+
+namespace {
+
+NSString *const colorInvert = @"CIColorInvert";
+
+}  // namespace
+
+@implementation CIFilter
+
++ (CIFilter *)filterWithName:(NSString *)name {
+  if (![name isEqualToString:colorInvert]) {
+    NSLog(@"CIFilter: there is no filter \"%@\".", name);
+    return nil;
+  }
+  return [[[self alloc] init] autorelease];
+}
+
+// Key-value coding reaches the inputs by their accessors only.
++ (BOOL)accessInstanceVariablesDirectly {
+  return NO;
+}
+
+- (NSString *)name {
+  return colorInvert;
+}
+
+- (NSArray *)inputKeys {
+  return @[ kCIInputImageKey ];
+}
+
+- (NSArray *)outputKeys {
+  return @[ kCIOutputImageKey ];
+}
+
+- (void)setDefaults {
+}
+
+- (CIImage *)inputImage {
+  return _inputImage.get();
+}
+
+- (void)setInputImage:(CIImage *)image {
+  _inputImage = objcxx::share(image);
+}
+
+- (CIImage *)outputImage {
+  return [_inputImage.get() sim_colorInverted];
+}
+
+- (id)copyWithZone:(NSZone *)zone {
+  CIFilter *copy = [[CIFilter allocWithZone:zone] init];
+  copy->_inputImage = _inputImage;
+  return copy;
+}
+
+@end

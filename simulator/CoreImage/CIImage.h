@@ -1,0 +1,34 @@
+// An image as a recipe: pixels and the filters to be applied to them. Nothing is computed before it is rendered.
+#pragma once
+
+#import <CoreGraphics/CoreGraphics.h>
+#import <Foundation/Foundation.h>
+
+#include <memory>
+
+namespace sim {
+struct CIImageState;
+}
+
+@class UIImage;
+
+/// Immutable.
+@interface CIImage : NSObject <NSCopying> {
+ @private
+  std::unique_ptr<sim::CIImageState> _state;
+}
++ (CIImage *)imageWithCGImage:(CGImageRef)image;
+/// nil for data that is no image.
++ (CIImage *)imageWithData:(NSData *)data;
+/// nil for NULL.
+- (instancetype)initWithCGImage:(CGImageRef)image;
+- (instancetype)initWithData:(NSData *)data;
+/// Pixels, with the origin at (0, 0).
+@property (nonatomic, readonly) CGRect extent;
+@end
+
+/// Declared by UIKit on a device, too.
+@interface CIImage (UIKitAdditions)
+/// The image's bitmap, or the Core Image image that it was made from. nil for an image without either.
+- (instancetype)initWithImage:(UIImage *)image;
+@end

@@ -1,0 +1,4 @@
+// QuartzCore: the layer properties of a view.
+#pragma once
+
+#import <QuartzCore/CALayer.h>

@@ -1,0 +1,148 @@
+#import <QuartzCore/CALayer.h>
+#import <UIKit/UIView.h>
+
+#include <objcxx/Retained.h>
+
+namespace sim {
+
+struct CALayerState {
+  id delegate = nil;  // Not owned; cleared by the view.
+  CGFloat cornerRadius = 0;
+  CACornerMask maskedCorners =
+      kCALayerMinXMinYCorner | kCALayerMaxXMinYCorner | kCALayerMinXMaxYCorner | kCALayerMaxXMaxYCorner;
+  CGFloat borderWidth = 0;
+  objcxx::Retained<NSObject> borderColor;
+  objcxx::Retained<NSObject> shadowColor;
+  float shadowOpacity = 0;
+  CGSize shadowOffset = {0, -3};
+  CGFloat shadowRadius = 3;
+
+  // A layer is made for a view; what the two share, the view keeps.
+  UIView *view() const { return [delegate isKindOfClass:[UIView class]] ? (UIView *)delegate : nil; }
+};
+
+}  // namespace sim
+
+namespace {
+
+objcxx::Retained<NSObject> shared(CGColorRef color) { return objcxx::share((NSObject *)color); }
+
+}  // namespace
+
+@implementation CALayer
+
+- (instancetype)init {
+  if (!(self = [super init])) return nil;
+  _state = std::make_unique<sim::CALayerState>();
+  const CGColorRef black = CGColorCreateGenericGray(0, 1);
+  _state->borderColor = shared(black);
+  _state->shadowColor = shared(black);
+  CGColorRelease(black);
+  return self;
+}
+
+- (id)delegate {
+  return _state->delegate;
+}
+
+- (void)setDelegate:(id)delegate {
+  _state->delegate = delegate;
+}
+
+- (CGFloat)cornerRadius {
+  return _state->cornerRadius;
+}
+
+- (void)setCornerRadius:(CGFloat)radius {
+  _state->cornerRadius = radius;
+}
+
+- (CACornerMask)maskedCorners {
+  return _state->maskedCorners;
+}
+
+- (void)setMaskedCorners:(CACornerMask)corners {
+  _state->maskedCorners = corners;
+}
+
+- (BOOL)masksToBounds {
+  return [_state->view() clipsToBounds];
+}
+
+- (void)setMasksToBounds:(BOOL)masks {
+  [_state->view() setClipsToBounds:masks];
+}
+
+- (CGFloat)borderWidth {
+  return _state->borderWidth;
+}
+
+- (void)setBorderWidth:(CGFloat)width {
+  _state->borderWidth = width;
+}
+
+- (CGColorRef)borderColor {
+  return (CGColorRef)_state->borderColor.get();
+}
+
+- (void)setBorderColor:(CGColorRef)color {
+  _state->borderColor = shared(color);
+}
+
+- (CGColorRef)shadowColor {
+  return (CGColorRef)_state->shadowColor.get();
+}
+
+- (void)setShadowColor:(CGColorRef)color {
+  _state->shadowColor = shared(color);
+}
+
+- (float)shadowOpacity {
+  return _state->shadowOpacity;
+}
+
+- (void)setShadowOpacity:(float)opacity {
+  _state->shadowOpacity = opacity;
+}
+
+- (CGSize)shadowOffset {
+  return _state->shadowOffset;
+}
+
+- (void)setShadowOffset:(CGSize)offset {
+  _state->shadowOffset = offset;
+}
+
+- (CGFloat)shadowRadius {
+  return _state->shadowRadius;
+}
+
+- (void)setShadowRadius:(CGFloat)radius {
+  _state->shadowRadius = radius;
+}
+
+- (CGColorRef)backgroundColor {
+  return [[_state->view() backgroundColor] CGColor];
+}
+
+- (void)setBackgroundColor:(CGColorRef)color {
+  [_state->view() setBackgroundColor:color ? [UIColor colorWithCGColor:color] : nil];
+}
+
+- (float)opacity {
+  return float([_state->view() alpha]);
+}
+
+- (void)setOpacity:(float)opacity {
+  [_state->view() setAlpha:opacity];
+}
+
+- (BOOL)isHidden {
+  return [_state->view() isHidden];
+}
+
+- (void)setHidden:(BOOL)hidden {
+  [_state->view() setHidden:hidden];
+}
+
+@end

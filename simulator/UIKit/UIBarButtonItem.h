@@ -1,0 +1,72 @@
+// A button in a navigation bar.
+#pragma once
+
+#import <UIKit/UIBarItem.h>
+
+@class UIColor;
+@class UIView;
+
+typedef NS_ENUM(NSInteger, UIBarButtonItemStyle) {
+  UIBarButtonItemStylePlain = 0,
+  UIBarButtonItemStyleBordered = 1,
+  UIBarButtonItemStyleDone = 2,
+};
+
+typedef NS_ENUM(NSInteger, UIBarButtonSystemItem) {
+  UIBarButtonSystemItemDone = 0,
+  UIBarButtonSystemItemCancel,
+  UIBarButtonSystemItemEdit,
+  UIBarButtonSystemItemSave,
+  UIBarButtonSystemItemAdd,
+  UIBarButtonSystemItemFlexibleSpace,
+  UIBarButtonSystemItemFixedSpace,
+  UIBarButtonSystemItemCompose,
+  UIBarButtonSystemItemReply,
+  UIBarButtonSystemItemAction,
+  UIBarButtonSystemItemOrganize,
+  UIBarButtonSystemItemBookmarks,
+  UIBarButtonSystemItemSearch,
+  UIBarButtonSystemItemRefresh,
+  UIBarButtonSystemItemStop,
+  UIBarButtonSystemItemCamera,
+  UIBarButtonSystemItemTrash,
+  UIBarButtonSystemItemPlay,
+  UIBarButtonSystemItemPause,
+  UIBarButtonSystemItemRewind,
+  UIBarButtonSystemItemFastForward,
+  UIBarButtonSystemItemUndo,
+  UIBarButtonSystemItemRedo,
+  UIBarButtonSystemItemPageCurl,
+  UIBarButtonSystemItemClose,
+};
+
+namespace sim {
+struct BarButtonItemState;
+}
+
+/// A button that sends `action` to `target`. The target is not owned. Main thread.
+@interface UIBarButtonItem : UIBarItem {
+ @private
+  std::unique_ptr<sim::BarButtonItemState> _barButtonItemState;
+}
+- (instancetype)initWithTitle:(NSString *)title
+                        style:(UIBarButtonItemStyle)style
+                       target:(id)target
+                       action:(SEL)action;
+- (instancetype)initWithImage:(UIImage *)image
+                        style:(UIBarButtonItemStyle)style
+                       target:(id)target
+                       action:(SEL)action;
+- (instancetype)initWithBarButtonSystemItem:(UIBarButtonSystemItem)systemItem target:(id)target action:(SEL)action;
+- (instancetype)initWithCustomView:(UIView *)customView;
+
+@property (nonatomic) UIBarButtonItemStyle style;
+/// In points; 0 means by content.
+@property (nonatomic) CGFloat width;
+@property (nonatomic, retain) UIView *customView;
+/// Takes no argument, the item, or the item and an event (always nil here).
+@property (nonatomic) SEL action;
+/// Not owned; nil sends the action along the responder chain of the page in front.
+@property (nonatomic, assign) id target;
+@property (nonatomic, retain) UIColor *tintColor;
+@end

@@ -1,0 +1,197 @@
+#import <UIKit/UIButton.h>
+
+#include <objcxx/Retained.h>
+
+#include <algorithm>
+#include <map>
+
+namespace sim {
+
+template <typename Value>
+using PerState = std::map<UIControlState, objcxx::Retained<Value>>;
+
+struct UIButtonState {
+  UIButtonType type = UIButtonTypeCustom;
+  PerState<NSString> titles;
+  PerState<UIColor> titleColors;
+  PerState<UIImage> images;
+  PerState<UIImage> backgroundImages;
+  objcxx::Retained<UILabel> titleLabel;
+  objcxx::Retained<UIImageView> imageView;
+};
+
+}  // namespace sim
+
+namespace {
+
+// What was set for the state, else what was set for normal, else nil.
+template <typename Value>
+Value *valueFor(const sim::PerState<Value> &values, UIControlState state) {
+  const auto own = values.find(state);
+  if (own != values.end()) return own->second.get();
+  const auto normal = values.find(UIControlStateNormal);
+  return normal != values.end() ? normal->second.get() : nil;
+}
+
+template <typename Value>
+void set(sim::PerState<Value> &values, UIControlState state, const objcxx::Retained<Value> &value) {
+  if (value) values[state] = value;
+  else values.erase(state);
+}
+
+constexpr CGFloat systemTitleSize = 15;
+constexpr CGFloat systemVerticalInset = 6;
+
+}  // namespace
+
+@implementation UIButton
+
++ (instancetype)buttonWithType:(UIButtonType)type {
+  UIButton *button = [[[self alloc] initWithFrame:CGRectZero] autorelease];
+  button->_buttonState->type = type;
+  return button;
+}
+
+- (instancetype)initWithFrame:(CGRect)frame {
+  if (!(self = [super initWithFrame:frame])) return nil;
+  _buttonState = std::make_unique<sim::UIButtonState>();
+  return self;
+}
+
+- (UIButtonType)buttonType {
+  return _buttonState->type;
+}
+
+- (UILabel *)titleLabel {
+  if (!_buttonState->titleLabel) {
+    _buttonState->titleLabel = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectZero]);
+    UILabel *label = _buttonState->titleLabel.get();
+    const bool isSystem = _buttonState->type == UIButtonTypeSystem;
+    [label setFont:[UIFont systemFontOfSize:isSystem ? systemTitleSize : [UIFont buttonFontSize]]];
+    [label setLineBreakMode:NSLineBreakByTruncatingMiddle];
+    [self addSubview:label];
+    [self sim_showCurrent];
+  }
+  return _buttonState->titleLabel.get();
+}
+
+- (UIImageView *)imageView {
+  if (!_buttonState->imageView) {
+    _buttonState->imageView = objcxx::adopt([[UIImageView alloc] initWithImage:[self currentImage]]);
+    [self addSubview:_buttonState->imageView.get()];
+    [self setNeedsLayout];
+  }
+  return _buttonState->imageView.get();
+}
+
+- (void)sim_showCurrent {
+  if ([[self currentTitle] length] > 0 || _buttonState->titleLabel) {
+    [[self titleLabel] setText:[self currentTitle]];
+    [[self titleLabel] setTextColor:[self currentTitleColor]];
+  }
+  if ([self currentImage] || _buttonState->imageView) [[self imageView] setImage:[self currentImage]];
+  [self setNeedsLayout];
+}
+
+- (void)setEnabled:(BOOL)enabled {
+  [super setEnabled:enabled];
+  [self sim_showCurrent];
+}
+
+- (void)setSelected:(BOOL)selected {
+  [super setSelected:selected];
+  [self sim_showCurrent];
+}
+
+- (void)setHighlighted:(BOOL)highlighted {
+  [super setHighlighted:highlighted];
+  [self sim_showCurrent];
+}
+
+- (void)tintColorDidChange {
+  [super tintColorDidChange];
+  [self sim_showCurrent];
+}
+
+- (void)setTitle:(NSString *)title forState:(UIControlState)state {
+  set(_buttonState->titles, state, objcxx::adopt((NSString *)[title copy]));
+  [self sim_showCurrent];
+}
+
+- (void)setTitleColor:(UIColor *)color forState:(UIControlState)state {
+  set(_buttonState->titleColors, state, objcxx::share(color));
+  [self sim_showCurrent];
+}
+
+- (void)setImage:(UIImage *)image forState:(UIControlState)state {
+  set(_buttonState->images, state, objcxx::share(image));
+  [self sim_showCurrent];
+}
+
+- (void)setBackgroundImage:(UIImage *)image forState:(UIControlState)state {
+  set(_buttonState->backgroundImages, state, objcxx::share(image));
+}
+
+- (NSString *)titleForState:(UIControlState)state {
+  return valueFor(_buttonState->titles, state);
+}
+
+- (UIColor *)titleColorForState:(UIControlState)state {
+  if (UIColor *color = valueFor(_buttonState->titleColors, state)) return color;
+  if (_buttonState->type == UIButtonTypeCustom) return [UIColor whiteColor];
+  return state & UIControlStateDisabled ? [UIColor tertiaryLabelColor] : [self tintColor];
+}
+
+- (UIImage *)imageForState:(UIControlState)state {
+  return valueFor(_buttonState->images, state);
+}
+
+- (UIImage *)backgroundImageForState:(UIControlState)state {
+  return valueFor(_buttonState->backgroundImages, state);
+}
+
+- (NSString *)currentTitle {
+  return [self titleForState:[self state]];
+}
+
+- (UIColor *)currentTitleColor {
+  return [self titleColorForState:[self state]];
+}
+
+- (UIImage *)currentImage {
+  return [self imageForState:[self state]];
+}
+
+- (CGSize)sim_titleSize {
+  return [[self currentTitle] length] > 0 ? [[self titleLabel] sizeThatFits:CGSizeZero] : CGSizeZero;
+}
+
+- (CGSize)sizeThatFits:(CGSize)size {
+  (void)size;
+  const CGSize title = [self sim_titleSize];
+  const CGSize image = [[self currentImage] size];
+  const CGFloat inset = _buttonState->type == UIButtonTypeSystem ? systemVerticalInset : 0;
+  return CGSizeMake(image.width + title.width, std::max(image.height, title.height) + 2 * inset);
+}
+
+- (CGSize)intrinsicContentSize {
+  return [self sizeThatFits:CGSizeZero];
+}
+
+- (void)layoutSubviews {
+  [super layoutSubviews];
+  const CGSize bounds = [self bounds].size;
+  const CGSize image = [[self currentImage] size];
+  const CGSize title = [self sim_titleSize];
+  const CGFloat titleWidth = std::min(title.width, std::max<CGFloat>(bounds.width - image.width, 0));
+  const CGFloat spare = bounds.width - image.width - titleWidth;
+  CGFloat left = spare / 2;
+  if ([self contentHorizontalAlignment] == UIControlContentHorizontalAlignmentLeft) left = 0;
+  if ([self contentHorizontalAlignment] == UIControlContentHorizontalAlignmentRight) left = spare;
+  [_buttonState->imageView.get()
+      setFrame:CGRectMake(left, (bounds.height - image.height) / 2, image.width, image.height)];
+  [_buttonState->titleLabel.get()
+      setFrame:CGRectMake(left + image.width, (bounds.height - title.height) / 2, titleWidth, title.height)];
+}
+
+@end

@@ -1,0 +1,70 @@
+// Controls: views that send actions. Main thread only.
+#pragma once
+
+#import <UIKit/UIView.h>
+
+namespace sim {
+struct UIControlMemory;
+}
+
+@class UIEvent;
+
+typedef NS_OPTIONS(NSUInteger, UIControlEvents) {
+  UIControlEventTouchDown = 1 << 0,
+  UIControlEventTouchDownRepeat = 1 << 1,
+  UIControlEventTouchDragInside = 1 << 2,
+  UIControlEventTouchDragOutside = 1 << 3,
+  UIControlEventTouchDragEnter = 1 << 4,
+  UIControlEventTouchDragExit = 1 << 5,
+  UIControlEventTouchUpInside = 1 << 6,
+  UIControlEventTouchUpOutside = 1 << 7,
+  UIControlEventTouchCancel = 1 << 8,
+  UIControlEventValueChanged = 1 << 12,
+  UIControlEventPrimaryActionTriggered = 1 << 13,
+  UIControlEventEditingDidBegin = 1 << 16,
+  UIControlEventEditingChanged = 1 << 17,
+  UIControlEventEditingDidEnd = 1 << 18,
+  UIControlEventEditingDidEndOnExit = 1 << 19,
+  UIControlEventAllTouchEvents = 0x00000FFF,
+  UIControlEventAllEditingEvents = 0x000F0000,
+  UIControlEventAllEvents = 0xFFFFFFFF,
+};
+
+typedef NS_OPTIONS(NSUInteger, UIControlState) {
+  UIControlStateNormal = 0,
+  UIControlStateHighlighted = 1 << 0,
+  UIControlStateDisabled = 1 << 1,
+  UIControlStateSelected = 1 << 2,
+};
+
+typedef NS_ENUM(NSInteger, UIControlContentHorizontalAlignment) {
+  UIControlContentHorizontalAlignmentCenter = 0,
+  UIControlContentHorizontalAlignmentLeft = 1,
+  UIControlContentHorizontalAlignmentRight = 2,
+  UIControlContentHorizontalAlignmentFill = 3,
+};
+
+@interface UIControl : UIView {
+ @private
+  std::unique_ptr<sim::UIControlMemory> _controlState;
+}
+@property (nonatomic, getter=isEnabled) BOOL enabled;
+@property (nonatomic, getter=isSelected) BOOL selected;
+@property (nonatomic, getter=isHighlighted) BOOL highlighted;
+@property (nonatomic) UIControlContentHorizontalAlignment contentHorizontalAlignment;
+@property (nonatomic, readonly) UIControlState state;
+
+/// `target` is not owned; nil means the first in the responder chain that answers `action`. The action takes nothing,
+/// the sender, or the sender and an event (nil here). Adding the same pair again adds to its events.
+- (void)addTarget:(id)target action:(SEL)action forControlEvents:(UIControlEvents)events;
+/// nil stands for every target, NULL for every action.
+- (void)removeTarget:(id)target action:(SEL)action forControlEvents:(UIControlEvents)events;
+/// NSNull stands for the nil target.
+- (NSSet *)allTargets;
+- (UIControlEvents)allControlEvents;
+/// Selector names; nil when there are none.
+- (NSArray<NSString *> *)actionsForTarget:(id)target forControlEvent:(UIControlEvents)event;
+- (void)sendActionsForControlEvents:(UIControlEvents)events;
+/// Every action goes through here. A target that does not answer raises NSInvalidArgumentException.
+- (void)sendAction:(SEL)action to:(id)target forEvent:(UIEvent *)event;
+@end

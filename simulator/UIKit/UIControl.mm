@@ -1,0 +1,173 @@
+#import <UIKit/UIControl+Sim.h>
+#import <UIKit/UIView+Sim.h>
+
+#include <objcxx/Retained.h>
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+namespace sim {
+
+struct Binding {
+  id target = nil;  // Not owned.
+  SEL action = nullptr;
+  UIControlEvents events = 0;
+};
+
+struct UIControlMemory {
+  std::vector<Binding> bindings;
+  bool enabled = true;
+  bool selected = false;
+  bool highlighted = false;
+  UIControlContentHorizontalAlignment horizontalAlignment = UIControlContentHorizontalAlignmentCenter;
+};
+
+}  // namespace sim
+
+namespace {
+
+bool isAction(SEL one, SEL other) { return one == other || (one && other && sel_isEqual(one, other)); }
+
+}  // namespace
+
+@implementation UIControl
+
+- (instancetype)initWithFrame:(CGRect)frame {
+  if (!(self = [super initWithFrame:frame])) return nil;
+  _controlState = std::make_unique<sim::UIControlMemory>();
+  return self;
+}
+
+- (BOOL)isEnabled {
+  return _controlState->enabled;
+}
+
+- (void)setEnabled:(BOOL)enabled {
+  _controlState->enabled = enabled;
+  [self setNeedsLayout];
+}
+
+- (BOOL)isSelected {
+  return _controlState->selected;
+}
+
+- (void)setSelected:(BOOL)selected {
+  _controlState->selected = selected;
+  [self setNeedsLayout];
+}
+
+- (BOOL)isHighlighted {
+  return _controlState->highlighted;
+}
+
+- (void)setHighlighted:(BOOL)highlighted {
+  _controlState->highlighted = highlighted;
+  [self setNeedsLayout];
+}
+
+- (UIControlContentHorizontalAlignment)contentHorizontalAlignment {
+  return _controlState->horizontalAlignment;
+}
+
+- (void)setContentHorizontalAlignment:(UIControlContentHorizontalAlignment)alignment {
+  _controlState->horizontalAlignment = alignment;
+}
+
+- (UIControlState)state {
+  UIControlState state = UIControlStateNormal;
+  if (![self isEnabled]) state |= UIControlStateDisabled;
+  if ([self isSelected]) state |= UIControlStateSelected;
+  if ([self isHighlighted]) state |= UIControlStateHighlighted;
+  return state;
+}
+
+- (void)addTarget:(id)target action:(SEL)action forControlEvents:(UIControlEvents)events {
+  if (!action) [NSException raise:NSInvalidArgumentException format:@"A target needs an action."];
+  auto &bindings = _controlState->bindings;
+  const auto same = std::find_if(bindings.begin(), bindings.end(), [&](const sim::Binding &binding) {
+    return binding.target == target && isAction(binding.action, action);
+  });
+  if (same != bindings.end()) same->events |= events;
+  else bindings.push_back({target, action, events});
+}
+
+- (void)removeTarget:(id)target action:(SEL)action forControlEvents:(UIControlEvents)events {
+  auto &bindings = _controlState->bindings;
+  for (sim::Binding &binding : bindings) {
+    const bool meant = (!target || binding.target == target) && (!action || isAction(binding.action, action));
+    if (meant) binding.events &= ~events;
+  }
+  std::erase_if(bindings, [](const sim::Binding &binding) { return binding.events == 0; });
+}
+
+- (NSSet *)allTargets {
+  NSMutableSet *targets = [NSMutableSet set];
+  for (const sim::Binding &binding : _controlState->bindings) {
+    [targets addObject:binding.target ? binding.target : [NSNull null]];
+  }
+  return targets;
+}
+
+- (UIControlEvents)allControlEvents {
+  UIControlEvents events = 0;
+  for (const sim::Binding &binding : _controlState->bindings) events |= binding.events;
+  return events;
+}
+
+- (NSArray *)actionsForTarget:(id)target forControlEvent:(UIControlEvents)event {
+  NSMutableArray *names = [NSMutableArray array];
+  for (const sim::Binding &binding : _controlState->bindings) {
+    if (binding.target == target && (binding.events & event)) [names addObject:NSStringFromSelector(binding.action)];
+  }
+  return [names count] ? names : nil;
+}
+
+- (void)sendActionsForControlEvents:(UIControlEvents)events {
+  // An action may remove bindings, and may be the end of the control or of a later target.
+  const auto kept = objcxx::share(self);
+  struct Call {
+    objcxx::Retained<NSObject> target;
+    SEL action;
+  };
+  std::vector<Call> calls;
+  for (const sim::Binding &binding : _controlState->bindings) {
+    if (binding.events & events) calls.push_back({objcxx::share((NSObject *)binding.target), binding.action});
+  }
+  for (const Call &call : calls) [self sendAction:call.action to:call.target.get() forEvent:nil];
+}
+
+- (void)sendAction:(SEL)action to:(id)target forEvent:(UIEvent *)event {
+  id receiver = target;
+  for (UIResponder *responder = self; !receiver && responder; responder = [responder nextResponder]) {
+    if ([responder respondsToSelector:action]) receiver = responder;
+  }
+  if (!receiver) return;
+  const std::string_view name = sel_getName(action);
+  switch (std::count(name.begin(), name.end(), ':')) {
+    case 0: [receiver performSelector:action]; break;
+    case 1: [receiver performSelector:action withObject:self]; break;
+    default: [receiver performSelector:action withObject:self withObject:(id)event]; break;
+  }
+}
+
+@end
+
+@implementation UIControl (Sim)
+
+- (BOOL)sim_acceptsUser {
+  return [self isEnabled] && [self sim_acceptsTouches];
+}
+
+- (BOOL)sim_tapByUser {
+  if (![self sim_acceptsUser]) return NO;
+  const auto kept = objcxx::share(self);
+  [self setHighlighted:YES];
+  [self sendActionsForControlEvents:UIControlEventTouchDown];
+  [self setHighlighted:NO];
+  [self sendActionsForControlEvents:UIControlEventTouchUpInside];
+  [self sendActionsForControlEvents:UIControlEventPrimaryActionTriggered];
+  return YES;
+}
+
+@end

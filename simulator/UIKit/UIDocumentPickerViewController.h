@@ -1,0 +1,39 @@
+// The system's file picker.
+#pragma once
+
+#import <UIKit/UIViewController.h>
+
+@class UIDocumentPickerViewController;
+
+typedef NS_ENUM(NSUInteger, UIDocumentPickerMode) {
+  UIDocumentPickerModeImport = 0,
+  UIDocumentPickerModeOpen,
+  UIDocumentPickerModeExportToService,
+  UIDocumentPickerModeMoveToService,
+};
+
+@protocol UIDocumentPickerDelegate <NSObject>
+@optional
+/// Before the other method of the two when the delegate has both.
+- (void)documentPicker:(UIDocumentPickerViewController *)controller didPickDocumentsAtURLs:(NSArray *)urls;
+- (void)documentPicker:(UIDocumentPickerViewController *)controller didPickDocumentAtURL:(NSURL *)url;
+- (void)documentPickerWasCancelled:(UIDocumentPickerViewController *)controller;
+@end
+
+namespace sim {
+struct DocumentPickerState;
+}
+
+/// The picker dismisses itself before it tells its delegate. Main thread.
+@interface UIDocumentPickerViewController : UIViewController {
+ @private
+  std::unique_ptr<sim::DocumentPickerState> _documentPickerState;
+}
+/// For the modes import and open. Raises NSInvalidArgumentException for any other mode and for no types.
+- (instancetype)initWithDocumentTypes:(NSArray *)allowedUTIs inMode:(UIDocumentPickerMode)mode;
+@property (nonatomic, readonly) UIDocumentPickerMode documentPickerMode;
+/// NO at first.
+@property (nonatomic) BOOL allowsMultipleSelection;
+/// Not owned.
+@property (nonatomic, assign) id<UIDocumentPickerDelegate> delegate;
+@end

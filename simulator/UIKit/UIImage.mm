@@ -1,0 +1,301 @@
+#import <CoreGraphics/CGColor+Sim.h>
+#import <CoreGraphics/CGContext+Sim.h>
+#import <CoreGraphics/CGImage+Sim.h>
+#import <CoreGraphics/ImageDecoder.hpp>
+#import <CoreGraphics/ImageEncoder.hpp>
+#import <CoreImage/CIImage+Sim.h>
+#import <UIKit/UIImage+Sim.h>
+#import <UIKit/UIImageFile.hpp>
+#import <UIKit/UIColor+Sim.h>
+#import <UIKit/UIGraphics.h>
+#import <UIKit/UIScreen.h>
+
+#include <objcxx/Retained.h>
+
+#include <algorithm>
+
+namespace sim {
+
+struct UIImageState {
+  objcxx::Retained<NSObject> bitmap;  ///< A CGImageRef, or nothing for an image made from a Core Image image.
+  objcxx::Retained<CIImage> recipe;
+  CGFloat scale = 1;
+  UIImageOrientation orientation = UIImageOrientationUp;
+  UIImageRenderingMode renderingMode = UIImageRenderingModeAutomatic;
+  objcxx::Retained<UIColor> tint;
+  NSUInteger number = 0;
+
+  CGImageRef image() const { return (CGImageRef)bitmap.get(); }
+};
+
+}  // namespace sim
+
+namespace {
+
+constexpr sim::Orientation orientations[] = {sim::Orientation::up,           sim::Orientation::down,
+                                             sim::Orientation::left,         sim::Orientation::right,
+                                             sim::Orientation::upMirrored,   sim::Orientation::downMirrored,
+                                             sim::Orientation::leftMirrored, sim::Orientation::rightMirrored};
+
+sim::Orientation storedOrientation(UIImageOrientation orientation) {
+  const auto place = std::size_t(orientation);
+  return place < std::size(orientations) ? orientations[place] : sim::Orientation::up;
+}
+
+UIImageOrientation imageOrientation(sim::Orientation orientation) {
+  return UIImageOrientation(std::find(std::begin(orientations), std::end(orientations), orientation) - orientations);
+}
+
+sim::DecodedImage opened(NSData *data) {
+  if ([data length] == 0) return {};
+  const auto *bytes = static_cast<const std::uint8_t *>([data bytes]);
+  return sim::openImage(std::make_shared<const std::vector<std::uint8_t>>(bytes, bytes + [data length]));
+}
+
+CGFloat usableScale(CGFloat scale) { return scale > 0 && std::isfinite(scale) ? scale : 1; }
+
+NSData *dataOf(const std::vector<std::uint8_t> &bytes) {
+  return bytes.empty() ? nil : [NSData dataWithBytes:bytes.data() length:bytes.size()];
+}
+
+}  // namespace
+
+@implementation UIImage
+
+// An image without pixels.
+- (instancetype)init {
+  if (!(self = [super init])) return nil;
+  static NSUInteger lastNumber = 0;
+  _state = std::make_unique<sim::UIImageState>();
+  _state->number = ++lastNumber;
+  return self;
+}
+
+// nil for a state that has neither a bitmap nor a recipe.
+- (instancetype)sim_initWithState:(const sim::UIImageState &)state {
+  if (!(self = [self init])) return nil;
+  if (!state.bitmap && !state.recipe) {
+    [self release];
+    return nil;
+  }
+  const NSUInteger number = _state->number;
+  *_state = state;
+  _state->number = number;
+  return self;
+}
+
+- (instancetype)sim_initWithDecoded:(const sim::DecodedImage &)decoded scale:(CGFloat)scale {
+  sim::UIImageState state;
+  state.bitmap = objcxx::adopt((NSObject *)sim::createImage(decoded.source));
+  state.scale = usableScale(scale);
+  state.orientation = imageOrientation(decoded.orientation);
+  return [self sim_initWithState:state];
+}
+
+- (instancetype)initWithContentsOfFile:(NSString *)path {
+  const sim::ImageFile file = sim::imageFileAt(path, [[UIScreen mainScreen] scale]);
+  return [self initWithData:file.path ? [NSData dataWithContentsOfFile:file.path] : nil scale:file.scale];
+}
+
+- (instancetype)initWithData:(NSData *)data {
+  return [self initWithData:data scale:1];
+}
+
+- (instancetype)initWithData:(NSData *)data scale:(CGFloat)scale {
+  return [self sim_initWithDecoded:opened(data) scale:scale];
+}
+
+- (instancetype)initWithCGImage:(CGImageRef)image {
+  return [self initWithCGImage:image scale:1 orientation:UIImageOrientationUp];
+}
+
+- (instancetype)initWithCGImage:(CGImageRef)image scale:(CGFloat)scale orientation:(UIImageOrientation)orientation {
+  sim::UIImageState state;
+  state.bitmap = objcxx::share((NSObject *)image);
+  state.scale = usableScale(scale);
+  state.orientation = orientation;
+  return [self sim_initWithState:state];
+}
+
+- (instancetype)initWithCIImage:(CIImage *)image {
+  return [self initWithCIImage:image scale:1 orientation:UIImageOrientationUp];
+}
+
+- (instancetype)initWithCIImage:(CIImage *)image scale:(CGFloat)scale orientation:(UIImageOrientation)orientation {
+  sim::UIImageState state;
+  state.recipe = objcxx::share(image);
+  state.scale = usableScale(scale);
+  state.orientation = orientation;
+  return [self sim_initWithState:state];
+}
+
++ (UIImage *)imageNamed:(NSString *)name {
+  return [self imageNamed:name inBundle:nil compatibleWithTraitCollection:nil];
+}
+
++ (UIImage *)imageNamed:(NSString *)name
+                         inBundle:(NSBundle *)bundle
+    compatibleWithTraitCollection:(UITraitCollection *)traits {
+  const CGFloat scale = [traits displayScale] > 0 ? [traits displayScale] : [[UIScreen mainScreen] scale];
+  const sim::ImageFile file = sim::imageFileNamed(name, bundle ? bundle : [NSBundle mainBundle], scale);
+  if (!file.path) return nil;
+  return [[[self alloc] initWithData:[NSData dataWithContentsOfFile:file.path] scale:file.scale] autorelease];
+}
+
++ (UIImage *)imageWithContentsOfFile:(NSString *)path {
+  return [[[self alloc] initWithContentsOfFile:path] autorelease];
+}
+
++ (UIImage *)imageWithData:(NSData *)data {
+  return [[[self alloc] initWithData:data] autorelease];
+}
+
++ (UIImage *)imageWithData:(NSData *)data scale:(CGFloat)scale {
+  return [[[self alloc] initWithData:data scale:scale] autorelease];
+}
+
++ (UIImage *)imageWithCGImage:(CGImageRef)image {
+  return [[[self alloc] initWithCGImage:image] autorelease];
+}
+
++ (UIImage *)imageWithCGImage:(CGImageRef)image scale:(CGFloat)scale orientation:(UIImageOrientation)orientation {
+  return [[[self alloc] initWithCGImage:image scale:scale orientation:orientation] autorelease];
+}
+
++ (UIImage *)imageWithCIImage:(CIImage *)image {
+  return [[[self alloc] initWithCIImage:image] autorelease];
+}
+
++ (UIImage *)imageWithCIImage:(CIImage *)image scale:(CGFloat)scale orientation:(UIImageOrientation)orientation {
+  return [[[self alloc] initWithCIImage:image scale:scale orientation:orientation] autorelease];
+}
+
+- (CGSize)size {
+  const CGSize pixels = [self sim_pixelSize];
+  return CGSizeMake(pixels.width / _state->scale, pixels.height / _state->scale);
+}
+
+- (CGFloat)scale {
+  return _state->scale;
+}
+
+- (UIImageOrientation)imageOrientation {
+  return _state->orientation;
+}
+
+- (UIImageRenderingMode)renderingMode {
+  return _state->renderingMode;
+}
+
+- (CGImageRef)CGImage {
+  return _state->image();
+}
+
+- (CIImage *)CIImage {
+  return _state->recipe.get();
+}
+
+- (UIImage *)imageWithRenderingMode:(UIImageRenderingMode)mode {
+  sim::UIImageState state = *_state;
+  state.renderingMode = mode;
+  return [[[UIImage alloc] sim_initWithState:state] autorelease];
+}
+
+- (UIImage *)imageWithTintColor:(UIColor *)color {
+  sim::UIImageState state = *_state;
+  state.tint = objcxx::share(color);
+  return [[[UIImage alloc] sim_initWithState:state] autorelease];
+}
+
+// Where the stored pixels come from; null when they cannot be had.
+- (void)sim_getPixels:(sim::PixelSourcePtr *)pixels {
+  *pixels = _state->recipe ? sim::sourceOf(sim::render(_state->recipe.get())) : sim::sourceOf(_state->image());
+}
+
+- (void)drawAtPoint:(CGPoint)point {
+  [self drawInRect:{point, [self size]}];
+}
+
+- (void)drawAtPoint:(CGPoint)point blendMode:(CGBlendMode)mode alpha:(CGFloat)alpha {
+  [self drawInRect:{point, [self size]} blendMode:mode alpha:alpha];
+}
+
+- (void)drawInRect:(CGRect)rect {
+  const CGContextRef context = UIGraphicsGetCurrentContext();
+  if (!context) return;
+  sim::PixelSourcePtr pixels;
+  [self sim_getPixels:&pixels];
+  if (!pixels) return;
+  const sim::RGBA tint = sim::components([_state->tint.get() CGColor]);
+  sim::drawPixels(context, *pixels,
+                  {.rect = rect,
+                   .orientation = storedOrientation(_state->orientation),
+                   .template_ = _state->tint ? &tint : nullptr});
+}
+
+- (void)drawInRect:(CGRect)rect blendMode:(CGBlendMode)mode alpha:(CGFloat)alpha {
+  const CGContextRef context = UIGraphicsGetCurrentContext();
+  CGContextSaveGState(context);
+  CGContextSetBlendMode(context, mode);
+  CGContextSetAlpha(context, alpha);
+  [self drawInRect:rect];
+  CGContextRestoreGState(context);
+}
+
+// The upright pixels, tinted where a tint is set; the longer side `longestSide` at most (0: no limit).
+- (void)sim_getUpright:(sim::BitmapPtr *)bitmap longestSide:(NSUInteger)longestSide {
+  sim::PixelSourcePtr pixels;
+  [self sim_getPixels:&pixels];
+  if (!pixels) return;
+  const int limit = int(std::min<NSUInteger>(longestSide, INT_MAX));
+  *bitmap = sim::upright(pixels->thumbnail(limit), storedOrientation(_state->orientation));
+  if (!_state->tint || !*bitmap) return;
+
+  const CGSize size = CGSizeMake((*bitmap)->width(), (*bitmap)->height());
+  const sim::RGBA tint = sim::components([_state->tint.get() CGColor]);
+  const CGContextRef context = sim::createImageContext(size, 1, false);
+  sim::drawPixels(context, *sim::sourceOf(*bitmap), {.rect = {CGPointZero, size}, .template_ = &tint});
+  *bitmap = sim::snapshot(context);
+  CGContextRelease(context);
+}
+
+@end
+
+@implementation UIImage (Sim)
+
+- (NSUInteger)sim_number {
+  return _state->number;
+}
+
+- (CGSize)sim_pixelSize {
+  const CGSize stored = _state->recipe
+                            ? [_state->recipe.get() extent].size
+                            : CGSizeMake(CGImageGetWidth(_state->image()), CGImageGetHeight(_state->image()));
+  return sim::swapsSides(storedOrientation(_state->orientation)) ? CGSizeMake(stored.height, stored.width) : stored;
+}
+
+- (NSData *)sim_PNGDataWithLongestSide:(NSUInteger)longestSide {
+  const CGSize size = [self sim_pixelSize];
+  const bool fits = longestSide == 0 || std::max(size.width, size.height) <= longestSide;
+  if (_state->bitmap && fits && _state->orientation == UIImageOrientationUp && !_state->tint) {
+    const auto file = sim::sourceOf(_state->image())->png();
+    if (!file.empty()) return [NSData dataWithBytes:file.data() length:file.size()];
+  }
+  sim::BitmapPtr bitmap;
+  [self sim_getUpright:&bitmap longestSide:longestSide];
+  return dataOf(sim::encodePng(bitmap));
+}
+
+@end
+
+NSData *UIImagePNGRepresentation(UIImage *image) {
+  sim::BitmapPtr bitmap;
+  [image sim_getUpright:&bitmap longestSide:0];
+  return dataOf(sim::encodePng(bitmap));
+}
+
+NSData *UIImageJPEGRepresentation(UIImage *image, CGFloat quality) {
+  sim::BitmapPtr bitmap;
+  [image sim_getUpright:&bitmap longestSide:0];
+  return dataOf(sim::encodeJpeg(bitmap, quality));
+}

@@ -1,0 +1,68 @@
+#import <UIKit/UIImageView.h>
+
+#include <objcxx/Retained.h>
+
+namespace sim {
+
+struct UIImageViewState {
+  objcxx::Retained<UIImage> image;
+  objcxx::Retained<UIImage> highlightedImage;
+  bool highlighted = false;
+};
+
+}  // namespace sim
+
+@implementation UIImageView
+
+- (instancetype)initWithFrame:(CGRect)frame {
+  if (!(self = [super initWithFrame:frame])) return nil;
+  _imageViewState = std::make_unique<sim::UIImageViewState>();
+  [self setUserInteractionEnabled:NO];
+  return self;
+}
+
+- (instancetype)initWithImage:(UIImage *)image {
+  return [self initWithImage:image highlightedImage:nil];
+}
+
+- (instancetype)initWithImage:(UIImage *)image highlightedImage:(UIImage *)highlightedImage {
+  if (!(self = [self initWithFrame:{CGPointZero, [image size]}])) return nil;
+  _imageViewState->image = objcxx::share(image);
+  _imageViewState->highlightedImage = objcxx::share(highlightedImage);
+  return self;
+}
+
+- (UIImage *)image {
+  return _imageViewState->image.get();
+}
+
+- (void)setImage:(UIImage *)image {
+  _imageViewState->image = objcxx::share(image);
+  [self setNeedsLayout];
+}
+
+- (UIImage *)highlightedImage {
+  return _imageViewState->highlightedImage.get();
+}
+
+- (void)setHighlightedImage:(UIImage *)image {
+  _imageViewState->highlightedImage = objcxx::share(image);
+}
+
+- (BOOL)isHighlighted {
+  return _imageViewState->highlighted;
+}
+
+- (void)setHighlighted:(BOOL)highlighted {
+  _imageViewState->highlighted = highlighted;
+}
+
+- (CGSize)sizeThatFits:(CGSize)size {
+  return [self image] ? [[self image] size] : [super sizeThatFits:size];
+}
+
+- (CGSize)intrinsicContentSize {
+  return [self image] ? [[self image] size] : [super intrinsicContentSize];
+}
+
+@end

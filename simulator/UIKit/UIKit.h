@@ -1,0 +1,60 @@
+// UIKit: the part of it that the simulator carries.
+#pragma once
+
+#import <CoreGraphics/CoreGraphics.h>
+#import <CoreImage/CoreImage.h>
+#import <Foundation/Foundation.h>
+#import <QuartzCore/QuartzCore.h>
+
+#import <UIKit/NSAttributedString+UIKit.h>
+#import <UIKit/NSText.h>
+#import <UIKit/UIActivityIndicatorView.h>
+#import <UIKit/UIBezierPath.h>
+#import <UIKit/UIButton.h>
+#import <UIKit/UIColor.h>
+#import <UIKit/UIControl.h>
+#import <UIKit/UIDevice.h>
+#import <UIKit/UIFont.h>
+#import <UIKit/UIGeometry.h>
+#import <UIKit/UIGraphics.h>
+#import <UIKit/UIGraphicsImageRenderer.h>
+#import <UIKit/UIImage.h>
+#import <UIKit/UIImageView.h>
+#import <UIKit/UIKitDefines.h>
+#import <UIKit/UILabel.h>
+#import <UIKit/UIResponder.h>
+#import <UIKit/UIScreen.h>
+#import <UIKit/UISegmentedControl.h>
+#import <UIKit/UISlider.h>
+#import <UIKit/UISwitch.h>
+#import <UIKit/UITextField.h>
+#import <UIKit/UITextInputTraits.h>
+#import <UIKit/UITextView.h>
+#import <UIKit/UITraitCollection.h>
+#import <UIKit/UIView.h>
+
+// Controllers, tables, alerts and the application.
+#import <UIKit/NSIndexPath+UIKit.h>
+#import <UIKit/UIActivityViewController.h>
+#import <UIKit/UIAlertAction.h>
+#import <UIKit/UIAlertController.h>
+#import <UIKit/UIApplication.h>
+#import <UIKit/UIBarButtonItem.h>
+#import <UIKit/UIBarItem.h>
+#import <UIKit/UIContextualAction.h>
+#import <UIKit/UIDocumentPickerViewController.h>
+#import <UIKit/UIImagePickerController.h>
+#import <UIKit/UINavigationBar.h>
+#import <UIKit/UINavigationController.h>
+#import <UIKit/UINavigationItem.h>
+#import <UIKit/UIPasteboard.h>
+#import <UIKit/UIPopoverPresentationController.h>
+#import <UIKit/UIScrollView.h>
+#import <UIKit/UISwipeActionsConfiguration.h>
+#import <UIKit/UITableView.h>
+#import <UIKit/UITableViewCell.h>
+#import <UIKit/UITableViewController.h>
+#import <UIKit/UITableViewHeaderFooterView.h>
+#import <UIKit/UITableViewRowAction.h>
+#import <UIKit/UIViewController.h>
+#import <UIKit/UIWindow.h>

@@ -1,0 +1,11 @@
+// The simulator's own face of a navigation controller.
+#pragma once
+
+#import <UIKit/UINavigationController.h>
+
+@interface UINavigationController (Sim)
+/// The text of the back button of the top page, "Back" when the page below has none; nil when no back button shows.
+@property (nonatomic, readonly) NSString *sim_backTitle;
+/// What a finger on the back button does. NO when no back button shows.
+- (BOOL)sim_tapBack;
+@end

@@ -1,0 +1,57 @@
+// A stack of pages of which the top one shows.
+#pragma once
+
+#import <UIKit/UIViewController.h>
+
+@class UINavigationBar;
+@class UINavigationController;
+
+typedef NS_ENUM(NSInteger, UINavigationControllerOperation) {
+  UINavigationControllerOperationNone = 0,
+  UINavigationControllerOperationPush,
+  UINavigationControllerOperationPop,
+};
+
+@protocol UINavigationControllerDelegate <NSObject>
+@optional
+- (void)navigationController:(UINavigationController *)navigationController
+      willShowViewController:(UIViewController *)viewController
+                    animated:(BOOL)animated;
+- (void)navigationController:(UINavigationController *)navigationController
+       didShowViewController:(UIViewController *)viewController
+                    animated:(BOOL)animated;
+@end
+
+namespace sim {
+struct NavigationControllerState;
+}
+
+/// Owns the controllers of its stack. A stack that changes while pages are being exchanged changes at once; the pages
+/// that show follow when that exchange is over. Main thread.
+@interface UINavigationController : UIViewController {
+ @private
+  std::unique_ptr<sim::NavigationControllerState> _navigationControllerState;
+}
+- (instancetype)initWithRootViewController:(UIViewController *)rootViewController;
+
+/// Bottom first.
+@property (nonatomic, copy) NSArray *viewControllers;
+- (void)setViewControllers:(NSArray *)viewControllers animated:(BOOL)animated;
+@property (nonatomic, readonly) UIViewController *topViewController;
+/// What the top page presents, else the top page.
+@property (nonatomic, readonly) UIViewController *visibleViewController;
+/// Not owned.
+@property (nonatomic, assign) id<UINavigationControllerDelegate> delegate;
+@property (nonatomic, readonly) UINavigationBar *navigationBar;
+@property (nonatomic, getter=isNavigationBarHidden) BOOL navigationBarHidden;
+- (void)setNavigationBarHidden:(BOOL)hidden animated:(BOOL)animated;
+
+/// Raises NSInvalidArgumentException for nil, for a navigation controller, and for a controller in the stack already.
+- (void)pushViewController:(UIViewController *)viewController animated:(BOOL)animated;
+/// Returns the popped controller; nil when only the root is left, which stays.
+- (UIViewController *)popViewControllerAnimated:(BOOL)animated;
+/// Returns the popped controllers, lowest first; nil when nothing was popped.
+- (NSArray *)popToRootViewControllerAnimated:(BOOL)animated;
+/// Like above. Raises NSInvalidArgumentException for a controller that is not in the stack.
+- (NSArray *)popToViewController:(UIViewController *)viewController animated:(BOOL)animated;
+@end

@@ -1,0 +1,26 @@
+// What was copied last. Strings only.
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+#include <memory>
+
+namespace sim {
+struct PasteboardState;
+}
+
+/// Main thread.
+@interface UIPasteboard : NSObject {
+ @private
+  std::unique_ptr<sim::PasteboardState> _pasteboardState;
+}
++ (UIPasteboard *)generalPasteboard;
+/// The first string; nil when there is none. Setting nil empties the pasteboard.
+@property (nonatomic, copy) NSString *string;
+/// nil when there is none.
+@property (nonatomic, copy) NSArray *strings;
+@property (nonatomic, readonly) BOOL hasStrings;
+@property (nonatomic, readonly) NSInteger numberOfItems;
+/// Grows with each change.
+@property (nonatomic, readonly) NSInteger changeCount;
+@end

@@ -1,0 +1,44 @@
+// A view that shows a part of a larger content. Here it holds the state of scrolling only.
+#pragma once
+
+#import <UIKit/UIView.h>
+
+@class UIScrollView;
+
+typedef NS_ENUM(NSInteger, UIScrollViewKeyboardDismissMode) {
+  UIScrollViewKeyboardDismissModeNone = 0,
+  UIScrollViewKeyboardDismissModeOnDrag,
+  UIScrollViewKeyboardDismissModeInteractive,
+};
+
+@protocol UIScrollViewDelegate <NSObject>
+@optional
+- (void)scrollViewDidScroll:(UIScrollView *)scrollView;
+@end
+
+namespace sim {
+struct ScrollViewState;
+}
+
+/// Main thread.
+@interface UIScrollView : UIView {
+ @private
+  std::unique_ptr<sim::ScrollViewState> _scrollViewState;
+}
+/// The origin of the bounds. Setting it tells the delegate when it changes.
+@property (nonatomic) CGPoint contentOffset;
+- (void)setContentOffset:(CGPoint)contentOffset animated:(BOOL)animated;
+@property (nonatomic) CGSize contentSize;
+@property (nonatomic) UIEdgeInsets contentInset;
+@property (nonatomic) UIEdgeInsets scrollIndicatorInsets;
+@property (nonatomic, getter=isScrollEnabled) BOOL scrollEnabled;
+@property (nonatomic) BOOL bounces;
+@property (nonatomic) BOOL alwaysBounceVertical;
+@property (nonatomic) BOOL showsVerticalScrollIndicator;
+@property (nonatomic) BOOL showsHorizontalScrollIndicator;
+@property (nonatomic) UIScrollViewKeyboardDismissMode keyboardDismissMode;
+/// Not owned.
+@property (nonatomic, assign) id<UIScrollViewDelegate> delegate;
+/// Moves the content by the least amount that brings `rect` (in content coordinates) into view.
+- (void)scrollRectToVisible:(CGRect)rect animated:(BOOL)animated;
+@end

@@ -1,0 +1,141 @@
+#import <UIKit/UIScrollView.h>
+
+#include <algorithm>
+
+namespace sim {
+struct ScrollViewState {
+  CGSize contentSize = CGSizeZero;
+  UIEdgeInsets contentInset = UIEdgeInsetsZero;
+  UIEdgeInsets indicatorInsets = UIEdgeInsetsZero;
+  BOOL scrollEnabled = YES;
+  BOOL bounces = YES;
+  BOOL alwaysBounceVertical = NO;
+  BOOL showsVerticalIndicator = YES;
+  BOOL showsHorizontalIndicator = YES;
+  UIScrollViewKeyboardDismissMode keyboardDismissMode = UIScrollViewKeyboardDismissModeNone;
+  id<UIScrollViewDelegate> delegate = nil;  // not owned
+};
+}  // namespace sim
+
+@implementation UIScrollView
+
+- (instancetype)initWithFrame:(CGRect)frame {
+  if (!(self = [super initWithFrame:frame])) return nil;
+
+  _scrollViewState = std::make_unique<sim::ScrollViewState>();
+  [self setClipsToBounds:YES];
+  return self;
+}
+
+- (id<UIScrollViewDelegate>)delegate {
+  return _scrollViewState->delegate;
+}
+
+- (void)setDelegate:(id<UIScrollViewDelegate>)delegate {
+  _scrollViewState->delegate = delegate;
+}
+
+- (CGPoint)contentOffset {
+  return [self bounds].origin;
+}
+
+- (void)setContentOffset:(CGPoint)contentOffset {
+  [self setContentOffset:contentOffset animated:NO];
+}
+
+- (void)setContentOffset:(CGPoint)contentOffset animated:(BOOL)animated {
+  CGRect bounds = [self bounds];
+  if (CGPointEqualToPoint(bounds.origin, contentOffset)) return;
+
+  bounds.origin = contentOffset;
+  [self setBounds:bounds];
+  [self setNeedsLayout];
+  id<UIScrollViewDelegate> delegate = _scrollViewState->delegate;
+  if ([delegate respondsToSelector:@selector(scrollViewDidScroll:)]) [delegate scrollViewDidScroll:self];
+}
+
+- (void)scrollRectToVisible:(CGRect)rect animated:(BOOL)animated {
+  const CGRect bounds = [self bounds];
+  const auto nearest = [](CGFloat origin, CGFloat length, CGFloat from, CGFloat extent) {
+    if (from < origin || extent > length) return from;
+    return std::max(origin, from + extent - length);
+  };
+  [self setContentOffset:CGPointMake(
+                             nearest(bounds.origin.x, bounds.size.width, rect.origin.x, rect.size.width),
+                             nearest(bounds.origin.y, bounds.size.height, rect.origin.y, rect.size.height))
+                animated:animated];
+}
+
+- (CGSize)contentSize {
+  return _scrollViewState->contentSize;
+}
+
+- (void)setContentSize:(CGSize)contentSize {
+  _scrollViewState->contentSize = contentSize;
+}
+
+- (UIEdgeInsets)contentInset {
+  return _scrollViewState->contentInset;
+}
+
+- (void)setContentInset:(UIEdgeInsets)contentInset {
+  _scrollViewState->contentInset = contentInset;
+}
+
+- (UIEdgeInsets)scrollIndicatorInsets {
+  return _scrollViewState->indicatorInsets;
+}
+
+- (void)setScrollIndicatorInsets:(UIEdgeInsets)insets {
+  _scrollViewState->indicatorInsets = insets;
+}
+
+- (BOOL)isScrollEnabled {
+  return _scrollViewState->scrollEnabled;
+}
+
+- (void)setScrollEnabled:(BOOL)scrollEnabled {
+  _scrollViewState->scrollEnabled = scrollEnabled;
+}
+
+- (BOOL)bounces {
+  return _scrollViewState->bounces;
+}
+
+- (void)setBounces:(BOOL)bounces {
+  _scrollViewState->bounces = bounces;
+}
+
+- (BOOL)alwaysBounceVertical {
+  return _scrollViewState->alwaysBounceVertical;
+}
+
+- (void)setAlwaysBounceVertical:(BOOL)alwaysBounceVertical {
+  _scrollViewState->alwaysBounceVertical = alwaysBounceVertical;
+}
+
+- (BOOL)showsVerticalScrollIndicator {
+  return _scrollViewState->showsVerticalIndicator;
+}
+
+- (void)setShowsVerticalScrollIndicator:(BOOL)shows {
+  _scrollViewState->showsVerticalIndicator = shows;
+}
+
+- (BOOL)showsHorizontalScrollIndicator {
+  return _scrollViewState->showsHorizontalIndicator;
+}
+
+- (void)setShowsHorizontalScrollIndicator:(BOOL)shows {
+  _scrollViewState->showsHorizontalIndicator = shows;
+}
+
+- (UIScrollViewKeyboardDismissMode)keyboardDismissMode {
+  return _scrollViewState->keyboardDismissMode;
+}
+
+- (void)setKeyboardDismissMode:(UIScrollViewKeyboardDismissMode)mode {
+  _scrollViewState->keyboardDismissMode = mode;
+}
+
+@end

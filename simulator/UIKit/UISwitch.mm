@@ -1,0 +1,89 @@
+#import <UIKit/UIControl+Sim.h>
+#import <UIKit/UISwitch+Sim.h>
+
+#include <objcxx/Retained.h>
+
+namespace sim {
+
+struct UISwitchState {
+  bool on = false;
+  objcxx::Retained<UIColor> onTintColor;
+  objcxx::Retained<UIColor> thumbTintColor;
+};
+
+}  // namespace sim
+
+namespace {
+
+constexpr CGSize switchSize = {51, 31};
+
+}  // namespace
+
+@implementation UISwitch
+
+- (instancetype)initWithFrame:(CGRect)frame {
+  if (!(self = [super initWithFrame:{frame.origin, switchSize}])) return nil;
+  _switchState = std::make_unique<sim::UISwitchState>();
+  return self;
+}
+
+- (void)setFrame:(CGRect)frame {
+  [super setFrame:{frame.origin, switchSize}];
+}
+
+- (void)setBounds:(CGRect)bounds {
+  [super setBounds:{bounds.origin, switchSize}];
+}
+
+- (CGSize)sizeThatFits:(CGSize)size {
+  (void)size;
+  return switchSize;
+}
+
+- (CGSize)intrinsicContentSize {
+  return switchSize;
+}
+
+- (BOOL)isOn {
+  return _switchState->on;
+}
+
+- (void)setOn:(BOOL)on {
+  [self setOn:on animated:NO];
+}
+
+- (void)setOn:(BOOL)on animated:(BOOL)animated {
+  (void)animated;
+  _switchState->on = on;
+}
+
+- (UIColor *)onTintColor {
+  return _switchState->onTintColor.get();
+}
+
+- (void)setOnTintColor:(UIColor *)color {
+  _switchState->onTintColor = objcxx::share(color);
+}
+
+- (UIColor *)thumbTintColor {
+  return _switchState->thumbTintColor.get();
+}
+
+- (void)setThumbTintColor:(UIColor *)color {
+  _switchState->thumbTintColor = objcxx::share(color);
+}
+
+@end
+
+@implementation UISwitch (Sim)
+
+- (BOOL)sim_setOnByUser:(BOOL)on {
+  if (![self sim_acceptsUser] || !on == ![self isOn]) return NO;
+  const auto kept = objcxx::share(self);
+  [self setOn:on animated:YES];
+  [self sendActionsForControlEvents:UIControlEventValueChanged];
+  [self sendActionsForControlEvents:UIControlEventTouchUpInside];
+  return YES;
+}
+
+@end

@@ -1,0 +1,266 @@
+// Counts, heights and the cells of the rows that lie in the bounds.
+#import "UITableViewState.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr CGFloat defaultRowHeight = 44;
+
+/// A height that the table view takes as it is; nothing for the automatic one and for what is no height.
+bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
+
+}  // namespace
+
+@implementation UITableView (SimRows)
+
+#pragma mark - Counts
+
+- (void)sim_askCounts:(std::vector<long> &)counts {
+  auto &state = *_tableViewState;
+  counts.clear();
+  if (!state.dataSource) return;
+  const NSInteger sections = state.source.sections ? [state.dataSource numberOfSectionsInTableView:self] : 1;
+  for (NSInteger section = 0; section < sections; ++section) {
+    counts.push_back(std::max<long>([state.dataSource tableView:self numberOfRowsInSection:section], 0));
+  }
+}
+
+- (void)sim_loadIfNeeded {
+  if (!_tableViewState->loaded) [self sim_reload];
+}
+
+- (void)sim_reload {
+  auto &state = *_tableViewState;
+  state.loaded = true;  // Before the questions: the data source may ask for the counts in turn.
+  [self sim_retireAllCells];
+  for (sim::SectionParts &parts : state.parts) [self sim_dropParts:parts];
+  state.parts.clear();
+  state.selected.clear();
+  state.geometry.reset({}, 0);
+
+  std::vector<long> counts;
+  [self sim_askCounts:counts];
+  state.geometry.reset(counts, defaultRowHeight);
+  state.parts.resize(counts.size());
+  for (long section = 0; section < state.geometry.sectionCount(); ++section) [self sim_estimateSection:section];
+  [self sim_updateMargins];
+  [self setNeedsLayout];
+}
+
+- (void)sim_updateMargins {
+  _tableViewState->geometry.setMargins([_tableViewState->tableHeaderView.get() bounds].size.height,
+                                       [_tableViewState->tableFooterView.get() bounds].size.height);
+}
+
+#pragma mark - Heights
+
+- (void)sim_estimateSection:(long)section {
+  auto &state = *_tableViewState;
+  [self sim_measureSection:section];
+  const bool asksAll = state.has.rowHeight && !state.has.estimatedRowHeight && state.estimatedRowHeight == 0;
+  CGFloat estimate = state.estimatedRowHeight;
+  if (!(estimate > 0)) estimate = !state.has.rowHeight && isHeight(state.rowHeight) ? state.rowHeight : defaultRowHeight;
+  // The delegate's code may reload: what it is asked about may be gone when it has answered.
+  for (sim::RowIndex index{section, 0}; state.geometry.contains(index); ++index.row) {
+    CGFloat height = estimate;
+    if (asksAll) {
+      height = [state.delegate tableView:self heightForRowAtIndexPath:sim::pathOf(index)];
+    } else if (state.has.estimatedRowHeight) {
+      height = [state.delegate tableView:self estimatedHeightForRowAtIndexPath:sim::pathOf(index)];
+    }
+    if (!state.geometry.contains(index)) return;
+    state.geometry.setHeight(index, isHeight(height) ? height : estimate, asksAll && isHeight(height));
+  }
+}
+
+- (void)sim_settleHeightOf:(sim::RowIndex)index cell:(UITableViewCell *)cell {
+  auto &state = *_tableViewState;
+  if (state.geometry.isFinal(index)) return;
+
+  CGFloat height = state.has.rowHeight ? [state.delegate tableView:self heightForRowAtIndexPath:sim::pathOf(index)]
+                                       : state.rowHeight;
+  if (!isHeight(height)) {
+    if (!cell) return;
+    height = [cell sizeThatFits:CGSizeMake([cell bounds].size.width, 0)].height;
+    if (!isHeight(height)) height = defaultRowHeight;
+  }
+  if (state.geometry.contains(index)) state.geometry.setHeight(index, height, true);
+}
+
+- (CGFloat)sim_rowInset {
+  if (_tableViewState->style != UITableViewStyleInsetGrouped) return 0;
+  return [self bounds].size.width >= 400 ? 20 : 16;
+}
+
+- (CGRect)sim_rectOf:(sim::RowIndex)index {
+  const auto &geometry = _tableViewState->geometry;
+  if (!geometry.contains(index)) return CGRectZero;
+  const CGFloat inset = [self sim_rowInset];
+  return CGRectMake(inset, geometry.rowTop(index), std::max<CGFloat>([self bounds].size.width - 2 * inset, 0),
+                    geometry.height(index));
+}
+
+#pragma mark - Cells
+
+- (UITableViewCell *)sim_makeCellFor:(sim::RowIndex)index {
+  auto &state = *_tableViewState;
+  NSIndexPath *path = sim::pathOf(index);
+  UITableViewCell *cell = [state.dataSource tableView:self cellForRowAtIndexPath:path];
+  if (!cell) {
+    [NSException raise:NSInternalInconsistencyException
+                format:@"The data source %@ gave no cell for row %ld of section %ld.", state.dataSource, index.row,
+                       index.section];
+  }
+  if (!state.geometry.contains(index)) return cell;  // Reloaded meanwhile with fewer rows.
+  if (state.has.indentation) {
+    [cell setIndentationLevel:[state.delegate tableView:self indentationLevelForRowAtIndexPath:path]];
+  }
+  [self sim_configureCell:cell at:index animated:NO];
+  [self sim_settleHeightOf:index cell:cell];
+  [cell setFrame:[self sim_rectOf:index]];
+  if (state.has.willDisplay) [state.delegate tableView:self willDisplayCell:cell forRowAtIndexPath:path];
+  return cell;
+}
+
+- (void)sim_configureCell:(UITableViewCell *)cell at:(sim::RowIndex)index animated:(BOOL)animated {
+  auto &state = *_tableViewState;
+  CGRect frame = [cell frame];
+  frame.size.width = [self bounds].size.width - 2 * [self sim_rowInset];
+  [cell setFrame:frame];
+  [self sim_configureEditingOfCell:cell at:index animated:animated];
+  const BOOL selected = state.selected.contains(index);
+  if ([cell isSelected] != selected) [cell setSelected:selected animated:NO];
+}
+
+- (void)sim_retireCell:(UITableViewCell *)cell at:(sim::RowIndex)index {
+  constexpr std::size_t longestQueue = 64;
+  auto &state = *_tableViewState;
+  [cell removeFromSuperview];
+  if (state.has.didEndDisplaying) {
+    [state.delegate tableView:self didEndDisplayingCell:cell forRowAtIndexPath:sim::pathOf(index)];
+  }
+  if (![cell reuseIdentifier]) return;
+  auto &queue = state.cells.waiting[[[cell reuseIdentifier] UTF8String]];
+  if (queue.size() < longestQueue) queue.push_back(objcxx::share(cell));
+}
+
+- (void)sim_retireAllCells {
+  const auto live = std::exchange(_tableViewState->live, {});
+  for (const auto &[index, cell] : live) [self sim_retireCell:cell.get() at:index];
+}
+
+#pragma mark - Layout
+
+- (void)layoutSubviews {
+  [super layoutSubviews];
+  auto &state = *_tableViewState;
+  if (state.layingOut) return;
+  state.layingOut = true;
+  @try {
+    [self sim_loadIfNeeded];
+    [self sim_showRows];
+    [self sim_showSectionParts];
+    [self sim_placeViewsBesideRows];
+  } @finally {
+    state.layingOut = false;
+  }
+}
+
+- (void)sim_layOutRows {
+  [self setNeedsLayout];
+  if (!_tableViewState->layingOut) [self layoutIfNeeded];
+}
+
+/// Has a cell for each row in the bounds and none for any other.
+- (void)sim_showRows {
+  auto &state = *_tableViewState;
+  const CGRect bounds = [self bounds];
+  const CGFloat top = bounds.origin.y;
+  const CGFloat bottom = top + bounds.size.height;
+
+  [self sim_retireRowsOutsideFrom:top to:bottom];
+  auto index = state.geometry.firstRowEndingAfter(top);
+  double y = index ? state.geometry.rowTop(*index) : 0;
+  while (index && y < bottom) {
+    [self sim_showRow:*index];
+    if (!state.geometry.contains(*index)) break;
+    const auto next = state.geometry.next(*index);
+    y += state.geometry.height(*index) + (next ? state.geometry.gap(*index, *next) : 0);
+    index = next;
+  }
+  [self sim_retireRowsOutsideFrom:top to:bottom];
+  for (const auto &[at, cell] : state.live) [cell.get() setFrame:[self sim_rectOf:at]];
+}
+
+- (void)sim_showRow:(sim::RowIndex)index {
+  auto &state = *_tableViewState;
+  const auto known = state.live.find(index);
+  if (known != state.live.end()) {
+    [self sim_settleHeightOf:index cell:known->second.get()];
+    return;
+  }
+  const auto cell = objcxx::share([self sim_makeCellFor:index]);
+  if (!state.geometry.contains(index)) return;
+  // A data source that gives the same cell for two rows shows it in the later one.
+  std::erase_if(state.live, [&](const auto &entry) { return entry.second.get() == cell.get(); });
+  state.live[index] = cell;
+  [self addSubview:cell.get()];
+}
+
+- (void)sim_retireRowsOutsideFrom:(CGFloat)top to:(CGFloat)bottom {
+  auto &state = *_tableViewState;
+  std::vector<sim::RowIndex> outside;
+  for (const auto &[index, cell] : state.live) {
+    const double rowTop = state.geometry.rowTop(index);
+    if (rowTop >= bottom || rowTop + state.geometry.height(index) <= top) outside.push_back(index);
+  }
+  for (const sim::RowIndex index : outside) {
+    const auto entry = state.live.extract(index);
+    if (!entry.empty()) [self sim_retireCell:entry.mapped().get() at:index];
+  }
+}
+
+- (void)sim_placeViewsBesideRows {
+  auto &state = *_tableViewState;
+  const CGRect bounds = [self bounds];
+  [self sim_updateMargins];
+  const CGFloat height = state.geometry.totalHeight();
+  [self setContentSize:CGSizeMake(bounds.size.width, height)];
+  [state.backgroundView.get() setFrame:bounds];
+  const CGFloat headerHeight = [state.tableHeaderView.get() bounds].size.height;
+  [state.tableHeaderView.get() setFrame:CGRectMake(0, 0, bounds.size.width, headerHeight)];
+  const CGFloat footerHeight = [state.tableFooterView.get() bounds].size.height;
+  [state.tableFooterView.get() setFrame:CGRectMake(0, height - footerHeight, bounds.size.width, footerHeight)];
+}
+
+- (void)sim_scrollTo:(sim::RowIndex)index position:(UITableViewScrollPosition)position {
+  [self sim_settleHeightOf:index cell:nil];
+  const CGRect row = [self sim_rectOf:index];
+  const CGRect bounds = [self bounds];
+  const CGFloat bottom = row.origin.y + row.size.height;
+  CGFloat y = bounds.origin.y;
+  switch (position) {
+    case UITableViewScrollPositionNone:
+      if (row.origin.y < y) {
+        y = row.origin.y;
+      } else if (bottom > y + bounds.size.height) {
+        y = bottom - bounds.size.height;
+      }
+      break;
+    case UITableViewScrollPositionTop:
+      y = row.origin.y;
+      break;
+    case UITableViewScrollPositionMiddle:
+      y = row.origin.y + (row.size.height - bounds.size.height) / 2;
+      break;
+    case UITableViewScrollPositionBottom:
+      y = bottom - bounds.size.height;
+      break;
+  }
+  const CGFloat lowest = std::max<CGFloat>(_tableViewState->geometry.totalHeight() - bounds.size.height, 0);
+  [self setContentOffset:CGPointMake(bounds.origin.x, std::clamp<CGFloat>(y, 0, lowest)) animated:NO];
+}
+
+@end

@@ -1,0 +1,209 @@
+// Headers and footers: titles from the data source, views from the delegate.
+#import "UITableViewState.h"
+
+#import <UIKit/UILabel.h>
+
+#include <cmath>
+
+namespace {
+
+constexpr CGFloat plainTitleHeight = 28;
+constexpr CGFloat groupedTitleHeight = 38;
+constexpr CGFloat groupedFirstGap = 35;
+constexpr CGFloat groupedGap = 18;
+constexpr CGFloat plainTopPadding = 22;
+
+bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
+
+/// One part of a section; null when the section is not there, so after a question that made the table view reload.
+sim::SectionPart *partAt(sim::TableViewState &state, long section, BOOL header) {
+  if (section < 0 || static_cast<std::size_t>(section) >= state.parts.size()) return nullptr;
+  return header ? &state.parts[section].header : &state.parts[section].footer;
+}
+
+}  // namespace
+
+@implementation UITableView (SimSections)
+
+/// Asks the data source for the title of one section part, once.
+- (NSString *)sim_titleOfSection:(long)section header:(BOOL)header {
+  auto &state = *_tableViewState;
+  sim::SectionPart *part = partAt(state, section, header);
+  if (!part || part->hasTitle) return part ? part->title.get() : nil;
+
+  part->hasTitle = true;
+  NSString *title = nil;
+  if (header && state.source.headerTitle) {
+    title = [state.dataSource tableView:self titleForHeaderInSection:section];
+  } else if (!header && state.source.footerTitle) {
+    title = [state.dataSource tableView:self titleForFooterInSection:section];
+  }
+  part = partAt(state, section, header);
+  if (!part) return nil;
+  part->title = objcxx::adopt((NSString *)[title copy]);
+  return part->title.get();
+}
+
+/// Asks the delegate for the view of one section part, once; a title without a view gets one of UIKit's.
+- (void)sim_loadViewOfSection:(long)section header:(BOOL)header {
+  auto &state = *_tableViewState;
+  sim::SectionPart *part = partAt(state, section, header);
+  if (!part || part->hasView) return;
+
+  part->hasView = true;
+  UIView *view = nil;
+  if (header && state.has.headerView) {
+    view = [state.delegate tableView:self viewForHeaderInSection:section];
+  } else if (!header && state.has.footerView) {
+    view = [state.delegate tableView:self viewForFooterInSection:section];
+  }
+  const bool isDelegates = view != nil;
+  NSString *title = [self sim_titleOfSection:section header:header];
+  if (!view && [title length] > 0) {
+    UITableViewHeaderFooterView *label =
+        objcxx::adopt([[UITableViewHeaderFooterView alloc] initWithReuseIdentifier:nil]).autoreleased();
+    [[label textLabel] setText:title];
+    view = label;
+  }
+  part = partAt(state, section, header);
+  if (!part) return;
+  part->view = objcxx::share(view);
+  part->isDelegates = isDelegates;
+}
+
+- (CGFloat)sim_defaultHeightOfSection:(long)section header:(BOOL)header {
+  auto &state = *_tableViewState;
+  NSString *title = [self sim_titleOfSection:section header:header];
+  const sim::SectionPart *part = partAt(state, section, header);
+  if (!part) return 0;
+  const bool grouped = state.style != UITableViewStylePlain;
+  const bool delegateGivesViews = header ? state.has.headerView : state.has.footerView;
+  const bool shows = part->hasView ? static_cast<bool>(part->view) : delegateGivesViews || [title length] > 0;
+  const CGFloat set = header ? state.headerHeight : state.footerHeight;
+  if (isHeight(set) && (shows || grouped)) return set;
+  if (!shows) return !grouped ? 0 : header && section == 0 ? groupedFirstGap : groupedGap;
+  if (part->view) {
+    const CGFloat width = [self bounds].size.width - 2 * [self sim_rowInset];
+    const CGFloat fitting = [part->view.get() sizeThatFits:CGSizeMake(width, 0)].height;
+    if (isHeight(fitting) && fitting > 0) return fitting;
+  }
+  return grouped ? groupedTitleHeight : plainTitleHeight;
+}
+
+- (void)sim_measureSection:(long)section {
+  auto &state = *_tableViewState;
+  CGFloat header =
+      state.has.headerHeight ? [state.delegate tableView:self heightForHeaderInSection:section] : -1;
+  if (!isHeight(header)) {
+    header = [self sim_defaultHeightOfSection:section header:YES];
+    if (state.style == UITableViewStylePlain && header > 0) {
+      header += isHeight(state.headerTopPadding) ? state.headerTopPadding : plainTopPadding;
+    }
+  }
+  CGFloat footer =
+      state.has.footerHeight ? [state.delegate tableView:self heightForFooterInSection:section] : -1;
+  if (!isHeight(footer)) footer = [self sim_defaultHeightOfSection:section header:NO];
+  if (section >= state.geometry.sectionCount()) return;
+  state.geometry.setHeader(section, header);
+  state.geometry.setFooter(section, footer);
+}
+
+- (void)sim_showSectionParts {
+  auto &state = *_tableViewState;
+  const CGRect bounds = [self bounds];
+  for (long section = 0; section < state.geometry.sectionCount(); ++section) {
+    const double top = state.geometry.sectionTop(section);
+    if (top >= bounds.origin.y + bounds.size.height) break;
+    if (state.geometry.sectionBottom(section) <= bounds.origin.y) continue;
+    [self sim_showPartOfSection:section header:YES];
+    [self sim_showPartOfSection:section header:NO];
+  }
+}
+
+- (void)sim_showPartOfSection:(long)section header:(BOOL)header {
+  auto &state = *_tableViewState;
+  if (const sim::SectionPart *part = partAt(state, section, header); part && !part->hasView) {
+    [self sim_loadViewOfSection:section header:header];
+    if (partAt(state, section, header)) [self sim_measureSection:section];
+  }
+  const sim::SectionPart *part = partAt(state, section, header);
+  if (!part || !part->view || section >= state.geometry.sectionCount()) return;
+  const auto view = part->view;
+  const CGRect rect = header ? [self rectForHeaderInSection:section] : [self rectForFooterInSection:section];
+  const CGFloat inset = [self sim_rowInset];
+  [view.get() setFrame:CGRectMake(inset, rect.origin.y, rect.size.width - 2 * inset, rect.size.height)];
+  if ([view.get() superview] == self) return;
+  if (header && state.has.willDisplayHeader) {
+    [state.delegate tableView:self willDisplayHeaderView:view.get() forSection:section];
+  } else if (!header && state.has.willDisplayFooter) {
+    [state.delegate tableView:self willDisplayFooterView:view.get() forSection:section];
+  }
+  [self addSubview:view.get()];
+}
+
+- (void)sim_dropParts:(sim::SectionParts &)parts {
+  for (sim::SectionPart *part : {&parts.header, &parts.footer}) {
+    const auto view = std::exchange(part->view, nullptr);
+    if ([view.get() superview] == self) [view.get() removeFromSuperview];
+    if (![view.get() isKindOfClass:[UITableViewHeaderFooterView class]]) continue;
+    UITableViewHeaderFooterView *reusable = (UITableViewHeaderFooterView *)view.get();
+    if (![reusable reuseIdentifier]) continue;
+    _tableViewState->headersAndFooters.waiting[[[reusable reuseIdentifier] UTF8String]].push_back(
+        objcxx::share(reusable));
+  }
+  parts = {};
+}
+
+@end
+
+@implementation UITableView (HeadersAndFooters)
+
+- (UITableViewHeaderFooterView *)sim_shownPart:(NSInteger)section header:(BOOL)header {
+  const sim::SectionPart *part = partAt(*_tableViewState, section, header);
+  UIView *view = part ? part->view.get() : nil;
+  if ([view superview] != self || ![view isKindOfClass:[UITableViewHeaderFooterView class]]) return nil;
+  return (UITableViewHeaderFooterView *)view;
+}
+
+- (UITableViewHeaderFooterView *)headerViewForSection:(NSInteger)section {
+  return [self sim_shownPart:section header:YES];
+}
+
+- (UITableViewHeaderFooterView *)footerViewForSection:(NSInteger)section {
+  return [self sim_shownPart:section header:NO];
+}
+
+@end
+
+@implementation UITableView (SimHeadersAndFooters)
+
+/// The delegate's own view of the part, shown as a subview from now on.
+- (UIView *)sim_delegatesViewOf:(NSInteger)section header:(BOOL)header {
+  [self sim_loadIfNeeded];
+  [self sim_showPartOfSection:section header:header];
+  const sim::SectionPart *part = partAt(*_tableViewState, section, header);
+  return part && part->isDelegates ? part->view.get() : nil;
+}
+
+- (NSString *)sim_shownTitleOf:(NSInteger)section header:(BOOL)header {
+  if ([self sim_delegatesViewOf:section header:header]) return nil;
+  return [self sim_titleOfSection:section header:header];
+}
+
+- (NSString *)sim_titleForHeaderInSection:(NSInteger)section {
+  return [self sim_shownTitleOf:section header:YES];
+}
+
+- (NSString *)sim_titleForFooterInSection:(NSInteger)section {
+  return [self sim_shownTitleOf:section header:NO];
+}
+
+- (UIView *)sim_viewForHeaderInSection:(NSInteger)section {
+  return [self sim_delegatesViewOf:section header:YES];
+}
+
+- (UIView *)sim_viewForFooterInSection:(NSInteger)section {
+  return [self sim_delegatesViewOf:section header:NO];
+}
+
+@end

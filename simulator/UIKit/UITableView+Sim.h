@@ -1,0 +1,77 @@
+// The simulator's own face of a table view: how the host shows its rows and passes on what a finger does.
+#pragma once
+
+#import <UIKit/UITableView.h>
+
+/// An action that a swipe over a row uncovers.
+@interface SIMSwipeAction : NSObject {
+ @private
+  NSString *_title;
+  UIColor *_backgroundColor;
+  BOOL _destructive;
+  BOOL _leading;
+}
+@property (nonatomic, readonly, copy) NSString *title;
+@property (nonatomic, readonly, retain) UIColor *backgroundColor;
+@property (nonatomic, readonly, getter=isDestructive) BOOL destructive;
+/// YES on the leading side of the row.
+@property (nonatomic, readonly, getter=isLeading) BOOL leading;
+@end
+
+@interface UITableView (Sim)
+/// Brings the table view up to date: pending counts, layout, the cells in the bounds.
+- (void)sim_prepareForDescription;
+/// Gives `visitor` the cell of each row of `section`, in order. Cells outside the bounds are made, shown to the visitor
+/// as subviews of the table view, and put into the reuse queue: keep neither cell nor path beyond the call. The
+/// visitor must not change the table view. Time is linear in the number of rows.
+- (void)sim_describeRowsInSection:(NSInteger)section
+                       usingBlock:(void (^)(NSIndexPath *indexPath, UITableViewCell *cell))visitor;
+
+/// The final height in points, never an estimate; 0 for a row that is not there.
+- (CGFloat)sim_heightOfRowAtIndexPath:(NSIndexPath *)indexPath;
+/// Scrolls the row into the bounds and gives its live cell, whose controls may then be worked; nil for a row that is
+/// not there.
+- (UITableViewCell *)sim_cellForControlEventsAtIndexPath:(NSIndexPath *)indexPath;
+@end
+
+@interface UITableView (SimHeadersAndFooters)
+/// The title; nil when the section has a view of its own there or nothing.
+- (NSString *)sim_titleForHeaderInSection:(NSInteger)section;
+- (NSString *)sim_titleForFooterInSection:(NSInteger)section;
+/// The delegate's own view; nil when it gives none. Kept by the table view until the section is loaded again.
+- (UIView *)sim_viewForHeaderInSection:(NSInteger)section;
+- (UIView *)sim_viewForFooterInSection:(NSInteger)section;
+@end
+
+/// All of these answer NO, nothing or UITableViewCellEditingStyleNone for a path that names no row.
+@interface UITableView (SimSelection)
+/// YES when selection is allowed in the present mode; the row itself may still refuse a tap.
+@property (nonatomic, readonly) BOOL sim_allowsSelectionNow;
+/// What a finger does: scrolls the row into the bounds, highlights, selects. NO when the row refuses.
+- (BOOL)sim_tapRowAtIndexPath:(NSIndexPath *)indexPath;
+/// NO when the row shows no button as its accessory, or the delegate does not take it.
+- (BOOL)sim_tapAccessoryAtIndexPath:(NSIndexPath *)indexPath;
+@end
+
+@interface UITableView (SimEditingMode)
+- (BOOL)sim_hasRowAtIndexPath:(NSIndexPath *)indexPath;
+- (BOOL)sim_canEditRowAtIndexPath:(NSIndexPath *)indexPath;
+- (UITableViewCellEditingStyle)sim_editingStyleAtIndexPath:(NSIndexPath *)indexPath;
+/// YES when the row shows a reorder handle now.
+- (BOOL)sim_canMoveRowAtIndexPath:(NSIndexPath *)indexPath;
+/// A drag by the reorder handle. `to` counts as if the row had been taken out. The delegate may change the goal. NO
+/// when the row has no handle, a path is not there, or the delegate sends the row back where it was.
+- (BOOL)sim_moveRowFrom:(NSIndexPath *)from to:(NSIndexPath *)to;
+/// The delete control of the editing mode, confirmed. NO when the row cannot be deleted.
+- (BOOL)sim_commitDeleteAtIndexPath:(NSIndexPath *)indexPath;
+/// The insert control of the editing mode. NO when the row has none.
+- (BOOL)sim_commitInsertAtIndexPath:(NSIndexPath *)indexPath;
+@end
+
+@interface UITableView (SimSwipe)
+/// The actions (of SIMSwipeAction) that swipes over the row uncover: trailing ones, then leading ones. None while the
+/// table view is in editing mode.
+- (NSArray *)sim_swipeActionsAtIndexPath:(NSIndexPath *)indexPath;
+/// Performs one of the actions above. NO when there is none of that index.
+- (BOOL)sim_performSwipeActionAtIndex:(NSUInteger)index ofRow:(NSIndexPath *)indexPath;
+@end

@@ -1,0 +1,19 @@
+// The simulator's own face of a table row.
+#pragma once
+
+#import <UIKit/UITableViewCell.h>
+
+@interface UITableViewCell (Sim)
+@property (nonatomic, readonly) UITableViewCellStyle sim_style;
+/// The standard views as far as they were made: asking makes none.
+@property (nonatomic, readonly) UILabel *sim_textLabelIfMade;
+@property (nonatomic, readonly) UILabel *sim_detailTextLabelIfMade;
+@property (nonatomic, readonly) UIImageView *sim_imageViewIfMade;
+/// The accessory of the present mode (editing or not); a view of the cell's own comes before a type.
+@property (nonatomic, readonly) UITableViewCellAccessoryType sim_shownAccessoryType;
+@property (nonatomic, readonly) UIView *sim_shownAccessoryView;
+/// Set by the table view from the answers of its data source and delegate.
+- (void)sim_setEditingStyle:(UITableViewCellEditingStyle)editingStyle;
+/// For cells made from a registered class, whose own initialiser may have left the identifier out.
+- (void)sim_setReuseIdentifier:(NSString *)reuseIdentifier;
+@end

@@ -1,0 +1,36 @@
+// The state of a table row, shared by the files that implement it.
+#pragma once
+
+#import <UIKit/UIImageView.h>
+#import <UIKit/UILabel.h>
+#import <UIKit/UITableViewCell+Sim.h>
+#include <objcxx/Retained.h>
+
+namespace sim {
+
+struct TableViewCellState {
+  UITableViewCellStyle style = UITableViewCellStyleDefault;
+  objcxx::Retained<NSString> reuseIdentifier;
+  objcxx::Retained<UIView> contentView;
+  objcxx::Retained<UILabel> textLabel;
+  objcxx::Retained<UILabel> detailTextLabel;
+  objcxx::Retained<UIImageView> imageView;
+  objcxx::Retained<UIView> backgroundView;
+  objcxx::Retained<UIView> selectedBackgroundView;
+  objcxx::Retained<UIView> accessoryView;
+  objcxx::Retained<UIView> editingAccessoryView;
+  UITableViewCellAccessoryType accessoryType = UITableViewCellAccessoryNone;
+  UITableViewCellAccessoryType editingAccessoryType = UITableViewCellAccessoryNone;
+  UITableViewCellSelectionStyle selectionStyle = UITableViewCellSelectionStyleDefault;
+  UITableViewCellEditingStyle editingStyle = UITableViewCellEditingStyleNone;
+  NSInteger indentationLevel = 0;
+  CGFloat indentationWidth = 10;
+  UIEdgeInsets separatorInset = UIEdgeInsetsZero;
+  BOOL selected = NO;
+  BOOL highlighted = NO;
+  BOOL editing = NO;
+  BOOL showsReorderControl = NO;
+  BOOL shouldIndentWhileEditing = YES;
+};
+
+}  // namespace sim

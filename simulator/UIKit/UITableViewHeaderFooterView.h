@@ -1,0 +1,26 @@
+// The view above or below the rows of a section.
+#pragma once
+
+#import <UIKit/UIView.h>
+
+@class UILabel;
+
+namespace sim {
+struct HeaderFooterViewState;
+}
+
+/// Main thread.
+@interface UITableViewHeaderFooterView : UIView {
+ @private
+  std::unique_ptr<sim::HeaderFooterViewState> _headerFooterState;
+}
+/// Designated.
+- (instancetype)initWithReuseIdentifier:(NSString *)reuseIdentifier;
+@property (nonatomic, readonly) UIView *contentView;
+@property (nonatomic, readonly) UILabel *textLabel;
+@property (nonatomic, readonly) UILabel *detailTextLabel;
+@property (nonatomic, retain) UIView *backgroundView;
+@property (nonatomic, readonly) NSString *reuseIdentifier;
+/// Called before the view leaves the reuse queue. Sub-classes call super.
+- (void)prepareForReuse;
+@end

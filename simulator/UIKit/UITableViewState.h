@@ -1,0 +1,144 @@
+// The state of a table view, shared by the files that implement it.
+#pragma once
+
+#include "TableGeometry.hpp"
+#include "TableUpdate.hpp"
+
+#import <UIKit/UITableView+Sim.h>
+#import <UIKit/UITableViewCell+Sim.h>
+#import <UIKit/UITableViewHeaderFooterView+Sim.h>
+#include <objcxx/Retained.h>
+
+#include <map>
+#include <set>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace sim {
+
+/// Which optional methods the data source has.
+struct DataSourceAnswers {
+  bool sections, headerTitle, footerTitle, canEdit, canMove, commit, move;
+};
+
+/// Which optional methods the delegate has.
+struct DelegateAnswers {
+  bool willDisplay, didEndDisplaying, willDisplayHeader, willDisplayFooter;
+  bool rowHeight, estimatedRowHeight, headerHeight, footerHeight, headerView, footerView, indentation;
+  bool accessory, shouldHighlight, didHighlight, didUnhighlight, willSelect, willDeselect, didSelect, didDeselect;
+  bool editingStyle, deleteTitle, editActions, leadingSwipe, trailingSwipe, indents, willEdit, didEdit, target;
+};
+
+/// The header or the footer of a section.
+struct SectionPart {
+  objcxx::Retained<NSString> title;
+  objcxx::Retained<UIView> view;
+  bool hasTitle = false;  // Whether the data source was asked.
+  bool hasView = false;   // Whether the delegate was asked.
+  bool isDelegates = false;
+};
+
+struct SectionParts {
+  SectionPart header;
+  SectionPart footer;
+};
+
+/// Views that wait to be used again, and the classes to make new ones of, by identifier.
+template <typename View>
+struct ReuseQueue {
+  std::unordered_map<std::string, std::vector<objcxx::Retained<View>>> waiting;
+  std::unordered_map<std::string, Class> classes;
+};
+
+struct TableViewState {
+  UITableViewStyle style = UITableViewStylePlain;
+  id<UITableViewDataSource> dataSource = nil;  // not owned
+  id<UITableViewDelegate> delegate = nil;      // not owned
+  DataSourceAnswers source{};
+  DelegateAnswers has{};
+
+  CGFloat rowHeight = UITableViewAutomaticDimension;
+  CGFloat estimatedRowHeight = UITableViewAutomaticDimension;
+  CGFloat headerHeight = UITableViewAutomaticDimension;
+  CGFloat footerHeight = UITableViewAutomaticDimension;
+  CGFloat headerTopPadding = UITableViewAutomaticDimension;
+  UITableViewCellSeparatorStyle separatorStyle = UITableViewCellSeparatorStyleSingleLine;
+  UIEdgeInsets separatorInset = UIEdgeInsets{0, 16, 0, 0};
+  objcxx::Retained<UIColor> separatorColor;
+  objcxx::Retained<UIView> backgroundView;
+  objcxx::Retained<UIView> tableHeaderView;
+  objcxx::Retained<UIView> tableFooterView;
+
+  bool loaded = false;    // Whether `geometry` holds the counts of the data source.
+  bool layingOut = false;
+  TableGeometry geometry;
+  std::vector<SectionParts> parts;
+  std::map<RowIndex, objcxx::Retained<UITableViewCell>> live;
+  RowIndex guestIndex;  // The row of `guest`.
+  objcxx::Retained<UITableViewCell> guest;  // Outside the bounds, on show for a description.
+  ReuseQueue<UITableViewCell> cells;
+  ReuseQueue<UITableViewHeaderFooterView> headersAndFooters;
+
+  int updateDepth = 0;
+  TableUpdate update;
+
+  std::set<RowIndex> selected;
+  BOOL allowsSelection = YES;
+  BOOL allowsSelectionDuringEditing = NO;
+  BOOL allowsMultipleSelection = NO;
+  BOOL allowsMultipleSelectionDuringEditing = NO;
+  BOOL editing = NO;
+};
+
+inline NSIndexPath *pathOf(RowIndex index) { return [NSIndexPath indexPathForRow:index.row inSection:index.section]; }
+
+/// The row that a path names; a row that no table view has when the path is nil or not of two indexes.
+inline RowIndex indexOf(NSIndexPath *path) {
+  if ([path length] != 2) return {-1, -1};
+  return {[path section], [path row]};
+}
+
+}  // namespace sim
+
+@interface UITableView (SimRows)
+/// Asks for the counts when that is due.
+- (void)sim_loadIfNeeded;
+/// Throws everything away that came from the data source, and asks for the counts.
+- (void)sim_reload;
+- (void)sim_updateMargins;
+/// The numbers of rows that the data source gives now.
+- (void)sim_askCounts:(std::vector<long> &)counts;
+- (void)sim_estimateSection:(long)section;
+/// Makes the height of the row final. The cell is asked for when only it knows.
+- (void)sim_settleHeightOf:(sim::RowIndex)index cell:(UITableViewCell *)cell;
+/// A cell for the row from the data source, ready to be shown; not yet among the subviews.
+- (UITableViewCell *)sim_makeCellFor:(sim::RowIndex)index;
+/// Sets what the table view decides about the cell: frame, editing, selection.
+- (void)sim_configureCell:(UITableViewCell *)cell at:(sim::RowIndex)index animated:(BOOL)animated;
+/// Takes a cell off the screen and into the reuse queue.
+- (void)sim_retireCell:(UITableViewCell *)cell at:(sim::RowIndex)index;
+- (void)sim_retireAllCells;
+/// Lays the rows out now, or once more after the layout that is under way.
+- (void)sim_layOutRows;
+- (void)sim_scrollTo:(sim::RowIndex)index position:(UITableViewScrollPosition)position;
+- (CGRect)sim_rectOf:(sim::RowIndex)index;
+- (CGFloat)sim_rowInset;
+@end
+
+@interface UITableView (SimUpdates)
+/// Follows an update: live cells, heights, selection and section views move along with their rows.
+- (void)sim_applyOutcome:(const sim::TableUpdate::Outcome &)outcome counts:(const std::vector<long> &)counts;
+@end
+
+@interface UITableView (SimSections)
+/// Sets the heights of the section's header and footer.
+- (void)sim_measureSection:(long)section;
+/// Puts the headers and footers that lie in the bounds on the screen.
+- (void)sim_showSectionParts;
+- (void)sim_dropParts:(sim::SectionParts &)parts;
+@end
+
+@interface UITableView (SimEditing)
+- (void)sim_configureEditingOfCell:(UITableViewCell *)cell at:(sim::RowIndex)index animated:(BOOL)animated;
+@end

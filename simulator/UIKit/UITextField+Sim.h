@@ -1,0 +1,16 @@
+// What a person does to a text field.
+#pragma once
+
+#import <UIKit/UITextField.h>
+
+@interface UITextField (Sim)
+/// Taps the field, replaces its text by `text` and leaves the field, as a person does who types and then touches
+/// elsewhere: begin editing, should-change with the whole range, editing-changed, end editing. NO when the field is
+/// disabled, cannot be reached or its delegate refuses to begin; a refused change leaves the text alone and still ends
+/// editing.
+- (BOOL)sim_enterText:(NSString *)text;
+/// The same, ending with the return key: should-return and did-end-on-exit come before the end of editing.
+- (BOOL)sim_enterTextAndReturn:(NSString *)text;
+/// Taps the clear button. NO when it is not shown or the delegate refuses.
+- (BOOL)sim_clearByUser;
+@end

@@ -1,0 +1,214 @@
+#import <UIKit/NSAttributedString+UIKit.h>
+#import <UIKit/NSText+Sim.h>
+#import <UIKit/UIFont+Sim.h>
+#import <UIKit/UITextInputState.hpp>
+#import <UIKit/UITextView+Sim.h>
+#import <UIKit/UIView+Sim.h>
+
+#include <objcxx/Retained.h>
+
+#include <algorithm>
+
+NSString *const UITextViewTextDidBeginEditingNotification = @"UITextViewTextDidBeginEditingNotification";
+NSString *const UITextViewTextDidChangeNotification = @"UITextViewTextDidChangeNotification";
+NSString *const UITextViewTextDidEndEditingNotification = @"UITextViewTextDidEndEditingNotification";
+
+namespace sim {
+
+struct UITextViewState {
+  objcxx::Retained<NSString> text;
+  objcxx::Retained<UIFont> font;
+  objcxx::Retained<UIColor> textColor;
+  NSTextAlignment alignment = NSTextAlignmentNatural;
+  NSRange selectedRange = {0, 0};
+  UIEdgeInsets textContainerInset = {8, 0, 8, 0};
+  bool editable = true;
+  bool selectable = true;
+  TextInputTraits traits;
+};
+
+}  // namespace sim
+
+namespace {
+
+// What the text container keeps free on either side.
+constexpr CGFloat lineFragmentPadding = 5;
+
+void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] postNotificationName:name object:object]; }
+
+}  // namespace
+
+@implementation UITextView
+
+- (instancetype)initWithFrame:(CGRect)frame {
+  if (!(self = [super initWithFrame:frame])) return nil;
+  _textState = std::make_unique<sim::UITextViewState>();
+  [self setText:nil];
+  [self setFont:nil];
+  [self setTextColor:nil];
+  return self;
+}
+
+- (CGSize)sizeThatFits:(CGSize)size {
+  const UIEdgeInsets insets = _textState->textContainerInset;
+  const CGFloat margins = insets.left + insets.right + 2 * lineFragmentPadding;
+  sim::TextBlock block;
+  block.wrap = sim::TextWrap::word;
+  block.width = size.width > 0 ? std::max<CGFloat>(size.width - margins, 1) : 0;
+  const auto text = sim::measureText(sim::utf8([self text]), sim::textStyle([self font]), block);
+  return CGSizeMake(
+      sim::ceiledToPixel(text.width + margins),
+      sim::ceiledToPixel(std::max(text.lines, 1) * [[self font] lineHeight] + insets.top + insets.bottom));
+}
+
+- (NSString *)text {
+  return _textState->text.get();
+}
+
+- (void)setText:(NSString *)text {
+  _textState->text = objcxx::adopt((NSString *)[text ? text : @"" copy]);
+  _textState->selectedRange = NSMakeRange([[self text] length], 0);
+}
+
+- (NSAttributedString *)attributedText {
+  NSDictionary *attributes =
+      [NSDictionary dictionaryWithObjectsAndKeys:[self font], NSFontAttributeName, [self textColor],
+                                                 NSForegroundColorAttributeName, nil];
+  return [[[NSAttributedString alloc] initWithString:[self text] attributes:attributes] autorelease];
+}
+
+- (void)setAttributedText:(NSAttributedString *)text {
+  [self setText:[text string]];
+  if ([text length] == 0) return;
+  NSDictionary *attributes = [text attributesAtIndex:0 effectiveRange:nullptr];
+  if (UIFont *font = [attributes objectForKey:NSFontAttributeName]) [self setFont:font];
+  if (UIColor *color = [attributes objectForKey:NSForegroundColorAttributeName]) [self setTextColor:color];
+}
+
+- (UIFont *)font {
+  return _textState->font.get();
+}
+
+- (void)setFont:(UIFont *)font {
+  _textState->font = objcxx::share(font ? font : [UIFont systemFontOfSize:12]);
+}
+
+- (UIColor *)textColor {
+  return _textState->textColor.get();
+}
+
+- (void)setTextColor:(UIColor *)color {
+  _textState->textColor = objcxx::share(color ? color : [UIColor labelColor]);
+}
+
+- (NSTextAlignment)textAlignment {
+  return _textState->alignment;
+}
+
+- (void)setTextAlignment:(NSTextAlignment)alignment {
+  _textState->alignment = alignment;
+}
+
+- (NSRange)selectedRange {
+  return _textState->selectedRange;
+}
+
+- (void)setSelectedRange:(NSRange)range {
+  const NSUInteger length = [[self text] length];
+  const NSUInteger start = std::min(range.location, length);
+  _textState->selectedRange = NSMakeRange(start, std::min(range.length, length - start));
+}
+
+- (BOOL)isEditable {
+  return _textState->editable;
+}
+
+- (void)setEditable:(BOOL)editable {
+  _textState->editable = editable;
+}
+
+- (BOOL)isSelectable {
+  return _textState->selectable;
+}
+
+- (void)setSelectable:(BOOL)selectable {
+  _textState->selectable = selectable;
+}
+
+- (UIEdgeInsets)textContainerInset {
+  return _textState->textContainerInset;
+}
+
+- (void)setTextContainerInset:(UIEdgeInsets)insets {
+  _textState->textContainerInset = insets;
+}
+
+- (id<UITextViewDelegate>)delegate {
+  return (id<UITextViewDelegate>)[super delegate];
+}
+
+- (void)setDelegate:(id<UITextViewDelegate>)delegate {
+  [super setDelegate:delegate];
+}
+
+SIM_TEXT_INPUT_TRAITS(_textState->traits)
+
+- (BOOL)canBecomeFirstResponder {
+  return [self isEditable];
+}
+
+- (BOOL)becomeFirstResponder {
+  if ([self isFirstResponder]) return YES;
+  if (![self canBecomeFirstResponder]) return NO;
+  id<UITextViewDelegate> delegate = [self delegate];
+  if ([delegate respondsToSelector:@selector(textViewShouldBeginEditing:)] &&
+      ![delegate textViewShouldBeginEditing:self]) {
+    return NO;
+  }
+  if (![super becomeFirstResponder]) return NO;
+  if ([[self delegate] respondsToSelector:@selector(textViewDidBeginEditing:)]) {
+    [[self delegate] textViewDidBeginEditing:self];
+  }
+  post(UITextViewTextDidBeginEditingNotification, self);
+  return YES;
+}
+
+- (BOOL)resignFirstResponder {
+  if (![self isFirstResponder]) return YES;
+  id<UITextViewDelegate> delegate = [self delegate];
+  if ([delegate respondsToSelector:@selector(textViewShouldEndEditing:)] && ![delegate textViewShouldEndEditing:self]) {
+    return NO;
+  }
+  if (![super resignFirstResponder]) return NO;
+  if ([[self delegate] respondsToSelector:@selector(textViewDidEndEditing:)]) {
+    [[self delegate] textViewDidEndEditing:self];
+  }
+  post(UITextViewTextDidEndEditingNotification, self);
+  return YES;
+}
+
+@end
+
+@implementation UITextView (Sim)
+
+- (BOOL)sim_enterText:(NSString *)text {
+  if (![self sim_acceptsTouches] || ![self isEditable]) return NO;
+  const auto kept = objcxx::share(self);
+  if (![self becomeFirstResponder]) return NO;
+  id<UITextViewDelegate> delegate = [self delegate];
+  NSString *replacement = text ? text : @"";
+  const NSRange all = NSMakeRange(0, [[self text] length]);
+  const BOOL asks = [delegate respondsToSelector:@selector(textView:shouldChangeTextInRange:replacementText:)];
+  if (!asks || [delegate textView:self shouldChangeTextInRange:all replacementText:replacement]) {
+    [self setText:replacement];
+    if ([[self delegate] respondsToSelector:@selector(textViewDidChangeSelection:)]) {
+      [[self delegate] textViewDidChangeSelection:self];
+    }
+    if ([[self delegate] respondsToSelector:@selector(textViewDidChange:)]) [[self delegate] textViewDidChange:self];
+    post(UITextViewTextDidChangeNotification, self);
+  }
+  [self resignFirstResponder];
+  return YES;
+}
+
+@end

@@ -1,0 +1,13 @@
+// The appearance of the simulated device.
+#pragma once
+
+#import <UIKit/UITraitCollection.h>
+
+/// Light or dark, for everything resolved from now on. Whoever owns the windows then calls
+/// `-[UIView sim_traitCollectionDidChange:]` on each. Light until set; unspecified counts as light.
+UIKIT_EXTERN void SIMSetUserInterfaceStyle(UIUserInterfaceStyle style);
+
+@interface UITraitCollection (Sim)
+/// Runs `body` with `traits` as the current traits.
++ (void)sim_performWithTraitCollection:(UITraitCollection *)traits body:(void (^)(void))body;
+@end

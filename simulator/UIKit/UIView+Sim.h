@@ -1,0 +1,22 @@
+// Views as their siblings in UIKit and the host need them.
+#pragma once
+
+#import <UIKit/UIView.h>
+
+@interface UIView (Sim)
+/// The controller whose view this is: the next responder, told of layout by `viewWillLayoutSubviews` and
+/// `viewDidLayoutSubviews`. Not owned; the controller clears it when it lets go of the view.
+@property (nonatomic, assign, setter=sim_setViewController:) UIResponder *sim_viewController;
+/// Whether a finger could reach the view: it and everything above it is shown and lets touches through.
+- (BOOL)sim_acceptsTouches;
+/// Tells the receiver and everything below that the appearance has changed: `traitCollectionDidChange:`.
+- (void)sim_traitCollectionDidChange:(UITraitCollection *)previous;
+/// A number that is unique in the process, for the host's identifiers.
+- (NSUInteger)sim_number;
+@end
+
+@interface UIView (SimHierarchy)
+/// For whoever changes the window of a whole tree: they run around the change, for the receiver and everything below.
+- (void)sim_willMoveFromWindow:(UIWindow *)from toWindow:(UIWindow *)to;
+- (void)sim_didMoveFromWindow:(UIWindow *)from toWindow:(UIWindow *)to;
+@end

@@ -1,0 +1,25 @@
+// The simulator's own face of a view controller.
+#pragma once
+
+#import <UIKit/UIViewController.h>
+
+typedef NS_ENUM(NSInteger, SIMAppearance) {
+  SIMAppearanceDisappeared = 0,
+  SIMAppearanceAppearing,
+  SIMAppearanceAppeared,
+  SIMAppearanceDisappearing,
+};
+
+@interface UIViewController (Sim)
+/// What this very controller presents, whatever its parents present. Owned by this controller.
+@property (nonatomic, readonly) UIViewController *sim_ownPresentedViewController;
+/// The last controller in the chain of presentations that starts here; this controller when it presents nothing.
+@property (nonatomic, readonly) UIViewController *sim_frontmostViewController;
+@property (nonatomic, readonly) SIMAppearance sim_appearance;
+/// The children that take part when this controller appears and disappears.
+@property (nonatomic, readonly) NSArray *sim_appearingChildViewControllers;
+/// YES when this controller shows as a popover on a large screen and therefore needs a place to show it from.
+@property (nonatomic, readonly) BOOL sim_needsPopover;
+/// Runs a whole appearance or disappearance: begin, layout, end. For the roots of windows.
+- (void)sim_setAppeared:(BOOL)appeared animated:(BOOL)animated;
+@end

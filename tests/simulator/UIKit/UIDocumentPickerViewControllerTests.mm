@@ -1,0 +1,148 @@
+#import "AlertSupport.h"
+
+#import <Foundation/NSURL+Sim.h>
+#import <UIKit/UIDocumentPickerViewController+Sim.h>
+#import <support/objc/ObjCMatchers.h>
+#import <support/objc/ObjCTest.h>
+
+using testing_support::Stage;
+
+@interface FileTaker : NSObject <UIDocumentPickerDelegate> {
+ @public
+  objcxx::Retained<NSURL> url;
+  BOOL dismissed;
+  int cancels;
+}
+@end
+
+@implementation FileTaker
+- (void)documentPicker:(UIDocumentPickerViewController *)picker didPickDocumentAtURL:(NSURL *)given {
+  url = objcxx::share(given);
+  dismissed = [picker presentingViewController] == nil;
+}
+- (void)documentPickerWasCancelled:(UIDocumentPickerViewController *)picker {
+  ++cancels;
+  dismissed = [picker presentingViewController] == nil;
+}
+@end
+
+@interface FilesTaker : FileTaker {
+ @public
+  objcxx::Retained<NSArray> urls;
+}
+@end
+
+@implementation FilesTaker
+- (void)documentPicker:(UIDocumentPickerViewController *)picker didPickDocumentsAtURLs:(NSArray *)given {
+  urls = objcxx::share(given);
+}
+@end
+
+namespace {
+
+class UIDocumentPickerTest : public DeviceTest {
+ protected:
+  void TearDown() override {
+    [NSURL sim_resetSecurityScopes];
+    DeviceTest::TearDown();
+  }
+  static objcxx::Retained<UIDocumentPickerViewController> picker(UIDocumentPickerMode mode) {
+    return objcxx::adopt([[UIDocumentPickerViewController alloc] initWithDocumentTypes:@[ @"public.data" ]
+                                                                                inMode:mode]);
+  }
+  objcxx::Retained<UIDocumentPickerViewController> presentedPicker(UIDocumentPickerMode mode) {
+    auto made = picker(mode);
+    [made.get() setDelegate:taker_.get()];
+    stage_.present(made.get());
+    return made;
+  }
+  objcxx::Retained<FileTaker> taker_ = objcxx::adopt([[FileTaker alloc] init]);
+  Stage stage_;
+};
+
+}  // namespace
+
+TEST_F(UIDocumentPickerTest, KeepsItsSettings) {
+  const auto made = picker(UIDocumentPickerModeImport);
+  EXPECT_EQ([made.get() documentPickerMode], UIDocumentPickerModeImport);
+  EXPECT_FALSE([made.get() allowsMultipleSelection]);
+  [made.get() setModalPresentationStyle:UIModalPresentationOverFullScreen];
+  EXPECT_EQ([made.get() modalPresentationStyle], UIModalPresentationOverFullScreen);
+  EXPECT_EQ(raisedBy([] { picker(UIDocumentPickerModeExportToService).get(); }), "NSInvalidArgumentException");
+  EXPECT_EQ(raisedBy([] {
+              [[UIDocumentPickerViewController alloc] initWithDocumentTypes:@[] inMode:UIDocumentPickerModeOpen];
+            }),
+            "NSInvalidArgumentException");
+}
+
+TEST_F(UIDocumentPickerTest, ListsTheDocuments) {
+  EXPECT_OBJC_EQ([picker(UIDocumentPickerModeImport).get() sim_filePaths], @[]);
+  write(@"/var/mobile/Documents/b.plist", "x");
+  write(@"/var/mobile/Documents/a/c.txt", "x");
+  EXPECT_OBJC_EQ([picker(UIDocumentPickerModeImport).get() sim_filePaths], (@[ @"a/c.txt", @"b.plist" ]));
+}
+
+TEST_F(UIDocumentPickerTest, ImportGivesACopyThatHasToBeOpened) {
+  NSString *file = write(@"/var/mobile/Documents/Dark.plist", "content");
+  const auto made = presentedPicker(UIDocumentPickerModeImport);
+  EXPECT_TRUE([made.get() sim_pickFileAtPath:@"Dark.plist" error:NULL]);
+  NSURL *url = taker_.get()->url.get();
+  EXPECT_TRUE(taker_.get()->dismissed);
+  EXPECT_EQ(stage_.presented(), nil);
+  EXPECT_OBJC_EQ([[url path] lastPathComponent], @"Dark.plist");
+  EXPECT_OBJC_NE([url path], file);
+  EXPECT_OBJC_EQ([NSString stringWithContentsOfFile:[url path]], @"content");
+  EXPECT_TRUE([url startAccessingSecurityScopedResource]);
+  EXPECT_EQ([url sim_openAccesses], 1u);
+  [url stopAccessingSecurityScopedResource];
+}
+
+TEST_F(UIDocumentPickerTest, OpenGivesTheFileItself) {
+  NSString *file = write(@"/var/mobile/Documents/Dark.plist", "content");
+  const auto made = presentedPicker(UIDocumentPickerModeOpen);
+  EXPECT_TRUE([made.get() sim_pickFileAtPath:@"Dark.plist" error:NULL]);
+  EXPECT_OBJC_EQ([taker_.get()->url.get() path], file);
+}
+
+TEST_F(UIDocumentPickerTest, TheSameNameTwiceGivesTwoCopies) {
+  write(@"/var/mobile/Documents/a.txt", "1");
+  const auto one = presentedPicker(UIDocumentPickerModeImport);
+  [one.get() sim_pickFileAtPath:@"a.txt" error:NULL];
+  const auto first = taker_.get()->url;
+  write(@"/var/mobile/Documents/a.txt", "2");
+  const auto two = presentedPicker(UIDocumentPickerModeImport);
+  [two.get() sim_pickFileAtPath:@"a.txt" error:NULL];
+  EXPECT_OBJC_NE(taker_.get()->url.get(), first.get());
+  EXPECT_OBJC_EQ([NSString stringWithContentsOfFile:[first.get() path]], @"1");
+}
+
+TEST_F(UIDocumentPickerTest, TheMethodForSeveralComesFirst) {
+  write(@"/var/mobile/Documents/a.txt", "1");
+  const auto taker = objcxx::adopt([[FilesTaker alloc] init]);
+  const auto made = presentedPicker(UIDocumentPickerModeOpen);
+  [made.get() setDelegate:taker.get()];
+  [made.get() sim_pickFileAtPath:@"a.txt" error:NULL];
+  EXPECT_EQ([taker.get()->urls.get() count], 1u);
+  EXPECT_OBJC_EQ(taker.get()->url.get(), nil);
+}
+
+TEST_F(UIDocumentPickerTest, RefusesWhatIsNotInTheList) {
+  write(@"/var/mobile/Documents/a.txt", "1");
+  write(@"/var/mobile/other.txt", "1");
+  const auto made = presentedPicker(UIDocumentPickerModeImport);
+  for (NSString *path in @[ @"b.txt", @"../other.txt", @"/a.txt", @"" ]) {
+    NSError *error = nil;
+    EXPECT_FALSE([made.get() sim_pickFileAtPath:path error:&error]) << [path UTF8String];
+    EXPECT_GT([[error localizedDescription] length], 0u);
+  }
+  EXPECT_OBJC_EQ(taker_.get()->url.get(), nil);
+  EXPECT_EQ(stage_.presented(), made.get());
+}
+
+TEST_F(UIDocumentPickerTest, TheDelegateIsToldOfTheEnd) {
+  const auto made = presentedPicker(UIDocumentPickerModeImport);
+  [made.get() sim_cancel];
+  EXPECT_EQ(taker_.get()->cancels, 1);
+  EXPECT_TRUE(taker_.get()->dismissed);
+  EXPECT_EQ(stage_.presented(), nil);
+}
