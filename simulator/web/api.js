@@ -1,0 +1,80 @@
+/** An answer of the simulator that is no success. `status` is 0 when there was no answer at all. */
+export class ApiError extends Error {
+  constructor(status, message) {
+    super(message);
+    this.status = status;
+  }
+}
+
+/** The simulator's HTTP interface; every call carries the token. */
+export class Api {
+  #token;
+
+  constructor(token) {
+    this.#token = token;
+  }
+
+  screen() {
+    return this.#json('GET', '/api/screen');
+  }
+
+  device() {
+    return this.#json('GET', '/api/device');
+  }
+
+  /** Resolves with the screen after the event. */
+  event(event) {
+    return this.#json('POST', '/api/events', event);
+  }
+
+  setPasteboard(string) {
+    return this.#json('PUT', '/api/device/pasteboard', { string });
+  }
+
+  /** `style` is "light" or "dark". */
+  setAppearance(style) {
+    return this.#json('PUT', '/api/device/appearance', { style });
+  }
+
+  async blob(url) {
+    return (await this.#fetch(url)).blob();
+  }
+
+  /** Opens the event stream; resolves with the response when the simulator has accepted it. */
+  stream(signal) {
+    return this.#fetch('/api/stream', { signal, headers: { Accept: 'text/event-stream' } });
+  }
+
+  async #json(method, path, body) {
+    const options = { method };
+    if (body !== undefined) {
+      options.body = JSON.stringify(body);
+      options.headers = { 'Content-Type': 'application/json' };
+    }
+    const response = await this.#fetch(path, options);
+    const text = await response.text();
+    return text ? JSON.parse(text) : null;
+  }
+
+  async #fetch(path, options = {}) {
+    const headers = { ...options.headers, 'X-Sim-Token': this.#token };
+    let response;
+    try {
+      response = await fetch(path, { ...options, headers, cache: 'no-store' });
+    } catch (error) {
+      if (error.name === 'AbortError') throw error;
+      throw new ApiError(0, 'The simulator does not answer.');
+    }
+    if (!response.ok) throw new ApiError(response.status, await reasonOf(response));
+    return response;
+  }
+}
+
+async function reasonOf(response) {
+  const text = await response.text().catch(() => '');
+  try {
+    return JSON.parse(text).error || response.statusText;
+  } catch {
+    return text || response.statusText;
+  }
+}

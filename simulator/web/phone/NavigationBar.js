@@ -1,0 +1,66 @@
+import { html, useContext } from '/modules/htm-preact.mjs';
+import { BackChevron, Plus } from '/phone/symbols.js';
+import { SessionContext } from '/session.js';
+
+const systemItems = {
+  add: { name: 'Add', symbol: Plus },
+  done: { name: 'Done', strong: true },
+  save: { name: 'Save', strong: true },
+  edit: { name: 'Edit' },
+  cancel: { name: 'Cancel' },
+  close: { name: 'Close' },
+  undo: { name: 'Undo' },
+  redo: { name: 'Redo' },
+  refresh: { name: 'Refresh' },
+  reply: { name: 'Reply' },
+  action: { name: 'Share' },
+  organize: { name: 'Organize' },
+  compose: { name: 'Compose' },
+  search: { name: 'Search' },
+  trash: { name: 'Delete' },
+  camera: { name: 'Camera' },
+  bookmarks: { name: 'Bookmarks' },
+  stop: { name: 'Stop' },
+  play: { name: 'Play' },
+  pause: { name: 'Pause' },
+  rewind: { name: 'Rewind' },
+  fastForward: { name: 'Fast Forward' },
+};
+
+/** The bar over a page. `heading` receives the title's element, except where a large title is the heading. */
+export function NavigationBar({ page, solid, large, showTitle, heading }) {
+  const session = useContext(SessionContext);
+  const title = page.title ?? '';
+  const buttons = page.buttons ?? [];
+  const barButtons = (side) => buttons.filter((button) => (button.side ?? 'right') === side)
+    .map((button) => html`<${BarButton} key=${button.id} button=${button} />`);
+  return html`
+    <header class="navigation-bar" data-solid=${solid}>
+      <div class="bar-side">
+        ${page.back && html`
+          <button type="button" class="back-button" onClick=${() => session.tap(page.back.id)}
+            aria-label=${`Back to ${page.back.title || 'the page before'}`}>
+            <${BackChevron} /><span>${page.back.title || 'Back'}</span>
+          </button>`}
+        ${barButtons('left')}
+      </div>
+      ${large
+        ? html`<div class="bar-title" data-shown=${showTitle} aria-hidden="true">${title}</div>`
+        : html`<h2 class="bar-title" data-shown="true" ref=${heading} tabindex="-1" data-page-heading
+            aria-label=${title || 'Untitled page'}>${title}</h2>`}
+      <div class="bar-side bar-side-right">
+        ${barButtons('right')}
+      </div>
+    </header>`;
+}
+
+function BarButton({ button }) {
+  const session = useContext(SessionContext);
+  const known = systemItems[button.systemItem];
+  const name = button.title || known?.name || button.systemItem || 'Button';
+  const symbol = !button.title && known?.symbol;
+  return html`
+    <button type="button" class=${known?.strong ? 'bar-button bar-button-strong' : 'bar-button'}
+      disabled=${button.enabled === false} aria-label=${symbol ? name : undefined}
+      onClick=${() => session.tap(button.id)}>${symbol ? html`<${symbol} />` : name}</button>`;
+}

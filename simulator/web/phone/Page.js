@@ -1,0 +1,60 @@
+import { html, useEffect, useLayoutEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { CustomViews } from '/phone/CustomViews.js';
+import { rowCanFocus } from '/phone/keyboard.js';
+import { NavigationBar } from '/phone/NavigationBar.js';
+import { Table } from '/phone/Table.js';
+
+/**
+ * One page of the navigation stack.
+ *
+ * `place` says where a page that comes back was left (`{scrollTop, section, row}`); `onLeave` is told it.
+ * `takesFocus`: the focus was in the page before, and this one takes it over.
+ */
+export function Page({ screen, leaving, place, takesFocus, onLeave }) {
+  const { page } = screen;
+  const scroller = useRef(null);
+  const heading = useRef(null);
+  const active = useRef({ section: place?.section ?? 0, row: place?.row ?? null });
+  const [scrolled, setScrolled] = useState({ bar: false, title: false });
+  const large = !page.back;
+
+  const follow = () => {
+    const top = scroller.current.scrollTop;
+    const next = { bar: top > (large ? 44 : 2), title: top > 34 };
+    setScrolled((last) => (last.bar === next.bar && last.title === next.title ? last : next));
+  };
+
+  useLayoutEffect(() => {
+    if (place) scroller.current.scrollTop = place.scrollTop;
+    follow();
+  }, []);
+  useEffect(() => {
+    if (takesFocus && active.current.row === null) heading.current?.focus({ preventScroll: true });
+  }, []);
+  // What the page was left like has to be read while it still stands.
+  useLayoutEffect(() => {
+    if (leaving) onLeave({ scrollTop: scroller.current.scrollTop, ...active.current });
+  }, [leaving]);
+
+  const title = page.title ?? '';
+  return html`
+    <div class=${`page page-${page.style ?? 'insetGrouped'}`} data-leaving=${leaving} inert=${leaving}
+      aria-hidden=${leaving ? 'true' : undefined}>
+      <${NavigationBar} page=${page} solid=${scrolled.bar} large=${large} showTitle=${!large || scrolled.title}
+        heading=${large ? null : heading} />
+      <div class="scroller" ref=${scroller} onScroll=${follow} tabindex=${hasStops(page) ? undefined : 0}
+        role=${hasStops(page) ? undefined : 'region'} aria-label=${hasStops(page) ? undefined : title}>
+        ${large && html`<h2 class="large-title" ref=${heading} tabindex="-1" data-page-heading>${title}</h2>`}
+        ${page.view && html`
+          <div class="section-view" style=${{ height: `${page.view.frame[3]}px` }}>
+            <${CustomViews} views=${[page.view]} on="page" />
+          </div>`}
+        <${Table} page=${page} scroller=${scroller} active=${active} takesFocus=${takesFocus && place !== null} />
+      </div>
+    </div>`;
+}
+
+/** Whether the Tab key stops anywhere in the page's table; else the table itself has to be a stop to be scrolled. */
+function hasStops(page) {
+  return page.sections.some(({ rows }) => rows.some(rowCanFocus));
+}

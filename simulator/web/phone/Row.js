@@ -1,0 +1,68 @@
+import { html, useContext, useRef } from '/modules/htm-preact.mjs';
+import { heightOf, imageSizeOf } from '/phone/layout.js';
+import { MoveHandle } from '/phone/MoveHandle.js';
+import { RowBody } from '/phone/RowBody.js';
+import { SwipeActions, SwipeMenuButton } from '/phone/SwipeActions.js';
+import { useSwipe } from '/phone/swiping.js';
+import { SessionContext } from '/session.js';
+
+// Margin and spacing about a row's image, in points.
+const imageGap = 31;
+
+/**
+ * What a list item of the table holds: the body of a row, and around it the handle to move it and its swipe actions.
+ *
+ * `isChoice`: the section is a list with check marks. `header` is the section's.
+ */
+export function Row({ row, section, index, header, isChoice, reordering, swipeOpen, setSwipeOpen }) {
+  const session = useContext(SessionContext);
+  const item = useRef(null);
+  const actions = row.swipeActions ?? [];
+  const swipe = useSwipe({ item, enabled: actions.length > 0, open: swipeOpen, setOpen: setSwipeOpen });
+
+  const tap = () => {
+    if (swipeOpen) setSwipeOpen(false);
+    else session.tap(row.id);
+  };
+  const onKeyDown = (event) => {
+    const isMenu = event.key === 'ContextMenu' || (event.key === 'F10' && event.shiftKey);
+    if (actions.length > 0 && isMenu) {
+      event.preventDefault();
+      setSwipeOpen(true);
+    } else if (swipeOpen && event.key === 'Escape') {
+      event.preventDefault();
+      setSwipeOpen(false);
+      item.current.querySelector('[data-part="main"]')?.focus();
+    }
+  };
+
+  return html`
+    <div class="row-content" ref=${item} onKeyDown=${onKeyDown}>
+      ${(swipeOpen || swipe.offset < 0) && html`
+        <${SwipeActions} row=${row} actions=${actions} focus=${swipeOpen && swipe.offset === 0}
+          close=${() => setSwipeOpen(false)} />`}
+      <div class="row-slide" ...${swipe.handlers} data-swiping=${swipe.offset !== 0}
+        style=${swipe.offset !== 0 ? { transform: `translateX(${swipe.offset}px)` } : undefined}>
+        <${RowBody} row=${row} isChoice=${isChoice} tap=${tap}
+          header=${header} tapAccessory=${() => session.tap(row.id, { part: 'accessory' })} />
+        ${actions.length > 0 && html`
+          <${SwipeMenuButton} row=${row} open=${swipeOpen} setOpen=${setSwipeOpen} />`}
+        ${row.canMove && html`
+          <${MoveHandle} row=${row} begin=${(event) => reordering.begin(event, section, index)}
+            nudge=${(direction) => reordering.nudge(section, index, direction)} />`}
+      </div>
+    </div>`;
+}
+
+/** The style that puts the list item of `row` at `top`, counted in points from the top of its list. */
+export function rowStyle(row, top) {
+  const image = imageSizeOf(row);
+  const style = {
+    height: `${heightOf(row)}px`, transform: `translateY(${top}px)`,
+    '--text-left': image ? `${image.width + imageGap}px` : '16px',
+  };
+  if (!row.frame || !row.views?.length) return style;
+  // Cells with views of their own lie where their frame says, whatever the width of the list.
+  const [x, , width] = row.frame;
+  return { ...style, left: `calc(${x}px - var(--list-left))`, width: `${width}px`, right: 'auto' };
+}

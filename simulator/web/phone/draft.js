@@ -1,0 +1,27 @@
+import { useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+
+/**
+ * Text that the user edits before it is sent. What comes from the device meanwhile does not disturb it.
+ *
+ * `send(text)` resolves with whether the text was taken; if not, the stored text is shown again.
+ */
+export function useDraft(stored, send) {
+  const [text, setText] = useState(stored);
+  const state = useRef({ text: stored, dirty: false }).current;
+
+  const show = (next, dirty) => {
+    state.text = next;
+    state.dirty = dirty;
+    setText(next);
+  };
+  useEffect(() => {
+    if (!state.dirty) show(stored, false);
+  }, [stored]);
+
+  const commit = async () => {
+    if (!state.dirty) return;
+    state.dirty = false;
+    if (!(await send(state.text)) && !state.dirty) show(stored, false);
+  };
+  return { text, input: (event) => show(event.target.value, true), commit, reset: () => show(stored, false) };
+}

@@ -1,0 +1,79 @@
+import { useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+
+const begins = 8;
+const opensAt = 40;
+const wheelRest = 250;
+
+/**
+ * Swiping a row to the left with a finger, a mouse or a trackpad.
+ *
+ * Returns the handlers for the part that slides, and `offset`, its distance in points during a swipe, else 0.
+ */
+export function useSwipe({ item, enabled, open, setOpen }) {
+  const [offset, setOffset] = useState(0);
+  const gesture = useRef(null);
+  const wheel = useRef({ sum: 0, timer: 0 }).current;
+
+  useEffect(() => () => clearTimeout(wheel.timer), []);
+  useEffect(() => {
+    if (!open) return undefined;
+    const onDown = (event) => {
+      if (!item.current?.contains(event.target)) setOpen(false);
+    };
+    document.addEventListener('pointerdown', onDown, true);
+    return () => document.removeEventListener('pointerdown', onDown, true);
+  }, [open]);
+
+  if (!enabled) return { offset: 0, handlers: {} };
+
+  const width = () => item.current.querySelector('.swipe-actions')?.offsetWidth ?? 0;
+  const onPointerDown = (event) => {
+    if (event.button !== 0 || event.target.closest('.move-handle')) return;
+    gesture.current = { x: event.clientX, y: event.clientY, base: open ? -width() : 0, swiping: false };
+  };
+  const onPointerMove = (event) => {
+    const { current } = gesture;
+    if (!current) return;
+    const moved = event.clientX - current.x;
+    if (!current.swiping) {
+      if (Math.abs(event.clientY - current.y) > begins) gesture.current = null;
+      if (!gesture.current || Math.abs(moved) < begins) return;
+      current.swiping = true;
+      event.currentTarget.setPointerCapture(event.pointerId);
+    }
+    setOffset(Math.min(0, current.base + moved) || -0.01);
+  };
+  const onPointerUp = (event) => {
+    const { current } = gesture;
+    gesture.current = null;
+    if (!current?.swiping) return;
+    swallowNextClick(event.currentTarget);
+    setOpen(current.base + event.clientX - current.x < -opensAt);
+    setOffset(0);
+  };
+  const onPointerCancel = () => {
+    gesture.current = null;
+    setOffset(0);
+  };
+  const onWheel = (event) => {
+    if (Math.abs(event.deltaX) <= Math.abs(event.deltaY)) return;
+    event.preventDefault();
+    wheel.sum += event.deltaX;
+    clearTimeout(wheel.timer);
+    wheel.timer = setTimeout(() => { wheel.sum = 0; }, wheelRest);
+    if (Math.abs(wheel.sum) < opensAt) return;
+    setOpen(wheel.sum > 0);
+    wheel.sum = 0;
+  };
+  return { offset, handlers: { onPointerDown, onPointerMove, onPointerUp, onPointerCancel, onWheel } };
+}
+
+/** A swipe that ends over a button is no click on it. */
+function swallowNextClick(element) {
+  const swallow = (event) => {
+    event.stopPropagation();
+    event.preventDefault();
+  };
+  element.addEventListener('click', swallow, { capture: true, once: true });
+  setTimeout(() => element.removeEventListener('click', swallow, { capture: true }), 0);
+}

@@ -1,0 +1,52 @@
+import { html } from '/modules/htm-preact.mjs';
+
+// The few line drawings of the phone. All are decoration: the name stands on the element that holds them.
+
+const drawing = (className, box, content) => html`
+  <svg class=${className} viewBox=${box} aria-hidden="true" focusable="false">${content}</svg>`;
+
+export const BackChevron = () => drawing('symbol back-chevron', '0 0 12 21',
+  html`<path d="M10.5 1.5 L2 10.5 L10.5 19.5" fill="none" stroke="currentColor" stroke-width="2.6"
+    stroke-linecap="round" stroke-linejoin="round" />`);
+
+export const Disclosure = () => drawing('symbol disclosure', '0 0 8 13',
+  html`<path d="M1.2 1.2 L6.6 6.5 L1.2 11.8" fill="none" stroke="currentColor" stroke-width="2"
+    stroke-linecap="round" stroke-linejoin="round" />`);
+
+export const Checkmark = () => drawing('symbol checkmark', '0 0 15 14',
+  html`<path d="M1.5 7.8 L5.6 12.2 L13.5 1.8" fill="none" stroke="currentColor" stroke-width="2.2"
+    stroke-linecap="round" stroke-linejoin="round" />`);
+
+export const Grip = () => drawing('symbol grip', '0 0 22 12',
+  html`<path d="M0 1 H22 M0 6 H22 M0 11 H22" fill="none" stroke="currentColor" stroke-width="1.5" />`);
+
+export const Info = () => drawing('symbol info', '0 0 22 22', html`
+  <circle cx="11" cy="11" r="9.6" fill="none" stroke="currentColor" stroke-width="1.6" />
+  <circle cx="11" cy="6.6" r="1.3" fill="currentColor" />
+  <path d="M9.4 10 H11.4 V16 M9 16 H13.6" fill="none" stroke="currentColor" stroke-width="1.6" />`);
+
+export const Plus = () => drawing('symbol plus', '0 0 20 20',
+  html`<path d="M10 1.5 V18.5 M1.5 10 H18.5" fill="none" stroke="currentColor" stroke-width="2"
+    stroke-linecap="round" />`);
+
+export const More = () => drawing('symbol more', '0 0 20 6', html`
+  <circle cx="3" cy="3" r="2" fill="currentColor" />
+  <circle cx="10" cy="3" r="2" fill="currentColor" />
+  <circle cx="17" cy="3" r="2" fill="currentColor" />`);
+
+export const Page = () => drawing('symbol document', '0 0 30 38', html`
+  <path d="M2 4 a3 3 0 0 1 3-3 H19 L28 10 V34 a3 3 0 0 1 -3 3 H5 a3 3 0 0 1 -3 -3 Z" class="document-sheet" />
+  <path d="M19 1 V10 H28" class="document-fold" />`);
+
+export const StatusSymbols = () => drawing('status-symbols', '0 0 76 14', html`
+  <rect x="0" y="9" width="3" height="4" rx="1" fill="currentColor" />
+  <rect x="5" y="6.5" width="3" height="6.5" rx="1" fill="currentColor" />
+  <rect x="10" y="3.5" width="3" height="9.5" rx="1" fill="currentColor" />
+  <rect x="15" y="0.5" width="3" height="12.5" rx="1" fill="currentColor" />
+  <g fill="none" stroke="currentColor" stroke-width="2">
+    <path d="M25.5 4.6 a11 11 0 0 1 15 0" /><path d="M28.4 8 a6.6 6.6 0 0 1 9.2 0" />
+  </g>
+  <path d="M33 13 L30.6 10.4 a3.5 3.5 0 0 1 4.8 0 Z" fill="currentColor" />
+  <rect x="48.6" y="1.1" width="22.8" height="11.8" rx="3.4" fill="none" stroke="currentColor" opacity="0.4" />
+  <rect x="50.2" y="2.7" width="19.6" height="8.6" rx="2" fill="currentColor" />
+  <path d="M73 5 V9 a2.2 2.2 0 0 0 0 -4 Z" fill="currentColor" opacity="0.5" />`);

@@ -1,0 +1,217 @@
+import { createContext } from '/modules/htm-preact.mjs';
+import { ApiError } from '/api.js';
+import { ImageCache } from '/images.js';
+import { Store } from '/store.js';
+import { readEvents } from '/stream.js';
+import { signatureOf } from '/targets.js';
+
+export const SessionContext = createContext(null);
+
+const shortestPause = 300;
+const longestPause = 5000;
+const attempts = 3;
+
+/**
+ * What this tab knows of the device, kept current by the event stream, and the way to send input to it.
+ *
+ * `store.state`: `connection` ("connecting", "open", "lost" or "refused"), `screen`, `screenError` (why there is no
+ * screen), `device`, `announcement` (for assistive technology), `notice` (a refusal to show).
+ */
+export class Session {
+  store = new Store({
+    connection: 'connecting', screen: null, screenError: null, device: null, announcement: '', notice: null,
+  });
+  images;
+  #api;
+  #input = Promise.resolve();
+  #stream = null;
+  #refreshScreen;
+  #refreshDevice;
+
+  constructor(api) {
+    this.#api = api;
+    this.images = new ImageCache((url) => api.blob(url));
+    this.#refreshScreen = coalesced(() => this.#loadScreen());
+    this.#refreshDevice = coalesced(() => this.#loadDevice());
+  }
+
+  /** Connects, and from then on is connected whenever the page is visible. */
+  start() {
+    const darkness = matchMedia('(prefers-color-scheme: dark)');
+    darkness.addEventListener('change', () => this.#sendAppearance(darkness));
+    document.addEventListener('visibilitychange', () => this.#followVisibility(darkness));
+    this.#followVisibility(darkness);
+  }
+
+  /** `more` is what the event says beside the id. */
+  tap(id, more) {
+    return this.#sendTo(id, { type: 'tap', id, ...more });
+  }
+
+  set(id, value) {
+    return this.#sendTo(id, { type: 'set', id, value });
+  }
+
+  /**
+   * Sends one input event after all earlier ones were answered, and shows the screen that it led to.
+   *
+   * `make` makes the event from the screen of that moment; when it returns null the screen is another than the one
+   * that the user saw, and nothing is sent. Resolves with true when the simulator accepted the event. Never rejects.
+   */
+  send(make) {
+    const sent = this.#input.then(() => this.#deliver(make));
+    this.#input = sent;
+    return sent;
+  }
+
+  /** Resolves with null or with the reason why the pasteboard was not changed. */
+  async setPasteboard(string) {
+    try {
+      await this.#api.setPasteboard(string);
+    } catch (error) {
+      return error.message;
+    }
+    await this.#refreshDevice();
+    return null;
+  }
+
+  blob(url) {
+    return this.#api.blob(url);
+  }
+
+  /** Has assistive technology read `text`. */
+  announce(text) {
+    // A live region says nothing when its text stays the same.
+    const repeated = this.store.state.announcement === text;
+    this.store.set({ announcement: repeated ? `${text}\u00a0` : text });
+  }
+
+  reload() {
+    return this.#refreshScreen();
+  }
+
+  // Ids name places. What stands at the place now has to be what the user meant.
+  #sendTo(id, event) {
+    const meant = signatureOf(this.store.state.screen, id);
+    return this.send((screen) => (signatureOf(screen, id) === meant ? event : null));
+  }
+
+  async #deliver(make) {
+    for (let attempt = 0; attempt < attempts; attempt += 1) {
+      const { screen } = this.store.state;
+      const event = screen && make(screen);
+      if (!event) break;
+      try {
+        this.#show(await this.#api.event({ ...event, revision: screen.revision }));
+        this.store.set({ notice: null });
+        return true;
+      } catch (error) {
+        await this.#refreshScreen();
+        if (error.status !== 409) {
+          if (this.store.state.screenError === null) this.store.set({ notice: error.message });
+          return false;
+        }
+      }
+    }
+    this.store.set({ notice: 'The screen has changed. Please try again.' });
+    return false;
+  }
+
+  #show(screen) {
+    const shown = this.store.state.screen;
+    if (shown && screen.revision < shown.revision) return;
+    this.store.set({ screen, screenError: null });
+  }
+
+  async #loadScreen() {
+    try {
+      this.#show(await this.#api.screen());
+    } catch (error) {
+      if (error.status !== 0) this.store.set({ screenError: error.message });
+    }
+  }
+
+  async #loadDevice() {
+    try {
+      const device = await this.#api.device();
+      const known = this.store.state.device;
+      const resprung = known !== null && device.resprings !== known.resprings;
+      this.store.set(resprung ? { device, screen: null, notice: null } : { device });
+      if (!resprung) return;
+      // Settings has started afresh: what was on its screen, and the numbers of its pictures, mean nothing any more.
+      this.images.clear();
+      this.#refreshScreen();
+    } catch (error) {
+      if (!(error instanceof ApiError)) throw error;
+    }
+  }
+
+  #sendAppearance(darkness) {
+    if (document.visibilityState === 'hidden') return;
+    this.#api.setAppearance(darkness.matches ? 'dark' : 'light').catch(() => {});
+  }
+
+  // Browsers open only a few connections to one host, so a page that nobody sees gives its stream up.
+  #followVisibility(darkness) {
+    if (document.visibilityState === 'hidden') {
+      this.#stream?.abort();
+      this.#stream = null;
+    } else if (!this.#stream) {
+      this.#stream = new AbortController();
+      this.#sendAppearance(darkness);
+      this.#listen(this.#stream.signal);
+    }
+  }
+
+  async #listen(signal) {
+    let pause = shortestPause;
+    while (!signal.aborted) {
+      try {
+        const response = await this.#api.stream(signal);
+        pause = shortestPause;
+        this.store.set({ connection: 'open' });
+        this.#refreshScreen();
+        this.#refreshDevice();
+        await readEvents(response.body, (event) => this.#receive(event));
+      } catch (error) {
+        if (signal.aborted) return;
+        if (error.status === 401 || error.status === 403) {
+          this.store.set({ connection: 'refused' });
+          return;
+        }
+      }
+      if (signal.aborted) return;
+      this.store.set({ connection: 'lost' });
+      await new Promise((resolve) => setTimeout(resolve, pause));
+      pause = Math.min(pause * 2, longestPause);
+    }
+  }
+
+  #receive({ event, data }) {
+    if (event === 'device') this.#refreshDevice();
+    if (event !== 'screen') return;
+    const { revision } = JSON.parse(data);
+    const shown = this.store.state.screen;
+    if (!shown || revision > shown.revision) this.#refreshScreen();
+  }
+}
+
+/** Runs `work` at most once at a time; calls that come meanwhile are met by one further run. */
+function coalesced(work) {
+  let running = null;
+  let next = null;
+  const run = () => {
+    running = work().finally(() => {
+      running = null;
+    });
+    return running;
+  };
+  return () => {
+    if (!running) return run();
+    next ??= running.then(() => {
+      next = null;
+      return run();
+    });
+    return next;
+  };
+}

@@ -1,0 +1,242 @@
+import assert from 'node:assert/strict';
+import { test } from 'node:test';
+import { eventually, hasFocus, openPage } from './support/browser.mjs';
+import { startFake } from './support/fakeSimulator.mjs';
+import { control, label, link, row, screen, section, view } from './support/screens.mjs';
+
+const one = (...rows) => screen(['Settings', 'Page'], [section('Group', rows, 'Footer text')]);
+const sent = (fake) => fake.events.map(({ revision, ...event }) => event);
+
+test('A row is a button in a list with its label and value as name', async (t) => {
+  const { url } = await startFake(t, one(link('Mode', { style: 'value1', detail: 'Automatic' }), link('Other')));
+  const page = await openPage(t, url);
+  const items = page.getByRole('group', { name: 'Group' }).getByRole('listitem');
+  await items.nth(1).waitFor();
+  assert.equal(await items.count(), 2);
+  assert.equal(await items.first().getAttribute('aria-posinset'), '1');
+  await page.getByRole('button', { name: 'Mode Automatic' }).waitFor();
+  await page.getByText('Footer text').waitFor();
+});
+
+test('Rows fill their height and lie without gaps', async (t) => {
+  const rows = [link('First'), link('Second', { height: 60 }), control('Third', 'switch', 0)];
+  const { url } = await startFake(t, one(...rows));
+  const page = await openPage(t, url);
+  const boxes = [];
+  for (const name of ['First', 'Second', 'Third']) {
+    const main = page.locator('.row-main').filter({ hasText: name });
+    boxes.push(await main.boundingBox());
+  }
+  assert.deepEqual(boxes.map(({ width, height }) => [width, height]), [[358, 44], [358, 60], [358, 44]]);
+  assert.deepEqual([boxes[1].y - boxes[0].y, boxes[2].y - boxes[1].y], [44, 60]);
+});
+
+test('A tap names the row', async (t) => {
+  const { fake, url } = await startFake(t, one(link('Mode', { id: 'row-7' })));
+  const page = await openPage(t, url);
+  await page.getByRole('button', { name: 'Mode' }).click();
+  await eventually(() => assert.deepEqual(sent(fake), [{ type: 'tap', id: 'row-7' }]));
+});
+
+test('Rows that are disabled or not selectable cannot be tapped', async (t) => {
+  const version = row('Version', { selectable: false, style: 'value1', detail: '1.0' });
+  const { url } = await startFake(t, one(link('Off', { enabled: false }), version));
+  const page = await openPage(t, url);
+  assert.equal(await page.getByRole('button', { name: 'Off' }).isDisabled(), true);
+  await page.getByText('Version').waitFor();
+  assert.equal(await page.getByRole('button', { name: 'Version' }).count(), 0);
+});
+
+test('A switch turns at once and sends a boolean', async (t) => {
+  const { fake, url } = await startFake(t, one(control('Enabled', 'switch', true)), (event, it) => {
+    it.screen = one(control('Enabled', 'switch', event.value));
+  });
+  const page = await openPage(t, url);
+  const toggle = page.getByRole('switch', { name: 'Enabled' });
+  assert.equal(await toggle.isChecked(), true);
+  await toggle.click();
+  assert.equal(await toggle.isChecked(), false);
+  await eventually(() => assert.equal(sent(fake)[0].value, false));
+  await page.keyboard.press('Space');
+  await eventually(() => assert.equal(sent(fake)[1].value, true));
+});
+
+test('A refused switch turns back and says why', async (t) => {
+  const refusal = { status: 422, error: 'This control is disabled.' };
+  const { url } = await startFake(t, one(control('Enabled', 'switch', true)), () => refusal);
+  const page = await openPage(t, url, { expected: /422/ });
+  const toggle = page.getByRole('switch', { name: 'Enabled' });
+  await toggle.click();
+  await page.getByText(refusal.error).waitFor();
+  assert.equal(await toggle.isChecked(), true);
+});
+
+test('A number stands for a switch that is on', async (t) => {
+  const rows = [control('One', 'switch', 1), control('Zero', 'switch', 0), control('Text', 'switch', 'yes')];
+  const { url } = await startFake(t, one(...rows));
+  const page = await openPage(t, url);
+  assert.equal(await page.getByRole('switch', { name: 'One' }).isChecked(), true);
+  assert.equal(await page.getByRole('switch', { name: 'Zero' }).isChecked(), false);
+  assert.equal(await page.getByRole('switch', { name: 'Text' }).isChecked(), false);
+});
+
+test('A slider shows its value and sends a number when it is let go', async (t) => {
+  const width = control('Width', 'slider', -20, { detail: '-20.0' }, { min: -100, max: 100 });
+  const { fake, url } = await startFake(t, one(width));
+  const page = await openPage(t, url);
+  const slider = page.getByRole('slider', { name: 'Width' });
+  assert.equal(await slider.getAttribute('aria-valuetext'), '-20.0');
+  const box = await slider.boundingBox();
+  await page.mouse.move(box.x + box.width * 0.4, box.y + box.height / 2);
+  await page.mouse.down();
+  await page.mouse.move(box.x + box.width - 15, box.y + box.height / 2, { steps: 4 });
+  assert.deepEqual(sent(fake), []);
+  assert.match(await page.locator('output').innerText(), /^9\d\.\d$/);
+  await page.mouse.up();
+  await eventually(() => assert.equal(fake.events.length, 1));
+  assert.equal(typeof fake.events[0].value, 'number');
+  assert.ok(fake.events[0].value > 90, String(fake.events[0].value));
+});
+
+test('A slider without a usable value stands at its minimum and sends nothing', async (t) => {
+  const { fake, url } = await startFake(t, one(control('Width', 'slider', [1], {}, { min: 2, max: 5 })));
+  const page = await openPage(t, url);
+  assert.equal(await page.getByRole('slider', { name: 'Width' }).inputValue(), '2');
+  assert.deepEqual(fake.events, []);
+});
+
+test('Segments are a group of radio buttons and send the index', async (t) => {
+  const mode = control('Mode', 'segmented', 0, {}, { titles: ['Cards', 'Grid'], selected: 0 });
+  const { fake, url } = await startFake(t, one(mode));
+  const page = await openPage(t, url);
+  const group = page.getByRole('radiogroup', { name: 'Mode' });
+  assert.equal(await group.getByRole('radio', { name: 'Cards' }).isChecked(), true);
+  await group.getByRole('radio', { name: 'Grid' }).click();
+  await eventually(() => assert.equal(sent(fake)[0].value, 1));
+});
+
+test('A text field is sent by Return and by leaving it, and only when it was changed', async (t) => {
+  const show = (value) => one(control('Name', 'text', value), link('Other'));
+  const { fake, url } = await startFake(t, show('old'), (event, it) => {
+    if (event.type === 'set') it.screen = show(event.value);
+  });
+  const page = await openPage(t, url);
+  const field = page.getByRole('textbox', { name: 'Name' });
+  await field.fill('new');
+  await field.press('Enter');
+  await eventually(() => assert.equal(sent(fake)[0].value, 'new'));
+  await field.press('Tab');
+  await field.fill('newer');
+  await field.press('Tab');
+  await eventually(() => assert.deepEqual(sent(fake).map(({ value }) => value), ['new', 'newer']));
+});
+
+test('Escape takes a change of a text field back', async (t) => {
+  const { fake, url } = await startFake(t, one(control('Name', 'text', 'old')));
+  const page = await openPage(t, url);
+  const field = page.getByRole('textbox', { name: 'Name' });
+  await field.fill('new');
+  await field.press('Escape');
+  assert.equal(await field.inputValue(), 'old');
+  await field.press('Tab');
+  assert.deepEqual(fake.events, []);
+});
+
+test('Typing is not disturbed by a screen that comes meanwhile', async (t) => {
+  const { fake, url } = await startFake(t, one(control('Name', 'text', 'old')));
+  const page = await openPage(t, url);
+  const field = page.getByRole('textbox', { name: 'Name' });
+  await field.fill('older');
+  fake.show(one(control('Name', 'text', 'elsewhere'), link('More')));
+  await page.getByRole('button', { name: 'More' }).waitFor();
+  await page.keyboard.type(' still');
+  assert.equal(await field.inputValue(), 'older still');
+});
+
+test('A secret text is not shown', async (t) => {
+  const { url } = await startFake(t, one(control('Key', 'secureText', 'abc')));
+  const page = await openPage(t, url);
+  assert.equal(await page.getByLabel('Key').getAttribute('type'), 'password');
+});
+
+test('Check marks are pressed buttons', async (t) => {
+  const { url } = await startFake(t, one(row('Red', { accessory: 'checkmark' }), row('Blue')));
+  const page = await openPage(t, url);
+  await page.getByRole('button', { name: 'Red', pressed: true }).waitFor();
+  await page.getByRole('button', { name: 'Blue', pressed: false }).waitFor();
+});
+
+test('A detail button is a button of its own', async (t) => {
+  const { fake, url } = await startFake(t, one(row('Network', { id: 'r', accessory: 'detailButton' })));
+  const page = await openPage(t, url);
+  await page.getByRole('button', { name: 'More about Network' }).click();
+  await eventually(() => assert.deepEqual(sent(fake), [{ type: 'tap', id: 'r', part: 'accessory' }]));
+});
+
+test('Arrow keys move the focus from row to row', async (t) => {
+  const rows = [link('First'), row('Text', { selectable: false }), control('Switch', 'switch', 0), link('Last')];
+  const { url } = await startFake(t, one(...rows));
+  const page = await openPage(t, url);
+  await page.getByRole('button', { name: 'First' }).focus();
+  await page.keyboard.press('ArrowDown');
+  assert.ok(await hasFocus(page.getByRole('switch')));
+  await page.keyboard.press('End');
+  assert.ok(await hasFocus(page.getByRole('button', { name: 'Last' })));
+});
+
+test('The focus stays at its place when the rows are made anew', async (t) => {
+  const { fake, url } = await startFake(t, one(link('First'), link('Second'), link('Third')));
+  const page = await openPage(t, url);
+  await page.getByRole('button', { name: 'Second' }).focus();
+  fake.show(one(link('Other first'), link('Other second'), link('Other third')));
+  const second = page.getByRole('button', { name: 'Other second' });
+  await second.waitFor();
+  await eventually(async () => assert.ok(await hasFocus(second)));
+});
+
+test('A tap on a row that has meanwhile become another one is not sent', async (t) => {
+  let release;
+  const held = new Promise((resolve) => { release = resolve; });
+  const show = (second) => one(link('Slow', { id: 'a' }), link(second, { id: 'b' }));
+  const { fake, url } = await startFake(t, show('Delete'), async (event, it) => {
+    await held;
+    it.screen = show('Keep');
+  });
+  const page = await openPage(t, url);
+  await page.getByRole('button', { name: 'Slow' }).click();
+  await page.getByRole('button', { name: 'Delete' }).click();
+  release();
+  await page.getByText('The screen has changed. Please try again.').waitFor();
+  assert.deepEqual(sent(fake), [{ type: 'tap', id: 'a' }]);
+});
+
+test('A tap is repeated by itself when only the revision had moved on', async (t) => {
+  const { fake, url } = await startFake(t, one(link('Mode', { id: 'a' })), () => undefined);
+  const page = await openPage(t, url, { expected: /409/ });
+  await page.getByRole('button', { name: 'Mode' }).waitFor();
+  fake.revision += 3;
+  await page.getByRole('button', { name: 'Mode' }).click();
+  await eventually(() => assert.deepEqual(fake.events.map(({ revision }) => revision), [1, 4]));
+  assert.equal(await page.locator('.notice-text').count(), 0);
+});
+
+test('A cell with views of its own is drawn from their frames', async (t) => {
+  const image = { url: '/images/3', width: 80, height: 60 };
+  const views = [
+    label('Big title', [20, 10, 200, 40], { fontSize: 35, color: '#ff0000ff', alignment: 'center' }),
+    label('Unseen', [0, 60, 390, 20], { hidden: true }),
+    view('image', [5, 5, 40, 30], { image, contentMode: 'scaleAspectFit', accessibilityLabel: 'Banner' }),
+  ];
+  const cell = row(null, { cell: 'Banner', selectable: false, height: 150, frame: [0, 0, 390, 150], views });
+  const { url } = await startFake(t, one(cell));
+  const page = await openPage(t, url);
+  const title = page.getByText('Big title');
+  assert.equal(await title.evaluate((element) => getComputedStyle(element).fontSize), '35px');
+  const screenBox = await page.locator('.screen').boundingBox();
+  const picture = page.getByRole('img', { name: 'Banner' });
+  await picture.waitFor();
+  const box = await picture.boundingBox();
+  assert.deepEqual([box.x - screenBox.x, box.width, box.height], [5, 40, 30]);
+  assert.equal(await page.getByText('Unseen').count(), 0);
+  assert.equal((await page.getByRole('listitem').boundingBox()).height, 150);
+});

@@ -1,0 +1,95 @@
+import assert from 'node:assert/strict';
+import { readFile } from 'node:fs/promises';
+import { createRequire } from 'node:module';
+import { after } from 'node:test';
+import { chromium } from 'playwright-core';
+import { defer } from './cleanup.mjs';
+
+const executablePath = process.env.CHROMIUM ?? '/usr/bin/chromium-headless-shell';
+// Chromium refuses to start its sandbox for the root user; the pages are our own.
+const args = [
+  '--no-sandbox', '--disable-gpu', '--host-resolver-rules=MAP * ~NOTFOUND,EXCLUDE 127.0.0.1,EXCLUDE localhost',
+];
+const axePath = createRequire(import.meta.url).resolve('axe-core/axe.min.js');
+
+let launching = null;
+let axeSource = null;
+
+after(async () => {
+  const browser = await launching;
+  await browser?.close();
+});
+
+/**
+ * A page in a browser context of its own; `options` are those of a context.
+ *
+ * When the test `t` ends it fails if the page wrote an error to the console, threw one, or asked another host.
+ * `expected` matches console errors that belong to the test.
+ */
+export async function openPage(t, url, { expected = /(?!)/, ...options } = {}) {
+  launching ??= chromium.launch({ executablePath, args });
+  const browser = await launching;
+  const context = await browser.newContext({ viewport: { width: 1280, height: 920 }, ...options });
+  const troubles = [];
+  context.on('console', (message) => {
+    if (message.type() === 'error' && !expected.test(message.text())) troubles.push(`console: ${message.text()}`);
+  });
+  context.on('weberror', (error) => troubles.push(`exception: ${error.error().stack}`));
+  context.on('request', (request) => {
+    const address = new URL(request.url());
+    if (!['127.0.0.1', 'localhost'].includes(address.hostname) && address.protocol !== 'blob:') {
+      troubles.push(`request: ${request.url()}`);
+    }
+  });
+  defer(t, async () => {
+    await context.close();
+    assert.deepEqual(troubles, []);
+  });
+  const page = await context.newPage();
+  page.setDefaultTimeout(10_000);
+  await page.goto(url);
+  return page;
+}
+
+/** Fails if axe-core finds anything wrong with the page as it stands. */
+export async function assertAccessible(page) {
+  axeSource ??= await readFile(axePath, 'utf8');
+  await settled(page);
+  await page.evaluate(axeSource);
+  const { violations } = await page.evaluate(() => globalThis.axe.run());
+  const found = violations.flatMap(({ id, nodes }) => nodes.map((node) => `${id}: ${node.html} ${node.failureSummary}`));
+  assert.deepEqual(found, []);
+}
+
+/** Resolves when no animation or transition runs any more, endless ones aside. */
+export async function settled(page) {
+  await page.evaluate(() => Promise.all(document.getAnimations()
+    .filter((animation) => Number.isFinite(animation.effect.getComputedTiming().endTime))
+    .map((animation) => animation.finished.catch(() => {}))));
+}
+
+/** Retries `check` until it does not throw any more, for at most five seconds. */
+export async function eventually(check) {
+  const deadline = Date.now() + 5000;
+  for (;;) {
+    try {
+      return await check();
+    } catch (error) {
+      if (Date.now() > deadline) throw error;
+      await new Promise((resolve) => setTimeout(resolve, 15));
+    }
+  }
+}
+
+/** Name and role of the element that has the focus. */
+export function focused(page) {
+  return page.evaluate(() => {
+    const element = document.activeElement;
+    return element.getAttribute('aria-label') ?? element.innerText?.trim() ?? element.tagName;
+  });
+}
+
+/** Whether the element of `locator` has the focus. */
+export function hasFocus(locator) {
+  return locator.evaluate((element) => element === document.activeElement);
+}

@@ -1,0 +1,157 @@
+import { createServer } from 'node:http';
+import { readFile } from 'node:fs/promises';
+import { extname, join, normalize } from 'node:path';
+import { fileURLToPath } from 'node:url';
+import { defer } from './cleanup.mjs';
+
+const root = fileURLToPath(new URL('../../../', import.meta.url));
+const types = {
+  '.html': 'text/html', '.js': 'text/javascript', '.mjs': 'text/javascript', '.css': 'text/css',
+  '.svg': 'image/svg+xml', '.otf': 'font/otf',
+};
+const policy = "default-src 'self'; img-src 'self' blob:; frame-ancestors 'none'";
+const token = 'f'.repeat(32);
+
+/** A picture of one pixel, given for any image address. */
+const picture = Buffer.from(
+  'iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mNkYPj/HwADBwIAMCbHYQAAAABJRU5ErkJggg==', 'base64',
+);
+
+/**
+ * The simulator's HTTP interface over screens that a test makes up, for what no installed bundle shows.
+ *
+ * `screen` is the screen without its revision. `onEvent(event, fake)` may change `fake.screen` and `fake.device`; it
+ * returns undefined, or `{status, error}` to refuse the event. All events are kept in `events`.
+ */
+export class FakeSimulator {
+  events = [];
+  revision = 1;
+  /** `{status, error}` to answer for the screen, or null. */
+  failure = null;
+  device = { notifications: [], resprings: 0, openedURLs: [], pasteboard: null, log: [], files: [] };
+  #streams = new Set();
+  #server = createServer((request, response) => this.#answer(request, response));
+
+  constructor(screen, onEvent = () => undefined) {
+    this.screen = screen;
+    this.onEvent = onEvent;
+  }
+
+  async start() {
+    await new Promise((resolve) => this.#server.listen(0, '127.0.0.1', resolve));
+    return `http://127.0.0.1:${this.#server.address().port}/#t=${token}`;
+  }
+
+  async stop() {
+    for (const stream of this.#streams) stream.destroy();
+    this.#server.closeAllConnections();
+    await new Promise((resolve) => this.#server.close(resolve));
+  }
+
+  get streams() {
+    return this.#streams.size;
+  }
+
+  /** Shows `screen` as if something on the device had changed it. */
+  show(screen) {
+    this.screen = screen;
+    this.revision += 1;
+    this.#push('screen', { revision: this.revision });
+  }
+
+  changeDevice(changes) {
+    this.device = { ...this.device, ...changes };
+    this.#push('device', { sequence: this.revision });
+  }
+
+  dropStreams() {
+    for (const stream of this.#streams) stream.destroy();
+  }
+
+  #push(event, data) {
+    const message = `id: ${this.revision}\nevent: ${event}\ndata: ${JSON.stringify(data)}\n\n`;
+    for (const stream of this.#streams) stream.write(message);
+  }
+
+  async #answer(request, response) {
+    const path = new URL(request.url, 'http://127.0.0.1').pathname;
+    if (!path.startsWith('/api/') && !path.startsWith('/images/')) return this.#file(path, response);
+    if (request.headers['x-sim-token'] !== token) return reply(response, 403, { error: 'wrong token' });
+    if (path.startsWith('/images/')) {
+      response.writeHead(200, { 'Content-Type': 'image/png' });
+      return response.end(picture);
+    }
+    const body = await bodyOf(request);
+    switch (`${request.method} ${path}`) {
+      case 'GET /api/screen':
+        if (this.failure) return reply(response, this.failure.status, this.failure);
+        return reply(response, 200, this.#current());
+      case 'GET /api/device': return reply(response, 200, this.device);
+      case 'GET /api/stream': return this.#stream(response);
+      case 'POST /api/events': return this.#event(body, response);
+      case 'PUT /api/device/pasteboard':
+        this.changeDevice({ pasteboard: body.string });
+        return reply(response, 200, {});
+      case 'PUT /api/device/appearance':
+        this.appearance = body.style;
+        return reply(response, 200, {});
+      default: return reply(response, 404, { error: 'no such address' });
+    }
+  }
+
+  #current() {
+    return { revision: this.revision, alert: null, sheet: null, ...this.screen };
+  }
+
+  async #event(event, response) {
+    this.events.push(event);
+    if (event.revision !== undefined && event.revision !== this.revision) {
+      return reply(response, 409, { error: 'the screen has changed' });
+    }
+    const refused = await this.onEvent(event, this);
+    if (refused) return reply(response, refused.status, { error: refused.error });
+    this.revision += 1;
+    reply(response, 200, this.#current());
+    return this.#push('screen', { revision: this.revision });
+  }
+
+  #stream(response) {
+    response.writeHead(200, { 'Content-Type': 'text/event-stream' });
+    response.write(': open\n\n');
+    this.#streams.add(response);
+    response.on('close', () => this.#streams.delete(response));
+  }
+
+  async #file(path, response) {
+    const file = path === '/modules/htm-preact.mjs' ? join(root, 'node_modules/htm/preact/standalone.module.js')
+      : path.startsWith('/fonts/') ? join('/usr/share/fonts/opentype/inter', normalize(path.slice(6)))
+        : join(root, 'simulator/web', normalize(path === '/' ? '/index.html' : path));
+    try {
+      const content = await readFile(file);
+      const type = types[extname(file)] ?? 'application/octet-stream';
+      response.writeHead(200, { 'Content-Type': type, 'Content-Security-Policy': policy });
+      response.end(content);
+    } catch {
+      reply(response, 404, { error: 'no such file' });
+    }
+  }
+}
+
+function reply(response, status, body) {
+  response.writeHead(status, { 'Content-Type': 'application/json' });
+  response.end(JSON.stringify(body));
+}
+
+async function bodyOf(request) {
+  let text = '';
+  for await (const part of request) text += part;
+  return text ? JSON.parse(text) : null;
+}
+
+/** Starts a fake for the length of the test `t`; resolves with it and its address. */
+export async function startFake(t, screen, onEvent) {
+  const fake = new FakeSimulator(screen, onEvent);
+  const url = await fake.start();
+  defer(t, () => fake.stop());
+  return { fake, url };
+}

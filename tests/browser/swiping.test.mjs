@@ -1,0 +1,93 @@
+import assert from 'node:assert/strict';
+import { test } from 'node:test';
+import { eventually, focused, openPage, settled } from './support/browser.mjs';
+import { startFake } from './support/fakeSimulator.mjs';
+import { row, screen, section } from './support/screens.mjs';
+
+const preset = (name) => row(name, { height: 60, swipeActions: [
+  { id: `delete ${name}`, title: 'Delete', color: '#ff0000ff' }, { id: `share ${name}`, title: 'Share', color: '#007affff' },
+] });
+const presets = screen(['Settings', 'Presets'], [section(null, ['Dark', 'Light'].map(preset))], { page: { style: 'plain' } });
+const taps = (fake) => fake.events.map(({ id }) => id);
+
+async function swipe(page, name, distance) {
+  const box = await page.getByRole('button', { name, exact: true }).boundingBox();
+  const [x, y] = [box.x + 200, box.y + 30];
+  await page.mouse.move(x, y);
+  await page.mouse.down();
+  await page.mouse.move(x + distance, y, { steps: 6 });
+  await page.mouse.up();
+}
+
+test('Swiping a row shows its actions, the first at the edge', async (t) => {
+  const { fake, url } = await startFake(t, presets);
+  const page = await openPage(t, url);
+  await swipe(page, 'Light', -120);
+  const actions = page.getByRole('group', { name: 'Actions for Light' });
+  await actions.waitFor();
+  await settled(page);
+  const remove = actions.getByRole('button', { name: 'Delete' });
+  const share = actions.getByRole('button', { name: 'Share' });
+  assert.ok((await remove.boundingBox()).x > (await share.boundingBox()).x);
+  assert.deepEqual(fake.events, []);
+  await share.click();
+  await eventually(() => assert.deepEqual(taps(fake), ['share Light']));
+  assert.equal(await actions.count(), 0);
+});
+
+test('A short swipe shows nothing, and is no tap', async (t) => {
+  const { fake, url } = await startFake(t, presets);
+  const page = await openPage(t, url);
+  await swipe(page, 'Light', -25);
+  await settled(page);
+  assert.equal(await page.getByRole('group', { name: 'Actions for Light' }).count(), 0);
+  assert.deepEqual(fake.events, []);
+});
+
+test('A click beside an open row closes it', async (t) => {
+  const { url } = await startFake(t, presets);
+  const page = await openPage(t, url);
+  await swipe(page, 'Light', -120);
+  const actions = page.getByRole('group', { name: 'Actions for Light' });
+  await actions.waitFor();
+  await page.getByRole('heading', { name: 'Presets' }).click();
+  await actions.waitFor({ state: 'detached' });
+});
+
+test('A trackpad swipes by scrolling sideways', async (t) => {
+  const { url } = await startFake(t, presets);
+  const page = await openPage(t, url);
+  await page.getByRole('button', { name: 'Dark', exact: true }).hover();
+  for (let step = 0; step < 4; step += 1) await page.mouse.wheel(20, 0);
+  await page.getByRole('group', { name: 'Actions for Dark' }).waitFor();
+});
+
+test('The keyboard reaches the actions by a button and closes them with Escape', async (t) => {
+  const { fake, url } = await startFake(t, presets);
+  const page = await openPage(t, url);
+  await page.getByRole('button', { name: 'Dark', exact: true }).focus();
+  await page.keyboard.press('Tab');
+  assert.equal(await focused(page), 'Actions for Dark');
+  await page.keyboard.press('Enter');
+  await eventually(async () => assert.equal(await focused(page), 'Delete'));
+  await page.keyboard.press('Escape');
+  await eventually(async () => assert.equal(await focused(page), 'Dark'));
+  await page.keyboard.press('Shift+F10');
+  await eventually(async () => assert.equal(await focused(page), 'Delete'));
+  await page.keyboard.press('Tab');
+  await page.keyboard.press('Enter');
+  await eventually(() => assert.deepEqual(taps(fake), ['share Dark']));
+});
+
+test('Touch swipes', async (t) => {
+  const { url } = await startFake(t, presets);
+  const page = await openPage(t, url, { hasTouch: true });
+  const box = await page.getByRole('button', { name: 'Light', exact: true }).boundingBox();
+  const touch = await page.context().newCDPSession(page);
+  const send = (type, ...touchPoints) => touch.send('Input.dispatchTouchEvent', { type, touchPoints });
+  const [x, y] = [box.x + 220, box.y + 30];
+  await send('touchStart', { x, y });
+  for (let step = 1; step <= 8; step += 1) await send('touchMove', { x: x - step * 15, y });
+  await send('touchEnd');
+  await page.getByRole('group', { name: 'Actions for Light' }).waitFor();
+});
