@@ -32,6 +32,10 @@ class PreferenceFile final {
   /// The whole dictionary, autoreleased; nil when the file is missing or is no property-list dictionary.
   NSDictionary *contents() const;
 
+  /// What the dictionary holds for `key`, autoreleased; nil without a file, without the key or for a nil key. As if the
+  /// whole file were read, but quick for texts, numbers and truth values beside a photo of many megabytes.
+  id value(NSString *key) const;
+
   /// Sets `key` to `value` (a property-list object) in the current contents and writes the whole file atomically.
   /// A nil value or key changes nothing. Returns whether the file was written; otherwise the old file stands as it was.
   bool setValue(id value, NSString *key, Damaged damaged = Damaged::kSetAside) const;

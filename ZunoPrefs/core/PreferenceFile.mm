@@ -2,12 +2,36 @@
 
 #include <unistd.h>
 
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+
 #import "core/DevicePaths.h"
+#include "core/PropertyListScan.hpp"
+#include "core/PropertyListScanFile.hpp"
 
 namespace zuno {
 
 NSString *const kMainDomain = @"com.norvik.Zunoprefs";
 NSString *const kThemeDomain = @"com.norvik.Zunoprefs.theme";
+
+namespace {
+
+/// Makes the Foundation object of a scanned value, autoreleased.
+struct ObjectMaker {
+  id operator()(bool value) const { return [NSNumber numberWithBool:value]; }
+  id operator()(std::int64_t value) const { return [NSNumber numberWithLongLong:value]; }
+  id operator()(std::uint64_t value) const { return [NSNumber numberWithUnsignedLongLong:value]; }
+  id operator()(float value) const { return [NSNumber numberWithFloat:value]; }
+  id operator()(double value) const { return [NSNumber numberWithDouble:value]; }
+  id operator()(std::string_view text) const {
+    return [[[NSString alloc] initWithBytes:text.data() length:text.size() encoding:NSUTF8StringEncoding] autorelease];
+  }
+  id operator()(const std::string &text) const { return (*this)(std::string_view(text)); }
+};
+
+}  // namespace
 
 PreferenceFile PreferenceFile::ofDomain(NSString *domain) {
   return PreferenceFile([NSString stringWithFormat:@"%@/%@.plist", preferencesFolder(), domain]);
@@ -16,6 +40,20 @@ PreferenceFile PreferenceFile::ofDomain(NSString *domain) {
 bool PreferenceFile::exists() const { return [[NSFileManager defaultManager] fileExistsAtPath:path()]; }
 
 NSDictionary *PreferenceFile::contents() const { return [NSDictionary dictionaryWithContentsOfFile:path()]; }
+
+id PreferenceFile::value(NSString *key) const {
+  const char *name = [key UTF8String];
+  if (!name) return [contents() objectForKey:key];
+
+  const FileBytes file([path() fileSystemRepresentation]);
+  const auto scan =
+      scanPropertyList(file.bytes(), {name, [key lengthOfBytesUsingEncoding:NSUTF8StringEncoding]});
+  if (scan.outcome == PropertyListScan::Outcome::kAbsent) return nil;
+  if (scan.outcome == PropertyListScan::Outcome::kFound) {
+    if (id found = std::visit(ObjectMaker{}, scan.value)) return found;
+  }
+  return [contents() objectForKey:key];
+}
 
 bool PreferenceFile::setValue(id value, NSString *key, Damaged damaged) const {
   if (value == nil || key == nil) {

@@ -11,12 +11,11 @@ NSString *rowText(PSSpecifier *row, NSString *name) {
 }
 
 id rowValue(PSSpecifier *row, const PreferenceFile &file) {
-  NSDictionary *stored = file.contents();
   NSString *key = rowText(row, @"key");
   if ([key isEqualToString:@"presetUserAgent"]) {
-    return [NSString stringWithFormat:@"%@/%@", [stored objectForKey:@"device"], [stored objectForKey:@"iosVersion"]];
+    return [NSString stringWithFormat:@"%@/%@", file.value(@"device"), file.value(@"iosVersion")];
   }
-  return (key ? [stored objectForKey:key] : nil) ?: [row propertyForKey:@"default"];
+  return file.value(key) ?: [row propertyForKey:@"default"];
 }
 
 void setRowValue(id value, PSSpecifier *row, const PreferenceFile &file) {

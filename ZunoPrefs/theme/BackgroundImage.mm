@@ -23,7 +23,7 @@ UIImage *decodeImage(id text) {
 }
 
 UIImage *storedBackgroundImage() {
-  return decodeImage([PreferenceFile::ofDomain(kThemeDomain).contents() objectForKey:kBackgroundImage]);
+  return decodeImage(PreferenceFile::ofDomain(kThemeDomain).value(kBackgroundImage));
 }
 
 bool storePickedImage(NSDictionary *info) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <utility>
 #include <vector>
 
@@ -189,6 +190,7 @@ class Reader final {
       return tell(sink_.real(std::bit_cast<float>(static_cast<std::uint32_t>(number(at, 4)))));
     }
     const auto value = std::bit_cast<double>(number(at, 8));
+    if (date && !std::isfinite(value)) return fail("A date is no point in time");
     return tell(date ? sink_.date(value) : sink_.real(value));
   }
 

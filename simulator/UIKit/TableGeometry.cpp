@@ -10,7 +10,7 @@ void TableGeometry::reset(const std::vector<long>& counts, double estimate) {
   for (std::size_t section = 0; section < counts.size(); ++section) {
     sections_[section].rows.assign(static_cast<std::size_t>(counts[section]), Row{.height = estimate});
   }
-  stale_ = true;
+  next_ = {0, 0};
 }
 
 std::vector<long> TableGeometry::counts() const {
@@ -26,66 +26,68 @@ bool TableGeometry::contains(RowIndex index) const {
 }
 
 void TableGeometry::setMargins(double top, double bottom) {
-  stale_ = stale_ || top != top_;
+  if (top != top_) invalidate({0, 0});
   top_ = top;
   bottom_ = bottom;
 }
 
 void TableGeometry::setHeader(long section, double height) {
-  stale_ = stale_ || sections_[section].header != height;
+  if (sections_[section].header != height) invalidate({section, 0});
   sections_[section].header = height;
 }
 
 void TableGeometry::setFooter(long section, double height) {
-  stale_ = stale_ || sections_[section].footer != height;
+  if (sections_[section].footer != height) invalidate({section, rowCount(section)});
   sections_[section].footer = height;
 }
 
 void TableGeometry::setHeight(RowIndex index, double height, bool final) {
   Row& at = sections_[index.section].rows[index.row];
-  stale_ = stale_ || at.height != height;
+  if (at.height != height) invalidate({index.section, index.row + 1});
   at.height = height;
   at.final = final;
 }
 
-void TableGeometry::updateOffsets() const {
-  if (!stale_) return;
-  double top = top_;
-  for (const Section& section : sections_) {
-    section.top = top;
-    double offset = section.header;
-    for (const Row& row : section.rows) {
-      row.top = offset;
-      offset += row.height;
+void TableGeometry::invalidate(RowIndex from) {
+  if (from < next_) next_ = from;
+}
+
+void TableGeometry::update(RowIndex index) const {
+  while (next_.section < sectionCount() && !(index < next_)) {
+    const Section& section = sections_[next_.section];
+    if (next_.row == 0) section.top = next_.section == 0 ? top_ : sections_[next_.section - 1].bottom();
+    const double offset = next_.row == 0 ? section.header : section.rows[next_.row - 1].top + section.rows[next_.row - 1].height;
+    if (next_.row < rowCount(next_.section)) {
+      section.rows[next_.row++].top = offset;
+    } else {
+      section.rowsHeight = offset - section.header;
+      next_ = {next_.section + 1, 0};
     }
-    section.rowsHeight = offset - section.header;
-    top = section.bottom();
   }
-  stale_ = false;
 }
 
 double TableGeometry::sectionTop(long section) const {
-  updateOffsets();
+  update({section, 0});
   return sections_[section].top;
 }
 
 double TableGeometry::sectionBottom(long section) const {
-  updateOffsets();
+  update({section, rowCount(section)});
   return sections_[section].bottom();
 }
 
 double TableGeometry::rowTop(RowIndex index) const {
-  updateOffsets();
+  update(index);
   return sections_[index.section].top + row(index).top;
 }
 
 double TableGeometry::totalHeight() const {
-  updateOffsets();
+  updateAll();
   return (sections_.empty() ? top_ : sections_.back().bottom()) + bottom_;
 }
 
 std::optional<RowIndex> TableGeometry::firstRowEndingAfter(double y) const {
-  updateOffsets();
+  updateAll();
   auto section = std::partition_point(sections_.begin(), sections_.end(),
                                       [y](const Section& at) { return at.bottom() <= y; });
   for (; section != sections_.end(); ++section) {

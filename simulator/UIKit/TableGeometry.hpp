@@ -17,8 +17,8 @@ struct RowIndex {
 
 /// The heights of all headers, rows and footers, and the offsets that follow from them.
 ///
-/// Offsets are computed again, in one pass over all rows, at the first question after a change. Arguments have to be in
-/// range.
+/// Offsets below a change are computed again when they are asked for, and only down to the row in question: visiting the
+/// rows from top to bottom while their heights become known takes linear time. Arguments have to be in range.
 class TableGeometry final {
  public:
   /// Forgets everything; section s gets `counts[s]` rows of the height `estimate`.
@@ -68,12 +68,16 @@ class TableGeometry final {
   };
 
   const Row& row(RowIndex index) const { return sections_[index.section].rows[index.row]; }
-  void updateOffsets() const;
+  /// Offsets from this row on (or the section's end) are out of date.
+  void invalidate(RowIndex from);
+  /// Brings the offsets up to date down to and including `index`.
+  void update(RowIndex index) const;
+  void updateAll() const { update({sectionCount(), 0}); }
 
   std::vector<Section> sections_;
   double top_ = 0;
   double bottom_ = 0;
-  mutable bool stale_ = true;
+  mutable RowIndex next_{0, 0};  // The first row whose offset is out of date, or the end of its section.
 };
 
 }  // namespace sim

@@ -61,7 +61,9 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
   [self sim_measureSection:section];
   const bool asksAll = state.has.rowHeight && !state.has.estimatedRowHeight && state.estimatedRowHeight == 0;
   CGFloat estimate = state.estimatedRowHeight;
-  if (!(estimate > 0)) estimate = !state.has.rowHeight && isHeight(state.rowHeight) ? state.rowHeight : defaultRowHeight;
+  if (!(estimate > 0)) {
+    estimate = !state.has.rowHeight && isHeight(state.rowHeight) ? state.rowHeight : defaultRowHeight;
+  }
   // The delegate's code may reload: what it is asked about may be gone when it has answered.
   for (sim::RowIndex index{section, 0}; state.geometry.contains(index); ++index.row) {
     CGFloat height = estimate;

@@ -37,6 +37,7 @@ void Api::handle(Endpoint endpoint, Request request, Respond respond) {
     case Endpoint::device: return device(respond);
     case Endpoint::pasteboard: return pasteboard(request, respond);
     case Endpoint::appearance: return appearance(request, respond);
+    case Endpoint::display: return display(request, respond);
   }
 }
 
@@ -89,6 +90,18 @@ void Api::appearance(const Request& request, const Respond& respond) {
   respond(jsonResponse(200, body));
 }
 
+void Api::display(const Request& request, const Respond& respond) {
+  const nlohmann::json body = objectIn(request);
+  const auto kind = body.find("kind");
+  const auto display = body.is_object() && kind != body.end() && kind->is_string()
+                           ? displayOfKind(kind->get_ref<const std::string&>())
+                           : std::nullopt;
+  if (!display) return respond(errorResponse(400, "The body must be {\"kind\": \"phone\" or \"tablet\"}."));
+  device_.setDisplay(*display);
+  settings_.tell(displayMessage(*display));
+  respond(jsonResponse(200, display->json()));
+}
+
 nlohmann::json pasteboardMessage(const std::optional<std::string>& string) {
   nlohmann::json message{{"verb", "pasteboard"}, {"string", nullptr}};
   if (string) message["string"] = *string;
@@ -96,5 +109,9 @@ nlohmann::json pasteboardMessage(const std::optional<std::string>& string) {
 }
 
 nlohmann::json appearanceMessage(const std::string& style) { return {{"verb", "appearance"}, {"style", style}}; }
+
+nlohmann::json displayMessage(const Display& display) {
+  return {{"verb", "display"}, {"width", display.width}, {"height", display.height}, {"scale", display.scale}};
+}
 
 }  // namespace sim

@@ -25,6 +25,7 @@ class Api final {
   void device(const Respond& respond);
   void pasteboard(const Request& request, const Respond& respond);
   void appearance(const Request& request, const Respond& respond);
+  void display(const Request& request, const Respond& respond);
 
   SettingsProcess& settings_;
   DeviceState& device_;
@@ -37,5 +38,8 @@ nlohmann::json pasteboardMessage(const std::optional<std::string>& string);
 
 /// The message that tells the Settings process whether the device is "light" or "dark".
 nlohmann::json appearanceMessage(const std::string& style);
+
+/// The message that tells the Settings process how large the screen is.
+nlohmann::json displayMessage(const Display& display);
 
 }  // namespace sim

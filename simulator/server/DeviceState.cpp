@@ -55,6 +55,12 @@ void DeviceState::setAppearance(std::string style) {
   didChange();
 }
 
+void DeviceState::setDisplay(const Display& display) {
+  if (display_ == display) return;
+  display_ = display;
+  didChange();
+}
+
 void DeviceState::filesChanged() { didChange(); }
 
 nlohmann::json DeviceState::json() const {
@@ -67,6 +73,7 @@ nlohmann::json DeviceState::json() const {
                        {"openedURLs", openedUrls_},
                        {"pasteboard", nullptr},
                        {"appearance", nullptr},
+                       {"display", display_.json()},
                        {"log", log_}};
   if (pasteboard_) state["pasteboard"] = *pasteboard_;
   if (appearance_) state["appearance"] = *appearance_;

@@ -1,6 +1,8 @@
 // What happened on the device: shown in the panel beside the phone.
 #pragma once
 
+#include "server/Display.hpp"
+
 #include <nlohmann/json.hpp>
 
 #include <cstdint>
@@ -27,6 +29,7 @@ class DeviceState final {
   void addLogLine(std::string line);
   void setPasteboard(std::optional<std::string> string);
   void setAppearance(std::string style);
+  void setDisplay(const Display& display);
 
   /// The preference files have changed; they are kept elsewhere.
   void filesChanged();
@@ -35,6 +38,8 @@ class DeviceState final {
 
   /// "light" or "dark"; nothing before the page has said it.
   const std::optional<std::string>& appearance() const noexcept { return appearance_; }
+
+  const Display& display() const noexcept { return display_; }
 
   /// Grows with every change.
   std::uint64_t sequence() const noexcept { return sequence_; }
@@ -59,6 +64,7 @@ class DeviceState final {
   std::deque<std::string> log_;
   std::optional<std::string> pasteboard_;
   std::optional<std::string> appearance_;
+  Display display_ = kPhoneDisplay;
 };
 
 }  // namespace sim

@@ -19,12 +19,13 @@ struct Route {
   std::size_t longestBody;
 };
 
-constexpr std::array<Route, 6> kRoutes{{
+constexpr std::array<Route, 7> kRoutes{{
     {"/api/screen", "GET", Endpoint::screen, 0},
     {"/api/events", "POST", Endpoint::events, kLongestJson},
     {"/api/device", "GET", Endpoint::device, 0},
     {"/api/device/pasteboard", "PUT", Endpoint::pasteboard, kLongestJson},
     {"/api/device/appearance", "PUT", Endpoint::appearance, kLongestJson},
+    {"/api/device/display", "PUT", Endpoint::display, kLongestJson},
     {"/api/stream", "GET", std::nullopt, 0},
 }};
 

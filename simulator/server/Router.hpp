@@ -9,7 +9,7 @@
 
 namespace sim {
 
-enum class Endpoint { screen, events, device, pasteboard, appearance, image };
+enum class Endpoint { screen, events, device, pasteboard, appearance, display, image };
 
 /// A call that the main thread answers. `longestBody` is 0 for a call without a body.
 struct ApiCall {

@@ -76,7 +76,7 @@ SettingsProcess::Listener Simulator::settingsListener() {
   return {
       .greeting =
           [this] {
-            std::vector messages{pasteboardMessage(device_.pasteboard())};
+            std::vector messages{displayMessage(device_.display()), pasteboardMessage(device_.pasteboard())};
             if (const auto& style = device_.appearance()) messages.push_back(appearanceMessage(*style));
             return messages;
           },

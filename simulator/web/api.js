@@ -36,6 +36,11 @@ export class Api {
     return this.#json('PUT', '/api/device/appearance', { style });
   }
 
+  /** `kind` is "phone" or "tablet". */
+  setDisplay(kind) {
+    return this.#json('PUT', '/api/device/display', { kind });
+  }
+
   async blob(url) {
     return (await this.#fetch(url)).blob();
   }

@@ -75,6 +75,16 @@ export class Session {
     return null;
   }
 
+  /** `kind` is "phone" or "tablet". The screen on it comes when the device has laid it out anew. */
+  async setDisplay(kind) {
+    try {
+      await this.#api.setDisplay(kind);
+    } catch (error) {
+      this.store.set({ notice: error.message });
+    }
+    await this.#refreshDevice();
+  }
+
   blob(url) {
     return this.#api.blob(url);
   }

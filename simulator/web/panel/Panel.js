@@ -1,5 +1,6 @@
 import { html, useContext } from '/modules/htm-preact.mjs';
 import { Card } from '/panel/Card.js';
+import { Display } from '/panel/Display.js';
 import { Files } from '/panel/Files.js';
 import { Log } from '/panel/Log.js';
 import { Pasteboard } from '/panel/Pasteboard.js';
@@ -15,6 +16,7 @@ export function Panel() {
   return html`
     <aside class="panel" id="device" tabindex="-1" aria-label="Device">
       ${device && html`
+        <${Display} kind=${device.display?.kind ?? 'phone'} />
         <div class="panel-column">
           <${Files} files=${device.files ?? []} />
         </div>

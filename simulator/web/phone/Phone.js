@@ -2,10 +2,13 @@ import { html, useContext, useEffect, useRef } from '/modules/htm-preact.mjs';
 import { SessionContext } from '/session.js';
 import { useStore } from '/store.js';
 import { Alert } from '/phone/Alert.js';
+import { DevicePlace } from '/phone/DevicePlace.js';
 import { Navigation } from '/phone/Navigation.js';
 import { RespringCover } from '/phone/RespringCover.js';
 import { Sheet } from '/phone/Sheet.js';
 import { StatusSymbols } from '/phone/symbols.js';
+
+const phoneDisplay = { kind: 'phone', width: 390, height: 844 };
 
 /** The phone: its frame, the Settings application on its screen, and whatever lies over that. */
 export function Phone() {
@@ -16,7 +19,7 @@ export function Phone() {
   useFocusReturn(content, covered);
 
   return html`
-    <div class="phone">
+    <${DevicePlace} display=${device?.display ?? phoneDisplay}>
       <div class="screen">
         <div class="screen-content" ref=${content} inert=${covered}>
           ${screenError !== null || !screen
@@ -32,7 +35,7 @@ export function Phone() {
         <${RespringCover} count=${device?.resprings ?? null} />
       </div>
       <div class="notch" aria-hidden="true"></div>
-    </div>`;
+    <//>`;
 }
 
 function alertKey(alert) {

@@ -1,6 +1,7 @@
 import { html, useEffect, useLayoutEffect, useMemo, useRef, useState } from '/modules/htm-preact.mjs';
 import { CustomViews } from '/phone/CustomViews.js';
 import { dragLayout, rowAt, topsOf } from '/phone/layout.js';
+import { pixelsPerPoint } from '/phone/points.js';
 import { Row, rowStyle } from '/phone/Row.js';
 import { identityOf } from '/targets.js';
 
@@ -92,9 +93,10 @@ function useVisibleRange(list, scroller, tops) {
   const measure = () => {
     if (!list.current || !scroller.current) return;
     const view = scroller.current.getBoundingClientRect();
-    const above = view.top - list.current.getBoundingClientRect().top;
+    const scale = pixelsPerPoint(scroller.current);
+    const above = (view.top - list.current.getBoundingClientRect().top) / scale;
     const first = rowAt(tops, above - overscan);
-    const last = rowAt(tops, above + view.height + overscan);
+    const last = rowAt(tops, above + view.height / scale + overscan);
     const next = [first - (first % stepOfRange), last + stepOfRange - (last % stepOfRange)];
     setRange((now) => (now[0] === next[0] && now[1] === next[1] ? now : next));
   };

@@ -1,5 +1,6 @@
 import { useEffect, useRef, useState } from '/modules/htm-preact.mjs';
 import { nearestDestination, topsOf } from '/phone/layout.js';
+import { pixelsPerPoint } from '/phone/points.js';
 import { identityOf } from '/targets.js';
 
 const scrollZone = 70;
@@ -97,31 +98,33 @@ function findRow({ sections }, expected, identity) {
 /** Follows one pointer from the handle until it is lifted. `finish` is given the last drag, null if it was cancelled. */
 function startGesture(event, { page, scroller, table, from, show, finish }) {
   const { pointerId } = event;
-  const origin = table.getBoundingClientRect().top;
+  const scale = pixelsPerPoint(table);
+  const topOf = (element) => element.getBoundingClientRect().top / scale;
+  const origin = topOf(table);
   const lists = page.sections.map(({ rows }, section) => ({
-    top: table.querySelector(`[data-list="${section}"]`).getBoundingClientRect().top - origin,
+    top: topOf(table.querySelector(`[data-list="${section}"]`)) - origin,
     tops: topsOf(rows),
   }));
   const { tops } = lists[from.section];
   const height = tops[from.row + 1] - tops[from.row];
-  const grabbed = event.clientY - origin - lists[from.section].top - tops[from.row];
+  const grabbed = event.clientY / scale - origin - lists[from.section].top - tops[from.row];
   const highest = lists[0].top;
   const lowest = lists.at(-1).top + lists.at(-1).tops.at(-1);
-  let clientY = event.clientY;
+  let y = event.clientY / scale;
   let frame = 0;
   let last = null;
 
   const update = () => {
-    const free = clientY - table.getBoundingClientRect().top - grabbed;
+    const free = y - topOf(table) - grabbed;
     const top = Math.min(Math.max(free, highest - height / 2), lowest - height / 2);
     last = { from, height, top, to: nearestDestination(lists, from, top).to, settling: false };
     show(last);
   };
   const scroll = () => {
-    const view = scroller.getBoundingClientRect();
+    const top = topOf(scroller);
     const style = getComputedStyle(scroller);
-    const above = view.top + parseFloat(style.scrollPaddingTop) + scrollZone - clientY;
-    const below = clientY - (view.bottom - scrollZone);
+    const above = top + parseFloat(style.scrollPaddingTop) + scrollZone - y;
+    const below = y - (top + scroller.offsetHeight - scrollZone);
     const depth = above > 0 ? -above : Math.max(0, below);
     if (depth !== 0) {
       const before = scroller.scrollTop;
@@ -132,7 +135,7 @@ function startGesture(event, { page, scroller, table, from, show, finish }) {
   };
   const onMove = (moved) => {
     if (moved.pointerId !== pointerId) return;
-    clientY = moved.clientY;
+    y = moved.clientY / scale;
     update();
   };
   const end = () => {

@@ -1,4 +1,5 @@
 import { useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { pixelsPerPoint } from '/phone/points.js';
 
 const begins = 8;
 const opensAt = 40;
@@ -29,12 +30,13 @@ export function useSwipe({ item, enabled, open, setOpen }) {
   const width = () => item.current.querySelector('.swipe-actions')?.offsetWidth ?? 0;
   const onPointerDown = (event) => {
     if (event.button !== 0 || event.target.closest('.move-handle')) return;
-    gesture.current = { x: event.clientX, y: event.clientY, base: open ? -width() : 0, swiping: false };
+    const scale = pixelsPerPoint(item.current);
+    gesture.current = { x: event.clientX, y: event.clientY, scale, base: open ? -width() : 0, swiping: false };
   };
   const onPointerMove = (event) => {
     const { current } = gesture;
     if (!current) return;
-    const moved = event.clientX - current.x;
+    const moved = (event.clientX - current.x) / current.scale;
     if (!current.swiping) {
       if (Math.abs(event.clientY - current.y) > begins) gesture.current = null;
       if (!gesture.current || Math.abs(moved) < begins) return;
@@ -48,7 +50,7 @@ export function useSwipe({ item, enabled, open, setOpen }) {
     gesture.current = null;
     if (!current?.swiping) return;
     swallowNextClick(event.currentTarget);
-    setOpen(current.base + event.clientX - current.x < -opensAt);
+    setOpen(current.base + (event.clientX - current.x) / current.scale < -opensAt);
     setOffset(0);
   };
   const onPointerCancel = () => {

@@ -10,6 +10,10 @@ const types = {
   '.svg': 'image/svg+xml', '.otf': 'font/otf',
 };
 const policy = "default-src 'self'; img-src 'self' blob:; frame-ancestors 'none'";
+const displays = {
+  phone: { kind: 'phone', width: 390, height: 844, scale: 3 },
+  tablet: { kind: 'tablet', width: 820, height: 1180, scale: 2 },
+};
 const token = 'f'.repeat(32);
 
 /** A picture of one pixel, given for any image address. */
@@ -28,7 +32,9 @@ export class FakeSimulator {
   revision = 1;
   /** `{status, error}` to answer for the screen, or null. */
   failure = null;
-  device = { notifications: [], resprings: 0, openedURLs: [], pasteboard: null, log: [], files: [] };
+  device = {
+    notifications: [], resprings: 0, openedURLs: [], pasteboard: null, display: displays.phone, log: [], files: [],
+  };
   #streams = new Set();
   #server = createServer((request, response) => this.#answer(request, response));
 
@@ -95,6 +101,9 @@ export class FakeSimulator {
       case 'PUT /api/device/appearance':
         this.appearance = body.style;
         return reply(response, 200, {});
+      case 'PUT /api/device/display':
+        this.changeDevice({ display: displays[body.kind] });
+        return reply(response, 200, this.device.display);
       default: return reply(response, 404, { error: 'no such address' });
     }
   }

@@ -437,4 +437,12 @@ TEST_F(PropertyListTest, DatesBeyondTheFormatAreRefusedInXML) {
   EXPECT_OBJC_EQ(copied(@[ far ], NSPropertyListBinaryFormat_v1_0), @[ far ]);
 }
 
+TEST_F(PropertyListTest, ADateThatIsNoPointInTimeIsRefused) {
+  std::string document("bplist00\x33\x7f\xf8\0\0\0\0\0\0\x08", 18);
+  document.append(std::string("\0\0\0\0\0\0\x01\x01", 8));                                  // Sizes.
+  document.append(std::string("\0\0\0\0\0\0\0\x01\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x11", 24));  // Count, root, offsets.
+  NSData *data = [NSData dataWithBytes:document.data() length:document.size()];
+  EXPECT_OBJC_EQ([NSPropertyListSerialization propertyListWithData:data options:0 format:nullptr error:nullptr], nil);
+}
+
 }  // namespace

@@ -127,6 +127,32 @@ TEST_F(ApiTests, TheAppearanceIsToldToTheSettingsProcess) {
     EXPECT_EQ(simulator_.send("PUT", "/api/device/appearance", body).status, 400) << body;
 }
 
+TEST_F(ApiTests, TheDisplayIsToldToTheSettingsProcess) {
+  const json phone{{"kind", "phone"}, {"width", 390}, {"height", 844}, {"scale", 3}};
+  const json tablet{{"kind", "tablet"}, {"width", 820}, {"height", 1180}, {"scale", 2}};
+  EXPECT_EQ(simulator_.get("/api/screen").json()["display"], json::array({390, 844, 3}));
+  EXPECT_EQ(simulator_.device()["display"], phone);
+
+  const auto response = simulator_.send("PUT", "/api/device/display", {{"kind", "tablet"}});
+  EXPECT_EQ(response.status, 200);
+  EXPECT_EQ(response.json(), tablet);
+  EXPECT_EQ(simulator_.get("/api/screen").json()["display"], json::array({820, 1180, 2}));
+  EXPECT_EQ(simulator_.device()["display"], tablet);
+
+  for (const json& body : {json{{"kind", "watch"}}, json{{"kind", 1}}, json::object(), json::array({"phone"}), json(nullptr)})
+    EXPECT_EQ(simulator_.send("PUT", "/api/device/display", body).status, 400) << body;
+  EXPECT_EQ(simulator_.device()["display"], tablet);
+}
+
+TEST_F(ApiTests, TheDisplayStaysThroughARespring) {
+  simulator_.send("PUT", "/api/device/display", {{"kind", "tablet"}});
+  const auto before = simulator_.get("/api/screen").json()["process"];
+  simulator_.tap("killall");
+  const json after = simulator_.get("/api/screen").json();
+  EXPECT_NE(after["process"], before);
+  EXPECT_EQ(after["display"], json::array({820, 1180, 2}));
+}
+
 TEST_F(ApiTests, UnknownAddressesAreNotFound) {
   for (const std::string target : {"/api", "/api/", "/api/screen/", "/api/Screen", "/nothing", "/images"})
     EXPECT_EQ(simulator_.get(target).status, 404) << target;

@@ -19,10 +19,11 @@ TEST_F(DeviceStateTests, EveryChangeIsToldAndCounted) {
   state_.addLogLine("c");
   state_.setPasteboard("d");
   state_.setAppearance("dark");
+  state_.setDisplay(sim::kTabletDisplay);
   state_.filesChanged();
-  EXPECT_EQ(changes_, 7);
-  EXPECT_EQ(state_.sequence(), 7u);
-  EXPECT_EQ(state_.json()["sequence"], 7);
+  EXPECT_EQ(changes_, 8);
+  EXPECT_EQ(state_.sequence(), 8u);
+  EXPECT_EQ(state_.json()["sequence"], 8);
 }
 
 TEST_F(DeviceStateTests, AnEqualPasteboardIsNoChange) {
@@ -31,6 +32,14 @@ TEST_F(DeviceStateTests, AnEqualPasteboardIsNoChange) {
   state_.setPasteboard(std::nullopt);
   state_.setPasteboard(std::nullopt);
   EXPECT_EQ(changes_, 2);
+}
+
+TEST_F(DeviceStateTests, AnEqualDisplayIsNoChange) {
+  state_.setDisplay(sim::kPhoneDisplay);
+  EXPECT_EQ(changes_, 0);
+  state_.setDisplay(sim::kTabletDisplay);
+  state_.setDisplay(sim::kTabletDisplay);
+  EXPECT_EQ(changes_, 1);
 }
 
 TEST_F(DeviceStateTests, OnlyTheNewestAreKept) {

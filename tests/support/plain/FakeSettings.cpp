@@ -40,13 +40,15 @@ class FakeSettings {
     const std::string verb = message.value("verb", "");
     if (verb == "pasteboard") pasteboard_ = message.at("string");
     if (verb == "appearance") appearance_ = message.at("style");
+    if (verb == "display") display_ = {message.at("width"), message.at("height"), message.at("scale")};
     if (verb == "screen") answer(message, 200, screen());
     if (verb == "event") event(message);
     if (verb == "image") image(message);
   }
 
   json screen() const {
-    return {{"revision", revision_}, {"pasteboard", pasteboard_}, {"appearance", appearance_}, {"process", ::getpid()}};
+    return {{"revision", revision_}, {"pasteboard", pasteboard_}, {"appearance", appearance_}, {"display", display_},
+            {"process", ::getpid()}};
   }
 
   void answer(const json& request, int status, const json& body) {
@@ -100,6 +102,7 @@ class FakeSettings {
   std::uint64_t revision_;
   json pasteboard_ = "never told";
   json appearance_;
+  json display_;
 };
 
 std::string valueOf(std::string_view option, int count, const char* const* arguments) {

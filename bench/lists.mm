@@ -1,0 +1,185 @@
+// How the time that the two list editors need grows with the number of apps and widgets. Closes with one line a claim,
+// the ratio of the medians for twice as much: about 2 means that the time is linear.
+#import <Foundation/SIMDevice.h>
+#import <NorvikAppList/NorvikAppList.h>
+#import <UIKit/UIKit.h>
+#import <dispatch/MainQueue+Sim.h>
+#import <objcxx/Retained.h>
+
+#import "Settings/Session.hpp"
+#include "lists_device.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What both editors answer.
+@protocol ListEditor <NSObject>
+- (instancetype)initWithIdentifier:(NSString *)identifier;
+- (NSMutableArray *)menuItems;
+- (NSMutableArray *)menuItemsDisabled;
+- (void)loadLists;
+- (void)saveLists;
+@end
+
+namespace {
+
+using Editor = UITableViewController<ListEditor>;
+using bench::DeviceFolder;
+
+constexpr int kRepetitions = 7;
+
+/// Milliseconds by name of what was measured.
+using Times = std::map<std::string, std::vector<double>>;
+
+template <typename Body>
+void measure(Times& times, const std::string& name, Body body) {
+  @autoreleasepool {
+    const auto start = std::chrono::steady_clock::now();
+    body();
+    const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
+    times[name].push_back(taken.count());
+  }
+}
+
+double median(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
+/// Ends the program: nothing that follows would measure what it says.
+void require(bool condition, const char *what) {
+  if (condition) return;
+  std::printf("bench_lists: %s\n", what);
+  std::exit(1);
+}
+
+Class classNamed(NSString *name) {
+  static NSBundle *const bundle =
+      [[NSBundle bundleWithPath:@BUILD_FOLDER "/device-root/var/jb/Library/PreferenceBundles/ZunoPrefs.bundle"] retain];
+  Class found = [bundle classNamed:name];
+  require(found, "the settings bundle cannot be loaded");
+  return found;
+}
+
+/// A new editor with its lists loaded.
+objcxx::Retained<Editor> openEditor(NSString *className) {
+  auto editor = objcxx::adopt([(Editor *)[classNamed(className) alloc] initWithIdentifier:bench::kDomain]);
+  SIMDrainMainQueue();
+  return editor;
+}
+
+NSIndexPath *at(NSInteger section, NSUInteger row) {
+  return [NSIndexPath indexPathForRow:static_cast<NSInteger>(row) inSection:section];
+}
+
+/// Moves a row from the middle of the disabled ones by a tap, by a drag, and writes the list.
+void change(Editor *editor, Times& times, const std::string& prefix) {
+  UITableView *table = [editor tableView];
+  const NSUInteger middle = [[editor menuItemsDisabled] count] / 2;
+  measure(times, prefix + "tap", [&] { [editor tableView:table didSelectRowAtIndexPath:at(1, middle)]; });
+  measure(times, prefix + "drag", [&] { [editor tableView:table moveRowAtIndexPath:at(1, middle) toIndexPath:at(0, 0)]; });
+  measure(times, prefix + "save", [&] { [editor saveLists]; });
+}
+
+/// One event on the page that shows the editor, with the whole screen as the answer.
+void changeByEvent(Editor *editor, Times& times, std::size_t count) {
+  sim::Session session(editor, 1);
+  const std::string row = "row1.1." + std::to_string(count / 2);
+  for (int repetition = 0; repetition < kRepetitions; ++repetition) {
+    measure(times, "tap event", [&] {
+      const sim::Reply reply = session.perform({{"type", "tap"}, {"id", row}});
+      require(reply.status == 200 && session.revision() == static_cast<std::uint64_t>(repetition) + 2,
+              "an event was refused");
+    });
+    measure(times, "description", [&] { require(!session.refresh(), "the screen changed by itself"); });
+  }
+  std::printf("lists: a screen of %zu rows is %.1f MB\n", count, static_cast<double>(session.screen().size()) / 1e6);
+}
+
+Times measureApps(int count) {
+  NSString *const key = @"FavouriteApplications";
+  Times times;
+  DeviceFolder device;
+  NSArray *identifiers = device.addApps(count);
+  NSArray *four = [identifiers subarrayWithRange:NSMakeRange([identifiers count] - 4, 4)];
+
+  for (int repetition = 0; repetition < kRepetitions; ++repetition) {
+    measure(times, "delivery", [&] {
+      __block NSUInteger delivered = 0;
+      [[[[NorvikAppList alloc] init] autorelease] getAppList:^(NSArray *apps) {
+        delivered = [apps count];
+      }];
+      SIMDrainMainQueue();
+      require(delivered == [identifiers count], "apps are missing");
+    });
+    device.setPreference(key, nil);
+    objcxx::Retained<Editor> editor;
+    measure(times, "opening", [&] { editor = openEditor(@"ZunoFavouritesPicker"); });
+    require([[editor.get() menuItemsDisabled] count] == [identifiers count], "the lists are not loaded");
+    change(editor.get(), times, "");
+    require([[editor.get() menuItems] count] == 2, "the changes were not made");
+
+    device.setPreference(key, four);
+    measure(times, "loading 4", [&] { [editor.get() loadLists]; });
+    device.setPreference(key, identifiers);
+    measure(times, "loading all", [&] { [editor.get() loadLists]; });
+    require([[editor.get() menuItems] count] == 4, "the stored list was not loaded");
+  }
+  device.setPreference(key, nil);
+  changeByEvent(openEditor(@"ZunoFavouritesPicker").get(), times, [identifiers count]);
+  return times;
+}
+
+Times measureWidgets(int count) {
+  Times times;
+  for (int repetition = 0; repetition < kRepetitions; ++repetition) {
+    @autoreleasepool {
+      DeviceFolder device;  // Bundles that this process has not met.
+      device.addWidgets(count, BUILD_FOLDER "/device-root/var/jb/Library/Zuno/Widgets/NoteWidget.bundle/NoteWidget", @"NoteWidget");
+      objcxx::Retained<Editor> editor;
+      measure(times, "widgets opening", [&] { editor = openEditor(@"ZunoWidgetsPicker"); });
+      require([[editor.get() menuItemsDisabled] count] >= static_cast<NSUInteger>(count), "widgets are missing");
+      change(editor.get(), times, "widgets ");
+    }
+  }
+  return times;
+}
+
+void report(const Times& many, const Times& few, int manyCount, int fewCount) {
+  for (const auto& [name, times] : few) {
+    std::printf("  %-20s %6d: %10.3f ms %6d: %10.3f ms\n", name.c_str(), fewCount, median(times), manyCount,
+                median(many.at(name)));
+  }
+}
+
+void claim(const Times& many, const Times& few, int manyCount, int fewCount) {
+  for (const auto& [name, times] : few) {
+    std::printf("lists %s: %d/%d %.2f\n", name.c_str(), manyCount, fewCount, median(many.at(name)) / median(times));
+  }
+}
+
+}  // namespace
+
+int main() {
+  // The loader's log lines; what this program has to say goes to standard output.
+  if (!std::freopen("/dev/null", "w", stderr)) return 1;
+  SIMStartFoundation();
+  @autoreleasepool {
+    const Times fewApps = measureApps(10000);
+    const Times manyApps = measureApps(20000);
+    const Times fewWidgets = measureWidgets(200);
+    const Times manyWidgets = measureWidgets(400);
+    report(manyApps, fewApps, 20000, 10000);
+    report(manyWidgets, fewWidgets, 400, 200);
+    claim(manyApps, fewApps, 20000, 10000);
+    claim(manyWidgets, fewWidgets, 400, 200);
+  }
+  return 0;
+}

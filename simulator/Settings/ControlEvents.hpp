@@ -1,0 +1,14 @@
+// Working a control the way a person does.
+#pragma once
+
+#import <UIKit/UIKit.h>
+
+#include "Settings/JsonValues.hpp"
+
+namespace sim {
+
+/// Sets the control at or below `view` to `value`: a truth value for a switch, a number for a slider, a segment's number
+/// or title, text for a field. Returns nullptr, or why nothing was done.
+const char *setControl(UIView *view, const Json &value);
+
+}  // namespace sim

@@ -1,0 +1,71 @@
+#import "Settings/ControlEvents.hpp"
+
+#import <UIKit/UIKit.h>
+#import <UIKit/UISegmentedControl+Sim.h>
+#import <UIKit/UISlider+Sim.h>
+#import <UIKit/UISwitch+Sim.h>
+#import <UIKit/UITextField+Sim.h>
+#import <UIKit/UITextView+Sim.h>
+
+#import "Settings/ViewDescription.hpp"
+
+#include <algorithm>
+#include <limits>
+
+namespace sim {
+namespace {
+
+constexpr const char *kUnreachable = "This control is disabled.";
+
+const char *setSwitch(UISwitch *control, const Json &value) {
+  if (!value.is_boolean()) return "A switch is set to true or false.";
+  if (static_cast<bool>([control isOn]) == value.get<bool>()) return nullptr;
+  return [control sim_setOnByUser:value.get<bool>()] ? nullptr : kUnreachable;
+}
+
+const char *setSlider(UISlider *control, const Json &value) {
+  if (!value.is_number()) return "A slider is set to a number.";
+  constexpr double most = std::numeric_limits<float>::max();
+  const auto number = static_cast<float>(std::clamp(value.get<double>(), -most, most));
+  return [control sim_setValueByUser:number finished:YES] ? nullptr : kUnreachable;
+}
+
+NSInteger segmentNamed(UISegmentedControl *control, const std::string &title) {
+  for (NSUInteger index = 0; index < [control numberOfSegments]; ++index) {
+    if (title == utf8([control titleForSegmentAtIndex:index])) return static_cast<NSInteger>(index);
+  }
+  return -1;
+}
+
+const char *setSegment(UISegmentedControl *control, const Json &value) {
+  NSInteger index = -1;
+  if (value.is_number_unsigned()) {
+    const auto wanted = value.get<std::uint64_t>();
+    if (wanted < [control numberOfSegments]) index = static_cast<NSInteger>(wanted);
+  } else if (value.is_string()) {
+    index = segmentNamed(control, value.get_ref<const std::string &>());
+  }
+  if (index < 0) return "Segments are set to the number or the title of a segment.";
+  if ([control selectedSegmentIndex] == index) return nullptr;
+  return [control sim_selectByUser:index] ? nullptr : kUnreachable;
+}
+
+}  // namespace
+
+const char *setControl(UIView *view, const Json &value) {
+  UIView *control = findControl(view);
+  if ([control isKindOfClass:[UISwitch class]]) return setSwitch((UISwitch *)control, value);
+  if ([control isKindOfClass:[UISlider class]]) return setSlider((UISlider *)control, value);
+  if ([control isKindOfClass:[UISegmentedControl class]]) return setSegment((UISegmentedControl *)control, value);
+
+  const bool isField = [control isKindOfClass:[UITextField class]];
+  if (!isField && ![control isKindOfClass:[UITextView class]]) return "There is nothing to set here.";
+  if (!value.is_string()) return "A text field is set to a text.";
+  NSString *text = stringFrom(value);
+  if (!text) return "The text is not valid.";
+  const BOOL entered =
+      isField ? [(UITextField *)control sim_enterText:text] : [(UITextView *)control sim_enterText:text];
+  return entered ? nullptr : kUnreachable;
+}
+
+}  // namespace sim

@@ -1,0 +1,117 @@
+#import "Settings/JsonValues.hpp"
+
+#import <Foundation/Text.h>
+#import <UIKit/UIColor+Sim.h>
+#import <objcxx/Retained.h>
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <vector>
+
+#include "Foundation/UTF8.hpp"
+
+namespace sim {
+namespace {
+
+/// Deeper values are cut off: nobody reads them in a row.
+constexpr int kDepthLimit = 16;
+
+using HexColor = std::array<char, 10>;
+
+HexColor hex(const RGBA &color) {
+  const auto byte = [](double component) { return static_cast<unsigned>(std::lround(component * 255)) & 0xff; };
+  HexColor text;
+  std::snprintf(text.data(), text.size(), "#%02x%02x%02x%02x", byte(color.red), byte(color.green), byte(color.blue),
+                byte(color.alpha));
+  return text;
+}
+
+/// The text with a replacement character for each half of a surrogate pair.
+std::string mendedUTF8(NSString *text) {
+  std::vector<unichar> units([text length]);
+  [text getCharacters:units.data() range:NSMakeRange(0, units.size())];
+  std::string result;
+  for (std::size_t at = 0; at < units.size(); ++at) {
+    char32_t character = units[at];
+    const bool leads = character >= 0xd800 && character < 0xdc00;
+    if (leads && at + 1 < units.size() && units[at + 1] >= 0xdc00 && units[at + 1] < 0xe000) {
+      character = 0x10000 + ((character - 0xd800) << 10) + (units[++at] - 0xdc00u);
+    }
+    if (!appendUTF8(result, character)) appendUTF8(result, 0xfffd);
+  }
+  return result;
+}
+
+void writeNumber(JsonText &out, NSNumber *number) {
+  if (number == [NSNumber numberWithBool:YES] || number == [NSNumber numberWithBool:NO]) {
+    return out.flag([number boolValue]);
+  }
+  switch (*[number objCType]) {
+    case 'f':
+    case 'd':
+      if (!std::isfinite([number doubleValue])) return out.string(std::to_string([number doubleValue]));
+      return out.number([number doubleValue]);
+    case 'Q':
+    case 'L':
+      return out.natural([number unsignedLongLongValue]);
+    default:
+      return out.integer([number longLongValue]);
+  }
+}
+
+void writeValue(JsonText &out, id value, int depth) {
+  if (!value || value == [NSNull null]) return out.null();
+  if ([value isKindOfClass:[NSString class]]) return writeText(out, value);
+  if ([value isKindOfClass:[NSNumber class]]) return writeNumber(out, value);
+  if ([value isKindOfClass:[NSData class]]) return out.string("<" + std::to_string([value length]) + " bytes>");
+  if ([value isKindOfClass:[NSDate class]]) return writeText(out, [value description]);
+  if (depth < kDepthLimit && [value isKindOfClass:[NSArray class]]) {
+    out.beginArray();
+    for (id item in (NSArray *)value) writeValue(out, item, depth + 1);
+    return out.endArray();
+  }
+  if (depth < kDepthLimit && [value isKindOfClass:[NSDictionary class]]) {
+    out.beginObject();
+    for (id key in (NSDictionary *)value) {
+      writeValue(out.name(utf8([key description])), [(NSDictionary *)value objectForKey:key], depth + 1);
+    }
+    return out.endObject();
+  }
+  writeText(out, NSStringFromClass([value class]));
+}
+
+}  // namespace
+
+std::string utf8(NSString *text) {
+  std::string result;
+  if (!getUTF8(text, result)) return mendedUTF8(text);
+  return result;
+}
+
+void writeText(JsonText &out, NSString *text) {
+  if (!text) return out.null();
+  out.string(utf8(text));
+}
+
+void writeValue(JsonText &out, id value) { writeValue(out, value, 0); }
+
+void writeColor(JsonText &out, UIColor *color) {
+  if (!color) return out.null();
+  const ColorPair pair = resolved(color);
+  if (pair.light == pair.dark) return out.string(hex(pair.light).data());
+  out.beginObject();
+  out.name("light").string(hex(pair.light).data());
+  out.name("dark").string(hex(pair.dark).data());
+  out.endObject();
+}
+
+NSString *stringFrom(const Json &value) {
+  if (!value.is_string()) return nil;
+  const auto &bytes = value.get_ref<const std::string &>();
+  return objcxx::adopt([[NSString alloc] initWithBytes:bytes.data()
+                                                length:bytes.size()
+                                              encoding:NSUTF8StringEncoding]).autoreleased();
+}
+
+}  // namespace sim

@@ -1,0 +1,18 @@
+// Table rows as the automation interface shows them.
+#pragma once
+
+#import <UIKit/UIKit.h>
+
+#include <cstdint>
+
+#include "Settings/JsonText.hpp"
+
+namespace sim {
+
+class ImageStore;
+
+/// Writes the sections of `table`, which belongs to page `page`, with every row. Asks the data source for every row's
+/// cell.
+void writeSections(JsonText &out, UITableView *table, std::uint32_t page, ImageStore &images);
+
+}  // namespace sim

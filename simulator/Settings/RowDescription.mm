@@ -1,0 +1,230 @@
+#import "Settings/RowDescription.hpp"
+
+#import <Preferences/Preferences.h>
+#import <QuartzCore/QuartzCore.h>
+#import <UIKit/UIKit.h>
+#import <UIKit/UITableView+Sim.h>
+#import <UIKit/UITableViewCell+Sim.h>
+
+#include <algorithm>
+#include <array>
+#include <unordered_map>
+
+#import "Settings/ElementId.hpp"
+#import "Settings/ImageStore.hpp"
+#import "Settings/JsonValues.hpp"
+#import "Settings/ViewDescription.hpp"
+
+namespace sim {
+namespace {
+
+const char *styleName(UITableViewCellStyle style) {
+  switch (style) {
+    case UITableViewCellStyleValue1:
+      return "value1";
+    case UITableViewCellStyleValue2:
+      return "value2";
+    case UITableViewCellStyleSubtitle:
+      return "subtitle";
+    default:
+      return "default";
+  }
+}
+
+const char *accessoryName(UITableViewCellAccessoryType type) {
+  switch (type) {
+    case UITableViewCellAccessoryDisclosureIndicator:
+      return "disclosureIndicator";
+    case UITableViewCellAccessoryDetailDisclosureButton:
+      return "detailDisclosureButton";
+    case UITableViewCellAccessoryCheckmark:
+      return "checkmark";
+    case UITableViewCellAccessoryDetailButton:
+      return "detailButton";
+    default:
+      return "none";
+  }
+}
+
+void writeImageStyle(JsonText &out, UIImageView *view) {
+  CALayer *layer = [view layer];
+  out.beginObject();
+  out.name("shadow");
+  if ([layer shadowOpacity] > 0) {
+    out.beginObject();
+    writeColor(out.name("color"), [UIColor colorWithCGColor:[layer shadowColor]]);
+    out.name("x").number([layer shadowOffset].width);
+    out.name("y").number([layer shadowOffset].height);
+    out.name("opacity").number([layer shadowOpacity]);
+    out.name("radius").number([layer shadowRadius]);
+    out.endObject();
+  } else {
+    out.null();
+  }
+  out.name("contentMode")
+      .string([view contentMode] == UIViewContentModeScaleAspectFit ? "scaleAspectFit" : "scaleToFill");
+  out.endObject();
+}
+
+/// Whether the class comes from the frameworks: then the cell's subviews are known, and the browser draws them itself.
+bool isFrameworkClass(Class kind) {
+  return kind == [UITableViewCell class] || [NSBundle bundleForClass:kind] == [NSBundle bundleForClass:[PSTableCell class]];
+}
+
+bool isEnabled(UITableViewCell *cell, UIView *control) {
+  if ([cell isKindOfClass:[PSTableCell class]] && ![(PSTableCell *)cell cellEnabled]) return false;
+  return ![control isKindOfClass:[UIControl class]] || [(UIControl *)control isEnabled];
+}
+
+/// Writes the rows of one table.
+class RowWriter {
+ public:
+  RowWriter(JsonText &out, UITableView *table, std::uint32_t page, ImageStore &images)
+      : out_(out), table_(table), page_(page), images_(images) {}
+
+  void write(NSIndexPath *path, UITableViewCell *cell) {
+    const ElementId row{ElementKind::kRow, page_, static_cast<std::uint32_t>([path section]),
+                        static_cast<std::uint32_t>([path row]), 0};
+    UIView *control = findControl([cell sim_shownAccessoryView]) ?: findControl([cell contentView]);
+    PSSpecifier *specifier = [cell isKindOfClass:[PSTableCell class]] ? [(PSTableCell *)cell specifier] : nil;
+    out_.beginObject();
+    out_.name("id").string(row.text());
+    writeKind(cell, specifier);
+    writeTexts(cell);
+    writeState(path, cell, control, specifier);
+    writePicture([cell sim_imageViewIfMade]);
+    writeSwipeActions(path, row);
+    writeOwnViews(cell, control);
+    out_.endObject();
+  }
+
+ private:
+  void writeKind(UITableViewCell *cell, PSSpecifier *specifier) {
+    id type = [specifier propertyForKey:PSTableCellClassKey];
+    id key = [specifier propertyForKey:PSKeyNameKey];
+    if ([type isKindOfClass:[NSString class]]) {
+      writeText(out_.name("cell"), type);
+    } else {
+      out_.name("cell").string(classNameOf(cell));
+    }
+    out_.name("cellClass").string(classNameOf(cell));
+    out_.name("style").string(styleName([cell sim_style]));
+    writeText(out_.name("key"), [key isKindOfClass:[NSString class]] ? key : nil);
+  }
+
+  void writeTexts(UITableViewCell *cell) {
+    UILabel *label = [cell sim_textLabelIfMade];
+    UILabel *detail = [cell sim_detailTextLabelIfMade];
+    writeText(out_.name("label"), [label text]);
+    writeColor(out_.name("labelColor"), [label textColor]);
+    if (label) {
+      out_.name("labelAlignment").string(alignmentName([label textAlignment]));
+      out_.name("labelLines").integer([label numberOfLines]);
+    } else {
+      out_.name("labelAlignment").null();
+      out_.name("labelLines").null();
+    }
+    writeText(out_.name("detail"), [detail text]);
+    writeColor(out_.name("detailColor"), [detail textColor]);
+    writeText(out_.name("accessibilityLabel"), [cell accessibilityLabel]);
+  }
+
+  void writeState(NSIndexPath *path, UITableViewCell *cell, UIView *control, PSSpecifier *specifier) {
+    writeControl(out_.name("control"), control);
+    out_.name("value");
+    if (!writeControlValue(out_, control)) writeValue(out_, [specifier propertyForKey:PSValueKey]);
+    out_.name("enabled").flag(isEnabled(cell, control));
+    out_.name("selectable").flag([cell selectionStyle] != UITableViewCellSelectionStyleNone &&
+                                 [table_ sim_allowsSelectionNow]);
+    out_.name("accessory").string(accessoryName([cell sim_shownAccessoryType]));
+    out_.name("canMove").flag([table_ sim_canMoveRowAtIndexPath:path]);
+    out_.name("height").number([table_ sim_heightOfRowAtIndexPath:path]);
+    writeFrame(out_.name("frame"), [cell frame]);
+  }
+
+  void writePicture(UIImageView *icon) {
+    images_.write(out_.name("image"), [icon image]);
+    out_.name("imageStyle");
+    if ([icon image]) {
+      writeImageStyle(out_, icon);
+    } else {
+      out_.null();
+    }
+  }
+
+  void writeSwipeActions(NSIndexPath *path, ElementId row) {
+    out_.name("swipeActions").beginArray();
+    std::uint32_t index = 0;
+    for (SIMSwipeAction *action in [table_ sim_swipeActionsAtIndexPath:path]) {
+      const ElementId id{ElementKind::kSwipe, row.owner, row.section, row.row, index++};
+      out_.beginObject();
+      out_.name("id").string(id.text());
+      writeText(out_.name("title"), [action title]);
+      writeColor(out_.name("color"), [action backgroundColor]);
+      out_.name("leading").flag([action isLeading]);
+      out_.endObject();
+    }
+    out_.endArray();
+  }
+
+  /// The views that a maker added to the cell: everything but the standard ones.
+  void writeOwnViews(UITableViewCell *cell, UIView *control) {
+    out_.name("views").beginArray();
+    if (![cell isKindOfClass:[PSTableCell class]] || !isFrameworkCell(cell)) {
+      const std::array<UIView *, 8> standard{[cell contentView],           [cell sim_textLabelIfMade],
+                                             [cell sim_detailTextLabelIfMade], [cell sim_imageViewIfMade],
+                                             [cell sim_shownAccessoryView], [cell backgroundView],
+                                             [cell selectedBackgroundView], control};
+      for (UIView *parent : {[cell contentView], (UIView *)cell}) {
+        for (UIView *view in [parent subviews]) {
+          if (std::find(standard.begin(), standard.end(), view) == standard.end()) writeView(out_, view, images_);
+        }
+      }
+    }
+    out_.endArray();
+  }
+
+  /// Looking up the bundle of a class is slow, and the rows of a table are of few classes.
+  bool isFrameworkCell(UITableViewCell *cell) {
+    const auto [entry, isNew] = frameworkClasses_.try_emplace([cell class], false);
+    if (isNew) entry->second = isFrameworkClass([cell class]);
+    return entry->second;
+  }
+
+  JsonText &out_;
+  UITableView *table_;  // Not owned.
+  std::uint32_t page_;
+  ImageStore &images_;
+  std::unordered_map<Class, bool> frameworkClasses_;
+};
+
+void writeSectionView(JsonText &out, UIView *view, ImageStore &images) {
+  if (!view) return out.null();
+  writeView(out, view, images);
+}
+
+}  // namespace
+
+void writeSections(JsonText &out, UITableView *table, std::uint32_t page, ImageStore &images) {
+  [table sim_prepareForDescription];
+  RowWriter rows(out, table, page, images);
+  RowWriter *writer = &rows;
+  out.beginArray();
+  for (NSInteger section = 0; section < [table numberOfSections]; ++section) {
+    out.beginObject();
+    writeText(out.name("header"), [table sim_titleForHeaderInSection:section]);
+    writeText(out.name("footer"), [table sim_titleForFooterInSection:section]);
+    writeSectionView(out.name("headerView"), [table sim_viewForHeaderInSection:section], images);
+    writeSectionView(out.name("footerView"), [table sim_viewForFooterInSection:section], images);
+    out.name("rows").beginArray();
+    [table sim_describeRowsInSection:section
+                          usingBlock:^(NSIndexPath *path, UITableViewCell *cell) {
+                            writer->write(path, cell);
+                          }];
+    out.endArray();
+    out.endObject();
+  }
+  out.endArray();
+}
+
+}  // namespace sim

@@ -1,0 +1,48 @@
+// The screen as the automation interface shows it: page, alert, sheet.
+#pragma once
+
+#import <UIKit/UIKit.h>
+#import <objcxx/Retained.h>
+
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "Settings/JsonText.hpp"
+
+@class UITableView;
+
+namespace sim {
+
+class ImageStore;
+
+/// Gives each page, alert and sheet on the screen a number that is unique in the process. Main thread only.
+class PageNumbers final {
+ public:
+  /// The number of `page`; a new one for a page that was not among the current ones.
+  std::uint32_t of(UIViewController *page);
+  /// Between the two, every page that stays is asked for; the others are then forgotten and let go.
+  void beginDescription();
+  void endDescription();
+
+ private:
+  struct Entry {
+    objcxx::Retained<UIViewController> page;  // Kept, so that no address is met twice.
+    std::uint32_t number;
+    bool used;
+  };
+  std::vector<Entry> entries_;
+  std::uint32_t next_ = 1;
+};
+
+/// The table that a page shows: the first one in its view; nil when it shows none.
+UITableView *tableOf(UIViewController *page);
+
+/// What is in front of the pages: an alert, a sheet, or nil.
+UIViewController *presentedOver(UINavigationController *navigation);
+
+/// Writes what `navigation` shows: {"path","page","alert","sheet"}. A page whose code raises is shown without rows, with
+/// the exception's name as a footer.
+void writeScreen(JsonText &out, UINavigationController *navigation, PageNumbers &numbers, ImageStore &images);
+
+}  // namespace sim

@@ -1,0 +1,75 @@
+#import "Settings/Session.hpp"
+
+#import <UIKit/UIKit.h>
+#import <UIKit/UIScreen+Sim.h>
+#import <UIKit/UITraitCollection+Sim.h>
+#import <UIKit/UIView+Sim.h>
+#import <dispatch/MainQueue+Sim.h>
+
+#import "Settings/EventRouter.hpp"
+#import "Settings/Guarded.hpp"
+
+#include <utility>
+
+namespace sim {
+namespace {
+
+std::string dump(const Json &json) { return json.dump(-1, ' ', false, Json::error_handler_t::replace); }
+
+}  // namespace
+
+Session::Session(UIViewController *root, std::uint64_t firstRevision)
+    : window_(objcxx::adopt([[UIWindow alloc] initWithFrame:[[UIScreen mainScreen] bounds]])),
+      navigation_(objcxx::adopt([[UINavigationController alloc] initWithRootViewController:root])),
+      revision_(firstRevision) {
+  [window_.get() setRootViewController:navigation_.get()];
+  guarded("opening the application", [this] { [window_.get() makeKeyAndVisible]; });
+  refresh();
+}
+
+bool Session::refresh() {
+  guarded("running the main queue", [] { SIMDrainMainQueue(); });
+  JsonText now;
+  images_.beginDescription();
+  if (guarded("describing the screen", [&] { writeScreen(now, navigation_.get(), numbers_, images_); })) return false;
+  // What follows the opening brace.
+  const std::string_view description = std::string_view(now.text()).substr(1);
+  if (description == std::string_view(text_).substr(headLength_)) return false;
+  if (!text_.empty()) ++revision_;
+  std::string text = "{\"revision\":" + std::to_string(revision_) + ',';
+  headLength_ = text.size();
+  text += description;
+  text_ = std::move(text);
+  images_.accept();
+  return true;
+}
+
+Reply Session::perform(const Json &event) {
+  if (const auto wanted = event.find("revision"); wanted != event.end()) {
+    if (!wanted->is_number_unsigned()) return {400, dump({{"error", "A revision is a whole number."}})};
+    if (*wanted != revision_) {
+      return {409, dump({{"error", "The screen has changed; this event is for another revision."},
+                         {"revision", revision_}})};
+    }
+  }
+  EventResult result;
+  guarded("performing an event", [&] { result = routeEvent(event, navigation_.get(), numbers_); });
+  refresh();
+  if (result.status != 200) return {result.status, dump({{"error", result.error}})};
+  return {200, text_};
+}
+
+void Session::setDark(bool dark) {
+  SIMSetUserInterfaceStyle(dark ? UIUserInterfaceStyleDark : UIUserInterfaceStyleLight);
+  [window_.get() sim_traitCollectionDidChange:nil];
+}
+
+void Session::setScreen(CGSize size, CGFloat scale) {
+  SIMSetMainScreen(size, scale);
+  guarded("changing the screen's size", [this] {
+    [window_.get() setFrame:[[UIScreen mainScreen] bounds]];
+    [window_.get() layoutIfNeeded];
+  });
+}
+
+}  // namespace sim

@@ -1,0 +1,86 @@
+// A running Settings application with a test's own first page, in a device folder of the test's own, and the log.
+#pragma once
+
+#import <UIKit/UIKit.h>
+#import <objcxx/Retained.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#import "Settings/Session.hpp"
+#include "support/objc/ObjCMatchers.h"
+#include "support/objc/ObjCTest.h"
+
+/// A page with a table of texts, whose behaviour a test fills in. Rows can be moved and swiped away.
+@interface ListPage : UITableViewController {
+ @public
+  objcxx::Retained<NSMutableArray> sections;  ///< Of NSMutableArray of NSString.
+  objcxx::Retained<NSMutableArray> calls;     ///< What it was asked to do, in order.
+  objcxx::Retained<UIView> sectionView;       ///< The header and footer of the first section.
+  objcxx::Retained<Lifetime> lifetime;
+  NSString *raises;      ///< The name of the exception that each cell raises; not owned.
+  NSString *tapRaises;   ///< The name of the exception that a tap raises; not owned.
+  BOOL selectable;
+}
+- (instancetype)initWithTitle:(NSString *)title sections:(NSArray *)sections;
+- (void)pushNext;
+@end
+
+/// A row with a control in its accessory, worked by `changed:` of the page.
+@interface ControlPage : ListPage {
+ @public
+  objcxx::Retained<UIControl> control;
+}
+@end
+
+/// Shows a view of its own and no table.
+@interface PlainPage : UIViewController
+@end
+
+namespace testing_support {
+
+class SessionTest : public DeviceTest {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+
+  /// Starts the application with `root` as its first page.
+  void start(UIViewController *root, std::uint64_t firstRevision = 1);
+  ListPage *startList(NSArray *sections);
+  /// A page whose single row carries `control`.
+  ControlPage *startControl(UIControl *control);
+
+  sim::Session &session() { return *session_; }
+  /// The screen as it was last described.
+  sim::Json screen() const;
+  sim::Json page() const { return screen()["page"]; }
+  sim::Json row(std::size_t section, std::size_t row) const { return page()["sections"][section]["rows"][row]; }
+  std::string rowId(std::size_t section, std::size_t row) const;
+  /// The labels of all rows: " a  b | c ".
+  std::string labels() const;
+  std::string titles() const;
+
+  int send(const sim::Json &event);  ///< The reply's status; the reply is in `reply`.
+  int tap(const std::string &id) { return send({{"type", "tap"}, {"id", id}}); }
+  int set(const std::string &id, const sim::Json &value) {
+    return send({{"type", "set"}, {"id", id}, {"value", value}});
+  }
+  int move(const sim::Json &from, const sim::Json &to) { return send({{"type", "move"}, {"from", from}, {"to", to}}); }
+  /// Expects `status` and a sentence, and that neither the screen nor its revision has changed.
+  void expectRefused(const sim::Json &event, int status);
+
+  static std::string calls(ListPage *page);
+  bool logged(const std::string &part) const;
+
+  sim::Json reply;
+  std::vector<std::string> log;
+
+ private:
+  std::unique_ptr<sim::Session> session_;
+};
+
+}  // namespace testing_support
+
+using sim::Json;
+using testing_support::SessionTest;
