@@ -29,7 +29,9 @@ test('A custom cell is laid out for the width of the chosen display', async (t) 
   const name = onTablet.views.find((each) => each.text === 'Zuno');
   assert.equal(name.frame[0] + name.frame[2] / 2, 410);
   await api('PUT', '/api/device/display', { kind: 'phone' });
-  assert.deepEqual(bannerOf(await api('GET', '/api/screen')).views.map((each) => each.frame), onPhone.views.map((each) => each.frame));
+  const again = bannerOf(await api('GET', '/api/screen'));
+  const frames = ({ views }) => views.map(({ frame }) => frame);
+  assert.deepEqual(frames(again), frames(onPhone));
 });
 
 test('A page that lies below another one is laid out for the new width when it comes back', async (t) => {
@@ -47,9 +49,11 @@ test('The page follows the display, in every tab and through a respring', async 
   const second = await openPage(t, url, { expected: /404|50\d/ });
   await choice(second, 'iPhone').waitFor();
   const phoneHeight = (await first.locator('.phone').boundingBox()).height;
-  await choice(first, 'iPad').check({ force: true });
+  await choice(first, 'iPad').click();
   for (const page of [first, second]) {
-    await eventually(async () => assert.equal(await page.locator('.screen').evaluate((element) => element.offsetWidth), 820));
+    await eventually(async () => {
+      assert.equal(await page.locator('.screen').evaluate((element) => element.offsetWidth), 820);
+    });
     assert.equal(await choice(page, 'iPad').isChecked(), true);
   }
   const box = await first.locator('.phone').boundingBox();
@@ -61,7 +65,7 @@ test('The page follows the display, in every tab and through a respring', async 
   await tap(api, 'Respring').catch(() => {});
   await first.getByText('1 respring').waitFor();
   assert.equal(bannerOf(await tap(api, 'Zuno')).frame[2], 820);
-  await choice(second, 'iPhone').check({ force: true });
+  await choice(second, 'iPhone').click();
   await eventually(async () => assert.equal((await first.locator('.phone').boundingBox()).height, phoneHeight));
 });
 
@@ -74,7 +78,7 @@ test('An unknown display is refused', async (t) => {
 async function startOnTablet(t, rows, onEvent, options) {
   const { fake, url } = await startFake(t, screen(['List'], [section('Names', rows)]), onEvent);
   const page = await openPage(t, url, options);
-  await choice(page, 'iPad').check({ force: true });
+  await choice(page, 'iPad').click();
   await page.locator('[data-display="tablet"]').waitFor();
   return { fake, page };
 }
@@ -90,7 +94,10 @@ test('On a tablet, which is drawn smaller, a row is dragged to the place under t
   await page.mouse.down();
   await page.mouse.move(to.x + to.width / 2, to.y + to.height / 2, { steps: 8 });
   await page.mouse.up();
-  await eventually(() => assert.deepEqual(fake.events.map(({ type, from: a, to: b }) => [type, a, b]), [['move', [0, 1], [0, 6]]]));
+  await eventually(() => assert.equal(fake.events.length, 1));
+  const [{ revision, ...event }] = fake.events;
+  assert.deepEqual(event, { type: 'move', from: [0, 1], to: [0, 6] });
+  assert.equal(typeof revision, 'number');
 });
 
 test('On a tablet a row is swiped as far as the pointer goes', async (t) => {
@@ -109,7 +116,11 @@ test('On a tablet a row is swiped as far as the pointer goes', async (t) => {
 test('In a narrow window a tablet fits the width', async (t) => {
   const { page } = await startOnTablet(t, [link('A')], undefined, { viewport: { width: 390, height: 700 } });
   await settled(page);
-  assert.equal(await page.evaluate(() => document.documentElement.scrollWidth), 390);
+  const { scrollWidth, clientWidth } = await page.evaluate(() => {
+    const { scrollWidth, clientWidth } = document.documentElement;
+    return { scrollWidth, clientWidth };
+  });
+  assert.equal(scrollWidth, clientWidth);
 });
 
 test('axe finds nothing on a tablet', async (t) => {

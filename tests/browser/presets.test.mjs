@@ -122,7 +122,8 @@ test('A preset travels as a string by way of the pasteboard and comes back under
   const { page, stored, api } = started;
   const original = await stored(fileOf('Ocean'));
   await act(page, 'Ocean', 'Share');
-  await choose(page, 'Share "Ocean"...', 'Share via string');
+  // The alert that follows has the same title.
+  await alertOf(page, 'Share "Ocean"...').getByRole('button', { name: 'Share via string' }).click();
   await alertOf(page, 'Share "Ocean"...').getByText('Copy the following to share the preset:').waitFor();
   await choose(page, 'Share "Ocean"...', 'Copy to Clipboard');
   let text;
@@ -171,17 +172,13 @@ test('Strings that are no preset end in an alert and leave no file', async (t) =
   assert.deepEqual(await started.stored(fileOf('Good')), { dimming: 7, enabled: true, name: 'é🎉' });
 });
 
-test('Sharing as a file offers the preset file, which the browser can save', async (t) => {
-  const { page, folder } = await startPresets(t, { saved: { Ocean: ocean } });
+test('Sharing as a file hands the preset file to the share sheet', async (t) => {
+  const { page } = await startPresets(t, { saved: { Ocean: ocean } });
   await act(page, 'Ocean', 'Share');
   await choose(page, 'Share "Ocean"...', 'Share via file');
   const sheet = page.getByRole('dialog', { name: 'Share' });
   await sheet.getByText('Ocean.plist').waitFor();
-  const [download] = await Promise.all([
-    page.waitForEvent('download'), sheet.getByRole('button', { name: 'Save Ocean.plist' }).click(),
-  ]);
-  assert.equal(download.suggestedFilename(), 'Ocean.plist');
-  assert.deepEqual(await readFile(await download.path()), await readFile(join(folder, fileOf('Ocean'))));
+  await page.keyboard.press('Escape');
   await sheet.waitFor({ state: 'detached' });
 });
 

@@ -17,15 +17,13 @@ const factoryRows = [
 const contentOf = (page, name) => page.getByRole('region', { name: `Content of ${name}` });
 
 test('A switch that is flipped is on disk beside the older settings, posted and shown in the panel', async (t) => {
-  const before = { Enabled: 1, FavouriteApplications: ['com.apple.Maps'], unknown: 'kept & <escaped>' };
-  const prepare = (folder) => layFile(folder, mainFile, propertyListText({ ...before, unknown: 'kept' }));
+  const before = { Enabled: 1, FavouriteApplications: ['com.apple.Maps'], unknown: 'kept' };
+  const prepare = (folder) => layFile(folder, mainFile, propertyListText(before));
   const { page, stored, api } = await startZuno(t, { prepare });
   const toggle = page.getByRole('switch', { name: 'Pull Down to End Apps' });
   assert.equal(await toggle.isChecked(), false);
   await toggle.click();
-  await eventually(async () => assert.deepEqual(
-    await stored(), { ...before, unknown: 'kept', pullToKillEnabled: true },
-  ));
+  await eventually(async () => assert.deepEqual(await stored(), { ...before, pullToKillEnabled: true }));
   assert.deepEqual(await notificationsOf(api), ['com.norvik.Zuno.switcher']);
   const notifications = page.getByRole('list', { name: 'Notifications, newest first' });
   await notifications.getByText('com.norvik.Zuno.switcher').waitFor();
@@ -42,11 +40,9 @@ test('The options of the quick switcher come when the user returns, and the slid
   await eventually(async () => assert.equal((await stored()).quickSwitcher, true));
   assert.deepEqual(await labelsOf(api), factoryRows);
   await open(page, 'Back to Settings', 'Zuno');
-  const withOptions = factoryRows.with(6, [
-    'Quick Switcher', 'Show Options', 'Start with Favourites', 'Gesture Width', 'Gesture Width',
-  ]);
-  const shown = (await labelsOf(api)).with(6, (await labelsOf(api))[6].with(4, 'Gesture Width'));
-  assert.deepEqual(shown, withOptions);
+  // The slider hides its title; the static text above it stands in for it.
+  const options = ['Quick Switcher', 'Show Options', 'Start with Favourites', 'Gesture Width', null];
+  assert.deepEqual(await labelsOf(api), factoryRows.map((rows) => (rows[0] === 'Quick Switcher' ? options : rows)));
   const slider = page.getByRole('slider');
   assert.equal(await slider.inputValue(), '-20');
   await slider.scrollIntoViewIfNeeded();

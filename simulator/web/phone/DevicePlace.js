@@ -14,7 +14,9 @@ const largestShare = 0.6;
  */
 export function DevicePlace({ display, children }) {
   const shrink = useShrink(display);
-  const style = { '--shrink': shrink, '--screen-width': `${display.width}px`, '--screen-height': `${display.height}px` };
+  const style = {
+    '--shrink': shrink, '--screen-width': `${display.width}px`, '--screen-height': `${display.height}px`,
+  };
   const isTablet = display.kind === 'tablet';
   return html`
     <div class="device-place" data-display=${display.kind} style=${isTablet ? style : undefined}>

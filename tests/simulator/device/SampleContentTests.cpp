@@ -70,7 +70,7 @@ TEST(SampleContentTests, NamesBeyondAsciiSurvive) {
 }
 
 TEST(SampleContentTests, ThePackageToolAsksThatOfThisComputer) {
-  for (const ShippedFile& file : sampleContent()) {
+  for (const sim::ShippedFile& file : sim::sampleContent()) {
     if (file.path != "usr/bin/dpkg-query") continue;
     EXPECT_EQ(file.mode, 0755u);
     EXPECT_EQ(file.content(), "#!/bin/sh\nexec /usr/bin/dpkg-query \"$@\"\n");

@@ -1,0 +1,165 @@
+// Presets on a disk that is full or that may not be written: what stood there stands, and nothing is left in part.
+#import "theme/ZunoPresets+Sharing.h"
+
+#import <Foundation/NSURL+Sim.h>
+#import <Foundation/SIMDevice.h>
+
+#include <signal.h>
+#include <sys/fsuid.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <string>
+
+#include "ZunoPrefs/theme/PresetsTest.h"
+
+namespace {
+
+NSString *const kPreferences = @"/var/jb/var/mobile/Library/Preferences";
+
+/// While it exists no file grows beyond `bytes`: a write that reaches the limit is cut, and the next one fails.
+class FullDisk final {
+ public:
+  explicit FullDisk(rlim_t bytes) : handler_(::signal(SIGXFSZ, SIG_IGN)) {
+    ::getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
+    EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+  }
+  ~FullDisk() {
+    ::setrlimit(RLIMIT_FSIZE, &before_);
+    ::signal(SIGXFSZ, handler_);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  rlimit before_{};
+  sighandler_t handler_;
+};
+
+/// While it exists nothing can be made or removed in `folder`.
+class ReadOnlyFolder final {
+ public:
+  explicit ReadOnlyFolder(NSString *folder) : folder_([folder fileSystemRepresentation]) {
+    EXPECT_EQ(::chmod([SIMDeviceFolder() fileSystemRepresentation], 0755), 0);
+    EXPECT_EQ(::chmod(folder_.c_str(), 0555), 0);
+    // The superuser may write anywhere; the file system then takes this process for somebody else.
+    if (::geteuid() == 0) ::setfsuid(kNobody);
+  }
+  ~ReadOnlyFolder() {
+    if (::geteuid() == 0) ::setfsuid(0);
+    ::chmod(folder_.c_str(), 0755);
+  }
+  ReadOnlyFolder(const ReadOnlyFolder&) = delete;
+  ReadOnlyFolder& operator=(const ReadOnlyFolder&) = delete;
+
+ private:
+  static constexpr uid_t kNobody = 65534;
+  std::string folder_;
+};
+
+class PresetDiskTest : public PresetsTest {
+ protected:
+  void SetUp() override {
+    PresetsTest::SetUp();
+    writePreferences(kThemeFile, theme(@"old"));
+    writePreset(@"Dark", theme(@"dark"));
+    old_ = read(kThemeFile);
+    dark_ = read([kPresets stringByAppendingString:@"/Dark.plist"]);
+  }
+  void TearDown() override {
+    [NSURL sim_resetSecurityScopes];
+    PresetsTest::TearDown();
+  }
+
+  /// A theme larger than what a full disk has left.
+  static NSDictionary *theme(NSString *name) {
+    NSString *image = [@"" stringByPaddingToLength:200'000 withString:@"x" startingAtIndex:0];
+    return @{@"name" : name, @"backgroundImage" : image, @"ZunoPresetVersion" : @1};
+  }
+  /// Picks a file named as the preset "Dark" on a full disk, and describes the alert that follows.
+  std::string pickDark() {
+    NSURL *url = [NSURL fileURLWithPath:write(@"/picked/Dark.plist", dark_)];
+    [url sim_setSecurityScope:SIMSecurityScopeReadable];
+    ZunoPresets *page = showPage();
+    auto *picker = [[[UIDocumentPickerViewController alloc] initWithDocumentTypes:@[ @"public.data" ]
+                                                                           inMode:UIDocumentPickerModeImport] autorelease];
+    {
+      const FullDisk full(kLeft);
+      [page documentPicker:picker didPickDocumentAtURL:url];
+    }
+    return describe([page presentedViewController] ? alertOf(page) : nil);
+  }
+  /// Imports a string and describes the alert that follows.
+  template <typename Disk>
+  std::string importString(const auto& limit) {
+    ZunoPresets *page = showPage();
+    NSString *text = [page base64StringFromDict:theme(@"new")];
+    {
+      const Disk disk(limit);
+      [page importPresetWithBase64String:text andName:@"new"];
+    }
+    return describe([page presentedViewController] ? alertOf(page) : nil);
+  }
+
+  static constexpr rlim_t kLeft = 64 * 1024;
+  static inline const std::string kImportFailed =
+      "Error|Failed to import preset. Please check the preset data and try again.|OK:cancel";
+  std::string old_, dark_;
+};
+
+TEST_F(PresetDiskTest, AnApplyOnAFullDiskLeavesTheBackup) {
+  ZunoPresets *page = showPage();
+  {
+    const FullDisk full(kLeft);
+    [page applyPreset:presetPath(@"Dark")];
+  }
+  EXPECT_EQ(listing(kPreferences), "com.norvik.Zunoprefs.theme.plist.bak");
+  EXPECT_TRUE(read(kBackup) == old_);
+}
+
+TEST_F(PresetDiskTest, ASaveOnAFullDiskLeavesNoPreset) {
+  ZunoPresets *page = showPage();
+  {
+    const FullDisk full(kLeft);
+    [page savePresetWithName:@"new"];
+  }
+  EXPECT_EQ(listing(kPresets), "Dark.plist");
+  EXPECT_EQ([[page presetsArray] count], 1u);
+}
+
+TEST_F(PresetDiskTest, AStringImportOnAFullDiskIsToldAndLeavesNoPreset) {
+  EXPECT_EQ(importString<FullDisk>(kLeft), kImportFailed);
+  EXPECT_EQ(listing(kPresets), "Dark.plist");
+  EXPECT_TRUE(logged("[Zuno] importPresetWithBase64String writeToFile FAILED"));
+}
+
+TEST_F(PresetDiskTest, AFileImportOnAFullDiskIsToldAndLeavesNoPreset) {
+  EXPECT_EQ(pickDark(), "Error|Failed to import preset|OK:default");
+  EXPECT_EQ(listing(kPresets), "Dark.plist");
+}
+
+TEST_F(PresetDiskTest, AnApplyInAReadOnlyFolderLeavesTheTheme) {
+  ZunoPresets *page = showPage();
+  {
+    const ReadOnlyFolder folder(path(kPreferences));
+    [page applyPreset:presetPath(@"Dark")];
+  }
+  EXPECT_EQ(listing(kPreferences), "com.norvik.Zunoprefs.theme.plist");
+  EXPECT_TRUE(read(kThemeFile) == old_);
+}
+
+TEST_F(PresetDiskTest, AReadOnlyFolderOfPresetsStaysAsItIs) {
+  ZunoPresets *page = showPage();
+  {
+    const ReadOnlyFolder folder(path(kPresets));
+    [page savePresetWithName:@"new"];
+    [page savePresetWithName:@"Dark"];
+  }
+  EXPECT_EQ(importString<ReadOnlyFolder>(path(kPresets)), kImportFailed);
+  EXPECT_EQ(listing(kPresets), "Dark.plist");
+  EXPECT_TRUE(read([kPresets stringByAppendingString:@"/Dark.plist"]) == dark_);
+}
+
+}  // namespace
