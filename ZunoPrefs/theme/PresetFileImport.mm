@@ -1,6 +1,7 @@
 #import "theme/PresetFileImport.h"
 
 #import "core/DevicePaths.h"
+#import "theme/PresetStore.h"
 
 namespace zuno {
 namespace {
@@ -23,7 +24,7 @@ FileImport importPresetFile(NSString *path) {
     destination = [presetsFolder()
         stringByAppendingPathComponent:[NSString stringWithFormat:@"%@_%d.plist", base, number]];
   }
-  return [files copyItemAtPath:path toPath:destination error:nullptr] ? FileImport::kImported : FileImport::kCopyFailed;
+  return copyWhole(path, destination) ? FileImport::kImported : FileImport::kCopyFailed;
 }
 
 }  // namespace zuno

@@ -40,4 +40,8 @@ void deletePreset(NSString *path);
 /// list; then no file is left.
 bool writePreset(NSDictionary *contents, NSString *name);
 
+/// Copies the item at `from` to `to`, where nothing lies: whole or, when it fails or the process ends, not at all. Whether
+/// it was copied.
+bool copyWhole(NSString *from, NSString *to);
+
 }  // namespace zuno

@@ -19,17 +19,19 @@ NSString *cleaned(NSString *name) {
   return [kept stringByReplacingOccurrencesOfString:kExtension withString:@""];
 }
 
-/// Copies the item at `from` to `to`, where nothing lies: whole or, when it fails or the process ends, not at all.
-void copyWhole(NSString *from, NSString *to) {
-  NSString *partial = [to stringByAppendingString:@".partial"];
-  [files() removeItemAtPath:partial error:nullptr];
-  if (![files() copyItemAtPath:from toPath:partial error:nullptr] ||
-      ![files() moveItemAtPath:partial toPath:to error:nullptr]) {
-    [files() removeItemAtPath:partial error:nullptr];
-  }
-}
-
 }  // namespace
+
+bool copyWhole(NSString *from, NSString *to) {
+  // A name of its own length: the longest file names leave no room for a suffix.
+  NSString *partial = [[to stringByDeletingLastPathComponent] stringByAppendingPathComponent:@".copy.partial"];
+  [files() removeItemAtPath:partial error:nullptr];
+  if ([files() copyItemAtPath:from toPath:partial error:nullptr] &&
+      [files() moveItemAtPath:partial toPath:to error:nullptr]) {
+    return true;
+  }
+  [files() removeItemAtPath:partial error:nullptr];
+  return false;
+}
 
 NSArray *presetPaths() {
   NSString *folder = presetsFolder();

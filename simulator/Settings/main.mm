@@ -2,6 +2,8 @@
 #import <Foundation/Foundation.h>
 #import <Foundation/SIMDevice.h>
 
+#include <fcntl.h>
+
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -71,6 +73,8 @@ int main(int count, char **arguments) {
     SIMStartFoundation();
     SIMSetDeviceFolder([NSString stringWithUTF8String:options->device]);
 
+    // Programs that a bundle starts must not keep the channel open.
+    (void)::fcntl(options->channel, F_SETFD, FD_CLOEXEC);
     sim::wire::Channel channel(options->channel);
     sim::reportDeviceEvents(channel);
     sim::Session session([[[SettingsRootController alloc] init] autorelease], options->revision);
