@@ -8,12 +8,12 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
-#include <map>
 #include <random>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "MedianReporter.hpp"
 #include "lists/ToneKernel.hpp"
 #include "lists/ToneKernelVariants.hpp"
 
@@ -75,29 +75,6 @@ void measure(benchmark::State& state, zuno::detail::ToneCount* count, Bytes pixe
   }
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(pixels.size()));
 }
-
-/// Prints the median of each benchmark's repetitions, without the repetitions themselves, and keeps it.
-class MedianReporter final : public benchmark::ConsoleReporter {
- public:
-  MedianReporter() : ConsoleReporter(OO_None) {}
-
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      if (run.run_type != Run::RT_Aggregate || run.aggregate_name != "median") continue;
-      ConsoleReporter::ReportRuns({run});
-      medians_[run.run_name.function_name] = run.GetAdjustedCPUTime();
-    }
-  }
-
-  /// The processor time of one call, in the benchmark's unit; 0 when `name` was not run.
-  double median(const std::string& name) const {
-    const auto found = medians_.find(name);
-    return found == medians_.end() ? 0 : found->second;
-  }
-
- private:
-  std::map<std::string, double> medians_;
-};
 
 struct Picture {
   std::string name;
