@@ -39,9 +39,9 @@ CGSize fittingSize(UILabel *label, CGFloat width) {
 
 /// The part of a row between its edit control and its accessory, and within it the part for text.
 struct RowLayout {
-  CGRect content;
-  CGRect accessory;
-  CGRect image;
+  CGRect content{};
+  CGRect accessory{};
+  CGRect image{};
   CGFloat textStart = 0;  // Both in the coordinates of the content.
   CGFloat textEnd = 0;
 };
