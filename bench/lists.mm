@@ -8,8 +8,8 @@
 
 #import "Settings/Session.hpp"
 #include "lists_device.h"
+#include "median.hpp"
 
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -31,6 +31,7 @@ namespace {
 
 using Editor = UITableViewController<ListEditor>;
 using bench::DeviceFolder;
+using bench::median;
 
 constexpr int kRepetitions = 7;
 
@@ -45,12 +46,6 @@ void measure(Times& times, const std::string& name, Body body) {
     const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
     times[name].push_back(taken.count());
   }
-}
-
-double median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
 }
 
 /// Ends the program: nothing that follows would measure what it says.

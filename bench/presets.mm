@@ -7,8 +7,8 @@
 
 #import "Settings/Session.hpp"
 #include "lists_device.h"
+#include "median.hpp"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
@@ -27,6 +27,7 @@
 namespace {
 
 using Page = UITableViewController<PresetsPage>;
+using bench::median;
 
 constexpr int kFew = 10000, kMany = 20000;
 constexpr int kRepetitions = 7;
@@ -41,12 +42,6 @@ void measure(Times& times, const std::string& name, Body body) {
     body();
     times[name].push_back(static_cast<double>(std::clock() - start) * 1e3 / CLOCKS_PER_SEC);
   }
-}
-
-double median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
 }
 
 /// Ends the program: nothing that follows would measure what it says.

@@ -1,6 +1,7 @@
 #import "AppList/NorvikAppRecord+Sim.h"
 
 #import <Foundation/SIMDevice.h>
+#import <UIKit/UIImage+Sim.h>
 #import <objcxx/Retained.h>
 
 #include <algorithm>
@@ -96,9 +97,8 @@ struct Entry {
 - (UIImage *)icon {
   if (_icon || !_iconNames) return _icon;
   NSString *path = iconFile(_folder, _iconNames);
-  NSData *data = path ? [NSData dataWithContentsOfFile:path] : nil;
-  const CGFloat width = [[UIImage imageWithData:data] size].width;
-  if (width > 0) _icon = [[UIImage imageWithData:data scale:width / kIconSide] retain];
+  UIImage *picture = path ? [UIImage imageWithData:[NSData dataWithContentsOfFile:path]] : nil;
+  _icon = [[picture sim_iconOfWidth:kIconSide] retain];
   // Whatever came of it, the files are not looked at again.
   [_iconNames release];
   _iconNames = nil;

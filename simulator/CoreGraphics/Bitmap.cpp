@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "CoreGraphics/BoxReducer.hpp"
 #include "CoreGraphics/CairoSurface.hpp"
 
 namespace sim {
@@ -104,6 +105,12 @@ BitmapPtr premultiplied(BitmapPtr bitmap) {
 }
 
 BitmapPtr resized(const Bitmap& bitmap, int width, int height) {
+  // Averaging is quicker than resampling, and makes sizes bearable that cairo cannot hold.
+  if (const PixelSize size{bitmap.width(), bitmap.height()}; BoxReducer::reduces(size, {width, height})) {
+    BoxReducer reducer(size, {width, height}, bitmap.alpha());
+    for (int y = 0; y < bitmap.height(); ++y) reducer.add(bitmap.row(y));
+    return resized(*reducer.result(), width, height);
+  }
   const SurfacePtr target = makeSurface(width, height);
   const SurfacePtr source = surfaceOf(bitmap);
   if (!target || !source) return nullptr;

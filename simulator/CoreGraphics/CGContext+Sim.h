@@ -18,7 +18,7 @@ BitmapPtr snapshot(CGContextRef context);
 cairo_t *cairoOf(CGContextRef context);
 
 struct ImageDrawing {
-  CGRect rect;
+  CGRect rect{};
   Orientation orientation = Orientation::up;
   bool bottomUp = false;           ///< The first row at the greatest y.
   const RGBA *template_ = nullptr;  ///< Where set: the image's alpha in that colour.

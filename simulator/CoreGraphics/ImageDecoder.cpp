@@ -66,19 +66,18 @@ class EncodedSource final : public PixelSource {
   BitmapPtr bitmap() const override {
     if (!tried_) {
       tried_ = true;
-      bitmap_ = decoded(0);
-      // Whoever laid out by the header must not meet pixels of another size.
-      if (bitmap_ && (bitmap_->width() != width() || bitmap_->height() != height())) bitmap_ = nullptr;
+      bitmap_ = whole();
     }
     return bitmap_;
   }
 
   BitmapPtr thumbnail(int longestSide) const override {
+    if (tried_) return PixelSource::thumbnail(longestSide);
+    // What is decoded for this is not kept.
     const bool shrinks = longestSide > 0 && (width() > longestSide || height() > longestSide);
-    if (tried_ || !shrinks) return PixelSource::thumbnail(longestSide);
-    // What is decoded for a thumbnail is not kept.
-    const BitmapPtr decodedBitmap = decoded(longestSide);
-    return decodedBitmap ? sourceOf(decodedBitmap)->thumbnail(longestSide) : nullptr;
+    if (!shrinks) return whole();
+    const BitmapPtr pixels = decoded(longestSide);
+    return pixels ? sourceOf(pixels)->thumbnail(longestSide) : nullptr;
   }
 
   std::span<const std::uint8_t> png() const noexcept override {
@@ -87,9 +86,15 @@ class EncodedSource final : public PixelSource {
   }
 
  private:
-  // At the longest side given where the decoder can do that (0: whole).
+  BitmapPtr whole() const {
+    const BitmapPtr pixels = decoded(0);
+    // Whoever laid out by the header must not meet pixels of another size.
+    return pixels && pixels->width() == width() && pixels->height() == height() ? pixels : nullptr;
+  }
+
+  // Made smaller, as far as the decoder can do that, to a longest side of `longestSide` at least (0: whole).
   BitmapPtr decoded(int longestSide) const {
-    if (header_.format == ImageFormat::png) return decodePng(*file_);
+    if (header_.format == ImageFormat::png) return decodePng(*file_, longestSide);
     const PixbufPtr pixbuf = decode(*file_, longestSide);
     return pixbuf ? bitmapOf(pixbuf.get(), header_.alpha) : nullptr;
   }

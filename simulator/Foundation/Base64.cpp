@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <new>
 
 namespace sim {
 
@@ -50,19 +51,35 @@ std::string base64Encoded(std::span<const std::byte> bytes, std::size_t lineLeng
   return text;
 }
 
-std::optional<std::vector<std::byte>> base64Decoded(std::string_view text, Unknown unknown) {
-  std::vector<std::byte> bytes(text.size() / 4 * 3 + 3);
-  auto* out = bytes.data();
-  const auto put = [&](std::uint32_t bits) {
-    *out++ = static_cast<std::byte>(bits >> 16);
-    *out++ = static_cast<std::byte>(bits >> 8);
-    *out++ = static_cast<std::byte>(bits);
-  };
-  const auto valueAt = [&](std::size_t i) -> std::uint32_t { return kValues[static_cast<unsigned char>(text[i])]; };
-  std::uint32_t bits = 0;
-  int held = 0, padding = 0;
-  for (std::size_t i = 0; i < text.size();) {
-    if (held == 0 && padding == 0 && text.size() - i >= 4) {  // Whole groups, which nearly all of a text is.
+Base64Decoder::Base64Decoder(std::size_t length, Unknown unknown)
+    : bytes_(static_cast<std::byte*>(std::malloc(length / 4 * 3 + 3))), end_(bytes_.get()), unknown_(unknown) {
+  if (!bytes_) throw std::bad_alloc();
+}
+
+void Base64Decoder::put(std::uint32_t bits) noexcept {
+  *end_++ = static_cast<std::byte>(bits >> 16);
+  *end_++ = static_cast<std::byte>(bits >> 8);
+  *end_++ = static_cast<std::byte>(bits);
+}
+
+bool Base64Decoder::appendCharacter(char character) noexcept {
+  const auto value = kValues[static_cast<unsigned char>(character)];
+  if (value == kOther) {
+    if (character == '=') ++padding_;
+    return character == '=' || unknown_ == Unknown::ignore;
+  }
+  if (padding_ > 0) return false;
+  bits_ = bits_ << 6 | value;
+  if (++held_ < 4) return true;
+  put(bits_);
+  held_ = 0;
+  return true;
+}
+
+bool Base64Decoder::append(std::string_view piece) {
+  const auto valueAt = [&](std::size_t i) -> std::uint32_t { return kValues[static_cast<unsigned char>(piece[i])]; };
+  for (std::size_t i = 0; i < piece.size();) {
+    if (held_ == 0 && padding_ == 0 && piece.size() - i >= 4) {  // Whole groups, which nearly all of a text is.
       const auto a = valueAt(i), b = valueAt(i + 1), c = valueAt(i + 2), d = valueAt(i + 3);
       if (std::max({a, b, c, d}) != kOther) {
         put(a << 18 | b << 12 | c << 6 | d);
@@ -70,26 +87,24 @@ std::optional<std::vector<std::byte>> base64Decoded(std::string_view text, Unkno
         continue;
       }
     }
-    const auto value = valueAt(i);
-    if (value != kOther) {
-      if (padding > 0) return std::nullopt;
-      bits = bits << 6 | value;
-      if (++held == 4) {
-        put(bits);
-        held = 0;
-      }
-    } else if (text[i] == '=') {
-      ++padding;
-    } else if (unknown == Unknown::refuse) {
-      return std::nullopt;
-    }
+    if (!appendCharacter(piece[i])) return false;
     ++i;
   }
-  if (held == 1 || padding != (held == 0 ? 0 : 4 - held)) return std::nullopt;
-  if (held >= 2) *out++ = static_cast<std::byte>(held == 2 ? bits >> 4 : bits >> 10);
-  if (held == 3) *out++ = static_cast<std::byte>(bits >> 2);
-  bytes.resize(static_cast<std::size_t>(out - bytes.data()));
-  return bytes;
+  return true;
+}
+
+std::pair<Base64Decoder::Buffer, std::size_t> Base64Decoder::take() {
+  if (held_ >= 2) *end_++ = static_cast<std::byte>(held_ == 2 ? bits_ >> 4 : bits_ >> 10);
+  if (held_ == 3) *end_++ = static_cast<std::byte>(bits_ >> 2);
+  const auto size = static_cast<std::size_t>(end_ - bytes_.get());
+  return {std::move(bytes_), size};
+}
+
+std::optional<std::vector<std::byte>> base64Decoded(std::string_view text, Unknown unknown) {
+  Base64Decoder decoder(text.size(), unknown);
+  if (!decoder.append(text) || !decoder.isComplete()) return std::nullopt;
+  const auto [bytes, size] = decoder.take();
+  return std::vector(bytes.get(), bytes.get() + size);
 }
 
 }  // namespace sim

@@ -2,10 +2,11 @@
 #import <Foundation/Foundation.h>
 
 #import "Foundation/FileAccess.h"
-#import "Foundation/Text.h"
 
 #include "Foundation/Base64.hpp"
 
+#include <algorithm>
+#include <array>
 #include <string>
 
 namespace {
@@ -29,13 +30,29 @@ sim::Unknown unknownOf(NSDataBase64DecodingOptions options) {
   return options & NSDataBase64DecodingIgnoreUnknownCharacters ? sim::Unknown::ignore : sim::Unknown::refuse;
 }
 
-/// Initialises the new object `data` with the decoded text; releases it and gives nil when that is malformed.
-id decoded(NSData *data, std::string_view text, NSDataBase64DecodingOptions options) {
-  if (const auto bytes = sim::base64Decoded(text, unknownOf(options))) {
-    return [data initWithBytes:bytes->data() length:bytes->size()];
+/// Initialises the new object `data` with what was decoded of a text that was `sound`; else releases it and gives nil.
+id decoded(NSData *data, sim::Base64Decoder &decoder, bool sound) {
+  if (!sound || !decoder.isComplete()) {
+    [data release];
+    return nil;
   }
-  [data release];
-  return nil;
+  auto [bytes, size] = decoder.take();
+  return [data initWithBytesNoCopy:bytes.release() length:size freeWhenDone:YES];
+}
+
+/// Gives the characters of `text` to `decoder`, whatever is beyond ASCII as one that is unknown. False when it refuses
+/// them. A stored photo has tens of millions, of which no second copy is made.
+bool decode(NSString *text, sim::Base64Decoder &decoder) {
+  std::array<unichar, 4096> units;
+  std::array<char, units.size()> characters;
+  const NSUInteger length = [text length];
+  for (NSUInteger start = 0; start < length; start += units.size()) {
+    const NSUInteger count = std::min<NSUInteger>(units.size(), length - start);
+    [text getCharacters:units.data() range:NSMakeRange(start, count)];
+    for (NSUInteger i = 0; i < count; ++i) characters[i] = units[i] < 0x80 ? static_cast<char>(units[i]) : '\x80';
+    if (!decoder.append({characters.data(), count})) return false;
+  }
+  return true;
 }
 
 /// Releases the new object `data`.
@@ -68,15 +85,14 @@ BOOL refuseURL(NSURL *url, NSInteger code, NSError **error) {
 
 - (id)initWithBase64EncodedData:(NSData *)text options:(NSDataBase64DecodingOptions)options {
   if (!text) refuseNil(self);
-  return decoded(self, {static_cast<const char *>([text bytes]), [text length]}, options);
+  sim::Base64Decoder decoder([text length], unknownOf(options));
+  return decoded(self, decoder, decoder.append({static_cast<const char *>([text bytes]), [text length]}));
 }
 
 - (id)initWithBase64EncodedString:(NSString *)text options:(NSDataBase64DecodingOptions)options {
   if (!text) refuseNil(self);
-  std::string characters;
-  if (sim::getUTF8(text, characters)) return decoded(self, characters, options);
-  [self release];
-  return nil;
+  sim::Base64Decoder decoder([text length], unknownOf(options));
+  return decoded(self, decoder, decode(text, decoder));
 }
 
 + (id)dataWithContentsOfFile:(NSString *)path options:(NSDataReadingOptions)options error:(NSError **)error {

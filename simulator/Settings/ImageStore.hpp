@@ -1,10 +1,11 @@
-// The pictures that are on the screen, by the number that their address carries.
+// The pictures that are on the screen, by the identifier that their address carries.
 #pragma once
 
 #import <UIKit/UIKit.h>
 #import <objcxx/Retained.h>
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 
@@ -16,23 +17,41 @@ namespace sim {
 /// only.
 class ImageStore final {
  public:
+  /// `run` is a number that no other run of Settings on this simulator has: it makes identifiers differ between runs.
+  explicit ImageStore(std::uint64_t run) : prefix_(std::to_string(run) + '-') {}
+
   /// Starts a new description. Its pictures are kept from now on, and count as the screen's once it is `accept`ed.
   void beginDescription() { described_.clear(); }
 
-  /// Writes {"url","width","height"} in points; null for nil. Keeps the picture.
-  void write(JsonText &out, UIImage *image);
+  /// Writes {"url","width","height"} in points; null for nil. Keeps the picture. `shown` is the size in points at which
+  /// it is drawn: no more pixels than that needs are sent. An empty size: as many as the screen has.
+  void write(JsonText &out, UIImage *image, CGSize shown);
+
+  /// Writes the thumbnail of the picture file at `path`, a square; null when there is no such file. Only looks the file
+  /// up: it is read and decoded when the thumbnail is asked for. The identifier changes with the file's content.
+  void writeThumbnail(JsonText &out, NSString *path);
 
   /// Makes the last description the current screen: pictures that neither it nor the one before shows are let go.
   void accept();
 
-  /// The PNG file of the picture with this number, autoreleased; nil when no such picture is kept or it cannot be read.
-  NSData *pngOf(std::string_view number) const;
+  /// The PNG file of the picture with this identifier, autoreleased; nil when no such picture is kept or it cannot be
+  /// read.
+  NSData *pngOf(std::string_view identifier) const;
 
  private:
-  using Images = std::unordered_map<std::uint64_t, objcxx::Retained<UIImage>>;
-  Images described_;
-  Images current_;
-  Images previous_;
+  struct Picture {
+    objcxx::Retained<UIImage> image;
+    objcxx::Retained<NSString> file;  ///< Of a thumbnail, which has no image yet.
+    NSUInteger longestSide = 0;       ///< Pixels.
+  };
+  using Pictures = std::unordered_map<std::string, Picture>;
+
+  void add(JsonText &out, std::string identifier, CGSize size, Picture picture);
+
+  const std::string prefix_;
+  Pictures described_;
+  Pictures current_;
+  Pictures previous_;
 };
 
 }  // namespace sim

@@ -2,8 +2,10 @@
 
 #import <UIKit/UIImage+Sim.h>
 
-#include <charconv>
-#include <string>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace sim {
@@ -12,30 +14,65 @@ namespace {
 /// Pixels of the longer side of what is sent to the browser; no phone shows more.
 constexpr NSUInteger kLongestSide = 2532;
 
+/// Points of a thumbnail's side: a third of a phone's width.
+constexpr CGFloat kThumbnailSide = 130;
+
+NSUInteger pixelsOf(CGFloat points) {
+  const CGFloat pixels = std::ceil(points * [[UIScreen mainScreen] scale]);
+  return pixels >= 1 && pixels < kLongestSide ? static_cast<NSUInteger>(pixels) : kLongestSide;
+}
+
+/// The longer side, in pixels, of a picture of `size` points that covers `shown` points of the screen.
+NSUInteger longestSideOf(CGSize size, CGSize shown) {
+  if (size.width <= 0 || size.height <= 0) return kLongestSide;
+  const CGFloat factor = std::max(shown.width / size.width, shown.height / size.height);
+  return pixelsOf(std::max(size.width, size.height) * factor);
+}
+
 }  // namespace
 
-void ImageStore::write(JsonText &out, UIImage *image) {
-  if (!image) return out.null();
-  const auto number = static_cast<std::uint64_t>([image sim_number]);
-  described_.insert_or_assign(number, objcxx::share(image));
+void ImageStore::add(JsonText &out, std::string identifier, CGSize size, Picture picture) {
   out.beginObject();
-  out.name("url").string("/images/" + std::to_string(number));
-  out.name("width").number([image size].width);
-  out.name("height").number([image size].height);
+  out.name("url").string("/images/" + identifier);
+  out.name("width").number(size.width);
+  out.name("height").number(size.height);
   out.endObject();
+  described_.insert_or_assign(std::move(identifier), std::move(picture));
+}
+
+void ImageStore::write(JsonText &out, UIImage *image, CGSize shown) {
+  if (!image) return out.null();
+  const NSUInteger longestSide = longestSideOf([image size], shown);
+  const CGSize pixels = [image sim_pixelSize];
+  std::string identifier = prefix_ + std::to_string([image sim_number]);
+  if (std::max(pixels.width, pixels.height) > longestSide) identifier += '-' + std::to_string(longestSide);
+  add(out, std::move(identifier), [image size], {objcxx::share(image), {}, longestSide});
+}
+
+void ImageStore::writeThumbnail(JsonText &out, NSString *path) {
+  struct stat status;
+  if (::stat([path fileSystemRepresentation], &status) != 0 || !S_ISREG(status.st_mode)) return out.null();
+  const NSUInteger side = pixelsOf(kThumbnailSide);
+  std::string identifier = prefix_ + "photo";
+  for (const auto part : {static_cast<long long>(status.st_ino), static_cast<long long>(status.st_mtim.tv_sec),
+                          static_cast<long long>(status.st_mtim.tv_nsec), static_cast<long long>(status.st_size),
+                          static_cast<long long>(side)}) {
+    identifier += '-' + std::to_string(part);
+  }
+  add(out, std::move(identifier), CGSizeMake(kThumbnailSide, kThumbnailSide), {{}, objcxx::share(path), side});
 }
 
 void ImageStore::accept() {
   previous_ = std::exchange(current_, std::exchange(described_, {}));
 }
 
-NSData *ImageStore::pngOf(std::string_view number) const {
-  std::uint64_t wanted = 0;
-  const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), wanted);
-  if (error != std::errc() || end != number.data() + number.size()) return nil;
-  for (const Images *images : {&current_, &previous_}) {
-    const auto found = images->find(wanted);
-    if (found != images->end()) return [found->second.get() sim_PNGDataWithLongestSide:kLongestSide];
+NSData *ImageStore::pngOf(std::string_view identifier) const {
+  for (const Pictures *pictures : {&current_, &previous_}) {
+    const auto found = pictures->find(std::string(identifier));
+    if (found == pictures->end()) continue;
+    const Picture &picture = found->second;
+    return picture.file ? [UIImage sim_PNGThumbnailOfFile:picture.file.get() side:picture.longestSide]
+                        : [picture.image.get() sim_PNGDataWithLongestSide:picture.longestSide];
   }
   return nil;
 }

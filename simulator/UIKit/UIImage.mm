@@ -1,34 +1,15 @@
+#import "UIImageState.h"
+
 #import <CoreGraphics/CGColor+Sim.h>
 #import <CoreGraphics/CGContext+Sim.h>
-#import <CoreGraphics/CGImage+Sim.h>
-#import <CoreGraphics/ImageDecoder.hpp>
-#import <CoreGraphics/ImageEncoder.hpp>
 #import <CoreImage/CIImage+Sim.h>
-#import <UIKit/UIImage+Sim.h>
 #import <UIKit/UIImageFile.hpp>
 #import <UIKit/UIColor+Sim.h>
 #import <UIKit/UIGraphics.h>
 #import <UIKit/UIScreen.h>
 
-#include <objcxx/Retained.h>
-
 #include <algorithm>
-
-namespace sim {
-
-struct UIImageState {
-  objcxx::Retained<NSObject> bitmap;  ///< A CGImageRef, or nothing for an image made from a Core Image image.
-  objcxx::Retained<CIImage> recipe;
-  CGFloat scale = 1;
-  UIImageOrientation orientation = UIImageOrientationUp;
-  UIImageRenderingMode renderingMode = UIImageRenderingModeAutomatic;
-  objcxx::Retained<UIColor> tint;
-  NSUInteger number = 0;
-
-  CGImageRef image() const { return (CGImageRef)bitmap.get(); }
-};
-
-}  // namespace sim
+#include <cmath>
 
 namespace {
 
@@ -37,28 +18,29 @@ constexpr sim::Orientation orientations[] = {sim::Orientation::up,           sim
                                              sim::Orientation::upMirrored,   sim::Orientation::downMirrored,
                                              sim::Orientation::leftMirrored, sim::Orientation::rightMirrored};
 
-sim::Orientation storedOrientation(UIImageOrientation orientation) {
-  const auto place = std::size_t(orientation);
-  return place < std::size(orientations) ? orientations[place] : sim::Orientation::up;
-}
-
 UIImageOrientation imageOrientation(sim::Orientation orientation) {
   return UIImageOrientation(std::find(std::begin(orientations), std::end(orientations), orientation) - orientations);
 }
 
-sim::DecodedImage opened(NSData *data) {
-  if ([data length] == 0) return {};
-  const auto *bytes = static_cast<const std::uint8_t *>([data bytes]);
-  return sim::openImage(std::make_shared<const std::vector<std::uint8_t>>(bytes, bytes + [data length]));
-}
-
 CGFloat usableScale(CGFloat scale) { return scale > 0 && std::isfinite(scale) ? scale : 1; }
 
-NSData *dataOf(const std::vector<std::uint8_t> &bytes) {
-  return bytes.empty() ? nil : [NSData dataWithBytes:bytes.data() length:bytes.size()];
+}  // namespace
+
+namespace sim {
+
+Orientation storedOrientation(UIImageOrientation orientation) {
+  const auto place = std::size_t(orientation);
+  return place < std::size(orientations) ? orientations[place] : Orientation::up;
 }
 
-}  // namespace
+DecodedImage openImage(NSData *data) {
+  if ([data length] == 0) return {};
+  // A copy of immutable data is the data itself.
+  const auto owner = std::make_shared<const objcxx::Retained<NSData>>(objcxx::adopt((NSData *)[data copy]));
+  return openImage({owner, {static_cast<const std::uint8_t *>([owner->get() bytes]), [data length]}});
+}
+
+}  // namespace sim
 
 @implementation UIImage
 
@@ -102,7 +84,7 @@ NSData *dataOf(const std::vector<std::uint8_t> &bytes) {
 }
 
 - (instancetype)initWithData:(NSData *)data scale:(CGFloat)scale {
-  return [self sim_initWithDecoded:opened(data) scale:scale];
+  return [self sim_initWithDecoded:sim::openImage(data) scale:scale];
 }
 
 - (instancetype)initWithCGImage:(CGImageRef)image {
@@ -229,7 +211,7 @@ NSData *dataOf(const std::vector<std::uint8_t> &bytes) {
   const sim::RGBA tint = sim::components([_state->tint.get() CGColor]);
   sim::drawPixels(context, *pixels,
                   {.rect = rect,
-                   .orientation = storedOrientation(_state->orientation),
+                   .orientation = sim::storedOrientation(_state->orientation),
                    .template_ = _state->tint ? &tint : nullptr});
 }
 
@@ -242,60 +224,4 @@ NSData *dataOf(const std::vector<std::uint8_t> &bytes) {
   CGContextRestoreGState(context);
 }
 
-// The upright pixels, tinted where a tint is set; the longer side `longestSide` at most (0: no limit).
-- (void)sim_getUpright:(sim::BitmapPtr *)bitmap longestSide:(NSUInteger)longestSide {
-  sim::PixelSourcePtr pixels;
-  [self sim_getPixels:&pixels];
-  if (!pixels) return;
-  const int limit = int(std::min<NSUInteger>(longestSide, INT_MAX));
-  *bitmap = sim::upright(pixels->thumbnail(limit), storedOrientation(_state->orientation));
-  if (!_state->tint || !*bitmap) return;
-
-  const CGSize size = CGSizeMake((*bitmap)->width(), (*bitmap)->height());
-  const sim::RGBA tint = sim::components([_state->tint.get() CGColor]);
-  const CGContextRef context = sim::createImageContext(size, 1, false);
-  sim::drawPixels(context, *sim::sourceOf(*bitmap), {.rect = {CGPointZero, size}, .template_ = &tint});
-  *bitmap = sim::snapshot(context);
-  CGContextRelease(context);
-}
-
 @end
-
-@implementation UIImage (Sim)
-
-- (NSUInteger)sim_number {
-  return _state->number;
-}
-
-- (CGSize)sim_pixelSize {
-  const CGSize stored = _state->recipe
-                            ? [_state->recipe.get() extent].size
-                            : CGSizeMake(CGImageGetWidth(_state->image()), CGImageGetHeight(_state->image()));
-  return sim::swapsSides(storedOrientation(_state->orientation)) ? CGSizeMake(stored.height, stored.width) : stored;
-}
-
-- (NSData *)sim_PNGDataWithLongestSide:(NSUInteger)longestSide {
-  const CGSize size = [self sim_pixelSize];
-  const bool fits = longestSide == 0 || std::max(size.width, size.height) <= longestSide;
-  if (_state->bitmap && fits && _state->orientation == UIImageOrientationUp && !_state->tint) {
-    const auto file = sim::sourceOf(_state->image())->png();
-    if (!file.empty()) return [NSData dataWithBytes:file.data() length:file.size()];
-  }
-  sim::BitmapPtr bitmap;
-  [self sim_getUpright:&bitmap longestSide:longestSide];
-  return dataOf(sim::encodePng(bitmap));
-}
-
-@end
-
-NSData *UIImagePNGRepresentation(UIImage *image) {
-  sim::BitmapPtr bitmap;
-  [image sim_getUpright:&bitmap longestSide:0];
-  return dataOf(sim::encodePng(bitmap));
-}
-
-NSData *UIImageJPEGRepresentation(UIImage *image, CGFloat quality) {
-  sim::BitmapPtr bitmap;
-  [image sim_getUpright:&bitmap longestSide:0];
-  return dataOf(sim::encodeJpeg(bitmap, quality));
-}

@@ -1,56 +1,75 @@
-import { html, useContext, useEffect, useState } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useRef, useState } from '/modules/htm-preact.mjs';
 import { SessionContext } from '/session.js';
 
 const keptUnused = 200;
+const mostAtOnce = 2;
 
 /** Pictures of the device as `blob:` addresses, because a bare `<img>` could not send the token. */
 export class ImageCache {
   #load;
   #entries = new Map();
-  /** Grows when all that was loaded became worthless; addresses of an older generation mean other pictures. */
-  generation = 0;
+  #waiting = new Set();
+  #loading = 0;
 
   constructor(load) {
     this.#load = load;
   }
 
-  /** Resolves with an address that stays good until `release`. Rejects when there is no such picture. */
+  /**
+   * Resolves with an address that stays good until `release`. Rejects when there is no such picture.
+   *
+   * Few pictures are asked for at once, so that input never waits behind many; one that is released before its turn is
+   * never asked for.
+   */
   acquire(url) {
     let entry = this.#entries.get(url);
     if (entry) {
       this.#entries.delete(url);
     } else {
-      entry = { users: 0, address: this.#load(url).then((blob) => URL.createObjectURL(blob)) };
-      entry.address.catch(() => {
-        if (this.#entries.get(url) === entry) this.#entries.delete(url);
-      });
+      entry = { url, users: 0 };
+      entry.address = new Promise((resolve, reject) => Object.assign(entry, { resolve, reject }));
+      entry.address.catch(() => this.#forget(entry));
+      this.#waiting.add(entry);
     }
     entry.users += 1;
     this.#entries.set(url, entry);
-    return { address: entry.address, release: () => this.#release(url, entry) };
+    this.#loadNext();
+    return { address: entry.address, release: () => this.#release(entry) };
   }
 
-  clear() {
-    this.generation += 1;
-    for (const [url, entry] of this.#entries) {
-      this.#entries.delete(url);
-      if (entry.users === 0) revoke(entry);
+  #loadNext() {
+    for (const entry of this.#waiting) {
+      if (this.#loading >= mostAtOnce) return;
+      this.#waiting.delete(entry);
+      this.#loading += 1;
+      this.#load(entry.url).then((blob) => entry.resolve(URL.createObjectURL(blob)), entry.reject).finally(() => {
+        this.#loading -= 1;
+        this.#loadNext();
+      });
     }
   }
 
-  #release(url, entry) {
+  #release(entry) {
     entry.users -= 1;
     if (entry.users > 0) return;
-    if (this.#entries.get(url) !== entry) revoke(entry);
-    else this.#trim();
+    if (this.#waiting.delete(entry)) {
+      this.#forget(entry);
+      entry.reject(new Error('The picture is not needed any more.'));
+    } else {
+      this.#trim();
+    }
   }
 
   #trim() {
-    let unused = [...this.#entries].filter(([, entry]) => entry.users === 0);
-    for (const [url, entry] of unused.slice(0, Math.max(0, unused.length - keptUnused))) {
-      this.#entries.delete(url);
+    const unused = [...this.#entries.values()].filter((entry) => entry.users === 0);
+    for (const entry of unused.slice(0, Math.max(0, unused.length - keptUnused))) {
+      this.#forget(entry);
       revoke(entry);
     }
+  }
+
+  #forget(entry) {
+    if (this.#entries.get(entry.url) === entry) this.#entries.delete(entry.url);
   }
 }
 
@@ -58,20 +77,44 @@ function revoke(entry) {
   entry.address.then(URL.revokeObjectURL, () => {});
 }
 
-/** One picture of the device: `image` is `{url, width, height}` in points. Without `alt` it is decoration. */
-export function Picture({ image, alt = '', style, ...rest }) {
+/**
+ * One picture of the device: `image` is `{url, width, height}` in points. Without `alt` it is decoration. `fallback` is
+ * shown when the picture cannot be had.
+ */
+export function Picture({ image, alt = '', style, fallback, ...rest }) {
   const { images } = useContext(SessionContext);
-  const [address, setAddress] = useState(null);
+  const [{ address, failed }, setResult] = useState({ address: null, failed: false });
   useEffect(() => {
     let current = true;
     const held = images.acquire(image.url);
-    held.address.then((found) => current && setAddress(found), () => current && setAddress(null));
+    held.address.then(
+      (found) => current && setResult({ address: found, failed: false }),
+      () => current && setResult({ address: null, failed: true }),
+    );
     return () => {
       current = false;
       held.release();
     };
-  }, [image.url, images.generation]);
+  }, [image.url]);
+  if (failed && fallback) return fallback;
   const size = { width: `${image.width}px`, height: `${image.height}px` };
   if (!address) return html`<span ...${rest} style=${{ ...size, ...style }}></span>`;
   return html`<img ...${rest} src=${address} alt=${alt} draggable=${false} style=${{ ...size, ...style }} />`;
+}
+
+const whole = { display: 'block', width: '100%', height: '100%' };
+
+/** A picture that fills the element around it and is held only while it is in view. */
+export function LazyPicture({ style, ...picture }) {
+  const element = useRef(null);
+  const [isInView, setInView] = useState(false);
+  useEffect(() => {
+    const observer = new IntersectionObserver((changes) => setInView(changes.at(-1).isIntersecting));
+    observer.observe(element.current);
+    return () => observer.disconnect();
+  }, []);
+  return html`
+    <span ref=${element} style=${whole}>
+      ${isInView && html`<${Picture} ...${picture} style=${{ ...whole, ...style }} />`}
+    </span>`;
 }

@@ -179,9 +179,14 @@ TEST_F(ThemePageTest, APickedPhotoIsStoredInLinesOf64) {
   NSDictionary *stored = preferences(kThemeFile);
   EXPECT_OBJC_EQ([stored objectForKey:@"spacing"], @1);
   const std::string text = [[stored objectForKey:@"backgroundImage"] UTF8String];
-  ASSERT_GT(text.size(), 66u);
-  EXPECT_EQ(text.find_first_of("\r\n"), 64u);
-  EXPECT_EQ(text.substr(64, 2), "\r\n");
+  ASSERT_GT(text.size(), 2 * 66u);
+  for (std::size_t line = 0; line < text.size(); line += 66) {
+    EXPECT_EQ(text.find_first_of("\r\n", line), line + 64 < text.size() ? line + 64 : text.npos) << line;
+    if (line + 64 < text.size()) {
+      EXPECT_EQ(text.substr(line + 64, 2), "\r\n") << line;
+    }
+  }
+  EXPECT_NE(text.back(), '\n');
   NSData *png = [[[NSData alloc] initWithBase64EncodedString:[stored objectForKey:@"backgroundImage"]
                                                      options:NSDataBase64DecodingIgnoreUnknownCharacters] autorelease];
   EXPECT_EQ(colourOf([UIImage imageWithData:png]), "0,255,0");

@@ -80,6 +80,21 @@ TEST_F(NorvikAppListTest, IconsAreFoundAndLoadedLazily) {
   EXPECT_EQ([first icon], icon);
 }
 
+TEST_F(NorvikAppListTest, IconsHaveTheSystemsRoundCorners) {
+  install(@"/Applications/A.app", @{ @"CFBundleIdentifier" : @"a" });
+  write(@"/Applications/A.app/AppIcon60x60@3x.png", png(180));
+  NorvikAppRecord *app = [apps() objectAtIndex:0];
+  const CFDataRef pixels = CGDataProviderCopyData(CGImageGetDataProvider([[app icon] CGImage]));
+  ASSERT_EQ(CFDataGetLength(pixels), 180 * 180 * 4);
+  const UInt8 *bytes = CFDataGetBytePtr(pixels);
+  const auto alphaAt = [&](int x, int y) { return bytes[(y * 180 + x) * 4 + 3]; };
+  EXPECT_EQ(alphaAt(0, 0), 0);
+  EXPECT_EQ(alphaAt(179, 179), 0);
+  EXPECT_EQ(alphaAt(90, 0), 255);
+  EXPECT_EQ(alphaAt(90, 90), 255);
+  CFRelease(pixels);
+}
+
 TEST_F(NorvikAppListTest, IconsThatCannotBeReadAreNil) {
   install(@"/Applications/A.app", @{ @"CFBundleIdentifier" : @"a", @"CFBundleIcons" : @"text" });
   install(@"/Applications/B.app", @{ @"CFBundleIdentifier" : @"b" });

@@ -1,0 +1,276 @@
+// What the theme page costs with a large background image, and where the time goes: opening it with a theme file of 20 MB,
+// and picking a photo of 12 megapixels. Closes with one line a claim; "goal" is the time that a person does not notice.
+#import <Foundation/SIMDevice.h>
+#import <UIKit/UIImage+Sim.h>
+#import <UIKit/UIKit.h>
+#import <objcxx/Retained.h>
+#include <png.h>
+
+#import "CoreGraphics/CGImage+Sim.h"
+#import "CoreGraphics/ImageEncoder.hpp"
+#import "Settings/Session.hpp"
+#import "core/PreferenceFile.h"
+#import "theme/BackgroundImage.h"
+
+#include "lists_device.h"
+#include "median.hpp"
+#include "noisy_photo.hpp"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+constexpr int kRepetitions = 5;
+constexpr double kPageGoal = 100, kPickGoal = 2000;  // Milliseconds.
+
+/// Milliseconds of one run of something.
+struct Cost {
+  double processor = 0;
+  double elapsed = 0;
+};
+
+/// By name of what was measured.
+std::map<std::string, std::vector<Cost>> costs;
+/// In the order of the first measurement.
+std::vector<std::string> names;
+
+template <typename Body>
+void measure(const std::string& name, Body body) {
+  @autoreleasepool {
+    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t processorStart = std::clock();
+    body();
+    const double processor = static_cast<double>(std::clock() - processorStart) * 1e3 / CLOCKS_PER_SEC;
+    const std::chrono::duration<double, std::milli> elapsed = std::chrono::steady_clock::now() - start;
+    if (!costs.contains(name)) names.push_back(name);
+    costs[name].push_back({processor, elapsed.count()});
+  }
+}
+
+double median(const std::string& name, double Cost::*kind = &Cost::processor) {
+  std::vector<double> values;
+  for (const Cost& cost : costs.at(name)) values.push_back(cost.*kind);
+  return bench::median(std::move(values));
+}
+
+/// Ends the program: nothing that follows would measure what it says.
+void require(bool condition, const char *what) {
+  if (condition) return;
+  std::printf("bench_theme: %s\n", what);
+  std::exit(1);
+}
+
+/// The page's class, of the bundle as Settings loads it.
+Class pageClass() {
+  static NSBundle *const bundle =
+      [[NSBundle bundleWithPath:@BUILD_FOLDER "/device-root/var/jb/Library/PreferenceBundles/ZunoPrefs.bundle"] retain];
+  Class found = [bundle classNamed:@"ZunoCustomiseRootListController"];
+  require(found, "the settings bundle cannot be loaded");
+  return found;
+}
+
+/// Settings with an empty first page.
+class Settings final {
+ public:
+  Settings() : root_(objcxx::adopt([[UIViewController alloc] init])), session_(root_.get(), 1) {}
+
+  /// Opens the theme page as a row of another page does.
+  void openThemePage() {
+    UIViewController *page = [[[pageClass() alloc] init] autorelease];
+    [[root_.get() navigationController] pushViewController:page animated:YES];
+    session_.refresh();
+  }
+
+  sim::Session& session() { return session_; }
+  const std::string& screen() const { return session_.screen(); }
+
+ private:
+  objcxx::Retained<UIViewController> root_;
+  sim::Session session_;
+};
+
+zuno::PreferenceFile themeFile() { return zuno::PreferenceFile::ofDomain(zuno::kThemeDomain); }
+
+double megabytes(NSString *path) {
+  return static_cast<double>([[[NSFileManager defaultManager] attributesOfItemAtPath:path error:nullptr] fileSize]) / 1e6;
+}
+
+UIImage *imageOf(const sim::BitmapPtr& bitmap) {
+  const CGImageRef pixels = sim::createImage(sim::sourceOf(bitmap));
+  UIImage *image = [UIImage imageWithCGImage:pixels];
+  CGImageRelease(pixels);
+  return image;
+}
+
+/// The values of `row.name` in a screen, in the order of the rows.
+std::vector<sim::Json> inRows(const std::string& screen, const char *name) {
+  std::vector<sim::Json> values;
+  const sim::Json parsed = sim::Json::parse(screen, nullptr, false);
+  for (const auto& section : parsed["page"]["sections"]) {
+    for (const auto& row : section["rows"]) values.push_back(row[name]);
+  }
+  return values;
+}
+
+/// The identifier at the end of a picture's address.
+std::string identifierOf(const sim::Json& image) {
+  require(image.is_object(), "a picture is missing");
+  const std::string url = image.value("url", "");
+  return url.substr(url.rfind('/') + 1);
+}
+
+/// The identifier of the row labelled `label`.
+std::string rowLabelled(const std::string& screen, const std::string& label) {
+  const auto labels = inRows(screen, "label");
+  const auto found = std::find(labels.begin(), labels.end(), sim::Json(label));
+  require(found != labels.end(), "the page lacks a row");
+  return inRows(screen, "id")[static_cast<std::size_t>(found - labels.begin())].get<std::string>();
+}
+
+/// The identifier of the first picture on a screen; "" when it shows none.
+std::string pictureOn(const std::string& screen) {
+  for (const auto& image : inRows(screen, "image")) {
+    if (image.is_object()) return identifierOf(image);
+  }
+  return "";
+}
+
+void openPages(const std::string& kind, bool hasPicture) {
+  for (int repetition = 0; repetition < kRepetitions; ++repetition) {
+    Settings settings;
+    measure(kind, [&] { settings.openThemePage(); });
+    const std::string picture = pictureOn(settings.screen());
+    require(picture.empty() != hasPicture, "the page's picture is not what the theme file holds");
+    measure(kind + ", described again", [&] { require(!settings.session().refresh(), "the page changed by itself"); });
+    if (!hasPicture) continue;
+    measure(kind + ", its picture", [&] { require([settings.session().pngOf(picture) length] > 0, "there is no picture"); });
+  }
+}
+
+/// Parses the whole theme file as often as the page has rows.
+void parseEveryRow() {
+  Settings settings;
+  settings.openThemePage();
+  const std::size_t rows = inRows(settings.screen(), "key").size();
+  measure("reading every row by a full parse", [&] {
+    for (std::size_t row = 0; row < rows; ++row) require(themeFile().contents(), "the theme file cannot be read");
+  });
+}
+
+void measurePages() {
+  openPages("page without a theme file", false);
+  NSString *text = zuno::encodeImage(imageOf(bench::noisyPhoto(3780, 2835)));
+  require(themeFile().setValue(text, @"backgroundImage"), "the theme file cannot be written");
+  std::printf("theme: the theme file is %.1f MB\n", megabytes(themeFile().path()));
+  openPages("page with the theme file", true);
+  parseEveryRow();
+}
+
+void measureSteps(NSData *jpeg) {
+  UIImage *pixels = nil;
+  for (int repetition = 0; repetition < kRepetitions; ++repetition) {
+    NSData *png = nil;
+    NSString *text = nil;
+    measure("step: decoding the JPEG", [&] {
+      const auto source = sim::sourceOf([[UIImage imageWithData:jpeg] CGImage]);
+      pixels = [imageOf(source->bitmap()) retain];
+    });
+    measure("step: encoding the PNG", [&] { png = [UIImagePNGRepresentation(pixels) retain]; });
+    measure("step: base64", [&] {
+      text = [[png base64EncodedStringWithOptions:NSDataBase64Encoding64CharacterLineLength] retain];
+    });
+    measure("step: writing the theme file", [&] { require(themeFile().setValue(text, @"backgroundImage"), "it fails"); });
+    measure("step: reading one row", [&] { require(!themeFile().value(@"spacing"), "there is a value"); });
+    measure("step: decoding the stored text", [&] { require(zuno::storedBackgroundImage(), "there is no image"); });
+    [pixels release];
+    [png release];
+    [text release];
+  }
+}
+
+/// libpng as it comes.
+std::size_t encodeWithDefaults(const sim::Bitmap& bitmap) {
+  png_image image{};
+  image.version = PNG_IMAGE_VERSION;
+  image.width = static_cast<png_uint_32>(bitmap.width());
+  image.height = static_cast<png_uint_32>(bitmap.height());
+  image.format = PNG_FORMAT_RGBA;
+  png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(image);
+  std::vector<std::uint8_t> file(size);
+  require(png_image_write_to_memory(&image, file.data(), &size, 0, bitmap.bytes().data(), 0, nullptr), "no PNG");
+  return size;
+}
+
+void measureEncoders(const sim::BitmapPtr& photo) {
+  std::size_t ours = 0, defaults = 0;
+  measure("encoder: ours", [&] { ours = sim::encodePng(photo).size(); });
+  measure("encoder: defaults", [&] { defaults = encodeWithDefaults(*photo); });
+  std::printf("theme: the photo as PNG is %.1f MB, by default settings %.1f MB\n", static_cast<double>(ours) / 1e6,
+              static_cast<double>(defaults) / 1e6);
+}
+
+void measurePick(NSData *jpeg) {
+  NSString *folder = SIMDevicePath(@"/var/mobile/Media/DCIM/100APPLE");
+  [[NSFileManager defaultManager] createDirectoryAtPath:folder withIntermediateDirectories:YES attributes:nil error:nullptr];
+  require([jpeg writeToFile:[folder stringByAppendingPathComponent:@"IMG_0001.JPG"] atomically:NO], "no photo library");
+  for (int repetition = 0; repetition < kRepetitions; ++repetition) {
+    @autoreleasepool {
+      Settings settings;
+      settings.openThemePage();
+      sim::Session& session = settings.session();
+      const sim::Json tap{{"type", "tap"}, {"id", rowLabelled(session.screen(), "Choose Photo…")}};
+      measure("photo sheet", [&] { require(session.perform(tap).status == 200, "the sheet does not open"); });
+      const sim::Json screen = sim::Json::parse(session.screen(), nullptr, false);
+      const std::string thumbnail = identifierOf(screen["sheet"]["items"][0]["image"]);
+      measure("photo sheet, its thumbnail", [&] {
+        require([session.pngOf(thumbnail) length] > 0, "there is no thumbnail");
+      });
+      const sim::Json pick{{"type", "pick"}, {"path", "100APPLE/IMG_0001.JPG"}};
+      measure("pick to page", [&] {
+        require(session.perform(pick).status == 200, "the photo is refused");
+        require([session.pngOf(pictureOn(session.screen())) length] > 0, "the page does not show the photo");
+      });
+    }
+  }
+}
+
+void claim(const char *name, const char *kind, double time, double other) {
+  std::printf("theme %s: %s %.3f\n", name, kind, time / other);
+}
+
+}  // namespace
+
+int main() {
+  // Log lines; what this program has to say goes to standard output.
+  if (!std::freopen("/dev/null", "w", stderr)) return 1;
+  SIMStartFoundation();
+  @autoreleasepool {
+    bench::DeviceFolder device;
+    measurePages();
+    const sim::BitmapPtr photo = bench::noisyPhoto(4032, 3024);
+    const auto file = sim::encodeJpeg(photo, 0.9);
+    NSData *jpeg = [NSData dataWithBytes:file.data() length:file.size()];
+    std::printf("theme: the photo as JPEG is %.1f MB\n", static_cast<double>(file.size()) / 1e6);
+    measureSteps(jpeg);
+    measureEncoders(photo);
+    measurePick(jpeg);
+  }
+  std::printf("  %-45s %12s %12s\n", "median of 5, ms", "processor", "elapsed");
+  for (const auto& name : names) {
+    std::printf("  %-45s %12.1f %12.1f\n", name.c_str(), median(name), median(name, &Cost::elapsed));
+  }
+  claim("page", "page/goal", median("page with the theme file"), kPageGoal);
+  claim("pick", "pick/goal", median("pick to page"), kPickGoal);
+  claim("page, 20 MB", "with/without", median("page with the theme file"), median("page without a theme file"));
+  claim("page, every row", "page/parses", median("page with the theme file"), median("reading every row by a full parse"));
+  claim("PNG", "ours/defaults", median("encoder: ours"), median("encoder: defaults"));
+  return 0;
+}

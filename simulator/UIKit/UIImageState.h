@@ -1,0 +1,35 @@
+// What an image is made of, shared by the files that implement UIImage.
+#pragma once
+
+#import <CoreGraphics/CGImage+Sim.h>
+#import <CoreGraphics/ImageDecoder.hpp>
+#import <UIKit/UIImage+Sim.h>
+
+#include <objcxx/Retained.h>
+
+namespace sim {
+
+struct UIImageState {
+  objcxx::Retained<NSObject> bitmap;  ///< A CGImageRef, or nothing for an image made from a Core Image image.
+  objcxx::Retained<CIImage> recipe;
+  CGFloat scale = 1;
+  UIImageOrientation orientation = UIImageOrientationUp;
+  UIImageRenderingMode renderingMode = UIImageRenderingModeAutomatic;
+  objcxx::Retained<UIColor> tint;
+  NSUInteger number = 0;
+
+  CGImageRef image() const { return (CGImageRef)bitmap.get(); }
+};
+
+/// The image in a file's bytes; nothing for nil and for data that is no image.
+DecodedImage openImage(NSData *data);
+
+/// How the stored pixels of an image with that orientation lie.
+Orientation storedOrientation(UIImageOrientation orientation);
+
+}  // namespace sim
+
+@interface UIImage (SimPixels)
+/// Where the stored pixels come from; null when they cannot be had.
+- (void)sim_getPixels:(sim::PixelSourcePtr *)pixels;
+@end
