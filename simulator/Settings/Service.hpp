@@ -28,6 +28,7 @@ class Service final {
   void handle(const wire::Message &message);
   void answer(const Json &request, Reply reply);
   void answerImage(const Json &request);
+  void answerShared(const Json &request);
 
   wire::Channel &channel_;
   Session &session_;

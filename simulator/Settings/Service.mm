@@ -87,6 +87,14 @@ void Service::handle(const wire::Message &message) {
     Reply reply = session_.perform(event == request.end() ? Json() : *event);
     owesAnnouncement_ = reply.status != 200;
     answer(request, std::move(reply));
+  } else if (verb == "pickFile") {
+    answer(request, session_.pickFile(request));
+  } else if (verb == "addPhoto") {
+    Reply reply = session_.addPhoto(request);
+    announce();  // An open picker shows the photo.
+    answer(request, std::move(reply));
+  } else if (verb == "shared") {
+    answerShared(request);
   } else if (verb == "image") {
     answerImage(request);
   } else if (verb == "pasteboard") {
@@ -105,6 +113,14 @@ void Service::handle(const wire::Message &message) {
 
 void Service::answer(const Json &request, Reply reply) {
   send(channel_, {replyTo(request, reply.status, "application/json"), std::move(reply.body)});
+}
+
+void Service::answerShared(const Json &request) {
+  Reply problem;
+  NSData *content = session_.sharedContentOf(textOf(request, "id"), problem);
+  if (!content) return answer(request, std::move(problem));
+  std::string bytes(static_cast<const char *>([content bytes]), [content length]);
+  send(channel_, {replyTo(request, 200, "application/octet-stream"), std::move(bytes)});
 }
 
 void Service::answerImage(const Json &request) {

@@ -1,11 +1,13 @@
 #import "Settings/SheetDescription.hpp"
 
+#import <UIKit/SharedItem.h>
 #import <UIKit/UIActivityViewController+Sim.h>
 #import <UIKit/UIDocumentPickerViewController+Sim.h>
 #import <UIKit/UIImagePickerController+Sim.h>
 #import <UIKit/UIKit.h>
 
 #import "Settings/ElementId.hpp"
+#import "Settings/ImageStore.hpp"
 #import "Settings/JsonValues.hpp"
 #import "Settings/ScreenDescription.hpp"
 
@@ -30,7 +32,7 @@ void writeFields(JsonText &out, UIAlertController *alert, std::uint32_t number) 
     out.beginObject();
     out.name("id").string(ElementId{ElementKind::kAlertField, number, 0, 0, index++}.text());
     writeText(out.name("placeholder"), [field placeholder]);
-    writeText(out.name("value"), [field text] ?: @"");
+    writeText(out, "value", [field text] ?: @"");
     out.name("secure").flag([field isSecureTextEntry]);
     out.name("clearButton").flag([field clearButtonMode] != UITextFieldViewModeNever);
     out.endObject();
@@ -53,39 +55,91 @@ void writeActions(JsonText &out, UIAlertController *alert, std::uint32_t number)
   out.endArray();
 }
 
-/// What a sheet offers.
+/// What a picker or another page offers.
 struct Offer {
   const char *kind;
-  NSString *title;  // Not owned, like the names.
-  NSArray *names;
-  bool pathed;  ///< The names are paths that a pick names.
+  NSString *title;  // Not owned, like the paths.
+  NSArray *paths;   ///< What a pick names.
+  NSString *pictureFolder = nil;  ///< Where the paths lie on this computer when they are pictures.
 };
 
 Offer offerOf(UIViewController *presented) {
   if ([presented isKindOfClass:[UIImagePickerController class]]) {
-    return {"photos", @"Photos", [(UIImagePickerController *)presented sim_photoPaths], true};
+    return {"photos", @"Photos", [(UIImagePickerController *)presented sim_photoPaths],
+            [UIImagePickerController sim_photoFolder]};
   }
   if ([presented isKindOfClass:[UIDocumentPickerViewController class]]) {
-    return {"documents", @"Files", [(UIDocumentPickerViewController *)presented sim_filePaths], true};
+    return {"documents", @"Files", [(UIDocumentPickerViewController *)presented sim_filePaths]};
   }
-  if ([presented isKindOfClass:[UIActivityViewController class]]) {
-    return {"share", @"Share", [(UIActivityViewController *)presented sim_itemTitles], false};
-  }
-  return {"page", [presented title] ?: NSStringFromClass([presented class]), @[], false};
+  return {"page", [presented title] ?: NSStringFromClass([presented class]), @[]};
 }
 
-void writeItems(JsonText &out, const Offer &offer, std::uint32_t number) {
+void writeItems(JsonText &out, const Offer &offer, std::uint32_t number, ImageStore &images) {
   out.beginArray();
   std::uint32_t index = 0;
-  for (NSString *name in offer.names) {
+  for (NSString *path in offer.paths) {
     out.beginObject();
     out.name("id").string(ElementId{ElementKind::kSheetItem, number, 0, 0, index++}.text());
-    writeText(out.name("title"), offer.pathed ? [name lastPathComponent] : name);
-    writeText(out.name("path"), offer.pathed ? name : nil);
-    out.name("image").null();
+    writeText(out.name("title"), [path lastPathComponent]);
+    writeText(out.name("path"), path);
+    out.name("image");
+    if (offer.pictureFolder) {
+      images.writeThumbnail(out, [offer.pictureFolder stringByAppendingPathComponent:path]);
+    } else {
+      out.null();
+    }
     out.endObject();
   }
   out.endArray();
+}
+
+void writeSharedItem(JsonText &out, id item, NSArray *activities, const std::string &identifier) {
+  NSString *fileName = fileNameOfSharedItem(item);
+  const bool copies = [activities containsObject:UIActivityTypeCopyToPasteboard] && canCopySharedItem(item);
+  const bool saves = [activities containsObject:SIMActivityTypeSaveToFiles] && fileName;
+  out.beginObject();
+  out.name("id").string(identifier);
+  writeText(out.name("title"), titleOfSharedItem(item));
+  writeText(out.name("path"), nil);
+  out.name("image").null();
+  // What a file holds may be large; "copy" reads it when it comes to that.
+  writeText(out, "text", copies && !fileName ? pasteboardTextOfSharedItem(item) : nil);
+  writeText(out.name("fileName"), saves ? fileName : nil);
+  out.name("url");
+  if (saves) {
+    out.string("/shared/" + identifier);
+  } else {
+    out.null();
+  }
+  out.name("activities");
+  out.beginArray();
+  if (copies) out.string("copy");
+  if (saves) out.string("save");
+  out.endArray();
+  out.endObject();
+}
+
+void writeSharedItems(JsonText &out, UIActivityViewController *sheet, std::uint32_t number) {
+  NSArray *activities = [sheet sim_activityTypes];
+  std::uint32_t index = 0;
+  out.beginArray();
+  for (id item in [sheet sim_activityItems]) {
+    writeSharedItem(out, item, activities, ElementId{ElementKind::kSheetItem, number, 0, 0, index++}.text());
+  }
+  out.endArray();
+}
+
+/// The kind, the title and the items.
+void writeShareSheet(JsonText &out, UIActivityViewController *sheet, std::uint32_t number) {
+  out.name("kind").string("share");
+  writeText(out.name("title"), @"Share");
+  writeSharedItems(out.name("items"), sheet, number);
+}
+
+void writeOffer(JsonText &out, const Offer &offer, std::uint32_t number, ImageStore &images) {
+  out.name("kind").string(offer.kind);
+  writeText(out.name("title"), offer.title);
+  writeItems(out.name("items"), offer, number, images);
 }
 
 }  // namespace
@@ -96,20 +150,21 @@ void writeAlert(JsonText &out, UIViewController *presented, PageNumbers &numbers
   const std::uint32_t number = numbers.of(alert);
   out.beginObject();
   writeText(out.name("title"), [alert title]);
-  writeText(out.name("message"), [alert message]);
+  writeText(out, "message", [alert message]);
   out.name("style").string([alert preferredStyle] == UIAlertControllerStyleAlert ? "alert" : "actionSheet");
   writeFields(out.name("fields"), alert, number);
   writeActions(out.name("actions"), alert, number);
   out.endObject();
 }
 
-void writeSheet(JsonText &out, UIViewController *presented, PageNumbers &numbers) {
+void writeSheet(JsonText &out, UIViewController *presented, PageNumbers &numbers, ImageStore &images) {
   if (!presented || [presented isKindOfClass:[UIAlertController class]]) return out.null();
-  const Offer offer = offerOf(presented);
   out.beginObject();
-  out.name("kind").string(offer.kind);
-  writeText(out.name("title"), offer.title);
-  writeItems(out.name("items"), offer, numbers.of(presented));
+  if ([presented isKindOfClass:[UIActivityViewController class]]) {
+    writeShareSheet(out, (UIActivityViewController *)presented, numbers.of(presented));
+  } else {
+    writeOffer(out, offerOf(presented), numbers.of(presented), images);
+  }
   out.endObject();
 }
 

@@ -4,6 +4,16 @@
 
 #import <Foundation/SIMDevice.h>
 
+namespace {
+
+/// Whether a file of this name stands in the folder that the name is appended to.
+bool isFileName(NSString *name) {
+  return [name length] > 0 && [name rangeOfString:@"/"].location == NSNotFound &&
+         ![@[ @".", @".." ] containsObject:name];
+}
+
+}  // namespace
+
 NSArray *sim::pathsBelow(NSString *folder, const std::vector<std::string_view> &extensions) {
   NSMutableArray *paths = [NSMutableArray array];
   for (const std::string &file : filesBelow([folder fileSystemRepresentation], extensions)) {
@@ -15,7 +25,7 @@ NSArray *sim::pathsBelow(NSString *folder, const std::vector<std::string_view> &
   return paths;
 }
 
-NSURL *sim::temporaryCopy(NSString *path, NSError **error) {
+NSURL *sim::temporaryCopy(NSString *path, NSString *name, NSError **error) {
   NSFileManager *manager = [NSFileManager defaultManager];
   NSString *inbox = SIMDevicePath(@"/var/mobile/tmp/Inbox");
   static bool emptied = false;
@@ -23,12 +33,11 @@ NSURL *sim::temporaryCopy(NSString *path, NSError **error) {
   emptied = true;
 
   NSString *folder = [inbox stringByAppendingPathComponent:[[NSUUID UUID] UUIDString]];
-  NSString *copy = [folder stringByAppendingPathComponent:[path lastPathComponent]];
-  if (![manager createDirectoryAtPath:folder withIntermediateDirectories:YES attributes:nil error:NULL] ||
+  NSString *copy = [folder stringByAppendingPathComponent:name];
+  if (!isFileName(name) || ![manager createDirectoryAtPath:folder withIntermediateDirectories:YES attributes:nil error:NULL] ||
       ![manager copyItemAtPath:path toPath:copy error:NULL]) {
     [manager removeItemAtPath:folder error:NULL];
-    fail(error, NSFileWriteUnknownError,
-         [NSString stringWithFormat:@"“%@” could not be copied.", [path lastPathComponent]]);
+    fail(error, NSFileWriteUnknownError, [NSString stringWithFormat:@"“%@” could not be copied.", name]);
     return nil;
   }
   return [NSURL fileURLWithPath:copy];

@@ -1,5 +1,7 @@
 #import <UIKit/UIActivityViewController+Sim.h>
 
+#import "SharedItem.h"
+
 #import <UIKit/UIImage.h>
 #import <UIKit/UIPasteboard.h>
 #import <UIKit/UIViewController+Sim.h>
@@ -14,6 +16,7 @@ UIActivityType const UIActivityTypeAssignToContact = @"com.apple.UIKit.activity.
 UIActivityType const UIActivityTypeSaveToCameraRoll = @"com.apple.UIKit.activity.SaveToCameraRoll";
 UIActivityType const UIActivityTypeAddToReadingList = @"com.apple.UIKit.activity.AddToReadingList";
 UIActivityType const UIActivityTypeAirDrop = @"com.apple.UIKit.activity.AirDrop";
+UIActivityType const SIMActivityTypeSaveToFiles = @"com.apple.DocumentManagerUICore.SaveToFiles";
 
 namespace sim {
 struct ActivityState {
@@ -22,17 +25,6 @@ struct ActivityState {
   objcxx::BlockHandle<void, UIActivityType, BOOL, NSArray *, NSError *> completion;
 };
 }  // namespace sim
-
-namespace {
-
-/// What "copy" puts on the pasteboard for the item; nil for files and pictures, which it cannot hold as strings.
-NSString *pasteboardString(id item) {
-  if ([item isKindOfClass:[NSString class]]) return item;
-  if ([item isKindOfClass:[NSURL class]] && ![item isFileURL]) return [item absoluteString];
-  return nil;
-}
-
-}  // namespace
 
 @implementation UIActivityViewController
 
@@ -82,24 +74,11 @@ NSString *pasteboardString(id item) {
   return _activityState->items.get();
 }
 
-- (NSArray *)sim_itemTitles {
-  NSMutableArray *titles = [NSMutableArray array];
-  for (id item in _activityState->items.get()) {
-    if ([item isKindOfClass:[NSURL class]] && [item isFileURL]) {
-      [titles addObject:[[item path] lastPathComponent]];
-    } else if (NSString *text = pasteboardString(item)) {
-      [titles addObject:text];
-    } else {
-      [titles addObject:[item isKindOfClass:[UIImage class]] ? @"Image" : NSStringFromClass([item class])];
-    }
-  }
-  return titles;
-}
-
 - (NSArray *)sim_activityTypes {
-  BOOL copies = NO, image = NO, page = NO;
+  bool copies = false, saves = false, image = false, page = false;
   for (id item in _activityState->items.get()) {
-    copies = copies || pasteboardString(item);
+    copies = copies || sim::canCopySharedItem(item);
+    saves = saves || sim::fileNameOfSharedItem(item);
     image = image || [item isKindOfClass:[UIImage class]];
     page = page || ([item isKindOfClass:[NSURL class]] && ![item isFileURL]);
   }
@@ -108,22 +87,25 @@ NSString *pasteboardString(id item) {
   if (copies) [types addObject:UIActivityTypeCopyToPasteboard];
   if (page) [types addObject:UIActivityTypeAddToReadingList];
   if (image) [types addObjectsFromArray:@[ UIActivityTypeSaveToCameraRoll, UIActivityTypeAssignToContact ]];
+  if (saves) [types addObject:SIMActivityTypeSaveToFiles];
   [types addObject:UIActivityTypePrint];
   [types removeObjectsInArray:_activityState->excluded.get() ?: @[]];
   return types;
+}
+
+- (BOOL)sim_copyItemAtIndex:(NSUInteger)index {
+  NSArray *items = _activityState->items.get();
+  if (index >= [items count] || ![[self sim_activityTypes] containsObject:UIActivityTypeCopyToPasteboard]) return NO;
+  NSString *text = sim::pasteboardTextOfSharedItem([items objectAtIndex:index]);
+  if (!text) return NO;
+  [[UIPasteboard generalPasteboard] setString:text];
+  return [self sim_finishWithActivityType:UIActivityTypeCopyToPasteboard completed:YES];
 }
 
 - (BOOL)sim_finishWithActivityType:(UIActivityType)activityType completed:(BOOL)completed {
   if (activityType && ![[self sim_activityTypes] containsObject:activityType]) return NO;
 
   const auto keepAlive = objcxx::share(self);
-  if (completed && [activityType isEqualToString:UIActivityTypeCopyToPasteboard]) {
-    NSMutableArray *strings = [NSMutableArray array];
-    for (id item in _activityState->items.get()) {
-      if (NSString *text = pasteboardString(item)) [strings addObject:text];
-    }
-    [[UIPasteboard generalPasteboard] setStrings:strings];
-  }
   const auto handler = std::exchange(_activityState->completion, {});  // It often holds the sheet in turn.
   [[self presentingViewController] dismissViewControllerAnimated:YES completion:nil];
   if (handler) handler(activityType, activityType != nil && completed, nil, nil);

@@ -70,8 +70,16 @@ NSString *documentFolder() { return SIMDevicePath(@"/var/mobile/Documents"); }
     return sim::fail(error, NSFileNoSuchFileError, @"There is no such file on the device.");
   }
   NSString *file = [documentFolder() stringByAppendingPathComponent:path];
-  NSURL *url = _documentPickerState->mode == UIDocumentPickerModeImport ? sim::temporaryCopy(file, error)
-                                                                        : [NSURL fileURLWithPath:file];
+  if (_documentPickerState->mode == UIDocumentPickerModeOpen) return [self sim_finishWithURL:[NSURL fileURLWithPath:file]];
+  return [self sim_finishWithURL:sim::temporaryCopy(file, [file lastPathComponent], error)];
+}
+
+- (BOOL)sim_pickFileOfComputer:(NSString *)file named:(NSString *)name error:(NSError **)error {
+  return [self sim_finishWithURL:sim::temporaryCopy(file, name, error)];
+}
+
+// Gives the file to the delegate. NO for nil.
+- (BOOL)sim_finishWithURL:(NSURL *)url {
   if (!url) return NO;
   [url sim_setSecurityScope:SIMSecurityScopeReadable];
 

@@ -54,13 +54,13 @@ ShippedFile shippedFrom(const std::filesystem::path& tree, const std::filesystem
 }  // namespace
 
 DeviceFolder::DeviceFolder(const std::filesystem::path& folder)
-    : path_(opened(folder)), lock_(path_ / kOwnFolder / "lock"), backboardd_(path_ / kOwnFolder / "backboardd") {
+    : path_(opened(folder)), lock_(ownFolder() / "lock"), backboardd_(ownFolder() / "backboardd") {
   for (const std::string_view standard : kStandardFolders) makeFolder(path_ / standard);
   for (const std::string& preferences : preferenceFolders()) makeFolder(path_ / preferences.substr(1));
 }
 
 void DeviceFolder::install(const std::filesystem::path& tree, const std::vector<ShippedFile>& samples) {
-  Installer installer(path_, path_ / kOwnFolder / "installed.json");
+  Installer installer(path_, ownFolder() / "installed.json");
   try {
     if (!tree.empty()) {
       std::error_code error;
@@ -77,6 +77,8 @@ void DeviceFolder::install(const std::filesystem::path& tree, const std::vector<
   if (!tree.empty()) installer.removeObsolete();
   installer.save();
 }
+
+std::filesystem::path DeviceFolder::ownFolder() const { return path_ / kOwnFolder; }
 
 const std::vector<std::string>& preferenceFolders() {
   static const std::vector<std::string> folders{"/var/mobile/Library/Preferences",

@@ -26,6 +26,9 @@ class DeviceFolder final {
   /// Absolute.
   const std::filesystem::path& path() const noexcept { return path_; }
 
+  /// The hidden folder of the simulator's own files.
+  std::filesystem::path ownFolder() const;
+
   FolderLock& lock() noexcept { return lock_; }
   ProcessPipe& backboardd() noexcept { return backboardd_; }
 

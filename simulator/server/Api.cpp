@@ -1,5 +1,11 @@
 #include "server/Api.hpp"
 
+#include "server/FileName.hpp"
+#include "server/UploadFolder.hpp"
+
+#include <charconv>
+#include <string_view>
+
 #include <utility>
 
 namespace sim {
@@ -27,6 +33,36 @@ nlohmann::json objectIn(const Request& request) {
   return body && body->is_object() ? std::move(*body) : nlohmann::json();
 }
 
+// Headers that go with an uploaded file.
+constexpr const char* kNameHeader = "X-Sim-File-Name";
+constexpr const char* kRevisionHeader = "X-Sim-Revision";
+
+// Puts the name of the uploaded file into the message, if there is one. False when it is none that a file can have.
+bool addFileName(const Request& request, nlohmann::json& message) {
+  const auto names = request.head.values(kNameHeader);
+  if (names.empty()) return true;
+  const auto name = names.size() == 1 ? decodedFileName(names.front()) : std::nullopt;
+  if (name) message["name"] = *name;
+  return name.has_value();
+}
+
+// Likewise the revision of the screen that the request is for.
+bool addRevision(const Request& request, nlohmann::json& message) {
+  const auto revisions = request.head.values(kRevisionHeader);
+  if (revisions.empty()) return true;
+  const std::string_view text = revisions.front();
+  std::uint64_t revision = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), revision);
+  if (revisions.size() != 1 || error != std::errc() || end != text.data() + text.size()) return false;
+  message["revision"] = revision;
+  return true;
+}
+
+// Keeps the uploaded file until the answer is there.
+Respond keeping(const std::shared_ptr<Upload>& upload, Respond respond) {
+  return [upload, respond = std::move(respond)](Response response) { respond(std::move(response)); };
+}
+
 }  // namespace
 
 void Api::handle(Endpoint endpoint, Request request, Respond respond) {
@@ -34,8 +70,12 @@ void Api::handle(Endpoint endpoint, Request request, Respond respond) {
     case Endpoint::screen: return screen(respond);
     case Endpoint::events: return event(request, std::move(respond));
     case Endpoint::image: return image(request, std::move(respond));
+    case Endpoint::photos: return addPhoto(request, std::move(respond));
+    case Endpoint::pickedFile: return pickFile(request, std::move(respond));
+    case Endpoint::shared: return shared(request, std::move(respond));
     case Endpoint::device: return device(respond);
     case Endpoint::pasteboard: return pasteboard(request, respond);
+    case Endpoint::pasteboardString: return pasteboardString(respond);
     case Endpoint::appearance: return appearance(request, respond);
     case Endpoint::display: return display(request, respond);
   }
@@ -55,11 +95,33 @@ void Api::event(const Request& request, Respond respond) {
 }
 
 void Api::image(const Request& request, Respond respond) {
-  std::string identifier(imageIdentifier(request.head.path));
+  std::string identifier(identifierIn(request.head.path));
   if (const Response* known = images_.find(identifier)) return respond(*known);
   const nlohmann::json message{{"verb", "image"}, {"id", identifier}};
   settings_.request(message, [this, identifier = std::move(identifier), respond = std::move(respond)](Response response) {
     if (response.status == 200) images_.insert(identifier, response);
+    respond(std::move(response));
+  });
+}
+
+void Api::addPhoto(const Request& request, Respond respond) {
+  nlohmann::json message{{"verb", "addPhoto"}, {"file", request.upload->path().string()}};
+  if (!addFileName(request, message)) return respond(errorResponse(400, "The X-Sim-File-Name names no file."));
+  settings_.request(std::move(message), keeping(request.upload, std::move(respond)));
+}
+
+void Api::pickFile(const Request& request, Respond respond) {
+  nlohmann::json message{{"verb", "pickFile"}, {"file", request.upload->path().string()}};
+  if (!addFileName(request, message) || !message.contains("name"))
+    return respond(errorResponse(400, "The X-Sim-File-Name names no file."));
+  if (!addRevision(request, message)) return respond(errorResponse(400, "The X-Sim-Revision is no whole number."));
+  settings_.request(std::move(message), keeping(request.upload, std::move(respond)));
+}
+
+void Api::shared(const Request& request, Respond respond) {
+  const nlohmann::json message{{"verb", "shared"}, {"id", identifierIn(request.head.path)}};
+  settings_.request(message, [respond = std::move(respond)](Response response) {
+    if (response.status == 200) response.headers.emplace_back("Content-Disposition", "attachment");
     respond(std::move(response));
   });
 }
@@ -77,6 +139,12 @@ void Api::pasteboard(const Request& request, const Respond& respond) {
     return respond(errorResponse(400, "The body must be {\"string\": text or null}."));
   device_.setPasteboard(string->is_null() ? std::nullopt : std::optional(string->get<std::string>()));
   settings_.tell(pasteboardMessage(device_.pasteboard()));
+  respond(jsonResponse(200, body));
+}
+
+void Api::pasteboardString(const Respond& respond) {
+  nlohmann::json body{{"string", nullptr}};
+  if (device_.pasteboard()) body["string"] = *device_.pasteboard();
   respond(jsonResponse(200, body));
 }
 

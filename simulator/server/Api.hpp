@@ -22,8 +22,12 @@ class Api final {
   void screen(const Respond& respond);
   void event(const Request& request, Respond respond);
   void image(const Request& request, Respond respond);
+  void addPhoto(const Request& request, Respond respond);
+  void pickFile(const Request& request, Respond respond);
+  void shared(const Request& request, Respond respond);
   void device(const Respond& respond);
   void pasteboard(const Request& request, const Respond& respond);
+  void pasteboardString(const Respond& respond);
   void appearance(const Request& request, const Respond& respond);
   void display(const Request& request, const Respond& respond);
 

@@ -23,9 +23,12 @@ struct RequestHead {
   std::vector<std::string_view> values(std::string_view name) const;
 };
 
+class Upload;
+
 struct Request {
   RequestHead head;
   std::string body;
+  std::shared_ptr<Upload> upload;  // The body of a call that takes a file.
 };
 
 /// A whole response. The body is shared, so that a table of files is not copied for each request.

@@ -1,6 +1,7 @@
 #include "server/HttpServer.hpp"
 
 #include "device/Failure.hpp"
+#include "server/RequestBody.hpp"
 
 #include <arpa/inet.h>
 #include <microhttpd.h>
@@ -20,7 +21,7 @@ namespace {
 constexpr unsigned kMostConnections = 128;
 constexpr unsigned kIdleSeconds = 30;
 constexpr std::size_t kConnectionMemory = 32 << 10;   // Bytes; bounds the request's first line and headers.
-constexpr std::size_t kMostIgnoredBody = 16 << 20;    // Bytes of an oversized body that are read and thrown away.
+constexpr int kMostUploads = 8;                       // At once; each may take up as much of the disk as a file may have.
 
 constexpr std::string_view kStopping = "The simulator is stopping.";
 
@@ -83,8 +84,8 @@ struct HttpServer::Exchange : std::enable_shared_from_this<Exchange> {
   MHD_Connection* connection = nullptr;
   Request request;
   std::optional<ApiCall> call;  // Nothing for a stream.
-  bool tooLong = false;
-  std::size_t ignored = 0;
+  RequestBody body;
+  bool isUpload = false;
   std::optional<Response> response;
 };
 
@@ -101,26 +102,14 @@ struct HttpServer::Callbacks {
       return static_cast<MHD_Result>(server.begin(**begun));
     }
     Exchange& exchange = **static_cast<std::shared_ptr<Exchange>*>(*state);
-    if (*uploadSize > 0) return receive(exchange, upload, *uploadSize);
+    if (*uploadSize > 0) return exchange.body.take({upload, std::exchange(*uploadSize, 0)}) ? MHD_YES : MHD_NO;
     return static_cast<MHD_Result>(server.finish(exchange));
   }
 
-  static MHD_Result receive(Exchange& exchange, const char* upload, std::size_t& uploadSize) {
-    std::string& body = exchange.request.body;
-    const std::size_t count = std::exchange(uploadSize, 0);
-    const std::size_t longest = exchange.call ? exchange.call->longestBody : 0;
-    exchange.tooLong = exchange.tooLong || count > longest - body.size();
-    if (!exchange.tooLong) {
-      body.append(upload, count);
-      return MHD_YES;
-    }
-    // The refusal can only be given when the body has been read; an endless one ends the connection instead.
-    exchange.ignored += count;
-    return exchange.ignored <= kMostIgnoredBody ? MHD_YES : MHD_NO;
-  }
-
-  static void complete(void*, MHD_Connection*, void** state, MHD_RequestTerminationCode) {
-    delete static_cast<std::shared_ptr<Exchange>*>(*state);
+  static void complete(void* context, MHD_Connection*, void** state, MHD_RequestTerminationCode) {
+    auto* ended = static_cast<std::shared_ptr<Exchange>*>(*state);
+    if (ended != nullptr && (*ended)->isUpload) --static_cast<HttpServer*>(context)->openUploads_;
+    delete ended;
     *state = nullptr;
   }
 };
@@ -146,13 +135,13 @@ Listener listenOnLoopback(std::uint16_t port) {
 }
 
 HttpServer::HttpServer(Listener listener, RequestRules rules, const Router& router, EventStreams& streams,
-                       Handler handler)
-    : rules_(std::move(rules)), router_(router), streams_(streams), handler_(std::move(handler)) {
+                       UploadFolder& uploads, Handler handler)
+    : rules_(std::move(rules)), router_(router), streams_(streams), uploads_(uploads), handler_(std::move(handler)) {
   // The library closes the socket when it stops.
   daemon_ = MHD_start_daemon(
       MHD_USE_EPOLL_INTERNAL_THREAD | MHD_ALLOW_SUSPEND_RESUME, 0, nullptr, nullptr, &Callbacks::access, this,
       MHD_OPTION_LISTEN_SOCKET, listener.socket.release(),
-      MHD_OPTION_NOTIFY_COMPLETED, &Callbacks::complete, nullptr,
+      MHD_OPTION_NOTIFY_COMPLETED, &Callbacks::complete, this,
       MHD_OPTION_UNESCAPE_CALLBACK, &leaveEscaped, nullptr,
       MHD_OPTION_CONNECTION_LIMIT, kMostConnections,
       MHD_OPTION_CONNECTION_TIMEOUT, kIdleSeconds,
@@ -184,12 +173,28 @@ int HttpServer::begin(Exchange& exchange) {
   const auto decision = router_.route(head);
   if (const auto* response = std::get_if<Response>(&decision)) return queue(connection, *response);
   if (const auto* call = std::get_if<ApiCall>(&decision)) exchange.call = *call;
-
-  const auto lengths = head.values("Content-Length");
-  const std::size_t longest = exchange.call ? exchange.call->longestBody : 0;
-  if (!lengths.empty() && std::strtoull(std::string(lengths.front()).c_str(), nullptr, 10) > longest)
-    return queue(connection, errorResponse(413, "The body is too long."));
+  if (const auto refused = prepareBody(exchange)) return queue(connection, *refused);
   return MHD_YES;
+}
+
+// Makes room for what is announced, or refuses it.
+std::optional<Response> HttpServer::prepareBody(Exchange& exchange) {
+  const std::size_t longest = exchange.call ? exchange.call->longestBody : 0;
+  const auto lengths = exchange.request.head.values("Content-Length");
+  if (!lengths.empty() && std::strtoull(std::string(lengths.front()).c_str(), nullptr, 10) > longest)
+    return tooLongResponse();
+  if (!exchange.call || exchange.call->body != BodyKind::file) {
+    exchange.body = RequestBody(longest);
+    return std::nullopt;
+  }
+
+  if (openUploads_ >= kMostUploads) return errorResponse(503, "Too many files are on their way already.");
+  auto begun = uploads_.begin();
+  if (const int* error = std::get_if<int>(&begun)) return notStoredResponse(*error);
+  exchange.body = RequestBody(longest, std::get<UploadPtr>(std::move(begun)));
+  exchange.isUpload = true;
+  ++openUploads_;
+  return std::nullopt;
 }
 
 // The request is there as a whole, or the response to a call is.
@@ -200,7 +205,7 @@ int HttpServer::finish(Exchange& exchange) {
     response = std::move(exchange.response);
   }
   if (response) return queue(exchange.connection, *response);
-  if (exchange.tooLong) return queue(exchange.connection, errorResponse(413, "The body is too long."));
+  if (const auto refused = exchange.body.finish(exchange.request)) return queue(exchange.connection, *refused);
   return exchange.call ? call(exchange) : stream(exchange);
 }
 

@@ -7,11 +7,13 @@
 #include "server/Http.hpp"
 #include "server/RequestRules.hpp"
 #include "server/Router.hpp"
+#include "server/UploadFolder.hpp"
 
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -33,8 +35,10 @@ class HttpServer final {
   /// Takes a call on the HTTP thread; `respond` may be called at any time on any thread, once.
   using Handler = std::function<void(Endpoint, Request, Respond)>;
 
-  /// Starts serving. `router` and `streams` must outlive the server. Throws Failure when the server cannot start.
-  HttpServer(Listener listener, RequestRules rules, const Router& router, EventStreams& streams, Handler handler);
+  /// Starts serving. `router` and `streams` must outlive the server; so must `uploads`, which is the server's alone from
+  /// now on. Throws Failure when the server cannot start.
+  HttpServer(Listener listener, RequestRules rules, const Router& router, EventStreams& streams, UploadFolder& uploads,
+             Handler handler);
 
   /// Answers what still waits with 503, ends the streams and the thread.
   ~HttpServer();
@@ -46,6 +50,7 @@ class HttpServer final {
   struct Callbacks;
 
   int begin(Exchange& exchange);
+  std::optional<Response> prepareBody(Exchange& exchange);
   int finish(Exchange& exchange);
   int call(Exchange& exchange);
   int stream(Exchange& exchange);
@@ -54,6 +59,8 @@ class HttpServer final {
   RequestRules rules_;
   const Router& router_;
   EventStreams& streams_;
+  UploadFolder& uploads_;  // HTTP thread.
+  int openUploads_ = 0;    // HTTP thread.
   Handler handler_;
   MHD_Daemon* daemon_ = nullptr;
 

@@ -51,7 +51,7 @@ bool needsToken(std::string_view path) {
   const auto isBelow = [path](std::string_view folder) {
     return path == folder || (path.starts_with(folder) && path[folder.size()] == '/');
   };
-  return isBelow("/api") || isBelow("/images");
+  return isBelow("/api") || isBelow("/images") || isBelow("/shared");
 }
 
 }  // namespace

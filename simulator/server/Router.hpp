@@ -9,11 +9,17 @@
 
 namespace sim {
 
-enum class Endpoint { screen, events, device, pasteboard, appearance, display, image };
+enum class Endpoint {
+  screen, events, device, pasteboard, pasteboardString, appearance, display, image, photos, pickedFile, shared
+};
 
-/// A call that the main thread answers. `longestBody` is 0 for a call without a body.
+/// What the body of a call is: nothing, a JSON text that is kept in memory, or a file.
+enum class BodyKind { none, json, file };
+
+/// A call that the main thread answers.
 struct ApiCall {
   Endpoint endpoint;
+  BodyKind body = BodyKind::none;
   std::size_t longestBody = 0;  // Bytes.
 };
 
@@ -33,7 +39,7 @@ class Router final {
   const StaticFiles& files_;
 };
 
-/// The opaque identifier at the end of "/images/<id>".
-std::string_view imageIdentifier(std::string_view path);
+/// The opaque identifier at the end of "/images/<id>" and "/shared/<id>"; empty when there is none.
+std::string_view identifierIn(std::string_view path);
 
 }  // namespace sim

@@ -13,18 +13,24 @@ namespace {
 
 std::string seconds(std::chrono::milliseconds time) { return std::to_string(time.count() / 1000) + " s"; }
 
+bool isAnsweredWithScreen(std::string_view verb) { return verb == "screen" || verb == "event" || verb == "pickFile"; }
+
 bool isReadable(int descriptor) {
   pollfd socket{descriptor, POLLIN, 0};
   return ::poll(&socket, 1, 0) > 0;
 }
 
-// The process is our own program, but the bundles in it are anybody's: nothing but JSON and pictures goes through.
+// The process is our own program, but the bundles in it are anybody's: nothing that a browser would run goes through.
+bool isPassive(std::string_view type) {
+  return type == "application/json" || type == "application/octet-stream" || type.starts_with("image/");
+}
+
 Response responseFrom(wire::Message message) {
   nlohmann::json& header = message.header;
   const nlohmann::json& status = header["status"];
   const std::string type = header["type"].is_string() ? header["type"].get<std::string>() : "";
   const bool hasGoodStatus = status.is_number_unsigned() && status >= 200 && status <= 599;
-  if (!hasGoodStatus || (type != "application/json" && !type.starts_with("image/")))
+  if (!hasGoodStatus || !isPassive(type))
     return errorResponse(502, "Settings has given a malformed answer.");
   return {status.get<int>(), type, std::make_shared<const std::string>(std::move(message.payload)), {}};
 }
@@ -54,6 +60,7 @@ void SettingsProcess::request(nlohmann::json message, Respond respond) {
 
   const std::uint64_t number = ++lastRequest_;
   message["request"] = number;
+  std::string verb = message.value("verb", "");
   const Milliseconds patience = hasAnswered_ ? settings_.patience.answer : settings_.patience.firstAnswer;
   const EventLoop::Timer timeout = loop_.after(patience, [this, number, patience] {
     const auto entry = pending_.find(number);
@@ -63,7 +70,7 @@ void SettingsProcess::request(nlohmann::json message, Respond respond) {
         errorResponse(504, "Settings has not answered within " + seconds(patience) + "."));
   });
   if (pending_.empty()) waitingSince_ = Clock::now();
-  pending_.emplace(number, Pending{message.value("verb", ""), std::move(respond), timeout});
+  pending_.emplace(number, Pending{std::move(verb), std::move(respond), timeout});
   watchForHang();
   send(message);
 }
@@ -85,10 +92,12 @@ void SettingsProcess::respring() {
   for (auto& [number, pending] : interrupted) {
     loop_.cancel(pending.timeout);
     if (!pending.respond) continue;
-    if (pending.verb == "image") {
-      pending.respond(errorResponse(404, "The picture went with the respring."));
-    } else {
+    if (isAnsweredWithScreen(pending.verb)) {
       request({{"verb", "screen"}}, std::move(pending.respond));
+    } else if (pending.verb == "addPhoto") {
+      pending.respond(errorResponse(503, "Settings was started afresh meanwhile. Please try again."));
+    } else {
+      pending.respond(errorResponse(404, "What this was about went with the respring."));
     }
   }
 }

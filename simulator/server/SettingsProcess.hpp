@@ -14,6 +14,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace sim {
@@ -26,8 +27,8 @@ class SettingsProcess final {
 
   /// How long the keeper waits.
   struct Patience {
-    Milliseconds answer{5'000};        // For the answer to a request.
-    Milliseconds firstAnswer{20'000};  // For the first one of a process, which loads its bundles before it.
+    Milliseconds answer{25'000};       // For the answer to a request: a photo of 100 million pixels takes its time.
+    Milliseconds firstAnswer{25'000};  // For the first one of a process, which loads its bundles before it.
     Milliseconds hung{30'000};         // With requests open and no answer to any of them, before the process is killed.
     Milliseconds close{3'000};         // For the process to end after its channel has, before it is killed.
     Milliseconds shortLife{3'000};     // A process that ended sooner counts as one that could not be started.
@@ -70,7 +71,7 @@ class SettingsProcess final {
   /// Tells the process something that has no answer. Dropped when there is none: a fresh one is greeted.
   void tell(const nlohmann::json& message);
 
-  /// Kills the process and starts afresh. Open requests for a screen or an event are answered with the fresh screen.
+  /// Kills the process and starts afresh. Open requests whose answer is a screen are answered with the fresh one.
   void respring();
 
   /// The newest revision of the screen that is known. Grows across all processes.

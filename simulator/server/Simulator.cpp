@@ -29,6 +29,7 @@ std::optional<std::string> textIn(const nlohmann::json& message, const char* key
 Simulator::Simulator(const Options& options, const std::vector<ShippedFile>& samples,
                      SettingsProcess::Patience patience)
     : folder_(options.device),
+      uploads_(folder_.ownFolder() / "uploads"),
       device_([this] { publish(); }),
       files_(loop_, folder_.path(), preferenceFolders(), [this] { device_.filesChanged(); }),
       images_(kImageCacheBytes),
@@ -46,7 +47,7 @@ Simulator::Simulator(const Options& options, const std::vector<ShippedFile>& sam
   keepStreamsAlive();
   settings_.start();
   RequestRules rules(listener.port, token);
-  server_.emplace(std::move(listener), std::move(rules), router_, streams_,
+  server_.emplace(std::move(listener), std::move(rules), router_, streams_, uploads_,
                   [this](Endpoint endpoint, Request request, Respond respond) {
                     // Shared, since a task of the loop is copied.
                     auto call = std::make_shared<std::pair<Request, Respond>>(std::move(request), std::move(respond));

@@ -13,6 +13,7 @@
 #include "server/Router.hpp"
 #include "server/SettingsProcess.hpp"
 #include "server/StaticFiles.hpp"
+#include "server/UploadFolder.hpp"
 
 #include <optional>
 #include <string>
@@ -49,6 +50,7 @@ class Simulator final {
 
   EventLoop loop_;
   DeviceFolder folder_;
+  UploadFolder uploads_;
   StaticFiles page_;
   Router router_{page_};
   EventStreams streams_;

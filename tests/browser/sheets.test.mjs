@@ -33,7 +33,7 @@ test('A sheet keeps the focus, is left by Escape, and gives the focus back', asy
   await page.getByRole('button', { name: 'Background' }).focus();
   await page.keyboard.press('Enter');
   await page.getByRole('dialog', { name: 'Photos' }).waitFor();
-  for (let press = 0; press < 4; press += 1) await page.keyboard.press('Tab');
+  for (let press = 0; press < 5; press += 1) await page.keyboard.press('Tab');
   assert.equal(await focused(page), 'Unread.HEIC');
   await page.keyboard.press('Tab');
   assert.equal(await focused(page), 'Cancel');
@@ -64,23 +64,27 @@ test('An alert over a sheet comes first', async (t) => {
   assert.deepEqual(sent(fake), [{ type: 'tap', id: 'ok' }]);
 });
 
-test('A shared text can be copied to the pasteboard, and that closes the sheet', async (t) => {
-  const { fake, url } = await startFake(t, withSheet('share', [item('Preset', { path: null, text: 'eyJ9' })]), closing);
+const leaving = (event, fake) => {
+  fake.screen = theme;
+};
+
+test('A shared text can be copied, and that closes the sheet', async (t) => {
+  const shared = withSheet('share', [item('Preset', { path: null, text: 'eyJ9', activities: ['copy'] })]);
+  const { fake, url } = await startFake(t, shared, leaving);
   const page = await openPage(t, url);
   await page.getByRole('dialog', { name: 'Share' }).getByRole('button', { name: 'Copy Preset' }).click();
-  await eventually(() => assert.deepEqual(sent(fake), [{ type: 'dismiss' }]));
-  assert.equal(fake.device.pasteboard, 'eyJ9');
+  await eventually(() => assert.deepEqual(sent(fake), [{ type: 'tap', id: 'item Preset', part: 'copy' }]));
 });
 
 test('A shared file can be saved under its name', async (t) => {
-  const shared = withSheet('share', [item('Ocean.plist', { path: null, url: '/images/file' })]);
-  const { fake, url } = await startFake(t, shared, closing);
+  const ocean = item('Ocean', { path: null, url: '/images/file', fileName: 'Ocean.plist', activities: ['save'] });
+  const { fake, url } = await startFake(t, withSheet('share', [ocean]), leaving);
   const page = await openPage(t, url);
   const [download] = await Promise.all([
-    page.waitForEvent('download'), page.getByRole('button', { name: 'Save Ocean.plist' }).click(),
+    page.waitForEvent('download'), page.getByRole('button', { name: 'Save Ocean' }).click(),
   ]);
   assert.equal(download.suggestedFilename(), 'Ocean.plist');
-  await eventually(() => assert.deepEqual(sent(fake), [{ type: 'dismiss' }]));
+  await eventually(() => assert.deepEqual(sent(fake), [{ type: 'tap', id: 'item Ocean', part: 'save' }]));
 });
 
 test('A share sheet whose items offer nothing can be closed', async (t) => {

@@ -3,38 +3,34 @@ import { Page as DocumentSymbol } from '/phone/symbols.js';
 import { SessionContext } from '/session.js';
 
 /**
- * Things that an app shares. An item with `text` can be copied to the device's pasteboard, one with the `url` of its
- * content can be saved on the computer; both close the sheet.
+ * Things that an app shares. What an item's `activities` allow can be done with it: "copy" puts it on the device's
+ * pasteboard, "save" its content, at `url`, on the computer. Either closes the sheet.
  */
-export function ShareList({ items, dismiss }) {
+export function ShareList({ items }) {
   const session = useContext(SessionContext);
   const [refusal, setRefusal] = useState(null);
 
-  const copy = async ({ text }) => {
-    const reason = await session.setPasteboard(text);
-    setRefusal(reason);
-    if (reason === null) dismiss();
-  };
-  const save = async ({ url, title }) => {
+  const copy = ({ id }) => session.tap(id, { part: 'copy' });
+  const save = async ({ id, url, fileName }) => {
     try {
-      download(await session.blob(url), title);
-      dismiss();
+      download(await session.blob(url), fileName);
     } catch (error) {
       setRefusal(error.message);
+      return;
     }
+    session.tap(id, { part: 'save' });
   };
+  const button = (item, activity, label, perform) => item.activities?.includes(activity) && html`
+    <button type="button" class="share-button" aria-label=${`${label} ${item.title}`}
+      onClick=${() => perform(item)}>${label}</button>`;
   return html`
     <ul class="document-list" role="list">
       ${items.map((item) => html`
         <li key=${item.id} class="share-item">
           <${DocumentSymbol} />
           <span class="share-title">${item.title}</span>
-          ${typeof item.text === 'string' && html`
-            <button type="button" class="share-button" aria-label=${`Copy ${item.title}`}
-              onClick=${() => copy(item)}>Copy</button>`}
-          ${item.url && html`
-            <button type="button" class="share-button" aria-label=${`Save ${item.title}`}
-              onClick=${() => save(item)}>Save</button>`}
+          ${button(item, 'copy', 'Copy', copy)}
+          ${button(item, 'save', 'Save', save)}
         </li>`)}
     </ul>
     ${refusal && html`<p class="share-refusal" role="alert">${refusal}</p>`}`;

@@ -1,5 +1,6 @@
-import { html, useContext, useEffect, useRef } from '/modules/htm-preact.mjs';
-import { Picture } from '/images.js';
+import { html, useContext, useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { LazyPicture, Picture } from '/images.js';
+import { FileChooser } from '/phone/FileChooser.js';
 import { trapTab } from '/phone/focusTrap.js';
 import { ShareList } from '/phone/ShareList.js';
 import { Page as DocumentSymbol } from '/phone/symbols.js';
@@ -12,6 +13,15 @@ const kinds = {
   page: { title: 'Page', content: DocumentList, empty: 'The simulator cannot show this page.' },
 };
 
+/** What a sheet takes from the computer. */
+const sources = {
+  photos: {
+    label: 'Add from this computer…', accept: 'image/*,.heic,.heif', multiple: true,
+    choose: (session, files) => session.uploads.addPhotos(files),
+  },
+  documents: { label: 'Choose from this computer…', choose: (session, files) => session.uploads.pickFile(files) },
+};
+
 /** A sheet over the page: photos or documents to pick from, or things to share. `covered`: an alert lies over it. */
 export function Sheet({ sheet, covered }) {
   const session = useContext(SessionContext);
@@ -19,9 +29,17 @@ export function Sheet({ sheet, covered }) {
   const kind = kinds[sheet.kind] ?? kinds.documents;
   const title = sheet.title || kind.title;
   const items = sheet.items ?? [];
-  const dismiss = () => session.send(() => ({ type: 'dismiss' }));
-  const choose = (item) => {
-    session.send((screen) => (screen.sheet?.kind === sheet.kind ? { type: 'pick', path: item.path } : null));
+  const source = sources[sheet.kind];
+  const [working, setWorking] = useState(null);
+  const dismiss = () => {
+    if (!working) session.send(() => ({ type: 'dismiss' }));
+  };
+  // A large photo takes the device a moment.
+  const choose = async (item) => {
+    if (working) return;
+    setWorking(item.id);
+    await session.send((screen) => (screen.sheet?.kind === sheet.kind ? { type: 'pick', path: item.path } : null));
+    setWorking(null);
   };
 
   useEffect(() => {
@@ -36,44 +54,61 @@ export function Sheet({ sheet, covered }) {
   };
   return html`
     <div class="dimming dimming-card" inert=${covered}>
-      <div class="card" data-kind=${sheet.kind} role="dialog" aria-modal="true" aria-labelledby="sheet-title" tabindex="-1" ref=${card}
-        onKeyDown=${onKeyDown}>
+      <div class="card" data-kind=${sheet.kind} role="dialog" aria-modal="true" aria-labelledby="sheet-title"
+        aria-busy=${working !== null} tabindex="-1" ref=${card} onKeyDown=${onKeyDown}>
         <header class="card-bar">
           <button type="button" class="bar-button" onClick=${dismiss}>${kind.leave ?? 'Cancel'}</button>
           <h2 class="bar-title" id="sheet-title">${title}</h2>
           <span></span>
         </header>
+        ${source && html`
+          <${FileChooser} label=${source.label} accept=${source.accept} multiple=${source.multiple}
+            choose=${(files) => source.choose(session, files)} />`}
         ${items.length === 0
           ? html`<p class="card-empty">${kind.empty}</p>`
-          : html`<${kind.content} items=${items} choose=${choose} dismiss=${dismiss} />`}
+          : html`<${kind.content} items=${items} choose=${choose} working=${working} />`}
       </div>
     </div>`;
 }
 
-function PhotoGrid({ items, choose }) {
+function PhotoGrid({ items, choose, working }) {
+  const list = useRef(null);
+  const known = useRef(items.length);
+  useEffect(() => {
+    // A photo that has come in stands at the end.
+    if (items.length > known.current) list.current.lastElementChild.scrollIntoView({ block: 'nearest' });
+    known.current = items.length;
+  }, [items.length]);
   return html`
-    <ul class="photo-grid" role="list">
+    <ul class="photo-grid" role="list" ref=${list}>
       ${items.map((item) => html`
         <li key=${item.id}>
-          <button type="button" class="photo" aria-label=${item.title} onClick=${() => choose(item)}>
-            ${item.image
-              ? html`<${Picture} image=${item.image} style=${{ width: '100%', height: '100%' }} />`
-              : html`<span class="photo-title">${item.title}</span>`}
+          <button type="button" class="photo" aria-label=${item.title} data-working=${item.id === working}
+            onClick=${() => choose(item)}>
+            <${PhotoPicture} item=${item} />
+            ${item.id === working && html`<span class="working"><span class="spinner spinner-large"></span></span>`}
           </button>
         </li>`)}
     </ul>`;
 }
 
-function DocumentList({ items, choose }) {
+/** The thumbnail; the title for a photo that has none. */
+function PhotoPicture({ item }) {
+  const title = html`<span class="photo-title">${item.title}</span>`;
+  return item.image ? html`<${LazyPicture} key=${item.image.url} image=${item.image} fallback=${title} />` : title;
+}
+
+function DocumentList({ items, choose, working }) {
   return html`
     <ul class="document-list" role="list">
       ${items.map((item) => html`
         <li key=${item.id}>
-          <button type="button" class="document-row" onClick=${() => choose(item)}>
+          <button type="button" class="document-row" data-working=${item.id === working} onClick=${() => choose(item)}>
             ${item.image
               ? html`<${Picture} class="document" image=${item.image} style=${{ width: null, height: null }} />`
               : html`<${DocumentSymbol} />`}
             <span>${item.title}</span>
+            ${item.id === working && html`<span class="spinner"></span>`}
           </button>
         </li>`)}
     </ul>`;

@@ -65,4 +65,20 @@ TEST_F(DeviceStateTests, ALongLineIsCutBetweenCharacters) {
   EXPECT_EQ(kept, line.substr(0, 8'191) + "\u2026");
 }
 
+TEST_F(DeviceStateTests, OfALongPasteboardTheBeginningIsShownAndAllIsKept) {
+  std::string text = "x";
+  while (text.size() < 100'000) text += "\u00E4\U0001F600";
+  state_.setPasteboard(text);
+  EXPECT_EQ(state_.pasteboard(), text);
+  // 1 + 6 n bytes for 1 + 3 n units.
+  EXPECT_EQ(state_.json()["pasteboardLength"], 1 + (text.size() - 1) / 6 * 3);
+  const std::string shown = state_.json()["pasteboard"];
+  EXPECT_TRUE(shown == text.substr(0, 65'535)) << "no character is cut in two; got " << shown.size() << " bytes";
+  state_.setPasteboard("\U0001F600");
+  EXPECT_EQ(state_.json()["pasteboardLength"], 2);
+  EXPECT_EQ(state_.json()["pasteboard"], "\U0001F600");
+  state_.setPasteboard(std::nullopt);
+  EXPECT_EQ(state_.json()["pasteboardLength"], nullptr);
+}
+
 }  // namespace

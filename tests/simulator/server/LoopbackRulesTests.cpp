@@ -21,6 +21,8 @@ using test::HttpConnection;
 using test::HttpRequest;
 using test::HttpResponse;
 
+constexpr std::size_t kLongestText = 72 << 20;  // Bytes of a body that may carry a text.
+
 class LoopbackRulesTests : public ::testing::Test {
  protected:
   std::string host() const { return "127.0.0.1:" + std::to_string(simulator_.port()); }
@@ -159,7 +161,8 @@ TEST_F(LoopbackRulesTests, ALinkToThePageMayStandAnywhereButItsPartsMayNot) {
 }
 
 TEST_F(LoopbackRulesTests, EveryCallNeedsTheToken) {
-  for (const std::string target : {"/api", "/api/screen", "/api/device", "/api/stream", "/api/nothing", "/images/1", "/images"}) {
+  for (const std::string target : {"/api", "/api/screen", "/api/device", "/api/stream", "/api/nothing", "/images/1", "/images",
+                                   "/shared/1", "/shared"}) {
     HttpRequest without = withToken({});
     without.target = target;
     EXPECT_EQ(status(without), 403) << target;
@@ -223,17 +226,36 @@ TEST_F(LoopbackRulesTests, BodiesMustBeJsonByTheirType) {
 
 TEST_F(LoopbackRulesTests, BodiesAreLimited) {
   const std::string type = "Content-Type: application/json";
-  EXPECT_EQ(status(change({type, "Content-Length: 1048577"}, std::string(1'048'577, ' '))), 413);
+  const std::string style = "{\"style\":\"dark\"}";
+  const auto appearance = [&](std::size_t size) {
+    HttpRequest changed = change({type, "Content-Length: " + std::to_string(size)}, style);
+    changed.target = "/api/device/appearance";
+    changed.body.resize(size, ' ');
+    return changed;
+  };
+  EXPECT_EQ(status(appearance((1 << 20) + 1)), 413);
+  EXPECT_EQ(simulator_.device()["appearance"], nullptr);
+  EXPECT_EQ(status(appearance(1 << 20)), 200);
+  EXPECT_EQ(status(change({type, "Content-Length: " + std::to_string(kLongestText + 1)}, "{}")), 413);
   EXPECT_EQ(status(change({type, "Content-Length: 18446744073709551615"}, "{}")), 413);
   expectUntouched();
-  const std::string body = "{\"string\":\"" + std::string(1'000'000, 'x') + "\"}";
-  EXPECT_EQ(status(change({type, "Content-Length: " + std::to_string(body.size())}, body)), 200);
+}
+
+TEST_F(LoopbackRulesTests, ATextOf64MebibytesPasses) {
+  const std::string text(64 << 20, 'x');
+  const std::string body = "{\"string\":\"" + text + "\"}";
+  const std::string length = "Content-Length: " + std::to_string(body.size());
+  EXPECT_EQ(status(change({"Content-Type: application/json", length}, body)), 200);
+  EXPECT_EQ(simulator_.device()["pasteboardLength"], text.size());
+  EXPECT_EQ(simulator_.device()["pasteboard"].get<std::string>().size(), 65'536u);
+  EXPECT_EQ(simulator_.get("/api/device/pasteboard/string").json()["string"].get<std::string>(), text);
 }
 
 TEST_F(LoopbackRulesTests, BodiesInChunksAreLimitedToo) {
   const std::vector<std::string> headers{"Content-Type: application/json", "Transfer-Encoding: chunked"};
+  const std::string chunk = "100000\r\n" + std::string(1 << 20, ' ') + "\r\n";
   std::string chunks;
-  for (int i = 0; i < 20; ++i) chunks += "10000\r\n" + std::string(65'536, ' ') + "\r\n";
+  for (std::size_t sent = 0; sent <= kLongestText; sent += 1 << 20) chunks += chunk;
   EXPECT_EQ(status(change(headers, chunks + "0\r\n\r\n")), 413);
   expectUntouched();
   EXPECT_EQ(status(change(headers, "e\r\n{\"string\":\"x\"}\r\n0\r\n\r\n")), 200);
@@ -243,7 +265,7 @@ TEST_F(LoopbackRulesTests, AnEndlessBodyEndsTheConnection) {
   HttpConnection connection(simulator_.port());
   connection.send(change({"Content-Type: application/json", "Transfer-Encoding: chunked"}, {}).bytes());
   const std::string chunk = "100000\r\n" + std::string(1 << 20, ' ') + "\r\n";
-  for (int i = 0; i < 64; ++i) connection.send(chunk);
+  for (std::size_t sent = 0; sent < 2 * kLongestText; sent += 1 << 20) connection.send(chunk);
   connection.waitForEnd();
   expectUntouched();
 }

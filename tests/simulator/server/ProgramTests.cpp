@@ -204,6 +204,23 @@ TEST_F(ProgramTests, AFullDiskIsSaidAndLeavesNoHalfFile) {
     EXPECT_FALSE(item.is_regular_file()) << item.path();
 }
 
+TEST_F(ProgramTests, AnUploadThatFillsTheDiskIsSaidAndLeavesNothing) {
+  const std::string command = "ulimit -f 4096; trap '' XFSZ; exec \"$0\" \"$@\"";
+  std::vector<std::string> all{"-c", command, kSimulator};
+  const auto rest = arguments();
+  all.insert(all.end(), rest.begin(), rest.end());
+  test::RunningProgram simulator("/bin/bash", all);
+  const std::string address = simulator.readLine();
+  const std::string body(6 << 20, 'x');
+  const std::vector<std::string> headers{"Host: 127.0.0.1:" + std::to_string(portIn(address)), "Connection: close",
+                                         "X-Sim-Token: " + address.substr(address.size() - 32), "Content-Type: image/png",
+                                         "Content-Length: " + std::to_string(body.size())};
+  const auto response = test::roundTrip(portIn(address), test::HttpRequest{"PUT", "/api/photos", headers, body}.bytes());
+  EXPECT_EQ(response.status, 507);
+  EXPECT_EQ(response.json()["error"], "There is no room left for the file on the disk of this computer.");
+  EXPECT_TRUE(std::filesystem::is_empty(device() / ".simulator/uploads"));
+}
+
 TEST_F(ProgramTests, WithoutSettingsItServesAndSaysWhy) {
   test::RunningProgram simulator(kSimulator, arguments({"--settings", folder_.path() / "nothing"}));
   const std::string address = simulator.readLine();

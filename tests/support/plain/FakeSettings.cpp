@@ -10,6 +10,8 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <fstream>
+#include <iomanip>
 #include <string>
 #include <thread>
 
@@ -44,6 +46,8 @@ class FakeSettings {
     if (verb == "screen") answer(message, 200, screen());
     if (verb == "event") event(message);
     if (verb == "image") image(message);
+    if (verb == "shared") shared(message);
+    if (verb == "addPhoto" || verb == "pickFile") upload(message);
   }
 
   json screen() const {
@@ -61,6 +65,28 @@ class FakeSettings {
     const std::string id = request.at("id");
     if (id == "none") return answer(request, 404, {{"error", "There is no such picture."}});
     channel_.send({{{"reply", request.at("request")}, {"status", 200}, {"type", "image/png"}}, "picture " + id});
+  }
+
+  void shared(const json& request) {
+    const std::string id = request.at("id");
+    if (id == "none") return answer(request, 404, {{"error", "Nothing shares this."}});
+    const std::string type = id == "page" ? "text/html" : "application/octet-stream";
+    channel_.send({{{"reply", request.at("request")}, {"status", 200}, {"type", type}},
+                   std::string(static_cast<std::size_t>(std::atoll(id.c_str())), 'x')});
+  }
+
+  void upload(const json& request) {
+    const std::filesystem::path file = request.at("file").get<std::string>();
+    const auto size = std::filesystem::file_size(file);
+    std::string what;
+    std::ifstream(file) >> std::setw(16) >> what;
+    if (what == "crash") ::raise(SIGABRT);
+    if (what == "hang") ::pause();
+    if (what == "killall") return killall();
+    if (what == "refuse") return answer(request, 422, {{"error", "This is no picture."}});
+    if (what == "keep") std::filesystem::rename(file, device_ / "fake/kept");
+    answer(request, 200, {{"name", request.value("name", json())}, {"size", size},
+                          {"revision", request.value("revision", json())}});
   }
 
   void event(const json& request) {

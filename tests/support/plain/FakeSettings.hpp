@@ -14,7 +14,11 @@
 //   garbage             write a line that is no message
 //   malformed           answer without a body
 //   killall             post a notification, start the device's killall as a bundle does, and never answer
-// Any other identifier is answered with 404. The picture N is the text "picture N"; "none" is not there.
+// Any other identifier is answered with 404. The picture N is the text "picture N"; "none" is not there. The shared file
+// N has N bytes; "none" is not there, and "page" is HTML.
+//
+// What it does with an uploaded file is said by the file's first word: "crash", "hang", "killall" as above, "refuse" (422),
+// "keep" (moves it to "fake/kept"). Otherwise it answers with what it got: {"name", "size", "revision"}.
 #pragma once
 
 namespace test {

@@ -1,0 +1,41 @@
+#include "server/UploadFolder.hpp"
+
+#include "device/Failure.hpp"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <string>
+#include <system_error>
+#include <utility>
+
+namespace sim {
+
+Upload::~Upload() { ::unlink(path_.c_str()); }
+
+int Upload::append(std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(descriptor_.get(), bytes.data(), bytes.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return errno;
+    bytes.remove_prefix(static_cast<std::size_t>(count));
+  }
+  return 0;
+}
+
+UploadFolder::UploadFolder(std::filesystem::path folder) : folder_(std::move(folder)) {
+  std::error_code error;
+  std::filesystem::remove_all(folder_, error);
+  if (!error) std::filesystem::create_directory(folder_, error);
+  if (error) throw Failure("Cannot empty the folder " + folder_.string() + ": " + error.message() + ".");
+}
+
+std::variant<UploadPtr, int> UploadFolder::begin() {
+  std::filesystem::path path = folder_ / std::to_string(++lastNumber_);
+  Descriptor descriptor(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644));
+  if (!descriptor) return errno;
+  return std::make_shared<Upload>(std::move(path), std::move(descriptor));
+}
+
+}  // namespace sim
