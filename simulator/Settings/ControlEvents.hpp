@@ -11,4 +11,7 @@ namespace sim {
 /// or title, text for a field. Returns nullptr, or why nothing was done.
 const char *setControl(UIView *view, const Json &value);
 
+/// Adds the pasteboard's string to the text of the field at or below `view`. Returns nullptr, or why nothing was done.
+const char *pasteIntoControl(UIView *view);
+
 }  // namespace sim

@@ -50,6 +50,11 @@ const char *setSegment(UISegmentedControl *control, const Json &value) {
   return [control sim_selectByUser:index] ? nullptr : kUnreachable;
 }
 
+/// Both kinds answer the same messages of a person's.
+bool isTextControl(UIView *control) {
+  return [control isKindOfClass:[UITextField class]] || [control isKindOfClass:[UITextView class]];
+}
+
 }  // namespace
 
 const char *setControl(UIView *view, const Json &value) {
@@ -58,14 +63,18 @@ const char *setControl(UIView *view, const Json &value) {
   if ([control isKindOfClass:[UISlider class]]) return setSlider((UISlider *)control, value);
   if ([control isKindOfClass:[UISegmentedControl class]]) return setSegment((UISegmentedControl *)control, value);
 
-  const bool isField = [control isKindOfClass:[UITextField class]];
-  if (!isField && ![control isKindOfClass:[UITextView class]]) return "There is nothing to set here.";
+  if (!isTextControl(control)) return "There is nothing to set here.";
   if (!value.is_string()) return "A text field is set to a text.";
   NSString *text = stringFrom(value);
   if (!text) return "The text is not valid.";
-  const BOOL entered =
-      isField ? [(UITextField *)control sim_enterText:text] : [(UITextView *)control sim_enterText:text];
-  return entered ? nullptr : kUnreachable;
+  return [(UITextField *)control sim_enterText:text] ? nullptr : kUnreachable;
+}
+
+const char *pasteIntoControl(UIView *view) {
+  UIView *control = findControl(view);
+  if (!isTextControl(control)) return "Nothing can be pasted here.";
+  if (![[UIPasteboard generalPasteboard] hasStrings]) return "The pasteboard is empty.";
+  return [(UITextField *)control sim_pasteByUser] ? nullptr : kUnreachable;
 }
 
 }  // namespace sim

@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include <string>
+#include <string_view>
 
 #include "Settings/JsonText.hpp"
 
@@ -18,8 +19,16 @@ using Json = nlohmann::json;
 /// The text as UTF-8, characters of code 0 included. Half a surrogate pair becomes a replacement character. "" for nil.
 std::string utf8(NSString *text);
 
-/// The text; null for nil.
+/// UTF-16 units of the longest text that a screen carries whole. People paste tens of megabytes into a field; the page
+/// could not lay them out, and every event would send them back.
+constexpr NSUInteger kLongestText = 65'536;
+
+/// The text; null for nil. Of one that is too long, its beginning and an ellipsis.
 void writeText(JsonText &out, NSString *text);
+
+/// The text under `name`. Of one that is too long, its beginning, and how many UTF-16 units it has under "<name>Length":
+/// who edits it has to know that it is not whole.
+void writeText(JsonText &out, std::string_view name, NSString *text);
 
 /// A property-list value; null for nil. Data becomes its byte count ("<20 bytes>"), a date its description, and
 /// anything else its class name, so that no value can fail to be shown.

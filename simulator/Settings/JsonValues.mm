@@ -43,6 +43,13 @@ std::string mendedUTF8(NSString *text) {
   return result;
 }
 
+/// The beginning of a text that is too long, no surrogate pair cut in two.
+NSString *beginning(NSString *text) {
+  const unichar last = [text characterAtIndex:kLongestText - 1];
+  const bool leads = last >= 0xd800 && last < 0xdc00;
+  return [text substringToIndex:leads ? kLongestText - 1 : kLongestText];
+}
+
 void writeNumber(JsonText &out, NSNumber *number) {
   if (number == [NSNumber numberWithBool:YES] || number == [NSNumber numberWithBool:NO]) {
     return out.flag([number boolValue]);
@@ -91,7 +98,14 @@ std::string utf8(NSString *text) {
 
 void writeText(JsonText &out, NSString *text) {
   if (!text) return out.null();
-  out.string(utf8(text));
+  out.string([text length] > kLongestText ? utf8(beginning(text)) + "\u2026" : utf8(text));
+}
+
+void writeText(JsonText &out, std::string_view name, NSString *text) {
+  const NSUInteger length = [text length];
+  if (length <= kLongestText) return writeText(out.name(name), text);
+  out.name(name).string(utf8(beginning(text)));
+  out.name(std::string(name) + "Length").natural(length);
 }
 
 void writeValue(JsonText &out, id value) { writeValue(out, value, 0); }

@@ -1,28 +1,38 @@
 #import <UIKit/NSText+Sim.h>
 #import <UIKit/UIControl+Sim.h>
+#import <UIKit/UIPasteboard.h>
 #import <UIKit/UITextField+Sim.h>
 #import <UIKit/UITextFieldState.hpp>
+
+#include <algorithm>
 
 @implementation UITextField (Sim)
 
 - (BOOL)sim_enterText:(NSString *)text {
-  return [self sim_enterText:text withReturn:NO];
+  return [self sim_replaceTextFrom:0 with:text andReturn:NO];
 }
 
 - (BOOL)sim_enterTextAndReturn:(NSString *)text {
-  return [self sim_enterText:text withReturn:YES];
+  return [self sim_replaceTextFrom:0 with:text andReturn:YES];
 }
 
-- (BOOL)sim_enterText:(NSString *)text withReturn:(BOOL)withReturn {
+- (BOOL)sim_pasteByUser {
+  NSString *string = [[UIPasteboard generalPasteboard] string];
+  return string && [self sim_replaceTextFrom:[[self text] length] with:string andReturn:NO];
+}
+
+- (BOOL)sim_replaceTextFrom:(NSUInteger)start with:(NSString *)text andReturn:(BOOL)withReturn {
   if (![self sim_acceptsUser]) return NO;
-  const auto kept = objcxx::share(self);
+  const auto keepAlive = objcxx::share(self);
   if (![self becomeFirstResponder]) return NO;
+  const auto before = objcxx::share([self text]);
+  const NSUInteger kept = std::min(start, [before.get() length]);
+  const NSRange range = NSMakeRange(kept, [before.get() length] - kept);
   NSString *line = sim::oneLine(text);
   id<UITextFieldDelegate> delegate = [self delegate];
-  const NSRange all = NSMakeRange(0, [[self text] length]);
   const BOOL asks = [delegate respondsToSelector:@selector(textField:shouldChangeCharactersInRange:replacementString:)];
-  if (!asks || [delegate textField:self shouldChangeCharactersInRange:all replacementString:line]) {
-    [self sim_changeTextTo:line];
+  if (!asks || [delegate textField:self shouldChangeCharactersInRange:range replacementString:line]) {
+    [self sim_changeTextTo:[before.get() stringByReplacingCharactersInRange:range withString:line]];
   }
   if (withReturn) {
     delegate = [self delegate];

@@ -1,6 +1,7 @@
 #import <UIKit/NSAttributedString+UIKit.h>
 #import <UIKit/NSText+Sim.h>
 #import <UIKit/UIFont+Sim.h>
+#import <UIKit/UIPasteboard.h>
 #import <UIKit/UITextInputState.hpp>
 #import <UIKit/UITextView+Sim.h>
 #import <UIKit/UIView+Sim.h>
@@ -192,15 +193,25 @@ SIM_TEXT_INPUT_TRAITS(_textState->traits)
 @implementation UITextView (Sim)
 
 - (BOOL)sim_enterText:(NSString *)text {
+  return [self sim_replaceTextFrom:0 with:text ? text : @""];
+}
+
+- (BOOL)sim_pasteByUser {
+  NSString *string = [[UIPasteboard generalPasteboard] string];
+  return string && [self sim_replaceTextFrom:[[self text] length] with:string];
+}
+
+- (BOOL)sim_replaceTextFrom:(NSUInteger)start with:(NSString *)text {
   if (![self sim_acceptsTouches] || ![self isEditable]) return NO;
-  const auto kept = objcxx::share(self);
+  const auto keepAlive = objcxx::share(self);
   if (![self becomeFirstResponder]) return NO;
+  const auto before = objcxx::share([self text]);
+  const NSUInteger kept = std::min(start, [before.get() length]);
+  const NSRange range = NSMakeRange(kept, [before.get() length] - kept);
   id<UITextViewDelegate> delegate = [self delegate];
-  NSString *replacement = text ? text : @"";
-  const NSRange all = NSMakeRange(0, [[self text] length]);
   const BOOL asks = [delegate respondsToSelector:@selector(textView:shouldChangeTextInRange:replacementText:)];
-  if (!asks || [delegate textView:self shouldChangeTextInRange:all replacementText:replacement]) {
-    [self setText:replacement];
+  if (!asks || [delegate textView:self shouldChangeTextInRange:range replacementText:text]) {
+    [self setText:[before.get() stringByReplacingCharactersInRange:range withString:text]];
     if ([[self delegate] respondsToSelector:@selector(textViewDidChangeSelection:)]) {
       [[self delegate] textViewDidChangeSelection:self];
     }

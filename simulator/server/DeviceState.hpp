@@ -19,7 +19,8 @@ class DeviceState final {
   static constexpr std::size_t kMostNotifications = 1'000;
   static constexpr std::size_t kMostOpenedUrls = 1'000;
   static constexpr std::size_t kMostLogLines = 2'000;
-  static constexpr std::size_t kLongestLogLine = 8'192;  // Bytes.
+  static constexpr std::size_t kLongestLogLine = 8'192;      // Bytes.
+  static constexpr std::size_t kLongestPasteboard = 65'536;  // Bytes that are shown; all are kept.
 
   explicit DeviceState(std::function<void()> changed) : changed_(std::move(changed)) {}
 
@@ -44,7 +45,7 @@ class DeviceState final {
   /// Grows with every change.
   std::uint64_t sequence() const noexcept { return sequence_; }
 
-  /// Everything but the files, as the interface gives it.
+  /// Everything but the files, as the interface gives it: of a long pasteboard only its beginning.
   nlohmann::json json() const;
 
  private:
@@ -63,6 +64,7 @@ class DeviceState final {
   std::deque<std::string> openedUrls_;
   std::deque<std::string> log_;
   std::optional<std::string> pasteboard_;
+  std::uint64_t pasteboardLength_ = 0;  // UTF-16 units.
   std::optional<std::string> appearance_;
   Display display_ = kPhoneDisplay;
 };

@@ -50,17 +50,17 @@ void Channel::queue(const Message& message) {
 }
 
 bool Channel::flush() {
-  std::size_t taken = 0;
   bool alive = true;
-  while (taken < outgoing_.size()) {
-    const ssize_t sent =
-        ::send(descriptor_, outgoing_.data() + taken, outgoing_.size() - taken, MSG_NOSIGNAL | MSG_DONTWAIT);
-    if (sent < 0 && errno == EINTR) continue;
-    if (sent < 0) alive = errno == EAGAIN || errno == EWOULDBLOCK;
-    if (sent <= 0) break;
-    taken += static_cast<std::size_t>(sent);
+  while (hasQueued()) {
+    const ssize_t count =
+        ::send(descriptor_, outgoing_.data() + sent_, outgoing_.size() - sent_, MSG_NOSIGNAL | MSG_DONTWAIT);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) alive = errno == EAGAIN || errno == EWOULDBLOCK;
+    if (count <= 0) break;
+    sent_ += static_cast<std::size_t>(count);
   }
-  outgoing_.erase(0, taken);
+  // At most as many bytes are moved as were sent; moving the rest at every call would be quadratic in a large message.
+  if (2 * sent_ >= outgoing_.size()) outgoing_.erase(0, std::exchange(sent_, 0));
   return alive;
 }
 

@@ -40,7 +40,7 @@ class Channel final {
   bool flush();
 
   /// Whether bytes wait for `flush`.
-  bool hasQueued() const noexcept { return !outgoing_.empty(); }
+  bool hasQueued() const noexcept { return sent_ < outgoing_.size(); }
 
   /// Reads whatever has arrived, waiting for at least one byte, and appends each complete message to `out`.
   /// False when the peer has closed or sent a line that is no JSON object (or claims an absurd length).
@@ -48,7 +48,8 @@ class Channel final {
 
  private:
   int descriptor_ = -1;
-  std::string outgoing_;                  // Bytes queued and not yet sent.
+  std::string outgoing_;                  // Bytes queued.
+  std::size_t sent_ = 0;                  // How many of them have been sent.
   std::string buffer_;                    // Bytes received and not yet taken.
   std::optional<Message> partial_;        // A header whose payload is still arriving.
   std::size_t missing_ = 0;               // Payload bytes still to come for `partial_`.

@@ -115,6 +115,65 @@ test('A field with a clear button can be emptied', async (t) => {
   assert.ok(await hasFocus(field));
 });
 
+test('What is on the pasteboard of the device is pasted into an empty field', async (t) => {
+  const { fake, url } = await startFake(t, structuredClone(naming), (event, { screen }) => {
+    if (event.type === 'paste') screen.alert.fields[0].value = 'pasted';
+    if (event.type === 'set') screen.alert.fields[0].value = event.value;
+  });
+  const page = await openPage(t, url);
+  const field = page.getByRole('alertdialog').getByRole('textbox');
+  const paste = page.getByRole('button', { name: 'Paste into Preset Name...' });
+  await field.waitFor();
+  assert.equal(await paste.count(), 0, 'the pasteboard is empty');
+  fake.changeDevice({ pasteboard: 'pasted', pasteboardLength: 6 });
+  await paste.click();
+  await eventually(async () => assert.equal(await field.inputValue(), 'pasted'));
+  assert.deepEqual(sent(fake), [{ type: 'paste', id: 'f1' }]);
+  assert.ok(await hasFocus(field));
+  assert.equal(await paste.count(), 0, 'there is a text now');
+  await field.fill('typed');
+  await page.getByRole('button', { name: 'Clear text' }).click();
+  await paste.click();
+  await eventually(async () => assert.equal(await field.inputValue(), 'pasted'));
+});
+
+test('A long text is sent whole as it is pasted, and the field shows its beginning', async (t) => {
+  const { fake, url } = await startFake(t, structuredClone(naming), (event, { screen }) => {
+    const [field] = screen.alert.fields;
+    if (event.type !== 'set') return;
+    field.value = event.value.slice(0, 65_536);
+    field.valueLength = event.value.length > 65_536 ? event.value.length : undefined;
+  });
+  const page = await openPage(t, url);
+  const field = page.getByRole('alertdialog').getByRole('textbox');
+  await field.fill('ab');
+  const pasteText = (length) => field.evaluate((element, count) => {
+    element.setSelectionRange(1, 1);
+    const clipboardData = new DataTransfer();
+    clipboardData.setData('text/plain', 'x'.repeat(count));
+    element.dispatchEvent(new ClipboardEvent('paste', { clipboardData, bubbles: true, cancelable: true }));
+  }, length);
+  await pasteText(100_000);
+  await page.getByText('100,002 characters').waitFor();
+  assert.equal(fake.events.at(-1).value, `a${'x'.repeat(100_000)}b`);
+  assert.equal(await field.isEditable(), false);
+  await pasteText(70_000);
+  await page.getByText('70,000 characters').waitFor();
+  await page.getByRole('button', { name: 'Clear text' }).click();
+  assert.equal(await field.isEditable(), true);
+  await field.fill('short');
+  await page.getByRole('button', { name: 'Save' }).click();
+  await eventually(() => assert.equal(fake.events.at(-1).type, 'tap'));
+  assert.equal(fake.events.at(-2).value, 'short');
+});
+
+test('A message that was cut says how long it is', async (t) => {
+  const cut = withAlert({ title: 'Share', message: 'word '.repeat(100), messageLength: 20_000_000, actions: [action('ok', 'OK')] });
+  const { url } = await startFake(t, cut);
+  const page = await openPage(t, url);
+  await page.getByText('… (20,000,000 characters in all)').waitFor();
+});
+
 test('One alert after another starts afresh', async (t) => {
   const fields = [{ ...naming.alert.fields[0], id: 'f2' }];
   const again = withAlert({ ...naming.alert, fields, actions: [action('ok', 'OK')] });

@@ -98,3 +98,41 @@ test('When Settings does not run the phone says why and tries again on request',
   await page.getByRole('button', { name: 'Try Again' }).click();
   await page.getByRole('button', { name: 'Zuno' }).waitFor();
 });
+
+test('An input that takes its time shows that it is worked on', async (t) => {
+  let finish;
+  const { url } = await startFake(t, page1, () => new Promise((resolve) => { finish = resolve; }));
+  const page = await openPage(t, url);
+  await page.getByRole('button', { name: 'Zuno' }).click();
+  await page.getByText('Working…').waitFor({ state: 'attached' });
+  assert.ok(await page.locator('.working-sign .spinner').isVisible());
+  finish();
+  await page.locator('.working-sign .spinner').waitFor({ state: 'detached' });
+});
+
+test('An answer takes away the notice that stood before it, and none that came meanwhile', async (t) => {
+  let finish;
+  const { fake, url } = await startFake(t, page1, (event) => {
+    if (fake.events.length === 1) return { status: 422, error: 'Not now.' };
+    return fake.events.length === 3 ? new Promise((resolve) => { finish = resolve; }) : undefined;
+  });
+  const page = await openPage(t, url, { expected: /422/ });
+  const row = page.getByRole('button', { name: 'Zuno' });
+  await row.click();
+  await page.getByText('Not now.').waitFor();
+  await row.click();
+  await page.getByText('Not now.').waitFor({ state: 'detached' });
+  await row.click();
+  await eventually(() => assert.ok(finish));
+  await page.evaluate(() => {
+    const transfer = new DataTransfer();
+    transfer.items.add(new File(['text'], 'notes.txt', { type: 'text/plain' }));
+    document.querySelector('.screen').dispatchEvent(new DragEvent('drop', { dataTransfer: transfer, bubbles: true }));
+  });
+  const refusal = page.getByText('“notes.txt” is not a picture.');
+  await refusal.waitFor();
+  finish();
+  await eventually(() => assert.equal(fake.revision, 3));
+  await page.waitForTimeout(200);
+  assert.ok(await refusal.isVisible());
+});

@@ -88,6 +88,27 @@ test('The pasteboard is shown, replaced and emptied', async (t) => {
   await eventually(async () => assert.equal(await text.inputValue(), ''));
 });
 
+test('Of a long text on the pasteboard the beginning is shown, and the whole is copied to the computer', async (t) => {
+  const whole = 'x'.repeat(100_000);
+  const { fake, page } = await start(
+    t, { pasteboard: whole.slice(0, 65_536), pasteboardLength: whole.length },
+    { permissions: ['clipboard-read', 'clipboard-write'] },
+  );
+  fake.pasteboardString = whole;
+  await page.getByText('100,000 characters, the first are shown').waitFor();
+  const text = page.getByRole('textbox', { name: 'Text on the pasteboard' });
+  assert.equal(await text.isEditable(), false);
+  await page.getByRole('button', { name: 'Copy to this computer' }).click();
+  await eventually(async () => {
+    assert.equal(await page.evaluate(() => navigator.clipboard.readText()), whole);
+  });
+  await text.focus();
+  await page.keyboard.press('Control+v');
+  await eventually(() => assert.equal(fake.device.pasteboard, whole));
+  await page.getByRole('button', { name: 'Empty' }).click();
+  await eventually(() => assert.equal(fake.device.pasteboard, null));
+});
+
 test('A respring turns the screen black for a moment', async (t) => {
   const { fake, page } = await start(t, { resprings: 2 });
   await page.getByText('2 resprings').waitFor();

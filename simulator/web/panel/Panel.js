@@ -23,7 +23,7 @@ export function Panel() {
         <div class="panel-column">
           <${Notifications} notifications=${device.notifications ?? []} resprings=${device.resprings ?? 0} />
           <${OpenedAddresses} addresses=${device.openedURLs ?? []} />
-          <${Pasteboard} string=${device.pasteboard ?? null} />
+          <${Pasteboard} string=${device.pasteboard ?? null} length=${device.pasteboardLength ?? 0} />
           <${Log} lines=${device.log ?? []} />
         </div>`}
     </aside>`;

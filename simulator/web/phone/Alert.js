@@ -1,4 +1,6 @@
 import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { lengthInWords } from '/longText.js';
+import { AlertField } from '/phone/AlertField.js';
 import { trapTab } from '/phone/focusTrap.js';
 import { SessionContext } from '/session.js';
 
@@ -30,6 +32,12 @@ export function Alert({ alert }) {
     if (!(id in drafts) || sent[id] === drafts[id]) return;
     sent[id] = drafts[id];
     session.set(id, drafts[id]);
+  };
+  const edit = (id, text) => setDrafts((all) => ({ ...all, [id]: text }));
+  // What the field holds is then the device's to say.
+  const forget = (id) => {
+    delete sent[id];
+    setDrafts(({ [id]: forgotten, ...others }) => others);
   };
   const choose = (action) => {
     Object.keys(drafts).forEach(commit);
@@ -72,13 +80,16 @@ export function Alert({ alert }) {
           ${(alert.title || alert.message || alert.fields?.length > 0) && html`
             <div class="alert-texts" ref=${texts} tabindex=${scrolls ? 0 : undefined}>
               ${alert.title && html`<h2 class="alert-title" id="alert-title">${alert.title}</h2>`}
-              ${alert.message && html`<p class="alert-message" id="alert-message">${alert.message}</p>`}
+              ${alert.message && html`
+                <p class="alert-message" id="alert-message">
+                  ${alert.message}${alert.messageLength && `… (${lengthInWords(alert.messageLength)} in all)`}
+                </p>`}
               ${alert.fields?.length > 0 && html`
                 <ul class="alert-fields" role="list">
                   ${alert.fields.map((field) => html`
-                    <${Field} key=${field.id} field=${field} text=${drafts[field.id] ?? field.value ?? ''}
-                      input=${(text) => setDrafts((all) => ({ ...all, [field.id]: text }))}
-                      commit=${() => commit(field.id)} onKeyDown=${onFieldKey} />`)}
+                    <${AlertField} key=${field.id} field=${field} draft=${drafts[field.id]}
+                      edit=${(text) => edit(field.id, text)} commit=${() => commit(field.id)}
+                      forget=${() => forget(field.id)} onKeyDown=${onFieldKey} />`)}
                 </ul>`}
             </div>`}
           ${main.length > 0 && html`
@@ -87,20 +98,4 @@ export function Alert({ alert }) {
         ${sheet && cancel && html`<div class="alert-box alert-cancel">${button(cancel)}</div>`}
       </div>
     </div>`;
-}
-
-function Field({ field, text, input, commit, onKeyDown }) {
-  const element = useRef(null);
-  const clear = () => {
-    input('');
-    element.current.focus();
-  };
-  return html`
-    <li class="alert-field">
-      <input ref=${element} type=${field.secure ? 'password' : 'text'} aria-label=${field.placeholder || 'Text'}
-        placeholder=${field.placeholder ?? ''} value=${text} autocomplete="off" spellcheck=${false}
-        onInput=${(event) => input(event.target.value)} onBlur=${commit} onKeyDown=${onKeyDown} />
-      ${field.clearButton && text !== '' && html`
-        <button type="button" class="clear-button" aria-label="Clear text" onClick=${clear}></button>`}
-    </li>`;
 }

@@ -32,8 +32,10 @@ export class FakeSimulator {
   revision = 1;
   /** `{status, error}` to answer for the screen, or null. */
   failure = null;
+  /** What is on the pasteboard when it is asked for whole. */
+  pasteboardString = null;
   device = {
-    notifications: [], resprings: 0, openedURLs: [], pasteboard: null, display: displays.phone, log: [], files: [],
+    notifications: [], resprings: 0, openedURLs: [], pasteboard: null, pasteboardLength: null, display: displays.phone, log: [], files: [],
   };
   #streams = new Set();
   #server = createServer((request, response) => this.#answer(request, response));
@@ -96,8 +98,9 @@ export class FakeSimulator {
       case 'GET /api/stream': return this.#stream(response);
       case 'POST /api/events': return this.#event(body, response);
       case 'PUT /api/device/pasteboard':
-        this.changeDevice({ pasteboard: body.string });
+        this.changeDevice({ pasteboard: body.string, pasteboardLength: body.string?.length ?? null });
         return reply(response, 200, {});
+      case 'GET /api/device/pasteboard/string': return reply(response, 200, { string: this.pasteboardString });
       case 'PUT /api/device/appearance':
         this.appearance = body.style;
         return reply(response, 200, {});

@@ -46,4 +46,16 @@ TEST_F(StartTest, LogHandlerGetsTheBareLine) {
   EXPECT_EQ(lines, (std::vector<std::string>{"[Zuno] a] b 3 😀", "two\nlines"}));
 }
 
+TEST_F(StartTest, ALongLineIsCut) {
+  std::vector<std::string> lines;
+  SIMSetLogHandler(collect, &lines);
+  const std::string text = "[Zuno] " + std::string(20'000, 'x');
+  NSLog(@"%s", text.c_str());
+  SIMSetLogHandler(nullptr, nullptr);
+  ASSERT_EQ(lines.size(), 1u);
+  EXPECT_LE(lines[0].size(), 8'192u + 3);
+  EXPECT_GE(lines[0].size(), 8'000u);
+  EXPECT_EQ(lines[0], text.substr(0, lines[0].size() - 3) + "…");
+}
+
 }  // namespace

@@ -171,6 +171,21 @@ TEST_F(UITextFieldTests, APersonTypesAndLeaves) {
   EXPECT_FALSE([name isFirstResponder]);
 }
 
+TEST_F(UITextFieldTests, APersonPastesAtTheEndOfTheText) {
+  UITextField *name = field();
+  [name setText:@"old "];
+  [[UIPasteboard generalPasteboard] setString:nil];
+  EXPECT_FALSE([name sim_pasteByUser]);
+  EXPECT_EQ(taken(), "");
+  [[UIPasteboard generalPasteboard] setString:@"a\nb"];
+  EXPECT_TRUE([name sim_pasteByUser]);
+  EXPECT_OBJC_EQ([name text], @"old a b");
+  EXPECT_EQ(taken(), "shouldBegin [began] didBegin 4+0:a b [changed] shouldEnd [ended] didEnd ");
+  delegate_->_refused = {"change"};
+  EXPECT_TRUE([name sim_pasteByUser]);
+  EXPECT_OBJC_EQ([name text], @"old a b");
+}
+
 TEST_F(UITextFieldTests, ReturnComesBeforeTheEnd) {
   EXPECT_TRUE([field() sim_enterTextAndReturn:@"x"]);
   EXPECT_EQ(taken(), "shouldBegin [began] didBegin 0+0:x [changed] shouldReturn [exited] shouldEnd [ended] didEnd ");

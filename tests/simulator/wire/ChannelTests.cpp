@@ -68,6 +68,23 @@ TEST_F(ChannelTests, QueueNeverWaitsAndFlushSendsTheRestLater) {
   EXPECT_EQ(messages[0].payload, large);
 }
 
+TEST_F(ChannelTests, WhatIsQueuedBehindAHalfSentMessageComesAfterIt) {
+  const std::string large(3 << 20, 'y');
+  here_.queue({{{"number", 1}}, large});
+  ASSERT_TRUE(here_.flush());
+  here_.queue({{{"number", 2}}, large});
+  here_.queue({{{"number", 3}}, {}});
+  std::vector<Message> messages;
+  while (messages.size() < 3) {
+    ASSERT_TRUE(here_.flush());
+    ASSERT_TRUE(there_.receive(messages));
+  }
+  EXPECT_FALSE(here_.hasQueued());
+  EXPECT_EQ(messages[0].payload, large);
+  EXPECT_EQ(messages[1].payload, large);
+  EXPECT_EQ(messages[2].header, (nlohmann::json{{"number", 3}}));
+}
+
 TEST_F(ChannelTests, FlushTellsThatThePeerIsGone) {
   { const Channel gone(::dup(pair_.ends[1])); }
   ::shutdown(pair_.ends[1], SHUT_RDWR);

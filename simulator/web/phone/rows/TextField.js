@@ -1,35 +1,42 @@
 import { html, useContext } from '/modules/htm-preact.mjs';
+import { takeLongPaste } from '/longText.js';
 import { SessionContext } from '/session.js';
 import { useDraft } from '/phone/draft.js';
 
-function useCommitted(row) {
+/** What both kinds of field share: the text under edit, and the attributes of the element that shows it. */
+function useField(row, name) {
   const session = useContext(SessionContext);
-  return useDraft(String(row.value ?? ''), (text) => session.set(row.id, text));
+  const draft = useDraft(String(row.value ?? ''), (text) => session.set(row.id, text));
+  // Of a text too long to be shown whole, only its replacement can be sent.
+  const isBeginning = row.valueLength !== undefined;
+  const onKeyDown = (event) => {
+    if (event.key === 'Escape') draft.reset();
+    if (isBeginning && (event.key === 'Backspace' || event.key === 'Delete')) session.set(row.id, '');
+  };
+  const attributes = {
+    'data-part': 'main', 'data-own-keys': true, 'aria-label': name, placeholder: row.control.placeholder ?? '',
+    value: draft.text, spellcheck: false, disabled: row.enabled === false, readOnly: isBeginning,
+    onInput: draft.input, onBlur: draft.commit, onKeyDown,
+    onPaste: (event) => takeLongPaste(event, (text) => session.set(row.id, text)),
+  };
+  return { attributes, draft };
 }
 
 /** One line of text, sent by the Return key or when the field is left; Escape takes the change back. */
 export function TextField({ row, name }) {
-  const draft = useCommitted(row);
-  const { type, placeholder, keyboard } = row.control;
+  const { attributes, draft } = useField(row, name);
+  const { type, keyboard } = row.control;
   const onKeyDown = (event) => {
     if (event.key === 'Enter') draft.commit();
-    if (event.key === 'Escape') draft.reset();
+    attributes.onKeyDown(event);
   };
   return html`
-    <input type=${type === 'secureText' ? 'password' : 'text'} class="text-field" data-part="main" data-own-keys
-      aria-label=${name} placeholder=${placeholder ?? ''} inputmode=${keyboard ?? 'text'} value=${draft.text}
-      autocomplete="off" autocapitalize="off" spellcheck=${false} disabled=${row.enabled === false}
-      onInput=${draft.input} onBlur=${draft.commit} onKeyDown=${onKeyDown} />`;
+    <input ...${attributes} type=${type === 'secureText' ? 'password' : 'text'} class="text-field"
+      inputmode=${keyboard ?? 'text'} autocomplete="off" autocapitalize="off" onKeyDown=${onKeyDown} />`;
 }
 
 /** Several lines of text, sent when the field is left; Escape takes the change back. */
 export function TextView({ row, name }) {
-  const draft = useCommitted(row);
-  const onKeyDown = (event) => {
-    if (event.key === 'Escape') draft.reset();
-  };
-  return html`
-    <textarea class="text-view" data-part="main" data-own-keys aria-label=${name} value=${draft.text}
-      placeholder=${row.control.placeholder ?? ''} spellcheck=${false} disabled=${row.enabled === false}
-      onInput=${draft.input} onBlur=${draft.commit} onKeyDown=${onKeyDown}></textarea>`;
+  const { attributes } = useField(row, name);
+  return html`<textarea ...${attributes} class="text-view"></textarea>`;
 }
