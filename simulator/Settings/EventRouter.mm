@@ -1,6 +1,7 @@
 #import "Settings/EventRouter.hpp"
 
 #import <UIKit/UIKit.h>
+#import <UIKit/SharedItem.h>
 #import <UIKit/UIActivityViewController+Sim.h>
 #import <UIKit/UIAlertController+Sim.h>
 #import <UIKit/UIBarButtonItem+Sim.h>
@@ -35,12 +36,13 @@ class Route {
 
   EventResult tap() const {
     if (!hasId()) return malformed("A \"tap\" event has an \"id\".");
-    const auto part = event_.find("part");
-    if (part != event_.end() && *part != "accessory") return malformed("The \"part\" of a row is \"accessory\".");
+    if (!hasPossiblePart()) return malformed("A \"part\" is \"accessory\", \"copy\" or \"save\".");
     const auto id = elementId();
     if (!id) return unknown();
     if (id->kind == ElementKind::kAlertAction) return tapAlert(*id);
-    if (id->kind == ElementKind::kSheetItem) return pickItem(*id);
+    if (id->kind == ElementKind::kSheetItem) {
+      return isPresented(*id, [UIActivityViewController class]) ? shareItem(*id) : pickItem(*id);
+    }
     if (!isOnPage(*id)) return unknown();
     switch (id->kind) {
       case ElementKind::kBack:
@@ -57,17 +59,12 @@ class Route {
   }
 
   EventResult set() const {
-    if (!hasId()) return malformed("A \"set\" event has an \"id\".");
     const auto value = event_.find("value");
-    if (value == event_.end()) return malformed("A \"set\" event has a \"value\".");
-    const auto id = elementId();
-    if (!id) return unknown();
-    if (id->kind == ElementKind::kAlertField) return setField(*id, *value);
-    if (id->kind != ElementKind::kRow || !isOnPage(*id)) return unknown();
-    if (![table() sim_hasRowAtIndexPath:path(*id)]) return unknown();
-    const char *problem = setControl([table() sim_cellForControlEventsAtIndexPath:path(*id)], *value);
-    return problem ? refused(problem) : EventResult{};
+    if (hasId() && value == event_.end()) return malformed("A \"set\" event has a \"value\".");
+    return work("set", [&](UIView *control) { return setControl(control, *value); });
   }
+
+  EventResult paste() const { return work("paste", pasteIntoControl); }
 
   EventResult move() const {
     const auto from = indexPath("from");
@@ -75,6 +72,14 @@ class Route {
     if (!from || !to) return malformed("A \"move\" event has \"from\" and \"to\", each [section, row].");
     if (presented_ || ![table() sim_hasRowAtIndexPath:from.value()]) return unknown();
     return done([table() sim_moveRowFrom:from.value() to:to.value()], "This row cannot be moved there.");
+  }
+
+  EventResult scroll() const {
+    const auto to = indexPath("to");
+    if (!to) return malformed("A \"scroll\" event has \"to\", [section, row].");
+    if (presented_ || ![table() sim_hasRowAtIndexPath:to.value()]) return unknown();
+    [table() scrollToRowAtIndexPath:to.value() atScrollPosition:UITableViewScrollPositionMiddle animated:NO];
+    return {};
   }
 
   EventResult pick() const {
@@ -102,6 +107,15 @@ class Route {
 
  private:
   UITableView *table() const { return tableOf(page_); }
+
+  bool hasPossiblePart() const {
+    const auto part = event_.find("part");
+    return part == event_.end() || *part == "accessory" || *part == "copy" || *part == "save";
+  }
+  bool hasPart(const char *name) const {
+    const auto part = event_.find("part");
+    return part != event_.end() && *part == name;
+  }
 
   bool hasId() const {
     const auto id = event_.find("id");
@@ -141,7 +155,8 @@ class Route {
 
   EventResult tapRow(const ElementId &id) const {
     if (![table() sim_hasRowAtIndexPath:path(id)]) return unknown();
-    if (event_.contains("part")) {
+    if (hasPart("copy") || hasPart("save")) return refused("This row shares nothing.");
+    if (hasPart("accessory")) {
       return done([table() sim_tapAccessoryAtIndexPath:path(id)], "This row has no button.");
     }
     (void)[table() sim_tapRowAtIndexPath:path(id)];  // A row that refuses a tap stays as it is, as on a device.
@@ -155,12 +170,34 @@ class Route {
     return done([alert sim_tapAction:[[alert actions] objectAtIndex:id.index]], "This action is disabled.");
   }
 
-  EventResult setField(const ElementId &id, const Json &value) const {
-    if (!isPresented(id, [UIAlertController class])) return unknown();
-    NSArray *fields = [(UIAlertController *)presented_ textFields];
-    if (id.index >= [fields count]) return unknown();
-    const char *problem = setControl([fields objectAtIndex:id.index], value);
+  /// Works the control of the row or of the alert's field that the event names; `perform` says why it could not.
+  template <typename Perform>
+  EventResult work(const char *type, Perform perform) const {
+    if (!hasId()) return malformed("A \"" + std::string(type) + "\" event has an \"id\".");
+    const auto element = elementId();
+    UIView *control = element ? controlOf(*element) : nil;
+    if (!control) return unknown();
+    const char *problem = perform(control);
     return problem ? refused(problem) : EventResult{};
+  }
+
+  /// What holds the control of a row or is a field of an alert; nil for anything else, and while it is covered.
+  UIView *controlOf(const ElementId &element) const {
+    if (element.kind == ElementKind::kAlertField && isPresented(element, [UIAlertController class])) {
+      NSArray *fields = [(UIAlertController *)presented_ textFields];
+      return element.index < [fields count] ? [fields objectAtIndex:element.index] : nil;
+    }
+    if (element.kind != ElementKind::kRow || !isOnPage(element) || ![table() sim_hasRowAtIndexPath:path(element)]) return nil;
+    return [table() sim_cellForControlEventsAtIndexPath:path(element)];
+  }
+
+  EventResult shareItem(const ElementId &item) const {
+    UIActivityViewController *sheet = (UIActivityViewController *)presented_;
+    if (item.index >= [[sheet sim_activityItems] count]) return unknown();
+    if (hasPart("copy")) return done([sheet sim_copyItemAtIndex:item.index], "This cannot be copied.");
+    if (!hasPart("save")) return refused("A shared item is copied or saved: the \"part\" says which.");
+    if (!fileNameOfSharedItem([[sheet sim_activityItems] objectAtIndex:item.index])) return refused("This is no file.");
+    return done([sheet sim_finishWithActivityType:SIMActivityTypeSaveToFiles completed:YES], "This cannot be saved.");
   }
 
   EventResult pickItem(const ElementId &item) const {
@@ -215,7 +252,9 @@ EventResult routeEvent(const Json &event, UINavigationController *navigation, Pa
   const Route route(event, navigation, numbers);
   if (name == "tap") return route.tap();
   if (name == "set") return route.set();
+  if (name == "paste") return route.paste();
   if (name == "move") return route.move();
+  if (name == "scroll") return route.scroll();
   if (name == "pick") return route.pick();
   if (name == "dismiss") return route.dismiss();
   return malformed("Unknown event type.");

@@ -1,5 +1,6 @@
 #import "Settings/RowDescription.hpp"
 
+#import <Preferences/PSTableCell+Sim.h>
 #import <Preferences/Preferences.h>
 #import <QuartzCore/QuartzCore.h>
 #import <UIKit/UIKit.h>
@@ -76,21 +77,40 @@ bool isEnabled(UITableViewCell *cell, UIView *control) {
   return ![control isKindOfClass:[UIControl class]] || [(UIControl *)control isEnabled];
 }
 
+/// What the row's getter gave; a row of a list of values has its own value.
+id storedValue(UITableViewCell *cell, PSSpecifier *specifier) {
+  id value = [cell isKindOfClass:[PSTableCell class]] ? [(PSTableCell *)cell sim_rawValue] : nil;
+  return value ?: [specifier propertyForKey:PSValueKey];
+}
+
 /// Writes the rows of one table.
 class RowWriter {
  public:
   RowWriter(JsonText &out, UITableView *table, std::uint32_t page, ImageStore &images)
       : out_(out), table_(table), page_(page), images_(images) {}
 
+  /// Writes of each row what can be said without making its cell.
+  void writeOutlines(NSRange rows, NSInteger section) {
+    for (NSUInteger row = rows.location; row < NSMaxRange(rows); ++row) {
+      @autoreleasepool {
+        NSIndexPath *path = [NSIndexPath indexPathForRow:static_cast<NSInteger>(row) inSection:section];
+        out_.beginObject();
+        out_.name("id").string(idOf(path).text());
+        out_.name("outline").flag(true);
+        out_.name("height").number([table_ sim_likelyHeightOfRowAtIndexPath:path]);
+        out_.endObject();
+      }
+    }
+  }
+
   void write(NSIndexPath *path, UITableViewCell *cell) {
-    const ElementId row{ElementKind::kRow, page_, static_cast<std::uint32_t>([path section]),
-                        static_cast<std::uint32_t>([path row]), 0};
+    const ElementId row = idOf(path);
     UIView *control = findControl([cell sim_shownAccessoryView]) ?: findControl([cell contentView]);
     PSSpecifier *specifier = [cell isKindOfClass:[PSTableCell class]] ? [(PSTableCell *)cell specifier] : nil;
     out_.beginObject();
     out_.name("id").string(row.text());
     writeKind(cell, specifier);
-    writeTexts(cell);
+    writeTexts(cell, control);
     writeState(path, cell, control, specifier);
     writePicture([cell sim_imageViewIfMade]);
     writeSwipeActions(path, row);
@@ -99,6 +119,11 @@ class RowWriter {
   }
 
  private:
+  ElementId idOf(NSIndexPath *path) const {
+    return {ElementKind::kRow, page_, static_cast<std::uint32_t>([path section]),
+            static_cast<std::uint32_t>([path row]), 0};
+  }
+
   void writeKind(UITableViewCell *cell, PSSpecifier *specifier) {
     id type = [specifier propertyForKey:PSTableCellClassKey];
     id key = [specifier propertyForKey:PSKeyNameKey];
@@ -112,7 +137,7 @@ class RowWriter {
     writeText(out_.name("key"), [key isKindOfClass:[NSString class]] ? key : nil);
   }
 
-  void writeTexts(UITableViewCell *cell) {
+  void writeTexts(UITableViewCell *cell, UIView *control) {
     UILabel *label = [cell sim_textLabelIfMade];
     UILabel *detail = [cell sim_detailTextLabelIfMade];
     writeText(out_.name("label"), [label text]);
@@ -126,16 +151,18 @@ class RowWriter {
     }
     writeText(out_.name("detail"), [detail text]);
     writeColor(out_.name("detailColor"), [detail textColor]);
-    writeText(out_.name("accessibilityLabel"), [cell accessibilityLabel]);
+    writeText(out_.name("accessibilityLabel"), [cell accessibilityLabel] ?: [control accessibilityLabel]);
   }
 
   void writeState(NSIndexPath *path, UITableViewCell *cell, UIView *control, PSSpecifier *specifier) {
     writeControl(out_.name("control"), control);
-    out_.name("value");
-    if (!writeControlValue(out_, control)) writeValue(out_, [specifier propertyForKey:PSValueKey]);
+    if (NSString *text = editableText(control)) {
+      writeText(out_, "value", text);
+    } else if (!writeControlValue(out_.name("value"), control)) {
+      writeValue(out_, storedValue(cell, specifier));
+    }
     out_.name("enabled").flag(isEnabled(cell, control));
-    out_.name("selectable").flag([cell selectionStyle] != UITableViewCellSelectionStyleNone &&
-                                 [table_ sim_allowsSelectionNow]);
+    out_.name("selectable").flag([table_ sim_tapShowsAtIndexPath:path cell:cell]);
     out_.name("accessory").string(accessoryName([cell sim_shownAccessoryType]));
     out_.name("canMove").flag([table_ sim_canMoveRowAtIndexPath:path]);
     out_.name("height").number([table_ sim_heightOfRowAtIndexPath:path]);
@@ -143,7 +170,7 @@ class RowWriter {
   }
 
   void writePicture(UIImageView *icon) {
-    images_.write(out_.name("image"), [icon image]);
+    images_.write(out_.name("image"), [icon image], [icon frame].size);
     out_.name("imageStyle");
     if ([icon image]) {
       writeImageStyle(out_, icon);
@@ -216,11 +243,18 @@ void writeSections(JsonText &out, UITableView *table, std::uint32_t page, ImageS
     writeText(out.name("footer"), [table sim_titleForFooterInSection:section]);
     writeSectionView(out.name("headerView"), [table sim_viewForHeaderInSection:section], images);
     writeSectionView(out.name("footerView"), [table sim_viewForFooterInSection:section], images);
+    out.name("headerHeight").number([table sim_heightOfHeaderInSection:section]);
+    out.name("footerHeight").number([table sim_heightOfFooterInSection:section]);
     out.name("rows").beginArray();
-    [table sim_describeRowsInSection:section
-                          usingBlock:^(NSIndexPath *path, UITableViewCell *cell) {
-                            writer->write(path, cell);
-                          }];
+    const auto end = static_cast<NSUInteger>([table numberOfRowsInSection:section]);
+    const NSRange described = [table sim_rowsToDescribeInSection:section];
+    rows.writeOutlines(NSMakeRange(0, described.location), section);
+    [table sim_describeRows:described
+                  inSection:section
+                 usingBlock:^(NSIndexPath *path, UITableViewCell *cell) {
+                   writer->write(path, cell);
+                 }];
+    rows.writeOutlines(NSMakeRange(NSMaxRange(described), end - std::min(end, NSMaxRange(described))), section);
     out.endArray();
     out.endObject();
   }

@@ -1,4 +1,5 @@
 // Counts, heights and the cells of the rows that lie in the bounds.
+#include "SystemMargin.hpp"
 #import "UITableViewState.h"
 
 #include <algorithm>
@@ -34,6 +35,7 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
 - (void)sim_reload {
   auto &state = *_tableViewState;
   state.loaded = true;  // Before the questions: the data source may ask for the counts in turn.
+  state.laidOutWidth = [self bounds].size.width;
   [self sim_retireAllCells];
   for (sim::SectionParts &parts : state.parts) [self sim_dropParts:parts];
   state.parts.clear();
@@ -62,7 +64,9 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
   const bool asksAll = state.has.rowHeight && !state.has.estimatedRowHeight && state.estimatedRowHeight == 0;
   CGFloat estimate = state.estimatedRowHeight;
   if (!(estimate > 0)) {
-    estimate = !state.has.rowHeight && isHeight(state.rowHeight) ? state.rowHeight : defaultRowHeight;
+    estimate = !state.has.rowHeight && isHeight(state.rowHeight) ? state.rowHeight
+               : state.learnedRowHeight > 0                      ? state.learnedRowHeight
+                                                                 : defaultRowHeight;
   }
   // The delegate's code may reload: what it is asked about may be gone when it has answered.
   for (sim::RowIndex index{section, 0}; state.geometry.contains(index); ++index.row) {
@@ -87,13 +91,30 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
     if (!cell) return;
     height = [cell sizeThatFits:CGSizeMake([cell bounds].size.width, 0)].height;
     if (!isHeight(height)) height = defaultRowHeight;
+    [self sim_learnRowHeight:height];
   }
   if (state.geometry.contains(index)) state.geometry.setHeight(index, height, true);
 }
 
+/// Without an estimate of its owner's, a table view makes its own: rows of one table are alike as a rule, and a long one
+/// would jump under the user as its rows become known.
+- (void)sim_learnRowHeight:(CGFloat)height {
+  auto &state = *_tableViewState;
+  if (state.learnedRowHeight > 0 || state.estimatedRowHeight > 0 || state.has.estimatedRowHeight) return;
+  state.learnedRowHeight = height;
+  for (sim::RowIndex index{0, 0}; index.section < state.geometry.sectionCount(); ++index.section) {
+    for (index.row = 0; index.row < state.geometry.rowCount(index.section); ++index.row) {
+      if (!state.geometry.isFinal(index)) state.geometry.setHeight(index, height, false);
+    }
+  }
+}
+
+- (CGFloat)sim_margin {
+  return sim::marginForWidth([self bounds].size.width);
+}
+
 - (CGFloat)sim_rowInset {
-  if (_tableViewState->style != UITableViewStyleInsetGrouped) return 0;
-  return [self bounds].size.width >= 400 ? 20 : 16;
+  return _tableViewState->style == UITableViewStyleInsetGrouped ? [self sim_margin] : 0;
 }
 
 - (CGRect)sim_rectOf:(sim::RowIndex)index {
@@ -162,12 +183,24 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
   state.layingOut = true;
   @try {
     [self sim_loadIfNeeded];
+    [self sim_followWidth];
     [self sim_showRows];
     [self sim_showSectionParts];
     [self sim_placeViewsBesideRows];
   } @finally {
     state.layingOut = false;
   }
+}
+
+/// Texts wrap otherwise in another width, so that no height holds any more.
+- (void)sim_followWidth {
+  auto &state = *_tableViewState;
+  const CGFloat width = [self bounds].size.width;
+  if (width == state.laidOutWidth) return;
+  state.laidOutWidth = width;
+  for (const auto &[at, cell] : state.live) [cell.get() setFrame:[self sim_rectOf:at]];
+  [self sim_setTitleInsets];
+  [self sim_heightsChanged];
 }
 
 - (void)sim_layOutRows {

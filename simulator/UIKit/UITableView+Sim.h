@@ -26,7 +26,16 @@
 /// visitor must not change the table view. Time is linear in the number of rows.
 - (void)sim_describeRowsInSection:(NSInteger)section
                        usingBlock:(void (^)(NSIndexPath *indexPath, UITableViewCell *cell))visitor;
+/// The same for the rows of `rows` alone.
+- (void)sim_describeRows:(NSRange)rows
+               inSection:(NSInteger)section
+              usingBlock:(void (^)(NSIndexPath *indexPath, UITableViewCell *cell))visitor;
+/// The rows of `section` to make cells for: all of them, or in a table view of more than a thousand rows those within
+/// some screens of the bounds.
+- (NSRange)sim_rowsToDescribeInSection:(NSInteger)section;
 
+/// The height in points, an estimate where only the cell knows it; 0 for a row that is not there. Makes no cell.
+- (CGFloat)sim_likelyHeightOfRowAtIndexPath:(NSIndexPath *)indexPath;
 /// The final height in points, never an estimate; 0 for a row that is not there.
 - (CGFloat)sim_heightOfRowAtIndexPath:(NSIndexPath *)indexPath;
 /// Scrolls the row into the bounds and gives its live cell, whose controls may then be worked; nil for a row that is
@@ -41,12 +50,19 @@
 /// The delegate's own view; nil when it gives none. Kept by the table view until the section is loaded again.
 - (UIView *)sim_viewForHeaderInSection:(NSInteger)section;
 - (UIView *)sim_viewForFooterInSection:(NSInteger)section;
+/// The space above the rows, in points: of the delegate's choice, or what the title or the distance from the section
+/// before takes.
+- (CGFloat)sim_heightOfHeaderInSection:(NSInteger)section;
+/// The space below the rows.
+- (CGFloat)sim_heightOfFooterInSection:(NSInteger)section;
 @end
 
 /// All of these answer NO, nothing or UITableViewCellEditingStyleNone for a path that names no row.
 @interface UITableView (SimSelection)
 /// YES when selection is allowed in the present mode; the row itself may still refuse a tap.
 @property (nonatomic, readonly) BOOL sim_allowsSelectionNow;
+/// Whether a tap on the row, which `cell` shows, does anything that can be seen. The delegate may still refuse it.
+- (BOOL)sim_tapShowsAtIndexPath:(NSIndexPath *)indexPath cell:(UITableViewCell *)cell;
 /// What a finger does: scrolls the row into the bounds, highlights, selects. NO when the row refuses.
 - (BOOL)sim_tapRowAtIndexPath:(NSIndexPath *)indexPath;
 /// NO when the row shows no button as its accessory, or the delegate does not take it.

@@ -1,23 +1,89 @@
 // How the host goes through the rows.
 #import "UITableViewState.h"
 
+#include <algorithm>
+
+namespace {
+
+// A cell takes some 60 µs to make and to describe, so that a thousand are ready before a person notices a wait.
+constexpr long mostDescribedRows = 1000;
+// Points above and below the bounds in which the rows of a longer table view are described: ten screens, or the rows
+// that a fast flick passes in half a second.
+constexpr CGFloat describedMargin = 8000;
+
+long rowCount(const sim::TableGeometry &geometry) {
+  long count = 0;
+  for (long section = 0; section < geometry.sectionCount(); ++section) count += geometry.rowCount(section);
+  return count;
+}
+
+// How many rows of `section`, which has `count`, come before `index` in display order; all when there is no such row.
+long rowsBefore(std::optional<sim::RowIndex> index, long section, long count) {
+  if (!index || index->section > section) return count;
+  return index->section < section ? 0 : index->row;
+}
+
+}  // namespace
+
 @implementation UITableView (Sim)
 
 - (void)sim_prepareForDescription {
   if (!_tableViewState->loaded) [self setNeedsLayout];
   [self layoutIfNeeded];
+  [self sim_settleHeightsToDescribe];
+}
+
+/// Which rows of a long table view are described depends on their heights, and must not change by describing them.
+- (void)sim_settleHeightsToDescribe {
+  const auto &geometry = _tableViewState->geometry;
+  if (rowCount(geometry) <= mostDescribedRows) return;
+  for (bool settled = true; settled;) {
+    settled = false;
+    for (sim::RowIndex index{0, 0}; index.section < geometry.sectionCount(); ++index.section) {
+      const NSRange rows = [self sim_rowsToDescribeInSection:index.section];
+      for (index.row = long(rows.location); index.row < long(NSMaxRange(rows)) && geometry.contains(index); ++index.row) {
+        if (geometry.isFinal(index)) continue;
+        settled = true;
+        (void)[self sim_heightOfRowAtIndexPath:sim::pathOf(index)];
+      }
+    }
+  }
 }
 
 - (void)sim_describeRowsInSection:(NSInteger)section
                        usingBlock:(void (^)(NSIndexPath *indexPath, UITableViewCell *cell))visitor {
+  [self sim_describeRows:NSMakeRange(0, NSIntegerMax) inSection:section usingBlock:visitor];
+}
+
+- (void)sim_describeRows:(NSRange)rows
+               inSection:(NSInteger)section
+              usingBlock:(void (^)(NSIndexPath *indexPath, UITableViewCell *cell))visitor {
   [self sim_loadIfNeeded];
-  auto &state = *_tableViewState;
+  const auto &geometry = _tableViewState->geometry;
   if (section < 0) return;
-  for (long row = 0; section < state.geometry.sectionCount() && row < state.geometry.rowCount(section); ++row) {
+  // A visitor may make the table view ask for its rows anew.
+  for (long row = long(rows.location); section < geometry.sectionCount() &&
+                                       row < std::min(geometry.rowCount(section), long(NSMaxRange(rows)));
+       ++row) {
     @autoreleasepool {
       [self sim_visitRow:{section, row} usingBlock:visitor];
     }
   }
+}
+
+- (NSRange)sim_rowsToDescribeInSection:(NSInteger)section {
+  [self sim_loadIfNeeded];
+  const auto &geometry = _tableViewState->geometry;
+  if (section < 0 || section >= geometry.sectionCount()) return NSMakeRange(0, 0);
+  const long count = geometry.rowCount(section);
+  if (rowCount(geometry) <= mostDescribedRows) return NSMakeRange(0, NSUInteger(count));
+
+  const CGRect bounds = [self bounds];
+  const double bottom = bounds.origin.y + bounds.size.height + describedMargin;
+  const auto last = geometry.firstRowEndingAfter(bottom);
+  const long first = rowsBefore(geometry.firstRowEndingAfter(bounds.origin.y - describedMargin), section, count);
+  const long end = rowsBefore(last ? geometry.next(*last) : last, section, count);
+  return NSMakeRange(NSUInteger(first), NSUInteger(std::max(end - first, 0L)));
 }
 
 - (void)sim_visitRow:(sim::RowIndex)index
@@ -50,17 +116,23 @@
   }
 }
 
-- (CGFloat)sim_heightOfRowAtIndexPath:(NSIndexPath *)indexPath {
+- (CGFloat)sim_likelyHeightOfRowAtIndexPath:(NSIndexPath *)indexPath {
   [self sim_loadIfNeeded];
+  const sim::RowIndex index = sim::indexOf(indexPath);
+  if (!_tableViewState->geometry.contains(index)) return 0;
+  [self sim_settleHeightOf:index cell:nil];
+  return _tableViewState->geometry.height(index);
+}
+
+- (CGFloat)sim_heightOfRowAtIndexPath:(NSIndexPath *)indexPath {
   auto &state = *_tableViewState;
+  const CGFloat likely = [self sim_likelyHeightOfRowAtIndexPath:indexPath];
   const sim::RowIndex index = sim::indexOf(indexPath);
   if (!state.geometry.contains(index)) return 0;
-  [self sim_settleHeightOf:index cell:nil];
-  if (!state.geometry.isFinal(index)) {
-    [self sim_visitRow:index
-            usingBlock:^(NSIndexPath *, UITableViewCell *){
-            }];
-  }
+  if (state.geometry.isFinal(index)) return likely;
+  [self sim_visitRow:index
+          usingBlock:^(NSIndexPath *, UITableViewCell *){
+          }];
   return state.geometry.contains(index) ? state.geometry.height(index) : 0;
 }
 

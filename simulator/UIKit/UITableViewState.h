@@ -60,6 +60,7 @@ struct TableViewState {
 
   CGFloat rowHeight = UITableViewAutomaticDimension;
   CGFloat estimatedRowHeight = UITableViewAutomaticDimension;
+  CGFloat learnedRowHeight = 0;  // Of the first row that a cell gave a height; 0 before.
   CGFloat headerHeight = UITableViewAutomaticDimension;
   CGFloat footerHeight = UITableViewAutomaticDimension;
   CGFloat headerTopPadding = UITableViewAutomaticDimension;
@@ -71,6 +72,7 @@ struct TableViewState {
   objcxx::Retained<UIView> tableFooterView;
 
   bool loaded = false;    // Whether `geometry` holds the counts of the data source.
+  CGFloat laidOutWidth = 0;  // What the heights were measured for.
   bool layingOut = false;
   TableGeometry geometry;
   std::vector<SectionParts> parts;
@@ -123,7 +125,15 @@ inline RowIndex indexOf(NSIndexPath *path) {
 - (void)sim_layOutRows;
 - (void)sim_scrollTo:(sim::RowIndex)index position:(UITableViewScrollPosition)position;
 - (CGRect)sim_rectOf:(sim::RowIndex)index;
+/// The distance of texts from the edges of rows, headers and footers.
+- (CGFloat)sim_margin;
+/// The distance of the rows from the edges of the table view.
 - (CGFloat)sim_rowInset;
+@end
+
+@interface UITableView (SimHeights)
+/// All heights follow from the delegate, the titles and the cells once more.
+- (void)sim_heightsChanged;
 @end
 
 @interface UITableView (SimUpdates)
@@ -134,6 +144,8 @@ inline RowIndex indexOf(NSIndexPath *path) {
 @interface UITableView (SimSections)
 /// Sets the heights of the section's header and footer.
 - (void)sim_measureSection:(long)section;
+/// Keeps the titles of all sections off the edges as far as the width asks for.
+- (void)sim_setTitleInsets;
 /// Puts the headers and footers that lie in the bounds on the screen.
 - (void)sim_showSectionParts;
 - (void)sim_dropParts:(sim::SectionParts &)parts;

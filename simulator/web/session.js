@@ -4,24 +4,30 @@ import { ImageCache } from '/images.js';
 import { Store } from '/store.js';
 import { readEvents } from '/stream.js';
 import { signatureOf } from '/targets.js';
+import { Uploads } from '/uploads.js';
 
 export const SessionContext = createContext(null);
 
 const shortestPause = 300;
 const longestPause = 5000;
 const attempts = 3;
+// Milliseconds after which people wonder whether their input was taken.
+const noticeable = 500;
 
 /**
  * What this tab knows of the device, kept current by the event stream, and the way to send input to it.
  *
  * `store.state`: `connection` ("connecting", "open", "lost" or "refused"), `screen`, `screenError` (why there is no
- * screen), `device`, `announcement` (for assistive technology), `notice` (a refusal to show).
+ * screen), `device`, `announcement` (for assistive technology), `notice` (a refusal to show), `isWorking` (an
+ * input has not been answered for a while), `upload` (see uploads.js).
  */
 export class Session {
   store = new Store({
     connection: 'connecting', screen: null, screenError: null, device: null, announcement: '', notice: null,
+    isWorking: false, upload: null,
   });
   images;
+  uploads;
   #api;
   #input = Promise.resolve();
   #stream = null;
@@ -31,6 +37,7 @@ export class Session {
   constructor(api) {
     this.#api = api;
     this.images = new ImageCache((url) => api.blob(url));
+    this.uploads = new Uploads(this, api);
     this.#refreshScreen = coalesced(() => this.#loadScreen());
     this.#refreshDevice = coalesced(() => this.#loadDevice());
   }
@@ -52,6 +59,26 @@ export class Session {
     return this.#sendTo(id, { type: 'set', id, value });
   }
 
+  /** Adds what is on the device's pasteboard to the text of a field. */
+  paste(id) {
+    return this.#sendTo(id, { type: 'paste', id });
+  }
+
+  /** Has the device scroll to a row of which the screen has the outline only, so that it is described. */
+  reveal(section, row) {
+    this.#input = this.#input.then(async () => {
+      const { screen } = this.store.state;
+      if (!screen?.page.sections[section]?.rows[row]?.outline) return;
+      try {
+        this.#show(await this.#api.event({ type: 'scroll', to: [section, row], revision: screen.revision }));
+      } catch (error) {
+        if (!(error instanceof ApiError)) throw error;
+        await this.#refreshScreen();
+      }
+    });
+    return this.#input;
+  }
+
   /**
    * Sends one input event after all earlier ones were answered, and shows the screen that it led to.
    *
@@ -59,9 +86,16 @@ export class Session {
    * that the user saw, and nothing is sent. Resolves with true when the simulator accepted the event. Never rejects.
    */
   send(make) {
-    const sent = this.#input.then(() => this.#deliver(make));
-    this.#input = sent;
-    return sent;
+    return this.#queue((screen) => {
+      const event = make(screen);
+      return event && this.#api.event({ ...event, revision: screen.revision });
+    });
+  }
+
+  /** Picks a file of this computer in the document picker on the screen; otherwise like `send`. */
+  pickFile(file, progress) {
+    return this.#queue((screen) => (
+      screen.sheet?.kind === 'documents' ? this.#api.pickFile(file, screen.revision, progress) : null));
   }
 
   /** Resolves with null or with the reason why the pasteboard was not changed. */
@@ -73,6 +107,11 @@ export class Session {
     }
     await this.#refreshDevice();
     return null;
+  }
+
+  /** Resolves with the whole text on the pasteboard, of which the device's state has the beginning; null for none. */
+  async pasteboardString() {
+    return (await this.#api.pasteboardString()).string;
   }
 
   /** `kind` is "phone" or "tablet". The screen on it comes when the device has laid it out anew. */
@@ -106,14 +145,33 @@ export class Session {
     return this.send((screen) => (signatureOf(screen, id) === meant ? event : null));
   }
 
-  async #deliver(make) {
+  #queue(perform) {
+    const done = this.#input.then(() => this.#deliver(perform));
+    this.#input = done;
+    return done;
+  }
+
+  // `perform` resolves with the screen that the input led to; it is null when the input makes no sense any more.
+  async #deliver(perform) {
+    const working = setTimeout(() => this.store.set({ isWorking: true }), noticeable);
+    try {
+      return await this.#attempt(perform);
+    } finally {
+      clearTimeout(working);
+      if (this.store.state.isWorking) this.store.set({ isWorking: false });
+    }
+  }
+
+  async #attempt(perform) {
+    const { notice } = this.store.state;
     for (let attempt = 0; attempt < attempts; attempt += 1) {
       const { screen } = this.store.state;
-      const event = screen && make(screen);
-      if (!event) break;
+      const answer = screen && perform(screen);
+      if (!answer) break;
       try {
-        this.#show(await this.#api.event({ ...event, revision: screen.revision }));
-        this.store.set({ notice: null });
+        this.#show(await answer);
+        // One that came meanwhile is about something else.
+        if (this.store.state.notice === notice) this.store.set({ notice: null });
         return true;
       } catch (error) {
         await this.#refreshScreen();
@@ -148,8 +206,7 @@ export class Session {
       const resprung = known !== null && device.resprings !== known.resprings;
       this.store.set(resprung ? { device, screen: null, notice: null } : { device });
       if (!resprung) return;
-      // Settings has started afresh: what was on its screen, and the numbers of its pictures, mean nothing any more.
-      this.images.clear();
+      // Settings has started afresh: what was on its screen means nothing any more.
       this.#refreshScreen();
     } catch (error) {
       if (!(error instanceof ApiError)) throw error;

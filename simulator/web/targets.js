@@ -9,8 +9,9 @@ export function signatureOf(screen, id) {
   return null;
 }
 
-/** What tells a row from its neighbours; two rows of one page may share it. */
+/** What tells a row from its neighbours; two rows of one page may share it. Of an outline only its place is known. */
 export function identityOf(row) {
+  if (row.outline) return `outline ${row.id}`;
   return row.key ? `key ${row.key}` : `${row.cellClass ?? row.cell} ${row.label ?? ''}`;
 }
 

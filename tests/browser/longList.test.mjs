@@ -80,3 +80,54 @@ test('Scrolling draws each row once, and typing draws none', async (t) => {
   assert.equal(await page.evaluate(() => globalThis.added), before);
   assert.deepEqual(fake.events, []);
 });
+
+/** A list of which only the rows near the row that was scrolled to last are described. */
+function outlinedList(section1, row1) {
+  const whole = list();
+  whole.page.sections.forEach(({ rows }, section) => rows.forEach((row, at) => {
+    if (section === section1 && Math.abs(at - row1) <= 200) return;
+    if (section === 0 && section1 === 1 && row1 <= 200) return;
+    rows[at] = { id: row.id, outline: true, height: 44 };
+  }));
+  return whole;
+}
+
+function startOutlined(t) {
+  return startFake(t, outlinedList(1, 0), (event, fake) => {
+    if (event.type === 'scroll') fake.screen = outlinedList(...event.to);
+  });
+}
+
+test('Rows that the screen only outlines are asked for when the user comes to them', async (t) => {
+  const { fake, url } = await startOutlined(t);
+  const page = await openPage(t, url);
+  await page.getByRole('button', { name: 'App 0', exact: true }).waitFor();
+  assert.deepEqual(fake.events, []);
+  for (const place of [5000, 9000, 5100, 20]) {
+    await scrollTo(page, 44 * place);
+    await page.getByRole('button', { name: `App ${place + 5}`, exact: true }).waitFor();
+  }
+  assert.ok(fake.events.every(({ type }) => type === 'scroll'));
+  assert.ok(fake.events.length <= 8, `${fake.events.length} events`);
+  await scrollTo(page, 0);
+  await page.getByRole('textbox', { name: 'Name' }).waitFor();
+  const events = fake.events.length;
+  await page.waitForTimeout(300);
+  assert.equal(fake.events.length, events, 'what is described is not asked for again');
+});
+
+test('The focus goes to rows that were only outlined, and stays when its row is so again', async (t) => {
+  const { url } = await startOutlined(t);
+  const page = await openPage(t, url);
+  await page.getByRole('button', { name: 'App 0', exact: true }).focus();
+  await page.keyboard.press('End');
+  const last = page.getByRole('button', { name: `App ${count - 1}`, exact: true });
+  await eventually(async () => assert.ok(await hasFocus(last)));
+  await page.keyboard.press('Home');
+  await eventually(async () => assert.ok(await hasFocus(page.getByRole('textbox', { name: 'Name' }))));
+  await page.getByRole('button', { name: 'App 3', exact: true }).focus();
+  await scrollTo(page, 44 * 4000);
+  await page.getByRole('button', { name: 'App 4005', exact: true }).waitFor();
+  await page.keyboard.press('ArrowDown');
+  await eventually(async () => assert.ok(await hasFocus(page.getByRole('button', { name: 'App 4', exact: true }))));
+});

@@ -3,17 +3,19 @@ import { SessionContext } from '/session.js';
 import { useStore } from '/store.js';
 import { Alert } from '/phone/Alert.js';
 import { DevicePlace } from '/phone/DevicePlace.js';
+import { DropArea } from '/phone/DropArea.js';
 import { Navigation } from '/phone/Navigation.js';
 import { RespringCover } from '/phone/RespringCover.js';
 import { Sheet } from '/phone/Sheet.js';
 import { StatusSymbols } from '/phone/symbols.js';
+import { UploadProgress } from '/phone/UploadProgress.js';
 
 const phoneDisplay = { kind: 'phone', width: 390, height: 844 };
 
 /** The phone: its frame, the Settings application on its screen, and whatever lies over that. */
 export function Phone() {
   const session = useContext(SessionContext);
-  const { screen, screenError, device, notice, connection } = useStore(session.store);
+  const { screen, screenError, device, notice, isWorking, connection } = useStore(session.store);
   const content = useRef(null);
   const covered = Boolean(screen?.alert || screen?.sheet);
   useFocusReturn(content, covered);
@@ -30,6 +32,11 @@ export function Phone() {
           <${Sheet} key=${screen.sheet.kind} sheet=${screen.sheet} covered=${Boolean(screen.alert)} />`}
         ${screen?.alert && html`<${Alert} key=${alertKey(screen.alert)} alert=${screen.alert} />`}
         <${Notice} text=${connection === 'lost' ? 'The simulator does not answer. Reconnecting…' : notice} />
+        <${UploadProgress} />
+        <div class="working-sign" role="status">
+          ${isWorking && html`<span class="spinner"></span><span class="visually-hidden">Working…</span>`}
+        </div>
+        <${DropArea} />
         <div class="status-bar" aria-hidden="true"><span class="status-time">9:41</span><${StatusSymbols} /></div>
         <div class="home-indicator" aria-hidden="true"></div>
         <${RespringCover} count=${device?.resprings ?? null} />

@@ -2,6 +2,7 @@ import { html, useEffect, useLayoutEffect, useMemo, useRef, useState } from '/mo
 import { CustomViews } from '/phone/CustomViews.js';
 import { dragLayout, rowAt, topsOf } from '/phone/layout.js';
 import { pixelsPerPoint } from '/phone/points.js';
+import { useDescribedRows, useKnownRows } from '/phone/outlines.js';
 import { Row, rowStyle } from '/phone/Row.js';
 import { identityOf } from '/targets.js';
 
@@ -14,13 +15,14 @@ const stepOfRange = 8;
 export function Section({
   section, number, scroller, active, reordering, restoreFocus, openSwipe, setOpenSwipe,
 }) {
-  const { rows } = section;
+  const rows = useKnownRows(section.rows, active);
   const list = useRef(null);
   const tops = useMemo(() => topsOf(rows), [rows]);
   const keys = useMemo(() => keysOf(rows), [rows]);
-  const [first, last] = useVisibleRange(list, scroller, tops);
+  const { first, last, isNear } = useVisibleRange(list, scroller, rows, tops);
   const { drag } = reordering;
   const { offset, total } = dragLayout(number, tops, drag);
+  useDescribedRows({ rows: section.rows, section: number, first, last, isNear, active });
   useLayoutEffect(restoreFocus);
   const headerId = `header-${number}`;
   const isChoice = rows.some((row) => row.accessory === 'checkmark');
@@ -39,19 +41,21 @@ export function Section({
       data-first=${at === 0} data-last=${at === rows.length - 1} data-custom=${rows[at].views?.length > 0}
       data-swipe=${openSwipe === at ? 'open' : 'closed'} aria-setsize=${rows.length} aria-posinset=${at + 1}
       style=${rowStyle(rows[at], tops[at] + offset(at))}>
-      <${Row} row=${rows[at]} section=${number} index=${at} header=${section.header} isChoice=${isChoice}
-        reordering=${reordering} swipeOpen=${openSwipe === at}
-        setSwipeOpen=${(open) => setOpenSwipe(open ? at : null)} />
+      ${!rows[at].outline && html`
+        <${Row} row=${rows[at]} section=${number} index=${at} header=${section.header} isChoice=${isChoice}
+          reordering=${reordering} swipeOpen=${openSwipe === at}
+          setSwipeOpen=${(open) => setOpenSwipe(open ? at : null)} />`}
     </li>`;
 
   return html`
     <div class="section" role=${section.header ? 'group' : undefined}
       aria-labelledby=${section.header ? headerId : undefined}>
       ${section.headerView
-        ? html`<${SectionView} view=${section.headerView} />`
+        ? html`<${SectionView} view=${section.headerView} height=${section.headerHeight} />`
         : section.header
-          ? html`<h3 class="section-header" id=${headerId}>${section.header}</h3>`
-          : html`<div class="section-gap"></div>`}
+          ? html`<h3 class="section-slot section-header" id=${headerId} style=${slotOf(section.headerHeight)}>
+              ${section.header}</h3>`
+          : html`<div class="section-slot" style=${slotOf(section.headerHeight)}></div>`}
       ${rows.length === 0
         ? html`<div class="rows-empty" data-list=${number} style=${{ height: `${total}px` }}></div>`
         : html`
@@ -59,17 +63,24 @@ export function Section({
             ${indexes.map(item)}
           </ul>`}
       ${section.footerView
-        ? html`<${SectionView} view=${section.footerView} />`
-        : section.footer && html`<p class="section-footer">${section.footer}</p>`}
+        ? html`<${SectionView} view=${section.footerView} height=${section.footerHeight} />`
+        : section.footer
+          ? html`<p class="section-slot section-footer" style=${slotOf(section.footerHeight)}>${section.footer}</p>`
+          : html`<div class="section-slot" style=${slotOf(section.footerHeight)}></div>`}
     </div>`;
 }
 
-/** A view in place of a header's or footer's text. Where it lies in the table is the list's matter. */
-function SectionView({ view }) {
-  const [x, , width, height] = view.frame;
+/** Style of what lies above or below the rows; the simulator's own pages leave the height to the style sheet. */
+function slotOf(height) {
+  return Number.isFinite(height) ? { '--slot': `${height}px`, minHeight: `${height}px` } : undefined;
+}
+
+/** A view in place of a header's or footer's text. It may be higher than the space that it gets, as on the device. */
+function SectionView({ view, height }) {
+  const [x, , width, ownHeight] = view.frame;
   return html`
-    <div class="section-view" style=${{ height: `${height}px` }}>
-      <${CustomViews} views=${[{ ...view, frame: [x, 0, width, height] }]} on="page" />
+    <div class="section-view" style=${{ height: `${height ?? ownHeight}px` }}>
+      <${CustomViews} views=${[{ ...view, frame: [x, 0, width, ownHeight] }]} on="page" />
     </div>`;
 }
 
@@ -84,21 +95,24 @@ function keysOf(rows) {
   });
 }
 
-/** First and last row to draw, as the list lies in its scroller. */
-function useVisibleRange(list, scroller, tops) {
-  const count = tops.length - 1;
-  const whole = count <= drawnWhole;
-  const [range, setRange] = useState([0, drawnWhole]);
+/** First and last row to draw, as the list lies in its scroller, and whether the list comes near what can be seen. */
+function useVisibleRange(list, scroller, rows, tops) {
+  const count = rows.length;
+  const whole = useMemo(() => count <= drawnWhole && !rows.some(({ outline }) => outline), [rows]);
+  const [range, setRange] = useState({ first: 0, last: drawnWhole, isNear: false });
 
   const measure = () => {
     if (!list.current || !scroller.current) return;
     const view = scroller.current.getBoundingClientRect();
     const scale = pixelsPerPoint(scroller.current);
-    const above = (view.top - list.current.getBoundingClientRect().top) / scale;
-    const first = rowAt(tops, above - overscan);
-    const last = rowAt(tops, above + view.height / scale + overscan);
-    const next = [first - (first % stepOfRange), last + stepOfRange - (last % stepOfRange)];
-    setRange((now) => (now[0] === next[0] && now[1] === next[1] ? now : next));
+    const top = (view.top - list.current.getBoundingClientRect().top) / scale - overscan;
+    const bottom = top + view.height / scale + 2 * overscan;
+    const [above, below] = [rowAt(tops, top), rowAt(tops, bottom)];
+    const next = {
+      first: above - (above % stepOfRange), last: below + stepOfRange - (below % stepOfRange),
+      isNear: bottom > 0 && top < tops[count],
+    };
+    setRange((now) => (Object.keys(next).every((name) => next[name] === now[name]) ? now : next));
   };
 
   useLayoutEffect(() => {
@@ -116,5 +130,5 @@ function useVisibleRange(list, scroller, tops) {
     };
   }, [whole, tops]);
 
-  return whole ? [0, count - 1] : range;
+  return whole ? { first: 0, last: count - 1, isNear: true } : range;
 }

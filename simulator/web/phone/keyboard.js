@@ -2,8 +2,9 @@
 
 const pageOfRows = 10;
 
-/** Whether the focus can be on something in `row`. */
+/** Whether the focus can be on something in `row`; of an outline it is assumed. */
 export function rowCanFocus(row) {
+  if (row.outline) return true;
   const hasControl = row.control && row.control.type !== 'spinner';
   return row.enabled !== false && Boolean(hasControl || row.selectable || row.canMove || row.swipeActions?.length);
 }

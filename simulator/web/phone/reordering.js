@@ -72,7 +72,11 @@ export function useReordering({ page, scroller, table, session, focusRow }) {
 function sameRows(one, other) {
   return one === other || (one.sections.length === other.sections.length
     && one.sections.every(({ rows }, at) => rows.length === other.sections[at].rows.length
-      && rows.every((row, index) => identityOf(row) === identityOf(other.sections[at].rows[index]))));
+      && rows.every((row, index) => mayBeSame(row, other.sections[at].rows[index]))));
+}
+
+function mayBeSame(one, other) {
+  return one.outline || other.outline || identityOf(one) === identityOf(other);
 }
 
 /** Where a row goes by one step: within its section, or over its edge into the next one. */

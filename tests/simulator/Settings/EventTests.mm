@@ -1,5 +1,6 @@
 // Every kind of event, and every reason to refuse one.
 #import <UIKit/UIKit.h>
+#import <UIKit/UIPasteboard+Sim.h>
 
 #include "simulator/Settings/SessionTest.h"
 
@@ -36,7 +37,7 @@ TEST_F(EventTest, MalformedEventsAreRefused) {
   for (const char *text : {
            "null", "[]", "3", "\"tap\"", "{}", R"({"type":3})", R"({"type":"push"})", R"({"type":"tap"})",
            R"({"type":"tap","id":3})", R"({"type":"tap","id":null})", R"({"type":"set","id":"row1.0.0"})",
-           R"({"type":"set","value":true})", R"({"type":"tap","id":"row1.0.0","part":"left"})",
+           R"({"type":"set","value":true})", R"({"type":"paste"})", R"({"type":"paste","id":3})", R"({"type":"tap","id":"row1.0.0","part":"left"})",
            R"({"type":"tap","id":"row1.0.0","part":1})", R"({"type":"move"})", R"({"type":"move","from":[0,0]})",
            R"({"type":"move","from":[0,0],"to":[0]})", R"({"type":"move","from":[0,0],"to":[0,-1]})",
            R"({"type":"move","from":[0,0.5],"to":[0,1]})", R"({"type":"move","from":[0,4294967296],"to":[0,1]})",
@@ -55,6 +56,7 @@ TEST_F(EventTest, UnknownIdsAreRefused) {
                          "action1.0", "field1.0", "item1.0", "cell1.0.0", "\xc3\xa9"}) {
     expectRefused({{"type", "tap"}, {"id", id}}, 404);
     expectRefused({{"type", "set"}, {"id", id}, {"value", true}}, 404);
+    expectRefused({{"type", "paste"}, {"id", id}}, 404);
   }
   expectRefused({{"type", "move"}, {"from", {0, 2}}, {"to", {0, 0}}}, 404);
   EXPECT_EQ(calls(page), "");
@@ -139,8 +141,10 @@ TEST_F(EventTest, TextFieldsTakeAnyText) {
   for (const std::string &text : {std::string("plain"), std::string("\"\\\t\x01"), std::string("a\0b", 3),
                                   std::string("\xf0\x9f\x98\x80"), std::string(300000, 'x'), std::string()}) {
     EXPECT_EQ(set(rowId(0, 0), text), 200);
-    EXPECT_EQ(row(0, 0)["value"], text);
+    EXPECT_EQ([[control text] lengthOfBytesUsingEncoding:NSUTF8StringEncoding], text.size());
+    EXPECT_TRUE(row(0, 0)["value"] == text.substr(0, 65'536));
   }
+  EXPECT_FALSE(row(0, 0).contains("valueLength"));
 }
 
 TEST_F(EventTest, DisabledControlsAreLeftAlone) {
@@ -231,6 +235,74 @@ TEST_F(EventTest, DisabledActionsAreRefused) {
   session().refresh();
   EXPECT_EQ(screen()["alert"]["actions"][0]["enabled"], false);
   expectRefused({{"type", "tap"}, {"id", actionId(0)}}, 422);
+}
+
+TEST_F(EventTest, ScrollingBringsTheDescriptionOfTheRowsThere) {
+  NSMutableArray *many = [NSMutableArray array];
+  for (int i = 0; i < 3000; ++i) [many addObject:[NSString stringWithFormat:@"row %d", i]];
+  startList(@[ @[ @"first" ], many ]);
+  EXPECT_EQ(row(0, 0)["label"], "first");
+  EXPECT_EQ(row(1, 0)["label"], "row 0");
+  EXPECT_EQ(page()["sections"][1]["rows"].size(), 3000u);
+  const Json outline = row(1, 2000);
+  EXPECT_EQ(outline, (Json{{"id", rowId(1, 2000)}, {"outline", true}, {"height", outline["height"]}}));
+  EXPECT_EQ(outline["height"], row(1, 0)["height"]) << "rows of one table are alike as a rule";
+  EXPECT_FALSE(session().refresh()) << "describing it changes nothing";
+
+  EXPECT_EQ(send({{"type", "scroll"}, {"to", {1, 2000}}}), 200);
+  EXPECT_FALSE(session().refresh());
+  EXPECT_EQ(row(1, 2000)["label"], "row 2000");
+  EXPECT_EQ(row(1, 2000)["id"], outline["id"]);
+  EXPECT_EQ(row(1, 0)["outline"], true);
+  EXPECT_EQ(row(0, 0)["outline"], true);
+  EXPECT_EQ(page()["sections"][1]["rows"].size(), 3000u);
+
+  EXPECT_EQ(tap(rowId(1, 10)), 200) << "an outline is a row like any other";
+  EXPECT_EQ(row(1, 10)["label"], "row 10");
+  expectRefused({{"type", "scroll"}}, 400);
+  expectRefused({{"type", "scroll"}, {"to", {1, -1}}}, 400);
+  expectRefused({{"type", "scroll"}, {"to", {1, 3000}}}, 404);
+  expectRefused({{"type", "scroll"}, {"to", {2, 0}}}, 404);
+}
+
+TEST_F(EventTest, ThePasteboardIsPastedIntoFields) {
+  ListPage *page = startList(@[ @[ @"a" ] ]);
+  presentAlert(page);
+  const std::string field = screen()["alert"]["fields"][0]["id"];
+  [[UIPasteboard generalPasteboard] sim_setStringFromOutside:nil];
+  expectRefused({{"type", "paste"}, {"id", field}}, 422);
+  [[UIPasteboard generalPasteboard] sim_setStringFromOutside:@"Zoé"];
+  EXPECT_EQ(set(field, "I am "), 200);
+  EXPECT_EQ(send({{"type", "paste"}, {"id", field}}), 200);
+  EXPECT_EQ(screen()["alert"]["fields"][0]["value"], "I am Zoé");
+  expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, 404);
+  expectRefused({{"type", "paste"}}, 400);
+  expectRefused({{"type", "paste"}, {"id", actionId(0)}}, 404);
+}
+
+TEST_F(EventTest, OnlyFieldsTakeThePasteboard) {
+  UISwitch *control = [[[UISwitch alloc] init] autorelease];
+  startControl(control);
+  [[UIPasteboard generalPasteboard] sim_setStringFromOutside:@"x"];
+  expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, 422);
+}
+
+TEST_F(EventTest, OfALongTextTheScreenHasTheBeginning) {
+  ListPage *page = startList(@[ @[ @"a" ] ]);
+  UIAlertController *alert = presentAlert(page);
+  const std::string field = screen()["alert"]["fields"][0]["id"];
+  const std::string longest(65'536, 'x');
+  EXPECT_EQ(set(field, longest), 200);
+  EXPECT_TRUE(screen()["alert"]["fields"][0]["value"] == longest);
+  EXPECT_FALSE(screen()["alert"]["fields"][0].contains("valueLength"));
+  EXPECT_EQ(set(field, longest + "y"), 200);
+  EXPECT_TRUE(screen()["alert"]["fields"][0]["value"] == longest);
+  EXPECT_EQ(screen()["alert"]["fields"][0]["valueLength"], 65'537);
+  EXPECT_EQ([[[[alert textFields] objectAtIndex:0] text] length], 65'537u) << "the field itself has it all";
+  // The surrogate pair that stands across the limit goes as a whole.
+  EXPECT_EQ(set(field, longest.substr(1) + "\U0001F600"), 200);
+  EXPECT_TRUE(screen()["alert"]["fields"][0]["value"] == longest.substr(1));
+  EXPECT_EQ(screen()["alert"]["fields"][0]["valueLength"], 65'537);
 }
 
 TEST_F(EventTest, FieldsOfAlertsAreSet) {

@@ -57,6 +57,18 @@ using testing_support::takeEvents;
 }
 @end
 
+/// Every third row has several lines.
+@interface UnequalSource : AutomaticSource
+@end
+
+@implementation UnequalSource
+- (UITableViewCell *)tableView:(UITableView *)tableView cellForRowAtIndexPath:(NSIndexPath *)indexPath {
+  UITableViewCell *cell = [super tableView:tableView cellForRowAtIndexPath:indexPath];
+  if ([indexPath row] % 3 == 0) [[cell textLabel] setText:@"one\ntwo\nthree"];
+  return cell;
+}
+@end
+
 @interface NoCellSource : TableSource
 @end
 
@@ -240,6 +252,80 @@ TEST_F(UITableViewTest, AVisitorThatRaisesLeavesNoGuest) {
             "Visitor");
   EXPECT_EQ([[table.get() subviews] count], 1u);
   EXPECT_EQ(describedRows(table.get()), "a0 a1 a2");
+}
+
+TEST_F(UITableViewTest, OfALongTableTheRowsAroundTheBoundsAreToBeDescribed) {
+  const auto rows = source({1, 3000, 0, 2});
+  const auto table = tableShowing(rows.get(), 440);
+  const auto toDescribe = [&](NSInteger section) {
+    const NSRange range = [table.get() sim_rowsToDescribeInSection:section];
+    return std::to_string(range.location) + "+" + std::to_string(range.length);
+  };
+  // 440 points of bounds and 8000 below them are 191.8 rows, of which the first section has one.
+  EXPECT_EQ(toDescribe(0), "0+1");
+  EXPECT_EQ(toDescribe(1), "0+191");
+  EXPECT_EQ(toDescribe(2), "0+0");
+  EXPECT_EQ(toDescribe(3), "0+0");
+  EXPECT_EQ(toDescribe(4), "0+0");
+  EXPECT_EQ(toDescribe(-1), "0+0");
+
+  [table.get() scrollToRowAtIndexPath:at(1, 1000) atScrollPosition:UITableViewScrollPositionTop animated:NO];
+  EXPECT_EQ(toDescribe(0), "1+0");
+  // Row 1000 begins 1001 rows down; 8000 points above it are 181.8 rows.
+  EXPECT_EQ(toDescribe(1), "818+374");
+  EXPECT_EQ(toDescribe(3), "0+0");
+
+  [table.get() scrollToRowAtIndexPath:at(3, 1) atScrollPosition:UITableViewScrollPositionBottom animated:NO];
+  EXPECT_EQ(toDescribe(0), "1+0");
+  EXPECT_EQ(toDescribe(1), "2810+190");
+  EXPECT_EQ(toDescribe(3), "0+2");
+
+  __block int visits = 0;
+  [table.get() sim_describeRows:NSMakeRange(2810, 190)
+                      inSection:1
+                     usingBlock:^(NSIndexPath *path, UITableViewCell *cell) {
+                       EXPECT_EQ([path row], 2810 + visits++);
+                       EXPECT_EQ(cell, [table.get() cellForRowAtIndexPath:path] ?: cell);
+                     }];
+  EXPECT_EQ(visits, 190);
+}
+
+TEST_F(UITableViewTest, DescribingALongTableOfUnequalRowsDoesNotChangeWhatIsToBeDescribed) {
+  const auto rows = source<UnequalSource>({3000});
+  const auto table = tableShowing(rows.get(), 440);
+  for (const int row : {0, 1500, 700, 2999}) {
+    [table.get() scrollToRowAtIndexPath:at(0, row) atScrollPosition:UITableViewScrollPositionMiddle animated:NO];
+    [table.get() sim_prepareForDescription];
+    const NSRange range = [table.get() sim_rowsToDescribeInSection:0];
+    [table.get() sim_describeRows:range inSection:0 usingBlock:^(NSIndexPath *, UITableViewCell *) {}];
+    [table.get() sim_prepareForDescription];
+    EXPECT_TRUE(NSEqualRanges([table.get() sim_rowsToDescribeInSection:0], range)) << row;
+    EXPECT_TRUE(NSLocationInRange(NSUInteger(row), range)) << row;
+  }
+}
+
+TEST_F(UITableViewTest, TheFirstHeightThatACellGivesIsTheEstimateOfTheOthers) {
+  const auto rows = source<UnequalSource>({3000});
+  const auto table = tableShowing(rows.get(), 440);
+  const CGFloat first = [table.get() sim_heightOfRowAtIndexPath:at(0, 0)];
+  EXPECT_GT(first, 44);
+  EXPECT_EQ([table.get() sim_likelyHeightOfRowAtIndexPath:at(0, 2500)], first);
+}
+
+TEST_F(UITableViewTest, AThousandRowsAreAllToBeDescribed) {
+  const auto rows = source({400, 600});
+  const auto table = tableShowing(rows.get(), 440);
+  EXPECT_EQ(NSMaxRange([table.get() sim_rowsToDescribeInSection:0]), 400u);
+  EXPECT_EQ(NSMaxRange([table.get() sim_rowsToDescribeInSection:1]), 600u);
+}
+
+TEST_F(UITableViewTest, ALikelyHeightMakesNoCell) {
+  const auto rows = source({2000});
+  const auto table = tableShowing(rows.get(), 440);
+  const int made = rows.get()->cellsGiven;
+  EXPECT_EQ([table.get() sim_likelyHeightOfRowAtIndexPath:at(0, 1500)], 44);
+  EXPECT_EQ([table.get() sim_likelyHeightOfRowAtIndexPath:at(0, 2000)], 0);
+  EXPECT_EQ(rows.get()->cellsGiven, made);
 }
 
 TEST_F(UITableViewTest, TenThousandRowsCostLinearTime) {
