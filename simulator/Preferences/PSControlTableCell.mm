@@ -49,6 +49,7 @@
 
 - (void)refreshCellContentsWithSpecifier:(PSSpecifier *)specifier {
   [super refreshCellContentsWithSpecifier:specifier];
+  [_control setAccessibilityLabel:[specifier name]];
   [specifier setProperty:_control forKey:PSControlKey];
 }
 

@@ -17,6 +17,11 @@ struct PSTableCellState {
   bool hidesTitle = false;
 };
 
+/// For the files that implement the class.
+@interface PSTableCell (SimState)
+- (PSTableCellState &)sim_cellState;
+@end
+
 @interface PSTableCell (Sim)
 /// Takes the specifier and refreshes, as the page does for every display.
 - (void)sim_showSpecifier:(PSSpecifier *)specifier;

@@ -90,6 +90,8 @@ void writeFailure(JsonText &out, NSString *exception) {
   writeText(out.name("footer"), [@"This page cannot be shown. Its code raised " stringByAppendingFormat:@"%@.", exception]);
   out.name("headerView").null();
   out.name("footerView").null();
+  out.name("headerHeight").null();
+  out.name("footerHeight").null();
   out.name("rows").beginArray();
   out.endArray();
   out.endObject();
@@ -154,7 +156,7 @@ void writeScreen(JsonText &out, UINavigationController *navigation, PageNumbers 
   writePage(out.name("page"), navigation, numbers, images);
   UIViewController *presented = presentedOver(navigation);
   writeAlert(out.name("alert"), presented, numbers);
-  writeSheet(out.name("sheet"), presented, numbers);
+  writeSheet(out.name("sheet"), presented, numbers, images);
   out.endObject();
   numbers.endDescription();
 }

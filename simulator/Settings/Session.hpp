@@ -24,7 +24,8 @@ struct Reply {
 /// One run of the Settings application, from its root page on. Main thread only.
 class Session final {
  public:
-  /// Shows `root` as the first page of the application's window. The first screen has the revision `firstRevision`.
+  /// Shows `root` as the first page of the application's window. The first screen has the revision `firstRevision`,
+  /// which no earlier run has reached.
   Session(UIViewController *root, std::uint64_t firstRevision);
 
   /// The screen as JSON, with its "revision".
@@ -39,8 +40,18 @@ class Session final {
   /// cannot be done now change nothing and answer {"error"} with a status of the 400s.
   Reply perform(const Json &event);
 
-  /// The PNG file of a picture on the screen, autoreleased; nil for an unknown number.
-  NSData *pngOf(std::string_view number) const { return images_.pngOf(number); }
+  /// Moves the uploaded picture that `request` names into the photo library, and answers {"path"} with its place there.
+  Reply addPhoto(const Json &request);
+
+  /// Picks the uploaded file that `request` names in the document picker on the screen; answers like `perform`.
+  Reply pickFile(const Json &request);
+
+  /// The content of the item `identifier` of a share sheet on the screen, autoreleased. nil, with why at `problem`, when there is no
+  /// such item or it is no file.
+  NSData *sharedContentOf(std::string_view identifier, Reply &problem);
+
+  /// The PNG file of a picture on the screen, autoreleased; nil for an unknown identifier.
+  NSData *pngOf(std::string_view identifier) const { return images_.pngOf(identifier); }
 
   /// Light or dark, from now on.
   void setDark(bool dark);
@@ -49,6 +60,9 @@ class Session final {
   void setScreen(CGSize size, CGFloat scale);
 
  private:
+  template <typename Work>
+  Reply performing(const Json &request, Work work);
+
   objcxx::Retained<UIWindow> window_;
   objcxx::Retained<UINavigationController> navigation_;
   PageNumbers numbers_;

@@ -7,6 +7,7 @@
 #import <dispatch/MainQueue+Sim.h>
 
 #import "Settings/EventRouter.hpp"
+#import "Settings/FileTransfer.hpp"
 #import "Settings/Guarded.hpp"
 
 #include <utility>
@@ -16,11 +17,14 @@ namespace {
 
 std::string dump(const Json &json) { return json.dump(-1, ' ', false, Json::error_handler_t::replace); }
 
+Reply errorReply(const EventResult &result) { return {result.status, dump({{"error", result.error}})}; }
+
 }  // namespace
 
 Session::Session(UIViewController *root, std::uint64_t firstRevision)
     : window_(objcxx::adopt([[UIWindow alloc] initWithFrame:[[UIScreen mainScreen] bounds]])),
       navigation_(objcxx::adopt([[UINavigationController alloc] initWithRootViewController:root])),
+      images_(firstRevision),
       revision_(firstRevision) {
   [window_.get() setRootViewController:navigation_.get()];
   guarded("opening the application", [this] { [window_.get() makeKeyAndVisible]; });
@@ -45,7 +49,31 @@ bool Session::refresh() {
 }
 
 Reply Session::perform(const Json &event) {
-  if (const auto wanted = event.find("revision"); wanted != event.end()) {
+  return performing(event, [&] { return routeEvent(event, navigation_.get(), numbers_); });
+}
+
+Reply Session::pickFile(const Json &request) {
+  return performing(request, [&] { return pickUploadedFile(request, navigation_.get()); });
+}
+
+Reply Session::addPhoto(const Json &request) {
+  NSString *path = nil;
+  const EventResult result = addUploadedPhoto(request, &path);
+  return result.status == 200 ? Reply{200, dump({{"path", utf8(path)}})} : errorReply(result);
+}
+
+NSData *Session::sharedContentOf(std::string_view identifier, Reply &problem) {
+  NSData *content = nil;
+  const EventResult result = readSharedItem(identifier, navigation_.get(), numbers_, &content);
+  if (result.status != 200) problem = errorReply(result);
+  return content;
+}
+
+/// Does `work`, which gives an EventResult, unless `request` is for another revision; then all that it put on the main
+/// queue.
+template <typename Work>
+Reply Session::performing(const Json &request, Work work) {
+  if (const auto wanted = request.find("revision"); wanted != request.end()) {
     if (!wanted->is_number_unsigned()) return {400, dump({{"error", "A revision is a whole number."}})};
     if (*wanted != revision_) {
       return {409, dump({{"error", "The screen has changed; this event is for another revision."},
@@ -53,10 +81,9 @@ Reply Session::perform(const Json &event) {
     }
   }
   EventResult result;
-  guarded("performing an event", [&] { result = routeEvent(event, navigation_.get(), numbers_); });
+  guarded("performing an event", [&] { result = work(); });
   refresh();
-  if (result.status != 200) return {result.status, dump({{"error", result.error}})};
-  return {200, text_};
+  return result.status == 200 ? Reply{200, text_} : errorReply(result);
 }
 
 void Session::setDark(bool dark) {

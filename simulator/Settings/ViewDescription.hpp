@@ -21,7 +21,10 @@ UIView *findControl(UIView *view);
 /// Writes a control's kind and limits; null for nil.
 void writeControl(JsonText &out, UIView *control);
 
-/// Writes what the control is set to now. False, with nothing written, when it has no value.
+/// The text that a person edits in the control, autoreleased; nil for a control of another kind.
+NSString *editableText(UIView *control);
+
+/// Writes what a control without a text is set to now. False, with nothing written, when it has no value.
 bool writeControlValue(JsonText &out, UIView *control);
 
 /// The class's name.

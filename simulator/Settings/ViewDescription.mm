@@ -36,7 +36,7 @@ void writeLabel(JsonText &out, UILabel *label) {
 
 void writeImageView(JsonText &out, UIImageView *view, ImageStore &images) {
   out.name("type").string("image");
-  images.write(out.name("image"), [view image]);
+  images.write(out.name("image"), [view image], [view frame].size);
   out.name("contentMode").string(contentModeName([view contentMode]));
 }
 
@@ -164,6 +164,12 @@ void writeControl(JsonText &out, UIView *control) {
   out.endObject();
 }
 
+NSString *editableText(UIView *control) {
+  if ([control isKindOfClass:[UITextField class]]) return [(UITextField *)control text] ?: @"";
+  if ([control isKindOfClass:[UITextView class]]) return [(UITextView *)control text] ?: @"";
+  return nil;
+}
+
 bool writeControlValue(JsonText &out, UIView *control) {
   if ([control isKindOfClass:[UISwitch class]]) {
     out.flag([(UISwitch *)control isOn]);
@@ -173,10 +179,6 @@ bool writeControlValue(JsonText &out, UIView *control) {
     const NSInteger selected = [(UISegmentedControl *)control selectedSegmentIndex];
     if (selected < 0) return false;
     out.integer(selected);
-  } else if ([control isKindOfClass:[UITextField class]]) {
-    writeText(out, [(UITextField *)control text] ?: @"");
-  } else if ([control isKindOfClass:[UITextView class]]) {
-    writeText(out, [(UITextView *)control text] ?: @"");
   } else {
     return false;
   }

@@ -1,17 +1,19 @@
 // Headers and footers: titles from the data source, views from the delegate.
 #import "UITableViewState.h"
 
+#import <UIKit/UIColor.h>
+#import <UIKit/UIFont.h>
 #import <UIKit/UILabel.h>
 
 #include <cmath>
 
 namespace {
 
-constexpr CGFloat plainTitleHeight = 28;
-constexpr CGFloat groupedTitleHeight = 38;
-constexpr CGFloat groupedFirstGap = 35;
-constexpr CGFloat groupedGap = 18;
+constexpr CGFloat plainTitleHeight = 28;    // Until the title's view is there.
+constexpr CGFloat groupedTitleHeight = 38;  // The same.
+constexpr CGFloat groupedGap = 17.5;        // Above and below the rows of each section.
 constexpr CGFloat plainTopPadding = 22;
+constexpr CGFloat plainTitleSize = 17;
 
 bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
 
@@ -19,6 +21,16 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
 sim::SectionPart *partAt(sim::TableViewState &state, long section, BOOL header) {
   if (section < 0 || static_cast<std::size_t>(section) >= state.parts.size()) return nullptr;
   return header ? &state.parts[section].header : &state.parts[section].footer;
+}
+
+/// The first header of a grouped table view lies a gap further down.
+CGFloat groupedGapAbove(long section, BOOL header) { return header && section == 0 ? groupedGap : 0; }
+
+/// How far a title stays from the edges of its view, as UIKit lays it out in a table view of this style.
+UIEdgeInsets titleInsets(UITableViewStyle style, long section, BOOL header, CGFloat margin) {
+  if (style == UITableViewStylePlain) return UIEdgeInsetsMake(4, margin, 4, margin);
+  if (!header) return UIEdgeInsetsMake(7, margin, 7, margin);
+  return UIEdgeInsetsMake(15.5 + groupedGapAbove(section, header), margin, 6.5, margin);
 }
 
 }  // namespace
@@ -44,6 +56,20 @@ sim::SectionPart *partAt(sim::TableViewState &state, long section, BOOL header) 
   return part->title.get();
 }
 
+/// A view of UIKit's own for a title. Grouped table views show their headers in capitals.
+- (UIView *)sim_viewOfTitle:(NSString *)title header:(BOOL)header {
+  const bool isPlain = _tableViewState->style == UITableViewStylePlain;
+  UITableViewHeaderFooterView *view =
+      objcxx::adopt([[UITableViewHeaderFooterView alloc] initWithReuseIdentifier:nil]).autoreleased();
+  UILabel *label = [view textLabel];
+  [label setText:header && !isPlain ? [title uppercaseString] : title];
+  if (header && isPlain) {
+    [label setFont:[UIFont systemFontOfSize:plainTitleSize weight:UIFontWeightSemibold]];
+    [label setTextColor:[UIColor labelColor]];
+  }
+  return view;
+}
+
 /// Asks the delegate for the view of one section part, once; a title without a view gets one of UIKit's.
 - (void)sim_loadViewOfSection:(long)section header:(BOOL)header {
   auto &state = *_tableViewState;
@@ -59,16 +85,27 @@ sim::SectionPart *partAt(sim::TableViewState &state, long section, BOOL header) 
   }
   const bool isDelegates = view != nil;
   NSString *title = [self sim_titleOfSection:section header:header];
-  if (!view && [title length] > 0) {
-    UITableViewHeaderFooterView *label =
-        objcxx::adopt([[UITableViewHeaderFooterView alloc] initWithReuseIdentifier:nil]).autoreleased();
-    [[label textLabel] setText:title];
-    view = label;
-  }
+  if (!view && [title length] > 0) view = [self sim_viewOfTitle:title header:header];
   part = partAt(state, section, header);
   if (!part) return;
   part->view = objcxx::share(view);
   part->isDelegates = isDelegates;
+  [self sim_setTitleInsetsOf:view section:section header:header];
+}
+
+- (void)sim_setTitleInsetsOf:(UIView *)view section:(long)section header:(BOOL)header {
+  if (![view isKindOfClass:[UITableViewHeaderFooterView class]]) return;
+  [(UITableViewHeaderFooterView *)view
+      sim_setTextInsets:titleInsets(_tableViewState->style, section, header, [self sim_margin])
+               atBottom:header];
+}
+
+- (void)sim_setTitleInsets {
+  const auto &parts = _tableViewState->parts;
+  for (std::size_t section = 0; section < parts.size(); ++section) {
+    [self sim_setTitleInsetsOf:parts[section].header.view.get() section:(long)section header:YES];
+    [self sim_setTitleInsetsOf:parts[section].footer.view.get() section:(long)section header:NO];
+  }
 }
 
 - (CGFloat)sim_defaultHeightOfSection:(long)section header:(BOOL)header {
@@ -81,13 +118,13 @@ sim::SectionPart *partAt(sim::TableViewState &state, long section, BOOL header) 
   const bool shows = part->hasView ? static_cast<bool>(part->view) : delegateGivesViews || [title length] > 0;
   const CGFloat set = header ? state.headerHeight : state.footerHeight;
   if (isHeight(set) && (shows || grouped)) return set;
-  if (!shows) return !grouped ? 0 : header && section == 0 ? groupedFirstGap : groupedGap;
+  if (!shows) return grouped ? groupedGap + groupedGapAbove(section, header) : 0;
   if (part->view) {
     const CGFloat width = [self bounds].size.width - 2 * [self sim_rowInset];
     const CGFloat fitting = [part->view.get() sizeThatFits:CGSizeMake(width, 0)].height;
     if (isHeight(fitting) && fitting > 0) return fitting;
   }
-  return grouped ? groupedTitleHeight : plainTitleHeight;
+  return grouped ? groupedTitleHeight + groupedGapAbove(section, header) : plainTitleHeight;
 }
 
 - (void)sim_measureSection:(long)section {
@@ -204,6 +241,16 @@ sim::SectionPart *partAt(sim::TableViewState &state, long section, BOOL header) 
 
 - (UIView *)sim_viewForFooterInSection:(NSInteger)section {
   return [self sim_delegatesViewOf:section header:NO];
+}
+
+- (CGFloat)sim_heightOfHeaderInSection:(NSInteger)section {
+  [self sim_delegatesViewOf:section header:YES];
+  return partAt(*_tableViewState, section, YES) ? _tableViewState->geometry.header(section) : 0;
+}
+
+- (CGFloat)sim_heightOfFooterInSection:(NSInteger)section {
+  [self sim_delegatesViewOf:section header:NO];
+  return partAt(*_tableViewState, section, NO) ? _tableViewState->geometry.footer(section) : 0;
 }
 
 @end

@@ -98,15 +98,23 @@
   return state.allowsSelectionDuringEditing || state.allowsMultipleSelectionDuringEditing;
 }
 
+- (BOOL)sim_highlightsRowAtIndexPath:(NSIndexPath *)indexPath {
+  const auto &state = *_tableViewState;
+  if (![self sim_allowsSelectionNow]) return NO;
+  return !state.has.shouldHighlight || [state.delegate tableView:self shouldHighlightRowAtIndexPath:indexPath];
+}
+
+- (BOOL)sim_tapShowsAtIndexPath:(NSIndexPath *)indexPath cell:(UITableViewCell *)cell {
+  const bool shows = [cell selectionStyle] != UITableViewCellSelectionStyleNone || _tableViewState->has.didSelect;
+  return shows && [self sim_highlightsRowAtIndexPath:indexPath];
+}
+
 - (BOOL)sim_tapRowAtIndexPath:(NSIndexPath *)indexPath {
   const auto cell = objcxx::share([self sim_cellForControlEventsAtIndexPath:indexPath]);
-  if (!cell || ![cell.get() sim_acceptsTouches] || ![self sim_allowsSelectionNow]) return NO;
+  const auto keepAlive = objcxx::share(self);
+  if (!cell || ![cell.get() sim_acceptsTouches] || ![self sim_highlightsRowAtIndexPath:indexPath]) return NO;
 
   auto &state = *_tableViewState;
-  const auto keepAlive = objcxx::share(self);
-  if (state.has.shouldHighlight && ![state.delegate tableView:self shouldHighlightRowAtIndexPath:indexPath]) {
-    return NO;
-  }
   [cell.get() setHighlighted:YES animated:NO];
   if (state.has.didHighlight) [state.delegate tableView:self didHighlightRowAtIndexPath:indexPath];
   [cell.get() setHighlighted:NO animated:NO];

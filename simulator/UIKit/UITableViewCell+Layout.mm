@@ -1,4 +1,5 @@
 // Where the standard views of a row lie.
+#include "SystemMargin.hpp"
 #import "UITableViewCellState.h"
 
 #include <algorithm>
@@ -7,13 +8,11 @@ namespace {
 
 constexpr CGFloat minimumHeight = 44;
 constexpr CGFloat verticalPadding = 22;  // Above and below the text together.
-constexpr CGFloat imageGap = 16;
+constexpr CGFloat imageGap = 15;
 constexpr CGFloat labelGap = 8;
 constexpr CGFloat editControlWidth = 38;
 constexpr CGFloat reorderControlWidth = 46;
 constexpr CGFloat value2NameWidth = 91;
-
-CGFloat marginForWidth(CGFloat width) { return width >= 400 ? 20 : 16; }
 
 CGFloat widthOfAccessory(UITableViewCellAccessoryType type) {
   switch (type) {
@@ -48,7 +47,7 @@ struct RowLayout {
 
 RowLayout layOut(const sim::TableViewCellState &state, CGSize size) {
   RowLayout layout;
-  const CGFloat margin = marginForWidth(size.width);
+  const CGFloat margin = sim::marginForWidth(size.width);
   const bool indents = state.editing && state.shouldIndentWhileEditing &&
                        state.editingStyle != UITableViewCellEditingStyleNone;
   const CGFloat left = indents ? editControlWidth : 0;

@@ -5,6 +5,7 @@
 #include <objcxx/Retained.h>
 
 #include <algorithm>
+#include <array>
 
 namespace sim {
 struct HeaderFooterViewState {
@@ -13,13 +14,19 @@ struct HeaderFooterViewState {
   objcxx::Retained<UIView> backgroundView;
   objcxx::Retained<UILabel> textLabel;
   objcxx::Retained<UILabel> detailTextLabel;
+  UIEdgeInsets textInsets{7, 16, 7, 16};
+  BOOL textAtBottom = NO;
+
+  std::array<UILabel *, 2> labels() const { return {textLabel.get(), detailTextLabel.get()}; }
+  /// What the texts take in a view of this width, one below the other.
+  CGFloat textHeight(CGFloat width) const {
+    CGFloat height = 0;
+    for (UILabel *label : labels()) height += [label sizeThatFits:CGSizeMake(textWidth(width), CGFLOAT_MAX)].height;
+    return height;
+  }
+  CGFloat textWidth(CGFloat width) const { return std::max<CGFloat>(width - textInsets.left - textInsets.right, 0); }
 };
 }  // namespace sim
-
-namespace {
-constexpr CGFloat margin = 16;
-constexpr CGFloat verticalPadding = 14;
-}  // namespace
 
 @implementation UITableViewHeaderFooterView
 
@@ -50,6 +57,12 @@ constexpr CGFloat verticalPadding = 14;
 
 - (void)sim_setReuseIdentifier:(NSString *)reuseIdentifier {
   _headerFooterState->reuseIdentifier = objcxx::adopt((NSString *)[reuseIdentifier copy]);
+}
+
+- (void)sim_setTextInsets:(UIEdgeInsets)insets atBottom:(BOOL)atBottom {
+  _headerFooterState->textInsets = insets;
+  _headerFooterState->textAtBottom = atBottom;
+  [self setNeedsLayout];
 }
 
 - (void)prepareForReuse {
@@ -93,27 +106,25 @@ constexpr CGFloat verticalPadding = 14;
 
 - (void)layoutSubviews {
   [super layoutSubviews];
+  const auto &state = *_headerFooterState;
   const CGRect bounds = [self bounds];
-  [_headerFooterState->backgroundView.get() setFrame:bounds];
-  [_headerFooterState->contentView.get() setFrame:bounds];
-  CGFloat top = verticalPadding / 2;
-  const CGFloat width = std::max<CGFloat>(bounds.size.width - 2 * margin, 0);
-  for (UILabel *label : {_headerFooterState->textLabel.get(), _headerFooterState->detailTextLabel.get()}) {
-    if (!label) continue;
+  [state.backgroundView.get() setFrame:bounds];
+  [state.contentView.get() setFrame:bounds];
+  const CGFloat width = state.textWidth(bounds.size.width);
+  CGFloat top = state.textInsets.top;
+  if (state.textAtBottom) top = bounds.size.height - state.textInsets.bottom - state.textHeight(bounds.size.width);
+  for (UILabel *label : state.labels()) {
     const CGFloat height = [label sizeThatFits:CGSizeMake(width, CGFLOAT_MAX)].height;
-    [label setFrame:CGRectMake(margin, top, width, height)];
+    [label setFrame:CGRectMake(state.textInsets.left, top, width, height)];
     top += height;
   }
 }
 
 - (CGSize)sizeThatFits:(CGSize)size {
+  const auto &state = *_headerFooterState;
   const CGFloat width = size.width > 0 ? size.width : [self bounds].size.width;
-  CGFloat height = 0;
-  for (UILabel *label : {_headerFooterState->textLabel.get(), _headerFooterState->detailTextLabel.get()}) {
-    if ([[label text] length] == 0) continue;
-    height += [label sizeThatFits:CGSizeMake(std::max<CGFloat>(width - 2 * margin, 0), CGFLOAT_MAX)].height;
-  }
-  return CGSizeMake(width, height > 0 ? height + verticalPadding : 0);
+  const CGFloat height = state.textHeight(width);
+  return CGSizeMake(width, height > 0 ? height + state.textInsets.top + state.textInsets.bottom : 0);
 }
 
 @end

@@ -38,7 +38,7 @@ constexpr SampleApp kApps[] = {
     {"Record.app", "org.example.record", "Record Player", &drawRecordIcon},
     {"Reader.app", "org.example.reader", "The Complete Reader for Very Long Evenings", &drawBookIcon},
     {"Overview.app", "org.example.overview", "\u00DCberblick", &drawOverviewIcon},
-    {"Tea.app", "org.example.tea", "\u304A\u8336\u306E\u6642\u9593 \U0001F375", &drawTeaIcon},
+    {"Tea.app", "org.example.tea", "\u038F\u03C1\u03B1 \u03B3\u03B9\u03B1 \u03C4\u03C3\u03AC\u03B9", &drawTeaIcon},
 };
 
 struct FreePlist {

@@ -27,6 +27,11 @@ export class Api {
     return this.#json('POST', '/api/events', event);
   }
 
+  /** Resolves with `{string}`. */
+  pasteboardString() {
+    return this.#json('GET', '/api/device/pasteboard/string');
+  }
+
   setPasteboard(string) {
     return this.#json('PUT', '/api/device/pasteboard', { string });
   }
@@ -41,6 +46,16 @@ export class Api {
     return this.#json('PUT', '/api/device/display', { kind });
   }
 
+  /** Resolves with `{path}`, the picture's place in the photo library. `progress` gets the part that has been sent. */
+  addPhoto(file, progress) {
+    return this.#upload('/api/photos', file, {}, progress);
+  }
+
+  /** Resolves with the screen after the pick. */
+  pickFile(file, revision, progress) {
+    return this.#upload('/api/picked-file', file, { 'X-Sim-Revision': String(revision) }, progress);
+  }
+
   async blob(url) {
     return (await this.#fetch(url)).blob();
   }
@@ -48,6 +63,26 @@ export class Api {
   /** Opens the event stream; resolves with the response when the simulator has accepted it. */
   stream(signal) {
     return this.#fetch('/api/stream', { signal, headers: { Accept: 'text/event-stream' } });
+  }
+
+  // `fetch` does not tell how much of a body has been sent.
+  #upload(path, file, headers, progress) {
+    const request = new XMLHttpRequest();
+    request.open('PUT', path);
+    const all = {
+      ...headers, 'X-Sim-Token': this.#token, 'X-Sim-File-Name': encodeURIComponent(file.name),
+      'Content-Type': 'application/octet-stream',
+    };
+    for (const [name, value] of Object.entries(all)) request.setRequestHeader(name, value);
+    request.upload.addEventListener('progress', ({ loaded, total }) => progress(total > 0 ? loaded / total : 1));
+    return new Promise((resolve, reject) => {
+      request.addEventListener('error', () => reject(new ApiError(0, 'The simulator does not answer.')));
+      request.addEventListener('load', () => {
+        if (request.status === 200) resolve(JSON.parse(request.responseText));
+        else reject(new ApiError(request.status, reasonIn(request.responseText, request.statusText)));
+      });
+      request.send(file);
+    });
   }
 
   async #json(method, path, body) {
@@ -76,10 +111,13 @@ export class Api {
 }
 
 async function reasonOf(response) {
-  const text = await response.text().catch(() => '');
+  return reasonIn(await response.text().catch(() => ''), response.statusText);
+}
+
+function reasonIn(text, statusText) {
   try {
-    return JSON.parse(text).error || response.statusText;
+    return JSON.parse(text).error || statusText;
   } catch {
-    return text || response.statusText;
+    return text || statusText;
   }
 }

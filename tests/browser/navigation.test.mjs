@@ -113,3 +113,25 @@ test('A page without a table is drawn from its views', async (t) => {
   const page = await openPage(t, url);
   await page.getByText('All by itself').waitFor();
 });
+
+test('The back button gives way to a long title: first it says Back, then nothing, and keeps its name', async (t) => {
+  const shown = async (before, title) => {
+    const { url } = await startFake(t, screen([before, title], [section(null, [link('Row')])]));
+    const page = await openPage(t, url);
+    const button = page.getByRole('button', { name: `Back to ${before}` });
+    await button.waitFor();
+    return (await button.innerText()).trim();
+  };
+  assert.equal(await shown('Settings', 'Page'), 'Settings');
+  assert.equal(await shown('Applications', 'A page with a long title in its bar'), 'Back');
+  assert.equal(await shown('Settings', ''), 'Settings');
+});
+
+test('The back button has its whole title again when the display grows', async (t) => {
+  const { url } = await startFake(t, screen(['Applications', 'A page with a long title'], [section(null, [link('Row')])]));
+  const page = await openPage(t, url);
+  const button = page.getByRole('button', { name: 'Back to Applications' });
+  await eventually(async () => assert.equal((await button.innerText()).trim(), 'Back'));
+  await page.getByRole('radio', { name: 'iPad' }).click();
+  await eventually(async () => assert.equal((await button.innerText()).trim(), 'Applications'));
+});

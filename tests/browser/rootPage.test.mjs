@@ -8,7 +8,7 @@ import { labelsOf, layFile, mainFile, notificationsOf, open, startZuno, themeFil
 
 /** The rows of the root page while no setting has been written. */
 const factoryRows = [
-  [], ['Enabled'], ['Open To'], ['Show Snapshots', 'Notification Badges', 'Pull Down to End Apps'],
+  [], [], ['Enabled'], ['Open To'], ['Show Snapshots', 'Notification Badges', 'Pull Down to End Apps'],
   ['Widgets', 'Favourite Apps', 'Hide Snapshots on Favourites'], ['Customise'], ['Quick Switcher', 'Show Options'],
   ['Default Music App'], ['Device', 'iOS Version', 'User-Agent'], ['Respring'],
   ['Follow the Developer', 'Follow the Designer'], [],
@@ -40,10 +40,10 @@ test('The options of the quick switcher come when the user returns, and the slid
   await eventually(async () => assert.equal((await stored()).quickSwitcher, true));
   assert.deepEqual(await labelsOf(api), factoryRows);
   await open(page, 'Back to Settings', 'Zuno');
-  // The slider hides its title; the static text above it stands in for it.
+  // The slider hides its title; the static text above it shows it.
   const options = ['Quick Switcher', 'Show Options', 'Start with Favourites', 'Gesture Width', null];
   assert.deepEqual(await labelsOf(api), factoryRows.map((rows) => (rows[0] === 'Quick Switcher' ? options : rows)));
-  const slider = page.getByRole('slider');
+  const slider = page.getByRole('slider', { name: 'Gesture Width' });
   assert.equal(await slider.inputValue(), '-20');
   await slider.scrollIntoViewIfNeeded();
   const box = await slider.boundingBox();
@@ -125,7 +125,7 @@ test('The profile links show as opened addresses, newest first', async (t) => {
 test('A respring is counted, leads back to the top of Settings and forgets what the process knew', async (t) => {
   const prepare = (folder) => layFile(folder, mainFile, propertyListText({ quickSwitcher: 1 }));
   const { page, stored, api } = await startZuno(t, { prepare, expected: /50\d/ });
-  assert.equal((await labelsOf(api))[6].length, 5);
+  assert.equal((await labelsOf(api)).find(([first]) => first === 'Quick Switcher').length, 5);
   await page.getByRole('button', { name: 'Respring', exact: true }).click();
   await page.getByText('1 respring').waitFor();
   await page.getByRole('heading', { name: 'Settings', level: 2 }).waitFor();
@@ -214,4 +214,22 @@ test('Two tabs show the same device', async (t) => {
   assert.deepEqual(await stored(), { ShowSwitcherWithSnapshots: true, NotificationBadges: false });
   await open(second, 'Customise');
   await first.getByRole('heading', { name: 'Customise', level: 2 }).waitFor();
+});
+
+test('A row tells the value behind its text, the name of its control, and whether a tap does anything', async (t) => {
+  const prepare = (folder) => layFile(folder, mainFile, propertyListText({ quickSwitcher: 1, device: 'iPhone12,1' }));
+  const { page, api } = await startZuno(t, { prepare });
+  const rows = (await api('GET', '/api/screen')).page.sections.flatMap((section) => section.rows);
+  const rowOf = (key) => rows.find((row) => row.key === key);
+  const told = (key) => [rowOf(key).value, rowOf(key).selectable];
+  assert.deepEqual(told('OnActivationMode'), [1, true]);
+  assert.deepEqual(told('presetUserAgent'), ['iPhone12,1/(null)', false]);
+  assert.deepEqual(told('Enabled'), [true, false]);
+  assert.deepEqual(told('device'), ['iPhone12,1', true]);
+  assert.deepEqual(told('quickSwitcherGestureModifierLabel'), [null, false]);
+  assert.deepEqual(told('EnabledWidgets'), [null, true]);
+  const { label, accessibilityLabel } = rowOf('quickSwitcherWidthModifier');
+  assert.deepEqual([label, accessibilityLabel], [null, 'Gesture Width']);
+  await page.getByRole('button', { name: 'Customise' }).waitFor();
+  assert.equal(await page.getByRole('button', { name: 'User-Agent' }).count(), 0);
 });

@@ -2,7 +2,7 @@
 import { mkdir } from 'node:fs/promises';
 import { join } from 'node:path';
 import { fileURLToPath } from 'node:url';
-import { openPage, settled } from './support/browser.mjs';
+import { closeBrowser, openPage, settled } from './support/browser.mjs';
 import { Device } from './support/device.mjs';
 import { startSimulator } from './support/simulator.mjs';
 
@@ -64,6 +64,21 @@ async function takeTheme(stage) {
   await take(stage, 'apply-preset');
 }
 
+/** The pages with most on them, on a tablet in a window that shows it in its own size. */
+async function takeTablet(stage, api) {
+  const { page, device } = stage;
+  await page.setViewportSize({ width: 1500, height: 1260 });
+  await api('PUT', '/api/device/display', { kind: 'tablet' });
+  await device.home();
+  await device.tapRow('Zuno');
+  await take(stage, 'tablet-root');
+  await device.tapRow('Favourite Apps');
+  await take(stage, 'tablet-favourites');
+  await device.back();
+  await device.tapRow('Customise');
+  await take(stage, 'tablet-customise');
+}
+
 async function takeAll(t) {
   const { url, api } = await startSimulator(t);
   const page = await openPage(t, url, {
@@ -79,6 +94,8 @@ async function takeAll(t) {
   await take(stage, 'root-end', 5000);
   await takeLists(stage);
   await takeTheme(stage);
+  await stage.device.answer('Cancel');
+  await takeTablet(stage, api);
 }
 
 await mkdir(folder, { recursive: true });
@@ -87,4 +104,5 @@ try {
   await takeAll({ after: (work) => cleanup.push(work) });
 } finally {
   for (const work of cleanup) await work();
+  await closeBrowser();
 }

@@ -1,4 +1,4 @@
-import { html, useContext } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '/modules/htm-preact.mjs';
 import { BackChevron, Plus } from '/phone/symbols.js';
 import { SessionContext } from '/session.js';
 
@@ -37,11 +37,7 @@ export function NavigationBar({ page, solid, large, showTitle, heading }) {
   return html`
     <header class="navigation-bar" data-solid=${solid}>
       <div class="bar-side">
-        ${page.back && html`
-          <button type="button" class="back-button" onClick=${() => session.tap(page.back.id)}
-            aria-label=${`Back to ${page.back.title || 'the page before'}`}>
-            <${BackChevron} /><span>${page.back.title || 'Back'}</span>
-          </button>`}
+        ${page.back && html`<${BackButton} key=${`${page.back.title} ${title}`} back=${page.back} />`}
         ${barButtons('left')}
       </div>
       ${large
@@ -52,6 +48,27 @@ export function NavigationBar({ page, solid, large, showTitle, heading }) {
         ${barButtons('right')}
       </div>
     </header>`;
+}
+
+/** Shows the title of the page before; where that has no room "Back", and where that has none the arrow alone. */
+function BackButton({ back }) {
+  const session = useContext(SessionContext);
+  const text = useRef(null);
+  const texts = [back.title || 'Back', 'Back', ''];
+  const [shown, setShown] = useState(0);
+  useLayoutEffect(() => {
+    if (text.current.scrollWidth > text.current.clientWidth) setShown(shown + 1);
+  }, [shown]);
+  useEffect(() => {
+    const observer = new ResizeObserver(() => setShown(0));
+    observer.observe(text.current.closest('.bar-side'));
+    return () => observer.disconnect();
+  }, []);
+  return html`
+    <button type="button" class="back-button" onClick=${() => session.tap(back.id)}
+      aria-label=${`Back to ${back.title || 'the page before'}`}>
+      <${BackChevron} /><span ref=${text}>${texts[shown]}</span>
+    </button>`;
 }
 
 function BarButton({ button }) {

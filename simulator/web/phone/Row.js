@@ -6,8 +6,8 @@ import { SwipeActions, SwipeMenuButton } from '/phone/SwipeActions.js';
 import { useSwipe } from '/phone/swiping.js';
 import { SessionContext } from '/session.js';
 
-// Margin and spacing about a row's image, in points.
-const imageGap = 31;
+// Points between a row's image and its text.
+const imageGap = 15;
 
 /**
  * What a list item of the table holds: the body of a row, and around it the handle to move it and its swipe actions.
@@ -59,7 +59,7 @@ export function rowStyle(row, top) {
   const image = imageSizeOf(row);
   const style = {
     height: `${heightOf(row)}px`, transform: `translateY(${top}px)`,
-    '--text-left': image ? `${image.width + imageGap}px` : '16px',
+    '--text-left': image ? `calc(var(--margin) + ${image.width + imageGap}px)` : 'var(--margin)',
   };
   if (!row.frame || !row.views?.length) return style;
   // Cells with views of their own lie where their frame says, whatever the width of the list.

@@ -27,11 +27,9 @@ export function RowBody({ row, header, isChoice, tap, tapAccessory }) {
 
 function Tappable({ row, isChoice, tap, children }) {
   const name = row.accessibilityLabel || undefined;
-  if (!row.selectable) {
+  if (!row.selectable && row.enabled !== false) {
     return html`
-      <div class="row-main" data-disabled=${row.enabled === false} role=${name && 'group'} aria-label=${name}>
-        ${children}
-      </div>`;
+      <div class="row-main" role=${name && 'group'} aria-label=${name}>${children}</div>`;
   }
   const pressed = isChoice ? String(row.accessory === 'checkmark') : undefined;
   return html`

@@ -15,10 +15,13 @@ const axePath = createRequire(import.meta.url).resolve('axe-core/axe.min.js');
 let launching = null;
 let axeSource = null;
 
-after(async () => {
+after(closeBrowser);
+
+/** For programs that are no tests: lets the process end. */
+export async function closeBrowser() {
   const browser = await launching;
   await browser?.close();
-});
+}
 
 /**
  * A page in a browser context of its own; `options` are those of a context.

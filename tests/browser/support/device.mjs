@@ -32,6 +32,11 @@ export class Device {
     return this.#tap(page.back, 'the back button');
   }
 
+  /** Goes back to the first page of Settings. */
+  async home() {
+    while ((await this.screen()).page.back) await this.back();
+  }
+
   /** Types into the first field of the alert. */
   async type(text) {
     const { alert } = await this.screen();

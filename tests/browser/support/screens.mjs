@@ -29,7 +29,7 @@ export function label(text, frame, fields = {}) {
 }
 
 export function section(header, rows, footer = null) {
-  return { header, footer, headerView: null, footerView: null, rows };
+  return { header, footer, headerView: null, footerView: null, headerHeight: null, footerHeight: null, rows };
 }
 
 /** Rows without an id get one that names their place. */

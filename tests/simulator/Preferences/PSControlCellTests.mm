@@ -109,6 +109,12 @@ TEST_F(PSControlCellTest, ASliderTakesItsRange) {
   EXPECT_EQ([showSlider(@{ @"min" : @10, @"max" : @20 }) value], 10);
 }
 
+TEST_F(PSControlCellTest, TheHiddenTitleOfASliderNamesIt) {
+  UISlider *slider = showSlider(@{});
+  EXPECT_OBJC_EQ([slider accessibilityLabel], @"Row");
+  EXPECT_OBJC_EQ([[cell(page_, @"Row") textLabel] text], nil);
+}
+
 TEST_F(PSControlCellTest, ASliderStoresOnceAtTheEndOfADrag) {
   UISlider *slider = showSlider(@{ @"isContinuous" : @1, @"defaults" : @"com.example" });
   EXPECT_FALSE([slider isContinuous]);

@@ -71,6 +71,10 @@ class SessionTest : public DeviceTest {
   void expectRefused(const sim::Json &event, int status);
 
   static std::string calls(ListPage *page);
+  /// A square picture, `side` points and pixels wide.
+  static UIImage *picture(CGFloat side);
+  /// What names the picture in its address; "" for null.
+  static std::string identifierOf(const sim::Json &image);
   bool logged(const std::string &part) const;
 
   sim::Json reply;

@@ -191,6 +191,18 @@ void SessionTest::expectRefused(const Json &event, int status) {
   EXPECT_EQ(session_->screen(), before) << event.dump();
 }
 
+UIImage *SessionTest::picture(CGFloat side) {
+  UIGraphicsBeginImageContext(CGSizeMake(side, side));
+  UIImage *image = UIGraphicsGetImageFromCurrentImageContext();
+  UIGraphicsEndImageContext();
+  return image;
+}
+
+std::string SessionTest::identifierOf(const Json &image) {
+  const std::string url = image.is_object() ? image.value("url", "") : "";
+  return url.substr(url.rfind('/') + 1);
+}
+
 std::string SessionTest::calls(ListPage *page) { return [[page->calls.get() componentsJoinedByString:@","] UTF8String]; }
 
 bool SessionTest::logged(const std::string &part) const {

@@ -97,6 +97,37 @@ TEST_F(UIDocumentPickerTest, ImportGivesACopyThatHasToBeOpened) {
   [url stopAccessingSecurityScopedResource];
 }
 
+TEST_F(UIDocumentPickerTest, AFileOfTheComputerIsGivenAsACopyUnderItsName) {
+  NSString *file = write(@"/.simulator/uploads/1", "content");
+  for (const UIDocumentPickerMode mode : {UIDocumentPickerModeImport, UIDocumentPickerModeOpen}) {
+    const auto made = presentedPicker(mode);
+    EXPECT_TRUE([made.get() sim_pickFileOfComputer:file named:@"Gr\u00FCn \U0001F33F.plist" error:NULL]);
+    NSURL *url = taker_.get()->url.get();
+    EXPECT_TRUE(taker_.get()->dismissed);
+    EXPECT_EQ(stage_.presented(), nil);
+    EXPECT_OBJC_EQ([[url path] lastPathComponent], @"Gr\u00FCn \U0001F33F.plist");
+    EXPECT_TRUE([[url path] hasPrefix:path(@"/var/mobile/tmp/Inbox/")]);
+    EXPECT_OBJC_EQ([NSString stringWithContentsOfFile:[url path]], @"content");
+    EXPECT_TRUE([url startAccessingSecurityScopedResource]);
+    [url stopAccessingSecurityScopedResource];
+    EXPECT_TRUE(exists(@"/.simulator/uploads/1"));
+  }
+}
+
+TEST_F(UIDocumentPickerTest, AFileOfTheComputerNeedsANameAndHasToBeThere) {
+  NSString *file = write(@"/.simulator/uploads/1", "content");
+  const auto made = presentedPicker(UIDocumentPickerModeImport);
+  for (NSString *name in @[ @"", @".", @"..", @"../a", @"a/b", @"/a" ]) {
+    NSError *error = nil;
+    EXPECT_FALSE([made.get() sim_pickFileOfComputer:file named:name error:&error]) << [name UTF8String];
+    EXPECT_GT([[error localizedDescription] length], 0u);
+  }
+  EXPECT_FALSE([made.get() sim_pickFileOfComputer:path(@"/.simulator/uploads/2") named:@"a" error:NULL]);
+  EXPECT_OBJC_EQ(taker_.get()->url.get(), nil);
+  EXPECT_EQ(stage_.presented(), made.get());
+  EXPECT_EQ(listing(@"/var/mobile/tmp/Inbox"), "");
+}
+
 TEST_F(UIDocumentPickerTest, OpenGivesTheFileItself) {
   NSString *file = write(@"/var/mobile/Documents/Dark.plist", "content");
   const auto made = presentedPicker(UIDocumentPickerModeOpen);

@@ -213,6 +213,55 @@ TEST_F(UIImageTests, TheBrowserGetsPhotosUpright) {
   EXPECT_EQ(small->height(), 50);
 }
 
+TEST_F(UIImageTests, ThumbnailsAreMadeOfFiles) {
+  const auto thumbnail = [&](NSString *file, NSUInteger side) {
+    return [UIImage sim_PNGThumbnailOfFile:file side:side];
+  };
+  // Stored with green along the top, which lies at the right when the picture stands upright.
+  NSString *photo = save(@"/var/photo.jpg", withOrientation(encoded(*marked(400, 200), "jpeg"), 6, false));
+  const auto small = pixelsOf(thumbnail(photo, 40));
+  EXPECT_EQ(small->width(), 40);
+  EXPECT_EQ(small->height(), 40);
+  EXPECT_GT(at(*small, 37, 20).green, 150);
+  EXPECT_GT(at(*small, 10, 5).red, 150);
+  EXPECT_GT(at(*small, 10, 35).blue, 150);
+  EXPECT_EQ(pixelsOf(thumbnail(photo, 0))->width(), 1);
+  EXPECT_OBJC_EQ(thumbnail(path(@"/var/missing.jpg"), 40), nil);
+  EXPECT_OBJC_EQ(thumbnail(nil, 40), nil);
+  EXPECT_OBJC_EQ(thumbnail(save(@"/var/damaged.png", pngHeader(40, 40)), 40), nil);
+}
+
+TEST_F(UIImageTests, IconsAreMaskedAtTheGivenWidth) {
+  UIImage *icon = [[UIImage imageWithData:data(png(120, 120))] sim_iconOfWidth:29];
+  EXPECT_NEAR([icon size].width, 29, 0.001);
+  EXPECT_NEAR([icon size].height, 29, 0.001);
+  EXPECT_EQ(CGImageGetWidth([icon CGImage]), 120u);
+  EXPECT_EQ(CGImageGetAlphaInfo([icon CGImage]), kCGImageAlphaPremultipliedLast);
+  const auto pixels = pixelsOf([icon sim_PNGDataWithLongestSide:0]);
+  EXPECT_EQ(at(*pixels, 0, 0).alpha, 0);
+  EXPECT_EQ(at(*pixels, 30, 100), (Pixel{255, 0, 0, 255}));
+  EXPECT_EQ(at(*pixels, 90, 100), (Pixel{0, 0, 255, 255}));
+  EXPECT_OBJC_EQ([icon sim_iconOfWidth:0], nil);
+  EXPECT_OBJC_EQ([[[[UIImage alloc] init] autorelease] sim_iconOfWidth:29], nil);
+  UIImage *damaged = [[UIImage imageWithData:data(pngHeader(40, 40))] sim_iconOfWidth:29];
+  EXPECT_OBJC_EQ([damaged sim_PNGDataWithLongestSide:0], nil);
+}
+
+TEST_F(UIImageTests, KeepsTheBytesThatItWasMadeFrom) {
+  NSMutableData *bytes = [NSMutableData dataWithData:data(png(30, 20))];
+  UIImage *image = [UIImage imageWithData:bytes];
+  [bytes resetBytesInRange:NSMakeRange(0, [bytes length])];
+  EXPECT_EQ(at(*pixelsOf(UIImagePNGRepresentation(image)), 2, 19), (Pixel{255, 0, 0, 255}));
+  @autoreleasepool {
+    NSData *file = data(png(8, 8));
+    const NSUInteger held = [file retainCount];
+    UIImage *other = [[UIImage alloc] initWithData:file];
+    EXPECT_EQ([file retainCount], held + 1) << "no second copy of a file of many megabytes";
+    [other release];
+    EXPECT_EQ([file retainCount], held);
+  }
+}
+
 TEST_F(UIImageTests, NumbersAreUnique) {
   UIImage *one = image(marked(4, 4));
   UIImage *other = [one imageWithRenderingMode:UIImageRenderingModeAlwaysTemplate];

@@ -77,7 +77,7 @@ TEST_F(UITableViewCellTest, TheImageStandsBeforeTheText) {
   [[made.get() imageView] setImage:image];
   [[made.get() textLabel] setText:@"text"];
   EXPECT_TRUE(CGRectEqualToRect(laidOut(made.get(), [made.get() imageView]), CGRectMake(16, 7.5, 29, 29)));
-  EXPECT_EQ([[made.get() textLabel] frame].origin.x, 16 + 29 + 16);
+  EXPECT_EQ([[made.get() textLabel] frame].origin.x, 16 + 29 + 15);
 }
 
 TEST_F(UITableViewCellTest, TheValueStandsAtTheEnd) {

@@ -22,6 +22,20 @@ using testing_support::takeEvents;
 }
 @end
 
+/// Titles that take several lines in a narrow table view.
+@interface LongTitleSource : TitleSource
+@end
+
+@implementation LongTitleSource
+- (NSString *)tableView:(UITableView *)tableView titleForHeaderInSection:(NSInteger)section {
+  [self note:"title" at:at(section, 0)];
+  return @"a title that is too long for one line of a telephone";
+}
+- (NSString *)tableView:(UITableView *)tableView titleForFooterInSection:(NSInteger)section {
+  return @"A footer of one sentence, which takes several lines where the screen is that of a telephone.";
+}
+@end
+
 /// Views above the rows of every section but the last, of 50 points; the titles show in the last.
 @interface ViewSource : TitleSource {
  @public
@@ -90,7 +104,7 @@ TEST_F(UITableViewSectionsTest, TitlesComeFromTheDataSourceOnce) {
 
 TEST_F(UITableViewSectionsTest, TitlesShowInViews) {
   show<TitleSource>({1, 1});
-  EXPECT_OBJC_EQ([[[table() headerViewForSection:0] textLabel] text], @"Section 0");
+  EXPECT_OBJC_EQ([[[table() headerViewForSection:0] textLabel] text], @"SECTION 0");
   EXPECT_OBJC_EQ([[[table() footerViewForSection:0] textLabel] text], @"End 0");
   EXPECT_OBJC_EQ([table() headerViewForSection:1], nil);
   EXPECT_OBJC_EQ([table() headerViewForSection:7], nil);
@@ -102,7 +116,7 @@ TEST_F(UITableViewSectionsTest, ReloadingASectionAsksAgain) {
   takeEvents(rows);
   [table() reloadSections:[NSIndexSet indexSetWithIndex:0] withRowAnimation:UITableViewRowAnimationNone];
   EXPECT_EQ(takeEvents(rows), "title 0.0");
-  EXPECT_OBJC_EQ([[[table() headerViewForSection:0] textLabel] text], @"Section 0");
+  EXPECT_OBJC_EQ([[[table() headerViewForSection:0] textLabel] text], @"SECTION 0");
 }
 
 TEST_F(UITableViewSectionsTest, TheDelegatesViewsComeFirst) {
@@ -145,6 +159,60 @@ TEST_F(UITableViewSectionsTest, GroupsKeepADistanceWhereNothingShows) {
   show<TableSource>({1, 1}, UITableViewStylePlain);
   EXPECT_EQ([table() rectForHeaderInSection:0].size.height, 0);
   EXPECT_EQ([table() rectForFooterInSection:0].size.height, 0);
+}
+
+TEST_F(UITableViewSectionsTest, GroupsLie35PointsApart) {
+  show<TableSource>({1, 1}, UITableViewStyleInsetGrouped);
+  EXPECT_EQ([table() sim_heightOfHeaderInSection:0], 35);
+  EXPECT_EQ([table() sim_heightOfFooterInSection:0] + [table() sim_heightOfHeaderInSection:1], 35);
+  EXPECT_EQ([table() sim_heightOfHeaderInSection:2], 0);
+  EXPECT_EQ([table() sim_heightOfFooterInSection:-1], 0);
+}
+
+TEST_F(UITableViewSectionsTest, TitlesLieAtTheRows) {
+  show<TitleSource>({1, 1, 1}, UITableViewStyleInsetGrouped);
+  UITableViewHeaderFooterView *header = [table() headerViewForSection:2];
+  [header layoutIfNeeded];
+  const CGRect above = [[header textLabel] frame];
+  EXPECT_EQ(above.origin.x, 16);
+  EXPECT_DOUBLE_EQ(above.origin.y, 15.5);
+  EXPECT_DOUBLE_EQ([header frame].size.height - CGRectGetMaxY(above), 6.5);
+  EXPECT_DOUBLE_EQ([table() sim_heightOfHeaderInSection:0], [table() sim_heightOfHeaderInSection:2] + 17.5);
+
+  UITableViewHeaderFooterView *footer = [table() footerViewForSection:0];
+  [footer layoutIfNeeded];
+  EXPECT_EQ([[footer textLabel] frame].origin.y, 7);
+  EXPECT_DOUBLE_EQ([footer frame].size.height, [[footer textLabel] frame].size.height + 14);
+}
+
+TEST_F(UITableViewSectionsTest, PlainTitlesAreLargeAndAsTheyWereGiven) {
+  show<TitleSource>({1, 1}, UITableViewStylePlain);
+  UILabel *label = [[table() headerViewForSection:0] textLabel];
+  EXPECT_OBJC_EQ([label text], @"Section 0");
+  EXPECT_OBJC_EQ([label font], [UIFont systemFontOfSize:17 weight:UIFontWeightSemibold]);
+  EXPECT_EQ([table() sim_heightOfHeaderInSection:1], 0);
+}
+
+TEST_F(UITableViewSectionsTest, AnotherWidthWrapsTitlesAnew) {
+  LongTitleSource *rows = show<LongTitleSource>({1, 1}, UITableViewStyleInsetGrouped);
+  const CGFloat header = [table() sim_heightOfHeaderInSection:1];
+  const CGFloat footer = [table() sim_heightOfFooterInSection:1];
+  const CGFloat rowTop = [table() rectForRowAtIndexPath:at(1, 0)].origin.y;
+  takeEvents(rows);
+  [table() setFrame:CGRectMake(0, 0, 820, 1000)];
+  [table() layoutIfNeeded];
+  EXPECT_EQ(takeEvents(rows), "") << "the titles are still known";
+  EXPECT_LT([table() sim_heightOfHeaderInSection:1], header);
+  EXPECT_LT([table() sim_heightOfFooterInSection:1], footer);
+  EXPECT_LT([table() rectForRowAtIndexPath:at(1, 0)].origin.y, rowTop);
+  EXPECT_EQ([[table() headerViewForSection:1] frame].size.width, 780);
+  EXPECT_EQ([[[table() headerViewForSection:1] textLabel] frame].origin.x, 20);
+
+  [table() setFrame:CGRectMake(0, 0, 320, 1000)];
+  [table() layoutIfNeeded];
+  EXPECT_EQ([table() sim_heightOfHeaderInSection:1], header);
+  EXPECT_EQ([table() sim_heightOfFooterInSection:1], footer);
+  EXPECT_EQ([table() rectForRowAtIndexPath:at(1, 0)].origin.y, rowTop);
 }
 
 TEST_F(UITableViewSectionsTest, HeightsThatAreSetHold) {

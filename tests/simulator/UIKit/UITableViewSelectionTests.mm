@@ -103,6 +103,26 @@ TEST_F(UITableViewSelectionTest, TheDelegateMayRefuse) {
   EXPECT_FALSE(accepted_);
 }
 
+TEST_F(UITableViewSelectionTest, ATapShowsUnlessNothingComesOfIt) {
+  const auto shows = [](UITableView *table) {
+    return bool([table sim_tapShowsAtIndexPath:at(0, 0) cell:[table cellForRowAtIndexPath:at(0, 0)]]);
+  };
+  EXPECT_TRUE(shows(table_.get()));
+  [[table_.get() cellForRowAtIndexPath:at(0, 0)] setSelectionStyle:UITableViewCellSelectionStyleNone];
+  EXPECT_TRUE(shows(table_.get())) << "the delegate still acts on it";
+  rows_.get()->refusesHighlight = YES;
+  EXPECT_FALSE(shows(table_.get()));
+  rows_.get()->refusesHighlight = NO;
+  [table_.get() setAllowsSelection:NO];
+  EXPECT_FALSE(shows(table_.get()));
+
+  const auto silent = adopt([[TableSource alloc] initWithCounts:{1}]);
+  const auto table = tableShowing(silent.get());
+  EXPECT_TRUE(shows(table.get())) << "the row lights up";
+  [[table.get() cellForRowAtIndexPath:at(0, 0)] setSelectionStyle:UITableViewCellSelectionStyleNone];
+  EXPECT_FALSE(shows(table.get()));
+}
+
 TEST_F(UITableViewSelectionTest, TheDelegateMaySelectAnotherRow) {
   rows_.get()->insteadOf = objcxx::share(at(0, 3));
   EXPECT_EQ(tap(1), "willSelect 0.1, didSelect 0.3");

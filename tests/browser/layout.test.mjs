@@ -1,0 +1,158 @@
+// The simulator lays out; the browser has to draw everything where that put it.
+import assert from 'node:assert/strict';
+import { test } from 'node:test';
+import { eventually, openPage } from './support/browser.mjs';
+import { Device } from './support/device.mjs';
+import { startFake } from './support/fakeSimulator.mjs';
+import { control, link, row, screen, section } from './support/screens.mjs';
+import { startSimulator } from './support/simulator.mjs';
+
+const tolerance = 0.5;
+const widths = { phone: 390, tablet: 820 };
+const pages = [
+  [], ['Zuno'], ['Zuno', 'Open To'], ['Zuno', 'Default Music App'], ['Zuno', 'Favourite Apps'], ['Zuno', 'Widgets'],
+  ['Zuno', 'Customise'], ['Zuno', 'Customise', 'Presets'],
+];
+
+/** Where things lie on the page in front, in points from the table's top left corner: `{rows, slots, views}`. */
+function drawn(page) {
+  return page.evaluate(() => {
+    const table = document.querySelector('.page:not([inert]) .table');
+    const origin = table.getBoundingClientRect();
+    const scale = origin.width / table.offsetWidth;
+    const frameOf = (element) => {
+      const { x, y, width, height } = element.getBoundingClientRect();
+      return [(x - origin.x) / scale, (y - origin.y) / scale, width / scale, height / scale];
+    };
+    const sections = [...table.querySelectorAll('.section')];
+    return {
+      rows: sections.map((each) => [...each.querySelectorAll('.row')].map(frameOf)),
+      slots: sections.map((each) => [each.firstElementChild, each.lastElementChild].map((slot) => frameOf(slot)[3])),
+      views: sections.map((each) => [...each.querySelectorAll('.section-view > .views > .view')].map(frameOf)),
+    };
+  });
+}
+
+/** The same as the simulator laid it out. */
+function laidOut({ page }) {
+  return {
+    rows: page.sections.map(({ rows }) => rows.map(({ frame }) => frame)),
+    slots: page.sections.map(({ headerHeight, footerHeight }) => [headerHeight, footerHeight]),
+    views: page.sections.map(({ headerView, footerView }) =>
+      [headerView, footerView].filter(Boolean).map(({ frame }) => frame)),
+  };
+}
+
+function assertNear(actual, expected, place) {
+  assert.equal(actual.length, expected.length, place);
+  actual.forEach((value, at) => {
+    const where = `${place} ${at}`;
+    if (Array.isArray(value)) assertNear(value, expected[at], where);
+    else assert.ok(Math.abs(value - expected[at]) <= tolerance, `${where}: ${actual} is not near ${expected}`);
+  });
+}
+
+async function assertDrawnAsLaidOut(page, api, place) {
+  await eventually(async () => {
+    const screen = await api('GET', '/api/screen');
+    assert.equal(await page.locator('.page').count(), 1);
+    const [actual, expected] = [await drawn(page), laidOut(screen)];
+    for (const part of ['rows', 'slots', 'views']) assertNear(actual[part], expected[part], `${place} ${part}`);
+  });
+}
+
+test('Rows, headers, footers and custom cells are drawn where they were laid out, on phone and tablet', async (t) => {
+  const { url, api } = await startSimulator(t);
+  const device = new Device(api);
+  const page = await openPage(t, url, { reducedMotion: 'reduce', expected: /404/ });
+  for (const labels of pages) {
+    for (const label of labels) await device.tapRow(label);
+    for (const kind of ['phone', 'tablet', 'phone']) {
+      await api('PUT', '/api/device/display', { kind });
+      await eventually(async () => {
+        assert.equal(await page.locator('.screen').evaluate((element) => element.offsetWidth), widths[kind]);
+      });
+      await assertDrawnAsLaidOut(page, api, `${labels.join(' > ')} on the ${kind}:`);
+    }
+    for (const label of labels) await device.back(label);
+  }
+});
+
+test('Rows keep 16 points from the edges of a phone and 20 from those of a tablet', async (t) => {
+  const { api } = await startSimulator(t);
+  await new Device(api).tapRow('Zuno');
+  const edges = async () => {
+    const { page } = await api('GET', '/api/screen');
+    return page.sections.flatMap(({ rows }) => rows).map(({ frame: [x, , width] }) => [x, x + width]);
+  };
+  for (const [left, right] of await edges()) assert.deepEqual([left, right], [16, 374]);
+  await api('PUT', '/api/device/display', { kind: 'tablet' });
+  for (const [left, right] of await edges()) assert.deepEqual([left, right], [20, 800]);
+});
+
+test('A footer that needs fewer lines on a tablet gets less room there', async (t) => {
+  const { api } = await startSimulator(t);
+  await new Device(api).tapRow('Zuno');
+  const heights = async () => {
+    const { page } = await api('GET', '/api/screen');
+    return page.sections.filter(({ footer }) => footer).map(({ footerHeight }) => footerHeight);
+  };
+  const onPhone = await heights();
+  await api('PUT', '/api/device/display', { kind: 'tablet' });
+  const onTablet = await heights();
+  assert.ok(onTablet.every((height, at) => height <= onPhone[at]));
+  assert.ok(onTablet[0] < onPhone[0] - 10, `${onTablet[0]} against ${onPhone[0]}`);
+});
+
+test('A custom cell that is higher than its slot covers what follows, as on a device, but takes no taps', async (t) => {
+  const { url, api } = await startSimulator(t);
+  await new Device(api).tapRow('Zuno');
+  const [banner] = (await api('GET', '/api/screen')).page.sections;
+  assert.equal(banner.headerHeight, 150);
+  assert.equal(banner.headerView.frame[3], 195);
+  const page = await openPage(t, url);
+  const credit = await page.getByText('by Norvik').boundingBox();
+  const first = await page.locator('.row').first().boundingBox();
+  assert.ok(credit.y + credit.height < first.y, 'the rows begin below the text');
+  const slot = page.locator('.section-view').first();
+  assert.equal(await slot.evaluate((element) => element.offsetHeight), 150);
+  assert.equal(await slot.evaluate((element) => getComputedStyle(element).pointerEvents), 'none');
+});
+
+test('Neighbouring rows are parted by one line of the device’s pixels, at every scale', async (t) => {
+  const { url } = await startFake(t, screen(['List'], [section('A', [link('One'), link('Two'), link('Three')])]));
+  for (const deviceScaleFactor of [1, 2, 3]) {
+    const page = await openPage(t, url, { deviceScaleFactor, colorScheme: 'light' });
+    await page.locator('.row').first().waitFor();
+    const box = await page.locator('.row').first().boundingBox();
+    // A column of pixels across the border of two rows, where neither has anything else.
+    const strip = await page.screenshot({ clip: { x: box.x + 200, y: box.y + box.height - 3, width: 1, height: 6 } });
+    const lines = await page.evaluate(async (bytes) => {
+      const bitmap = await createImageBitmap(new Blob([new Uint8Array(bytes)], { type: 'image/png' }));
+      const canvas = new OffscreenCanvas(bitmap.width, bitmap.height).getContext('2d');
+      canvas.drawImage(bitmap, 0, 0);
+      const { data } = canvas.getImageData(0, 0, 1, bitmap.height);
+      return Array.from({ length: bitmap.height }, (_, at) => data[at * 4]).filter((red) => red < 240).length;
+    }, [...strip]);
+    assert.ok(lines >= 1 && lines <= Math.ceil(deviceScaleFactor / 2), `${lines} at ${deviceScaleFactor}`);
+  }
+});
+
+test('Texts stand in the middle of their rows, whatever element shows them', async (t) => {
+  const rows = [
+    link('Open', { style: 'value1', detail: 'Now' }), control('Turn', 'switch', true), row('Show', { selectable: false }),
+    control('Name', 'text', 'Text', {}, { placeholder: '' }),
+  ];
+  const { url } = await startFake(t, screen(['List'], [section('A', rows)]));
+  const page = await openPage(t, url);
+  await page.locator('.row').first().waitFor();
+  const offsets = await page.evaluate(() => [...document.querySelectorAll('.row-label')].map((label) => {
+    const box = (element) => element.getBoundingClientRect();
+    const [own, around] = [box(label), box(label.closest('.row'))];
+    return own.y + own.height / 2 - around.y - around.height / 2;
+  }));
+  assert.equal(offsets.length, rows.length);
+  for (const offset of offsets) assert.ok(Math.abs(offset) <= 0.5, String(offsets));
+  const rendering = await page.locator('.text-field').evaluate((field) => getComputedStyle(field).textRendering);
+  assert.equal(rendering, 'geometricprecision');
+});
