@@ -2,6 +2,7 @@
 #pragma once
 
 #import <Foundation/Foundation.h>
+#import <UIKit/NSText+Sim.h>
 
 #include <nlohmann/json.hpp>
 
@@ -15,9 +16,6 @@
 namespace sim {
 
 using Json = nlohmann::json;
-
-/// The text as UTF-8, characters of code 0 included. Half a surrogate pair becomes a replacement character. "" for nil.
-std::string utf8(NSString *text);
 
 /// UTF-16 units of the longest text that a screen carries whole. People paste tens of megabytes into a field; the page
 /// could not lay them out, and every event would send them back.

@@ -1,15 +1,11 @@
 #import "Settings/JsonValues.hpp"
 
-#import <Foundation/Text.h>
 #import <UIKit/UIColor+Sim.h>
 #import <objcxx/Retained.h>
 
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <vector>
-
-#include "Foundation/UTF8.hpp"
 
 namespace sim {
 namespace {
@@ -25,22 +21,6 @@ HexColor hex(const RGBA &color) {
   std::snprintf(text.data(), text.size(), "#%02x%02x%02x%02x", byte(color.red), byte(color.green), byte(color.blue),
                 byte(color.alpha));
   return text;
-}
-
-/// The text with a replacement character for each half of a surrogate pair.
-std::string mendedUTF8(NSString *text) {
-  std::vector<unichar> units([text length]);
-  [text getCharacters:units.data() range:NSMakeRange(0, units.size())];
-  std::string result;
-  for (std::size_t at = 0; at < units.size(); ++at) {
-    char32_t character = units[at];
-    const bool leads = character >= 0xd800 && character < 0xdc00;
-    if (leads && at + 1 < units.size() && units[at + 1] >= 0xdc00 && units[at + 1] < 0xe000) {
-      character = 0x10000 + ((character - 0xd800) << 10) + (units[++at] - 0xdc00u);
-    }
-    if (!appendUTF8(result, character)) appendUTF8(result, 0xfffd);
-  }
-  return result;
 }
 
 /// The beginning of a text that is too long, no surrogate pair cut in two.
@@ -89,12 +69,6 @@ void writeValue(JsonText &out, id value, int depth) {
 }
 
 }  // namespace
-
-std::string utf8(NSString *text) {
-  std::string result;
-  if (!getUTF8(text, result)) return mendedUTF8(text);
-  return result;
-}
 
 void writeText(JsonText &out, NSString *text) {
   if (!text) return out.null();

@@ -1,46 +1,36 @@
+#import <Foundation/Text.h>
 #import <UIKit/NSText+Sim.h>
 #import <UIKit/UIScreen.h>
 
 #include <cmath>
 #include <vector>
 
+#include "Foundation/UTF8.hpp"
+
 namespace sim {
 namespace {
 
-constexpr char32_t replacement = 0xFFFD;
-
-constexpr bool isHighHalf(unichar unit) { return unit >= 0xD800 && unit < 0xDC00; }
-constexpr bool isLowHalf(unichar unit) { return unit >= 0xDC00 && unit < 0xE000; }
-
-void append(std::string &bytes, char32_t character) {
-  if (character < 0x80) {
-    bytes += char(character);
-    return;
+/// The text with a replacement character for each half of a surrogate pair.
+std::string mendedUTF8(NSString *string) {
+  std::vector<unichar> units([string length]);
+  [string getCharacters:units.data() range:NSMakeRange(0, units.size())];
+  std::string bytes;
+  for (std::size_t at = 0; at < units.size(); ++at) {
+    char32_t character = units[at];
+    const bool leads = character >= 0xd800 && character < 0xdc00;
+    if (leads && at + 1 < units.size() && units[at + 1] >= 0xdc00 && units[at + 1] < 0xe000) {
+      character = 0x10000 + ((character - 0xd800) << 10) + (units[++at] - 0xdc00u);
+    }
+    if (!appendUTF8(bytes, character)) appendUTF8(bytes, 0xfffd);
   }
-  const int continuations = character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
-  constexpr unsigned leads[] = {0, 0xC0, 0xE0, 0xF0};
-  bytes += char(leads[continuations] | character >> (6 * continuations));
-  for (int i = continuations - 1; i >= 0; --i) bytes += char(0x80 | (character >> (6 * i) & 0x3F));
+  return bytes;
 }
 
 }  // namespace
 
 std::string utf8(NSString *string) {
-  const NSUInteger length = [string length];
-  std::vector<unichar> units(length);
-  [string getCharacters:units.data() range:NSMakeRange(0, length)];
   std::string bytes;
-  bytes.reserve(length);
-  for (NSUInteger i = 0; i < length; ++i) {
-    const bool isPair = isHighHalf(units[i]) && i + 1 < length && isLowHalf(units[i + 1]);
-    if (isPair) {
-      append(bytes, 0x10000 + ((units[i] - 0xD800u) << 10) + (units[i + 1] - 0xDC00u));
-      ++i;
-    } else {
-      append(bytes, isHighHalf(units[i]) || isLowHalf(units[i]) ? replacement : units[i]);
-    }
-  }
-  return bytes;
+  return getUTF8(string, bytes) ? bytes : mendedUTF8(string);
 }
 
 NSString *oneLine(NSString *string) {
