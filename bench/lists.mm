@@ -31,7 +31,9 @@ namespace {
 
 using Editor = UITableViewController<ListEditor>;
 using bench::DeviceFolder;
+using bench::bundleClass;
 using bench::median;
+using bench::require;
 
 constexpr int kRepetitions = 7;
 
@@ -48,24 +50,9 @@ void measure(Times& times, const std::string& name, Body body) {
   }
 }
 
-/// Ends the program: nothing that follows would measure what it says.
-void require(bool condition, const char *what) {
-  if (condition) return;
-  std::printf("bench_lists: %s\n", what);
-  std::exit(1);
-}
-
-Class classNamed(NSString *name) {
-  static NSBundle *const bundle =
-      [[NSBundle bundleWithPath:@BUILD_FOLDER "/device-root/var/jb/Library/PreferenceBundles/ZunoPrefs.bundle"] retain];
-  Class found = [bundle classNamed:name];
-  require(found, "the settings bundle cannot be loaded");
-  return found;
-}
-
 /// A new editor with its lists loaded.
 objcxx::Retained<Editor> openEditor(NSString *className) {
-  auto editor = objcxx::adopt([(Editor *)[classNamed(className) alloc] initWithIdentifier:bench::kDomain]);
+  auto editor = objcxx::adopt([(Editor *)[bundleClass(className) alloc] initWithIdentifier:bench::kDomain]);
   SIMDrainMainQueue();
   return editor;
 }

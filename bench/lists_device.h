@@ -1,11 +1,18 @@
-// Device folders full of apps or widgets, for the benchmark of the list editors.
+// Device folders full of apps or widgets, and the settings bundle in them: shared by the benchmarks of its pages.
 #pragma once
 
 #import <Foundation/Foundation.h>
 
 #include <filesystem>
+#include <string>
 
 namespace bench {
+
+/// Ends the program with `what` unless `condition` holds: nothing that follows would measure what it says.
+void require(bool condition, const std::string& what);
+
+/// The class of the settings bundle, which is loaded as Settings loads it. Ends the program when it is not there.
+Class bundleClass(NSString *name);
 
 /// A device folder in the temporary folder, set for the process while it exists, and removed with it. One at a time.
 class DeviceFolder final {

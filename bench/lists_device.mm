@@ -9,20 +9,26 @@
 #include <system_error>
 
 namespace bench {
+
+void require(bool condition, const std::string& what) {
+  if (condition) return;
+  std::printf("benchmark: %s\n", what.c_str());
+  std::exit(1);
+}
+
+Class bundleClass(NSString *name) {
+  static NSBundle *const bundle =
+      [[NSBundle bundleWithPath:@BUILD_FOLDER "/device-root/var/jb/Library/PreferenceBundles/ZunoPrefs.bundle"] retain];
+  Class found = [bundle classNamed:name];
+  require(found, "the settings bundle cannot be loaded");
+  return found;
+}
+
 namespace {
 
 namespace fs = std::filesystem;
 
 constexpr CGFloat kIconSide = 60;
-
-[[noreturn]] void fail(const std::string& what) {
-  std::fprintf(stdout, "bench_lists: %s\n", what.c_str());
-  std::exit(1);
-}
-
-void require(bool condition, const std::string& what) {
-  if (!condition) fail(what);
-}
 
 NSString *text(const fs::path& path) { return [NSString stringWithUTF8String:path.c_str()]; }
 

@@ -27,7 +27,9 @@
 namespace {
 
 using Page = UITableViewController<PresetsPage>;
+using bench::bundleClass;
 using bench::median;
+using bench::require;
 
 constexpr int kFew = 10000, kMany = 20000;
 constexpr int kRepetitions = 7;
@@ -42,21 +44,6 @@ void measure(Times& times, const std::string& name, Body body) {
     body();
     times[name].push_back(static_cast<double>(std::clock() - start) * 1e3 / CLOCKS_PER_SEC);
   }
-}
-
-/// Ends the program: nothing that follows would measure what it says.
-void require(bool condition, const char *what) {
-  if (condition) return;
-  std::printf("bench_presets: %s\n", what);
-  std::exit(1);
-}
-
-Class presetsClass() {
-  static NSBundle *const bundle =
-      [[NSBundle bundleWithPath:@BUILD_FOLDER "/device-root/var/jb/Library/PreferenceBundles/ZunoPrefs.bundle"] retain];
-  Class found = [bundle classNamed:@"ZunoPresets"];
-  require(found, "the settings bundle cannot be loaded");
-  return found;
 }
 
 void addPresets(int count) {
@@ -78,7 +65,7 @@ Times measurePresets(int count) {
     @autoreleasepool {
       objcxx::Retained<Page> page;
       measure(times, "open", [&] {
-        page = objcxx::adopt([(Page *)[presetsClass() alloc] init]);
+        page = objcxx::adopt([(Page *)[bundleClass(@"ZunoPresets") alloc] init]);
         (void)[page.get() view];
         [[page.get() tableView] layoutIfNeeded];
         SIMDrainMainQueue();
@@ -87,7 +74,7 @@ Times measurePresets(int count) {
       measure(times, "reload", [&] { [page.get() loadPresets]; });
     }
   }
-  objcxx::Retained<Page> page = objcxx::adopt([(Page *)[presetsClass() alloc] init]);
+  objcxx::Retained<Page> page = objcxx::adopt([(Page *)[bundleClass(@"ZunoPresets") alloc] init]);
   sim::Session session(page.get(), 1);
   for (int repetition = 0; repetition < kRepetitions; ++repetition) {
     measure(times, "describe", [&] { require(!session.refresh(), "the screen changed by itself"); });

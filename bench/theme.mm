@@ -28,6 +28,9 @@
 
 namespace {
 
+using bench::bundleClass;
+using bench::require;
+
 constexpr int kRepetitions = 5;
 constexpr double kPageGoal = 100, kPickGoal = 2000;  // Milliseconds.
 
@@ -61,22 +64,6 @@ double median(const std::string& name, double Cost::*kind = &Cost::processor) {
   return bench::median(std::move(values));
 }
 
-/// Ends the program: nothing that follows would measure what it says.
-void require(bool condition, const char *what) {
-  if (condition) return;
-  std::printf("bench_theme: %s\n", what);
-  std::exit(1);
-}
-
-/// The page's class, of the bundle as Settings loads it.
-Class pageClass() {
-  static NSBundle *const bundle =
-      [[NSBundle bundleWithPath:@BUILD_FOLDER "/device-root/var/jb/Library/PreferenceBundles/ZunoPrefs.bundle"] retain];
-  Class found = [bundle classNamed:@"ZunoCustomiseRootListController"];
-  require(found, "the settings bundle cannot be loaded");
-  return found;
-}
-
 /// Settings with an empty first page.
 class Settings final {
  public:
@@ -84,7 +71,7 @@ class Settings final {
 
   /// Opens the theme page as a row of another page does.
   void openThemePage() {
-    UIViewController *page = [[[pageClass() alloc] init] autorelease];
+    UIViewController *page = [[[bundleClass(@"ZunoCustomiseRootListController") alloc] init] autorelease];
     [[root_.get() navigationController] pushViewController:page animated:YES];
     session_.refresh();
   }

@@ -187,7 +187,8 @@ class Route {
       NSArray *fields = [(UIAlertController *)presented_ textFields];
       return element.index < [fields count] ? [fields objectAtIndex:element.index] : nil;
     }
-    if (element.kind != ElementKind::kRow || !isOnPage(element) || ![table() sim_hasRowAtIndexPath:path(element)]) return nil;
+    if (element.kind != ElementKind::kRow || !isOnPage(element)) return nil;
+    if (![table() sim_hasRowAtIndexPath:path(element)]) return nil;
     return [table() sim_cellForControlEventsAtIndexPath:path(element)];
   }
 

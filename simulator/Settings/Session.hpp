@@ -46,8 +46,8 @@ class Session final {
   /// Picks the uploaded file that `request` names in the document picker on the screen; answers like `perform`.
   Reply pickFile(const Json &request);
 
-  /// The content of the item `identifier` of a share sheet on the screen, autoreleased. nil, with why at `problem`, when there is no
-  /// such item or it is no file.
+  /// The content of the item `identifier` of a share sheet on the screen, autoreleased. nil, with why at `problem`, when
+  /// there is no such item or it is no file.
   NSData *sharedContentOf(std::string_view identifier, Reply &problem);
 
   /// The PNG file of a picture on the screen, autoreleased; nil for an unknown identifier.

@@ -11,10 +11,13 @@ constexpr long mostDescribedRows = 1000;
 // that a fast flick passes in half a second.
 constexpr CGFloat describedMargin = 8000;
 
-long rowCount(const sim::TableGeometry &geometry) {
+// Stops counting at the limit: a table may have as many sections as rows.
+bool isDescribedWhole(const sim::TableGeometry &geometry) {
   long count = 0;
-  for (long section = 0; section < geometry.sectionCount(); ++section) count += geometry.rowCount(section);
-  return count;
+  for (long section = 0; section < geometry.sectionCount() && count <= mostDescribedRows; ++section) {
+    count += geometry.rowCount(section);
+  }
+  return count <= mostDescribedRows;
 }
 
 // How many rows of `section`, which has `count`, come before `index` in display order; all when there is no such row.
@@ -36,7 +39,7 @@ long rowsBefore(std::optional<sim::RowIndex> index, long section, long count) {
 /// Which rows of a long table view are described depends on their heights, and must not change by describing them.
 - (void)sim_settleHeightsToDescribe {
   const auto &geometry = _tableViewState->geometry;
-  if (rowCount(geometry) <= mostDescribedRows) return;
+  if (isDescribedWhole(geometry)) return;
   for (bool settled = true; settled;) {
     settled = false;
     for (sim::RowIndex index{0, 0}; index.section < geometry.sectionCount(); ++index.section) {
@@ -76,7 +79,7 @@ long rowsBefore(std::optional<sim::RowIndex> index, long section, long count) {
   const auto &geometry = _tableViewState->geometry;
   if (section < 0 || section >= geometry.sectionCount()) return NSMakeRange(0, 0);
   const long count = geometry.rowCount(section);
-  if (rowCount(geometry) <= mostDescribedRows) return NSMakeRange(0, NSUInteger(count));
+  if (isDescribedWhole(geometry)) return NSMakeRange(0, NSUInteger(count));
 
   const CGRect bounds = [self bounds];
   const double bottom = bounds.origin.y + bounds.size.height + describedMargin;
