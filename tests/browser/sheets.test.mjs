@@ -1,6 +1,6 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { eventually, focused, hasFocus, openPage } from './support/browser.mjs';
+import { eventually, focused, hasFocus, openPage, settled } from './support/browser.mjs';
 import { startFake } from './support/fakeSimulator.mjs';
 import { link, screen, section } from './support/screens.mjs';
 
@@ -25,6 +25,27 @@ test('Photos are a grid of named pictures, and picking one names its path', asyn
   await pick.click();
   await eventually(() => assert.deepEqual(sent(fake), [{ type: 'pick', path: '/var/mobile/IMG_0002.PNG' }]));
   await sheet.waitFor({ state: 'detached' });
+});
+
+test('The screen behind a sheet stays where it is while the sheet comes up', async (t) => {
+  const { url } = await startFake(t, theme, closing);
+  const page = await openPage(t, url);
+  await page.getByRole('button', { name: 'Background' }).waitFor();
+  await page.evaluate(() => {
+    const screenElement = document.querySelector('.screen');
+    globalThis.highest = 0;
+    const look = () => {
+      globalThis.highest = Math.max(globalThis.highest, screenElement.scrollTop);
+      requestAnimationFrame(look);
+    };
+    look();
+  });
+  await page.getByRole('button', { name: 'Background' }).click();
+  const sheet = page.getByRole('dialog', { name: 'Photos' });
+  await sheet.waitFor();
+  await eventually(async () => assert.ok(await hasFocus(sheet)));
+  await settled(page);
+  assert.equal(await page.evaluate(() => globalThis.highest), 0);
 });
 
 test('A sheet keeps the focus, is left by Escape, and gives the focus back', async (t) => {
