@@ -24,14 +24,15 @@ test('A switch that is flipped is on disk beside the older settings, posted and 
   assert.equal(await toggle.isChecked(), false);
   await toggle.click();
   await eventually(async () => assert.deepEqual(await stored(), { ...before, pullToKillEnabled: true }));
-  assert.deepEqual(await notificationsOf(api), ['com.norvik.Zuno.switcher']);
+  // The file is there a moment before the notification is posted.
+  await eventually(async () => assert.deepEqual(await notificationsOf(api), ['com.norvik.Zuno.switcher']));
   const notifications = page.getByRole('list', { name: 'Notifications, newest first' });
   await notifications.getByText('com.norvik.Zuno.switcher').waitFor();
   const shown = contentOf(page, 'com.norvik.Zunoprefs.plist');
   await eventually(async () => assert.match(await shown.innerText(), /pullToKillEnabled\s+(1|true)/));
   await toggle.click();
   await eventually(async () => assert.equal((await stored()).pullToKillEnabled, false));
-  assert.equal((await notificationsOf(api)).length, 2);
+  await eventually(async () => assert.equal((await notificationsOf(api)).length, 2));
 });
 
 test('The options of the quick switcher come when the user returns, and the slider stores where it was let go', async (t) => {

@@ -53,7 +53,7 @@ test('A sheet keeps the focus, is left by Escape, and gives the focus back', asy
   const page = await openPage(t, url);
   await page.getByRole('button', { name: 'Background' }).focus();
   await page.keyboard.press('Enter');
-  await page.getByRole('dialog', { name: 'Photos' }).waitFor();
+  await eventually(async () => assert.ok(await hasFocus(page.getByRole('dialog', { name: 'Photos' }))));
   for (let press = 0; press < 5; press += 1) await page.keyboard.press('Tab');
   assert.equal(await focused(page), 'Unread.HEIC');
   await page.keyboard.press('Tab');
