@@ -3,12 +3,12 @@
 #import <Preferences/PSSpecifier+Sim.h>
 #import <Preferences/PSTableCell+Sim.h>
 #import <UIKit/UIKit.h>
+#import <UIKit/UITableViewCell+Sim.h>
 
 #include <algorithm>
 
 namespace {
 
-constexpr CGFloat kMargin = 16;
 constexpr CGFloat kGap = 8;
 
 }  // namespace
@@ -76,8 +76,9 @@ constexpr CGFloat kGap = 8;
   [super layoutSubviews];
   const CGRect bounds = [[self contentView] bounds];
   const CGFloat titleWidth = [[self title] length] > 0 ? [[self titleLabel] sizeThatFits:bounds.size].width + kGap : 0;
-  const CGFloat left = kMargin + titleWidth;
-  [_textField setFrame:CGRectMake(left, 0, std::max<CGFloat>(0, bounds.size.width - left - kMargin), bounds.size.height)];
+  const CGFloat left = [self sim_margin] + titleWidth;
+  const CGFloat width = std::max<CGFloat>(0, bounds.size.width - left - [self sim_margin]);
+  [_textField setFrame:CGRectMake(left, 0, width, bounds.size.height)];
 }
 
 #pragma mark - UITextFieldDelegate

@@ -49,7 +49,7 @@ UIView *makeHeaderView(PSSpecifier *group, NSString *key) {
 }
 
 CGFloat heightOfHeaderView(UIView *view, UITableView *table) {
-  const CGFloat width = [table bounds].size.width - 2 * [table sim_rowInset];
+  const CGFloat width = [table sim_rowWidth];
   id<PreferencesTableCustomView> custom = (id<PreferencesTableCustomView>)view;
   if ([view respondsToSelector:@selector(preferredHeightForWidth:inTableView:)]) {
     return [custom preferredHeightForWidth:width inTableView:table];

@@ -4,12 +4,12 @@
 #import <Preferences/PSTableCell+Sim.h>
 #import <Preferences/PreferencesLog.h>
 #import <UIKit/UIKit.h>
+#import <UIKit/UITableViewCell+Sim.h>
 
 #include <cmath>
 
 namespace {
 
-constexpr CGFloat kMargin = 16;
 constexpr CGFloat kValueWidth = 56;
 
 /// A finite number of the plist, else the fallback.
@@ -91,7 +91,7 @@ float numberFor(PSSpecifier *specifier, NSString *key, float fallback) {
 
 - (void)layoutSubviews {
   [super layoutSubviews];
-  CGRect frame = CGRectInset([[self contentView] bounds], kMargin, 0);
+  CGRect frame = CGRectInset([[self contentView] bounds], [self sim_margin], 0);
   if ([self sim_showsNumber]) frame.size.width -= kValueWidth;
   [[self control] setFrame:frame];
 }

@@ -3,12 +3,7 @@
 #import <Preferences/PSSpecifier+Sim.h>
 #import <Preferences/PSTableCell+Sim.h>
 #import <UIKit/UIKit.h>
-
-namespace {
-
-constexpr CGFloat kMargin = 16;
-
-}  // namespace
+#import <UIKit/UITableViewCell+Sim.h>
 
 @implementation PSTextViewTableCell
 
@@ -69,7 +64,7 @@ constexpr CGFloat kMargin = 16;
 
 - (void)layoutSubviews {
   [super layoutSubviews];
-  [_textView setFrame:CGRectInset([[self contentView] bounds], kMargin, 0)];
+  [_textView setFrame:CGRectInset([[self contentView] bounds], [self sim_margin], 0)];
 }
 
 #pragma mark - UITextViewDelegate

@@ -23,6 +23,13 @@ double numberOf(const Json &object, const char *name) {
   return found != object.end() && found->is_number() ? found->get<double>() : 0;
 }
 
+/// {"top","left","bottom","right"} in points; what is missing counts as 0.
+UIEdgeInsets insetsOf(const Json &object, const char *name) {
+  const auto found = object.find(name);
+  if (found == object.end() || !found->is_object()) return UIEdgeInsetsZero;
+  return {numberOf(*found, "top"), numberOf(*found, "left"), numberOf(*found, "bottom"), numberOf(*found, "right")};
+}
+
 /// Sends on any thread: lines may be logged on others than the main one. A simulator that is gone is met when reading.
 void send(wire::Channel &channel, const wire::Message &message) {
   static std::mutex mutex;
@@ -104,7 +111,8 @@ void Service::handle(const wire::Message &message) {
     session_.setDark(textOf(request, "style") == "dark");
     announce();
   } else if (verb == "display") {
-    session_.setScreen(CGSizeMake(numberOf(request, "width"), numberOf(request, "height")), numberOf(request, "scale"));
+    session_.setScreen(CGSizeMake(numberOf(request, "width"), numberOf(request, "height")), numberOf(request, "scale"),
+                       insetsOf(request, "safeArea"));
     announce();
   } else if (request.contains("request")) {
     answer(request, {400, R"({"error":"Unknown request."})"});

@@ -91,10 +91,14 @@ void Session::setDark(bool dark) {
   [window_.get() sim_traitCollectionDidChange:nil];
 }
 
-void Session::setScreen(CGSize size, CGFloat scale) {
-  SIMSetMainScreen(size, scale);
-  guarded("changing the screen's size", [this] {
+void Session::setScreen(CGSize size, CGFloat scale, UIEdgeInsets safeArea) {
+  const auto before = objcxx::share([UITraitCollection currentTraitCollection]);
+  SIMSetMainScreen(size, scale, safeArea);
+  guarded("changing the screen's size", [&] {
     [window_.get() setFrame:[[UIScreen mainScreen] bounds]];
+    if (![[UITraitCollection currentTraitCollection] isEqual:before.get()]) {
+      [window_.get() sim_traitCollectionDidChange:before.get()];
+    }
     [window_.get() layoutIfNeeded];
   });
 }

@@ -20,7 +20,13 @@ struct NavigationControllerState {
 }  // namespace sim
 
 namespace {
-constexpr CGFloat barHeight = 44;
+
+/// As on iOS 12 and later: higher on tablets, lower on a phone on its side.
+CGFloat heightOfBar(UITraitCollection *traits) {
+  if ([traits userInterfaceIdiom] == UIUserInterfaceIdiomPad) return 50;
+  return [traits verticalSizeClass] == UIUserInterfaceSizeClassCompact ? 32 : 44;
+}
+
 }  // namespace
 
 @implementation UINavigationController
@@ -243,10 +249,19 @@ constexpr CGFloat barHeight = 44;
 
 - (void)loadView {
   [super loadView];
-  UINavigationBar *bar = _navigationControllerState->bar.get();
-  [bar setFrame:CGRectMake(0, 0, [[self view] bounds].size.width, barHeight)];
-  [bar setAutoresizingMask:UIViewAutoresizingFlexibleWidth];
-  [[self view] addSubview:bar];
+  [[self view] addSubview:_navigationControllerState->bar.get()];
+  [self sim_placeBar];
+}
+
+- (void)viewWillLayoutSubviews {
+  [super viewWillLayoutSubviews];
+  [self sim_placeBar];
+}
+
+- (void)sim_placeBar {
+  const CGRect bounds = [[self view] bounds];
+  [_navigationControllerState->bar.get() setFrame:CGRectMake(0, [[self view] safeAreaInsets].top, bounds.size.width,
+                                                             heightOfBar([self traitCollection]))];
 }
 
 - (void)beginAppearanceTransition:(BOOL)isAppearing animated:(BOOL)animated {

@@ -1,8 +1,15 @@
-// The size of the simulated screen.
+// The simulated screen, as the host sets it.
 #pragma once
 
+#import <UIKit/UIGeometry.h>
 #import <UIKit/UIScreen.h>
 
-/// 390 × 844 points at 3 pixels a point until set; a tablet is 820 × 1180 at 2. Windows that exist keep their frames.
-/// A size or scale that is not positive is ignored with a log line.
-UIKIT_EXTERN void SIMSetMainScreen(CGSize size, CGFloat scale);
+/// 390 × 844 points at 3 pixels a point with nothing covered until set; a tablet is 820 × 1180 at 2. `safeArea` is how far
+/// corners, sensors and the status bar reach in from each edge. Windows that exist keep their frames. A size or scale that
+/// is not positive, and a safe area that is negative or leaves nothing, are ignored with a log line.
+UIKIT_EXTERN void SIMSetMainScreen(CGSize size, CGFloat scale, UIEdgeInsets safeArea = UIEdgeInsetsZero);
+
+@interface UIScreen (Sim)
+/// Points.
+@property (nonatomic, readonly) UIEdgeInsets sim_safeArea;
+@end

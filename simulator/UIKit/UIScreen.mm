@@ -4,18 +4,27 @@ namespace {
 
 CGSize screenSize = {390, 844};
 CGFloat screenScale = 3;
+UIEdgeInsets screenSafeArea = UIEdgeInsetsZero;
+
+bool isLength(CGFloat length) { return std::isfinite(length) && length > 0; }
+
+/// Whether two opposite insets lie within `length`, with something between them.
+bool leaveRoom(CGFloat start, CGFloat end, CGFloat length) { return start >= 0 && end >= 0 && start + end < length; }
 
 }  // namespace
 
-void SIMSetMainScreen(CGSize size, CGFloat scale) {
-  const bool usable = size.width > 0 && size.height > 0 && scale > 0 && std::isfinite(size.width) &&
-                      std::isfinite(size.height) && std::isfinite(scale);
+void SIMSetMainScreen(CGSize size, CGFloat scale, UIEdgeInsets safeArea) {
+  const bool usable = isLength(size.width) && isLength(size.height) && isLength(scale) &&
+                      leaveRoom(safeArea.left, safeArea.right, size.width) &&
+                      leaveRoom(safeArea.top, safeArea.bottom, size.height);
   if (!usable) {
-    NSLog(@"SIMSetMainScreen: %g × %g points at scale %g is no screen.", size.width, size.height, scale);
+    NSLog(@"SIMSetMainScreen: %g × %g points at scale %g with the safe area %@ is no screen.", size.width, size.height,
+          scale, NSStringFromUIEdgeInsets(safeArea));
     return;
   }
   screenSize = size;
   screenScale = scale;
+  screenSafeArea = safeArea;
 }
 
 @implementation UIScreen
@@ -43,6 +52,14 @@ void SIMSetMainScreen(CGSize size, CGFloat scale) {
 
 - (UITraitCollection *)traitCollection {
   return [UITraitCollection currentTraitCollection];
+}
+
+@end
+
+@implementation UIScreen (Sim)
+
+- (UIEdgeInsets)sim_safeArea {
+  return screenSafeArea;
 }
 
 @end

@@ -36,6 +36,7 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
   auto &state = *_tableViewState;
   state.loaded = true;  // Before the questions: the data source may ask for the counts in turn.
   state.laidOutWidth = [self bounds].size.width;
+  state.laidOutSafeArea = [self safeAreaInsets];
   [self sim_retireAllCells];
   for (sim::SectionParts &parts : state.parts) [self sim_dropParts:parts];
   state.parts.clear();
@@ -113,16 +114,28 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
   return sim::marginForWidth([self bounds].size.width);
 }
 
-- (CGFloat)sim_rowInset {
-  return _tableViewState->style == UITableViewStyleInsetGrouped ? [self sim_margin] : 0;
+- (UIEdgeInsets)sim_rowInsets {
+  if (_tableViewState->style != UITableViewStyleInsetGrouped) return UIEdgeInsetsZero;
+  const CGFloat margin = [self sim_margin];
+  const UIEdgeInsets safeArea = [self safeAreaInsets];
+  return UIEdgeInsetsMake(0, margin + safeArea.left, 0, margin + safeArea.right);
+}
+
+- (UIEdgeInsets)sim_coveredSides {
+  if (_tableViewState->style == UITableViewStyleInsetGrouped) return UIEdgeInsetsZero;
+  const UIEdgeInsets safeArea = [self safeAreaInsets];
+  return UIEdgeInsetsMake(0, safeArea.left, 0, safeArea.right);
+}
+
+- (CGFloat)sim_rowWidth {
+  const UIEdgeInsets insets = [self sim_rowInsets];
+  return std::max<CGFloat>([self bounds].size.width - insets.left - insets.right, 0);
 }
 
 - (CGRect)sim_rectOf:(sim::RowIndex)index {
   const auto &geometry = _tableViewState->geometry;
   if (!geometry.contains(index)) return CGRectZero;
-  const CGFloat inset = [self sim_rowInset];
-  return CGRectMake(inset, geometry.rowTop(index), std::max<CGFloat>([self bounds].size.width - 2 * inset, 0),
-                    geometry.height(index));
+  return CGRectMake([self sim_rowInsets].left, geometry.rowTop(index), [self sim_rowWidth], geometry.height(index));
 }
 
 #pragma mark - Cells
@@ -150,11 +163,16 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
 - (void)sim_configureCell:(UITableViewCell *)cell at:(sim::RowIndex)index animated:(BOOL)animated {
   auto &state = *_tableViewState;
   CGRect frame = [cell frame];
-  frame.size.width = [self bounds].size.width - 2 * [self sim_rowInset];
+  frame.size.width = [self sim_rowWidth];
   [cell setFrame:frame];
+  [self sim_setMarginsOf:cell];
   [self sim_configureEditingOfCell:cell at:index animated:animated];
   const BOOL selected = state.selected.contains(index);
   if ([cell isSelected] != selected) [cell setSelected:selected animated:NO];
+}
+
+- (void)sim_setMarginsOf:(UITableViewCell *)cell {
+  [cell sim_setMargin:[self sim_margin] coveredSides:[self sim_coveredSides]];
 }
 
 - (void)sim_retireCell:(UITableViewCell *)cell at:(sim::RowIndex)index {
@@ -196,9 +214,15 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
 - (void)sim_followWidth {
   auto &state = *_tableViewState;
   const CGFloat width = [self bounds].size.width;
-  if (width == state.laidOutWidth) return;
+  const UIEdgeInsets safeArea = [self safeAreaInsets];
+  const bool sameSides = safeArea.left == state.laidOutSafeArea.left && safeArea.right == state.laidOutSafeArea.right;
+  if (width == state.laidOutWidth && sameSides) return;
   state.laidOutWidth = width;
-  for (const auto &[at, cell] : state.live) [cell.get() setFrame:[self sim_rectOf:at]];
+  state.laidOutSafeArea = safeArea;
+  for (const auto &[at, cell] : state.live) {
+    [cell.get() setFrame:[self sim_rectOf:at]];
+    [self sim_setMarginsOf:cell.get()];
+  }
   [self sim_setTitleInsets];
   [self sim_heightsChanged];
 }

@@ -27,10 +27,13 @@ sim::SectionPart *partAt(sim::TableViewState &state, long section, BOOL header) 
 CGFloat groupedGapAbove(long section, BOOL header) { return header && section == 0 ? groupedGap : 0; }
 
 /// How far a title stays from the edges of its view, as UIKit lays it out in a table view of this style.
-UIEdgeInsets titleInsets(UITableViewStyle style, long section, BOOL header, CGFloat margin) {
-  if (style == UITableViewStylePlain) return UIEdgeInsetsMake(4, margin, 4, margin);
-  if (!header) return UIEdgeInsetsMake(7, margin, 7, margin);
-  return UIEdgeInsetsMake(15.5 + groupedGapAbove(section, header), margin, 6.5, margin);
+UIEdgeInsets titleInsets(UITableViewStyle style, long section, BOOL header, CGFloat margin, UIEdgeInsets covered) {
+  const auto insets = [&](CGFloat top, CGFloat bottom) {
+    return UIEdgeInsetsMake(top, covered.left + margin, bottom, covered.right + margin);
+  };
+  if (style == UITableViewStylePlain) return insets(4, 4);
+  if (!header) return insets(7, 7);
+  return insets(15.5 + groupedGapAbove(section, header), 6.5);
 }
 
 }  // namespace
@@ -96,7 +99,7 @@ UIEdgeInsets titleInsets(UITableViewStyle style, long section, BOOL header, CGFl
 - (void)sim_setTitleInsetsOf:(UIView *)view section:(long)section header:(BOOL)header {
   if (![view isKindOfClass:[UITableViewHeaderFooterView class]]) return;
   [(UITableViewHeaderFooterView *)view
-      sim_setTextInsets:titleInsets(_tableViewState->style, section, header, [self sim_margin])
+      sim_setTextInsets:titleInsets(_tableViewState->style, section, header, [self sim_margin], [self sim_coveredSides])
                atBottom:header];
 }
 
@@ -120,8 +123,7 @@ UIEdgeInsets titleInsets(UITableViewStyle style, long section, BOOL header, CGFl
   if (isHeight(set) && (shows || grouped)) return set;
   if (!shows) return grouped ? groupedGap + groupedGapAbove(section, header) : 0;
   if (part->view) {
-    const CGFloat width = [self bounds].size.width - 2 * [self sim_rowInset];
-    const CGFloat fitting = [part->view.get() sizeThatFits:CGSizeMake(width, 0)].height;
+    const CGFloat fitting = [part->view.get() sizeThatFits:CGSizeMake([self sim_rowWidth], 0)].height;
     if (isHeight(fitting) && fitting > 0) return fitting;
   }
   return grouped ? groupedTitleHeight + groupedGapAbove(section, header) : plainTitleHeight;
@@ -167,8 +169,8 @@ UIEdgeInsets titleInsets(UITableViewStyle style, long section, BOOL header, CGFl
   if (!part || !part->view || section >= state.geometry.sectionCount()) return;
   const auto view = part->view;
   const CGRect rect = header ? [self rectForHeaderInSection:section] : [self rectForFooterInSection:section];
-  const CGFloat inset = [self sim_rowInset];
-  [view.get() setFrame:CGRectMake(inset, rect.origin.y, rect.size.width - 2 * inset, rect.size.height)];
+  const CGRect frame = CGRectMake([self sim_rowInsets].left, rect.origin.y, [self sim_rowWidth], rect.size.height);
+  [view.get() setFrame:frame];
   if ([view.get() superview] == self) return;
   if (header && state.has.willDisplayHeader) {
     [state.delegate tableView:self willDisplayHeaderView:view.get() forSection:section];
@@ -176,6 +178,7 @@ UIEdgeInsets titleInsets(UITableViewStyle style, long section, BOOL header, CGFl
     [state.delegate tableView:self willDisplayFooterView:view.get() forSection:section];
   }
   [self addSubview:view.get()];
+  [view.get() setFrame:frame];  // Once more: views of Preferences pages take their width from their superview.
 }
 
 - (void)sim_dropParts:(sim::SectionParts &)parts {

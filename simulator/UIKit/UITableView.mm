@@ -40,6 +40,12 @@ void requireSection(const sim::TableGeometry &geometry, NSInteger section) {
   return _tableViewState->style;
 }
 
+/// The safe area may reach into it now.
+- (void)didMoveToWindow {
+  [super didMoveToWindow];
+  [self setNeedsLayout];
+}
+
 #pragma mark - Data source and delegate
 
 - (id<UITableViewDataSource>)dataSource {

@@ -1,5 +1,4 @@
 // Where the standard views of a row lie.
-#include "SystemMargin.hpp"
 #import "UITableViewCellState.h"
 
 #include <algorithm>
@@ -47,11 +46,12 @@ struct RowLayout {
 
 RowLayout layOut(const sim::TableViewCellState &state, CGSize size) {
   RowLayout layout;
-  const CGFloat margin = sim::marginForWidth(size.width);
+  const CGFloat margin = state.margin;
   const bool indents = state.editing && state.shouldIndentWhileEditing &&
                        state.editingStyle != UITableViewCellEditingStyleNone;
-  const CGFloat left = indents ? editControlWidth : 0;
-  CGFloat right = size.width - (state.editing && state.showsReorderControl ? reorderControlWidth : 0);
+  const CGFloat left = state.coveredSides.left + (indents ? editControlWidth : 0);
+  CGFloat right =
+      size.width - state.coveredSides.right - (state.editing && state.showsReorderControl ? reorderControlWidth : 0);
 
   UIView *view = (state.editing ? state.editingAccessoryView : state.accessoryView).get();
   const CGFloat accessoryWidth =

@@ -286,6 +286,16 @@
   return (_cellState->editing ? _cellState->editingAccessoryView : _cellState->accessoryView).get();
 }
 
+- (CGFloat)sim_margin {
+  return _cellState->margin;
+}
+
+- (void)sim_setMargin:(CGFloat)margin coveredSides:(UIEdgeInsets)sides {
+  _cellState->margin = margin;
+  _cellState->coveredSides = sides;
+  [self setNeedsLayout];
+}
+
 - (void)sim_setEditingStyle:(UITableViewCellEditingStyle)editingStyle {
   _cellState->editingStyle = editingStyle;
   [self setNeedsLayout];

@@ -6,6 +6,8 @@
 #import <UIKit/UITableViewCell+Sim.h>
 #include <objcxx/Retained.h>
 
+#include "SystemMargin.hpp"
+
 namespace sim {
 
 struct TableViewCellState {
@@ -25,6 +27,8 @@ struct TableViewCellState {
   UITableViewCellEditingStyle editingStyle = UITableViewCellEditingStyleNone;
   NSInteger indentationLevel = 0;
   CGFloat indentationWidth = 10;
+  CGFloat margin = marginForWidth(0);
+  UIEdgeInsets coveredSides = UIEdgeInsetsZero;
   UIEdgeInsets separatorInset = UIEdgeInsetsZero;
   BOOL selected = NO;
   BOOL highlighted = NO;

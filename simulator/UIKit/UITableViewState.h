@@ -72,7 +72,8 @@ struct TableViewState {
   objcxx::Retained<UIView> tableFooterView;
 
   bool loaded = false;    // Whether `geometry` holds the counts of the data source.
-  CGFloat laidOutWidth = 0;  // What the heights were measured for.
+  CGFloat laidOutWidth = 0;  // What the heights were measured for; so is the next one.
+  UIEdgeInsets laidOutSafeArea = UIEdgeInsetsZero;
   bool layingOut = false;
   TableGeometry geometry;
   std::vector<SectionParts> parts;
@@ -125,10 +126,14 @@ inline RowIndex indexOf(NSIndexPath *path) {
 - (void)sim_layOutRows;
 - (void)sim_scrollTo:(sim::RowIndex)index position:(UITableViewScrollPosition)position;
 - (CGRect)sim_rectOf:(sim::RowIndex)index;
-/// The distance of texts from the edges of rows, headers and footers.
+/// The distance of texts from what can be seen of rows, headers and footers.
 - (CGFloat)sim_margin;
-/// The distance of the rows from the edges of the table view.
-- (CGFloat)sim_rowInset;
+/// The distance of rows, headers and footers from the left and right edge of the table view.
+- (UIEdgeInsets)sim_rowInsets;
+/// How far the safe area's edges reach into rows, headers and footers from left and right.
+- (UIEdgeInsets)sim_coveredSides;
+/// The width of rows, headers and footers.
+- (CGFloat)sim_rowWidth;
 @end
 
 @interface UITableView (SimHeights)

@@ -28,7 +28,9 @@ void SIMSetUserInterfaceStyle(UIUserInterfaceStyle style) {
   const BOOL pad = [[UIDevice currentDevice] userInterfaceIdiom] == UIUserInterfaceIdiomPad;
   traits->_userInterfaceIdiom = pad ? UIUserInterfaceIdiomPad : UIUserInterfaceIdiomPhone;
   traits->_horizontalSizeClass = pad ? UIUserInterfaceSizeClassRegular : UIUserInterfaceSizeClassCompact;
-  traits->_verticalSizeClass = UIUserInterfaceSizeClassRegular;
+  const CGSize screen = [[UIScreen mainScreen] bounds].size;
+  const BOOL lies = !pad && screen.width > screen.height;
+  traits->_verticalSizeClass = lies ? UIUserInterfaceSizeClassCompact : UIUserInterfaceSizeClassRegular;
   traits->_displayScale = [[UIScreen mainScreen] scale];
   return traits;
 }

@@ -94,6 +94,13 @@ UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 - (CGRect)convertRect:(CGRect)rect fromView:(UIView *)view;
 @end
 
+@interface UIView (UIViewSafeArea)
+/// How far the screen's corners and sensors, the status bar and a navigation bar reach into the view from each edge.
+/// Nothing outside of a window. A scroll view keeps its content clear of what covers its top and bottom, so that nothing
+/// does so for the views in it.
+@property (nonatomic, readonly) UIEdgeInsets safeAreaInsets;
+@end
+
 /// The tree. A superview owns its subviews; `superview` is not owned.
 @interface UIView (UIViewHierarchy)
 @property (nonatomic, readonly) UIView *superview;

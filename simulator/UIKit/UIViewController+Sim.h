@@ -20,6 +20,8 @@ typedef NS_ENUM(NSInteger, SIMAppearance) {
 @property (nonatomic, readonly) NSArray *sim_appearingChildViewControllers;
 /// YES when this controller shows as a popover on a large screen and therefore needs a place to show it from.
 @property (nonatomic, readonly) BOOL sim_needsPopover;
+/// Of the navigation bar over this controller's view, in points; 0 when there is none.
+@property (nonatomic, readonly) CGFloat sim_heightOfBarAbove;
 /// Runs a whole appearance or disappearance: begin, layout, end. For the roots of windows.
 - (void)sim_setAppeared:(BOOL)appeared animated:(BOOL)animated;
 @end

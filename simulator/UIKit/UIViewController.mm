@@ -1,5 +1,7 @@
 #import "UIViewControllerState.h"
 
+#import <UIKit/UINavigationBar.h>
+#import <UIKit/UINavigationController.h>
 #import <UIKit/UIScreen.h>
 
 @implementation UIViewController
@@ -89,6 +91,13 @@
 
 - (UITraitCollection *)traitCollection {
   return [[UIScreen mainScreen] traitCollection];
+}
+
+- (CGFloat)sim_heightOfBarAbove {
+  UIViewController *parent = _viewControllerState->parent;
+  if (![parent isKindOfClass:[UINavigationController class]]) return 0;
+  UINavigationController *navigation = (UINavigationController *)parent;
+  return [navigation isNavigationBarHidden] ? 0 : [[navigation navigationBar] frame].size.height;
 }
 
 #pragma mark - Title and bar items

@@ -33,6 +33,18 @@ nlohmann::json objectIn(const Request& request) {
   return body && body->is_object() ? std::move(*body) : nlohmann::json();
 }
 
+// The display that `body` asks for: what it leaves out stays as `now` has it. Nothing when it asks for none or one unknown.
+std::optional<Display> displayWanted(const nlohmann::json& body, const Display& now) {
+  const auto kind = body.find("kind");
+  const auto orientation = body.find("orientation");
+  if (kind == body.end() && orientation == body.end()) return std::nullopt;
+  const auto textOr = [&](auto found, std::string_view otherwise) -> std::string_view {
+    if (found == body.end()) return otherwise;
+    return found->is_string() ? std::string_view(found->template get_ref<const std::string&>()) : std::string_view();
+  };
+  return displayOf(textOr(kind, now.kind), textOr(orientation, now.orientation));
+}
+
 // Headers that go with an uploaded file.
 constexpr const char* kNameHeader = "X-Sim-File-Name";
 constexpr const char* kRevisionHeader = "X-Sim-Revision";
@@ -159,12 +171,10 @@ void Api::appearance(const Request& request, const Respond& respond) {
 }
 
 void Api::display(const Request& request, const Respond& respond) {
-  const nlohmann::json body = objectIn(request);
-  const auto kind = body.find("kind");
-  const auto display = body.is_object() && kind != body.end() && kind->is_string()
-                           ? displayOfKind(kind->get_ref<const std::string&>())
-                           : std::nullopt;
-  if (!display) return respond(errorResponse(400, "The body must be {\"kind\": \"phone\" or \"tablet\"}."));
+  const auto display = displayWanted(objectIn(request), device_.display());
+  if (!display)
+    return respond(errorResponse(400, "The body must have \"kind\", \"phone\" or \"tablet\", or \"orientation\", "
+                                      "\"portrait\" or \"landscape\", or both."));
   device_.setDisplay(*display);
   settings_.tell(displayMessage(*display));
   respond(jsonResponse(200, display->json()));
@@ -179,7 +189,9 @@ nlohmann::json pasteboardMessage(const std::optional<std::string>& string) {
 nlohmann::json appearanceMessage(const std::string& style) { return {{"verb", "appearance"}, {"style", style}}; }
 
 nlohmann::json displayMessage(const Display& display) {
-  return {{"verb", "display"}, {"width", display.width}, {"height", display.height}, {"scale", display.scale}};
+  nlohmann::json message = display.json();
+  message["verb"] = "display";
+  return message;
 }
 
 }  // namespace sim

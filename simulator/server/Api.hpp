@@ -43,7 +43,7 @@ nlohmann::json pasteboardMessage(const std::optional<std::string>& string);
 /// The message that tells the Settings process whether the device is "light" or "dark".
 nlohmann::json appearanceMessage(const std::string& style);
 
-/// The message that tells the Settings process how large the screen is.
+/// The message that tells the Settings process what the screen is like.
 nlohmann::json displayMessage(const Display& display);
 
 }  // namespace sim

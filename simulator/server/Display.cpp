@@ -1,15 +1,20 @@
 #include "server/Display.hpp"
 
+#include <algorithm>
+
 namespace sim {
 
 nlohmann::json Display::json() const {
-  return {{"kind", kind}, {"width", width}, {"height", height}, {"scale", scale}};
+  const nlohmann::json insets{
+      {"top", safeArea.top}, {"left", safeArea.left}, {"bottom", safeArea.bottom}, {"right", safeArea.right}};
+  return {{"kind", kind},   {"orientation", orientation}, {"width", width},
+          {"height", height}, {"scale", scale},             {"safeArea", insets}};
 }
 
-std::optional<Display> displayOfKind(std::string_view kind) {
-  for (const Display& display : {kPhoneDisplay, kTabletDisplay})
-    if (display.kind == kind) return display;
-  return std::nullopt;
+std::optional<Display> displayOf(std::string_view kind, std::string_view orientation) {
+  const auto found = std::ranges::find_if(
+      kDisplays, [&](const Display& each) { return each.kind == kind && each.orientation == orientation; });
+  return found == kDisplays.end() ? std::nullopt : std::optional(*found);
 }
 
 }  // namespace sim

@@ -2,6 +2,9 @@
 #import "cells/ZunoFooterCell.h"
 
 #import <CoreGraphics/CoreGraphics.h>
+#import <Preferences/Preferences.h>
+#import <UIKit/UIScreen+Sim.h>
+#import <UIKit/UITableView+Sim.h>
 
 #include "ZunoPrefs/support/BundleTest.h"
 
@@ -112,6 +115,44 @@ TEST_F(CreditCellTest, TheBannersViewsFollowTheWidth) {
       EXPECT_EQ([view frame].size.width, width);
     }
   }
+}
+
+TEST_F(CreditCellTest, BannerAndFooterFollowTheDeviceWhenItIsTurned) {
+  UIViewController *page = [[[classNamed("ZunoprefsRootListController") alloc] init] autorelease];
+  show(page);
+  UIWindow *window = [[page view] window];
+  UITableView *table = [(PSListController *)page table];
+  const NSInteger last = [table numberOfSections] - 1;
+  const auto turnTo = [&](CGSize size, UIEdgeInsets safeArea) {
+    SIMSetMainScreen(size, 3, safeArea);
+    [window setFrame:[[UIScreen mainScreen] bounds]];
+    [window layoutIfNeeded];
+  };
+  const auto expectAcross = [&](CGFloat width) {
+    UIView *banner = [table sim_viewForHeaderInSection:0];
+    UIView *footer = [table sim_viewForFooterInSection:last];
+    ASSERT_TRUE([banner isKindOfClass:classNamed("ZunoBannerCell")]);
+    ASSERT_TRUE([footer isKindOfClass:classNamed("ZunoFooterCell")]);
+    expectFrame([banner frame], 0, 0, width, 195);
+    EXPECT_EQ([footer frame].origin.x, 0);
+    EXPECT_EQ([footer frame].size.width, width);
+    EXPECT_EQ([footer frame].size.height, 15);
+    EXPECT_GT([footer frame].origin.y, [table rectForSection:last].origin.y);
+    for (UIView *view in [labels(banner) arrayByAddingObject:[(ZunoBannerCell *)banner bannerView]]) {
+      EXPECT_EQ([view frame].origin.x, 0);
+      EXPECT_EQ([view frame].size.width, width);
+    }
+    EXPECT_EQ([[(ZunoBannerCell *)banner bannerView] frame].size.height, 100);
+    EXPECT_EQ([[labels(footer) objectAtIndex:0] frame].size.width, width);
+  };
+  expectAcross(390);
+  for (int turn = 0; turn < 2; ++turn) {
+    turnTo(CGSizeMake(844, 390), UIEdgeInsetsMake(0, 47, 21, 47));
+    expectAcross(844);
+    turnTo(CGSizeMake(390, 844), UIEdgeInsetsMake(47, 0, 34, 0));
+    expectAcross(390);
+  }
+  SIMSetMainScreen(CGSizeMake(390, 844), 3);
 }
 
 TEST_F(CreditCellTest, TheIconIsLoadedTwiceFromTheBundle) {

@@ -12,6 +12,20 @@
 #include <filesystem>
 #include <system_error>
 
+/// Notes the vertical size class at each change of traits.
+@interface TraitView : UIView {
+ @public
+  std::vector<long> heights;
+}
+@end
+
+@implementation TraitView
+- (void)traitCollectionDidChange:(UITraitCollection *)previous {
+  [super traitCollectionDidChange:previous];
+  heights.push_back([[self traitCollection] verticalSizeClass]);
+}
+@end
+
 namespace {
 
 /// "a", the first half of a pair, "b", the second half of another.
@@ -149,6 +163,29 @@ TEST_F(SessionTest, DarkIsNoChangeOfColoursThatCarryBoth) {
   session().setDark(true);
   EXPECT_FALSE(session().refresh());
   session().setDark(false);
+}
+
+TEST_F(SessionTest, ATurnLaysThePageOutAnewAndTellsItsViews) {
+  TraitView *header = [[[TraitView alloc] initWithFrame:CGRectMake(0, 0, 100, 40)] autorelease];
+  ListPage *list = [[[ListPage alloc] initWithTitle:@"List" sections:@[ @[ @"a" ] ]] autorelease];
+  list->sectionView = objcxx::share((UIView *)header);
+  start(list);
+  const auto widthOf = [](const Json &view) { return view["frame"][2]; };
+  EXPECT_EQ(widthOf(page()["sections"][0]["headerView"]), 390);
+  session().setScreen(CGSizeMake(844, 390), 3, UIEdgeInsetsMake(0, 47, 21, 47));
+  EXPECT_TRUE(session().refresh());
+  EXPECT_EQ(widthOf(row(0, 0)), 844);
+  EXPECT_EQ(widthOf(page()["sections"][0]["headerView"]), 844);
+  EXPECT_EQ(header->heights, (std::vector<long>{UIUserInterfaceSizeClassCompact}));
+
+  session().setScreen(CGSizeMake(800, 380), 3, UIEdgeInsetsZero);
+  EXPECT_EQ(header->heights.size(), 1u) << "the traits are the same";
+  session().setScreen(CGSizeMake(-1, 380), 3, UIEdgeInsetsZero);
+  EXPECT_TRUE(session().refresh());
+  EXPECT_EQ(widthOf(row(0, 0)), 800);
+  session().setScreen(CGSizeMake(390, 844), 3, UIEdgeInsetsZero);
+  EXPECT_TRUE(session().refresh());
+  EXPECT_EQ(widthOf(row(0, 0)), 390);
 }
 
 /// The bundle as it is installed, opened from the first page of Settings.

@@ -29,8 +29,19 @@ TEST_F(UIScreenTests, BecomesATablet) {
   EXPECT_EQ(UI_USER_INTERFACE_IDIOM(), UIUserInterfaceIdiomPad);
   EXPECT_OBJC_EQ([[UIDevice currentDevice] model], @"iPad");
   EXPECT_EQ([[UITraitCollection currentTraitCollection] horizontalSizeClass], UIUserInterfaceSizeClassRegular);
-  SIMSetMainScreen(CGSizeMake(844, 390), 3);
-  EXPECT_EQ(UI_USER_INTERFACE_IDIOM(), UIUserInterfaceIdiomPhone) << "a phone on its side";
+}
+
+TEST_F(UIScreenTests, TurnsOnItsSide) {
+  const auto vertical = [] { return [[UITraitCollection currentTraitCollection] verticalSizeClass]; };
+  EXPECT_EQ(vertical(), UIUserInterfaceSizeClassRegular);
+  SIMSetMainScreen(CGSizeMake(844, 390), 3, UIEdgeInsetsMake(0, 47, 21, 47));
+  EXPECT_EQ(UI_USER_INTERFACE_IDIOM(), UIUserInterfaceIdiomPhone);
+  EXPECT_EQ(vertical(), UIUserInterfaceSizeClassCompact);
+  EXPECT_EQ([[UIScreen mainScreen] sim_safeArea].left, 47);
+  SIMSetMainScreen(CGSizeMake(1180, 820), 2);
+  EXPECT_EQ(UI_USER_INTERFACE_IDIOM(), UIUserInterfaceIdiomPad);
+  EXPECT_EQ(vertical(), UIUserInterfaceSizeClassRegular) << "a tablet has room either way";
+  EXPECT_EQ([[UIScreen mainScreen] sim_safeArea].left, 0);
 }
 
 TEST_F(UIScreenTests, RefusesWhatIsNoScreen) {
@@ -38,6 +49,9 @@ TEST_F(UIScreenTests, RefusesWhatIsNoScreen) {
   SIMSetMainScreen(CGSizeMake(100, NAN), 3);
   SIMSetMainScreen(CGSizeMake(100, 100), 0);
   SIMSetMainScreen(CGSizeMake(100, INFINITY), 1);
+  SIMSetMainScreen(CGSizeMake(100, 100), 1, UIEdgeInsetsMake(-1, 0, 0, 0));
+  SIMSetMainScreen(CGSizeMake(100, 100), 1, UIEdgeInsetsMake(0, 60, 0, 40));
+  SIMSetMainScreen(CGSizeMake(100, 100), 1, UIEdgeInsetsMake(0, 0, NAN, 0));
   EXPECT_EQ([[UIScreen mainScreen] bounds].size.width, 390);
 }
 

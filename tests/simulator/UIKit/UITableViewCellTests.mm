@@ -63,7 +63,7 @@ TEST_F(UITableViewCellTest, TextFillsTheRowBetweenTheMargins) {
   const auto made = cell(UITableViewCellStyleDefault);
   [[made.get() textLabel] setText:@"text"];
   EXPECT_TRUE(CGRectEqualToRect(laidOut(made.get(), [made.get() textLabel]), CGRectMake(16, 0, 390 - 32, 44)));
-  [made.get() setFrame:CGRectMake(0, 0, 820, 44)];
+  [made.get() sim_setMargin:20 coveredSides:UIEdgeInsetsZero];
   EXPECT_EQ(laidOut(made.get(), [made.get() textLabel]).origin.x, 20);
   [made.get() setIndentationLevel:2];
   EXPECT_EQ(laidOut(made.get(), [made.get() textLabel]).origin.x, 40);

@@ -1,4 +1,5 @@
 // The automation interface, from the request to the Settings process and back.
+#include "server/Display.hpp"
 #include "support/plain/RunningSimulator.hpp"
 #include "support/plain/TemporaryFolder.hpp"
 #include "support/plain/Waiting.hpp"
@@ -128,20 +129,38 @@ TEST_F(ApiTests, TheAppearanceIsToldToTheSettingsProcess) {
 }
 
 TEST_F(ApiTests, TheDisplayIsToldToTheSettingsProcess) {
-  const json phone{{"kind", "phone"}, {"width", 390}, {"height", 844}, {"scale", 3}};
-  const json tablet{{"kind", "tablet"}, {"width", 820}, {"height", 1180}, {"scale", 2}};
-  EXPECT_EQ(simulator_.get("/api/screen").json()["display"], json::array({390, 844, 3}));
+  const json phone = sim::kPhoneDisplay.json();
+  const json tablet = sim::kTabletDisplay.json();
+  EXPECT_EQ(phone, (json{{"kind", "phone"}, {"orientation", "portrait"}, {"width", 390}, {"height", 844}, {"scale", 3},
+                         {"safeArea", {{"top", 47}, {"left", 0}, {"bottom", 34}, {"right", 0}}}}));
+  EXPECT_EQ(simulator_.get("/api/screen").json()["display"], json::array({390, 844, 3, 0}));
   EXPECT_EQ(simulator_.device()["display"], phone);
 
   const auto response = simulator_.send("PUT", "/api/device/display", {{"kind", "tablet"}});
   EXPECT_EQ(response.status, 200);
   EXPECT_EQ(response.json(), tablet);
-  EXPECT_EQ(simulator_.get("/api/screen").json()["display"], json::array({820, 1180, 2}));
+  EXPECT_EQ(simulator_.get("/api/screen").json()["display"], json::array({820, 1180, 2, 0}));
   EXPECT_EQ(simulator_.device()["display"], tablet);
 
-  for (const json& body : {json{{"kind", "watch"}}, json{{"kind", 1}}, json::object(), json::array({"phone"}), json(nullptr)})
+  for (const json& body : {json{{"kind", "watch"}}, json{{"kind", 1}}, json::object(), json::array({"phone"}), json(nullptr),
+                           json{{"orientation", "upside down"}}, json{{"kind", "phone"}, {"orientation", nullptr}}})
     EXPECT_EQ(simulator_.send("PUT", "/api/device/display", body).status, 400) << body;
   EXPECT_EQ(simulator_.device()["display"], tablet);
+}
+
+TEST_F(ApiTests, TheDeviceIsTurnedAndStaysTurned) {
+  const auto set = [&](const json& body) { return simulator_.send("PUT", "/api/device/display", body).json(); };
+  const auto told = [&] { return simulator_.get("/api/screen").json()["display"]; };
+  const json landscape = set({{"orientation", "landscape"}});
+  EXPECT_EQ(landscape["kind"], "phone");
+  EXPECT_EQ(landscape["orientation"], "landscape");
+  EXPECT_EQ(told(), json::array({844, 390, 3, 47}));
+  EXPECT_EQ(simulator_.device()["display"], landscape);
+
+  EXPECT_EQ(set({{"kind", "tablet"}})["orientation"], "landscape") << "what is not named stays";
+  EXPECT_EQ(told(), json::array({1180, 820, 2, 0}));
+  EXPECT_EQ(set({{"kind", "phone"}, {"orientation", "portrait"}}), sim::kPhoneDisplay.json());
+  EXPECT_EQ(told(), json::array({390, 844, 3, 0}));
 }
 
 TEST_F(ApiTests, TheDisplayStaysThroughARespring) {
@@ -150,7 +169,7 @@ TEST_F(ApiTests, TheDisplayStaysThroughARespring) {
   simulator_.tap("killall");
   const json after = simulator_.get("/api/screen").json();
   EXPECT_NE(after["process"], before);
-  EXPECT_EQ(after["display"], json::array({820, 1180, 2}));
+  EXPECT_EQ(after["display"], json::array({820, 1180, 2, 0}));
 }
 
 TEST_F(ApiTests, UnknownAddressesAreNotFound) {
