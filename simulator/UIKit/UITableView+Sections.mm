@@ -217,11 +217,14 @@ UIEdgeInsets titleInsets(UITableViewStyle style, long section, BOOL header, CGFl
 
 @implementation UITableView (SimHeadersAndFooters)
 
-/// The delegate's own view of the part, shown as a subview from now on.
+/// The delegate's own view of the part, laid out and shown as a subview from now on.
 - (UIView *)sim_delegatesViewOf:(NSInteger)section header:(BOOL)header {
   [self sim_loadIfNeeded];
   [self sim_showPartOfSection:section header:header];
   const sim::SectionPart *part = partAt(*_tableViewState, section, header);
+  if (!part || !part->isDelegates) return nil;
+  [part->view.get() layoutIfNeeded];
+  part = partAt(*_tableViewState, section, header);  // Gone if the view's own code has the table view reload.
   return part && part->isDelegates ? part->view.get() : nil;
 }
 

@@ -41,9 +41,9 @@ export class Api {
     return this.#json('PUT', '/api/device/appearance', { style });
   }
 
-  /** `kind` is "phone" or "tablet". */
-  setDisplay(kind) {
-    return this.#json('PUT', '/api/device/display', { kind });
+  /** `changes`: `kind`, "phone" or "tablet", or `orientation`, "portrait" or "landscape", or both. */
+  setDisplay(changes) {
+    return this.#json('PUT', '/api/device/display', changes);
   }
 
   /** Resolves with `{path}`, the picture's place in the photo library. `progress` gets the part that has been sent. */

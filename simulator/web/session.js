@@ -114,10 +114,10 @@ export class Session {
     return (await this.#api.pasteboardString()).string;
   }
 
-  /** `kind` is "phone" or "tablet". The screen on it comes when the device has laid it out anew. */
-  async setDisplay(kind) {
+  /** Changes `kind` or `orientation` of the display. The screen on it comes when the device has laid it out anew. */
+  async setDisplay(changes) {
     try {
-      await this.#api.setDisplay(kind);
+      await this.#api.setDisplay(changes);
     } catch (error) {
       this.store.set({ notice: error.message });
     }

@@ -19,6 +19,11 @@ function bannerOf({ page }) {
   return page.sections[0].headerView;
 }
 
+/** The custom cell at the end of the bundle's page. */
+function footerOf({ page }) {
+  return page.sections.at(-1).footerView;
+}
+
 test('A custom cell is laid out for the width of the chosen display', async (t) => {
   const { api } = await startSimulator(t);
   const onPhone = bannerOf(await tap(api, 'Zuno'));
@@ -69,9 +74,69 @@ test('The page follows the display, in every tab and through a respring', async 
   await eventually(async () => assert.equal((await first.locator('.phone').boundingBox()).height, phoneHeight));
 });
 
+test('A custom cell turns with the device and comes back as it was', async (t) => {
+  const { api } = await startSimulator(t);
+  const turn = (orientation) => api('PUT', '/api/device/display', { orientation });
+  const framesOf = (screen) => [bannerOf(screen), footerOf(screen)].flatMap(({ frame, views }) => [frame, ...views.map((view) => view.frame)]);
+  const upright = framesOf(await tap(api, 'Zuno'));
+  for (let turns = 0; turns < 2; turns += 1) {
+    await turn('landscape');
+    const lying = framesOf(await api('GET', '/api/screen'));
+    lying.forEach(([x, , width, height], at) => {
+      assert.deepEqual([x, width, height], [0, 844, upright[at][3]], 'from edge to edge, and as high as before');
+    });
+    await turn('portrait');
+    assert.deepEqual(framesOf(await api('GET', '/api/screen')), upright);
+  }
+});
+
+test('A page that is opened and left on a turned phone is laid out for it, and upright again after the turn back', async (t) => {
+  const { api } = await startSimulator(t);
+  await api('PUT', '/api/device/display', { orientation: 'landscape' });
+  assert.equal(bannerOf(await tap(api, 'Zuno')).frame[2], 844);
+  const { page } = await tap(api, 'Favourite Apps');
+  assert.deepEqual(page.sections[0].rows.map(({ frame }) => frame[2]), page.sections[0].rows.map(() => 844));
+  await api('PUT', '/api/device/display', { orientation: 'portrait' });
+  assert.equal(bannerOf(await api('POST', '/api/events', { type: 'tap', id: page.back.id })).frame[2], 390);
+});
+
+test('The phone is turned with a button, and everything on it stays clear of the notch', async (t) => {
+  const { url, api } = await startSimulator(t);
+  const page = await openPage(t, url, { reducedMotion: 'reduce', expected: /404/ });
+  const turn = page.getByRole('button', { name: 'Landscape' });
+  await page.locator('.large-title').waitFor();
+  await turn.click();
+  await page.locator('[data-orientation="landscape"]').waitFor();
+  assert.equal(await turn.getAttribute('aria-pressed'), 'true');
+  assert.equal(await page.locator('.large-title').count(), 0, 'there is no room for a large title');
+  await page.getByRole('heading', { name: 'Settings', exact: true }).waitFor();
+  assert.equal(await page.locator('.status-bar').isVisible(), false);
+
+  for (const place of ['Zuno', 'Widgets']) {
+    await page.locator('.page:not([inert]) .row').filter({ hasText: place }).first().click();
+    await page.locator('.page:not([inert]) .back-button').waitFor();
+    await eventually(async () => assert.equal(await page.locator('.page').count(), 1));
+    const [edge, texts] = await page.evaluate(() => {
+      const startOf = (node) => {
+        const range = document.createRange();
+        range.selectNodeContents(node);
+        return { text: node.textContent, start: range.getBoundingClientRect().x };
+      };
+      const shown = document.querySelectorAll('.back-button, .row-label, .section-header, .section-footer');
+      return [document.querySelector('.notch').getBoundingClientRect().right, [...shown].map(startOf)];
+    });
+    assert.ok(texts.length > 3);
+    for (const { text, start } of texts) assert.ok(start > edge, `“${text}” begins at ${start}, the notch ends at ${edge}`);
+  }
+  await turn.click();
+  await page.locator('[data-orientation="portrait"]').waitFor();
+  assert.equal((await api('GET', '/api/device')).display.orientation, 'portrait');
+});
+
 test('An unknown display is refused', async (t) => {
   const { api } = await startSimulator(t);
   assert.match((await api('PUT', '/api/device/display', { kind: 'watch' })).error, /phone.*tablet/);
+  assert.match((await api('PUT', '/api/device/display', { orientation: 'flat' })).error, /portrait.*landscape/);
   assert.equal((await api('GET', '/api/device')).display.kind, 'phone');
 });
 
@@ -83,22 +148,34 @@ async function startOnTablet(t, rows, onEvent, options) {
   return { fake, page };
 }
 
-test('On a tablet, which is drawn smaller, a row is dragged to the place under the pointer', async (t) => {
-  const rows = Array.from({ length: 8 }, (_, at) => row(`Row ${at}`, { canMove: true }));
-  const { fake, page } = await startOnTablet(t, rows);
-  const boxOf = (name) => page.getByRole('button', { name: `Move ${name}` }).boundingBox();
-  const from = await boxOf('Row 1');
-  const to = await boxOf('Row 6');
-  assert.ok(from.height < 40, 'the tablet is drawn smaller');
-  await page.mouse.move(from.x + from.width / 2, from.y + from.height / 2);
-  await page.mouse.down();
-  await page.mouse.move(to.x + to.width / 2, to.y + to.height / 2, { steps: 8 });
-  await page.mouse.up();
-  await eventually(() => assert.equal(fake.events.length, 1));
-  const [{ revision, ...event }] = fake.events;
-  assert.deepEqual(event, { type: 'move', from: [0, 1], to: [0, 6] });
-  assert.equal(typeof revision, 'number');
-});
+async function startOnTurnedPhone(t, rows, onEvent, options) {
+  const { fake, url } = await startFake(t, screen(['List'], [section('Names', rows)]), onEvent);
+  const page = await openPage(t, url, options);
+  await page.getByRole('button', { name: 'Landscape' }).click();
+  await page.locator('[data-orientation="landscape"]').waitFor();
+  return { fake, page };
+}
+
+const places = [
+  ['a tablet', startOnTablet, { from: 1, to: 6 }], ['a phone on its side', startOnTurnedPhone, { from: 0, to: 4 }],
+];
+for (const [place, start, { from, to }] of places) {
+  test(`On ${place}, which is drawn smaller, a row is dragged to the place under the pointer`, async (t) => {
+    const rows = Array.from({ length: 8 }, (_, at) => row(`Row ${at}`, { canMove: true }));
+    const { fake, page } = await start(t, rows, undefined, { viewport: { width: 1280, height: 916 } });
+    const boxOf = (at) => page.getByRole('button', { name: `Move Row ${at}` }).boundingBox();
+    const [first, last] = [await boxOf(from), await boxOf(to)];
+    assert.ok(first.height < 40, 'the device is drawn smaller');
+    await page.mouse.move(first.x + first.width / 2, first.y + first.height / 2);
+    await page.mouse.down();
+    await page.mouse.move(last.x + last.width / 2, last.y + last.height / 2, { steps: 8 });
+    await page.mouse.up();
+    await eventually(() => assert.equal(fake.events.length, 1));
+    const [{ revision, ...event }] = fake.events;
+    assert.deepEqual(event, { type: 'move', from: [0, from], to: [0, to] });
+    assert.equal(typeof revision, 'number');
+  });
+}
 
 test('On a tablet a row is swiped as far as the pointer goes', async (t) => {
   const rows = [link('Gone', { swipeActions: [{ id: 's', title: 'Delete', color: '#ff0000ff', leading: false }] })];
@@ -113,17 +190,19 @@ test('On a tablet a row is swiped as far as the pointer goes', async (t) => {
   await page.getByRole('button', { name: /Delete/ }).waitFor();
 });
 
-test('In a narrow window a tablet fits the width', async (t) => {
-  const { page } = await startOnTablet(t, [link('A')], undefined, { viewport: { width: 390, height: 700 } });
-  await settled(page);
-  const { scrollWidth, clientWidth } = await page.evaluate(() => {
-    const { scrollWidth, clientWidth } = document.documentElement;
-    return { scrollWidth, clientWidth };
+for (const [place, start] of places) {
+  test(`In a narrow window ${place} fits the width`, async (t) => {
+    const { page } = await start(t, [link('A')], undefined, { viewport: { width: 390, height: 700 } });
+    await settled(page);
+    const { scrollWidth, clientWidth } = await page.evaluate(() => {
+      const { scrollWidth, clientWidth } = document.documentElement;
+      return { scrollWidth, clientWidth };
+    });
+    assert.equal(scrollWidth, clientWidth);
   });
-  assert.equal(scrollWidth, clientWidth);
-});
 
-test('axe finds nothing on a tablet', async (t) => {
-  const { page } = await startOnTablet(t, [link('A')]);
-  await assertAccessible(page);
-});
+  test(`axe finds nothing on ${place}`, async (t) => {
+    const { page } = await start(t, [link('A')]);
+    await assertAccessible(page);
+  });
+}

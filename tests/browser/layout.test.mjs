@@ -8,7 +8,10 @@ import { control, link, row, screen, section } from './support/screens.mjs';
 import { startSimulator } from './support/simulator.mjs';
 
 const tolerance = 0.5;
-const widths = { phone: 390, tablet: 820 };
+const phone = { kind: 'phone', orientation: 'portrait' };
+const displays = [
+  [phone, 390], [{ orientation: 'landscape' }, 844], [{ kind: 'tablet' }, 1180], [{ orientation: 'portrait' }, 820], [phone, 390],
+];
 const pages = [
   [], ['Zuno'], ['Zuno', 'Open To'], ['Zuno', 'Default Music App'], ['Zuno', 'Favourite Apps'], ['Zuno', 'Widgets'],
   ['Zuno', 'Customise'], ['Zuno', 'Customise', 'Presets'],
@@ -61,24 +64,24 @@ async function assertDrawnAsLaidOut(page, api, place) {
   });
 }
 
-test('Rows, headers, footers and custom cells are drawn where they were laid out, on phone and tablet', async (t) => {
+test('Rows, headers, footers and custom cells are drawn where they were laid out, however the device is held', async (t) => {
   const { url, api } = await startSimulator(t);
   const device = new Device(api);
   const page = await openPage(t, url, { reducedMotion: 'reduce', expected: /404/ });
   for (const labels of pages) {
     for (const label of labels) await device.tapRow(label);
-    for (const kind of ['phone', 'tablet', 'phone']) {
-      await api('PUT', '/api/device/display', { kind });
+    for (const [display, width] of displays) {
+      await api('PUT', '/api/device/display', display);
       await eventually(async () => {
-        assert.equal(await page.locator('.screen').evaluate((element) => element.offsetWidth), widths[kind]);
+        assert.equal(await page.locator('.screen').evaluate((element) => element.offsetWidth), width);
       });
-      await assertDrawnAsLaidOut(page, api, `${labels.join(' > ')} on the ${kind}:`);
+      await assertDrawnAsLaidOut(page, api, `${labels.join(' > ')}, ${width} wide:`);
     }
     for (const label of labels) await device.back(label);
   }
 });
 
-test('Rows keep 16 points from the edges of a phone and 20 from those of a tablet', async (t) => {
+test('Rows keep 16 points from the edges of a phone, 20 from those of a tablet and from the corners of a turned phone', async (t) => {
   const { api } = await startSimulator(t);
   await new Device(api).tapRow('Zuno');
   const edges = async () => {
@@ -88,6 +91,8 @@ test('Rows keep 16 points from the edges of a phone and 20 from those of a table
   for (const [left, right] of await edges()) assert.deepEqual([left, right], [16, 374]);
   await api('PUT', '/api/device/display', { kind: 'tablet' });
   for (const [left, right] of await edges()) assert.deepEqual([left, right], [20, 800]);
+  await api('PUT', '/api/device/display', { kind: 'phone', orientation: 'landscape' });
+  for (const [left, right] of await edges()) assert.deepEqual([left, right], [67, 777]);
 });
 
 test('A footer that needs fewer lines on a tablet gets less room there', async (t) => {

@@ -64,19 +64,19 @@ async function takeTheme(stage) {
   await take(stage, 'apply-preset');
 }
 
-/** The pages with most on them, on a tablet in a window that shows it in its own size. */
-async function takeTablet(stage, api) {
+/** The pages with most on them, on another display, in a window that shows it in its own size. */
+async function takeDisplay(stage, api, { name, display, viewport }) {
   const { page, device } = stage;
-  await page.setViewportSize({ width: 1500, height: 1260 });
-  await api('PUT', '/api/device/display', { kind: 'tablet' });
+  await page.setViewportSize(viewport);
+  await api('PUT', '/api/device/display', display);
   await device.home();
   await device.tapRow('Zuno');
-  await take(stage, 'tablet-root');
+  await take(stage, `${name}-root`);
   await device.tapRow('Favourite Apps');
-  await take(stage, 'tablet-favourites');
+  await take(stage, `${name}-favourites`);
   await device.back();
   await device.tapRow('Customise');
-  await take(stage, 'tablet-customise');
+  await take(stage, `${name}-customise`);
 }
 
 async function takeAll(t) {
@@ -95,7 +95,12 @@ async function takeAll(t) {
   await takeLists(stage);
   await takeTheme(stage);
   await stage.device.answer('Cancel');
-  await takeTablet(stage, api);
+  await takeDisplay(stage, api, {
+    name: 'landscape', display: { orientation: 'landscape' }, viewport: { width: 1500, height: 600 },
+  });
+  await takeDisplay(stage, api, {
+    name: 'tablet', display: { kind: 'tablet', orientation: 'portrait' }, viewport: { width: 1500, height: 1260 },
+  });
 }
 
 await mkdir(folder, { recursive: true });

@@ -16,7 +16,7 @@ export function Panel() {
   return html`
     <aside class="panel" id="device" tabindex="-1" aria-label="Device">
       ${device && html`
-        <${Display} kind=${device.display?.kind ?? 'phone'} />
+        <${Display} display=${device.display} />
         <div class="panel-column">
           <${Files} files=${device.files ?? []} />
         </div>

@@ -8,18 +8,23 @@ const narrowMargin = 16;
 const largestShare = 0.6;
 
 /**
- * The place that the device takes in the window. `display`: `{kind, width, height}` in points.
+ * The place that the device takes in the window.
  *
- * A tablet is drawn as much smaller as the window asks for. A phone is shortened instead, see styles/layout.css.
+ * A device is drawn as much smaller as the window asks for. An upright phone is shortened instead, see
+ * styles/layout.css.
  */
 export function DevicePlace({ display, children }) {
+  const { kind, orientation, width, height, safeArea } = display;
   const shrink = useShrink(display);
+  const isShortened = kind === 'phone' && orientation === 'portrait';
+  const size = { '--shrink': shrink, '--screen-width': `${width}px`, '--screen-height': `${height}px` };
   const style = {
-    '--shrink': shrink, '--screen-width': `${display.width}px`, '--screen-height': `${display.height}px`,
+    '--status-height': `${safeArea.top}px`, '--safe-left': `${safeArea.left}px`, '--safe-right': `${safeArea.right}px`,
+    ...(isShortened ? {} : size),
   };
-  const isTablet = display.kind === 'tablet';
   return html`
-    <div class="device-place" data-display=${display.kind} style=${isTablet ? style : undefined}>
+    <div class="device-place" data-display=${kind} data-orientation=${orientation}
+      data-fit=${isShortened ? 'shorter' : 'smaller'} style=${style}>
       <div class="phone">${children}</div>
     </div>`;
 }

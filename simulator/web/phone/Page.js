@@ -1,8 +1,11 @@
-import { html, useEffect, useLayoutEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { displayIn, isShallow } from '/display.js';
 import { CustomViews } from '/phone/CustomViews.js';
 import { rowCanFocus } from '/phone/keyboard.js';
 import { NavigationBar } from '/phone/NavigationBar.js';
 import { Table } from '/phone/Table.js';
+import { SessionContext } from '/session.js';
+import { useStore } from '/store.js';
 
 /**
  * One page of the navigation stack.
@@ -16,7 +19,9 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
   const heading = useRef(null);
   const active = useRef({ section: place?.section ?? 0, row: place?.row ?? null });
   const [scrolled, setScrolled] = useState({ bar: false, title: false });
-  const large = !page.back;
+  const session = useContext(SessionContext);
+  const shallow = useStore(session.store, (state) => isShallow(displayIn(state)));
+  const large = !page.back && !shallow;
 
   const follow = () => {
     const top = scroller.current.scrollTop;

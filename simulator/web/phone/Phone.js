@@ -1,4 +1,5 @@
 import { html, useContext, useEffect, useRef } from '/modules/htm-preact.mjs';
+import { displayIn } from '/display.js';
 import { SessionContext } from '/session.js';
 import { useStore } from '/store.js';
 import { Alert } from '/phone/Alert.js';
@@ -10,18 +11,17 @@ import { Sheet } from '/phone/Sheet.js';
 import { StatusSymbols } from '/phone/symbols.js';
 import { UploadProgress } from '/phone/UploadProgress.js';
 
-const phoneDisplay = { kind: 'phone', width: 390, height: 844 };
-
 /** The phone: its frame, the Settings application on its screen, and whatever lies over that. */
 export function Phone() {
   const session = useContext(SessionContext);
-  const { screen, screenError, device, notice, isWorking, connection } = useStore(session.store);
+  const state = useStore(session.store);
+  const { screen, screenError, device, notice, isWorking, connection } = state;
   const content = useRef(null);
   const covered = Boolean(screen?.alert || screen?.sheet);
   useFocusReturn(content, covered);
 
   return html`
-    <${DevicePlace} display=${device?.display ?? phoneDisplay}>
+    <${DevicePlace} display=${displayIn(state)}>
       <div class="screen">
         <div class="screen-content" ref=${content} inert=${covered}>
           ${screenError !== null || !screen

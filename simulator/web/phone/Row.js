@@ -59,7 +59,7 @@ export function rowStyle(row, top) {
   const image = imageSizeOf(row);
   const style = {
     height: `${heightOf(row)}px`, transform: `translateY(${top}px)`,
-    '--text-left': image ? `calc(var(--margin) + ${image.width + imageGap}px)` : 'var(--margin)',
+    '--text-left': `calc(var(--covered-left) + var(--margin) + ${image ? image.width + imageGap : 0}px)`,
   };
   if (!row.frame || !row.views?.length) return style;
   // Cells with views of their own lie where their frame says, whatever the width of the list.

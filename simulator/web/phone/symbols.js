@@ -34,6 +34,11 @@ export const More = () => drawing('symbol more', '0 0 20 6', html`
   <circle cx="10" cy="3" r="2" fill="currentColor" />
   <circle cx="17" cy="3" r="2" fill="currentColor" />`);
 
+export const Turn = () => drawing('symbol turn', '0 0 18 18', html`
+  <path d="M3.5 9 A5.5 5.5 0 1 1 9 14.5" fill="none" stroke="currentColor" stroke-width="1.8" stroke-linecap="round" />
+  <path d="M1 6.8 L3.5 10 L6.4 7.1" fill="none" stroke="currentColor" stroke-width="1.8" stroke-linecap="round"
+    stroke-linejoin="round" />`);
+
 export const Page = () => drawing('symbol document', '0 0 30 38', html`
   <path d="M2 4 a3 3 0 0 1 3-3 H19 L28 10 V34 a3 3 0 0 1 -3 3 H5 a3 3 0 0 1 -3 -3 Z" class="document-sheet" />
   <path d="M19 1 V10 H28" class="document-fold" />`);

@@ -10,10 +10,16 @@ const types = {
   '.svg': 'image/svg+xml', '.otf': 'font/otf',
 };
 const policy = "default-src 'self'; img-src 'self' blob:; frame-ancestors 'none'";
-const displays = {
-  phone: { kind: 'phone', width: 390, height: 844, scale: 3 },
-  tablet: { kind: 'tablet', width: 820, height: 1180, scale: 2 },
-};
+const display = (kind, orientation, width, height, scale, [top, left, bottom, right]) => ({
+  kind, orientation, width, height, scale, safeArea: { top, left, bottom, right },
+});
+const displays = [
+  display('phone', 'portrait', 390, 844, 3, [47, 0, 34, 0]), display('phone', 'landscape', 844, 390, 3, [0, 47, 21, 47]),
+  display('tablet', 'portrait', 820, 1180, 2, [24, 0, 20, 0]), display('tablet', 'landscape', 1180, 820, 2, [24, 0, 20, 0]),
+];
+const displayLike = (wanted) => displays.find(
+  ({ kind, orientation }) => kind === wanted.kind && orientation === wanted.orientation,
+);
 const token = 'f'.repeat(32);
 
 /** A picture of one pixel, given for any image address. */
@@ -35,7 +41,7 @@ export class FakeSimulator {
   /** What is on the pasteboard when it is asked for whole. */
   pasteboardString = null;
   device = {
-    notifications: [], resprings: 0, openedURLs: [], pasteboard: null, pasteboardLength: null, display: displays.phone, log: [], files: [],
+    notifications: [], resprings: 0, openedURLs: [], pasteboard: null, pasteboardLength: null, display: displays[0], log: [], files: [],
   };
   #streams = new Set();
   #server = createServer((request, response) => this.#answer(request, response));
@@ -105,7 +111,7 @@ export class FakeSimulator {
         this.appearance = body.style;
         return reply(response, 200, {});
       case 'PUT /api/device/display':
-        this.changeDevice({ display: displays[body.kind] });
+        this.changeDevice({ display: displayLike({ ...this.device.display, ...body }) });
         return reply(response, 200, this.device.display);
       default: return reply(response, 404, { error: 'no such address' });
     }
