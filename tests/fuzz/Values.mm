@@ -24,7 +24,7 @@ bool sameNumber(NSNumber *first, NSNumber *second, Agreement agreement) {
 
 bool sameDate(NSDate *first, NSDate *second, Agreement agreement) {
   const double left = [first timeIntervalSinceReferenceDate], right = [second timeIntervalSinceReferenceDate];
-  return agreement == Agreement::kXML ? std::abs(left - right) < 1 : left == right;
+  return agreement == Agreement::kXML ? std::floor(left) == std::floor(right) : left == right;
 }
 
 bool sameArray(NSArray *first, NSArray *second, Agreement agreement) {
