@@ -1,6 +1,6 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { eventually, openPage, settled } from './support/browser.mjs';
+import { eventually, openPage } from './support/browser.mjs';
 import { startFake } from './support/fakeSimulator.mjs';
 import { link, screen, section } from './support/screens.mjs';
 
@@ -70,10 +70,13 @@ test('The log follows the newest line until the user scrolls away', async (t) =>
   await log.getByText('line 99').waitFor();
   assert.ok(await gap() < 2);
   await log.evaluate((element) => { element.scrollTop = 0; });
-  await settled(page);
   fake.changeDevice({ log: lines(120) });
   await log.getByText('line 119').waitFor();
   assert.equal(await log.evaluate((element) => element.scrollTop), 0);
+  await log.evaluate((element) => { element.scrollTop = element.scrollHeight; });
+  fake.changeDevice({ log: lines(140) });
+  await log.getByText('line 139').waitFor();
+  assert.ok(await gap() < 2, 'it follows again');
 });
 
 test('The pasteboard is shown, replaced and emptied', async (t) => {

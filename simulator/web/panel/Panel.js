@@ -1,4 +1,5 @@
 import { html, useContext } from '/modules/htm-preact.mjs';
+import { displayIn } from '/display.js';
 import { Card } from '/panel/Card.js';
 import { Display } from '/panel/Display.js';
 import { Files } from '/panel/Files.js';
@@ -16,7 +17,7 @@ export function Panel() {
   return html`
     <aside class="panel" id="device" tabindex="-1" aria-label="Device">
       ${device && html`
-        <${Display} display=${device.display} />
+        <${Display} display=${displayIn({ device })} />
         <div class="panel-column">
           <${Files} files=${device.files ?? []} />
         </div>
