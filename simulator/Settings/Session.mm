@@ -1,9 +1,7 @@
 #import "Settings/Session.hpp"
 
 #import <UIKit/UIKit.h>
-#import <UIKit/UIScreen+Sim.h>
-#import <UIKit/UITraitCollection+Sim.h>
-#import <UIKit/UIView+Sim.h>
+#import <UIKit/UIWindow+Sim.h>
 #import <dispatch/MainQueue+Sim.h>
 
 #import "Settings/EventRouter.hpp"
@@ -87,20 +85,13 @@ Reply Session::performing(const Json &request, Work work) {
 }
 
 void Session::setDark(bool dark) {
-  SIMSetUserInterfaceStyle(dark ? UIUserInterfaceStyleDark : UIUserInterfaceStyleLight);
-  [window_.get() sim_traitCollectionDidChange:nil];
+  guarded("changing the appearance", [&] {
+    [window_.get() sim_changeUserInterfaceStyle:dark ? UIUserInterfaceStyleDark : UIUserInterfaceStyleLight];
+  });
 }
 
 void Session::setScreen(CGSize size, CGFloat scale, UIEdgeInsets safeArea) {
-  const auto before = objcxx::share([UITraitCollection currentTraitCollection]);
-  SIMSetMainScreen(size, scale, safeArea);
-  guarded("changing the screen's size", [&] {
-    [window_.get() setFrame:[[UIScreen mainScreen] bounds]];
-    if (![[UITraitCollection currentTraitCollection] isEqual:before.get()]) {
-      [window_.get() sim_traitCollectionDidChange:before.get()];
-    }
-    [window_.get() layoutIfNeeded];
-  });
+  guarded("changing the screen", [&] { [window_.get() sim_changeScreenToSize:size scale:scale safeArea:safeArea]; });
 }
 
 }  // namespace sim

@@ -57,4 +57,5 @@
 #import <UIKit/UITableViewHeaderFooterView.h>
 #import <UIKit/UITableViewRowAction.h>
 #import <UIKit/UIViewController.h>
+#import <UIKit/UIViewControllerTransitionCoordinator.h>
 #import <UIKit/UIWindow.h>

@@ -13,11 +13,13 @@ bool leaveRoom(CGFloat start, CGFloat end, CGFloat length) { return start >= 0 &
 
 }  // namespace
 
+bool SIMIsScreen(CGSize size, CGFloat scale, UIEdgeInsets safeArea) {
+  return isLength(size.width) && isLength(size.height) && isLength(scale) &&
+         leaveRoom(safeArea.left, safeArea.right, size.width) && leaveRoom(safeArea.top, safeArea.bottom, size.height);
+}
+
 void SIMSetMainScreen(CGSize size, CGFloat scale, UIEdgeInsets safeArea) {
-  const bool usable = isLength(size.width) && isLength(size.height) && isLength(scale) &&
-                      leaveRoom(safeArea.left, safeArea.right, size.width) &&
-                      leaveRoom(safeArea.top, safeArea.bottom, size.height);
-  if (!usable) {
+  if (!SIMIsScreen(size, scale, safeArea)) {
     NSLog(@"SIMSetMainScreen: %g × %g points at scale %g with the safe area %@ is no screen.", size.width, size.height,
           scale, NSStringFromUIEdgeInsets(safeArea));
     return;

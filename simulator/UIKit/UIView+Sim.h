@@ -9,7 +9,8 @@
 @property (nonatomic, assign, setter=sim_setViewController:) UIResponder *sim_viewController;
 /// Whether a finger could reach the view: it and everything above it is shown and lets touches through.
 - (BOOL)sim_acceptsTouches;
-/// Tells the receiver and everything below that the appearance has changed: `traitCollectionDidChange:`.
+/// Tells the receiver and everything below, with the controllers that the views belong to and their children, that the
+/// traits have changed: `traitCollectionDidChange:`.
 - (void)sim_traitCollectionDidChange:(UITraitCollection *)previous;
 /// A number that is unique in the process, for the host's identifiers.
 - (NSUInteger)sim_number;

@@ -1,6 +1,7 @@
 #import <UIKit/UIResponder+Sim.h>
 #import <UIKit/UIScreen.h>
 #import <UIKit/UIView+Sim.h>
+#import <UIKit/UIViewController+Sim.h>
 #import <UIKit/UIViewState.hpp>
 
 #include <algorithm>
@@ -217,8 +218,11 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
 }
 
 - (void)sim_traitCollectionDidChange:(UITraitCollection *)previous {
+  const auto controller = objcxx::share((UIViewController *)_state->viewController);
+  [controller.get() traitCollectionDidChange:previous];
   [self traitCollectionDidChange:previous];
   for (UIView *subview in [self subviews]) [subview sim_traitCollectionDidChange:previous];
+  [controller.get() sim_tellCoveredChildrenOfTraits:previous];
 }
 
 - (NSUInteger)sim_number {

@@ -115,6 +115,7 @@ bool coversPresenter(UIModalPresentationStyle style) {
   if (state.presenting == presenter) {  // Not dismissed again meanwhile.
     UIView *view = [controller view];
     [view setFrame:[window bounds]];
+    [view setAutoresizingMask:UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight];
     [window addSubview:view];
     [view layoutIfNeeded];
   }

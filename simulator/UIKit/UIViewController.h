@@ -13,6 +13,7 @@
 @class UINavigationItem;
 @class UIPopoverPresentationController;
 @class UIView;
+@protocol UIViewControllerTransitionCoordinator;
 
 typedef NS_ENUM(NSInteger, UIModalPresentationStyle) {
   UIModalPresentationFullScreen = 0,
@@ -43,7 +44,7 @@ struct ViewControllerState;
 /// Transitions take no time: the appearance calls of both pages are made before the method that starts the transition
 /// returns. A completion block is called at once when the transition is not animated, and from the main queue when it
 /// is, so after the method has returned, as on a device.
-@interface UIViewController : UIResponder {
+@interface UIViewController : UIResponder <UITraitEnvironment> {
  @private
   std::unique_ptr<sim::ViewControllerState> _viewControllerState;
 }
@@ -70,6 +71,12 @@ struct ViewControllerState;
 /// Toggles -setEditing:animated:; the same item at each call.
 @property (nonatomic, readonly) UIBarButtonItem *editButtonItem;
 @property (nonatomic, readonly) UITraitCollection *traitCollection;
+@end
+
+@interface UIViewController (UIContentContainer)
+/// The device is about to be turned: the controller's view will have this size. Passes it on to the children, so call super.
+- (void)viewWillTransitionToSize:(CGSize)size
+       withTransitionCoordinator:(id<UIViewControllerTransitionCoordinator>)coordinator;
 @end
 
 @interface UIViewController (UIAppearance)

@@ -93,6 +93,27 @@
   return [[UIScreen mainScreen] traitCollection];
 }
 
+- (void)traitCollectionDidChange:(UITraitCollection *)previous {
+  (void)previous;
+}
+
+- (void)sim_tellCoveredChildrenOfTraits:(UITraitCollection *)previous {
+  for (UIViewController *child in [self childViewControllers]) {
+    UIView *view = [child viewIfLoaded];
+    if (![view isDescendantOfView:_viewControllerState->view.get()]) [view sim_traitCollectionDidChange:previous];
+  }
+}
+
+- (void)viewWillTransitionToSize:(CGSize)size
+       withTransitionCoordinator:(id<UIViewControllerTransitionCoordinator>)coordinator {
+  for (UIViewController *child in [self childViewControllers]) {
+    if (![child isViewLoaded]) continue;
+    const CGSize own = [[child view] bounds].size;
+    const BOOL fills = CGSizeEqualToSize(own, [[self view] bounds].size);
+    [child viewWillTransitionToSize:fills ? size : own withTransitionCoordinator:coordinator];
+  }
+}
+
 - (CGFloat)sim_heightOfBarAbove {
   UIViewController *parent = _viewControllerState->parent;
   if (![parent isKindOfClass:[UINavigationController class]]) return 0;
