@@ -46,14 +46,17 @@ export class Api {
     return this.#json('PUT', '/api/device/display', changes);
   }
 
-  /** Resolves with `{path}`, the picture's place in the photo library. `progress` gets the part that has been sent. */
-  addPhoto(file, progress) {
-    return this.#upload('/api/photos', file, {}, progress);
+  /**
+   * Resolves with `{path}`, the picture's place in the photo library. `way`: `progress` gets the part that has been sent;
+   * `signal` ends the sending, and changes nothing once all has been sent.
+   */
+  addPhoto(file, way) {
+    return this.#upload('/api/photos', file, {}, way);
   }
 
   /** Resolves with the screen after the pick. */
-  pickFile(file, revision, progress) {
-    return this.#upload('/api/picked-file', file, { 'X-Sim-Revision': String(revision) }, progress);
+  pickFile(file, revision, way) {
+    return this.#upload('/api/picked-file', file, { 'X-Sim-Revision': String(revision) }, way);
   }
 
   async blob(url) {
@@ -66,7 +69,7 @@ export class Api {
   }
 
   // `fetch` does not tell how much of a body has been sent.
-  #upload(path, file, headers, progress) {
+  #upload(path, file, headers, { progress, signal }) {
     const request = new XMLHttpRequest();
     request.open('PUT', path);
     const all = {
@@ -75,7 +78,11 @@ export class Api {
     };
     for (const [name, value] of Object.entries(all)) request.setRequestHeader(name, value);
     request.upload.addEventListener('progress', ({ loaded, total }) => progress(total > 0 ? loaded / total : 1));
+    const stop = () => request.abort();
+    signal.addEventListener('abort', stop);
+    request.upload.addEventListener('load', () => signal.removeEventListener('abort', stop));
     return new Promise((resolve, reject) => {
+      request.addEventListener('abort', () => reject(new ApiError(0, `“${file.name}” was not sent.`)));
       request.addEventListener('error', () => reject(new ApiError(0, 'The simulator does not answer.')));
       request.addEventListener('load', () => {
         if (request.status === 200) resolve(JSON.parse(request.responseText));

@@ -93,9 +93,9 @@ export class Session {
   }
 
   /** Picks a file of this computer in the document picker on the screen; otherwise like `send`. */
-  pickFile(file, progress) {
+  pickFile(file, way) {
     return this.#queue((screen) => (
-      screen.sheet?.kind === 'documents' ? this.#api.pickFile(file, screen.revision, progress) : null));
+      screen.sheet?.kind === 'documents' ? this.#api.pickFile(file, screen.revision, way) : null));
   }
 
   /** Resolves with null or with the reason why the pasteboard was not changed. */

@@ -8,30 +8,37 @@ const pictureName = /\.(png|jpe?g|heic|heif|webp|gif|tiff?)$/i;
 /**
  * Files of this computer on their way to the device, one after another.
  *
- * What is under way is `upload` in the store: null, or `{text, fraction}` with the part that has been sent from 0 to 1,
- * or null when the device works on it. Refusals become the store's `notice`. Nothing here rejects.
+ * What is under way is `upload` in the store: null, or `{text, fraction, canStop}` with the part that has been sent from 0
+ * to 1, or null when the device works on it. Refusals become the store's `notice`. Nothing here rejects.
  */
 export class Uploads {
   #session;
   #api;
   #last = Promise.resolve();
+  #stopping = null;
 
   constructor(session, api) {
     this.#session = session;
     this.#api = api;
   }
 
+  /** Sends nothing more of the files that were chosen together and are under way; what has been sent stays. */
+  stop() {
+    this.#stopping?.abort();
+  }
+
   /** Adds the pictures to the device's photo library. */
   addPhotos(files) {
-    return this.#inTurn(async () => {
+    return this.#inTurn(async (signal) => {
       const added = [];
       const refusals = [];
       for (const [at, file] of files.entries()) {
         const count = files.length > 1 ? ` (${at + 1} of ${files.length})` : '';
-        const reason = await this.#send(`Adding “${file.name}”${count}`, file,
-          (progress) => this.#api.addPhoto(file, progress));
+        const task = { text: `Adding “${file.name}”${count}`, file, signal, isLast: at === files.length - 1 };
+        const reason = await this.#send(task, (way) => this.#api.addPhoto(file, way));
         if (reason === null) added.push(file);
         else refusals.push(reason);
+        if (signal.aborted) break;
       }
       this.#report(added, refusals);
     });
@@ -41,8 +48,9 @@ export class Uploads {
   pickFile(files) {
     if (files.length !== 1) return this.#notice('Choose one file at a time.');
     const [file] = files;
-    return this.#inTurn(async () => {
-      const reason = await this.#send(`Sending “${file.name}”`, file, (progress) => this.#session.pickFile(file, progress));
+    return this.#inTurn(async (signal) => {
+      const task = { text: `Sending “${file.name}”`, file, signal, isLast: true };
+      const reason = await this.#send(task, (way) => this.#session.pickFile(file, way));
       if (reason !== null) this.#notice(reason);
     });
   }
@@ -57,13 +65,16 @@ export class Uploads {
   }
 
   // Resolves with null or the reason why the file was refused.
-  async #send(text, file, send) {
+  async #send({ text, file, signal, isLast }, send) {
     const { store } = this.#session;
+    const progress = (sent) => store.set({
+      upload: { text, fraction: sent < 1 ? sent : null, canStop: !signal.aborted && (sent < 1 || !isLast) },
+    });
     try {
       if (file.size > largest) throw new ApiError(413, `“${file.name}” is larger than ${largest / megabyte} MB.`);
       await readable(file);
-      store.set({ upload: { text, fraction: 0 } });
-      await send((sent) => store.set({ upload: { text, fraction: sent < 1 ? sent : null } }));
+      progress(0);
+      await send({ progress, signal });
       return null;
     } catch (error) {
       return error.message;
@@ -73,7 +84,10 @@ export class Uploads {
   }
 
   #inTurn(work) {
-    const done = this.#last.then(work);
+    const done = this.#last.then(() => {
+      this.#stopping = new AbortController();
+      return work(this.#stopping.signal);
+    });
     this.#last = done;
     return done;
   }

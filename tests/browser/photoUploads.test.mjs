@@ -183,6 +183,39 @@ test('The way of a file and the work on a photo are shown', async (t) => {
   assert.equal(await page.getByRole('dialog').count(), 0);
 });
 
+/** Lets the page send no more than so many bytes a second. */
+async function slowDown(page, uploadThroughput) {
+  const session = await page.context().newCDPSession(page);
+  await session.send('Network.enable');
+  await session.send('Network.emulateNetworkConditions', { offline: false, latency: 0, downloadThroughput: -1, uploadThroughput });
+}
+
+test('Stopping the way of a picture leaves out this one and those after it, and nothing of it on the disk', async (t) => {
+  const started = await startTheme(t);
+  const { page, folder } = started;
+  const small = await picture(page, 'image/png');
+  const large = Buffer.concat([small, Buffer.alloc(20 * 2 ** 20)]);
+  await openSheet(page);
+  await slowDown(page, 2 ** 20);
+  await chooseFiles(page, addButton(page), [
+    { name: 'a.png', mimeType: 'image/png', buffer: small }, { name: 'b.png', mimeType: 'image/png', buffer: large },
+    { name: 'c.png', mimeType: 'image/png', buffer: small },
+  ]);
+  const way = sheetOf(page).getByRole('progressbar', { name: 'Adding “b.png” (2 of 3)' });
+  await eventually(async () => assert.ok(await way.getAttribute('value') > 0));
+  const uploads = join(folder, '.simulator/uploads');
+  await eventually(async () => assert.equal((await readdir(uploads)).length, 1));
+  await sheetOf(page).getByRole('button', { name: 'Stop: Adding “b.png” (2 of 3)' }).click();
+  await noticeOf(page, '“b.png” was not sent.').waitFor();
+  assert.equal(await page.getByRole('progressbar').count(), 0);
+  await eventually(async () => assert.deepEqual(await readdir(uploads), []));
+  assert.deepEqual(await photosIn(started), ['IMG_0001.PNG']);
+
+  await slowDown(page, -1);
+  await chooseFiles(page, addButton(page), [{ name: 'd.png', mimeType: 'image/png', buffer: small }]);
+  await sheetOf(page).getByRole('button', { name: 'IMG_0002.PNG' }).waitFor();
+});
+
 for (const colorScheme of ['light', 'dark']) {
   test(`The sheet with its button is reached by keyboard and is accessible when ${colorScheme}`, async (t) => {
     const { page } = await startTheme(t, { colorScheme });

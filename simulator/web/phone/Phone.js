@@ -32,7 +32,7 @@ export function Phone() {
           <${Sheet} key=${screen.sheet.kind} sheet=${screen.sheet} covered=${Boolean(screen.alert)} />`}
         ${screen?.alert && html`<${Alert} key=${alertKey(screen.alert)} alert=${screen.alert} />`}
         <${Notice} text=${connection === 'lost' ? 'The simulator does not answer. Reconnecting…' : notice} />
-        <${UploadProgress} />
+        ${!screen?.sheet && html`<${UploadProgress} />`}
         <div class="working-sign" role="status">
           ${isWorking && html`<span class="spinner"></span><span class="visually-hidden">Working…</span>`}
         </div>

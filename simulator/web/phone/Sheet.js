@@ -4,6 +4,7 @@ import { FileChooser } from '/phone/FileChooser.js';
 import { trapTab } from '/phone/focusTrap.js';
 import { ShareList } from '/phone/ShareList.js';
 import { Page as DocumentSymbol } from '/phone/symbols.js';
+import { UploadProgress } from '/phone/UploadProgress.js';
 import { SessionContext } from '/session.js';
 
 const kinds = {
@@ -67,6 +68,7 @@ export function Sheet({ sheet, covered }) {
         ${items.length === 0
           ? html`<p class="card-empty">${kind.empty}</p>`
           : html`<${kind.content} items=${items} choose=${choose} working=${working} />`}
+        <${UploadProgress} />
       </div>
     </div>`;
 }
