@@ -56,8 +56,8 @@ class Session final {
   /// Light or dark, from now on.
   void setDark(bool dark);
 
-  /// The size of the screen and what corners and bars cover at its edges, in points, and its pixels a point, from now on.
-  /// Any that is no screen is ignored.
+  /// The size of the screen and what corners and bars cover at its edges, in points, and its pixels a point, from now
+  /// on. Any that is no screen is ignored.
   void setScreen(CGSize size, CGFloat scale, UIEdgeInsets safeArea);
 
  private:

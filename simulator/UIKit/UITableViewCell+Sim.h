@@ -14,8 +14,8 @@
 @property (nonatomic, readonly) UIView *sim_shownAccessoryView;
 /// How far the standard views keep from the edges of the content view: 16 points until a table view sets it.
 @property (nonatomic, readonly) CGFloat sim_margin;
-/// Set by the table view: the margin, and how far the screen's corners reach into the row from left and right, which the
-/// content view keeps clear of.
+/// Set by the table view: the margin, and how far the screen's corners reach into the row from left and right, which
+/// the content view keeps clear of.
 - (void)sim_setMargin:(CGFloat)margin coveredSides:(UIEdgeInsets)sides;
 /// Set by the table view from the answers of its data source and delegate.
 - (void)sim_setEditingStyle:(UITableViewCellEditingStyle)editingStyle;

@@ -3,8 +3,8 @@
 
 #import <UIKit/UITraitCollection.h>
 
-/// Light or dark, for everything resolved from now on; `-[UIWindow sim_changeUserInterfaceStyle:]` tells the views too. Light
-/// until set; unspecified counts as light.
+/// Light or dark, for everything resolved from now on; `-[UIWindow sim_changeUserInterfaceStyle:]` tells the views too.
+/// Light until set; unspecified counts as light.
 UIKIT_EXTERN void SIMSetUserInterfaceStyle(UIUserInterfaceStyle style);
 
 @interface UITraitCollection (Sim)

@@ -32,7 +32,8 @@ UIEdgeInsets partWithin(CGRect rect, UIEdgeInsets insets, CGRect bounds) {
   } else if ([self isKindOfClass:[UIWindow class]]) {
     insets = [[UIScreen mainScreen] sim_safeArea];
   }
-  if (_state->viewController && [self window]) insets.top += [(UIViewController *)_state->viewController sim_heightOfBarAbove];
+  UIViewController *controller = (UIViewController *)_state->viewController;
+  if (controller && [self window]) insets.top += [controller sim_heightOfBarAbove];
   return insets;
 }
 

@@ -96,8 +96,8 @@ UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 
 @interface UIView (UIViewSafeArea)
 /// How far the screen's corners and sensors, the status bar and a navigation bar reach into the view from each edge.
-/// Nothing outside of a window. A scroll view keeps its content clear of what covers its top and bottom, so that nothing
-/// does so for the views in it.
+/// Nothing outside of a window. A scroll view keeps its content clear of what covers its top and bottom, so that
+/// nothing does so for the views in it.
 @property (nonatomic, readonly) UIEdgeInsets safeAreaInsets;
 @end
 

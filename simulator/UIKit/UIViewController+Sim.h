@@ -22,8 +22,8 @@ typedef NS_ENUM(NSInteger, SIMAppearance) {
 @property (nonatomic, readonly) BOOL sim_needsPopover;
 /// Of the navigation bar over this controller's view, in points; 0 when there is none.
 @property (nonatomic, readonly) CGFloat sim_heightOfBarAbove;
-/// Tells the children whose views are loaded but not in this controller's view, as those of pages that lie below another
-/// one, that the traits have changed.
+/// Tells the children whose views are loaded but not in this controller's view, as those of pages that lie below
+/// another one, that the traits have changed.
 - (void)sim_tellCoveredChildrenOfTraits:(UITraitCollection *)previous;
 /// Runs a whole appearance or disappearance: begin, layout, end. For the roots of windows.
 - (void)sim_setAppeared:(BOOL)appeared animated:(BOOL)animated;

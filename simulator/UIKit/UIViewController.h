@@ -74,7 +74,8 @@ struct ViewControllerState;
 @end
 
 @interface UIViewController (UIContentContainer)
-/// The device is about to be turned: the controller's view will have this size. Passes it on to the children, so call super.
+/// The device is about to be turned: the controller's view will have this size. Passes it on to the children, so call
+/// super.
 - (void)viewWillTransitionToSize:(CGSize)size
        withTransitionCoordinator:(id<UIViewControllerTransitionCoordinator>)coordinator;
 @end

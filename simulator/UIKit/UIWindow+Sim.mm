@@ -14,7 +14,8 @@
   const auto coordinator = objcxx::adopt([[SIMTransitionCoordinator alloc] initWithContainerView:self]);
   const bool resizes = SIMIsScreen(size, scale, safeArea) && !CGSizeEqualToSize(size, [self bounds].size);
   @try {
-    for (UIViewController *page = [self rootViewController]; page && resizes; page = [page sim_ownPresentedViewController]) {
+    UIViewController *page = resizes ? [self rootViewController] : nil;
+    for (; page; page = [page sim_ownPresentedViewController]) {
       [page viewWillTransitionToSize:size withTransitionCoordinator:coordinator.get()];
     }
   } @finally {  // The screen changes, whatever the pages' code raises.

@@ -33,7 +33,8 @@ nlohmann::json objectIn(const Request& request) {
   return body && body->is_object() ? std::move(*body) : nlohmann::json();
 }
 
-// The display that `body` asks for: what it leaves out stays as `now` has it. Nothing when it asks for none or one unknown.
+// The display that `body` asks for: what it leaves out stays as `now` has it. Nothing when it asks for none or an
+// unknown one.
 std::optional<Display> displayWanted(const nlohmann::json& body, const Display& now) {
   const auto kind = body.find("kind");
   const auto orientation = body.find("orientation");

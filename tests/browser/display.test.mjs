@@ -77,7 +77,8 @@ test('The page follows the display, in every tab and through a respring', async 
 test('A custom cell turns with the device and comes back as it was', async (t) => {
   const { api } = await startSimulator(t);
   const turn = (orientation) => api('PUT', '/api/device/display', { orientation });
-  const framesOf = (screen) => [bannerOf(screen), footerOf(screen)].flatMap(({ frame, views }) => [frame, ...views.map((view) => view.frame)]);
+  const framesIn = ({ frame, views }) => [frame, ...views.map((view) => view.frame)];
+  const framesOf = (screen) => [bannerOf(screen), footerOf(screen)].flatMap(framesIn);
   const upright = framesOf(await tap(api, 'Zuno'));
   for (let turns = 0; turns < 2; turns += 1) {
     await turn('landscape');

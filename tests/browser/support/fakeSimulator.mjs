@@ -41,7 +41,8 @@ export class FakeSimulator {
   /** What is on the pasteboard when it is asked for whole. */
   pasteboardString = null;
   device = {
-    notifications: [], resprings: 0, openedURLs: [], pasteboard: null, pasteboardLength: null, display: displays[0], log: [], files: [],
+    notifications: [], resprings: 0, openedURLs: [], pasteboard: null, pasteboardLength: null, display: displays[0],
+    log: [], files: [],
   };
   #streams = new Set();
   #server = createServer((request, response) => this.#answer(request, response));

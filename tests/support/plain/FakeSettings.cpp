@@ -42,7 +42,9 @@ class FakeSettings {
     const std::string verb = message.value("verb", "");
     if (verb == "pasteboard") pasteboard_ = message.at("string");
     if (verb == "appearance") appearance_ = message.at("style");
-    if (verb == "display") display_ = {message.at("width"), message.at("height"), message.at("scale"), message.at("safeArea").at("left")};
+    if (verb == "display") {
+      display_ = {message.at("width"), message.at("height"), message.at("scale"), message.at("safeArea").at("left")};
+    }
     if (verb == "screen") answer(message, 200, screen());
     if (verb == "event") event(message);
     if (verb == "image") image(message);
