@@ -58,6 +58,7 @@ constexpr UIEdgeInsets sides{0, 47, 21, 47};
 class UIWindowScreenTest : public ObjCTest {
  protected:
   void TearDown() override {
+    SIMDrainMainQueue();  // What goes along with a turn notes its end there.
     window_ = nullptr;
     SIMSetMainScreen(CGSizeMake(390, 844), 3);
     SIMSetUserInterfaceStyle(UIUserInterfaceStyleLight);
