@@ -3,7 +3,7 @@ import { ApiError } from '/api.js';
 import { ImageCache } from '/images.js';
 import { Store } from '/store.js';
 import { readEvents } from '/stream.js';
-import { signatureOf } from '/targets.js';
+import { placeOf, signatureOf } from '/targets.js';
 import { Uploads } from '/uploads.js';
 
 export const SessionContext = createContext(null);
@@ -139,10 +139,13 @@ export class Session {
     return this.#refreshScreen();
   }
 
-  // Ids name places. What stands at the place now has to be what the user meant.
+  // Ids name places. The event goes to what the user meant, wherever an input before it has put that.
   #sendTo(id, event) {
     const meant = signatureOf(this.store.state.screen, id);
-    return this.send((screen) => (signatureOf(screen, id) === meant ? event : null));
+    return this.send((screen) => {
+      const place = placeOf(screen, meant, id);
+      return place && { ...event, id: place };
+    });
   }
 
   #queue(perform) {

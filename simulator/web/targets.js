@@ -9,6 +9,16 @@ export function signatureOf(screen, id) {
   return null;
 }
 
+/**
+ * The id of what had this signature at `id`: the same one, or where a row of the page has gone. Null when it stands for
+ * something else now, and when the page has several rows like it.
+ */
+export function placeOf(screen, signature, id) {
+  if (signatureOf(screen, id) === signature) return id;
+  const rows = [...targetsOf(screen)].filter(([, words]) => words[0] === 'row' && JSON.stringify(words) === signature);
+  return rows.length === 1 ? rows[0][0] : null;
+}
+
 /** What tells a row from its neighbours; two rows of one page may share it. Of an outline only its place is known. */
 export function identityOf(row) {
   if (row.outline) return `outline ${row.id}`;
@@ -24,7 +34,7 @@ function* targetsOf({ page, alert, sheet }) {
   for (const button of page.buttons ?? []) yield [button.id, ['button', page.title, button.title, button.systemItem]];
   for (const section of page.sections ?? []) {
     for (const row of section.rows) {
-      yield [row.id, ['row', page.class, identityOf(row)]];
+      yield [row.id, ['row', page.id, page.class, identityOf(row)]];
       for (const action of row.swipeActions ?? []) yield [action.id, ['swipe', identityOf(row), action.title]];
     }
   }

@@ -210,6 +210,23 @@ test('A tap on a row that has meanwhile become another one is not sent', async (
   assert.deepEqual(sent(fake), [{ type: 'tap', id: 'a' }]);
 });
 
+test('A tap on a row that the tap before it has moved goes where the row is now', async (t) => {
+  let release;
+  const held = new Promise((resolve) => { release = resolve; });
+  const names = ['First', 'Second', 'Third'];
+  const { fake, url } = await startFake(t, one(...names.map((name) => link(name))), async (event, it) => {
+    await held;
+    names.splice(Number(event.id.at(-1)), 1);
+    it.screen = one(...names.map((name) => link(name)));
+  });
+  const page = await openPage(t, url);
+  for (const name of ['First', 'Second', 'Third']) await page.getByRole('button', { name }).click();
+  release();
+  await eventually(() => assert.deepEqual(names, []));
+  assert.deepEqual(sent(fake).map(({ id }) => id), Array(3).fill('row2.0.0'));
+  assert.equal(await page.locator('.notice-text').count(), 0);
+});
+
 test('A tap is repeated by itself when only the revision had moved on', async (t) => {
   const { fake, url } = await startFake(t, one(link('Mode', { id: 'a' })), () => undefined);
   const page = await openPage(t, url, { expected: /409/ });
