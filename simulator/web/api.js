@@ -70,6 +70,8 @@ export class Api {
 
   // `fetch` does not tell how much of a body has been sent.
   #upload(path, file, headers, { progress, signal }) {
+    const notSent = new ApiError(0, `“${file.name}” was not sent.`);
+    if (signal.aborted) return Promise.reject(notSent);
     const request = new XMLHttpRequest();
     request.open('PUT', path);
     const all = {
@@ -82,7 +84,7 @@ export class Api {
     signal.addEventListener('abort', stop);
     request.upload.addEventListener('load', () => signal.removeEventListener('abort', stop));
     return new Promise((resolve, reject) => {
-      request.addEventListener('abort', () => reject(new ApiError(0, `“${file.name}” was not sent.`)));
+      request.addEventListener('abort', () => reject(notSent));
       request.addEventListener('error', () => reject(new ApiError(0, 'The simulator does not answer.')));
       request.addEventListener('load', () => {
         if (request.status === 200) resolve(JSON.parse(request.responseText));

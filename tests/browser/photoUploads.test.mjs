@@ -205,7 +205,10 @@ test('Stopping the way of a picture leaves out this one and those after it, and 
   await eventually(async () => assert.ok(await way.getAttribute('value') > 0));
   const uploads = join(folder, '.simulator/uploads');
   await eventually(async () => assert.equal((await readdir(uploads)).length, 1));
-  await sheetOf(page).getByRole('button', { name: 'Stop: Adding “b.png” (2 of 3)' }).click();
+  await sheetOf(page).getByRole('button', { name: 'Cancel' }).focus();
+  await page.keyboard.press('Shift+Tab');
+  assert.equal(await focused(page), 'Stop: Adding “b.png” (2 of 3)');
+  await page.keyboard.press('Enter');
   await noticeOf(page, '“b.png” was not sent.').waitFor();
   assert.equal(await page.getByRole('progressbar').count(), 0);
   await eventually(async () => assert.deepEqual(await readdir(uploads), []));

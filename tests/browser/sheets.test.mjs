@@ -1,6 +1,7 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { eventually, focused, hasFocus, openPage, settled } from './support/browser.mjs';
+import { chooseFiles } from './support/files.mjs';
 import { startFake } from './support/fakeSimulator.mjs';
 import { link, screen, section } from './support/screens.mjs';
 
@@ -25,6 +26,24 @@ test('Photos are a grid of named pictures, and picking one names its path', asyn
   await pick.click();
   await eventually(() => assert.deepEqual(sent(fake), [{ type: 'pick', path: '/var/mobile/IMG_0002.PNG' }]));
   await sheet.waitFor({ state: 'detached' });
+});
+
+test('A file that is stopped while it waits for an earlier input is not sent', async (t) => {
+  let release;
+  const held = new Promise((resolve) => { release = resolve; });
+  const { fake, url } = await startFake(t, withSheet('documents', [item('a.plist')]), () => held);
+  const page = await openPage(t, url);
+  const sent = [];
+  page.on('request', (request) => sent.push(new URL(request.url()).pathname));
+  const sheet = page.getByRole('dialog', { name: 'Documents' });
+  await sheet.getByRole('button', { name: 'a.plist' }).click();
+  await eventually(() => assert.equal(fake.events.length, 1));
+  const choose = sheet.getByRole('button', { name: 'Choose from this computer…' });
+  await chooseFiles(page, choose, [{ name: 'b.plist', mimeType: '', buffer: Buffer.from('b') }]);
+  await sheet.getByRole('button', { name: 'Stop: Sending “b.plist”' }).click();
+  release();
+  await page.getByRole('status').filter({ hasText: '“b.plist” was not sent.' }).waitFor();
+  assert.equal(sent.includes('/api/picked-file'), false);
 });
 
 test('The screen behind a sheet stays where it is while the sheet comes up', async (t) => {
