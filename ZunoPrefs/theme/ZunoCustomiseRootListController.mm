@@ -98,7 +98,10 @@ zuno::PreferenceFile themeFile() { return zuno::PreferenceFile::ofDomain(zuno::k
 }
 
 - (void)imagePickerController:(UIImagePickerController *)picker didFinishPickingMediaWithInfo:(NSDictionary *)info {
-  if (zuno::storePickedImage(info)) [self reloadSpecifiers];
+  if (NSString *text = [self encodeToBase64String:zuno::pickedImage(info)]) {
+    zuno::storeBackgroundImage(text);
+    [self reloadSpecifiers];
+  }
   [picker dismissViewControllerAnimated:NO completion:nil];
 }
 

@@ -57,7 +57,7 @@
 }
 
 - (void)imagePickerController:(UIImagePickerController *)picker didFinishPickingMediaWithInfo:(NSDictionary *)info {
-  (void)zuno::storePickedImage(info);
+  if (NSString *text = [self encodeToBase64String:zuno::pickedImage(info)]) zuno::storeBackgroundImage(text);
   [picker dismissViewControllerAnimated:NO completion:nil];
   [self loadImageFromDict];
 }

@@ -171,8 +171,8 @@ TEST_F(ThemePageTest, APickedPhotoIsStoredInLinesOf64) {
   ASSERT_TRUE([picker isKindOfClass:[UIImagePickerController class]]);
   NSArray *before = [page specifiers];
   [page imagePickerController:picker didFinishPickingMediaWithInfo:picked(picture(64, [UIColor greenColor]))];
+  EXPECT_OBJC_EQ([page presentedViewController], nil) << "dismissed without animation";
   SIMDrainMainQueue();
-  EXPECT_OBJC_EQ([page presentedViewController], nil);
   EXPECT_NE([page specifiers], before);
   EXPECT_TRUE(notifications.empty());
 
@@ -190,6 +190,44 @@ TEST_F(ThemePageTest, APickedPhotoIsStoredInLinesOf64) {
   NSData *png = [[[NSData alloc] initWithBase64EncodedString:[stored objectForKey:@"backgroundImage"]
                                                      options:NSDataBase64DecodingIgnoreUnknownCharacters] autorelease];
   EXPECT_EQ(colourOf([UIImage imageWithData:png]), "0,255,0");
+}
+
+TEST_F(ThemePageTest, APortraitPhotoIsStoredUpright) {
+  makePhotoLibrary();
+  ZunoCustomiseRootListController *page = newPage();
+  (void)show(page);
+  for (const CGFloat scale : {1.0, 2.0}) {
+    [page selectImage];
+    auto *picker = (UIImagePickerController *)[page presentedViewController];
+    [page imagePickerController:picker didFinishPickingMediaWithInfo:picked(portraitPhoto(40, scale))];
+    EXPECT_EQ(look(storedPicture()), "20x40 red above blue") << scale;
+    EXPECT_EQ([storedPicture() imageOrientation], UIImageOrientationUp);
+    EXPECT_EQ(CGImageGetAlphaInfo([storedPicture() CGImage]), kCGImageAlphaNoneSkipLast) << "a photo lets nothing through";
+    SIMDrainMainQueue();
+  }
+  EXPECT_EQ(look([UIImage imageWithData:UIImagePNGRepresentation(portraitPhoto(40))]).substr(0, 5), "40x20");
+}
+
+TEST_F(ThemePageTest, ATurnedPictureKeepsWhatShinesThrough) {
+  makePhotoLibrary();
+  ZunoCustomiseRootListController *page = newPage();
+  (void)show(page);
+  UIGraphicsBeginImageContextWithOptions(CGSizeMake(6, 4), NO, 1);
+  UIImage *clear = UIGraphicsGetImageFromCurrentImageContext();
+  UIGraphicsEndImageContext();
+  [page imagePickerController:[[[UIImagePickerController alloc] init] autorelease]
+      didFinishPickingMediaWithInfo:picked([UIImage imageWithCGImage:[clear CGImage]
+                                                               scale:1
+                                                         orientation:UIImageOrientationLeftMirrored])];
+  EXPECT_TRUE(CGSizeEqualToSize([storedPicture() size], CGSizeMake(4, 6)));
+  EXPECT_NE(CGImageGetAlphaInfo([storedPicture() CGImage]), kCGImageAlphaNoneSkipLast);
+}
+
+TEST_F(ThemePageTest, EncodingAPictureLeavesItAsItIsStored) {
+  NSString *text = [newPage() encodeToBase64String:portraitPhoto(40)];
+  writePreferences(kThemeFile, @{@"backgroundImage" : text});
+  EXPECT_EQ(look(storedPicture()).substr(0, 5), "40x20");
+  EXPECT_OBJC_EQ([newPage() encodeToBase64String:nil], nil);
 }
 
 TEST_F(ThemePageTest, AResultWithoutAPictureChangesNothing) {
