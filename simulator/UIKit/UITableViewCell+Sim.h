@@ -5,6 +5,8 @@
 
 @interface UITableViewCell (Sim)
 @property (nonatomic, readonly) UITableViewCellStyle sim_style;
+/// Whether it waits, hidden, in the queue of its table view to be used again. Set by the table view alone.
+@property (nonatomic, setter=sim_setWaiting:) BOOL sim_waiting;
 /// The standard views as far as they were made: asking makes none.
 @property (nonatomic, readonly) UILabel *sim_textLabelIfMade;
 @property (nonatomic, readonly) UILabel *sim_detailTextLabelIfMade;

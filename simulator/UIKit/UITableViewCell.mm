@@ -305,4 +305,12 @@
   _cellState->reuseIdentifier = objcxx::adopt((NSString *)[reuseIdentifier copy]);
 }
 
+- (BOOL)sim_waiting {
+  return _cellState->waiting;
+}
+
+- (void)sim_setWaiting:(BOOL)waiting {
+  _cellState->waiting = waiting;
+}
+
 @end

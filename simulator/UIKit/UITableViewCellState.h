@@ -30,6 +30,7 @@ struct TableViewCellState {
   CGFloat margin = marginForWidth(0);
   UIEdgeInsets coveredSides = UIEdgeInsetsZero;
   UIEdgeInsets separatorInset = UIEdgeInsetsZero;
+  BOOL waiting = NO;
   BOOL selected = NO;
   BOOL highlighted = NO;
   BOOL editing = NO;

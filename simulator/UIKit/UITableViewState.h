@@ -136,6 +136,13 @@ inline RowIndex indexOf(NSIndexPath *path) {
 - (CGFloat)sim_rowWidth;
 @end
 
+@interface UITableView (SimReuse)
+/// Puts a cell that leaves the screen into the queue. NO when it cannot be used again or enough are waiting.
+- (BOOL)sim_queue:(UITableViewCell *)cell;
+/// For a data source that keeps cells of its own and gives one that waits.
+- (void)sim_takeFromQueue:(UITableViewCell *)cell;
+@end
+
 @interface UITableView (SimHeights)
 /// All heights follow from the delegate, the titles and the cells once more.
 - (void)sim_heightsChanged;
