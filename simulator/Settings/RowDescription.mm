@@ -180,6 +180,7 @@ class RowWriter {
   }
 
   void writeSwipeActions(NSIndexPath *path, ElementId row) {
+    out_.name("swipeOpen").flag([[table_ sim_swipedRow] isEqual:path]);
     out_.name("swipeActions").beginArray();
     std::uint32_t index = 0;
     for (SIMSwipeAction *action in [table_ sim_swipeActionsAtIndexPath:path]) {

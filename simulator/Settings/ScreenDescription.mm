@@ -3,6 +3,7 @@
 #import <UIKit/UIKit.h>
 #import <UIKit/UIBarButtonItem+Sim.h>
 #import <UIKit/UINavigationController+Sim.h>
+#import <UIKit/UITableView+Sim.h>
 #import <UIKit/UIViewController+Sim.h>
 
 #import "Settings/BarButtons.hpp"
@@ -67,7 +68,7 @@ void writeBack(JsonText &out, UINavigationController *navigation, std::uint32_t 
 /// The page's rows, or its view when it has no table.
 void writeContent(JsonText &out, UIViewController *page, std::uint32_t number, ImageStore &images) {
   UITableView *table = tableOf(page);
-  out.name("editing").flag([table isEditing]);
+  out.name("editing").flag([table isEditing] && ![table sim_swipedRow]);
   if (table) {
     out.name("style").string(styleName([table style]));
     writeSections(out.name("sections"), table, number, images);

@@ -37,6 +37,7 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
   state.loaded = true;  // Before the questions: the data source may ask for the counts in turn.
   state.laidOutWidth = [self bounds].size.width;
   state.laidOutSafeArea = [self safeAreaInsets];
+  (void)[self sim_closeSwipedRow];
   [self sim_retireAllCells];
   for (sim::SectionParts &parts : state.parts) [self sim_dropParts:parts];
   state.parts.clear();

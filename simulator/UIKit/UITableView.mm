@@ -40,9 +40,10 @@ void requireSection(const sim::TableGeometry &geometry, NSInteger section) {
   return _tableViewState->style;
 }
 
-/// The safe area may reach into it now.
+/// The safe area may reach into it now, and nobody sees an open row any more when it has left.
 - (void)didMoveToWindow {
   [super didMoveToWindow];
+  if (![self window]) (void)[self sim_closeSwipedRow];
   [self setNeedsLayout];
 }
 

@@ -10,6 +10,7 @@
 #include <objcxx/Retained.h>
 
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <unordered_map>
@@ -92,6 +93,8 @@ struct TableViewState {
   BOOL allowsMultipleSelection = NO;
   BOOL allowsMultipleSelectionDuringEditing = NO;
   BOOL editing = NO;
+  std::optional<RowIndex> swiped;  // The row whose actions show.
+  unsigned long swipes = 0;        // How many rows have been swiped open.
 };
 
 inline NSIndexPath *pathOf(RowIndex index) { return [NSIndexPath indexPathForRow:index.row inSection:index.section]; }

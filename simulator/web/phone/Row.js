@@ -39,8 +39,7 @@ export function Row({ row, section, index, header, isChoice, reordering, swipeOp
   return html`
     <div class="row-content" ref=${item} onKeyDown=${onKeyDown}>
       ${(swipeOpen || swipe.offset < 0) && html`
-        <${SwipeActions} row=${row} actions=${actions} focus=${swipeOpen && swipe.offset === 0}
-          close=${() => setSwipeOpen(false)} />`}
+        <${SwipeActions} row=${row} actions=${actions} focus=${swipeOpen && swipe.offset === 0} />`}
       <div class="row-slide" ...${swipe.handlers} data-swiping=${swipe.offset !== 0}
         style=${swipe.offset !== 0 ? { transform: `translateX(${swipe.offset}px)` } : undefined}>
         <${RowBody} row=${row} isChoice=${isChoice} tap=${tap}
