@@ -1,6 +1,7 @@
 #import "AlertSupport.h"
 
 #import <UIKit/UIImagePickerController+Sim.h>
+#import <dispatch/MainQueue+Sim.h>
 #import <support/objc/ObjCMatchers.h>
 #import <support/objc/ObjCTest.h>
 
@@ -190,6 +191,7 @@ TEST_F(UIImagePickerControllerTest, WithoutADelegateThePickerDismissesItself) {
   const auto picker = presentedPicker();
   [picker.get() setDelegate:nil];
   [picker.get() sim_cancel];
+  SIMDrainMainQueue();
   EXPECT_EQ(stage_.presented(), nil);
 }
 
