@@ -6,9 +6,24 @@
 #import <UIKit/UITableView+Sim.h>
 #import <dispatch/MainQueue+Sim.h>
 
+#include <algorithm>
 #include <string>
 
 #include "ZunoPrefs/theme/PresetsTest.h"
+
+/// Has a page refuse a name while it is itself on its way out.
+@interface LeavingPage : UIViewController {
+ @public
+  ZunoPresets *presets;  // Not owned.
+}
+@end
+
+@implementation LeavingPage
+- (void)viewWillDisappear:(BOOL)animated {
+  [super viewWillDisappear:animated];
+  [presets validatePresetName:@""];
+}
+@end
 
 namespace {
 
@@ -42,6 +57,18 @@ class SharingTest : public PresetsTest {
     [page documentPicker:picker didPickDocumentAtURL:url];
     openAccesses_ = [url sim_openAccesses];
     return describe([page presentedViewController] ? alertOf(page) : nil);
+  }
+  /// A page that presents a document picker, which is returned.
+  UIDocumentPickerViewController *openPicker() {
+    shown_ = showPage();
+    [shown_ importViaFileAlert];
+    UIViewController *picker = [shown_ presentedViewController];
+    EXPECT_TRUE([picker isKindOfClass:[UIDocumentPickerViewController class]]);
+    return (UIDocumentPickerViewController *)picker;
+  }
+  /// How often the log has a line that begins with `text`.
+  long linesBeginning(const std::string &text) const {
+    return std::count_if(log.begin(), log.end(), [&](const auto &line) { return line.rfind(text, 0) == 0; });
   }
   ZunoPresets *shown_ = nil;  // The page of the last pick; the window owns it.
   NSUInteger openAccesses_ = 0;
@@ -108,6 +135,21 @@ TEST_F(SharingTest, WhatIsNoDictionaryFailsAndLeavesNoFile) {
     EXPECT_EQ(imported(base64(json)), kImportFailed) << json;
     EXPECT_EQ(listing(kPresets), "") << json;
   }
+}
+
+TEST_F(SharingTest, TheLogTellsWhyAStringWasNotImported) {
+  (void)imported(base64("[1]"));
+  EXPECT_EQ(linesBeginning("[Zuno] importPresetWithBase64String "), 2) << "the string, and the exception";
+  EXPECT_TRUE(logged("a preset is a dictionary, not a "));
+  log.clear();
+  (void)imported(base64(R"({"a": null})"));
+  EXPECT_EQ(linesBeginning("[Zuno] importPresetWithBase64String writeToFile FAILED"), 1);
+  EXPECT_EQ(linesBeginning("[Zuno] "), 2);
+  log.clear();
+  (void)imported(@"%");
+  EXPECT_EQ(linesBeginning("[Zuno] importPresetWithBase64String base64Str: %"), 1);
+  EXPECT_EQ(linesBeginning("[Zuno] importPresetWithBase64String NULL"), 1);
+  EXPECT_EQ(linesBeginning("[Zuno] "), 2);
 }
 
 TEST_F(SharingTest, WhatIsNoPresetStringFails) {
@@ -182,6 +224,19 @@ TEST_F(SharingTest, SharingAsAStringComesAfterTheMenuHasGone) {
   EXPECT_OBJC_EQ([[UIPasteboard generalPasteboard] string], text);
 }
 
+TEST_F(SharingTest, TheStringIsShownOnceTheMenuHasGone) {
+  writePreset(@"one", @{@"a" : @1});
+  ZunoPresets *page = showPage();
+  [page shareViaBase64:presetPath(@"one")];
+  EXPECT_OBJC_EQ([page presentedViewController], nil) << "it is presented asynchronously";
+  SIMDrainMainQueue();
+  EXPECT_OBJC_EQ([alertOf(page) title], @"Share \"one\"...");
+  EXPECT_EQ([[alertOf(page) actions] count], 2u);
+  EXPECT_EQ([(UIAlertAction *)[[alertOf(page) actions] objectAtIndex:0] style], UIAlertActionStyleDefault);
+  tapAction(page, "Done");
+  EXPECT_OBJC_EQ([[UIPasteboard generalPasteboard] string], nil);
+}
+
 TEST_F(SharingTest, APresetThatCannotBeReadIsNotSharedAsAString) {
   write([kPresets stringByAppendingString:@"/bad.plist"], "damaged");
   ZunoPresets *page = showPage();
@@ -206,6 +261,67 @@ TEST_F(SharingTest, SharingAsAFileHandsItOverAnchoredAtItsRow) {
 TEST_F(SharingTest, AFileWhoseNameIsNewIsInvalid) {
   EXPECT_EQ(pick(@"Dark.plist", "x"), "Error|Invalid file selected.|OK:default");
   EXPECT_EQ(openAccesses_, 1u) << "the access stays open";
+}
+
+TEST_F(SharingTest, TheLetterCaseOfAPickedNameCounts) {
+  writePreset(@"Dark", @{@"ZunoPresetVersion" : @1});
+  EXPECT_EQ(pick(@"dark.plist", "x"), "Error|Invalid file selected.|OK:default") << "the file system tells them apart";
+  EXPECT_EQ(pick(@"Dark.PLIST", "x"), "Error|Invalid file selected.|OK:default");
+  EXPECT_EQ(listing(kPresets), "Dark.plist");
+}
+
+TEST_F(SharingTest, TheTableIsReloadedAfterAnImportThatWasTried) {
+  writePreset(@"Dark", @{@"ZunoPresetVersion" : @1});
+  NSIndexPath *first = [NSIndexPath indexPathForRow:0 inSection:0];
+  const auto reloads = [&](NSString *file) {
+    NSURL *url = [NSURL fileURLWithPath:file];
+    [url sim_setSecurityScope:SIMSecurityScopeReadable];
+    ZunoPresets *page = showPage();
+    EXPECT_TRUE([[page tableView] sim_swipeRowAtIndexPath:first]);  // Which a reload undoes.
+    [page documentPicker:[[[UIDocumentPickerViewController alloc] initWithDocumentTypes:@[ @"public.data" ]
+                                                                                 inMode:UIDocumentPickerModeImport]
+                             autorelease]
+        didPickDocumentAtURL:url];
+    return [[page tableView] sim_swipedRow] == nil;
+  };
+  EXPECT_TRUE(reloads(path(@"/picked/Dark.plist"))) << "the copy failed";
+  EXPECT_TRUE(reloads(write(@"/picked/Dark.plist", "x")));
+  EXPECT_FALSE(reloads(write(@"/picked/Light.plist", "x"))) << "an invalid file ends the import before";
+}
+
+TEST_F(SharingTest, AnErrorIsShownWhenThePickerHasGone) {
+  write(@"/var/mobile/Documents/New.plist", "x");
+  UIDocumentPickerViewController *picker = openPicker();
+  ASSERT_TRUE([picker sim_pickFileAtPath:@"New.plist" error:nullptr]);
+  EXPECT_EQ([shown_ presentedViewController], picker) << "it is on its way out";
+  SIMDrainMainQueue();
+  EXPECT_EQ(describe(alertOf(shown_)), "Error|Invalid file selected.|OK:default");
+  EXPECT_FALSE(logged("Attempt to present"));
+  tapAction(shown_, "OK");
+  EXPECT_OBJC_EQ([shown_ presentedViewController], nil);
+}
+
+TEST_F(SharingTest, APickerThatIsStillThereGoesBeforeTheError) {
+  UIDocumentPickerViewController *picker = openPicker();
+  NSURL *url = [NSURL fileURLWithPath:write(@"/picked/New.plist", "x")];
+  [url sim_setSecurityScope:SIMSecurityScopeReadable];
+  [shown_ documentPicker:picker didPickDocumentAtURL:url];
+  EXPECT_TRUE([picker isBeingDismissed]);
+  [[shown_ presentedViewController] dismissViewControllerAnimated:YES completion:nil];  // As the system does next.
+  SIMDrainMainQueue();
+  EXPECT_EQ(describe(alertOf(shown_)), "Error|Invalid file selected.|OK:default");
+  EXPECT_FALSE(logged("Attempt to present"));
+}
+
+TEST_F(SharingTest, AnErrorWaitsForAPageThatGoesWithoutAnimation) {
+  ZunoPresets *page = showPage();
+  LeavingPage *leaving = [[[LeavingPage alloc] init] autorelease];
+  leaving->presets = page;
+  [page presentViewController:leaving animated:NO completion:nil];
+  [leaving dismissViewControllerAnimated:NO completion:nil];
+  EXPECT_OBJC_EQ([page presentedViewController], nil);
+  SIMDrainMainQueue();
+  EXPECT_EQ(describe(alertOf(page)), "Error|Invalid preset name|OK:default");
 }
 
 TEST_F(SharingTest, AFileIsJudgedByThePresetOfItsName) {

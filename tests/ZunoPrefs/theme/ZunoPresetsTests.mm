@@ -2,6 +2,7 @@
 
 #import <UIKit/UITableView+Sim.h>
 #import <UIKit/UIBarButtonItem+Sim.h>
+#import <UIKit/UITableViewRowAction+Sim.h>
 #import <dispatch/MainQueue+Sim.h>
 
 #import "core/ZunoprefsRootListController.h"
@@ -9,6 +10,22 @@
 #include <sys/stat.h>
 
 #include "ZunoPrefs/theme/PresetsTest.h"
+
+/// Notes what the page asks of it.
+@interface SpyTable : UITableView {
+ @public
+  std::string calls;
+}
+@end
+
+@implementation SpyTable
+- (void)deselectRowAtIndexPath:(NSIndexPath *)path animated:(BOOL)animated {
+  calls += "deselect " + std::to_string([path section]) + "." + std::to_string([path row]) + (animated ? " animated" : "");
+}
+- (void)setEditing:(BOOL)editing animated:(BOOL)animated {
+  calls += std::string(editing ? "edit" : "end editing") + (animated ? " animated" : "");
+}
+@end
 
 namespace {
 
@@ -21,6 +38,25 @@ TEST_F(PresetStoreTest, OpeningMakesTheFolderAndShowsTitleAndAddButton) {
   EXPECT_OBJC_EQ([[page navigationItem] title], @"Presets");
   EXPECT_OBJC_EQ([[[page navigationItem] rightBarButtonItem] sim_systemItemName], @"add");
   EXPECT_OBJC_EQ([page presetsArray], @[]);
+}
+
+TEST_F(PresetStoreTest, TheAddButtonAddsAPreset) {
+  ZunoPresets *page = showPage();
+  UIBarButtonItem *add = [[page navigationItem] rightBarButtonItem];
+  EXPECT_EQ([add target], page);
+  EXPECT_OBJC_EQ(NSStringFromSelector([add action]), @"onTapAdd");
+  EXPECT_TRUE([add sim_tap]);
+  EXPECT_OBJC_EQ([alertOf(page) title], @"New Preset");
+}
+
+TEST_F(PresetStoreTest, APresetOfAnotherLetterCaseIsAnotherOne) {
+  write([kPresets stringByAppendingString:@"/Dark.plist"], "x");
+  ZunoPresets *page = showPage();
+  EXPECT_TRUE([page presetWithNameExists:@"Dark"]);
+  EXPECT_FALSE([page presetWithNameExists:@"dark"]) << "the file system tells them apart";
+  EXPECT_FALSE([page presetWithNameExists:@"DARK"]);
+  EXPECT_FALSE([page presetWithNameExists:@"Dark.plist"]);
+  EXPECT_OBJC_EQ([page validatePresetName:@"dark"], @"dark");
 }
 
 TEST_F(PresetStoreTest, TheSettingsFrameworkCanPushIt) {
@@ -193,8 +229,19 @@ TEST_F(PresetStoreTest, SelectingARowAsksBeforeItApplies) {
   tapAction(page, "Cancel");
   EXPECT_FALSE(exists(kThemeFile));
   [[page tableView] sim_tapRowAtIndexPath:[NSIndexPath indexPathForRow:0 inSection:0]];
+  writePreset(@"two", @{@"theme" : @2});
   tapAction(page, "Confirm");
   EXPECT_OBJC_EQ(preferences(kThemeFile), @{@"theme" : @1});
+  EXPECT_EQ([[page presetsArray] count], 2u) << "the list is read anew";
+  EXPECT_EQ([[page tableView] numberOfRowsInSection:0], 2);
+}
+
+TEST_F(PresetStoreTest, ASelectedRowIsDeselectedAtOnce) {
+  writePreset(@"one", @{@"theme" : @1});
+  ZunoPresets *page = showPage();
+  SpyTable *table = [[[SpyTable alloc] init] autorelease];
+  [page tableView:table didSelectRowAtIndexPath:[NSIndexPath indexPathForRow:0 inSection:0]];
+  EXPECT_EQ(table->calls, "deselect 0.0");
 }
 
 TEST_F(PresetStoreTest, AnAppliedPresetRebuildsTheRootPageOnce) {
@@ -229,6 +276,19 @@ TEST_F(PresetStoreTest, SwipingOffersDeleteAndShare) {
   EXPECT_EQ([share style], UITableViewRowActionStyleNormal);
 }
 
+TEST_F(PresetStoreTest, TheActionsEndTheEditingOfTheirTable) {
+  writePreset(@"one", @{@"theme" : @1});
+  ZunoPresets *page = showPage();
+  NSIndexPath *row = [NSIndexPath indexPathForRow:0 inSection:0];
+  SpyTable *table = [[[SpyTable alloc] init] autorelease];
+  for (UITableViewRowAction *action in [page tableView:table editActionsForRowAtIndexPath:row]) {
+    table->calls.clear();
+    [action sim_performAtIndexPath:row];
+    EXPECT_EQ(table->calls, "end editing animated") << [[action title] UTF8String];
+  }
+  SIMDrainMainQueue();
+}
+
 TEST_F(PresetStoreTest, DeletingAsksFirst) {
   writePreset(@"one", @{@"theme" : @1});
   ZunoPresets *page = showPage();
@@ -236,8 +296,10 @@ TEST_F(PresetStoreTest, DeletingAsksFirst) {
   ASSERT_TRUE([[page tableView] sim_performSwipeActionAtIndex:0 ofRow:row]);
   EXPECT_EQ(describe(alertOf(page)),
             "Delete Preset|Are you sure you would like to delete preset \"one\"?|Confirm:destructive|Cancel:cancel");
+  EXPECT_OBJC_EQ([[page tableView] sim_swipedRow], nil) << "the row closes when its action is chosen";
   tapAction(page, "Cancel");
   EXPECT_EQ(listing(kPresets), "one.plist");
+  EXPECT_OBJC_EQ([[page tableView] sim_swipedRow], nil);
   ASSERT_TRUE([[page tableView] sim_performSwipeActionAtIndex:0 ofRow:row]);
   tapAction(page, "Confirm");
   EXPECT_EQ(listing(kPresets), "");
