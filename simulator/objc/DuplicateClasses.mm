@@ -13,6 +13,7 @@
 #include <link.h>
 #include <objc/runtime.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstdint>
 #include <cstring>
@@ -146,8 +147,8 @@ void setName(ClassDefinition *definition, const char *name) {
 
 /// Takes the class or category at `index` out.
 void leaveOut(Definitions &definitions, int index) {
-  const int count = definitions.classCount + definitions.categoryCount + 1;
-  std::memmove(definitions.all + index, definitions.all + index + 1, static_cast<std::size_t>(count - index - 1) * sizeof(void *));
+  void **end = definitions.all + definitions.classCount + definitions.categoryCount + 1;
+  std::move(definitions.all + index + 1, end, definitions.all + index);
   --(index < definitions.classCount ? definitions.classCount : definitions.categoryCount);
 }
 
