@@ -1,5 +1,8 @@
-// Searching and comparing as on a device, which GNUstep base lacks.
+// Searching and comparing as on a device, which GNUstep base lacks, and writing that fails with an error and a line in
+// the log.
 #import <Foundation/Foundation.h>
+
+#import "Foundation/FileAccess.h"
 
 namespace {
 
@@ -53,6 +56,42 @@ NSString *withoutMarks(NSString *string) {
     block([self substringWithRange:NSMakeRange(start, end - start)], &stop);
     start = next;
   }
+}
+
+@end
+
+// Replacing the methods of the class is what this category is for.
+#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
+
+@implementation NSString (Writing)
+
+- (BOOL)writeToFile:(NSString *)path
+         atomically:(BOOL)atomically
+           encoding:(NSStringEncoding)encoding
+              error:(NSError **)error {
+  NSData *data = [self dataUsingEncoding:encoding];
+  if (!data) {
+    return sim::reportFailedWrite(
+        error, sim::notWritten(path),
+        sim::cocoaError(NSFileWriteInapplicableStringEncodingError, "The text has characters that the encoding lacks"));
+  }
+  return [data writeToFile:path options:atomically ? NSDataWritingAtomic : 0 error:error];
+}
+
+- (BOOL)writeToFile:(NSString *)path atomically:(BOOL)atomically {
+  return [self writeToFile:path atomically:atomically encoding:[NSString defaultCStringEncoding] error:nullptr];
+}
+
+- (BOOL)writeToURL:(NSURL *)url
+        atomically:(BOOL)atomically
+          encoding:(NSStringEncoding)encoding
+             error:(NSError **)error {
+  if ([url isFileURL]) return [self writeToFile:[url path] atomically:atomically encoding:encoding error:error];
+  return sim::report(error, sim::cocoaError(NSFileWriteUnsupportedSchemeError, "The URL names no file"));
+}
+
+- (BOOL)writeToURL:(NSURL *)url atomically:(BOOL)atomically {
+  return [self writeToURL:url atomically:atomically encoding:[NSString defaultCStringEncoding] error:nullptr];
 }
 
 @end

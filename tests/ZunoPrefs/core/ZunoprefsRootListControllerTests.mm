@@ -214,8 +214,8 @@ TEST_F(RootPageTest, TheMusicAppIsStoredAsAListOfOne) {
                  (@{@"Enabled" : @1, @"defaultNowPlayingBundleIdentifier" : @[ @"test.Second" ]}));
 }
 
-/// A stand-in for the tool records how it was started.
 TEST_F(RootPageTest, RespringStartsTheToolWithTheseArgumentsAndNoEnvironment) {
+  // A stand-in for the tool records how it was started.
   NSString *tool = write(@"/var/jb/usr/bin/killall",
                          "#!/bin/sh\nprintf '%s|' \"$0\" \"$@\" > \"$(dirname \"$0\")/arguments\"\n"
                          "env > \"$(dirname \"$0\")/environment\"\ntouch \"$(dirname \"$0\")/done\"\n");
