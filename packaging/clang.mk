@@ -1,8 +1,10 @@
 # Builds the settings bundle for devices with Debian's clang and lld, and lays out the files of its package.
 #
 #   make -f packaging/clang.mk SDK=<iPhoneOS SDK> OUT=<folder> [ARCHS="arm64 arm64e"] stage
+#   make -f packaging/clang.mk OUT=<folder> deb
 #
-# from the root of the tree. Compiles what changed into OUT/<kind of processor> and makes OUT/root anew.
+# from the root of the tree. `stage` compiles what changed into OUT/<kind of processor> and makes OUT/root anew; `deb`
+# makes OUT/package.deb of OUT/root.
 TREE = .
 include packaging/bundle.mk
 
@@ -35,6 +37,7 @@ $(OUT)/$(1)/$(ZUNO_NAME): $(SOURCE_NAMES:%=$(OUT)/$(1)/%.o) $(wildcard packaging
 endef
 $(foreach arch,$(ARCHS),$(eval $(call slice_rules,$(arch))))
 
+.DEFAULT_GOAL = stage
 .PHONY: stage
 stage: $(SLICES)
 	rm -rf $(OUT)/root
@@ -44,4 +47,15 @@ stage: $(SLICES)
 	$(call zuno_stage_files,$(STAGED))
 	chmod -R u=rwX,go=rX $(OUT)/root
 	chmod 755 $(STAGED_BUNDLE)/$(ZUNO_NAME)
-.DEFAULT_GOAL = stage
+
+# The SDK's stubs that the bundle is linked against, as paths below it.
+.PHONY: stubs
+stubs:
+	@printf '%s\n' $(foreach name,$(ZUNO_FRAMEWORKS),System/Library/Frameworks/$(name).framework/$(name).tbd) \
+	  $(foreach name,$(ZUNO_PRIVATE_FRAMEWORKS),System/Library/PrivateFrameworks/$(name).framework/$(name).tbd) \
+	  usr/lib/libSystem.tbd usr/lib/libc++.tbd usr/lib/libobjc.tbd
+
+.PHONY: deb
+deb:
+	fakeroot sh -c 'chown -R 0:0 $(OUT)/root && $(call zuno_give_to_user,$(STAGED)) && \
+	  dpkg-deb -Zxz --build $(OUT)/root $(OUT)/package.deb' >/dev/null

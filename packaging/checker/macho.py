@@ -40,7 +40,7 @@ class Section:
 
 @dataclass
 class Undefined:
-    """A symbol that another library must supply. `library` counts from 1 in load order; 254 and 255 name none."""
+    """A symbol that another library must supply. `library` counts from 1 in load order; 0 and below name none."""
 
     name: str
     library: int
@@ -211,7 +211,9 @@ def _symbols(found, position):
         if external and not undefined:
             found.defined[name] = value
         elif external and not value:
-            found.undefined.append(Undefined(name, description >> 8, bool(description & 0x40)))
+            library = description >> 8
+            library = library - 256 if library > 0xF0 else library
+            found.undefined.append(Undefined(name, library, bool(description & 0x40)))
 
 
 def _pointer_format(data, start):

@@ -12,6 +12,9 @@ from .textstub import Libraries
 ARCHS = ("arm64", "arm64e")
 ROOT = "/var/jb"
 BUNDLES = ROOT + "/Library/PreferenceBundles"
+# What Settings, which runs as the user mobile, writes to.
+USER_FOLDERS = (ROOT + "/Library/Zuno/Presets", ROOT + "/Library/Zuno/Widgets")
+USER = 501
 ENTRIES = ROOT + "/Library/PreferenceLoader/Preferences"
 
 

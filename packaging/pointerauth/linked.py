@@ -30,12 +30,15 @@ def finish(data):
 
     Raises CannotTurn when the file has another form than lld gives it, or a pointer that the chains cannot express.
     """
-    linked = _Linked(data)
-    fixups = _fixups(linked)
-    body = bytearray(data[: linked.segments[-1].offset])
-    _mark_signed_classes(body, linked, fixups)
-    payload = chains.write(body, fixups, [*linked.segments[:-1], replace(linked.segments[-1], file_size=0)])
-    return _assembled(linked, body, payload)
+    try:
+        linked = _Linked(data)
+        fixups = _fixups(linked)
+        body = bytearray(data[: linked.segments[-1].offset])
+        _mark_signed_classes(body, linked, fixups)
+        payload = chains.write(body, fixups, [*linked.segments[:-1], replace(linked.segments[-1], file_size=0)])
+        return _assembled(linked, body, payload)
+    except struct.error as error:
+        raise CannotTurn(f"is damaged: {error}") from error
 
 
 class _Linked:
@@ -96,13 +99,13 @@ def _fixups(linked):
     its symbol up: it becomes an ordinary import, and nothing needs the function that binds lazily any more.
     """
     rebase, bind, weak, lazy = (linked.range(linked.dyld_info + 8 + 8 * index) for index in range(4))
-    fixups = _once((address, _rebase(linked, address)) for address in opcodes.rebases(rebase, linked.segments))
-    imports = _once((b.address, _bind(b)) for b in opcodes.binds(bind, linked.segments))
+    segments = linked.segments
+    fixups = _once((address, _rebase(linked, address)) for address in opcodes.rebases(rebase, segments))
+    imports = _once((found.address, _bind(linked, found)) for found in opcodes.binds(bind, segments))
     fixups |= {address: found for address, found in imports.items() if found.imported.name != _LAZY_BINDER}
-    fixups |= _once((b.address, _bind(b)) for b in opcodes.binds(lazy, linked.segments, lazy=True))
-    weak_binds = opcodes.binds(weak, linked.segments)
-    fixups |= _once((b.address, _bind(replace(b, ordinal=chains.WEAK_LOOKUP))) for b in weak_binds)
-    return fixups
+    fixups |= _once((found.address, _bind(linked, found)) for found in opcodes.binds(lazy, segments, lazy=True))
+    weak_binds = (replace(found, ordinal=chains.WEAK_LOOKUP) for found in opcodes.binds(weak, segments))
+    return fixups | _once((found.address, _bind(linked, found)) for found in weak_binds)
 
 
 def _once(pairs):
@@ -124,7 +127,8 @@ def _rebase(linked, address):
     return chains.Rebase(target, high, schema)
 
 
-def _bind(found):
+def _bind(linked, found):
+    linked.word(found.address)  # There has to be one.
     schema, addend = split_sum(found.addend)
     inline = schema is None and -(1 << 18) <= addend < 1 << 18
     imported = chains.Import(found.ordinal, found.name, found.optional, 0 if inline else addend)

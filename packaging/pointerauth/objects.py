@@ -25,10 +25,13 @@ def prepare(data):
     if found.subtype != ARM64E_VERSIONED:
         raise CannotTurn("is not code for arm64e of the versioned calling convention")
     turned = bytearray(data)
-    for command, position, _ in load_commands(data):
-        if command == _LC_SEGMENT_64:
-            for section in sections(data, position):
-                _turn_section(turned, section)
+    try:
+        for command, position, _ in load_commands(data):
+            if command == _LC_SEGMENT_64:
+                for section in sections(data, position):
+                    _turn_section(turned, section)
+    except struct.error as error:
+        raise CannotTurn(f"is damaged: {error}") from error
     return bytes(turned)
 
 
