@@ -71,6 +71,10 @@ __attribute__((objc_root_class)) @interface NSObject { Class isa; } @end
 @interface SampleCell : SamplePage @end
 @implementation SampleCell @end
 
+// Its description is not unique: the pointer to its name has the topmost bit set.
+struct Inline { virtual int seen() { return 1; } };
+Inline *everywhere() { static Inline instance; return &instance; }
+
 struct Shape { virtual int sides(); virtual int corners(); };
 int Shape::sides() { return 0; }
 int Shape::corners() { return 0; }
