@@ -11,6 +11,7 @@ from fixture import TREE, PackageTest, sdk_folder, write
 
 from checker import macho, objc, signature
 
+SETTINGS = {"CanonicalName": "iphoneos15.5", "Version": "15.5", "MaximumDeploymentTarget": "15.5.99"}
 CODE = """
 __attribute__((objc_root_class)) @interface NSObject { Class isa; } @end
 @interface SampleWidget : NSObject
@@ -33,7 +34,7 @@ class WidgetTest(PackageTest):
         super().setUp()
         self.sdk = self.folder / "an sdk"
         shutil.copytree(sdk_folder(), self.sdk)
-        write(self.sdk / "SDKSettings.json", json.dumps({"Version": "15.5", "MaximumDeploymentTarget": "15.5.99"}))
+        write(self.sdk / "SDKSettings.json", json.dumps(SETTINGS))
         (self.sdk / "usr/include/c++/v1").mkdir(parents=True)
         for name in ("Foundation", "UIKit", "CoreGraphics", "QuartzCore"):
             write(self.sdk / f"System/Library/Frameworks/{name}.framework/{name}.tbd", EMPTY.format(name))
