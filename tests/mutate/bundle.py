@@ -109,13 +109,11 @@ class Build:
             prefixes.update((source.object, compiled) for source in sources)
         return prefixes
 
-    def compile(self, source, output, overlay):
-        """Compiles the source with the files that the overlay names in place of others. Returns whether that worked."""
+    def compile(self, source, output, *options):
+        """Compiles the source by its own command with more options. Returns whether that worked."""
         words = shlex.split(source.command)
         words[words.index("-o") + 1] = str(output)
-        return self._succeeds(
-            [*words, "-w", "-Wno-error", "-ivfsoverlay", str(overlay), "-include-pch", str(self._prefixes[source.object])]
-        )
+        return self._succeeds([*words, "-w", "-Wno-error", "-include-pch", str(self._prefixes[source.object]), *options])
 
     def affected(self, path):
         """The sources that a change of `path` makes compile again."""
@@ -123,11 +121,24 @@ class Build:
             source for source in self.sources if source.path == path or path in self._includes.get(source.object, ())
         ]
 
-    def link(self, objects, output):
+    def link(self, objects, output, *options):
         """Links the bundle's code, with other objects for those named, as `output`. Returns whether that worked."""
         words = [str(objects.get(word, word)) for word in self._link]
         words[words.index("-o") + 1] = str(output)
-        return self._succeeds(words)
+        return self._succeeds([*words, *options])
+
+    def instrumented(self, folder):
+        """A copy of the bundle in `folder` that counts what of it runs. Returns its place."""
+        shutil.rmtree(folder, ignore_errors=True)
+        bundle = folder / "ZunoPrefs.bundle"
+        shutil.copytree(self.bundle, bundle)
+        objects = {source.object: folder / f"{number}.o" for number, source in enumerate(self.sources)}
+        for source in self.sources:
+            if not self.compile(source, objects[source.object], "-fprofile-instr-generate", "-fcoverage-mapping"):
+                raise BuildError(f"{source.path} does not compile")
+        if not self.link(objects, bundle / "ZunoPrefs", "-fprofile-instr-generate"):
+            raise BuildError("the counting bundle does not link")
+        return bundle
 
     def _succeeds(self, words):
         return subprocess.run(words, cwd=self.folder, capture_output=True).returncode == 0
@@ -160,23 +171,21 @@ class Workshop:
         objects = {}
         for number, source in enumerate(self._build.affected(path)):
             place = self.folder / f"{number}.o"
-            if not self._build.compile(source, place, overlay):
+            if not self._build.compile(source, place, "-ivfsoverlay", str(overlay)):
                 return "broken"
-            if _digest(place) != _digest(self._plain(source, overlay)):
+            if _digest(place) != _digest(self._plain(source)):
                 objects[source.object] = place
         if not objects:
             return "equivalent"
         return "built" if self._build.link(objects, self.bundle / "ZunoPrefs") else "broken"
 
-    def _plain(self, source, overlay):
+    def _plain(self, source):
         """The object of the unchanged source, compiled like the changed one."""
         place = self.folder.parent / "plain" / source.object.replace("/", "_")
         if not place.exists():
             place.parent.mkdir(exist_ok=True)
             own = self.folder / "plain.o"
-            empty = self.folder / "none.json"
-            empty.write_text('{"version": 0, "roots": []}')
-            if not self._build.compile(source, own, empty):
+            if not self._build.compile(source, own):
                 raise BuildError(f"{source.path} does not compile")
             own.replace(place)
         return place

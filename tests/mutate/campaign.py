@@ -11,9 +11,10 @@ from collections import Counter
 from dataclasses import dataclass
 
 from bundle import Build, BuildError, Workshop
+from coverage import measure
 from mutators import mutants_of
 from syntax import Unit, parser_arguments
-from trial import Limits, Trial, filter_of, stages_for, suites_of
+from trial import Limits, Trial, stages_for, suites_of
 
 KILLED, SURVIVED, EQUIVALENT, BROKEN = "killed", "survived", "equivalent", "broken"
 
@@ -65,26 +66,30 @@ class Results:
 class Judge:
     """Decides about mutants with one build: whether its tests notice them."""
 
-    def __init__(self, build, folder, root):
+    def __init__(self, build, folder, coverage=None):
         self._build = build
         self._folder = folder
-        self._suites = suites_of(root / "tests/ZunoPrefs")
+        self._by_file = suites_of(build.root / "tests/ZunoPrefs")
         self._trial = Trial(build, folder)
         self._workshops = queue.SimpleQueue()
-        self._limits = Limits()
+        self._factor = 1
+        self.coverage = coverage
 
     def prepare(self, jobs):
-        """Builds, and makes sure that the tests pass without a change. Returns how long they took, in seconds."""
+        """Builds, and makes sure that the tests pass without a change."""
         self._build.make(jobs)
-        shutil.rmtree(self._folder, ignore_errors=True)
-        self._folder.mkdir(parents=True)
-        verdict = self._trial.run(self._build.bundle)
-        if not verdict.passed:
-            raise BuildError(f"{self._build.tests} fails without a change: {verdict.reason}\n{verdict.output[-8000:]}")
-        self._limits = Limits(math.ceil(verdict.processor_seconds * 3) + 10, math.ceil(verdict.seconds * 5) + 60)
+        self._folder.mkdir(exist_ok=True)
+        shutil.rmtree(self._folder / "plain", ignore_errors=True)
+        suites = sorted({name for names in self._by_file.values() for name in names})
+        if self.coverage is None:
+            self.coverage = measure(self._build, self._trial, suites, self._folder)
+        else:
+            verdict = self._trial.run(self._build.bundle, suites)
+            if not verdict.passed:
+                raise BuildError(f"the tests fail without a change: {verdict.reason}\n{verdict.output[-8000:]}")
+            self._factor = max(1, verdict.processor_seconds / sum(self.coverage.seconds.values()))
         for number in range(jobs):
             self._workshops.put(Workshop(self._build, self._folder / f"worker-{number}"))
-        return verdict.seconds
 
     def judge(self, mutant):
         workshop = self._workshops.get()
@@ -92,14 +97,19 @@ class Judge:
             made = workshop.make(mutant.path, mutant.content())
             if made != "built":
                 return Result(EQUIVALENT if made == "equivalent" else BROKEN)
-            stages = stages_for(mutant.path, self._suites)
-            for index in range(len(stages)):
-                verdict = self._trial.run(workshop.bundle, filter_of(stages, index), self._limits)
+            running = self.coverage.suites_for(mutant.path, mutant.line, mutant.last_line)
+            for suites in stages_for(mutant.path, self._by_file, running):
+                verdict = self._trial.run(workshop.bundle, suites, self._limits(suites))
                 if not verdict.passed:
                     return Result(KILLED, verdict.reason)
-            return Result(SURVIVED)
+            return Result(SURVIVED, "" if running else "no test runs it")
         finally:
             self._workshops.put(workshop)
+
+    def _limits(self, suites):
+        """Several times what the suites take without a change; the clock has room for a busy computer."""
+        seconds = sum(self.coverage.seconds.get(name, 0) for name in suites) * self._factor
+        return Limits(math.ceil(seconds * 4) + 10, math.ceil(seconds * 40) + 120)
 
 
 class Campaign:
@@ -133,16 +143,17 @@ class Campaign:
     def run(self, mutants, jobs, report):
         """Judges the mutants, at most `jobs` at once. What passes in the quick build gets a second chance under the
         sanitizers, which see leaks and objects that are used after their end. `report` takes a line for the user."""
-        remaining = self._round(Judge(self.quick, self._folder / "quick-work", self.root), mutants, jobs, report)
+        judge = Judge(self.quick, self._folder / "quick-work")
+        remaining = self._round(judge, mutants, jobs, report)
         if remaining:
             report(f"{len(remaining)} once more, under the sanitizers")
-            judge = Judge(self.sanitized, self._folder / "sanitized-work", self.root)
+            judge = Judge(self.sanitized, self._folder / "sanitized-work", judge.coverage)
             self._round(judge, remaining, jobs, report)
 
     def _round(self, judge, mutants, jobs, report):
         """Judges the mutants and returns those that survived."""
-        seconds = judge.prepare(jobs)
-        report(f"the tests pass without a change ({seconds:.0f} s)")
+        judge.prepare(jobs)
+        report("the tests pass without a change")
         remaining = {}
         with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
             judged = {pool.submit(judge.judge, mutant): (key, mutant) for key, mutant in mutants.items()}

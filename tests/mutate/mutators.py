@@ -64,6 +64,10 @@ class Mutant:
     text: str
 
     @property
+    def last_line(self):
+        return self.line + self.original.count("\n")
+
+    @property
     def change(self):
         def short(text):
             text = " ".join(text.split())

@@ -5,6 +5,7 @@ import unittest
 from pathlib import Path
 
 from campaign import KILLED, Result, Results, keyed
+from coverage import Coverage
 from mutators import Mutant
 from trial import Limits, Trial, filter_of, stages_for, suites_of
 
@@ -25,21 +26,35 @@ class StagesTest(unittest.TestCase):
             lists__ToneTests="TEST_P(ToneTest, One) {}\nTEST(Plain, One) {}\n",
             core__RootTests="TEST_F(RootTest, One) {}\n",
         )
-        stages = stages_for(Path("/x/lists/Picker.mm"), suites)
-        self.assertEqual(stages, [["PickerTest"], ["Plain", "ToneTest"], []])
-        self.assertEqual(filter_of(stages, 0), "PickerTest.*:*/PickerTest.*")
-        self.assertEqual(filter_of(stages, 2), "*-PickerTest.*:*/PickerTest.*:Plain.*:*/Plain.*:ToneTest.*:*/ToneTest.*")
+        stages = stages_for(Path("/x/lists/Picker.mm"), suites, ["RootTest", "ToneTest"])
+        self.assertEqual(stages, [["PickerTest"], ["ToneTest"], ["RootTest"]])
 
-    def test_every_test_is_run_for_a_file_without_tests_of_its_folder(self):
-        stages = stages_for(Path("/x/core/Header.h"), self.suites(lists__PickerTests="TEST(Picker, One) {}"))
-        self.assertEqual(stages, [[]])
-        self.assertEqual(filter_of(stages, 0), "*")
+    def test_a_file_without_tests_of_its_own(self):
+        suites = self.suites(lists__PickerTests="TEST(Picker, One) {}")
+        self.assertEqual(stages_for(Path("/x/core/Header.h"), suites, ["Picker"]), [["Picker"]])
+        self.assertEqual(stages_for(Path("/x/core/Header.h"), suites, []), [])
+
+    def test_the_filter_names_suites_with_parameters_too(self):
+        self.assertEqual(filter_of(["A", "B"]), "A.*:*/A.*:B.*:*/B.*")
 
     def test_a_part_of_a_file_or_of_a_test_is_the_same_subject(self):
         suites = self.suites(theme__PresetsSharingTests="TEST(Sharing, One) {}", theme__ScanTests="TEST(Scan, One) {}")
-        self.assertEqual(stages_for(Path("/x/theme/Presets+Sharing.mm"), suites)[0], ["Sharing"])
-        self.assertEqual(stages_for(Path("/x/theme/Presets.mm"), suites)[0], ["Sharing"])
-        self.assertEqual(stages_for(Path("/x/theme/ScanText.cpp"), suites)[0], ["Scan"])
+        self.assertEqual(stages_for(Path("/x/theme/Presets+Sharing.mm"), suites, [])[0], ["Sharing"])
+        self.assertEqual(stages_for(Path("/x/theme/Presets.mm"), suites, [])[0], ["Sharing"])
+        self.assertEqual(stages_for(Path("/x/theme/ScanText.cpp"), suites, [])[0], ["Scan"])
+
+
+class CoverageTest(unittest.TestCase):
+    def test_only_suites_that_run_a_line_are_named_the_quickest_first(self):
+        coverage = Coverage({"/x/a.mm": {"3": ["Slow", "Quick"], "4": [], "9": ["Other"]}},
+                            {"Slow": 2.0, "Quick": 0.1, "Other": 0.2})  # fmt: skip
+        self.assertEqual(coverage.suites_for(Path("/x/a.mm"), 3, 4), ["Quick", "Slow"])
+        self.assertEqual(coverage.suites_for(Path("/x/a.mm"), 4, 4), [])
+
+    def test_a_line_without_code_matters_to_all(self):
+        coverage = Coverage({"/x/a.mm": {"3": ["Slow"]}}, {"Slow": 2.0, "Quick": 0.1})
+        self.assertEqual(coverage.suites_for(Path("/x/a.mm"), 1, 1), ["Quick", "Slow"])
+        self.assertEqual(coverage.suites_for(Path("/x/b.h"), 3, 3), ["Quick", "Slow"])
 
 
 class VerdictTest(unittest.TestCase):
@@ -56,7 +71,7 @@ class VerdictTest(unittest.TestCase):
                 is_sanitized = False
 
             Build.folder = Path(folder)
-            verdict = Trial(Build, Path(folder)).run(Path("/a/bundle"), "Some.*", limits)
+            verdict = Trial(Build, Path(folder)).run(Path("/a/bundle"), ["Some"], limits)
             self.assertEqual([each.name for each in Path(folder).iterdir()], ["tests"], "nothing is left behind")
             return verdict
 
@@ -65,7 +80,7 @@ class VerdictTest(unittest.TestCase):
 
     def test_what_the_program_is_told(self):
         verdict = self.run_script('echo "$ZUNO_BUNDLE $1 $2"; touch "$TMPDIR/rest"')
-        self.assertEqual(verdict.output, "/a/bundle --gtest_filter=Some.* --gtest_fail_fast\n")
+        self.assertEqual(verdict.output, "/a/bundle --gtest_filter=Some.*:*/Some.* --gtest_fail_fast\n")
 
     def test_a_failure_names_its_test(self):
         verdict = self.run_script("echo '[ RUN      ] A.B'; echo '[  FAILED  ] A.B (1 ms)'; exit 1")

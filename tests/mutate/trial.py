@@ -22,9 +22,9 @@ def suites_of(test_folder):
     return {path: sorted(set(_SUITE.findall(path.read_text()))) for path in files}
 
 
-def stages_for(source, suites):
-    """The order in which suites get their chance to notice a change of `source`: lists of names, the last one empty,
-    which stands for all the others. First those of the file's own tests, then those of its folder."""
+def stages_for(source, suites, running):
+    """The order in which suites get their chance to notice a change of `source`, lists of names: first those of the
+    file's own tests, then, of the suites that run the change, those of its folder and all others."""
 
     def stem(path):
         return re.sub(r"\W", "", path.stem.removesuffix("Tests")).lower()
@@ -35,19 +35,14 @@ def stages_for(source, suites):
             continue
         is_own = stem(path).startswith(stem(source)) or stem(source).startswith(stem(path))
         (own if is_own else near).extend(names)
-    return [stage for stage in (own, near) if stage] + [[]]
+    near = [name for name in running if name in near]
+    far = [name for name in running if name not in own and name not in near]
+    return [stage for stage in (own, near, far) if stage]
 
 
-def filter_of(stages, index):
-    """The test filter of the stage: its suites, or all that no earlier one had."""
-
-    def patterns(names):
-        return ":".join(f"{name}.*:*/{name}.*" for name in names)
-
-    if stages[index]:
-        return patterns(stages[index])
-    earlier = patterns([name for stage in stages[:index] for name in stage])
-    return f"*-{earlier}" if earlier else "*"
+def filter_of(suites):
+    """The test filter that names these suites, those with parameters too."""
+    return ":".join(f"{name}.*:*/{name}.*" for name in suites)
 
 
 @dataclass(frozen=True)
@@ -74,13 +69,13 @@ class Trial:
         self._build = build
         self._temporary = temporary
 
-    def run(self, bundle, tests="*", limits=Limits()):
-        """Runs the tests that the filter names on the bundle at `bundle` until the first failure."""
+    def run(self, bundle, suites, limits=Limits(), variables={}):
+        """Runs the suites on the bundle at `bundle` until the first failure, with more variables of the environment."""
         # What a run that ends in the middle leaves behind goes with its folder.
         with tempfile.TemporaryDirectory(dir=self._temporary, ignore_cleanup_errors=True) as scratch:
-            return self._run(bundle, tests, limits, scratch)
+            return self._run(bundle, suites, limits, variables, scratch)
 
-    def _run(self, bundle, tests, limits, scratch):
+    def _run(self, bundle, suites, limits, variables, scratch):
         suppressions = self._build.root / "tests/support/leaks.supp"
         environment = {
             **os.environ,
@@ -88,8 +83,9 @@ class Trial:
             "TMPDIR": scratch,
             "ASAN_OPTIONS": "detect_leaks=1:fast_unwind_on_malloc=0:hard_rss_limit_mb=6144",
             "LSAN_OPTIONS": f"suppressions={suppressions}:print_suppressions=0",
+            **variables,
         }
-        command = [str(self._build.tests), f"--gtest_filter={tests}", "--gtest_fail_fast"]
+        command = [str(self._build.tests), f"--gtest_filter={filter_of(suites)}", "--gtest_fail_fast"]
         output = Path(scratch) / "output"
         started = time.monotonic()
 
