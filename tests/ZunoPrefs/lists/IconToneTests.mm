@@ -41,7 +41,11 @@ class IconToneTest : public EditorTest, public ::testing::WithParamInterface<con
       const Pixel colour = pixel < dark ? kBlack : other;
       bytes.insert(bytes.end(), {colour.red, colour.green, colour.blue, 255});
     }
-    NSData *data = [NSData dataWithBytes:bytes.data() length:bytes.size()];
+    return image(width, height, scale, [NSData dataWithBytes:bytes.data() length:bytes.size()]);
+  }
+
+  /// An image that says that it has width × height pixels, over a buffer of any length.
+  static UIImage *image(int width, int height, CGFloat scale, NSData *data) {
     CGDataProviderRef provider = CGDataProviderCreateWithCFData((CFDataRef)data);
     CGColorSpaceRef space = CGColorSpaceCreateDeviceRGB();
     CGImageRef bitmap = CGImageCreate(width, height, 8, 32, width * 4, space, kCGImageAlphaLast, provider, nullptr, false,
@@ -98,6 +102,26 @@ TEST_P(IconToneTest, AnImageWithoutABitmapHasNoDarkPixels) {
   EXPECT_FALSE([editor() isImageDark:withoutBitmap]);
   EXPECT_TRUE([editor() isImageDark:[[[UIImage alloc] init] autorelease]]) << "an area of zero has a threshold of zero";
   EXPECT_TRUE([editor() isImageDark:nil]);
+}
+
+TEST_P(IconToneTest, AnEmptyBufferHasNoDarkPixels) {
+  EXPECT_FALSE([editor() isImageDark:image(10, 10, 1, [NSData data])]);
+  EXPECT_FALSE([editor() isImageDark:image(2, 2, 1, [NSData data])]);
+  EXPECT_TRUE([editor() isImageDark:image(2, 1, 1, [NSData data])]) << "no pixel is needed";
+}
+
+TEST_P(IconToneTest, TheWholeBufferIsWalkedWhateverTheSizeSays) {
+  const std::uint8_t dark[4 * 45] = {};
+  EXPECT_TRUE([editor() isImageDark:image(10, 10, 1, [NSData dataWithBytes:dark length:sizeof dark])]);
+  EXPECT_FALSE([editor() isImageDark:image(10, 10, 1, [NSData dataWithBytes:dark length:sizeof dark - 4])]);
+  EXPECT_TRUE([editor() isImageDark:image(10, 10, 1, [NSData dataWithBytes:dark length:sizeof dark - 3])])
+      << "what the last group lacks counts as zero";
+}
+
+TEST_P(IconToneTest, TheThresholdStaysWithinTheIntegersBounds) {
+  const std::uint8_t dark[4] = {};
+  NSData *data = [NSData dataWithBytes:dark length:sizeof dark];
+  EXPECT_FALSE([editor() isImageDark:image(1, 1, 1e-6, data)]) << "an area that no integer holds";
 }
 
 TEST_P(IconToneTest, AnImageFromABitmapHasNoInversion) {

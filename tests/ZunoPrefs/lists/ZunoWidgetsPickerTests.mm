@@ -4,6 +4,7 @@
 
 #import "core/ZunoprefsRootListController.h"
 #import "widgets/ZunoWidgetHolder.h"
+#import "widgets/ZunoWidgetLoader.h"
 
 #include "ZunoPrefs/support/WidgetTest.h"
 
@@ -120,6 +121,52 @@ TEST_F(WidgetsPickerTest, DroppingBelowTheLastIsCutToTheEndAfterTheEviction) {
   const std::string first = joined([[picker menuItemsDisabled] subarrayWithRange:NSMakeRange(0, 1)]);
   drag(picker, at(1, 0), at(0, 5));
   EXPECT_EQ(enabled(picker), "KRBMusicView,a,b,c," + first);
+}
+
+TEST_F(WidgetsPickerTest, ADragIntoFourStoresWithoutTheEvicted) {
+  installFive();
+  store(@[ @"KRBMusicView", @"KRBFavouritesView", @"test.a", @"test.b" ]);
+  Editor *picker = editor();
+  const NSUInteger others = [[picker menuItemsDisabled] count];
+  drag(picker, at(1, 0), at(0, 0));
+  EXPECT_EQ([[picker menuItems] count], 4u);
+  EXPECT_EQ([[picker menuItemsDisabled] count], others - 1);
+  EXPECT_FALSE(contains(stored(kKey), "b"));
+}
+
+TEST_F(WidgetsPickerTest, AUsedCellKeepsTheEmptyDetailOfAPlaceholder) {
+  store(@[]);
+  Editor *picker = editor();
+  show(picker);
+  UITableView *table = [picker tableView];
+  [table layoutIfNeeded];
+  tap(picker, 1, 0);
+  [table layoutIfNeeded];
+  UITableViewCell *row = [table cellForRowAtIndexPath:at(0, 0)];
+  EXPECT_OBJC_EQ([[row textLabel] text], @"Music View");
+  EXPECT_EQ([[[row detailTextLabel] text] length], 0u);
+  EXPECT_OBJC_EQ([[row imageView] image], nil);
+}
+
+TEST_F(WidgetsPickerTest, TheWidgetsAreThoseOfTheSharedLoaderLoadedAnew) {
+  auto *first = (ZunoWidgetsPicker *)editor();
+  EXPECT_OBJC_EQ([first widgetsList], @[]);
+  installWidget(@"a", @"FixtureWidget");
+  auto *second = (ZunoWidgetsPicker *)editor();
+  EXPECT_EQ(joined([second widgetsList]), "a");
+  EXPECT_EQ([second widgetsList], [[(Class)classNamed("ZunoWidgetLoader") sharedInstance] loadedWidgets]);
+  EXPECT_EQ(joined([first widgetsList]), "") << "an editor keeps its own";
+}
+
+TEST_F(WidgetsPickerTest, TheEditorGoesAwayWithItsPage) {
+  int deaths = 0;
+  @autoreleasepool {
+    Editor *picker = editor();
+    show(picker);
+    [(NSMutableArray *)[picker menuItemsDisabled] addObject:[[[Lifetime alloc] initWithCounter:&deaths] autorelease]];
+    show([[[UIViewController alloc] init] autorelease]);
+  }
+  EXPECT_EQ(deaths, 1);
 }
 
 TEST_F(WidgetsPickerTest, StoredDuplicatesAndUnknownIdentifiers) {

@@ -3,13 +3,40 @@
 #import "widgets/ZunoWidgetHolder.h"
 #import "widgets/ZunoWidgetProtocol.h"
 
-#include <algorithm>
+#import <Foundation/SIMLog.h>
 
+#include <unistd.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "ZunoPrefs/support/BuiltBundle.h"
 #include "ZunoPrefs/support/WidgetTest.h"
 
 /// What the test widgets answer beyond the contract.
 @protocol CountingWidget <ZunoWidgetProtocol>
 - (int)disappearances;
+@end
+
+/// A widget that does not implement what the contract leaves open.
+@interface PlainWidget : NSObject {
+ @private
+  BOOL _isActivePage;
+  id _contentView;  // Not owned.
+
+ @public
+  int told;  // How often it was told that it is not the active page.
+}
+@property(nonatomic, assign) id contentView;
+@property(nonatomic) BOOL isActivePage;
+@end
+
+/// A widget that is set up and answers nothing else.
+@interface SilentWidget : NSObject {
+ @public
+  int asked;
+}
+- (id)contentView;
 @end
 
 namespace {
@@ -36,9 +63,21 @@ TEST_F(WidgetLoaderTest, OneSharedInstanceThatHasLoadedNothingYet) {
   EXPECT_TRUE([[loader() loadedWidgets] isKindOfClass:[NSArray class]]);
 }
 
+/// Whether this process, in which nothing has asked for it yet, has a shared loader with an empty list.
+bool sharedInstanceIsEmptyAtFirst() {
+  Class loader = [testing_support::builtBundle() classNamed:@"ZunoWidgetLoader"];
+  return [[[loader sharedInstance] loadedWidgets] isEqual:@[]];
+}
+
+TEST(WidgetLoaderProcessTest, TheSharedInstanceOfAFreshProcessHasAnEmptyList) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");  // A process of its own, from its start.
+  EXPECT_EXIT(_exit(sharedInstanceIsEmptyAtFirst() ? 0 : 1), ::testing::ExitedWithCode(0), "");
+}
+
 TEST_F(WidgetLoaderTest, AMissingFolderIsMadeAndHoldsNothing) {
   EXPECT_OBJC_EQ(load(), @[]);
   EXPECT_TRUE(exists(kWidgetsFolder));
+  EXPECT_EQ(listing(@"/var/jb/Library/Zuno"), "Widgets");
   EXPECT_TRUE(logged("[ZunoWidgetLoader] Loaded 0 widgets!"));
 }
 
@@ -141,6 +180,63 @@ TEST_F(WidgetLoaderTest, AMissingOrNonConformingClassIsRejectedAfterItsCodeWasLo
   EXPECT_NE(NSClassFromString(@"FixtureNotAWidget"), Nil);
 }
 
+TEST_F(WidgetLoaderTest, AClassThatHasTheMethodsButDoesNotAdoptTheContractIsRejected) {
+  installWidget(@"good", @"FixtureWidget");
+  NSString *folder = installWidget(@"odd", @"FixtureLooksLikeAWidget");
+  EXPECT_EQ(rejections(line("[ZunoWidgetLoader] Widget class does not conform to protocol: %s", folder)), 1);
+  EXPECT_TRUE([NSClassFromString(@"FixtureLooksLikeAWidget") instancesRespondToSelector:@selector(contentView)]);
+}
+
+TEST_F(WidgetLoaderTest, NamesNeedNoExtension) {
+  NSString *folder = installWidget(@"good", @"FixtureWidget");
+  NSString *plain = [folder stringByDeletingPathExtension];
+  ASSERT_TRUE([[NSFileManager defaultManager] moveItemAtPath:folder toPath:plain error:nullptr]);
+  ASSERT_EQ([load() count], 1u);
+  EXPECT_OBJC_EQ([[(ZunoWidgetHolder *)[load() objectAtIndex:0] bundle] bundlePath], plain);
+}
+
+TEST_F(WidgetLoaderTest, TheOrderIsThatOfTheFoldersListing) {
+  for (NSString *name in @[ @"one", @"two", @"three", @"four" ]) installWidget(name, @"FixtureWidget");
+  NSArray *names = [[NSFileManager defaultManager] contentsOfDirectoryAtPath:path(kWidgetsFolder) error:nullptr];
+  std::string wanted;
+  for (NSString *name in names) {
+    wanted += (wanted.empty() ? "" : ",") + std::string([[name stringByDeletingPathExtension] UTF8String]);
+  }
+  EXPECT_EQ(joined(load()), wanted);
+}
+
+/// The number of widgets that the shared loader had when each line was logged.
+void countWidgets(NSString *, void *counts) {
+  NSArray *widgets = [[[testing_support::builtBundle() classNamed:@"ZunoWidgetLoader"] sharedInstance] loadedWidgets];
+  static_cast<std::vector<NSUInteger> *>(counts)->push_back([widgets count]);
+}
+
+TEST_F(WidgetLoaderTest, TheOldListIsDroppedBeforeAnythingElse) {
+  installWidget(@"good", @"FixtureWidget");
+  ASSERT_EQ([load() count], 1u);
+  std::vector<NSUInteger> counts;
+  SIMSetLogHandler(countWidgets, &counts);
+  load();
+  SIMSetLogHandler(nullptr, nullptr);
+  // What was found, which entry, the bundle, the widget; only then the sum.
+  EXPECT_EQ(counts, (std::vector<NSUInteger>{0, 0, 0, 0, 1}));
+}
+
+TEST_F(WidgetLoaderTest, AnyLoaderAsksTheSharedInstance) {
+  installWidget(@"one", @"FixtureWidget");
+  ZunoWidgetHolder *holder = [load() objectAtIndex:0];
+  ZunoWidgetLoader *other = [[[classNamed("ZunoWidgetLoader") alloc] init] autorelease];
+  EXPECT_EQ([other widgetWithIdentifier:@"test.one"], holder);
+  [[holder widget] setupWithFrame:CGRectMake(0, 0, 10, 10)];
+  [[holder widget] setIsActivePage:YES];
+  [other setAllWidgetsInactive];
+  EXPECT_FALSE([[holder widget] isActivePage]);
+
+  [other loadWidgets];
+  EXPECT_EQ([[other loadedWidgets] count], 1u) << "it loads for itself";
+  EXPECT_EQ([loader() widgetWithIdentifier:@"test.one"], holder) << "the shared instance keeps its own";
+}
+
 TEST_F(WidgetLoaderTest, TwoBundlesWithOneIdentifierAreBothLoadedAndTheFirstIsFound) {
   installWidget(@"one", @"FixtureWidget", @{@"CFBundleIdentifier" : @"test.same"});
   installWidget(@"two", @"FixtureOtherWidget", @{@"CFBundleIdentifier" : @"test.same"});
@@ -217,4 +313,95 @@ TEST_F(WidgetLoaderTest, TheLogSaysWhyCodeDidNotLoad) {
   EXPECT_TRUE(logged("undefined symbol: fixtureFunctionThatNobodyHas"));
 }
 
+/// A holder of `widget`, which no bundle made.
+ZunoWidgetHolder *holderOf(id widget) {
+  Class holders = [testing_support::builtBundle() classNamed:@"ZunoWidgetHolder"];
+  ZunoWidgetHolder *holder = [[[holders alloc] init] autorelease];
+  [holder setWidget:widget];
+  return holder;
+}
+
+TEST_F(WidgetLoaderTest, AnActiveWidgetIsToldThatItDisappearsWithoutBeingAskedWhetherItCan) {
+  PlainWidget *active = [[[PlainWidget alloc] init] autorelease];
+  [active setContentView:@"view"];
+  [active setIsActivePage:YES];
+  [loader() setLoadedWidgets:@[ holderOf(active) ]];
+  EXPECT_EQ(raisedBy([&] { [loader() setAllWidgetsInactive]; }), "NSInvalidArgumentException");
+  EXPECT_TRUE([active isActivePage]) << "it was told before the flag was set";
+
+  [active setIsActivePage:NO];
+  EXPECT_EQ(raisedBy([&] { [loader() setAllWidgetsInactive]; }), "") << "an inactive one is not told";
+  [loader() setLoadedWidgets:@[]];
+}
+
+TEST_F(WidgetLoaderTest, WidgetsThatLackAMessageOfTheContractAreNotSentIt) {
+  SilentWidget *silent = [[[SilentWidget alloc] init] autorelease];
+  PlainWidget *next = [[[PlainWidget alloc] init] autorelease];
+  [next setContentView:@"view"];
+  ZunoWidgetHolder *empty = holderOf(nil);
+  [loader() setLoadedWidgets:@[ empty, holderOf(silent), holderOf(next) ]];
+  EXPECT_EQ(raisedBy([&] { [loader() setAllWidgetsInactive]; }), "");
+  EXPECT_EQ(silent->asked, 1);
+  EXPECT_EQ(next->told, 1) << "the others follow";
+  [loader() setLoadedWidgets:@[]];
+}
+
+TEST_F(WidgetLoaderTest, AHolderOwnsWhatItHolds) {
+  int deaths = 0;
+  @autoreleasepool {
+    ZunoWidgetHolder *holder = holderOf([[[Lifetime alloc] initWithCounter:&deaths] autorelease]);
+    const auto witness = [&] { return (id)[[[Lifetime alloc] initWithCounter:&deaths] autorelease]; };
+    [holder setBundleIdentifier:witness()];
+    [holder setDisplayName:witness()];
+    [holder setClassName:witness()];
+    [holder setBundle:witness()];
+    [holder setPreferencesFile:witness()];
+  }
+  EXPECT_EQ(deaths, 6);
+}
+
+TEST_F(WidgetLoaderTest, ALoaderOwnsItsList) {
+  int deaths = 0;
+  @autoreleasepool {
+    ZunoWidgetLoader *other = [[[classNamed("ZunoWidgetLoader") alloc] init] autorelease];
+    [other setLoadedWidgets:@[ [[[Lifetime alloc] initWithCounter:&deaths] autorelease] ]];
+  }
+  EXPECT_EQ(deaths, 1);
+}
+
+TEST_F(WidgetLoaderTest, TheOldHoldersGoWithTheOldList) {
+  installWidget(@"good", @"FixtureWidget");
+  int deaths = 0;
+  @autoreleasepool {
+    ZunoWidgetHolder *holder = [load() objectAtIndex:0];
+    [holder setDisplayName:(id)[[[Lifetime alloc] initWithCounter:&deaths] autorelease]];
+    load();
+  }
+  EXPECT_EQ(deaths, 1);
+}
+
 }  // namespace
+
+@implementation PlainWidget
+
+@synthesize contentView = _contentView;
+
+- (BOOL)isActivePage {
+  return _isActivePage;
+}
+
+- (void)setIsActivePage:(BOOL)isActivePage {
+  _isActivePage = isActivePage;
+  if (!isActivePage) ++told;
+}
+
+@end
+
+@implementation SilentWidget
+
+- (id)contentView {
+  ++asked;
+  return self;
+}
+
+@end
