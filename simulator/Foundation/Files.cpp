@@ -47,11 +47,12 @@ int copyLink(const std::string& from, const std::string& to) {
   return error.value();
 }
 
+/// May leave part of a copy behind when it fails; so may the next one.
 int copyFile(const std::string& from, const std::string& to, const struct stat& status) {
   const Descriptor source(::open(from.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (!source) return errno;
-  TemporaryFile file(folderOf(to));
-  if (file.error() != 0) return file.error();
+  const Descriptor copy(::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode));
+  if (!copy) return errno;
   std::vector<std::byte> buffer(kCopyBytes);
   while (true) {
     const auto count = ::read(source.get(), buffer.data(), buffer.size());
@@ -59,15 +60,13 @@ int copyFile(const std::string& from, const std::string& to, const struct stat& 
     if (count < 0) return errno;
     if (count == 0) break;
     const auto read = std::span(buffer).first(static_cast<std::size_t>(count));
-    if (const int error = writeAll(file.descriptor(), read)) return error;
+    if (const int error = writeAll(copy.get(), read)) return error;
   }
   const timespec times[] = {status.st_atim, status.st_mtim};
-  if (::fchmod(file.descriptor(), status.st_mode & 07777) != 0) return errno;
-  if (::futimens(file.descriptor(), times) != 0) return errno;
-  return file.moveTo(to);
+  if (::fchmod(copy.get(), status.st_mode & 07777) != 0 || ::futimens(copy.get(), times) != 0) return errno;
+  return ::fsync(copy.get()) == 0 ? 0 : errno;
 }
 
-/// May leave part of a folder behind when it fails.
 int copyTree(const std::string& from, const std::string& to) {
   struct stat status {};
   if (::lstat(from.c_str(), &status) != 0) return errno;
