@@ -31,7 +31,8 @@ $(OUT)/$(1)/%.o: ZunoPrefs/% packaging/bundle.mk packaging/clang.mk $(TOOLS)
 	  $(COMPILE_FLAGS) -MMD -MF $$(@:.o=.d) -MT $$@
 
 $(OUT)/$(1)/$(ZUNO_NAME): $(SOURCE_NAMES:%=$(OUT)/$(1)/%.o) $(wildcard packaging/stubs/*)
-	packaging/device-clang $(1)-apple-ios$(ZUNO_DEPLOYMENT_TARGET) "$(SDK)" -dynamiclib $$(filter %.o,$$^) -o $$@ $(LINK_FLAGS)
+	packaging/device-clang $(1)-apple-ios$(ZUNO_DEPLOYMENT_TARGET) "$(SDK)" -dynamiclib $$(filter %.o,$$^) -o $$@ \
+	  $(LINK_FLAGS)
 
 -include $(SOURCE_NAMES:%=$(OUT)/$(1)/%.d)
 endef

@@ -66,7 +66,8 @@ class WidgetTest(PackageTest):
         self.assertEqual(f"{self.bundle} (arm64 arm64e )\n", self.made())
         self.assertEqual({"Info.plist", "Sample", "en.lproj"}, {path.name for path in self.bundle.iterdir()})
         self.assertTrue((self.bundle / "en.lproj/Localizable.strings").exists())
-        self.assertEqual([0o755, 0o755], [path.stat().st_mode & 0o777 for path in (self.bundle, self.bundle / "Sample")])
+        for path in (self.bundle, self.bundle / "Sample"):
+            self.assertEqual(0o755, path.stat().st_mode & 0o777)
         for image in self.slices():
             self.assertEqual((8, macho.PLATFORM_IOS, (15, 0)), (image.filetype, image.platform, image.minimum))
             self.assertIsNone(signature.problem(image))
@@ -118,7 +119,8 @@ class DocumentTest(PackageTest):
     def test_every_command_of_the_page_is_one_of_the_program(self):
         section = (TREE / "docs/widgets.md").read_text().split("## Build for a device")[1]
         commands = re.findall(r"packaging/widget [^`\n]*", section)
-        self.assertEqual(["packaging/widget --sdk SDK FOLDER...", "packaging/widget --sdk SDK samples/widgets/*/"], commands)
+        documented = ["packaging/widget --sdk SDK FOLDER...", "packaging/widget --sdk SDK samples/widgets/*/"]
+        self.assertEqual(documented, commands)
         usage = subprocess.run([TREE / "packaging/widget", "--help"], capture_output=True, text=True).stdout
         for option in re.findall(r"`(--\w+)", section):
             self.assertIn(option, usage)

@@ -66,6 +66,18 @@ class PackageTest(BuildTest):
         self.assertEqual((2, "", sentence), (result.returncode, result.stdout, result.stderr))
         self.assertFalse((self.folder / "out").exists())
 
+    def test_code_that_cannot_be_turned(self):
+        tree = self.copy_of_the_tree("tree")
+        for source in [*(tree / "ZunoPrefs").rglob("*.mm"), *(tree / "ZunoPrefs").rglob("*.cpp")]:
+            source.unlink()
+        odd = "void code() {} struct __attribute__((packed)) Odd { char first; void (*second)(); };"
+        odd += " extern Odd odd; Odd odd = {1, code};"
+        (tree / "ZunoPrefs/core/Odd.cpp").write_text(odd)
+        result = self.run_in(tree, "script/package", "--sdk", SDK)
+        self.assertEqual((1, "", 1), (result.returncode, result.stdout, result.stderr.count("\n")), result.stderr)
+        self.assertRegex(result.stderr, r"^packaging/arm64e: \S+ has a pointer at 0x\w+, which is not aligned to 8 bytes$")
+        self.assertEqual([], list((tree / "build").rglob("*.deb")))
+
     def test_a_full_disk(self):
         """On a disk of each of these sizes another step is the one that fails."""
         tree = self.copy_of_the_tree("tree")
