@@ -6,6 +6,8 @@
 #import <UIKit/UITableViewCell+Sim.h>
 #include <objcxx/Retained.h>
 
+#include <optional>
+
 #include "SystemMargin.hpp"
 
 namespace sim {
@@ -29,7 +31,7 @@ struct TableViewCellState {
   CGFloat indentationWidth = 10;
   CGFloat margin = marginForWidth(0);
   UIEdgeInsets coveredSides = UIEdgeInsetsZero;
-  UIEdgeInsets separatorInset = UIEdgeInsetsZero;
+  std::optional<UIEdgeInsets> separatorInset;  ///< Nothing until set.
   BOOL selected = NO;
   BOOL highlighted = NO;
   BOOL editing = NO;

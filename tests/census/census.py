@@ -1,14 +1,17 @@
 """Finds what a bundle can set in the simulator's frameworks and nobody reads.
 
 A setter (of a property in a public header, or a method or function whose name says "set") is alive when what it is given
-gets somewhere: it is read by code that is not an accessor of a dead one, it is passed on to code that is alive, or the
-setter says in the log that it is not carried. That a value can be read back through its own getter does not count, nor
-that it is stored, copied along, compared or released.
+gets somewhere: it is read by code that is heard of, it is passed on to code that is alive, or the setter says in the log
+that it is not carried. Code is heard of unless it is an accessor of something dead, or a public method that answers a
+question which no code that is heard of asks. That a value is stored, compared, copied along or released does not count,
+nor that a bundle can read it back.
 
 The sources are read with libclang, many at a time, because the headers take longer than the sources.
 """
 
+import json
 import re
+import shlex
 import sys
 from collections import defaultdict
 from dataclasses import dataclass, field
@@ -16,7 +19,8 @@ from pathlib import Path
 
 # Debian's package lies there, whichever Python runs this.
 sys.path.append('/usr/lib/python3/dist-packages')
-from clang.cindex import BinaryOperator, Cursor, CursorKind as Kind, Index, TranslationUnit, TypeKind  # noqa: E402
+from clang.cindex import (  # noqa: E402
+    BinaryOperator, Cursor, CursorKind as Kind, Index, TranslationUnit, TypeKind, conf)
 
 # Says once in the device log that something is not carried; a setter that calls it is alive.
 LOG_ONCE = 'notCarried'
@@ -28,7 +32,7 @@ SETTER_NAME = re.compile(r'^(set(?=[A-Z])|[A-Z][A-Za-z]*Set(?=[A-Z]))')
 CONTAINERS = {Kind.OBJC_IMPLEMENTATION_DECL, Kind.OBJC_CATEGORY_IMPL_DECL}
 INTERFACES = {Kind.OBJC_INTERFACE_DECL, Kind.OBJC_CATEGORY_DECL, Kind.OBJC_PROTOCOL_DECL}
 METHODS = {Kind.OBJC_INSTANCE_METHOD_DECL, Kind.OBJC_CLASS_METHOD_DECL}
-FUNCTIONS = {Kind.FUNCTION_DECL, Kind.CXX_METHOD, Kind.CONSTRUCTOR}
+FUNCTIONS = {Kind.FUNCTION_DECL, Kind.FUNCTION_TEMPLATE, Kind.CXX_METHOD, Kind.CONSTRUCTOR}
 CALLS = {Kind.CALL_EXPR, Kind.OBJC_MESSAGE_EXPR}
 TRANSPARENT = {Kind.UNEXPOSED_EXPR, Kind.PAREN_EXPR}
 STATEMENTS = {Kind.COMPOUND_STMT, Kind.IF_STMT, Kind.FOR_STMT, Kind.CXX_FOR_RANGE_STMT, Kind.CASE_STMT,
@@ -64,6 +68,7 @@ class Sources:
   def __init__(self):
     self.bodies: dict[Code, Body] = {}
     self.setters: dict[Code, Setter] = {}
+    self.answers: set[Code] = set()  # Public methods that answer something.
     self.supers: dict[str, str] = {}
     self.protocols: dict[str, set] = defaultdict(set)
 
@@ -110,6 +115,8 @@ class Sources:
         self._read_property(owner, child)
       elif child.kind in METHODS and SETTER_NAME.match(child.spelling) and ':' in child.spelling:
         self._add(Setter(f'-[{owner} {child.spelling}]', (owner, child.spelling), None, place_of(child)))
+      elif child.kind in METHODS and child.result_type.kind != TypeKind.VOID:
+        self.answers.add((owner, child.spelling))
 
   def _read_property(self, owner, cursor):
     words = [token.spelling for token in cursor.get_tokens()]
@@ -163,24 +170,31 @@ class Sources:
       for code in (setter.setter, setter.getter):
         if code:
           accessors[code] = setter
-    alive = set()
+    alive, asked = set(), set()
 
     def hears(code, own):
-      """Whether code that reads something is heard of itself: it is no accessor, or one of something alive."""
+      """Whether code that reads something is heard of."""
       setter = self.accessor(accessors, code)
-      return setter is not own and (setter is None or setter in alive)
+      if setter is not None:
+        return setter is not own and setter in alive
+      answer = self.answer(code)
+      return answer is None or answer in asked
+
+    def is_sent(code, own):
+      return any(hears(sender, own) for sent, codes in senders.items() if self._may_be(sent, code) for sender in codes)
 
     def is_alive(setter):
       if self._gets_somewhere(setter.setter, setter, readers, accessors, alive, hears, set()):
         return True
-      return setter.getter is not None and any(
-          hears(code, setter) for sent, codes in senders.items() if self._may_be(sent, setter.getter) for code in codes)
+      return setter.getter is not None and is_sent(setter.getter, setter)
 
     changed = True
     while changed:
       found = {setter for setter in self.setters.values() if setter not in alive and is_alive(setter)}
+      answers = {answer for answer in self.answers if answer not in asked and is_sent(answer, None)}
       alive |= found
-      changed = bool(found)
+      asked |= answers
+      changed = bool(found or answers)
     return sorted((setter for setter in self.setters.values() if setter not in alive), key=lambda each: each.name)
 
   def accessor(self, accessors, code):
@@ -189,9 +203,19 @@ class Sources:
       return accessors.get(code)
     return next((accessors[each, code[1]] for each in self.family(code[0]) if (each, code[1]) in accessors), None)
 
+  def answer(self, code):
+    """The public method that `code` is, also as an override; None when it is another."""
+    if code[0] is None:
+      return None
+    return next(((each, code[1]) for each in self.family(code[0]) if (each, code[1]) in self.answers), None)
+
   def _may_be(self, sent, wanted):
-    """Whether a message to `sent` may be answered by `wanted`, which a superclass or a protocol declares."""
-    return sent[1] == wanted[1] and (sent == wanted or sent[0] and wanted[0] in set(self.family(sent[0])))
+    """Whether a message to `sent` may be answered by `wanted`, which a superclass, a protocol or a subclass declares."""
+    if sent == wanted:
+      return True
+    if sent[1] != wanted[1] or not sent[0] or not wanted[0]:
+      return False
+    return wanted[0] in set(self.family(sent[0])) or sent[0] in set(self.family(wanted[0]))
 
   def _implementations(self, code):
     """The bodies that a call may run; a protocol's method has several."""
@@ -269,18 +293,19 @@ class BodyReader:
       self.body.sends.add(code)
     if not any(self.mentions_given(each) for each in arguments_of(call)):
       return
-    if code and is_in_sources(callee):
+    passes = code and is_in_sources(callee)
+    if passes:
       self.body.passes.add(code)
-    elif parent is not None and parent.kind in STATEMENTS:
-      # Code outside of the sources, called for its effect: on a field, or on the world.
-      held = set()
-      for each in call.get_children():
-        if not self.mentions_given(each):
-          held |= fields_in(each)
-      if held:
-        self.body.stores |= held
-      else:
-        self.body.drops_out = True
+    if parent is None or parent.kind not in STATEMENTS:
+      return
+    # Called for its effect: on a field, or on the world.
+    held = set()
+    for each in call.get_children():
+      if not self.mentions_given(each):
+        held |= fields_in(each)
+    self.body.stores |= held
+    if not held and not passes:
+      self.body.drops_out = True
 
   def mentions_given(self, cursor):
     if cursor.kind == Kind.DECL_REF_EXPR:
@@ -335,7 +360,8 @@ def class_of(container):
 def code_of(cursor):
   if cursor.kind in METHODS:
     return class_of(cursor.semantic_parent), cursor.spelling
-  return None, cursor.get_usr()
+  template = conf.lib.clang_getSpecializedCursorTemplate(cursor)
+  return None, (cursor if template is None or template.kind == Kind.INVALID_FILE else template).get_usr()
 
 
 def callee_of(call, callee):
@@ -393,3 +419,12 @@ def parse_together(paths, arguments):
       raise RuntimeError(f'{errors[0]}')
     yield unit, set(good)
     left = [path for path in left if path in bad]
+
+
+def arguments(root):
+  """The compiler's arguments for the simulator's sources, as the build has them."""
+  commands = json.loads((root / 'build/asan/compile_commands.json').read_text())
+  command = next(each for each in commands if each['file'] == str(root / 'simulator/Settings/ScreenDescription.mm'))
+  words = shlex.split(command['command'])
+  words = words[next(at for at, word in enumerate(words) if word.endswith('clang++-19')) + 1:words.index('-o')]
+  return [word for word in words if not word.startswith('-fsanitize') and word not in ('-g', '-Werror')]
