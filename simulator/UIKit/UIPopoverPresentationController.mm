@@ -47,8 +47,6 @@ struct PopoverState {
 }
 
 - (void)setSourceRect:(CGRect)sourceRect {
-  sim::notCarried(@"UIPopoverPresentationController.sourceRect",
-                  @"A popover is shown as a sheet, whatever place it has.");
   _popoverState->sourceRect = sourceRect;
 }
 

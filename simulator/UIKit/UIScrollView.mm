@@ -106,7 +106,6 @@ struct ScrollViewState {
 }
 
 - (void)setBounces:(BOOL)bounces {
-  if (bounces) sim::notCarried(@"UIScrollView.bounces", @"Scrolling ends where the content ends.");
   _scrollViewState->bounces = bounces;
 }
 
@@ -115,9 +114,6 @@ struct ScrollViewState {
 }
 
 - (void)setAlwaysBounceVertical:(BOOL)alwaysBounceVertical {
-  if (alwaysBounceVertical) {
-    sim::notCarried(@"UIScrollView.alwaysBounceVertical", @"Scrolling ends where the content ends.");
-  }
   _scrollViewState->alwaysBounceVertical = alwaysBounceVertical;
 }
 

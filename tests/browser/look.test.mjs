@@ -139,7 +139,7 @@ test('The bar shows a view for the title, a prompt, coloured and bold buttons, p
     width: 0, accessibilityLabel: null, view: null, ...fields,
   });
   const { fake, page } = await open(t, pageOf({
-    prompt: 'Choose well', titleView: view('view', [0, 0, 80, 30], { views: [label('Drawn title', [0, 0, 80, 30])] }),
+    prompt: 'Choose well', titleView: view('view', [0, 0, 80, 30], { views: [label('Drawn title', [0, 0, 80, 30], { color: '#ffffffff' })] }),
     bar: { color: '#203060ff', titleColor: '#ffffffff', largeTitleColor: null, tintColor: '#ffd000ff', translucent: true, hidden: false },
     buttons: [
       button(0, { title: 'Save', style: 'done', tintColor: red }),
@@ -149,7 +149,9 @@ test('The bar shows a view for the title, a prompt, coloured and bold buttons, p
   }));
   const heading = page.getByRole('heading', { name: 'Drawn title' });
   await heading.waitFor();
+  assert.equal(await style(page.getByText('Drawn title'), 'color'), 'rgb(255, 255, 255)', 'legible on the bar');
   const prompt = page.getByText('Choose well');
+  assert.equal(await style(prompt, 'color'), 'rgb(255, 255, 255)');
   assert.ok((await prompt.boundingBox()).y < (await heading.boundingBox()).y);
   const row = await page.getByRole('button', { name: 'Row' }).boundingBox();
   const bar = page.locator('.navigation-bar');
@@ -217,7 +219,7 @@ test("A row's own accessory view and tint take the place of the system's", async
   const shown = await page.locator('.accessory-view').boundingBox();
   assert.deepEqual([shown.width, shown.height], [30, 20]);
   assert.equal(await page.locator('.row').first().locator('.disclosure').count(), 0);
-  assert.equal(await style(page.locator('.row').nth(1).locator('.accessory'), 'color'), 'rgb(128, 0, 128)');
+  assert.equal(await style(page.locator('.row').nth(1).locator('.checkmark'), 'color'), 'rgb(128, 0, 128)');
 });
 
 test('Values and hints for assistive technology are told, and elements of their own have names', async (t) => {

@@ -7,9 +7,14 @@ import { cellBackground, pageBackground } from '/phone/surfaces.js';
 
 const largeText = 24;
 
-/** Views with frames of their own, in points from the top left corner. `on`, "cell" or "page", is what they lie on. */
+const grounds = { cell: cellBackground, page: pageBackground };
+
+/**
+ * Views with frames of their own, in points from the top left corner. `on` is what they lie on: "cell", "page", or the
+ * `{light, dark}` of a colour.
+ */
 export function CustomViews({ views, on }) {
-  const background = on === 'cell' ? cellBackground : pageBackground;
+  const background = grounds[on] ?? on;
   return html`
     <span class="views">
       ${views.map((view, at) => html`<${View} key=${at} view=${view} background=${background} />`)}

@@ -36,17 +36,18 @@ export function NavigationBar({ page, solid, large, showTitle, heading }) {
   const session = useContext(SessionContext);
   const title = page.title ?? '';
   const buttons = page.buttons ?? [];
-  const barButtons = (side) => buttons.filter((button) => (button.side ?? 'right') === side)
-    .map((button) => html`<${BarButton} key=${button.id} button=${button} />`);
   const bar = page.bar ?? {};
+  const ground = bar.color ? pairOf(bar.color) : 'page';
+  const barButtons = (side) => buttons.filter((button) => (button.side ?? 'right') === side)
+    .map((button) => html`<${BarButton} key=${button.id} button=${button} ground=${ground} />`);
   const style = setOnly({ '--bar': cssColor(bar.color), '--tint': cssColor(bar.tintColor) });
   const titleStyle = { color: bar.color ? cssTextColor(bar.titleColor, pairOf(bar.color)) : cssColor(bar.titleColor) };
   const shownTitle = page.titleView
-    ? html`<${InlineView} view=${page.titleView} on="page" name="title-view" />`
+    ? html`<${InlineView} view=${page.titleView} on=${ground} name="title-view" />`
     : title;
   return html`
     <header class="navigation-bar" style=${style} data-solid=${solid || bar.translucent === false || Boolean(bar.color)}>
-      ${page.prompt && html`<div class="bar-prompt">${page.prompt}</div>`}
+      ${page.prompt && html`<div class="bar-prompt" style=${titleStyle}>${page.prompt}</div>`}
       <div class="bar-side">
         ${page.back && html`<${BackButton} key=${`${page.back.title} ${title}`} back=${page.back} />`}
         ${barButtons('left')}
@@ -82,7 +83,7 @@ function BackButton({ back }) {
     </button>`;
 }
 
-function BarButton({ button }) {
+function BarButton({ button, ground }) {
   const session = useContext(SessionContext);
   const known = systemItems[button.systemItem];
   const name = button.title || known?.name || button.systemItem || 'Button';
@@ -97,7 +98,7 @@ function BarButton({ button }) {
     <button type="button" class=${isStrong ? 'bar-button bar-button-strong' : 'bar-button'} style=${style}
       data-identifier=${button.accessibilityIdentifier ?? undefined} disabled=${button.enabled === false}
       aria-label=${label} onClick=${() => session.tap(button.id)}>
-      ${button.view ? html`<${InlineView} view=${button.view} on="page" name="bar-view" />`
+      ${button.view ? html`<${InlineView} view=${button.view} on=${ground} name="bar-view" />`
         : button.image ? html`<${Picture} image=${button.image} />`
         : symbol ? html`<${symbol} />` : name}</button>`;
 }

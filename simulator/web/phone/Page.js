@@ -1,6 +1,6 @@
 import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '/modules/htm-preact.mjs';
 import { displayIn, isShallow } from '/display.js';
-import { cssColor } from '/colors.js';
+import { cssColor, pairOf } from '/colors.js';
 import { CustomViews } from '/phone/CustomViews.js';
 import { rowCanFocus } from '/phone/keyboard.js';
 import { setOnly } from '/phone/look.js';
@@ -44,6 +44,7 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
   }, [leaving]);
 
   const title = page.title ?? '';
+  const ground = page.backgroundColor ? pairOf(page.backgroundColor) : 'page';
   const [insetTop, insetBottom] = page.contentInset ?? [0, 0];
   const style = setOnly({
     backgroundColor: cssColor(page.backgroundColor), '--separator': cssColor(page.separatorColor), '--inset-top': `${insetTop}px`, '--inset-bottom': `${insetBottom}px`,
@@ -59,23 +60,23 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
         role=${hasStops(page) ? undefined : 'region'} aria-label=${hasStops(page) ? undefined : title}>
         ${large && html`<h2 class="large-title" ref=${heading} tabindex="-1" data-page-heading
           style=${{ color: cssColor(page.bar?.largeTitleColor) }}>${title}</h2>`}
-        ${page.headerView && html`<${TableView} view=${page.headerView} />`}
+        ${page.headerView && html`<${TableView} view=${page.headerView} ground=${ground} />`}
         ${page.view && html`
           <div class="section-view" style=${{ height: `${page.view.frame[3]}px` }}>
             <${CustomViews} views=${[page.view]} on="page" />
           </div>`}
         <${Table} page=${page} scroller=${scroller} active=${active} takesFocus=${takesFocus && place !== null} />
-        ${page.footerView && html`<${TableView} view=${page.footerView} />`}
+        ${page.footerView && html`<${TableView} view=${page.footerView} ground=${ground} />`}
       </div>
     </div>`;
 }
 
 /** A view above or below all sections. */
-function TableView({ view }) {
+function TableView({ view, ground }) {
   const [x, , width, height] = view.frame;
   return html`
     <div class="section-view" style=${{ height: `${height}px` }}>
-      <${CustomViews} views=${[{ ...view, frame: [x, 0, width, height] }]} on="page" />
+      <${CustomViews} views=${[{ ...view, frame: [x, 0, width, height] }]} on=${ground} />
     </div>`;
 }
 

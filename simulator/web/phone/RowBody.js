@@ -2,7 +2,7 @@ import { html } from '/modules/htm-preact.mjs';
 import { cssColor, cssTextColor, paintedOver } from '/colors.js';
 import { ControlRow } from '/phone/rows/ControlRow.js';
 import { CustomViews, InlineView } from '/phone/CustomViews.js';
-import { alignments } from '/phone/look.js';
+import { alignments, setOnly } from '/phone/look.js';
 import { RowPicture } from '/phone/RowPicture.js';
 import { Checkmark, Disclosure, Info } from '/phone/symbols.js';
 import { cellBackground } from '/phone/surfaces.js';
@@ -70,6 +70,6 @@ function Texts({ row }) {
 
 function AccessorySymbol({ kind, tint }) {
   if (kind === 'disclosureIndicator') return html`<span class="accessory"><${Disclosure} /></span>`;
-  if (kind === 'checkmark') return html`<span class="accessory" style=${{ color: cssColor(tint) }}><${Checkmark} /></span>`;
+  if (kind === 'checkmark') return html`<span class="accessory" style=${setOnly({ '--tint': cssColor(tint) })}><${Checkmark} /></span>`;
   return null;
 }
