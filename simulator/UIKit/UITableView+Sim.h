@@ -3,19 +3,29 @@
 
 #import <UIKit/UITableView.h>
 
+@class UIImage;
+
 /// An action that a swipe over a row uncovers.
 @interface SIMSwipeAction : NSObject {
  @private
   NSString *_title;
   UIColor *_backgroundColor;
+  UIImage *_image;
   BOOL _destructive;
   BOOL _leading;
 }
 @property (nonatomic, readonly, copy) NSString *title;
 @property (nonatomic, readonly, retain) UIColor *backgroundColor;
+@property (nonatomic, retain) UIImage *image;
 @property (nonatomic, readonly, getter=isDestructive) BOOL destructive;
 /// YES on the leading side of the row.
 @property (nonatomic, readonly, getter=isLeading) BOOL leading;
+@end
+
+@interface UITableView (SimSeparators)
+/// nil, or nothing set, where the table view leaves it to the system.
+@property (nonatomic, readonly) UIColor *sim_ownSeparatorColor;
+@property (nonatomic, readonly) BOOL sim_hasSeparatorInset;
 @end
 
 @interface UITableView (Sim)

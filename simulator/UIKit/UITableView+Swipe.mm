@@ -16,6 +16,7 @@
 
 @synthesize title = _title;
 @synthesize backgroundColor = _backgroundColor;
+@synthesize image = _image;
 @synthesize destructive = _destructive;
 @synthesize leading = _leading;
 
@@ -35,6 +36,7 @@
 - (void)dealloc {
   [_title release];
   [_backgroundColor release];
+  [_image release];
   [super dealloc];
 }
 
@@ -43,12 +45,13 @@
 namespace {
 
 SIMSwipeAction *describe(UIContextualAction *action, BOOL leading) {
-  return objcxx::adopt([[SIMSwipeAction alloc]
-                           initWithTitle:[action title]
-                         backgroundColor:[action backgroundColor]
-                             destructive:[action style] == UIContextualActionStyleDestructive
-                                 leading:leading])
-      .autoreleased();
+  auto described = objcxx::adopt([[SIMSwipeAction alloc]
+        initWithTitle:[action title]
+      backgroundColor:[action backgroundColor]
+          destructive:[action style] == UIContextualActionStyleDestructive
+              leading:leading]);
+  [described.get() setImage:[action image]];
+  return described.autoreleased();
 }
 
 SIMSwipeAction *describe(UITableViewRowAction *action) {

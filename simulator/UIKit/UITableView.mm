@@ -175,7 +175,7 @@ void requireSection(const sim::TableGeometry &geometry, NSInteger section) {
 }
 
 - (UIEdgeInsets)separatorInset {
-  return _tableViewState->separatorInset;
+  return _tableViewState->separatorInset.value_or(UIEdgeInsetsMake(0, [self sim_margin], 0, 0));
 }
 
 - (void)setSeparatorInset:(UIEdgeInsets)inset {
@@ -317,6 +317,18 @@ void requireSection(const sim::TableGeometry &geometry, NSInteger section) {
 
 - (void)reloadData {
   [self sim_reload];
+}
+
+@end
+
+@implementation UITableView (SimSeparators)
+
+- (UIColor *)sim_ownSeparatorColor {
+  return _tableViewState->separatorColor.get();
+}
+
+- (BOOL)sim_hasSeparatorInset {
+  return _tableViewState->separatorInset.has_value();
 }
 
 @end

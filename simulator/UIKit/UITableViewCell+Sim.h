@@ -14,6 +14,8 @@
 /// The accessory of the present mode (editing or not); a view of the cell's own comes before a type.
 @property (nonatomic, readonly) UITableViewCellAccessoryType sim_shownAccessoryType;
 @property (nonatomic, readonly) UIView *sim_shownAccessoryView;
+/// Whether the cell has a separator inset of its own.
+@property (nonatomic, readonly) BOOL sim_hasSeparatorInset;
 /// How far the standard views keep from the edges of the content view: 16 points until a table view sets it.
 @property (nonatomic, readonly) CGFloat sim_margin;
 /// Set by the table view: the margin, and how far the screen's corners reach into the row from left and right, which

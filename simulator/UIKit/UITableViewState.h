@@ -66,7 +66,7 @@ struct TableViewState {
   CGFloat footerHeight = UITableViewAutomaticDimension;
   CGFloat headerTopPadding = UITableViewAutomaticDimension;
   UITableViewCellSeparatorStyle separatorStyle = UITableViewCellSeparatorStyleSingleLine;
-  UIEdgeInsets separatorInset = UIEdgeInsets{0, 16, 0, 0};
+  std::optional<UIEdgeInsets> separatorInset;  ///< Nothing until set.
   objcxx::Retained<UIColor> separatorColor;
   objcxx::Retained<UIView> backgroundView;
   objcxx::Retained<UIView> tableHeaderView;

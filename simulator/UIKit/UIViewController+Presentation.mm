@@ -1,6 +1,7 @@
 // Controllers that show above others.
 #import "UIViewControllerState.h"
 
+#import <Foundation/NotCarried.h>
 #import <UIKit/UIDevice.h>
 #import <UIKit/UIWindow.h>
 #import <dispatch/dispatch.h>
@@ -52,6 +53,9 @@ bool coversPresenter(UIModalPresentationStyle style) {
 }
 
 - (void)setModalInPresentation:(BOOL)modalInPresentation {
+  if (modalInPresentation) {
+    sim::notCarried(@"UIViewController.modalInPresentation", @"A page that is presented can always be dismissed.");
+  }
   _viewControllerState->modalInPresentation = modalInPresentation;
 }
 

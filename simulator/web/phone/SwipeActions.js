@@ -1,5 +1,6 @@
 import { html, useContext, useEffect, useLayoutEffect, useRef } from '/modules/htm-preact.mjs';
 import { cssColor } from '/colors.js';
+import { Picture } from '/images.js';
 import { More } from '/phone/symbols.js';
 import { SessionContext } from '/session.js';
 
@@ -20,7 +21,7 @@ export function SwipeActions({ row, actions, focus }) {
       ${actions.map((action, at) => html`
         <button type="button" key=${action.id} ref=${at === 0 ? first : undefined} class="swipe-action"
           style=${{ '--action-color': cssColor(action.color) }} onClick=${() => session.tap(action.id)}>
-          ${action.title}
+          ${action.image && html`<${Picture} class="swipe-image" image=${action.image} />`}${action.title}
         </button>`)}
     </div>`;
 }

@@ -62,6 +62,25 @@ class UIDocumentPickerTest : public DeviceTest {
   Stage stage_;
 };
 
+TEST_F(UIDocumentPickerTest, offersOnlyFilesOfItsTypes) {
+  for (NSString *name in @[ @"Dark.plist", @"notes.txt", @"picture.png" ]) {
+    write([@"/var/mobile/Documents/" stringByAppendingString:name], "x");
+  }
+  const auto of = [](NSArray *types) {
+    return objcxx::adopt([[UIDocumentPickerViewController alloc] initWithDocumentTypes:types inMode:UIDocumentPickerModeOpen]);
+  };
+  EXPECT_OBJC_EQ([of(@[ @"com.apple.property-list" ]).get() sim_filePaths], @[ @"Dark.plist" ]);
+  EXPECT_OBJC_EQ([of(@[ @"public.image", @"public.text" ]).get() sim_filePaths], (@[ @"notes.txt", @"picture.png" ]));
+  EXPECT_OBJC_EQ([of(@[ @"com.example.preset" ]).get() sim_filePaths], @[]);
+  EXPECT_EQ([[of(@[ @"public.data" ]).get() sim_filePaths] count], 3u);
+
+  const auto lists = of(@[ @"com.apple.property-list" ]);
+  NSError *error = nil;
+  EXPECT_FALSE([lists.get() sim_pickFileAtPath:@"notes.txt" error:&error]);
+  EXPECT_FALSE([lists.get() sim_pickFileOfComputer:path(@"/var/mobile/Documents/notes.txt") named:@"notes.txt" error:&error]);
+  EXPECT_OBJC_EQ([error localizedDescription], @"“notes.txt” is of a type that cannot be picked here.");
+}
+
 }  // namespace
 
 TEST_F(UIDocumentPickerTest, KeepsItsSettings) {

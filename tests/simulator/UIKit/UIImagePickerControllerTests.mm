@@ -46,6 +46,17 @@ class UIImagePickerControllerTest : public DeviceTest {
   Stage stage_;
 };
 
+TEST_F(UIImagePickerControllerTest, offersPhotosOnlyWhereItsTypesHaveThem) {
+  write(@"/var/mobile/Media/DCIM/100APPLE/IMG_0002.PNG", png(4));
+  const auto picker = objcxx::adopt([[UIImagePickerController alloc] init]);
+  const NSUInteger all = [[picker.get() sim_photoPaths] count];
+  ASSERT_GT(all, 0u);
+  [picker.get() setMediaTypes:@[ @"public.movie" ]];
+  EXPECT_EQ([[picker.get() sim_photoPaths] count], 0u);
+  [picker.get() setMediaTypes:@[ @"public.movie", @"public.image" ]];
+  EXPECT_EQ([[picker.get() sim_photoPaths] count], all);
+}
+
 }  // namespace
 
 TEST_F(UIImagePickerControllerTest, TheLibraryIsThereWithItsFolder) {
