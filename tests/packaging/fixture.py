@@ -1,8 +1,9 @@
 """Made-up packages for the tests of the checker: a small bundle built with clang against a hand-written SDK."""
 
 import functools
-import os
 import plistlib
+import shutil
+import struct
 import subprocess
 import sys
 import tempfile
@@ -19,6 +20,7 @@ from checker.subject import Subject  # noqa: E402
 BUNDLE = "var/jb/Library/PreferenceBundles/Sample.bundle"
 ENTRY = "var/jb/Library/PreferenceLoader/Preferences/com.example.sample.plist"
 INSTALL_NAME = f"/{BUNDLE}/Sample"
+USER_FOLDERS = ("var/jb/Library/Zuno/Presets", "var/jb/Library/Zuno/Widgets")
 
 SOURCE = """
 __attribute__((objc_root_class)) @interface NSObject { Class isa; } @end
@@ -50,7 +52,7 @@ targets:         [ arm64-ios, arm64e-ios ]
 install-name:    '/usr/lib/libSystem.B.dylib'
 exports:
   - targets:         [ arm64-ios, arm64e-ios ]
-    symbols:         [ dyld_stub_binder, _optional ]
+    symbols:         [ dyld_stub_binder, _optional, _outside, __NSConcreteGlobalBlock, ___CFConstantStringClassReference ]
 ...
 """
 OBJC = """--- !tapi-tbd
@@ -99,6 +101,11 @@ def _folder():
     return folder
 
 
+def sdk_folder():
+    """An iPhoneOS SDK with what the tests link against."""
+    return _folder() / "sdk"
+
+
 @functools.cache
 def executable(source=SOURCE, target="arm64-apple-ios15.0", form="-dynamiclib", link=tuple(LINK), signed=True):
     """The bytes of a bundle's executable."""
@@ -106,12 +113,23 @@ def executable(source=SOURCE, target="arm64-apple-ios15.0", form="-dynamiclib", 
     sdk = folder / "sdk"
     code, output = write(folder / "Sample.m", source), folder / "Sample"
     command = [
-        "clang-19", "-target", target, "-isysroot", sdk, f"-F{sdk}/System/Library/PrivateFrameworks",
+        "clang-22", "-target", target, "-isysroot", sdk, f"-F{sdk}/System/Library/PrivateFrameworks",
         f"-L{folder}/stubs", "-fuse-ld=lld", form, "-fno-objc-arc", "-w", *link,
         "-Wl,-adhoc_codesign" if signed else "-Wl,-no_adhoc_codesign", code, "-o", output,
     ]  # fmt: skip
     subprocess.run(command, check=True, capture_output=True, text=True)
     return output.read_bytes()
+
+
+def fat(*images):
+    """A file of several slices, given as (subtype, content)."""
+    position = 0x4000
+    head, body = struct.pack(">2I", 0xCAFEBABE, len(images)), b""
+    for subtype, image in images:
+        head += struct.pack(">5I", 0x0100000C, subtype, position, len(image), 14)
+        body += image + b"\0" * (-len(image) % 0x4000)
+        position = 0x4000 + len(body)
+    return head.ljust(0x4000, b"\0") + body
 
 
 def write(path, content):
@@ -147,13 +165,15 @@ class PackageTest(unittest.TestCase):
         }  # fmt: skip
         self.files = {f"{BUNDLE}/icon@2x.png": b"\x89PNG"}
         self.modes = {f"{BUNDLE}/Sample": 0o755}
-        self.owner = (0, 0)
+        self.owners = {folder: "501:501" for folder in USER_FOLDERS}
         self.forbidden = []
+        self.archs, self.link_map = ("arm64",), None
         self.code = executable()
 
     def build(self):
         """Makes the package and returns its path."""
         root = self.folder / "root"
+        shutil.rmtree(root / "var", ignore_errors=True)
         files = {
             f"{BUNDLE}/Info.plist": self.info, f"{BUNDLE}/Root.plist": self.root_list, ENTRY: self.entry,
             f"{BUNDLE}/Sample": self.code, **self.files,
@@ -161,23 +181,23 @@ class PackageTest(unittest.TestCase):
         for name, content in files.items():
             if content is not None:
                 write(root / name, content).chmod(0o644)
+        for folder in USER_FOLDERS:
+            if folder in self.owners:
+                (root / folder).mkdir(parents=True, exist_ok=True)
         for name, mode in self.modes.items():
             (root / name).chmod(mode)
-        for folder in (root, *root.rglob("*/")):
-            folder.chmod(0o755)
+        for folder in (root, *(path for path in root.rglob("*") if path.is_dir())):
+            folder.chmod(self.modes.get(str(folder.relative_to(root)), 0o755))
         write(root / "DEBIAN/control", "".join(f"{key}: {value}\n" for key, value in self.control.items()))
         package = self.folder / "sample.deb"
-        command = ["dpkg-deb", "-Zgzip", "-z1", "--build", root, package]
-        if self.owner == (0, 0):
-            command.insert(1, "--root-owner-group")
-        elif os.getuid() == 0:
-            for path in root.rglob("*"):
-                os.chown(path, *self.owner)
-        subprocess.run(command, check=True, capture_output=True)
+        commands = ["chown -R 0:0 ."] + [f"chown -h {owner} {path}" for path, owner in self.owners.items()]
+        commands.append(f"dpkg-deb -Zgzip -z1 --build . {package}")
+        subprocess.run(["fakeroot", "sh", "-ec", "; ".join(commands)], check=True, capture_output=True, cwd=root)
         return package
 
     def problems(self):
-        return rules.problems(Subject(self.build(), self.sdk, self.stubs, self.forbidden))
+        subject = Subject(self.build(), self.sdk, self.stubs, self.forbidden, self.archs, self.link_map)
+        return rules.problems(subject)
 
     def assert_problems(self, *wanted):
         """The package has exactly these problems, given as "rule: sentence"."""
