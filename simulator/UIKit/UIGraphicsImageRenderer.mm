@@ -29,7 +29,8 @@
 
 - (UIImage *)currentImage {
   const CGImageRef pixels = sim::createImage(sim::sourceOf(sim::snapshot([self CGContext])));
-  UIImage *image = [UIImage imageWithCGImage:pixels scale:[[self format] scale] orientation:UIImageOrientationUp];
+  UIGraphicsImageRendererFormat *format = [self format];
+  UIImage *image = [UIImage imageWithCGImage:pixels scale:[format scale] orientation:UIImageOrientationUp];
   CGImageRelease(pixels);
   return image;
 }
