@@ -13,6 +13,11 @@ constexpr NSUInteger kLongestName = 32;  // UTF-16 units.
 
 NSFileManager *files() { return [NSFileManager defaultManager]; }
 
+bool isWritableFolder(NSString *path) {
+  BOOL isFolder = NO;
+  return [files() fileExistsAtPath:path isDirectory:&isFolder] && isFolder && [files() isWritableFileAtPath:path];
+}
+
 NSString *cleaned(NSString *name) {
   NSCharacterSet *forbidden = [NSCharacterSet characterSetWithCharactersInString:@"/\\?%*|\"<>"];
   NSString *kept = [[name componentsSeparatedByCharactersInSet:forbidden] componentsJoinedByString:@""];
@@ -38,6 +43,7 @@ NSArray *presetPaths() {
   if (![files() fileExistsAtPath:folder]) {
     [files() createDirectoryAtPath:folder withIntermediateDirectories:YES attributes:nil error:nullptr];
   }
+  if (!isWritableFolder(folder)) NSLog(@"[Zuno] No preset can be saved: %@ is no folder that may be written", folder);
   NSMutableArray *paths = [NSMutableArray array];
   for (NSString *entry in [files() contentsOfDirectoryAtPath:folder error:nullptr]) {
     if ([entry hasSuffix:kExtension]) [paths addObject:[folder stringByAppendingPathComponent:entry]];

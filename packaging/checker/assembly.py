@@ -98,15 +98,16 @@ def _unquoted(text):
 
 @dataclass
 class Map:
-    """What the linker put where: `objects` by number, `places` as (object, label) with their address."""
+    """What the linker put where: `objects` by number, `places` as (object, label) with their address, and their sizes."""
 
     objects: dict[int, str]
     places: dict[tuple[int, str], int]
+    sizes: dict[tuple[int, str], int]
 
 
 def read_map(text):
     """The linker's map. Raises AssemblyError."""
-    objects, places, part = {}, {}, None
+    objects, places, sizes, part = {}, {}, {}, None
     for line in text.splitlines():
         if line.startswith("# "):
             part = line
@@ -115,9 +116,10 @@ def read_map(text):
             if match:
                 objects[int(match[1])] = match[2]
         elif part == "# Address\tSize    \tFile  Name":
-            match = re.match(r"0x([0-9A-F]+)\t0x[0-9A-F]+\t\[\s*(\d+)\] (.*)", line)
+            match = re.match(r"0x([0-9A-F]+)\t0x([0-9A-F]+)\t\[\s*(\d+)\] (.*)", line)
             if match:
-                places[int(match[2]), match[3]] = int(match[1], 16)
+                key = int(match[3]), match[4]
+                places[key], sizes[key] = int(match[1], 16), int(match[2], 16)
     if not objects or not places:
         raise AssemblyError("no map of the linker")
-    return Map(objects, places)
+    return Map(objects, places, sizes)

@@ -6,7 +6,10 @@ specification of its layout, and clang's page "Pointer Authentication" with Poin
 
 import struct
 
+from pathlib import Path
+
 from . import fixups, macho
+from .assembly import AssemblyError, read_map
 from .fixups import Signed
 
 ISA = Signed("da", 0x6AE1, True)
@@ -30,16 +33,24 @@ def signed_pointers(subject):
     for words, _, image in subject.images:
         if image.arch == "arm64e":
             try:
-                yield from (f"{words} {problem}" for problem in _Judge(image).problems())
-            except (macho.MachOError, struct.error, ValueError) as error:
+                yield from (f"{words} {problem}" for problem in _Judge(image, _tables(subject, image)).problems())
+            except (macho.MachOError, AssemblyError, OSError, struct.error, ValueError) as error:
                 yield f"{words} cannot be judged: {error}"
+
+
+def _tables(subject, image):
+    """(name, address, size) of the virtual tables: all when the linker's map is there, else what is sure of those exported."""
+    if subject.link_map is None:
+        return [(name, address, 24) for name, address in image.defined.items() if name.startswith("__ZTV")]
+    placed = read_map(Path(subject.link_map).read_text(encoding="utf-8"))
+    return [(key[1], address, placed.sizes[key]) for key, address in placed.places.items() if key[1].startswith("__ZTV")]
 
 
 class _Judge:
     """What one slice signs, against what is expected."""
 
-    def __init__(self, image):
-        self._image = image
+    def __init__(self, image, tables):
+        self._image, self._tables = image, tables
         self._fixups, _ = fixups.decode(image)
 
     def problems(self):
@@ -120,16 +131,17 @@ class _Judge:
 
     def _virtual_tables(self):
         """Each entry has a discriminator of its own, made of the name of the function that it first overrode."""
-        for name, address in self._image.defined.items():
-            slot = address + 16  # Behind the offset to the top and the type.
-            while name.startswith("__ZTV") and self._is_function(self._fixups.get(slot)):
-                signed = self._fixups[slot].signed
+        for name, address, size in self._tables:
+            for slot in range(address, address + size, 8):
+                found = self._fixups.get(slot)
+                if found is None or self._is_type(found):
+                    continue
+                signed = found.signed
                 if not signed or signed.key != "ia" or not signed.address or not signed.discriminator:
                     yield f"signs the entry {slot:#x} of the virtual table {name} with {signed or 'nothing'}"
-                slot += 8
 
-    def _is_function(self, found):
-        """Whether an entry of a virtual table is one; the information about a type may follow at once."""
-        if found is None:
-            return False
-        return self._is_code(found) if found.imported is None else not found.imported.name.startswith("__ZTV")
+    def _is_type(self, found):
+        """Whether an entry of a virtual table is the pointer to the description of its type."""
+        if found.imported:
+            return found.imported.name.startswith("__ZTI")
+        return not found.signed and not self._is_code(found)

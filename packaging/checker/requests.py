@@ -70,9 +70,9 @@ def _fault(image, fixup, pointer, place, text):
     if fixup.signed != pointer.signed:
         return f"signs the pointer to {pointer.symbol} with {fixup.signed}, not {pointer.signed},"
     if fixup.imported:
-        right = fixup.imported.name == pointer.symbol and fixup.addend == pointer.addend
+        right = fixup.imported.name == pointer.symbol and (fixup.addend - pointer.addend) % 2**64 == 0
     elif place is not None:
-        right = fixup.target == place + pointer.addend
+        right = fixup.target == (place + pointer.addend) % 2**64
     else:
         right = bool(text) and image.bytes(fixup.target - pointer.addend, len(text)) == text
     return None if right else f"sets up a pointer to something else than {pointer.symbol}"

@@ -5,7 +5,7 @@ from dataclasses import replace
 
 from . import CannotTurn, chains, opcodes
 from .image import ARM64E_VERSIONED, header, load_commands, sections, segment
-from .schema import split, split_sum
+from .schema import split, split_addend
 from .signature import Signature
 
 _MH_DYLIB, _MH_BUNDLE = 6, 8
@@ -129,7 +129,7 @@ def _rebase(linked, address):
 
 def _bind(linked, found):
     linked.word(found.address)  # There has to be one.
-    schema, addend = split_sum(found.addend)
+    schema, addend = split_addend(found.addend)
     inline = schema is None and -(1 << 18) <= addend < 1 << 18
     imported = chains.Import(found.ordinal, found.name, found.optional, 0 if inline else addend)
     return chains.Bind(imported, addend if inline else 0, schema)

@@ -4,7 +4,7 @@ import struct
 
 from . import CannotTurn
 from .image import ARM64E_VERSIONED, header, load_commands, sections
-from .schema import carried, is_signed
+from .schema import carried, is_asked_for, is_carried
 
 _MH_OBJECT = 1
 _LC_SEGMENT_64 = 0x19
@@ -47,10 +47,10 @@ def _turn_section(data, section):
         if kind in (_UNSIGNED, _AUTHENTICATED) and size == 3 and before != _SUBTRACTOR:
             place = section.offset + address
             (word,) = struct.unpack_from("<Q", data, place)
-            if kind == _UNSIGNED and is_signed(word):
-                raise CannotTurn(f"has a plain pointer that looks like a signed one {where}")
+            if kind == _UNSIGNED and is_carried(word):
+                raise CannotTurn(f"has a plain pointer that would look like a signed one {where}")
             if kind == _AUTHENTICATED:
-                if relative or not external or not is_signed(word):
+                if relative or not external or not is_asked_for(word):
                     raise CannotTurn(f"has a signed pointer of an unknown form {where}")
                 struct.pack_into("<Q", data, place, carried(word))
                 struct.pack_into("<I", data, position + 4, facts & 0x0FFFFFFF)

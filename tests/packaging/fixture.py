@@ -46,6 +46,52 @@ __attribute__((objc_root_class)) @interface NSObject { Class isa; } @end
 @end
 """
 
+# What the platform authenticates, of every kind.
+SIGNED_SOURCE = """
+#include <stddef.h>
+__attribute__((objc_root_class)) @interface NSObject { Class isa; } @end
+@interface NSString : NSObject @end
+@interface PSListController : NSObject @end
+@interface SamplePage : PSListController { int _row; }
+- (void)restart;
++ (void)shared;
+@end
+@implementation SamplePage
+- (void)restart {}
+- (id)read:(id)row { return @"text"; }
+- (void)write:(id)value row:(id)row {}
++ (void)shared {}
+@end
+@interface SamplePage (More)
+- (void)more;
+@end
+@implementation SamplePage (More)
+- (void)more {}
+@end
+@interface SampleCell : SamplePage @end
+@implementation SampleCell @end
+
+// Its description is not unique: the pointer to its name has the topmost bit set.
+struct Inline { virtual int seen() { return 1; } };
+Inline *everywhere() { static Inline instance; return &instance; }
+
+struct Shape { virtual int sides(); virtual int corners(); };
+int Shape::sides() { return 0; }
+int Shape::corners() { return 0; }
+struct Square : Shape { int sides() override; };
+int Square::sides() { return 4; }
+Shape *shape() { static Square square; return &square; }
+
+extern void (^const kBlock)(void);
+void (^const kBlock)(void) = ^{};
+int twice(int value) { return 2 * value; }
+extern "C" int outside(int);
+extern int (*const kFunctions[])(int);
+int (*const kFunctions[])(int) = { twice, outside };
+__attribute__((constructor)) static void begin() { outside(0); }
+__attribute__((constructor)) static void follow() { outside(1); }
+"""
+
 SYSTEM = """--- !tapi-tbd
 tbd-version:     4
 targets:         [ arm64-ios, arm64e-ios ]
@@ -82,6 +128,16 @@ install-name:    '/var/jb/usr/lib/libextra.dylib'
 ...
 """
 
+CXX = """--- !tapi-tbd
+tbd-version:     4
+targets:         [ arm64-ios, arm64e-ios ]
+install-name:    '/usr/lib/libc++.1.dylib'
+exports:
+  - targets:         [ arm64-ios, arm64e-ios ]
+    symbols:         [ __ZTVN10__cxxabiv117__class_type_infoE, __ZTVN10__cxxabiv120__si_class_type_infoE ]
+...
+"""
+
 LINK = [
     "-install_name", INSTALL_NAME, "-framework", "Preferences", "-lobjc", "-Wl,-needed-lextra",
 ]  # fmt: skip
@@ -95,7 +151,7 @@ def _folder():
     folder = Path(temporary.name)
     private = "sdk/System/Library/PrivateFrameworks/Preferences.framework/Preferences.tbd"
     files = {"sdk/usr/lib/libSystem.tbd": SYSTEM, "sdk/usr/lib/libobjc.tbd": OBJC, private: PREFERENCES,
-             "stubs/libextra.tbd": EXTRA}  # fmt: skip
+             "sdk/usr/lib/libc++.tbd": CXX, "sdk/usr/lib/libc++.1.tbd": CXX, "stubs/libextra.tbd": EXTRA}  # fmt: skip
     for name, text in files.items():
         write(folder / name, text)
     return folder
@@ -119,6 +175,19 @@ def executable(source=SOURCE, target="arm64-apple-ios15.0", form="-dynamiclib", 
     ]  # fmt: skip
     subprocess.run(command, check=True, capture_output=True, text=True)
     return output.read_bytes()
+
+
+@functools.cache
+def device_code(arch, source=SIGNED_SOURCE):
+    """(bytes, path of the linker's map) of what packaging/device-clang makes; the map is there for arm64e only."""
+    folder = Path(tempfile.mkdtemp(dir=_folder()))
+    sdk, code, built = _folder() / "sdk", write(folder / "Sample.mm", source), folder / "Sample"
+    clang = [TREE / "packaging/device-clang", f"{arch}-apple-ios15.0", sdk]
+    link = [f"-F{sdk}/System/Library/PrivateFrameworks", f"-L{_folder()}/stubs", *LINK]
+    for command in ([*clang, "-c", code, "-w", "-fblocks", "-nostdinc++", "-o", f"{built}.o"],
+                    [*clang, "-dynamiclib", f"{built}.o", "-o", built, *link]):  # fmt: skip
+        subprocess.run(command, check=True, capture_output=True, text=True)
+    return built.read_bytes(), Path(f"{built}.map")
 
 
 def fat(*images):

@@ -71,24 +71,24 @@ class Turned(unittest.TestCase):
 class PointersTest(Turned):
     def test_pointers_into_the_file(self):
         image, found = self.finished(pointers(
-            plain="_code", plus="_code+8", minus="_last-8", tagged="_code+0x3000000000000000", ia="_code@AUTH(ia,0)",
+            plain="_code", plus="_code+8", minus="_last-8", tagged="_code+0x3000000000000000", name="_code+0x8000000000000000", ia="_code@AUTH(ia,0)",
             ib="_code@AUTH(ib,65535,addr)", da="(_code+4)@AUTH(da,27361,addr)", db="(_last-8)@AUTH(db,1)", last="0",
         ))  # fmt: skip
         code, last = image.defined["_code"], image.defined["_last"]
         self.assertEqual({
             "_plain": (code, None), "_plus": (code + 8, None), "_minus": (last - 8, None),
-            "_tagged": (code | 0x30 << 56, None), "_ia": (code, Signed("ia", 0, False)),
+            "_tagged": (code | 0x30 << 56, None), "_name": (code | 0x80 << 56, None), "_ia": (code, Signed("ia", 0, False)),
             "_ib": (code, Signed("ib", 65535, True)), "_da": (code + 4, Signed("da", 27361, True)),
             "_db": (last - 8, Signed("db", 1, False)),
         }, {name: (fixup.target, fixup.signed) for name, fixup in found.items()})  # fmt: skip
 
     def test_pointers_to_other_libraries(self):
         _, found = self.finished(pointers(
-            plain="_outside", plus="_outside+16", minus="_outside-8", far="_outside+0x40000", ia="_outside@AUTH(ia,0)",
+            plain="_outside", plus="_outside+16", minus="_outside-8", far="_outside+0x40000", name="_outside+0x8000000000000000", ia="_outside@AUTH(ia,0)",
             da="(_outside+16)@AUTH(da,27361,addr)", db="(_outside-8)@AUTH(db,65535,addr)", none="0",
         ))  # fmt: skip
         self.assertEqual({
-            "_plain": (0, None), "_plus": (16, None), "_minus": (-8, None), "_far": (0x40000, None),
+            "_plain": (0, None), "_plus": (16, None), "_minus": (-8, None), "_far": (0x40000, None), "_name": (-1 << 63, None),
             "_ia": (0, Signed("ia", 0, False)), "_da": (16, Signed("da", 27361, True)),
             "_db": (-8, Signed("db", 65535, True)),
         }, {name: (fixup.addend, fixup.signed) for name, fixup in found.items()})  # fmt: skip
@@ -219,8 +219,8 @@ class RefusedTest(Turned):
             self.refused(prepare, content, "has a signed pointer of an unknown form at __DATA,__data+0x0")
 
     def test_a_plain_pointer_that_looks_like_a_signed_one(self):
-        content = self.assembled(pointers(one="_code+0x8000000000000001"))
-        self.refused(prepare, content, "has a plain pointer that looks like a signed one at __DATA,__data+0x0")
+        content = self.assembled(pointers(one="_code+0x80A8000000000000"))
+        self.refused(prepare, content, "has a plain pointer that would look like a signed one at __DATA,__data+0x0")
 
     def test_objects_for_other_processors(self):
         self.refused(prepare, self.assembled("", "arm64-apple-ios15.0"), "is not code for arm64e of the versioned")
@@ -242,8 +242,7 @@ class RefusedTest(Turned):
         self.refused(finish, chained, "has chained fixups already; link it with -no_fixup_chains")
         unsigned = self.linked(self.TEXT, "-Wl,-no_fixup_chains", "-Wl,-no_adhoc_codesign")
         self.refused(finish, unsigned, "lacks a signature; link it with -adhoc_codesign")
-        self.refused(finish, finish(self.linked(self.TEXT)), "is linked for the unknown processor 0x80000002"
-                     if False else "has chained fixups already")  # fmt: skip
+        self.refused(finish, finish(self.linked(self.TEXT)), "has chained fixups already")
 
     def test_an_unknown_load_command(self):
         content = bytearray(self.linked(self.TEXT))
@@ -267,10 +266,7 @@ class RefusedTest(Turned):
     def test_opcodes_that_are_unknown_or_endless(self):
         whole = self.linked(self.TEXT)
         info = whole.index(struct.pack("<2I", 0x80000022, 48))
-        rebase, _, bind = struct.unpack_from("<3I", whole, info + 8)
-        endless = b"\x60\xff\xff\xff\xff\xff\xff\xff\xff\x7f"
-        skipping = b"\x80\x09" + b"\xf8\xff\xff\xff\xff\xff\xff\xff\xff\x01"
-        size = struct.unpack_from("<I", whole, info + 12)[0]
+        rebase, _, bind, _ = struct.unpack_from("<4I", whole, info + 8)
         for place, code, words in (
             (rebase, b"\xf0", "has the unknown rebase opcode 0xf0"), (bind, b"\xd0", "has the unknown bind opcode 0xd0"),
             (rebase, b"\x13", "has a fixup of the unknown kind 3"), (bind, b"\x90", "has a fixup without a symbol"),
@@ -278,27 +274,30 @@ class RefusedTest(Turned):
         ):  # fmt: skip
             with self.subTest(words):
                 self.refused(finish, whole[:place] + code + whole[place + len(code) :], words)
-        for program, words in ((endless, "where no segment has bytes"), (skipping, "up twice")):
+        times = b"\xff\xff\xff\xff\xff\xff\xff\x7f"
+        for skip, words in ((b"\0", "where no segment has bytes"), (b"\xf8" + b"\xff" * 8 + b"\x01", "up twice")):
             with self.subTest(words):
-                moved = whole + b"\x11\x22\x00" + program
-                moved = bytearray(moved)
-                struct.pack_into("<2I", moved, info + 8, len(whole), 3 + len(program))
-                self.refused(finish, moved, words)
-        self.assertGreater(size, 0)
+                program = b"\x11\x40_outside\0\x51\x71\x00\xc0" + times + skip
+                content = bytearray(whole + program)
+                struct.pack_into("<2I", content, info + 16, len(whole), len(program))
+                self.refused(finish, content, words)
 
     def test_damaged_files_are_refused_and_never_crash(self):
         numbers = random.Random(5)
-        for step, whole in ((prepare, self.assembled(self.TEXT)), (finish, self.linked(self.TEXT))):
-            for size in range(0, len(whole) - 1, max(1, len(whole) // 150)):
-                with self.assertRaises(CannotTurn, msg=f"{step.__name__} {size}"):
-                    step(whole[:size])
-            for _ in range(600):
-                content = bytearray(whole)
-                struct.pack_into("<I", content, numbers.randrange(0, 2400) & ~3, numbers.getrandbits(32))
+        linked = self.linked(self.TEXT)
+        for size in range(0, len(linked) - 1, len(linked) // 300):
+            with self.assertRaises(CannotTurn, msg=size):
+                finish(linked[:size])
+        for step, whole in ((prepare, self.assembled(self.TEXT)), (finish, linked)):
+            for _ in range(1500):
+                content = bytearray(whole[: numbers.randrange(len(whole)) if numbers.random() < 0.2 else len(whole)])
+                for _ in range(numbers.randrange(1, 4)):
+                    place = numbers.randrange(min(2400, len(content) + 1))
+                    content[place : place + 4] = numbers.randbytes(4)
                 try:
                     step(bytes(content))
-                except CannotTurn:
-                    continue
+                except CannotTurn as error:
+                    self.assertNotIn("\n", str(error))
 
 
 class CommandTest(Turned):
