@@ -6,9 +6,20 @@
 #include <cfloat>
 #include <cmath>
 
-typedef NSPoint CGPoint;
-typedef NSSize CGSize;
-typedef NSRect CGRect;
+typedef struct CGPoint {
+  CGFloat x;
+  CGFloat y;
+} CGPoint;
+
+typedef struct CGSize {
+  CGFloat width;
+  CGFloat height;
+} CGSize;
+
+typedef struct CGRect {
+  CGPoint origin;
+  CGSize size;
+} CGRect;
 
 typedef struct CGVector {
   CGFloat dx;

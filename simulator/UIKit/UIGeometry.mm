@@ -29,6 +29,13 @@ std::optional<std::array<CGFloat, Count>> numbersIn(NSString *string) {
   return numbers;
 }
 
+// What the value holds if that is a structure of this type, else `otherwise`.
+template <typename Structure>
+Structure contentOf(NSValue *value, Structure otherwise) {
+  if (std::strcmp([value objCType], @encode(Structure)) == 0) [value getValue:&otherwise];
+  return otherwise;
+}
+
 }  // namespace
 
 NSString *NSStringFromCGPoint(CGPoint p) { return [NSString stringWithFormat:@"{%.17g, %.17g}", p.x, p.y]; }
@@ -60,15 +67,15 @@ CGRect CGRectFromString(NSString *string) {
 @implementation NSValue (UIGeometryExtensions)
 
 + (NSValue *)valueWithCGPoint:(CGPoint)point {
-  return [self valueWithPoint:point];
+  return [self valueWithBytes:&point objCType:@encode(CGPoint)];
 }
 
 + (NSValue *)valueWithCGSize:(CGSize)size {
-  return [self valueWithSize:size];
+  return [self valueWithBytes:&size objCType:@encode(CGSize)];
 }
 
 + (NSValue *)valueWithCGRect:(CGRect)rect {
-  return [self valueWithRect:rect];
+  return [self valueWithBytes:&rect objCType:@encode(CGRect)];
 }
 
 + (NSValue *)valueWithUIEdgeInsets:(UIEdgeInsets)insets {
@@ -76,21 +83,19 @@ CGRect CGRectFromString(NSString *string) {
 }
 
 - (CGPoint)CGPointValue {
-  return [self pointValue];
+  return contentOf(self, CGPointZero);
 }
 
 - (CGSize)CGSizeValue {
-  return [self sizeValue];
+  return contentOf(self, CGSizeZero);
 }
 
 - (CGRect)CGRectValue {
-  return [self rectValue];
+  return contentOf(self, CGRectZero);
 }
 
 - (UIEdgeInsets)UIEdgeInsetsValue {
-  UIEdgeInsets insets = UIEdgeInsetsZero;
-  if (std::strcmp([self objCType], @encode(UIEdgeInsets)) == 0) [self getValue:&insets];
-  return insets;
+  return contentOf(self, UIEdgeInsetsZero);
 }
 
 @end

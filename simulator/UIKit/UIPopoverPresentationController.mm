@@ -7,7 +7,6 @@
 
 namespace sim {
 struct PopoverState {
-  UIViewController *presented = nil;  // not owned
   objcxx::Retained<UIView> sourceView;
   objcxx::Retained<UIBarButtonItem> barButtonItem;
   CGRect sourceRect = CGRectNull;
@@ -19,19 +18,14 @@ struct PopoverState {
 @implementation UIPopoverPresentationController
 
 - (instancetype)sim_initWithPresentedViewController:(UIViewController *)controller {
-  if (!(self = [super init])) return nil;
+  if (!(self = [super sim_initWithPresentedViewController:controller])) return nil;
 
   _popoverState = std::make_unique<sim::PopoverState>();
-  _popoverState->presented = controller;
   return self;
 }
 
 - (instancetype)init {
   return [self sim_initWithPresentedViewController:nil];
-}
-
-- (UIViewController *)presentedViewController {
-  return _popoverState->presented;
 }
 
 - (UIView *)sourceView {

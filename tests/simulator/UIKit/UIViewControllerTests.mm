@@ -415,7 +415,9 @@ TEST_F(UIViewControllerTest, APopoverIsMadeForPopoversAndSheetsOnly) {
   [a.get() setModalPresentationStyle:UIModalPresentationPopover];
   UIPopoverPresentationController *popover = [a.get() popoverPresentationController];
   EXPECT_NE(popover, nil);
+  EXPECT_TRUE([popover isKindOfClass:[UIPresentationController class]]);
   EXPECT_EQ([popover presentedViewController], a.get());
+  EXPECT_EQ([popover presentingViewController], nil);
   EXPECT_EQ([a.get() popoverPresentationController], popover);
 }
 
