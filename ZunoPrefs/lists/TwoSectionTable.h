@@ -13,6 +13,9 @@ NSString *sectionTitle(NSInteger section);
 /// The list that `section` shows.
 NSMutableArray *sectionList(NSInteger section, NSMutableArray *enabled, NSMutableArray *disabled);
 
+/// Whether the rows of `section` show records, and can be dragged: no for the placeholder of an empty section.
+bool canEditRows(NSInteger section, NSArray *enabled, NSArray *disabled);
+
 /// Rows of a section that shows `list`: one, the placeholder, when it is empty.
 NSInteger rowCount(NSArray *list);
 
