@@ -5,7 +5,6 @@ specification of its layout, and clang's page "Pointer Authentication" with Poin
 """
 
 import struct
-
 from pathlib import Path
 
 from . import fixups, macho
