@@ -2,8 +2,12 @@
 
 #import <dispatch/dispatch.h>
 
+#include <cstdint>
+
 namespace zuno {
 namespace {
+
+constexpr std::int64_t kPause = 50 * NSEC_PER_MSEC;
 
 /// A page presents nothing else while what it presented is still on its way out: UIKit would refuse it with a log line.
 void presentWhenFree(UIViewController *page, UIViewController *alert) {
@@ -21,7 +25,7 @@ void presentWhenFree(UIViewController *page, UIViewController *alert) {
                                                                 completion:^(id) {
                                                                   again();
                                                                 }]) {
-    dispatch_async(dispatch_get_main_queue(), again);
+    dispatch_after(dispatch_time(DISPATCH_TIME_NOW, kPause), dispatch_get_main_queue(), again);
   }
 }
 

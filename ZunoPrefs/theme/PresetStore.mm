@@ -60,7 +60,7 @@ NSString *pathOfPreset(NSString *name) {
 bool presetExists(NSString *name) { return [files() fileExistsAtPath:pathOfPreset(name)]; }
 
 PresetName checkPresetName(NSString *name) {
-  NSString *kept = cleaned(name ?: @"");
+  NSString *kept = cleaned(name);
   NSString *trimmed = [kept stringByTrimmingCharactersInSet:[NSCharacterSet whitespaceCharacterSet]];
   if ([trimmed length] == 0) return {nil, @"Invalid preset name"};
   if ([kept length] > kLongestName) return {nil, @"Preset name is too long"};

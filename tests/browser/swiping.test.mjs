@@ -13,9 +13,13 @@ const presets = (open = null) => screen(['Settings', 'Presets'], [section(null, 
 const taps = (fake) => fake.events.filter(({ type }) => type === 'tap').map(({ id }) => id);
 const swipes = (fake) => fake.events.filter(({ type }) => type === 'swipe').map(({ id, open }) => [id, open]);
 
-/** A device whose rows stay open until they are swiped back, or until the action "Delete" closes them. */
-function startPresets(t) {
-  return startFake(t, presets(), ({ type, id, open }, fake) => {
+/**
+ * A device whose rows stay open until they are swiped back, or until the action "Delete" closes them, and that answers
+ * after `delay` milliseconds.
+ */
+function startPresets(t, delay = 0) {
+  return startFake(t, presets(), async ({ type, id, open }, fake) => {
+    await new Promise((resolve) => setTimeout(resolve, delay));
     const row = names[Number(id.at(-1))];
     if (type === 'swipe') fake.screen = presets(open ? row : null);
     else if (id.startsWith('delete')) fake.screen = presets();
@@ -41,7 +45,7 @@ test('Swiping a row shows its actions, the first at the edge', async (t) => {
   const remove = actions.getByRole('button', { name: 'Delete' });
   const share = actions.getByRole('button', { name: 'Share' });
   assert.ok((await remove.boundingBox()).x > (await share.boundingBox()).x);
-  assert.deepEqual(swipes(fake), [['row2.0.1', true]]);
+  await eventually(() => assert.deepEqual(swipes(fake), [['row2.0.1', true]]));
   assert.deepEqual(taps(fake), []);
 });
 
@@ -92,7 +96,7 @@ test('A click beside an open row closes it and does nothing else', async (t) => 
   await actions.waitFor({ state: 'detached' });
   await settled(page);
   assert.deepEqual(taps(fake), []);
-  assert.deepEqual(swipes(fake), [true, false, true, false].map((open) => ['row2.0.1', open]));
+  await eventually(() => assert.deepEqual(swipes(fake), [true, false, true, false].map((open) => ['row2.0.1', open])));
   await page.getByRole('button', { name: 'Dark', exact: true }).click();
   await eventually(() => assert.deepEqual(taps(fake), ['row2.0.0']));
 });
@@ -120,6 +124,22 @@ test('The keyboard reaches the actions by a button and closes them with Escape',
   await page.keyboard.press('Tab');
   await page.keyboard.press('Enter');
   await eventually(() => assert.deepEqual(taps(fake), ['share Dark']));
+});
+
+test('What the user does last counts, however late the device answers', async (t) => {
+  const { fake, url } = await startPresets(t, 400);
+  const page = await openPage(t, url);
+  const actions = page.getByRole('group', { name: 'Actions for Dark' });
+  await page.getByRole('button', { name: 'Dark', exact: true }).focus();
+  await page.keyboard.press('Shift+F10');
+  await page.keyboard.press('Escape');
+  await page.keyboard.press('Shift+F10');
+  await eventually(async () => assert.equal(await focused(page), 'Delete'));
+  await eventually(() => assert.equal(fake.revision, 4));
+  assert.deepEqual(swipes(fake).map(([, open]) => open), [true, false, true]);
+  await settled(page);
+  assert.equal(await actions.count(), 1);
+  assert.equal(await focused(page), 'Delete');
 });
 
 test('Touch swipes', async (t) => {

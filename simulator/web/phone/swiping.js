@@ -8,15 +8,15 @@ const wheelRest = 250;
 /**
  * Which row of `page` shows its swipe actions, as `{section, row}` or null, and the way to change that.
  *
- * The device says which; what the user has done since shows at once.
+ * The device says which; what the user does shows at once, and until the device has answered.
  */
 export function useOpenRow(page, session) {
   const [ahead, setAhead] = useState(null);
   const described = useMemo(() => openRowOf(page), [page]);
-  const open = ahead?.page === page ? ahead.open : described;
+  const open = ahead ? ahead.open : described;
   const setOpen = async (section, row, isOpen) => {
     if (isOpen === (open?.section === section && open.row === row)) return;
-    const own = { page, open: isOpen ? { section, row } : null };
+    const own = { open: isOpen ? { section, row } : null };
     setAhead(own);
     await session.swipe(page.sections[section].rows[row].id, isOpen);
     setAhead((now) => (now === own ? null : now));

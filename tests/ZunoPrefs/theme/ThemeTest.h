@@ -6,6 +6,7 @@
 #include <string>
 
 #include "ZunoPrefs/support/BundleTest.h"
+#include "ZunoPrefs/theme/CallCounter.h"
 
 namespace testing_support {
 
@@ -44,4 +45,6 @@ class ThemeTest : public BundleTest {
 
 }  // namespace testing_support
 
+using testing_support::CallCounter;
+using testing_support::Presentations;
 using testing_support::ThemeTest;

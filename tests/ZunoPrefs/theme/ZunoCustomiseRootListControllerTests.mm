@@ -119,6 +119,7 @@ TEST_F(ThemePageTest, TheRespringButtonStartsTheTool) {
   (void)show(page);
   UIBarButtonItem *button = [[page navigationItem] rightBarButtonItem];
   EXPECT_OBJC_EQ([button title], @"Respring");
+  EXPECT_EQ(static_cast<int>([button style]), 1);
   EXPECT_TRUE([button sim_tap]);
   for (int tries = 0; tries < 500 && read(@"/var/jb/usr/bin/arguments").empty(); ++tries) usleep(10'000);
   EXPECT_EQ(read(@"/var/jb/usr/bin/arguments"), "-9 backboardd\n");
@@ -163,6 +164,37 @@ TEST_F(ThemePageTest, ThePageIsCurrentOnlyWhileItIsOnScreen) {
   EXPECT_EQ([pageClass() currentPage], page);
   [navigation popViewControllerAnimated:YES];
   EXPECT_OBJC_EQ([pageClass() currentPage], nil);
+}
+
+TEST_F(ThemePageTest, TheFrameworkHearsOfTheAppearance) {
+  for (SEL moment : {@selector(viewDidLoad), @selector(viewWillAppear:), @selector(viewWillDisappear:)}) {
+    CallCounter framework([PSListController class], moment);
+    UINavigationController *navigation = show([[[UIViewController alloc] init] autorelease]);
+    [navigation pushViewController:newPage() animated:YES];
+    [navigation popViewControllerAnimated:YES];
+    EXPECT_EQ(framework.calls(), 1) << sel_getName(moment);
+  }
+}
+
+TEST_F(ThemePageTest, APageThatWasLeftIsNotKept) {
+  CallCounter ends([PSListController class], @selector(dealloc));
+  UINavigationController *navigation = show([[[UIViewController alloc] init] autorelease]);
+  [navigation pushViewController:newPage() animated:YES];
+  [navigation popViewControllerAnimated:YES];
+  SIMDrainMainQueue();
+  drainPool();
+  EXPECT_EQ(ends.calls(), 1);
+}
+
+TEST_F(ThemePageTest, WhatIsPresentedComesWithAnimation) {
+  makePhotoLibrary();
+  ZunoCustomiseRootListController *page = newPage();
+  (void)show(page);
+  const Presentations presentations;
+  [page clearSettings];
+  tapAction(page, "No");
+  [page selectImage];
+  EXPECT_EQ(presentations.take(), "UIAlertController animated, UIImagePickerController animated");
 }
 
 TEST_F(ThemePageTest, ReappearingShowsWhatChangedElsewhere) {
@@ -224,8 +256,30 @@ TEST_F(ThemePageTest, APortraitPhotoIsStoredUpright) {
     EXPECT_EQ([storedPicture() imageOrientation], UIImageOrientationUp);
     EXPECT_EQ(CGImageGetAlphaInfo([storedPicture() CGImage]), kCGImageAlphaNoneSkipLast) << "a photo lets nothing through";
     SIMDrainMainQueue();
+    EXPECT_EQ(UIGraphicsGetCurrentContext(), nullptr);
   }
   EXPECT_EQ(look([UIImage imageWithData:UIImagePNGRepresentation(portraitPhoto(40))]).substr(0, 5), "40x20");
+}
+
+TEST_F(ThemePageTest, APictureThatLetsNothingThroughStaysSoInEveryLayout) {
+  const UInt8 pixels[2 * 4] = {};
+  CFDataRef bytes = CFDataCreate(nullptr, pixels, sizeof pixels);
+  CGDataProviderRef provider = CGDataProviderCreateWithCFData(bytes);
+  CGColorSpaceRef space = CGColorSpaceCreateDeviceRGB();
+  for (const CGBitmapInfo layout : {kCGImageAlphaNoneSkipFirst, kCGImageAlphaNoneSkipLast}) {
+    CGImageRef image =
+        CGImageCreate(2, 1, 8, 32, 8, space, layout, provider, nullptr, false, kCGRenderingIntentDefault);
+    [newPage() imagePickerController:[[[UIImagePickerController alloc] init] autorelease]
+        didFinishPickingMediaWithInfo:picked([UIImage imageWithCGImage:image
+                                                                 scale:1
+                                                           orientation:UIImageOrientationLeft])];
+    CGImageRelease(image);
+    EXPECT_TRUE(CGSizeEqualToSize([storedPicture() size], CGSizeMake(1, 2)));
+    EXPECT_EQ(CGImageGetAlphaInfo([storedPicture() CGImage]), kCGImageAlphaNoneSkipLast) << layout;
+  }
+  CGColorSpaceRelease(space);
+  CGDataProviderRelease(provider);
+  CFRelease(bytes);
 }
 
 TEST_F(ThemePageTest, ATurnedPictureKeepsWhatShinesThrough) {

@@ -97,7 +97,9 @@ TEST_F(ImageCellTest, PickingReplacesTheImageAndKeepsEveryOtherKey) {
   ZunoCustomiseRootListController *page = showPage();
   NSArray *rows = [page specifiers];
   ZunoImagePickerCell *cell = newCell(newRow());
+  const Presentations presentations;
   [cell openImagePicker];
+  EXPECT_EQ(presentations.take(), "UIImagePickerController animated");
   EXPECT_TRUE(logged("[Zuno] openImagePicker"));
   auto *picker = (UIImagePickerController *)[page presentedViewController];
   ASSERT_TRUE([picker isKindOfClass:[UIImagePickerController class]]);
@@ -144,6 +146,14 @@ TEST_F(ImageCellTest, ACellThatIsUsedAgainShowsWhatIsStoredNowAndTakesItsRowsTap
   }
 }
 
+TEST_F(ImageCellTest, TheFrameworkHearsOfTheMove) {
+  ZunoImagePickerCell *cell = newCell(newRow());
+  UIView *parent = [[[UIView alloc] initWithFrame:CGRectZero] autorelease];
+  CallCounter framework([UIView class], @selector(didMoveToSuperview));
+  [parent addSubview:cell];
+  EXPECT_EQ(framework.calls(), 1);
+}
+
 TEST_F(ImageCellTest, ACellThatIsInNoTableIsNotFilledIn) {
   storeImage([newCell(newRow()) encodeToBase64String:picture(32, [UIColor blueColor])]);
   PSSpecifier *row = newRow();
@@ -172,6 +182,15 @@ TEST_F(ImageCellTest, OptionsAreKept) {
   ZunoImagePickerCell *cell = newCell(newRow());
   [cell setOptions:@"kept"];
   EXPECT_OBJC_EQ([cell options], @"kept");
+  int deaths = 0;
+  auto *other = [(ZunoImagePickerCell *)[classNamed("ZunoImagePickerCell") alloc]
+        initWithStyle:UITableViewCellStyleDefault
+      reuseIdentifier:@"Image"
+            specifier:newRow()];
+  [other setOptions:[[[Lifetime alloc] initWithCounter:&deaths] autorelease]];
+  [other release];
+  drainPool();
+  EXPECT_EQ(deaths, 1);
 }
 
 }  // namespace

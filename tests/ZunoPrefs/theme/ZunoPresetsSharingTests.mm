@@ -4,21 +4,42 @@
 #import <UIKit/UIActivityViewController+Sim.h>
 #import <UIKit/UIDocumentPickerViewController+Sim.h>
 #import <UIKit/UITableView+Sim.h>
+#import <dispatch/dispatch.h>
 #import <dispatch/MainQueue+Sim.h>
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 
 #include "ZunoPrefs/theme/PresetsTest.h"
+
+@class UnsureTransition;
 
 /// Has a page refuse a name while it is itself on its way out.
 @interface LeavingPage : UIViewController {
  @public
   ZunoPresets *presets;  // Not owned.
+  objcxx::Retained<UnsureTransition> transition;
+}
+@end
+
+/// Says that it runs nothing, and runs it all the same.
+@interface UnsureTransition : NSObject
+@end
+
+@implementation UnsureTransition
+- (BOOL)animateAlongsideTransition:(void (^)(id))animation completion:(void (^)(id))completion {
+  dispatch_async(dispatch_get_main_queue(), ^{
+    completion(nil);
+  });
+  return NO;
 }
 @end
 
 @implementation LeavingPage
+- (id<UIViewControllerTransitionCoordinator>)transitionCoordinator {
+  return (id)transition.get();
+}
 - (void)viewWillDisappear:(BOOL)animated {
   [super viewWillDisappear:animated];
   [presets validatePresetName:@""];
@@ -65,6 +86,12 @@ class SharingTest : public PresetsTest {
     UIViewController *picker = [shown_ presentedViewController];
     EXPECT_TRUE([picker isKindOfClass:[UIDocumentPickerViewController class]]);
     return (UIDocumentPickerViewController *)picker;
+  }
+  /// Until what was put off has been done.
+  static void wait() {
+    SIMDrainMainQueue();
+    [[NSRunLoop currentRunLoop] runUntilDate:[NSDate dateWithTimeIntervalSinceNow:0.3]];
+    SIMDrainMainQueue();
   }
   /// How often the log has a line that begins with `text`.
   long linesBeginning(const std::string &text) const {
@@ -138,10 +165,12 @@ TEST_F(SharingTest, WhatIsNoDictionaryFailsAndLeavesNoFile) {
 }
 
 TEST_F(SharingTest, TheLogTellsWhyAStringWasNotImported) {
-  (void)imported(base64("[1]"));
-  EXPECT_EQ(linesBeginning("[Zuno] importPresetWithBase64String "), 2) << "the string, and the exception";
-  EXPECT_TRUE(logged("a preset is a dictionary, not a "));
-  log.clear();
+  for (const char *json : {"[1]", "7"}) {
+    (void)imported(base64(json));
+    EXPECT_EQ(linesBeginning("[Zuno] importPresetWithBase64String "), 2) << "the string, and the exception";
+    EXPECT_TRUE(logged("a preset is a dictionary, not a ")) << json;
+    log.clear();
+  }
   (void)imported(base64(R"({"a": null})"));
   EXPECT_EQ(linesBeginning("[Zuno] importPresetWithBase64String writeToFile FAILED"), 1);
   EXPECT_EQ(linesBeginning("[Zuno] "), 2);
@@ -165,6 +194,29 @@ TEST_F(SharingTest, WhatIsNoPresetStringFails) {
     log.clear();
   }
   EXPECT_EQ(imported(nil), kImportFailed);
+}
+
+TEST_F(SharingTest, WhatCannotBeStoredLeavesThePresetOfThatName) {
+  writePreset(@"new", @{@"a" : @1});
+  EXPECT_EQ(imported(base64(R"({"a": null})")), kImportFailed);
+  EXPECT_OBJC_EQ(preset(@"new"), @{@"a" : @1});
+}
+
+TEST_F(SharingTest, AnImportTakesThePlaceOfWhateverHasItsName) {
+  makeFolder([kPresets stringByAppendingString:@"/new.plist"]);
+  EXPECT_EQ(imported(base64(R"({"a": 1})")), "none");
+  EXPECT_OBJC_EQ(preset(@"new"), @{@"a" : @1});
+}
+
+TEST_F(SharingTest, WhatHoldsNoPresetGivesNothing) {
+  ZunoPresets *page = showPage();
+  for (NSString *text in @[ @"%", @"" ]) EXPECT_OBJC_EQ([page base64StringToDict:text], nil);
+  EXPECT_OBJC_EQ([page base64StringToDict:nil], nil);
+  EXPECT_OBJC_EQ([page base64StringFromDict:nil], nil);
+  EXPECT_OBJC_EQ([page base64StringFromDict:@{@"when" : [NSDate date]}], nil);
+  NSData *json = [[[NSData alloc] initWithBase64EncodedString:[page base64StringFromDict:@{@"a" : @1}]
+                                                      options:0] autorelease];
+  EXPECT_TRUE(memchr([json bytes], '\n', [json length])) << "it is meant to be read";
 }
 
 TEST_F(SharingTest, DeepNestingFailsCleanly) {
@@ -233,6 +285,7 @@ TEST_F(SharingTest, TheStringIsShownOnceTheMenuHasGone) {
   EXPECT_OBJC_EQ([alertOf(page) title], @"Share \"one\"...");
   EXPECT_EQ([[alertOf(page) actions] count], 2u);
   EXPECT_EQ([(UIAlertAction *)[[alertOf(page) actions] objectAtIndex:0] style], UIAlertActionStyleDefault);
+  EXPECT_EQ([(UIAlertAction *)[[alertOf(page) actions] objectAtIndex:1] style], UIAlertActionStyleCancel);
   tapAction(page, "Done");
   EXPECT_OBJC_EQ([[UIPasteboard generalPasteboard] string], nil);
 }
@@ -243,6 +296,7 @@ TEST_F(SharingTest, APresetThatCannotBeReadIsNotSharedAsAString) {
   [page shareViaBase64:presetPath(@"bad")];
   SIMDrainMainQueue();
   EXPECT_EQ(describe(alertOf(page)), "Error|Cannot access preset file.|OK:default");
+  EXPECT_FALSE(logged("Attempt to present")) << "nothing is shared";
 }
 
 TEST_F(SharingTest, SharingAsAFileHandsItOverAnchoredAtItsRow) {
@@ -314,14 +368,39 @@ TEST_F(SharingTest, APickerThatIsStillThereGoesBeforeTheError) {
 }
 
 TEST_F(SharingTest, AnErrorWaitsForAPageThatGoesWithoutAnimation) {
+  for (const bool isUnsure : {false, true}) {
+    ZunoPresets *page = showPage();
+    LeavingPage *leaving = [[[LeavingPage alloc] init] autorelease];
+    leaving->presets = page;
+    if (isUnsure) leaving->transition = objcxx::adopt([[UnsureTransition alloc] init]);
+    [page presentViewController:leaving animated:NO completion:nil];
+    const Presentations presentations;
+    [leaving dismissViewControllerAnimated:NO completion:nil];
+    EXPECT_OBJC_EQ([page presentedViewController], nil);
+    wait();
+    EXPECT_EQ(describe(alertOf(page)), "Error|Invalid preset name|OK:default");
+    EXPECT_EQ(presentations.take(), "UIAlertController animated") << "once";
+  }
+}
+
+TEST_F(SharingTest, WhatIsPresentedComesWithAnimation) {
+  writePreset(@"one", @{@"a" : @1});
   ZunoPresets *page = showPage();
-  LeavingPage *leaving = [[[LeavingPage alloc] init] autorelease];
-  leaving->presets = page;
-  [page presentViewController:leaving animated:NO completion:nil];
-  [leaving dismissViewControllerAnimated:NO completion:nil];
-  EXPECT_OBJC_EQ([page presentedViewController], nil);
+  const Presentations presentations;
+  const auto presented = [&](const char *action) {
+    tapAction(page, action);
+    return presentations.take();
+  };
+  [page askForSharedPreset];
+  EXPECT_EQ(presented("Cancel"), "UIAlertController animated");
+  [page importViaBase64Alert];
+  EXPECT_EQ(presented("Cancel"), "UIAlertController animated");
+  [page sharePresetAlert:presetPath(@"one")];
   SIMDrainMainQueue();
-  EXPECT_EQ(describe(alertOf(page)), "Error|Invalid preset name|OK:default");
+  EXPECT_EQ(presented("Share via file"), "UIAlertController animated, UIActivityViewController animated");
+  page = showPage();
+  [page importPresetAlert];
+  EXPECT_EQ(presented("Import from file..."), "UIAlertController animated, UIDocumentPickerViewController animated");
 }
 
 TEST_F(SharingTest, AFileIsJudgedByThePresetOfItsName) {
@@ -355,8 +434,10 @@ TEST_F(SharingTest, TheExtensionIsComparedWithoutCase) {
 }
 
 TEST_F(SharingTest, AFileThatMayNotBeReadIsTold) {
+  writePreset(@"Dark", @{@"ZunoPresetVersion" : @1});
   EXPECT_EQ(pick(@"Dark.plist", "x", SIMSecurityScopeRefused), "Error|Cannot access preset file.|OK:default");
   EXPECT_EQ(openAccesses_, 0u);
+  EXPECT_EQ(listing(kPresets), "Dark.plist");
 }
 
 TEST_F(SharingTest, AFailedCopyIsToldAndEndsTheAccess) {

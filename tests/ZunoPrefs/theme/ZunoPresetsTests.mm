@@ -1,6 +1,7 @@
 #import "theme/ZunoPresets.h"
 
 #import <UIKit/UITableView+Sim.h>
+#import <UIKit/UITableViewCell+Sim.h>
 #import <UIKit/UIBarButtonItem+Sim.h>
 #import <UIKit/UITableViewRowAction+Sim.h>
 #import <dispatch/MainQueue+Sim.h>
@@ -78,6 +79,7 @@ TEST_F(PresetStoreTest, ListsPlistEntriesInListingOrder) {
   }
   ASSERT_EQ([expected count], 3u);
   EXPECT_OBJC_EQ([page presetsArray], expected);
+  EXPECT_FALSE([[page presetsArray] isKindOfClass:[NSMutableArray class]]);
   EXPECT_EQ([page tableView:[page tableView] numberOfRowsInSection:0], 3);
 }
 
@@ -88,6 +90,11 @@ TEST_F(PresetStoreTest, ARowShowsTheNameAt60Points) {
   UITableViewCell *cell = [page tableView:[page tableView] cellForRowAtIndexPath:first];
   EXPECT_OBJC_EQ([[cell textLabel] text], @"My Look ");
   EXPECT_OBJC_EQ([cell reuseIdentifier], @"Cell");
+  EXPECT_EQ([cell sim_style], UITableViewCellStyleDefault);
+  UITableViewCell *shown = [[page tableView] cellForRowAtIndexPath:first];
+  [[page tableView] reloadData];
+  [[page tableView] layoutIfNeeded];
+  EXPECT_EQ([[page tableView] cellForRowAtIndexPath:first], shown) << "cells are used again";
   EXPECT_EQ([page tableView:[page tableView] heightForRowAtIndexPath:first], 60.0);
   EXPECT_TRUE([page tableView:[page tableView] canEditRowAtIndexPath:first]);
 }
@@ -104,6 +111,19 @@ TEST_F(PresetStoreTest, NamesAreCleanedAndChecked) {
   EXPECT_OBJC_EQ(accepted(longest), longest);
   EXPECT_OBJC_EQ(accepted(@"😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀"), @"😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀") << "16 emoji are 32 units";
   EXPECT_OBJC_EQ([page presentedViewController], nil);
+}
+
+TEST_F(PresetStoreTest, SpacesBelongToTheNameThatIsLookedFor) {
+  write([kPresets stringByAppendingString:@"/taken.plist"], "x");
+  ZunoPresets *page = showPage();
+  EXPECT_OBJC_EQ([page validatePresetName:@"taken "], @"taken ");
+  EXPECT_OBJC_EQ([page validatePresetName:@" taken"], @" taken");
+}
+
+TEST_F(PresetStoreTest, NoNameIsNoName) {
+  ZunoPresets *page = showPage();
+  EXPECT_OBJC_EQ([page validatePresetName:nil], nil);
+  EXPECT_EQ(describe(alertOf(page)), "Error|Invalid preset name|OK:default");
 }
 
 TEST_F(PresetStoreTest, RefusedNamesAreToldInTheOrderOfTheChecks) {
@@ -167,6 +187,68 @@ TEST_F(PresetStoreTest, SavingReplacesAPresetOfThatName) {
   writePreferences(kThemeFile, @{@"a" : @1});
   [showPage() savePresetWithName:@"old"];
   EXPECT_OBJC_EQ(preset(@"old"), (@{@"a" : @1, @"ZunoPresetVersion" : @1}));
+}
+
+TEST_F(PresetStoreTest, AThemeThatIsNoDictionaryReplacesAPresetToo) {
+  write([kPresets stringByAppendingString:@"/old.plist"], "old");
+  write(kThemeFile, "damaged");
+  [showPage() savePresetWithName:@"old"];
+  EXPECT_EQ(read([kPresets stringByAppendingString:@"/old.plist"]), "damaged");
+}
+
+TEST_F(PresetStoreTest, TheVersionIsAnInteger) {
+  writePreferences(kThemeFile, @{});
+  [showPage() savePresetWithName:@"new"];
+  EXPECT_NE(read([kPresets stringByAppendingString:@"/new.plist"]).find("<integer>1</integer>"), std::string::npos);
+}
+
+TEST_F(PresetStoreTest, WithoutAThemeNothingHappensToAPresetOfThatNameOrToTheList) {
+  writePreset(@"one", @{@"a" : @1});
+  ZunoPresets *page = showPage();
+  writePreset(@"two", @{@"a" : @2});
+  [page savePresetWithName:@"one"];
+  EXPECT_OBJC_EQ(preset(@"one"), @{@"a" : @1});
+  EXPECT_EQ([[page presetsArray] count], 1u);
+  EXPECT_OBJC_EQ([page presentedViewController], nil);
+}
+
+TEST_F(PresetStoreTest, WhatRemainsOfAnInterruptedCopyIsInNobodysWay) {
+  write([kPresets stringByAppendingString:@"/.copy.partial"], "half");
+  write(kThemeFile, "damaged");
+  [showPage() savePresetWithName:@"new"];
+  EXPECT_EQ(read([kPresets stringByAppendingString:@"/new.plist"]), "damaged");
+  EXPECT_FALSE(exists([kPresets stringByAppendingString:@"/.copy.partial"]));
+}
+
+TEST_F(PresetStoreTest, TheFrameworkHearsOfTheLoadAndThePageDoesNotKeepItsList) {
+  int deaths = 0;
+  CallCounter framework([UITableViewController class], @selector(viewDidLoad));
+  ZunoPresets *page = [(ZunoPresets *)[classNamed("ZunoPresets") alloc] init];
+  (void)[page view];
+  EXPECT_EQ(framework.calls(), 1);
+  [page setPresetsArray:@[ [[[Lifetime alloc] initWithCounter:&deaths] autorelease] ]];
+  [page release];
+  drainPool();
+  EXPECT_EQ(deaths, 1);
+}
+
+TEST_F(PresetStoreTest, WhatIsPresentedComesWithAnimation) {
+  writePreset(@"one", @{@"theme" : @1});
+  ZunoPresets *page = showPage();
+  NSIndexPath *row = [NSIndexPath indexPathForRow:0 inSection:0];
+  const Presentations presentations;
+  const auto presented = [&] {
+    tapAction(page, "Cancel");
+    return presentations.take();
+  };
+  [page newPresetAlert];
+  EXPECT_EQ(presented(), "UIAlertController animated");
+  [page tableView:[page tableView] didSelectRowAtIndexPath:row];
+  EXPECT_EQ(presented(), "UIAlertController animated");
+  (void)[[page tableView] sim_performSwipeActionAtIndex:0 ofRow:row];
+  EXPECT_EQ(presented(), "UIAlertController animated");
+  [page validatePresetName:@""];
+  EXPECT_EQ(presentations.take(), "UIAlertController animated");
 }
 
 TEST_F(PresetStoreTest, TheNewPresetDialogSavesUnderTheCheckedName) {
