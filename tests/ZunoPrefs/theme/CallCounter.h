@@ -1,41 +1,38 @@
 // What the bundle's code sends to the framework's own methods, where nothing else shows it.
 #pragma once
 
-#import <Foundation/Foundation.h>
-#import <objc/runtime.h>
+#import <UIKit/UIKit.h>
 
 #include <string>
 
+#include "support/objc/MethodSpy.h"
+
 namespace testing_support {
 
-/// Counts the calls of one method of a class for as long as it lives; the method does what it did. For methods without a
-/// result and with at most one argument, an object or a whole number. One at a time.
+/// Counts the calls of one method of a class for as long as it lives. For methods without a result and with at most one
+/// argument, an object or a whole number.
 class CallCounter final {
  public:
-  CallCounter(Class owner, SEL selector);
-  ~CallCounter();
-  CallCounter(const CallCounter &) = delete;
-  CallCounter &operator=(const CallCounter &) = delete;
+  CallCounter(Class owner, SEL selector) : spy_(owner, selector, [this](id, NSInteger) { ++calls_; }) {}
 
-  int calls() const;
+  int calls() const { return calls_; }
 
  private:
-  Method method_;
+  int calls_ = 0;
+  MethodSpy<NSInteger> spy_;
 };
 
-/// Notes what pages present for as long as it lives: the class of each, and "animated". One at a time.
+/// Notes what pages present for as long as it lives: the class of each, and "animated".
 class Presentations final {
  public:
   Presentations();
-  ~Presentations();
-  Presentations(const Presentations &) = delete;
-  Presentations &operator=(const Presentations &) = delete;
 
   /// What has been presented since the last call, joined by ", ".
-  static std::string take();
+  std::string take() const;
 
  private:
-  Method method_;
+  mutable std::string seen_;
+  MethodSpy<UIViewController *, BOOL, void (^)(void)> spy_;
 };
 
 }  // namespace testing_support

@@ -89,7 +89,7 @@ TEST_F(EventTest, ARowThatRefusesATapStaysAsItIs) {
 TEST_F(EventTest, SwitchesTakeTruthValues) {
   UISwitch *control = [[[UISwitch alloc] initWithFrame:CGRectZero] autorelease];
   ControlPage *page = startControl(control);
-  EXPECT_EQ(row(0, 0)["control"], Json({{"type", "switch"}}));
+  EXPECT_EQ(row(0, 0)["control"]["type"], "switch");
   EXPECT_EQ(row(0, 0)["value"], false);
   for (const Json &wrong : {Json(1), Json("true"), Json(), Json::array({true}), Json::object()}) {
     expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", wrong}}, 422);

@@ -97,17 +97,18 @@ TEST_F(LookTest, aLabelsShadowIsDescribed) {
 }
 
 TEST_F(LookTest, aLabelMakesItsTextFitDownToItsLeastFactor) {
+  const auto around = view(100, 20);  // A table gives its header its own width.
   const auto label = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectMake(0, 0, 50, 20)]);
+  [around.get() addSubview:label.get()];
+  const auto fontSize = [&]() -> double { return describedView(around.get())["views"][0]["fontSize"]; };
   [label.get() setText:@"A text that needs more than fifty points"];
-  EXPECT_EQ(describedView(label.get())["fontSize"], 17);
+  EXPECT_EQ(fontSize(), 17);
   [label.get() setAdjustsFontSizeToFitWidth:YES];
-  const double fitting = describedView(label.get())["fontSize"];
-  const CGFloat width = [label.get() sizeThatFits:CGSizeZero].width;
-  EXPECT_NEAR(fitting, 17 * 50 / width, 0.01);
+  EXPECT_NEAR(fontSize(), 17 * 50 / [label.get() sizeThatFits:CGSizeZero].width, 0.01);
   [label.get() setMinimumScaleFactor:0.5];
-  EXPECT_EQ(describedView(label.get())["fontSize"], 8.5);
+  EXPECT_EQ(fontSize(), 8.5);
   [label.get() setText:@"A"];
-  EXPECT_EQ(describedView(label.get())["fontSize"], 17);
+  EXPECT_EQ(fontSize(), 17);
 }
 
 TEST_F(LookTest, aTemplateHasTheTintOfItsViewWhichComesFromAbove) {
@@ -258,7 +259,7 @@ TEST_F(LookTest, aRowHasItsOwnLook) {
     [cell setAccessoryView:view(30, 20).get()];
     [cell setSeparatorInset:UIEdgeInsetsMake(0, 5, 0, 7)];
     [cell setHighlighted:YES];
-    [[cell textLabel] setFont:[UIFont boldSystemFontOfSize:20]];
+    [[cell textLabel] setFont:[UIFont systemFontOfSize:20 weight:UIFontWeightBold]];
     [cell setAccessibilityValue:@"on"];
     [cell setAccessibilityHint:@"Opens"];
     [cell setAccessibilityIdentifier:@"row"];
