@@ -176,6 +176,14 @@ class RequestedPointersTest(BothSlicesTest):
         (problem,) = self.judged("requested_pointers", content)
         self.assertIn("does not set up the pointer to _OBJC_CLASS_$_PSListController at", problem)
 
+    def test_a_pointer_that_nothing_asks_for(self):
+        cache, between = self.address("_OBJC_CLASS_$_SampleCell", 16), self.address("_OBJC_CLASS_$_SampleCell", 24)
+        self.assertNotIn(between, self.fixups)
+        self.slice = self.changed(cache, lambda word: word & ~(0x7FF << 51) | 1 << 51)
+        content = self.changed(between, lambda word: self.address("_OBJC_CLASS_$_SamplePage") | 1 << 51)
+        self.assertEqual([f"sets up a pointer at {between:#x} in __objc_data that nothing asks for"],
+                         self.judged("requested_pointers", content))  # fmt: skip
+
     def test_another_order_of_what_runs_first(self):
         ((start, _),) = self.image.section("__init_offsets")
         content = self.changed(start, lambda word: word + 4)
