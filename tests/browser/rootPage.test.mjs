@@ -23,22 +23,22 @@ test('A switch that is flipped is on disk beside the older settings, posted and 
   const toggle = page.getByRole('switch', { name: 'Pull Down to End Apps' });
   assert.equal(await toggle.isChecked(), false);
   await toggle.click();
-  await eventually(async () => assert.deepEqual(await stored(), { ...before, pullToKillEnabled: true }));
+  await eventually(async () => assert.deepEqual(await stored(), { ...before, pullToKillEnabled: 1 }));
   // The file is there a moment before the notification is posted.
   await eventually(async () => assert.deepEqual(await notificationsOf(api), ['com.norvik.Zuno.switcher']));
   const notifications = page.getByRole('list', { name: 'Notifications, newest first' });
   await notifications.getByText('com.norvik.Zuno.switcher').waitFor();
   const shown = contentOf(page, 'com.norvik.Zunoprefs.plist');
-  await eventually(async () => assert.match(await shown.innerText(), /pullToKillEnabled\s+(1|true)/));
+  await eventually(async () => assert.match(await shown.innerText(), /pullToKillEnabled\s+1/));
   await toggle.click();
-  await eventually(async () => assert.equal((await stored()).pullToKillEnabled, false));
+  await eventually(async () => assert.equal((await stored()).pullToKillEnabled, 0));
   await eventually(async () => assert.equal((await notificationsOf(api)).length, 2));
 });
 
 test('The options of the quick switcher come when the user returns, and the slider stores where it was let go', async (t) => {
   const { page, stored, api } = await startZuno(t);
   await page.getByRole('switch', { name: 'Show Options' }).click();
-  await eventually(async () => assert.equal((await stored()).quickSwitcher, true));
+  await eventually(async () => assert.equal((await stored()).quickSwitcher, 1));
   assert.deepEqual(await labelsOf(api), factoryRows);
   await open(page, 'Back to Settings', 'Zuno');
   // The slider hides its title; the static text above it shows it.
@@ -135,7 +135,7 @@ test('A respring is counted, leads back to the top of Settings and forgets what 
   assert.deepEqual(await stored(), { quickSwitcher: 1 });
   await open(page, 'Zuno');
   await page.getByRole('switch', { name: 'Notification Badges' }).click();
-  await eventually(async () => assert.equal((await stored()).NotificationBadges, false));
+  await eventually(async () => assert.equal((await stored()).NotificationBadges, 0));
   await page.getByRole('button', { name: 'Respring', exact: true }).click();
   await page.getByText('2 resprings').waitFor();
 });
@@ -196,7 +196,7 @@ test('Values of the wrong types are shown somehow, and all kept when another is 
   assert.deepEqual((await labelsOf(api))[3], factoryRows[3]);
   for (const label of ['Open To', 'Widgets', 'Default Music App']) await open(page, label, 'Back to Zuno');
   await page.getByRole('switch', { name: 'Show Snapshots' }).click();
-  await eventually(async () => assert.deepEqual(await stored(), { ...wrong, ShowSwitcherWithSnapshots: true }));
+  await eventually(async () => assert.deepEqual(await stored(), { ...wrong, ShowSwitcherWithSnapshots: 1 }));
 });
 
 test('Two tabs show the same device', async (t) => {
@@ -212,7 +212,7 @@ test('Two tabs show the same device', async (t) => {
   await eventually(async () => {
     assert.equal(await first.getByRole('switch', { name: 'Notification Badges' }).isChecked(), false);
   });
-  assert.deepEqual(await stored(), { ShowSwitcherWithSnapshots: true, NotificationBadges: false });
+  assert.deepEqual(await stored(), { ShowSwitcherWithSnapshots: 1, NotificationBadges: 0 });
   await open(second, 'Customise');
   await first.getByRole('heading', { name: 'Customise', level: 2 }).waitFor();
 });

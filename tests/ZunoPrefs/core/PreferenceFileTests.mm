@@ -62,6 +62,27 @@ TEST_F(RowWriteTest, WritingKeepsEveryOtherKeyAndPostsTheRowsNotification) {
   EXPECT_EQ(notifications, std::vector<std::string>{"com.norvik.Zuno.switcher"});
 }
 
+/// YES equals 1, so the types in the file have to be looked at.
+TEST_F(RowWriteTest, ATruthValueIsStoredAsAnIntegerAndEveryOtherValueAsItIs) {
+  const auto stored = [&](id value) {
+    set(value, @{@"key" : @"a"});
+    const std::string text = read(kMainFile);
+    const std::size_t from = text.find("<key>a</key>") + 12;
+    std::string element = text.substr(from, text.rfind("</dict>") - from);
+    std::erase_if(element, [](char c) { return c == '\n' || c == '\t'; });
+    return element;
+  };
+  EXPECT_EQ(stored(@(YES)), "<integer>1</integer>");
+  EXPECT_EQ(stored(@(NO)), "<integer>0</integer>");
+  EXPECT_EQ(stored(@1), "<integer>1</integer>");
+  EXPECT_EQ(stored(@7), "<integer>7</integer>");
+  EXPECT_EQ(stored([NSNumber numberWithChar:-1]), "<integer>-1</integer>");
+  EXPECT_EQ(stored(@0.5), "<real>0.5</real>");
+  EXPECT_EQ(stored(@1.0).substr(0, 6), "<real>");
+  EXPECT_EQ(stored(@"YES"), "<string>YES</string>");
+  EXPECT_EQ(stored(@[ @(YES) ]), "<array><true/></array>");
+}
+
 TEST_F(RowWriteTest, ARowWithoutANotificationPostsNothing) {
   set(@1, @{@"key" : @"a"});
   set(@2, @{@"key" : @"b", @"PostNotification" : @[ @"no name" ]});

@@ -74,6 +74,14 @@ TEST_F(ThemePageTest, OnlyTheLayoutSwitchesRebuildThePage) {
   EXPECT_EQ([page specifiers], before);
 }
 
+TEST_F(ThemePageTest, AValueIsStoredAsTheRowGivesIt) {
+  ZunoCustomiseRootListController *page = newPage();
+  [page setPreferenceValue:@(YES) specifier:rowKeyed(page, @"useCustom")];
+  EXPECT_NE(read(kThemeFile).find("<true/>"), std::string::npos) << "1 would be equal";
+  [page setPreferenceValue:@1 specifier:rowKeyed(page, @"useCustom")];
+  EXPECT_NE(read(kThemeFile).find("<integer>1</integer>"), std::string::npos);
+}
+
 TEST_F(ThemePageTest, TheUserAgentRowFollowsItsParts) {
   ZunoCustomiseRootListController *page = newPage();
   (void)show(page);
