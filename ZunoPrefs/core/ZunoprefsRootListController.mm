@@ -65,6 +65,7 @@ void openAddress(NSString *address) {
 
 - (void)setPreferenceValue:(id)value specifier:(PSSpecifier *)specifier {
   zuno::setRowValue(zuno::integerForTruth(value), specifier, zuno::PreferenceFile::ofDomain(zuno::kMainDomain));
+  if (zuno::isPartOfUserAgent(specifier)) [self reloadSpecifierID:zuno::kUserAgentRow];
 }
 
 - (void)respring {

@@ -4,7 +4,9 @@ import { join } from 'node:path';
 import { test } from 'node:test';
 import { eventually, openPage } from './support/browser.mjs';
 import { propertyListText } from './support/propertyList.mjs';
-import { labelsOf, layFile, mainFile, notificationsOf, open, startZuno, themeFile } from './support/zuno.mjs';
+import {
+  bringInSight, labelsOf, layFile, mainFile, notificationsOf, open, rowOf, startZuno, themeFile,
+} from './support/zuno.mjs';
 
 /** The rows of the root page while no setting has been written. */
 const factoryRows = [
@@ -75,19 +77,21 @@ test('A list of choices marks the stored one, and its title stands on the row af
   await page.getByRole('button', { name: 'First Page', pressed: true }).waitFor();
 });
 
-test('The User-Agent row shows what the two text fields hold once the page is opened again', async (t) => {
-  const { page, stored } = await startZuno(t);
-  const agent = page.getByRole('listitem').filter({ hasText: 'User-Agent' });
-  assert.match(await agent.innerText(), /\(null\)\/\(null\)/);
+test('The User-Agent row in sight follows the two text fields, and stays so when the page is opened again', async (t) => {
+  const { page, stored, api } = await startZuno(t);
+  await bringInSight(api, 'User-Agent');
+  const agent = rowOf(page, 'User-Agent');
+  await agent.getByText('(null)/(null)').waitFor();
   await page.getByRole('textbox', { name: 'Device' }).fill('iPad13,4 🎉');
   await page.keyboard.press('Tab');
-  await eventually(async () => assert.deepEqual(await stored(), { device: 'iPad13,4 🎉' }));
+  await agent.getByText('iPad13,4 🎉/(null)').waitFor();
   const version = page.getByRole('textbox', { name: 'iOS Version' });
   await version.fill('16.5');
   await version.press('Enter');
-  await eventually(async () => assert.equal((await stored()).iosVersion, '16.5'));
+  await agent.getByText('iPad13,4 🎉/16.5').waitFor();
+  assert.deepEqual(await stored(), { device: 'iPad13,4 🎉', iosVersion: '16.5' });
   await open(page, 'Back to Settings', 'Zuno');
-  assert.match(await agent.innerText(), /iPad13,4 🎉\/16\.5/);
+  await agent.getByText('iPad13,4 🎉/16.5').waitFor();
   assert.equal(await page.getByRole('textbox', { name: 'Device' }).inputValue(), 'iPad13,4 🎉');
 });
 

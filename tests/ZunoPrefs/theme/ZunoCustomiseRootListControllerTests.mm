@@ -28,6 +28,12 @@ class ThemePageTest : public ThemeTest {
     PSTableCell *cell = [page cachedCellForSpecifierID:identifier];
     return [[[cell detailTextLabel] text] UTF8String] ?: "none";
   }
+  static void scrollToUserAgent(PSListController *page) {
+    [[page table] scrollToRowAtIndexPath:[page indexPathForSpecifier:[page specifierForID:@"User-Agent"]]
+                        atScrollPosition:UITableViewScrollPositionMiddle
+                                animated:NO];
+    [[page table] layoutIfNeeded];
+  }
 };
 
 TEST_F(ThemePageTest, RowsComeFromCustomiseAndAreCached) {
@@ -82,22 +88,28 @@ TEST_F(ThemePageTest, AValueIsStoredAsTheRowGivesIt) {
   EXPECT_NE(read(kThemeFile).find("<integer>1</integer>"), std::string::npos);
 }
 
-TEST_F(ThemePageTest, TheUserAgentRowFollowsItsParts) {
+TEST_F(ThemePageTest, TheUserAgentRowInSightFollowsItsPartsAtOnce) {
   ZunoCustomiseRootListController *page = newPage();
   (void)show(page);
-  [[page table] layoutIfNeeded];
+  scrollToUserAgent(page);
+  ASSERT_TRUE([[[page table] visibleCells] containsObject:[page cachedCellForSpecifierID:@"User-Agent"]]);
+  EXPECT_EQ(shown(page, @"User-Agent"), "(null)/(null)");
   [page setPreferenceValue:@"iPhone15,2" specifier:rowKeyed(page, @"device")];
+  EXPECT_EQ(shown(page, @"User-Agent"), "iPhone15,2/(null)");
   [page setPreferenceValue:@"16.5" specifier:rowKeyed(page, @"iosVersion")];
-  EXPECT_OBJC_EQ([page readPreferenceValue:rowKeyed(page, @"device")], @"iPhone15,2");
-  SIMDrainMainQueue();
-  [[page table] scrollToRowAtIndexPath:[page indexPathForSpecifier:[page specifierForID:@"User-Agent"]]
-                      atScrollPosition:UITableViewScrollPositionBottom
-                              animated:NO];
-  [[page table] layoutIfNeeded];
-  (void)[page readPreferenceValue:rowKeyed(page, @"iosVersion")];
-  SIMDrainMainQueue();
-  [[page table] layoutIfNeeded];
   EXPECT_EQ(shown(page, @"User-Agent"), "iPhone15,2/16.5");
+}
+
+TEST_F(ThemePageTest, ReadingAPartReloadsTheUserAgentRow) {
+  ZunoCustomiseRootListController *page = newPage();
+  (void)show(page);
+  scrollToUserAgent(page);
+  for (NSString *key in @[ @"device", @"iosVersion" ]) {
+    writePreferences(kThemeFile, @{key : @"new"});
+    const std::string before = shown(page, @"User-Agent");
+    EXPECT_OBJC_EQ([page readPreferenceValue:rowKeyed(page, key)], @"new");
+    EXPECT_NE(shown(page, @"User-Agent"), before) << [key UTF8String];
+  }
 }
 
 TEST_F(ThemePageTest, TheRespringButtonStartsTheTool) {
