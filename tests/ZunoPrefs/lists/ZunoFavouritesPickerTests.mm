@@ -111,6 +111,15 @@ TEST_F(FavouritesTest, AnEmptyDisabledSectionShowsItsPlaceholder) {
   EXPECT_EQ(stored(kKey), "a");
 }
 
+TEST_F(FavouritesTest, AnyOtherSectionIsTitledLikeTheDisabledOneAndItsRowsCanBeEdited) {
+  expectFurtherSections(newEditor(), 0);
+  installAll("abc");
+  store(@[ @"a" ]);
+  expectFurtherSections(loadedEditor(), 2);
+  store(@[ @"a", @"b", @"c" ]);
+  expectFurtherSections(loadedEditor(), 1);
+}
+
 TEST_F(FavouritesTest, ARowShowsNameWholeIdentifierIconAndShadow) {
   installAll("a");
   Editor *editor = loadedEditor();

@@ -88,6 +88,12 @@ TEST_F(WidgetsPickerTest, AnEmptyEnabledSectionShowsAPlaceholderThatDoesNothing)
   EXPECT_EQ(disabled(picker), "KRBMusicView,KRBFavouritesView");
 }
 
+TEST_F(WidgetsPickerTest, AnyOtherSectionIsTitledLikeTheDisabledOneAndItsRowsCanBeEdited) {
+  expectFurtherSections(editor(), 1);
+  store(@[]);
+  expectFurtherSections(editor(), 2);
+}
+
 TEST_F(WidgetsPickerTest, TapsEnableAnyNumber) {
   installFive();
   store(@[ @"KRBMusicView", @"KRBFavouritesView", @"test.a", @"test.b" ]);
