@@ -277,6 +277,15 @@ TEST_F(FavouritesTest, WithTheMasterSwitchOffNoFavouritesAreRead) {
   EXPECT_EQ(enabled(loadedEditor()), "");
 }
 
+TEST_F(FavouritesTest, AChangeWhileTheMasterSwitchIsOffReplacesTheStoredList) {
+  installAll("abc");
+  writePreferences(kMainFile, @{@"Enabled" : @0, kKey : @[ @"test.a", @"test.b" ]});
+  Editor *editor = loadedEditor();
+  EXPECT_EQ(stored(kKey), "a,b") << "showing keeps it";
+  tap(editor, 1, 2);
+  EXPECT_EQ(stored(kKey), "c");
+}
+
 TEST_F(FavouritesTest, TheFirstChangeMakesAFileWithOnlyTheList) {
   installAll("ab");
   Editor *editor = loadedEditor();

@@ -148,6 +148,14 @@ TEST_F(WidgetsPickerTest, WithTheMasterSwitchOffTheDefaultListIsShown) {
   EXPECT_EQ(enabled(editor()), "KRBFavouritesView,KRBMusicView");
 }
 
+TEST_F(WidgetsPickerTest, AChangeWhileTheMasterSwitchIsOffReplacesTheStoredList) {
+  writePreferences(kMainFile, @{@"Enabled" : @0, kKey : @[ @"KRBMusicView" ]});
+  Editor *picker = editor();
+  EXPECT_EQ(stored(kKey), "KRBMusicView") << "showing keeps it";
+  tap(picker, 0, 1);
+  EXPECT_EQ(stored(kKey), "KRBFavouritesView");
+}
+
 TEST_F(WidgetsPickerTest, AFileThatIsNoDictionaryIsNotWritten) {
   write(kMainFile, "damaged");
   Editor *picker = editor();
