@@ -1,4 +1,5 @@
 // Writing preference files through the rows of the root page: what is kept, what is set aside, what is refused.
+#import <CoreFoundation/CFNotificationCenter+Sim.h>
 #import <Preferences/PSSpecifier.h>
 
 #import "core/ZunoprefsRootListController.h"
@@ -81,6 +82,22 @@ TEST_F(RowWriteTest, ATruthValueIsStoredAsAnIntegerAndEveryOtherValueAsItIs) {
   EXPECT_EQ(stored(@1.0).substr(0, 6), "<real>");
   EXPECT_EQ(stored(@"YES"), "<string>YES</string>");
   EXPECT_EQ(stored(@[ @(YES) ]), "<array><true/></array>");
+}
+
+TEST_F(RowWriteTest, TheNotificationIsPostedWhenTheNewValueIsInTheFile) {
+  struct Listener {
+    NSString *file;
+    std::vector<std::string> values;
+  } listener{path(kMainFile), {}};
+  const auto listen = [](NSString *, void *context) {
+    auto *heard = static_cast<Listener *>(context);
+    NSDictionary *contents = [NSDictionary dictionaryWithContentsOfFile:heard->file];
+    heard->values.push_back([[[contents objectForKey:@"a"] description] UTF8String] ?: "none");
+  };
+  SIMSetDarwinPostHandler(listen, &listener);
+  set(@"first", @{@"key" : @"a", @"PostNotification" : @"com.norvik.Zuno.switcher"});
+  set(@"second", @{@"key" : @"a", @"PostNotification" : @"com.norvik.Zuno.switcher"});
+  EXPECT_EQ(listener.values, (std::vector<std::string>{"first", "second"}));
 }
 
 TEST_F(RowWriteTest, ARowWithoutANotificationPostsNothing) {
