@@ -298,7 +298,7 @@ def _commute(file, first, second):
     if all(re.fullmatch(r"\[\w+ release\]", text) for text in texts):
         return True
     setters = [re.fullmatch(r"\[(.+?) (set\w+):.*\]", text, re.DOTALL) for text in texts]
-    return all(setters) and setters[0].groups() != setters[1].groups() and setters[0][1] == setters[1][1]
+    return all(setters) and setters[0].groups() != setters[1].groups()
 
 
 def _swap(file, first, second):

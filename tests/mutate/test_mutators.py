@@ -132,6 +132,7 @@ class MutatorsTest(unittest.TestCase):
 
     def test_neighbours_whose_order_cannot_matter_stay(self):
         self.assertEqual(self.results("[thing setName:a]; [thing setWidth:b];", "swapped statements"), [])
+        self.assertEqual(self.results("[thing setName:a]; [[thing next] setWidth:b];", "swapped statements"), [])
         self.assertEqual(len(self.results("[thing setName:a]; [thing setName:b];", "swapped statements")), 1)
         self.assertEqual(self.results("Thing *b2 = thing; [thing release]; [b2 release];", "swapped statements"), [])
 

@@ -6,7 +6,10 @@
 #import "lists/ZunoFavouritesPicker.h"
 #import "lists/ZunoWidgetsPicker.h"
 
+#include <functional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "ZunoPrefs/lists/EditorTest.h"
 
@@ -26,6 +29,7 @@
  @public
   int reloads;
   std::vector<std::string> calls;
+  std::function<void()> onReload;
 }
 @end
 
@@ -195,6 +199,18 @@ TEST_P(ListEditorsTest, EveryChangeReloadsTheTableAndIsSaved) {
   EXPECT_EQ(table->reloads, 3);
 }
 
+TEST_P(ListEditorsTest, TheTableIsReloadedAfterTheMoveAndBeforeTheListIsSaved) {
+  Editor *editor = editorShowing("ab", "c");
+  WatchedTable *table = watch(editor);
+  std::vector<std::string> atReload;
+  table->onReload = [&] { atReload.push_back(enabled(editor) + " " + saved()); };
+  tap(editor, 1, 0);
+  drag(editor, at(0, 0), at(0, 1));
+  EXPECT_EQ(atReload, (std::vector<std::string>{"a,b,c none", "b,a,c a,b,c"}));
+  EXPECT_EQ(saved(), "b,a,c");
+  table->onReload = nullptr;
+}
+
 TEST_P(ListEditorsTest, ATapOnAPlaceholderReloadsAndSavesNothing) {
   Editor *editor = editorShowing("", "");
   WatchedTable *table = watch(editor);
@@ -287,6 +303,36 @@ TEST_P(ListEditorsTest, ARowHasTheShadowOfAnIcon) {
   EXPECT_EQ([[row imageView] contentMode], UIViewContentModeScaleAspectFit);
 }
 
+TEST_P(ListEditorsTest, AUsedCellIsStyledAnew) {
+  Editor *editor = editorShowing("a", "");
+  UITableViewCell *used = [[[UITableViewCell alloc] initWithStyle:UITableViewCellStyleSubtitle
+                                                  reuseIdentifier:@"Cell"] autorelease];
+  [[used imageView] setClipsToBounds:YES];
+  [[used imageView] setContentMode:UIViewContentModeCenter];
+  auto *table = [[[UsedCellTable alloc] initWithFrame:CGRectZero style:UITableViewStylePlain] autorelease];
+  table->cell = used;
+  ASSERT_EQ([editor tableView:table cellForRowAtIndexPath:at(0, 0)], used);
+  EXPECT_FALSE([[used imageView] clipsToBounds]);
+  EXPECT_EQ([[used imageView] contentMode], UIViewContentModeScaleAspectFit);
+}
+
+TEST_P(ListEditorsTest, LoadingFillsBothSectionsBeforeItReloads) {
+  id editor = newEditor();
+  writePreferences(kMainFile, @{GetParam().key : @[ @"test.b" ]});
+  WatchedTable *table = watch(editor);
+  std::vector<std::string> atReload;
+  table->onReload = [&] { atReload.push_back(enabled(editor) + " " + disabled(editor)); };
+  if ([editor respondsToSelector:@selector(setAppList:)]) {
+    [editor setAppList:records("abc")];
+  } else {
+    [editor setWidgetsList:records("abc")];
+  }
+  [editor loadLists];
+  EXPECT_EQ(atReload, (std::vector<std::string>{enabled(editor) + " " + disabled(editor)}));
+  EXPECT_EQ(enabled(editor), "b");
+  table->onReload = nullptr;
+}
+
 TEST_P(ListEditorsTest, DefaultItemsCannotBeChanged) {
   id editor = newEditor();
   NSMutableArray *list = records("ab");
@@ -375,6 +421,7 @@ INSTANTIATE_TEST_SUITE_P(BothEditors, ListEditorsTest,
 
 - (void)reloadData {
   ++reloads;
+  if (onReload) onReload();
   [super reloadData];
 }
 

@@ -6,6 +6,10 @@
 #import "widgets/ZunoWidgetHolder.h"
 #import "widgets/ZunoWidgetLoader.h"
 
+#include <string>
+#include <vector>
+
+#include "ZunoPrefs/support/Replaced.h"
 #include "ZunoPrefs/support/WidgetTest.h"
 
 namespace {
@@ -162,6 +166,21 @@ TEST_F(WidgetsPickerTest, TheWidgetsAreThoseOfTheSharedLoaderLoadedAnew) {
   EXPECT_EQ(joined([second widgetsList]), "a");
   EXPECT_EQ([second widgetsList], [[(Class)classNamed("ZunoWidgetLoader") sharedInstance] loadedWidgets]);
   EXPECT_EQ(joined([first widgetsList]), "") << "an editor keeps its own";
+}
+
+/// The identifiers that editors had when they were told to load the widgets.
+std::vector<std::string> *identifiersAtLoad = nullptr;
+
+void noteLoad(ZunoWidgetsPicker *picker, SEL) {
+  identifiersAtLoad->emplace_back([[picker prefsIdentifier] UTF8String] ?: "none");
+}
+
+TEST_F(WidgetsPickerTest, TheWidgetsAreLoadedOnceTheIdentifierIsKnown) {
+  std::vector<std::string> identifiers;
+  identifiersAtLoad = &identifiers;
+  const Replaced load(classNamed("ZunoWidgetsPicker"), @selector(loadWidgets), noteLoad);
+  editor();
+  EXPECT_EQ(identifiers, std::vector<std::string>{"com.norvik.Zunoprefs"});
 }
 
 TEST_F(WidgetsPickerTest, TheEditorGoesAwayWithItsPage) {

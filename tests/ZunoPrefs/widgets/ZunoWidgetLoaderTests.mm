@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "ZunoPrefs/support/BuiltBundle.h"
+#include "ZunoPrefs/support/Replaced.h"
 #include "ZunoPrefs/support/WidgetTest.h"
 
 /// What the test widgets answer beyond the contract.
@@ -81,10 +82,33 @@ TEST_F(WidgetLoaderTest, AMissingFolderIsMadeAndHoldsNothing) {
   EXPECT_TRUE(logged("[ZunoWidgetLoader] Loaded 0 widgets!"));
 }
 
-TEST_F(WidgetLoaderTest, AFileInPlaceOfTheFolderGivesNothing) {
+std::vector<std::string> *madeFolders = nullptr;
+
+BOOL noteFolder(id, SEL, NSString *folder, BOOL intermediate, NSDictionary *attributes, NSError **) {
+  madeFolders->push_back(std::string([folder UTF8String]) + (intermediate ? " with those above" : "") +
+                         (attributes ? " with attributes" : ""));
+  return NO;
+}
+
+TEST_F(WidgetLoaderTest, OnlyAFolderIsTakenAsItIs) {
+  std::vector<std::string> made;
+  madeFolders = &made;
+  const auto madeByLoading = [&] {
+    const Replaced make([[NSFileManager defaultManager] class],
+                        @selector(createDirectoryAtPath:withIntermediateDirectories:attributes:error:), noteFolder);
+    made.clear();
+    EXPECT_OBJC_EQ(load(), @[]);
+    return made;
+  };
+  const std::vector<std::string> wanted{std::string([path(kWidgetsFolder) UTF8String]) + " with those above"};
+  EXPECT_EQ(madeByLoading(), wanted) << "there is nothing";
   write(kWidgetsFolder, "a file");
+  EXPECT_EQ(madeByLoading(), wanted) << "there is a file";
   EXPECT_OBJC_EQ(load(), @[]);
   EXPECT_EQ(read(kWidgetsFolder), "a file");
+  ASSERT_TRUE([[NSFileManager defaultManager] removeItemAtPath:path(kWidgetsFolder) error:nullptr]);
+  makeFolder(kWidgetsFolder);
+  EXPECT_EQ(madeByLoading(), std::vector<std::string>());
 }
 
 TEST_F(WidgetLoaderTest, AGoodBundleIsLoadedAndDescribed) {
@@ -101,11 +125,32 @@ TEST_F(WidgetLoaderTest, AGoodBundleIsLoadedAndDescribed) {
   EXPECT_OBJC_EQ([holder preferencesFile], preferences);
   EXPECT_OBJC_EQ(NSStringFromClass([(id)[holder widget] class]), @"FixtureWidget");
   EXPECT_OBJC_EQ([[holder widget] contentView], nil) << "the loader does not set widgets up";
-  const std::vector<std::string> wanted{
-      "[ZunoWidgetLoader] Found bundles: ", line("[ZunoWidgetLoader] Loading: %s", folder), "[ZunoWidgetLoader]: ",
-      "[ZunoWidgetLoader]: Loaded widget: test.good", "[ZunoWidgetLoader] Loaded 1 widgets!"};
-  ASSERT_EQ(log.size(), wanted.size());
-  for (size_t index = 0; index < wanted.size(); ++index) EXPECT_EQ(log[index].rfind(wanted[index], 0), 0u) << log[index];
+  const auto said = [](NSString *format, id object) {
+    return std::string([[NSString stringWithFormat:format, object] UTF8String]);
+  };
+  EXPECT_EQ(log, (std::vector<std::string>{
+                     said(@"[ZunoWidgetLoader] Found bundles: %@", @[ @"good.bundle" ]),
+                     said(@"[ZunoWidgetLoader] Loading: %@", folder),
+                     said(@"[ZunoWidgetLoader]: %@", [holder bundle]),
+                     said(@"[ZunoWidgetLoader]: Loaded widget: %@", @"test.good"),
+                     "[ZunoWidgetLoader] Loaded 1 widgets!",
+                 }));
+}
+
+/// Whether the code of the bundle in question was loaded when its line was logged.
+void noteFreshCode(NSString *line, void *loaded) {
+  if (![line hasPrefix:@"[ZunoWidgetLoader]: "] || [line hasPrefix:@"[ZunoWidgetLoader]: Loaded"]) return;
+  static_cast<std::vector<bool> *>(loaded)->push_back(NSClassFromString(@"FixtureFreshWidget") != Nil);
+}
+
+TEST_F(WidgetLoaderTest, ABundleIsLoggedWhenItsCodeIsLoaded) {
+  installWidget(@"fresh", @"FixtureFreshWidget");
+  ASSERT_EQ(NSClassFromString(@"FixtureFreshWidget"), Nil) << "no other test loads it";
+  std::vector<bool> loaded;
+  SIMSetLogHandler(noteFreshCode, &loaded);
+  EXPECT_EQ([load() count], 1u);
+  SIMSetLogHandler(nullptr, nullptr);
+  EXPECT_EQ(loaded, std::vector<bool>{true});
 }
 
 TEST_F(WidgetLoaderTest, WithoutAPreferencesResourceThereIsNone) {
