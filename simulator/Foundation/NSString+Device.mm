@@ -1,6 +1,7 @@
 // Searching and comparing as on a device, which GNUstep base lacks, and writing that fails with an error and a line in
 // the log.
 #import <Foundation/Foundation.h>
+#import <objc/runtime.h>
 
 #import "Foundation/FileAccess.h"
 
@@ -48,7 +49,11 @@ NSString *withoutMarks(NSString *string) {
   return result != NSOrderedSame ? result : [self compare:string];
 }
 
-- (void)enumerateLinesUsingBlock:(void (^)(NSString *line, BOOL *stop))block {
+@end
+
+namespace {
+
+void enumerateLines(NSString *self, SEL, void (^block)(NSString *line, BOOL *stop)) {
   BOOL stop = NO;
   for (NSUInteger start = 0; start < [self length] && !stop;) {
     NSUInteger next = 0, end = 0;
@@ -56,6 +61,17 @@ NSString *withoutMarks(NSString *string) {
     block([self substringWithRange:NSMakeRange(start, end - start)], &stop);
     start = next;
   }
+}
+
+}  // namespace
+
+@implementation NSString (LinesWhereMissing)
+
++ (void)load {
+  const SEL selector = @selector(enumerateLinesUsingBlock:);
+  // Every implementation is stored as a function of any arguments; the way there leads over void *.
+  class_addMethod((Class)objc_getClass("NSString"), selector,
+                  reinterpret_cast<IMP>(reinterpret_cast<void *>(enumerateLines)), "v@:@?");
 }
 
 @end
