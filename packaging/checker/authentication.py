@@ -1,7 +1,7 @@
 """The rule that what the platform authenticates is signed as it expects, in code for arm64e.
 
 Keys, discriminators and address diversity: the runtime's objc-ptrauth.h and objc-runtime-new.h, the blocks runtime's
-specification of its layout, and clang's page "Pointer Authentication" with PointerAuthOptions.h.
+description of its layout, and clang's page "Pointer Authentication" with PointerAuthOptions.h.
 """
 
 import struct

@@ -142,7 +142,8 @@ int copyItem(const std::string& from, const std::string& to) {
   if (isPresent(to)) return EEXIST;
   const int error = copyTree(from, to);
   std::error_code ignored;
-  if (error != 0) std::filesystem::remove_all(to, ignored);
+  // What stands there when the name is taken is somebody else's.
+  if (error != 0 && error != EEXIST) std::filesystem::remove_all(to, ignored);
   return error;
 }
 
@@ -153,6 +154,13 @@ int moveItem(const std::string& from, const std::string& to) {
   if (const int error = copyItem(from, to)) return error;
   std::error_code error;
   std::filesystem::remove_all(from, error);
+  return error.value();
+}
+
+int removeItem(const std::string& path) {
+  if (!isPresent(path)) return ENOENT;
+  std::error_code error;
+  std::filesystem::remove_all(path, error);
   return error.value();
 }
 

@@ -43,6 +43,10 @@ int copyItem(const std::string& from, const std::string& to);
 /// `errno` value.
 int moveItem(const std::string& from, const std::string& to);
 
+/// Removes the file, the symbolic link or the folder with all that lies below it. Returns 0 or an `errno` value; some of a
+/// folder may be gone then.
+int removeItem(const std::string& path);
+
 /// Makes the folder at `path`, with those above it that are missing when it is `withParents`; then one that is there
 /// already will do. Returns 0 or an `errno` value.
 int makeFolder(const std::string& path, bool withParents);

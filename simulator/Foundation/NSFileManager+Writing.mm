@@ -1,8 +1,10 @@
-// Making, copying and moving files and folders as on a device: GNUstep's own take a file for the folder that is wanted,
+// Making, copying, moving and removing files and folders as on a device: GNUstep's own take a file for the folder that is wanted,
 // leave part of a copy behind, and have the reason of a failure wrong.
 #import <Foundation/Foundation.h>
 
 #import "Foundation/FileAccess.h"
+
+#include <cerrno>
 
 // Replacing the methods of the class is what this file is for.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
@@ -21,6 +23,14 @@
   if (number == 0) return YES;
   return sim::reportFailedWrite(error, [NSString stringWithFormat:@"%@ was not moved to %@", from, to],
                                 sim::writeError(from, number));
+}
+
+- (BOOL)removeItemAtPath:(NSString *)path error:(NSError **)error {
+  const int number = sim::removeItem(sim::fileSystemPath(path));
+  if (number == 0) return YES;
+  NSError *reason = sim::writeError(path, number);
+  if (number == ENOENT) return sim::report(error, reason);  // What is wanted is so already.
+  return sim::reportFailedWrite(error, [NSString stringWithFormat:@"%@ was not removed", path], reason);
 }
 
 - (BOOL)createDirectoryAtPath:(NSString *)path

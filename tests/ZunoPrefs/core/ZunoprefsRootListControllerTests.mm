@@ -121,8 +121,12 @@ TEST_F(RootPageTest, EachPickerIsPushedAnimatedAndThenTheBackButtonStays) {
     int pushes = 0;
     MethodSpy<UIViewController *, BOOL> push(
         [UINavigationController class], @selector(pushViewController:animated:),
-        [&](id, UIViewController *, BOOL animated) {
+        [&](id, UIViewController *pushed, BOOL animated) {
           ++pushes;
+          if ([pushed respondsToSelector:@selector(maxEnabled)]) {
+            EXPECT_EQ([(NorvikAppListTableViewController *)pushed maxEnabled], 1) << action << ": set before the push";
+            EXPECT_FALSE([(NorvikAppListTableViewController *)pushed showBundleIdentifierOnTap]) << action << ": and this after";
+          }
           EXPECT_TRUE(animated) << action;
           EXPECT_TRUE([[page navigationItem] hidesBackButton]) << action << ": not before the push";
         });

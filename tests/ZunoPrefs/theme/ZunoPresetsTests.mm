@@ -213,9 +213,15 @@ TEST_F(PresetStoreTest, WithoutAThemeNothingHappensToAPresetOfThatNameOrToTheLis
 }
 
 TEST_F(PresetStoreTest, WhatRemainsOfAnInterruptedCopyIsInNobodysWay) {
+  NSString *ofTheme = [[kThemeFile stringByDeletingLastPathComponent] stringByAppendingString:@"/.copy.partial"];
+  write(ofTheme, "half");
+  write([kPresets stringByAppendingString:@"/.copy.partial"], "half");
+  ZunoPresets *page = showPage();
+  EXPECT_FALSE(exists(ofTheme)) << "the page tidies up";
+  EXPECT_FALSE(exists([kPresets stringByAppendingString:@"/.copy.partial"]));
   write([kPresets stringByAppendingString:@"/.copy.partial"], "half");
   write(kThemeFile, "damaged");
-  [showPage() savePresetWithName:@"new"];
+  [page savePresetWithName:@"new"];
   EXPECT_EQ(read([kPresets stringByAppendingString:@"/new.plist"]), "damaged");
   EXPECT_FALSE(exists([kPresets stringByAppendingString:@"/.copy.partial"]));
 }

@@ -159,6 +159,18 @@ TEST_F(FailedWriteTest, AFolderOrFileThatCannotBeMade) {
                                 line(path(kFolder), "File exists"), notWritten(below, "Not a directory")));
 }
 
+TEST_F(FailedWriteTest, ARemovalThatFailsSaysSoUnlessThereIsNothingToRemove) {
+  NSFileManager *files = [NSFileManager defaultManager];
+  NSError *error = nil;
+  EXPECT_FALSE([files removeItemAtPath:path(@"/missing") error:&error]);
+  EXPECT_EQ([error code], NSFileNoSuchFileError);
+  EXPECT_THAT(log_, IsEmpty());
+  error = nil;
+  EXPECT_FALSE([files removeItemAtPath:@"/proc/version" error:&error]) << "which nobody may remove";
+  EXPECT_OBJC_NE(error, nil);
+  EXPECT_THAT(log_, ElementsAre("[Foundation] /proc/version was not removed: Operation not permitted"));
+}
+
 TEST_F(FailedWriteTest, WhatSucceedsSaysNothing) {
   NSFileManager *files = [NSFileManager defaultManager];
   NSString *tree = path(@"/tree");
@@ -183,6 +195,8 @@ TEST_F(FailedWriteTest, WhatSucceedsSaysNothing) {
   EXPECT_TRUE([files moveItemAtPath:path(@"/copy") toPath:path(@"/moved") error:nullptr]);
   EXPECT_EQ(read(@"/moved/deep/file"), "content");
   EXPECT_FALSE(exists(@"/copy"));
+  EXPECT_TRUE([files removeItemAtPath:path(@"/moved") error:nullptr]);
+  EXPECT_FALSE(exists(@"/moved"));
   for (id content in contents()) EXPECT_TRUE([content writeToFile:path(@"/written") atomically:YES]);
   EXPECT_THAT(log_, IsEmpty());
 }
