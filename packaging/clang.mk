@@ -17,9 +17,9 @@ SLICES = $(ARCHS:%=$(OUT)/%/$(ZUNO_NAME))
 SOURCE_NAMES = $(ZUNO_SOURCES:$(TREE)/ZunoPrefs/%=%)
 TOOLS = packaging/device-clang packaging/arm64e $(wildcard packaging/pointerauth/*.py)
 
-COMPILE_FLAGS = $(ZUNO_CFLAGS) $(ZUNO_CXXFLAGS) -ffile-prefix-map=$(CURDIR)=.
+COMPILE_FLAGS = $(ZUNO_CFLAGS) $(ZUNO_CXXFLAGS) "-ffile-prefix-map=$(CURDIR)=."
 LINK_FLAGS = -install_name $(PREFIX)$(ZUNO_BUNDLE_FOLDER)/$(ZUNO_NAME).bundle/$(ZUNO_NAME) \
-  -F$(SDK)/System/Library/PrivateFrameworks \
+  "-F$(SDK)/System/Library/PrivateFrameworks" \
   $(addprefix -framework ,$(ZUNO_FRAMEWORKS) $(ZUNO_PRIVATE_FRAMEWORKS)) \
   $(addprefix -l,$(ZUNO_LIBRARIES)) $(ZUNO_LDFLAGS)
 
@@ -27,11 +27,12 @@ LINK_FLAGS = -install_name $(PREFIX)$(ZUNO_BUNDLE_FOLDER)/$(ZUNO_NAME).bundle/$(
 define slice_rules
 $(OUT)/$(1)/%.o: ZunoPrefs/% packaging/bundle.mk packaging/clang.mk $(TOOLS)
 	@mkdir -p $$(@D)
-	packaging/device-clang $(1)-apple-ios$(ZUNO_DEPLOYMENT_TARGET) $(SDK) -c $$< -o $$@ \
+	packaging/device-clang $(1)-apple-ios$(ZUNO_DEPLOYMENT_TARGET) "$(SDK)" -c $$< -o $$@ \
 	  $(COMPILE_FLAGS) -MMD -MF $$(@:.o=.d) -MT $$@
 
 $(OUT)/$(1)/$(ZUNO_NAME): $(SOURCE_NAMES:%=$(OUT)/$(1)/%.o) $(wildcard packaging/stubs/*)
-	packaging/device-clang $(1)-apple-ios$(ZUNO_DEPLOYMENT_TARGET) $(SDK) -dynamiclib $$(filter %.o,$$^) -o $$@ $(LINK_FLAGS)
+	packaging/device-clang $(1)-apple-ios$(ZUNO_DEPLOYMENT_TARGET) "$(SDK)" -dynamiclib $$(filter %.o,$$^) -o $$@ \
+	  $(LINK_FLAGS)
 
 -include $(SOURCE_NAMES:%=$(OUT)/$(1)/%.d)
 endef

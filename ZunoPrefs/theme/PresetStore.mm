@@ -24,11 +24,13 @@ NSString *cleaned(NSString *name) {
   return [kept stringByReplacingOccurrencesOfString:kExtension withString:@""];
 }
 
+/// Where a copy on its way into `folder` lies. A name of its own length: the longest file names leave no room for a suffix.
+NSString *partialCopyIn(NSString *folder) { return [folder stringByAppendingPathComponent:@".copy.partial"]; }
+
 }  // namespace
 
 bool copyWhole(NSString *from, NSString *to) {
-  // A name of its own length: the longest file names leave no room for a suffix.
-  NSString *partial = [[to stringByDeletingLastPathComponent] stringByAppendingPathComponent:@".copy.partial"];
+  NSString *partial = partialCopyIn([to stringByDeletingLastPathComponent]);
   [files() removeItemAtPath:partial error:nullptr];
   if ([files() copyItemAtPath:from toPath:partial error:nullptr] &&
       [files() moveItemAtPath:partial toPath:to error:nullptr]) {
@@ -44,6 +46,10 @@ NSArray *presetPaths() {
     [files() createDirectoryAtPath:folder withIntermediateDirectories:YES attributes:nil error:nullptr];
   }
   if (!isWritableFolder(folder)) NSLog(@"[Zuno] No preset can be saved: %@ is no folder that may be written", folder);
+  // What is left of a copy that was cut off, of a preset or of the theme.
+  for (NSString *place in @[ folder, preferencesFolder() ]) {
+    [files() removeItemAtPath:partialCopyIn(place) error:nullptr];
+  }
   NSMutableArray *paths = [NSMutableArray array];
   for (NSString *entry in [files() contentsOfDirectoryAtPath:folder error:nullptr]) {
     if ([entry hasSuffix:kExtension]) [paths addObject:[folder stringByAppendingPathComponent:entry]];
@@ -60,7 +66,7 @@ NSString *pathOfPreset(NSString *name) {
 bool presetExists(NSString *name) { return [files() fileExistsAtPath:pathOfPreset(name)]; }
 
 PresetName checkPresetName(NSString *name) {
-  NSString *kept = cleaned(name ?: @"");
+  NSString *kept = cleaned(name);
   NSString *trimmed = [kept stringByTrimmingCharactersInSet:[NSCharacterSet whitespaceCharacterSet]];
   if ([trimmed length] == 0) return {nil, @"Invalid preset name"};
   if ([kept length] > kLongestName) return {nil, @"Preset name is too long"};

@@ -98,7 +98,7 @@ def _unquoted(text):
 
 @dataclass
 class Map:
-    """What the linker put where: `objects` by number, `places` as (object, label) with their address, and their sizes."""
+    """What the linker put where: `objects` by number; `places` and `sizes`, addresses and bytes, by (object, label)."""
 
     objects: dict[int, str]
     places: dict[tuple[int, str], int]

@@ -1,11 +1,10 @@
 """The rule that what the platform authenticates is signed as it expects, in code for arm64e.
 
 Keys, discriminators and address diversity: the runtime's objc-ptrauth.h and objc-runtime-new.h, the blocks runtime's
-specification of its layout, and clang's page "Pointer Authentication" with PointerAuthOptions.h.
+description of its layout, and clang's page "Pointer Authentication" with PointerAuthOptions.h.
 """
 
 import struct
-
 from pathlib import Path
 
 from . import fixups, macho
@@ -39,11 +38,12 @@ def signed_pointers(subject):
 
 
 def _tables(subject, image):
-    """(name, address, size) of the virtual tables: all when the linker's map is there, else what is sure of those exported."""
+    """(name, address, size) of the virtual tables: of all with the linker's map, else the first entry of those exported."""
     if subject.link_map is None:
         return [(name, address, 24) for name, address in image.defined.items() if name.startswith("__ZTV")]
     placed = read_map(Path(subject.link_map).read_text(encoding="utf-8"))
-    return [(key[1], address, placed.sizes[key]) for key, address in placed.places.items() if key[1].startswith("__ZTV")]
+    tables = [key for key in placed.places if key[1].startswith("__ZTV")]
+    return [(key[1], placed.places[key], placed.sizes[key]) for key in tables]
 
 
 class _Judge:
@@ -64,7 +64,8 @@ class _Judge:
         yield from self._constant_objects()
         yield from self._virtual_tables()
         for address, found in self._fixups.items():
-            if self._is_code(found) and not found.signed and self._section(address) not in _LOADED_BY_CODE | _RUN_BY_DYLD:
+            plain = self._is_code(found) and not found.signed
+            if plain and self._section(address) not in _LOADED_BY_CODE | _RUN_BY_DYLD:
                 yield f"does not sign the pointer to code at {address:#x}"
 
     def _section(self, address):
@@ -94,7 +95,8 @@ class _Judge:
     def _classes(self):
         classes = list(self._targets("__objc_classlist"))
         for address in classes:
-            name = self._image.text(self._target(self._class_ro(address) + 24, f"the name of the class at {address:#x}"))
+            name = self._target(self._class_ro(address) + 24, f"the name of the class at {address:#x}")
+            name = self._image.text(name)
             yield from self._class(address, f"class {name}")
             yield from self._class(self._target(address, f"the isa of class {name}"), f"metaclass {name}")
         flags = [self._image.read("II", address)[1] for address, _ in self._image.section("__objc_imageinfo")]

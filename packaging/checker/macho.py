@@ -181,7 +181,7 @@ def _segment(found, position):
 
 
 def labels(data):
-    """(address, name) of every symbol that a file of one slice defines, also for the linker alone. Raises MachOError."""
+    """(address, name) of every symbol that a file of one slice defines, for the linker too. Raises MachOError."""
     found = []
     try:
         position = 32

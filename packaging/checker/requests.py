@@ -9,7 +9,7 @@ _LINKER_MADE = {"__got", "__la_symbol_ptr"}
 
 
 def requested_pointers(subject):
-    """In code for arm64e whose assembly is at hand, each pointer is set up as the assembly asks, and no other one is."""
+    """In code for arm64e whose assembly is at hand, each pointer is set up as that asks, and no other one is."""
     if subject.link_map is None:
         return
     for words, _, image in subject.images:
@@ -43,8 +43,8 @@ def _problems(image, link_map):
                 fault = _fault(image, found.get(start + offset), pointer, own, text)
                 if fault:
                     yield f"{fault} at {label}+{offset} of {path}"
-    run = [image.read("I", slot)[0] for start, size in image.section("__init_offsets") for slot in range(start, start + size, 4)]
-    if run != initialisers:
+    offsets = [slot for start, size in image.section("__init_offsets") for slot in range(start, start + size, 4)]
+    if [image.read("I", slot)[0] for slot in offsets] != initialisers:
         yield "does not run the functions first that are to initialise it"
     for address in sorted(found.keys() - explained):
         section = next(s.name for s in image.sections if s.address <= address < s.address + s.size)

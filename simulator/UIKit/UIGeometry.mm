@@ -1,5 +1,7 @@
 #import <UIKit/UIGeometry.h>
 
+#import <objc/runtime.h>
+
 #include <array>
 #include <cstdlib>
 #include <cstring>
@@ -29,11 +31,17 @@ std::optional<std::array<CGFloat, Count>> numbersIn(NSString *string) {
   return numbers;
 }
 
-// What the value holds if that is a structure of this type, else `otherwise`.
+bool holds(NSValue *value, const char *structure) { return std::strcmp([value objCType], structure) == 0; }
+
+/// Has the values of a class of GNUstep's, which holds a point, a size or a rectangle, name the structure as a device does.
 template <typename Structure>
-Structure contentOf(NSValue *value, Structure otherwise) {
-  if (std::strcmp([value objCType], @encode(Structure)) == 0) [value getValue:&otherwise];
-  return otherwise;
+void nameStructure(const char *className) {
+  const auto name = +[](id, SEL) -> const char * { return @encode(Structure); };
+  Class values = (Class)objc_getClass(className);
+  // Every implementation is stored as a function of any arguments; the way there leads over void *.
+  if (values) {
+    class_replaceMethod(values, @selector(objCType), reinterpret_cast<IMP>(reinterpret_cast<void *>(name)), "r*@:");
+  }
 }
 
 }  // namespace
@@ -66,16 +74,23 @@ CGRect CGRectFromString(NSString *string) {
 
 @implementation NSValue (UIGeometryExtensions)
 
++ (void)load {
+  nameStructure<CGPoint>("GSPointValue");
+  nameStructure<CGSize>("GSSizeValue");
+  nameStructure<CGRect>("GSRectValue");
+}
+
+// GNUstep takes structures of the same numbers for each other, so its own are used for the way in and out.
 + (NSValue *)valueWithCGPoint:(CGPoint)point {
-  return [self valueWithBytes:&point objCType:@encode(CGPoint)];
+  return [self valueWithPoint:NSMakePoint(point.x, point.y)];
 }
 
 + (NSValue *)valueWithCGSize:(CGSize)size {
-  return [self valueWithBytes:&size objCType:@encode(CGSize)];
+  return [self valueWithSize:NSMakeSize(size.width, size.height)];
 }
 
 + (NSValue *)valueWithCGRect:(CGRect)rect {
-  return [self valueWithBytes:&rect objCType:@encode(CGRect)];
+  return [self valueWithRect:NSMakeRect(rect.origin.x, rect.origin.y, rect.size.width, rect.size.height)];
 }
 
 + (NSValue *)valueWithUIEdgeInsets:(UIEdgeInsets)insets {
@@ -83,19 +98,27 @@ CGRect CGRectFromString(NSString *string) {
 }
 
 - (CGPoint)CGPointValue {
-  return contentOf(self, CGPointZero);
+  if (!holds(self, @encode(CGPoint))) return CGPointZero;
+  const NSPoint point = [self pointValue];
+  return CGPointMake(point.x, point.y);
 }
 
 - (CGSize)CGSizeValue {
-  return contentOf(self, CGSizeZero);
+  if (!holds(self, @encode(CGSize))) return CGSizeZero;
+  const NSSize size = [self sizeValue];
+  return CGSizeMake(size.width, size.height);
 }
 
 - (CGRect)CGRectValue {
-  return contentOf(self, CGRectZero);
+  if (!holds(self, @encode(CGRect))) return CGRectZero;
+  const NSRect rect = [self rectValue];
+  return CGRectMake(rect.origin.x, rect.origin.y, rect.size.width, rect.size.height);
 }
 
 - (UIEdgeInsets)UIEdgeInsetsValue {
-  return contentOf(self, UIEdgeInsetsZero);
+  UIEdgeInsets insets = UIEdgeInsetsZero;
+  if (holds(self, @encode(UIEdgeInsets))) [self getValue:&insets];
+  return insets;
 }
 
 @end

@@ -1,5 +1,6 @@
 #import <UIKit/UIPopoverPresentationController+Sim.h>
 
+#import <Foundation/NotCarried.h>
 #import <UIKit/UIBarButtonItem.h>
 #import <UIKit/UIView.h>
 #include <objcxx/Retained.h>
@@ -56,6 +57,8 @@ struct PopoverState {
 }
 
 - (void)setPermittedArrowDirections:(UIPopoverArrowDirection)directions {
+  sim::notCarried(@"UIPopoverPresentationController.permittedArrowDirections",
+                  @"A popover is shown as a sheet, without an arrow.");
   _popoverState->arrows = directions;
 }
 

@@ -98,7 +98,8 @@ targets:         [ arm64-ios, arm64e-ios ]
 install-name:    '/usr/lib/libSystem.B.dylib'
 exports:
   - targets:         [ arm64-ios, arm64e-ios ]
-    symbols:         [ dyld_stub_binder, _optional, _outside, __NSConcreteGlobalBlock, ___CFConstantStringClassReference ]
+    symbols:         [ dyld_stub_binder, _optional, _outside, __NSConcreteGlobalBlock,
+                       ___CFConstantStringClassReference ]
 ...
 """
 OBJC = """--- !tapi-tbd
@@ -242,7 +243,7 @@ class PackageTest(unittest.TestCase):
     def build(self):
         """Makes the package and returns its path."""
         root = self.folder / "root"
-        shutil.rmtree(root / "var", ignore_errors=True)
+        shutil.rmtree(root / "var/jb/Library/Zuno", ignore_errors=True)
         files = {
             f"{BUNDLE}/Info.plist": self.info, f"{BUNDLE}/Root.plist": self.root_list, ENTRY: self.entry,
             f"{BUNDLE}/Sample": self.code, **self.files,

@@ -93,7 +93,8 @@ class SignedPointersTest(BothSlicesTest):
             ):  # fmt: skip
                 with self.subTest(name=name, bit=bit):
                     content = self.changed(address, lambda word: word ^ 1 << bit)
-                    self.assertEqual([f"signs {name} with {found}, not {wanted}"], self.judged("signed_pointers", content))
+                    problems = self.judged("signed_pointers", content)
+                    self.assertEqual([f"signs {name} with {found}, not {wanted}"], problems)
 
     def test_one_of_each_kind_that_is_not_signed(self):
         for address, _, _, name in self.places():
@@ -164,8 +165,8 @@ class RequestedPointersTest(BothSlicesTest):
         slot = self.address("_OBJC_CLASS_$_SampleCell", 8)
         content = self.changed(slot, lambda word: word ^ 1 << 32)
         (problem,) = self.judged("requested_pointers", content)
-        self.assertIn("signs the pointer to _OBJC_CLASS_$_SamplePage with (da, 46506, address), not (da, 46507, address),"
-                      " at _OBJC_CLASS_$_SampleCell+8 of ", problem)  # fmt: skip
+        words = "signs the pointer to _OBJC_CLASS_$_SamplePage with (da, 46506, address), not (da, 46507, address),"
+        self.assertIn(words + " at _OBJC_CLASS_$_SampleCell+8 of ", problem)
 
     def test_a_pointer_that_is_not_set_up(self):
         before, skipped = self.address("_OBJC_CLASS_$_SamplePage"), self.address("_OBJC_CLASS_$_SamplePage", 8)
@@ -174,6 +175,14 @@ class RequestedPointersTest(BothSlicesTest):
         content = self.changed(before, lambda word: word & ~(0x7FF << 51) | steps << 51)
         (problem,) = self.judged("requested_pointers", content)
         self.assertIn("does not set up the pointer to _OBJC_CLASS_$_PSListController at", problem)
+
+    def test_a_pointer_that_nothing_asks_for(self):
+        cache, between = self.address("_OBJC_CLASS_$_SampleCell", 16), self.address("_OBJC_CLASS_$_SampleCell", 24)
+        self.assertNotIn(between, self.fixups)
+        self.slice = self.changed(cache, lambda word: word & ~(0x7FF << 51) | 1 << 51)
+        content = self.changed(between, lambda word: self.address("_OBJC_CLASS_$_SamplePage") | 1 << 51)
+        self.assertEqual([f"sets up a pointer at {between:#x} in __objc_data that nothing asks for"],
+                         self.judged("requested_pointers", content))  # fmt: skip
 
     def test_another_order_of_what_runs_first(self):
         ((start, _),) = self.image.section("__init_offsets")
@@ -201,7 +210,8 @@ class SameSlicesTest(BothSlicesTest):
         ], sorted(self.other(lacking)))  # fmt: skip
 
     def test_a_class_and_an_export_that_one_slice_lacks(self):
-        more = SIGNED_SOURCE + "@interface Extra : NSObject @end\n@implementation Extra @end\nint extra() { return 1; }\n"
+        more = "@interface Extra : NSObject @end\n@implementation Extra @end\nint extra() { return 1; }\n"
+        more = SIGNED_SOURCE + more
         problems = self.other(more)
         for what in ("the class Extra", "the export _OBJC_CLASS_$_Extra", "the export __Z5extrav"):
             self.assertIn(f"{INSTALL_NAME} (arm64e) lacks {what}, which is in the slice for arm64", problems)

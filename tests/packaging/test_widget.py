@@ -11,6 +11,7 @@ from fixture import TREE, PackageTest, sdk_folder, write
 
 from checker import macho, objc, signature
 
+SETTINGS = {"CanonicalName": "iphoneos15.5", "Version": "15.5", "MaximumDeploymentTarget": "15.5.99"}
 CODE = """
 __attribute__((objc_root_class)) @interface NSObject { Class isa; } @end
 @interface SampleWidget : NSObject
@@ -33,7 +34,7 @@ class WidgetTest(PackageTest):
         super().setUp()
         self.sdk = self.folder / "an sdk"
         shutil.copytree(sdk_folder(), self.sdk)
-        write(self.sdk / "SDKSettings.json", json.dumps({"Version": "15.5", "MaximumDeploymentTarget": "15.5.99"}))
+        write(self.sdk / "SDKSettings.json", json.dumps(SETTINGS))
         (self.sdk / "usr/include/c++/v1").mkdir(parents=True)
         for name in ("Foundation", "UIKit", "CoreGraphics", "QuartzCore"):
             write(self.sdk / f"System/Library/Frameworks/{name}.framework/{name}.tbd", EMPTY.format(name))
@@ -65,7 +66,8 @@ class WidgetTest(PackageTest):
         self.assertEqual(f"{self.bundle} (arm64 arm64e )\n", self.made())
         self.assertEqual({"Info.plist", "Sample", "en.lproj"}, {path.name for path in self.bundle.iterdir()})
         self.assertTrue((self.bundle / "en.lproj/Localizable.strings").exists())
-        self.assertEqual([0o755, 0o755], [path.stat().st_mode & 0o777 for path in (self.bundle, self.bundle / "Sample")])
+        for path in (self.bundle, self.bundle / "Sample"):
+            self.assertEqual(0o755, path.stat().st_mode & 0o777)
         for image in self.slices():
             self.assertEqual((8, macho.PLATFORM_IOS, (15, 0)), (image.filetype, image.platform, image.minimum))
             self.assertIsNone(signature.problem(image))
@@ -117,7 +119,8 @@ class DocumentTest(PackageTest):
     def test_every_command_of_the_page_is_one_of_the_program(self):
         section = (TREE / "docs/widgets.md").read_text().split("## Build for a device")[1]
         commands = re.findall(r"packaging/widget [^`\n]*", section)
-        self.assertEqual(["packaging/widget --sdk SDK FOLDER...", "packaging/widget --sdk SDK samples/widgets/*/"], commands)
+        documented = ["packaging/widget --sdk SDK FOLDER...", "packaging/widget --sdk SDK samples/widgets/*/"]
+        self.assertEqual(documented, commands)
         usage = subprocess.run([TREE / "packaging/widget", "--help"], capture_output=True, text=True).stdout
         for option in re.findall(r"`(--\w+)", section):
             self.assertIn(option, usage)

@@ -6,10 +6,20 @@
 #import "lists/ZunoFavouritesPicker.h"
 #import "lists/ZunoWidgetsPicker.h"
 
+#include <cmath>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "ZunoPrefs/lists/EditorTest.h"
+#include "ZunoPrefs/support/Replaced.h"
+
+/// An image of any size in points.
+@interface SizedImage : UIImage {
+ @public
+  CGSize size;
+}
+@end
 
 /// What both editors answer.
 @protocol ToneTester <NSObject>
@@ -41,7 +51,11 @@ class IconToneTest : public EditorTest, public ::testing::WithParamInterface<con
       const Pixel colour = pixel < dark ? kBlack : other;
       bytes.insert(bytes.end(), {colour.red, colour.green, colour.blue, 255});
     }
-    NSData *data = [NSData dataWithBytes:bytes.data() length:bytes.size()];
+    return image(width, height, scale, [NSData dataWithBytes:bytes.data() length:bytes.size()]);
+  }
+
+  /// An image that says that it has width × height pixels, over a buffer of any length.
+  static UIImage *image(int width, int height, CGFloat scale, NSData *data) {
     CGDataProviderRef provider = CGDataProviderCreateWithCFData((CFDataRef)data);
     CGColorSpaceRef space = CGColorSpaceCreateDeviceRGB();
     CGImageRef bitmap = CGImageCreate(width, height, 8, 32, width * 4, space, kCGImageAlphaLast, provider, nullptr, false,
@@ -96,8 +110,54 @@ TEST_P(IconToneTest, AnImageWithoutABitmapHasNoDarkPixels) {
   UIImage *withoutBitmap = [[[UIImage alloc] initWithCIImage:core] autorelease];
   ASSERT_TRUE([withoutBitmap CGImage] == nullptr);
   EXPECT_FALSE([editor() isImageDark:withoutBitmap]);
+  core = [CIImage imageWithCGImage:[image(2, 2, 1, 4) CGImage]];
+  EXPECT_FALSE([editor() isImageDark:[[[UIImage alloc] initWithCIImage:core] autorelease]]) << "not even one";
   EXPECT_TRUE([editor() isImageDark:[[[UIImage alloc] init] autorelease]]) << "an area of zero has a threshold of zero";
   EXPECT_TRUE([editor() isImageDark:nil]);
+}
+
+TEST_P(IconToneTest, AnEmptyBufferHasNoDarkPixels) {
+  EXPECT_FALSE([editor() isImageDark:image(10, 10, 1, [NSData data])]);
+  EXPECT_FALSE([editor() isImageDark:image(2, 2, 1, [NSData data])]);
+  EXPECT_TRUE([editor() isImageDark:image(2, 1, 1, [NSData data])]) << "no pixel is needed";
+}
+
+TEST_P(IconToneTest, TheWholeBufferIsWalkedWhateverTheSizeSays) {
+  const std::uint8_t dark[4 * 45] = {};
+  EXPECT_TRUE([editor() isImageDark:image(10, 10, 1, [NSData dataWithBytes:dark length:sizeof dark])]);
+  EXPECT_FALSE([editor() isImageDark:image(10, 10, 1, [NSData dataWithBytes:dark length:sizeof dark - 4])]);
+  EXPECT_TRUE([editor() isImageDark:image(10, 10, 1, [NSData dataWithBytes:dark length:sizeof dark - 3])])
+      << "what the last group lacks counts as zero";
+}
+
+TEST_P(IconToneTest, ABufferOfOneByteIsAGroup) {
+  EXPECT_TRUE([editor() isImageDark:image(2, 2, 1, [NSData dataWithBytes:"" length:1])]);
+}
+
+TEST_P(IconToneTest, TheThresholdStaysWithinTheIntegersBounds) {
+  UIImage *white = image(2, 2, 1, 0);
+  const auto isDark = [&](CGFloat width, CGFloat height) {
+    SizedImage *sized = [[[SizedImage alloc] initWithCGImage:[white CGImage]] autorelease];
+    sized->size = CGSizeMake(width, height);
+    return [editor() isImageDark:sized];
+  };
+  EXPECT_FALSE(isDark(1e6, 1e6)) << "an area that no integer holds";
+  EXPECT_TRUE(isDark(-1e6, 1e6));
+  EXPECT_TRUE(isDark(-1, 2)) << "the threshold is 0, with the sign of -0.9";
+  EXPECT_TRUE(isDark(NAN, 1)) << "no number counts as 0";
+}
+
+TEST_P(IconToneTest, ABitmapThatCannotBeReadHasNoDarkPixels) {
+  NSMutableData *file = [[UIImagePNGRepresentation(image(2, 2, 1, 4)) mutableCopy] autorelease];
+  const NSRange pixels = [file rangeOfData:[NSData dataWithBytes:"IDAT" length:4]
+                                   options:0
+                                     range:NSMakeRange(0, [file length])];
+  ASSERT_NE(pixels.location, static_cast<NSUInteger>(NSNotFound));
+  [file resetBytesInRange:NSMakeRange(NSMaxRange(pixels), 4)];
+  UIImage *damaged = [UIImage imageWithData:file];
+  ASSERT_TRUE(damaged != nil) << "its start says how large it is";
+  ASSERT_TRUE(CGDataProviderCopyData(CGImageGetDataProvider([damaged CGImage])) == nullptr);
+  EXPECT_FALSE([editor() isImageDark:damaged]);
 }
 
 TEST_P(IconToneTest, AnImageFromABitmapHasNoInversion) {
@@ -122,6 +182,34 @@ TEST_P(IconToneTest, AnImageFromACoreImageImageIsInverted) {
   EXPECT_EQ(firstPixel([editor() invertImage:inverted]), (std::vector<int>{10, 200, 255}));
 }
 
+/// The messages that filters got, in order.
+std::vector<std::string> *filterMessages = nullptr;
+
+void noteDefaults(id, SEL) { filterMessages->push_back("setDefaults"); }
+void noteInput(id, SEL, CIImage *image) { filterMessages->push_back(image ? "an input" : "no input"); }
+
+TEST_P(IconToneTest, TheFilterTakesItsDefaultsBeforeItsInput) {
+  CIImage *core = [CIImage imageWithCGImage:[image(2, 2, 1, 0) CGImage]];
+  UIImage *recipe = [[[UIImage alloc] initWithCIImage:core] autorelease];
+  id subject = editor();
+  std::vector<std::string> messages;
+  filterMessages = &messages;
+  Class filter = [[CIFilter filterWithName:@"CIColorInvert"] class];
+  const Replaced defaults(filter, @selector(setDefaults), noteDefaults);
+  const Replaced input(filter, @selector(setInputImage:), noteInput);
+  EXPECT_OBJC_EQ([subject invertImage:recipe], nil) << "the filter got nothing";
+  EXPECT_OBJC_EQ([subject invertImage:image(2, 2, 1, 0)], nil);
+  EXPECT_EQ(messages, (std::vector<std::string>{"setDefaults", "an input", "setDefaults", "no input"}));
+}
+
 INSTANTIATE_TEST_SUITE_P(BothEditors, IconToneTest, ::testing::Values("ZunoFavouritesPicker", "ZunoWidgetsPicker"));
 
 }  // namespace
+
+@implementation SizedImage
+
+- (CGSize)size {
+  return size;
+}
+
+@end

@@ -9,6 +9,16 @@
 
 #include "ZunoPrefs/lists/EditorTest.h"
 
+/// A record of an app that has no name, and no icon unless it is given one.
+@interface BareRecord : NSObject {
+ @private
+  UIImage *_icon;
+}
+@property(nonatomic, retain) UIImage *icon;
+- (NSString *)displayName;
+- (NSString *)bundleIdentifier;
+@end
+
 namespace {
 
 NSString *const kKey = @"FavouriteApplications";
@@ -109,6 +119,15 @@ TEST_F(FavouritesTest, AnEmptyDisabledSectionShowsItsPlaceholder) {
   EXPECT_FALSE([editor tableView:[editor tableView] canEditRowAtIndexPath:at(1, 0)]);
   tap(editor, 1, 0);
   EXPECT_EQ(stored(kKey), "a");
+}
+
+TEST_F(FavouritesTest, AnyOtherSectionIsTitledLikeTheDisabledOneAndItsRowsCanBeEdited) {
+  expectFurtherSections(newEditor(), 0);
+  installAll("abc");
+  store(@[ @"a" ]);
+  expectFurtherSections(loadedEditor(), 2);
+  store(@[ @"a", @"b", @"c" ]);
+  expectFurtherSections(loadedEditor(), 1);
 }
 
 TEST_F(FavouritesTest, ARowShowsNameWholeIdentifierIconAndShadow) {
@@ -268,6 +287,15 @@ TEST_F(FavouritesTest, WithTheMasterSwitchOffNoFavouritesAreRead) {
   EXPECT_EQ(enabled(loadedEditor()), "");
 }
 
+TEST_F(FavouritesTest, AChangeWhileTheMasterSwitchIsOffReplacesTheStoredList) {
+  installAll("abc");
+  writePreferences(kMainFile, @{@"Enabled" : @0, kKey : @[ @"test.a", @"test.b" ]});
+  Editor *editor = loadedEditor();
+  EXPECT_EQ(stored(kKey), "a,b") << "showing keeps it";
+  tap(editor, 1, 2);
+  EXPECT_EQ(stored(kKey), "c");
+}
+
 TEST_F(FavouritesTest, TheFirstChangeMakesAFileWithOnlyTheList) {
   installAll("ab");
   Editor *editor = loadedEditor();
@@ -278,7 +306,7 @@ TEST_F(FavouritesTest, TheFirstChangeMakesAFileWithOnlyTheList) {
 TEST_F(FavouritesTest, RecordsWithoutANameOrIconAreShownAllTheSame) {
   id editor = newEditor();
   SIMDrainMainQueue();
-  [editor setApps:@[ [[[NSClassFromString(@"BareRecord") alloc] init] autorelease] ]];
+  [editor setApps:@[ [[[BareRecord alloc] init] autorelease] ]];
   EXPECT_EQ(disabled(editor), "bare");
   UITableViewCell *row = cell(editor, 1, 0);
   EXPECT_OBJC_EQ([[row textLabel] text], nil);
@@ -289,14 +317,81 @@ TEST_F(FavouritesTest, RecordsWithoutANameOrIconAreShownAllTheSame) {
 TEST_F(FavouritesTest, TwoRecordsWithOneIdentifierAreBothEnabledAndListedOnce) {
   id editor = newEditor();
   SIMDrainMainQueue();
-  Class record = NSClassFromString(@"BareRecord");
-  NSArray *twins = @[ [[[record alloc] init] autorelease], [[[record alloc] init] autorelease] ];
+  NSArray *twins = @[ [[[BareRecord alloc] init] autorelease], [[[BareRecord alloc] init] autorelease] ];
   [editor setApps:twins];
   EXPECT_EQ(disabled(editor), "bare");
   writePreferences(kMainFile, @{kKey : @[ @"test.bare" ]});
   [editor setApps:twins];
   EXPECT_EQ(enabled(editor), "bare,bare");
   EXPECT_EQ(disabled(editor), "");
+}
+
+TEST_F(FavouritesTest, TheInstalledAppsAreCopied) {
+  installAll("ab");
+  NSMutableArray *apps = [NSMutableArray arrayWithObject:[[[BareRecord alloc] init] autorelease]];
+  auto *editor = (ZunoFavouritesPicker *)loadedEditor();
+  EXPECT_FALSE([[editor appList] isKindOfClass:[NSMutableArray class]]);
+  [editor setApps:apps];
+  [apps removeAllObjects];
+  EXPECT_EQ(joined([editor appList]), "bare");
+  EXPECT_FALSE([[editor appList] isKindOfClass:[NSMutableArray class]]);
+  EXPECT_EQ(joined([editor defaultItems]), "bare");
+  EXPECT_EQ(disabled((Editor *)editor), "bare");
+}
+
+TEST_F(FavouritesTest, AnotherDomainWithoutAFileStartsEmptyAndOneWithAFileReadsTheMainFile) {
+  installAll("ab");
+  store(@[ @"a" ]);
+  const auto opened = [&] {
+    id editor = [(ZunoFavouritesPicker *)[classNamed("ZunoFavouritesPicker") alloc] initWithIdentifier:@"test.other"];
+    SIMDrainMainQueue();
+    return (Editor *)[editor autorelease];
+  };
+  EXPECT_EQ(enabled(opened()), "");
+  writePreferences(@"/var/jb/var/mobile/Library/Preferences/test.other.plist", @{kKey : @[ @"test.b" ]});
+  EXPECT_EQ(enabled(opened()), "a");
+}
+
+TEST_F(FavouritesTest, ARowShowsTheIconAndTheWholeIdentifier) {
+  auto *editor = (ZunoFavouritesPicker *)loadedEditor();
+  BareRecord *app = [[[BareRecord alloc] init] autorelease];
+  UIImage *icon = [[[UIImage alloc] init] autorelease];
+  [app setIcon:icon];
+  [editor setApps:@[ app ]];
+  UITableViewCell *row = cell((Editor *)editor, 1, 0);
+  EXPECT_EQ([[row imageView] image], icon) << "unchanged";
+  EXPECT_OBJC_EQ([[row detailTextLabel] text], @"test.bare");
+}
+
+TEST_F(FavouritesTest, ThePlaceholderTakesTheCellThatHeldTheLastApp) {
+  auto *editor = (ZunoFavouritesPicker *)loadedEditor();
+  BareRecord *app = [[[BareRecord alloc] init] autorelease];
+  [app setIcon:[[[UIImage alloc] init] autorelease]];
+  [editor setApps:@[ app ]];
+  show(editor);
+  UITableView *table = [editor tableView];
+  [table layoutIfNeeded];
+  tap((Editor *)editor, 1, 0);
+  [table layoutIfNeeded];
+  UITableViewCell *placeholder = [table cellForRowAtIndexPath:at(1, 0)];
+  ASSERT_TRUE(placeholder != nil);
+  EXPECT_OBJC_EQ([[placeholder textLabel] text], @"No Favourites Are Disabled...");
+  EXPECT_OBJC_EQ([[placeholder detailTextLabel] text], @"");
+  EXPECT_OBJC_EQ([[placeholder imageView] image], nil);
+}
+
+TEST_F(FavouritesTest, APageThatIsLeftBeforeTheAppsArriveLivesUntilThenAndNoLonger) {
+  installAll("ab");
+  int deaths = 0;
+  @autoreleasepool {
+    id editor = newEditor();
+    [editor setPrefsIdentifier:(id)[[[Lifetime alloc] initWithCounter:&deaths] autorelease]];
+  }
+  EXPECT_EQ(deaths, 0) << "the request for the apps holds the editor";
+  @autoreleasepool {
+    SIMDrainMainQueue();
+  }
+  EXPECT_EQ(deaths, 1);
 }
 
 TEST_F(FavouritesTest, TheEditorGoesAwayWithItsPage) {
@@ -313,18 +408,22 @@ TEST_F(FavouritesTest, TheEditorGoesAwayWithItsPage) {
 
 }  // namespace
 
-/// A record of an app that has neither name nor icon.
-@interface BareRecord : NSObject
-@end
 
 @implementation BareRecord
+
+@synthesize icon = _icon;
+
+- (void)dealloc {
+  [_icon release];
+  [super dealloc];
+}
+
 - (NSString *)displayName {
   return nil;
 }
+
 - (NSString *)bundleIdentifier {
   return @"test.bare";
 }
-- (UIImage *)icon {
-  return nil;
-}
+
 @end

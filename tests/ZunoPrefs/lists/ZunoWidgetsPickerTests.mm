@@ -4,7 +4,12 @@
 
 #import "core/ZunoprefsRootListController.h"
 #import "widgets/ZunoWidgetHolder.h"
+#import "widgets/ZunoWidgetLoader.h"
 
+#include <string>
+#include <vector>
+
+#include "ZunoPrefs/support/Replaced.h"
 #include "ZunoPrefs/support/WidgetTest.h"
 
 namespace {
@@ -88,6 +93,12 @@ TEST_F(WidgetsPickerTest, AnEmptyEnabledSectionShowsAPlaceholderThatDoesNothing)
   EXPECT_EQ(disabled(picker), "KRBMusicView,KRBFavouritesView");
 }
 
+TEST_F(WidgetsPickerTest, AnyOtherSectionIsTitledLikeTheDisabledOneAndItsRowsCanBeEdited) {
+  expectFurtherSections(editor(), 1);
+  store(@[]);
+  expectFurtherSections(editor(), 2);
+}
+
 TEST_F(WidgetsPickerTest, TapsEnableAnyNumber) {
   installFive();
   store(@[ @"KRBMusicView", @"KRBFavouritesView", @"test.a", @"test.b" ]);
@@ -122,6 +133,67 @@ TEST_F(WidgetsPickerTest, DroppingBelowTheLastIsCutToTheEndAfterTheEviction) {
   EXPECT_EQ(enabled(picker), "KRBMusicView,a,b,c," + first);
 }
 
+TEST_F(WidgetsPickerTest, ADragIntoFourStoresWithoutTheEvicted) {
+  installFive();
+  store(@[ @"KRBMusicView", @"KRBFavouritesView", @"test.a", @"test.b" ]);
+  Editor *picker = editor();
+  const NSUInteger others = [[picker menuItemsDisabled] count];
+  drag(picker, at(1, 0), at(0, 0));
+  EXPECT_EQ([[picker menuItems] count], 4u);
+  EXPECT_EQ([[picker menuItemsDisabled] count], others - 1);
+  EXPECT_FALSE(contains(stored(kKey), "b"));
+}
+
+TEST_F(WidgetsPickerTest, AUsedCellKeepsTheEmptyDetailOfAPlaceholder) {
+  store(@[]);
+  Editor *picker = editor();
+  show(picker);
+  UITableView *table = [picker tableView];
+  [table layoutIfNeeded];
+  tap(picker, 1, 0);
+  [table layoutIfNeeded];
+  UITableViewCell *row = [table cellForRowAtIndexPath:at(0, 0)];
+  EXPECT_OBJC_EQ([[row textLabel] text], @"Music View");
+  EXPECT_EQ([[[row detailTextLabel] text] length], 0u);
+  EXPECT_OBJC_EQ([[row imageView] image], nil);
+}
+
+TEST_F(WidgetsPickerTest, TheWidgetsAreThoseOfTheSharedLoaderLoadedAnew) {
+  auto *first = (ZunoWidgetsPicker *)editor();
+  EXPECT_OBJC_EQ([first widgetsList], @[]);
+  installWidget(@"a", @"FixtureWidget");
+  auto *second = (ZunoWidgetsPicker *)editor();
+  EXPECT_EQ(joined([second widgetsList]), "a");
+  EXPECT_EQ([second widgetsList], [[(Class)classNamed("ZunoWidgetLoader") sharedInstance] loadedWidgets]);
+  EXPECT_EQ(joined([first widgetsList]), "") << "an editor keeps its own";
+}
+
+/// The identifiers that editors had when they were told to load the widgets.
+std::vector<std::string> *identifiersAtLoad = nullptr;
+
+void noteLoad(ZunoWidgetsPicker *picker, SEL) {
+  identifiersAtLoad->emplace_back([[picker prefsIdentifier] UTF8String] ?: "none");
+}
+
+TEST_F(WidgetsPickerTest, TheWidgetsAreLoadedOnceTheIdentifierIsKnown) {
+  std::vector<std::string> identifiers;
+  identifiersAtLoad = &identifiers;
+  const Replaced load(classNamed("ZunoWidgetsPicker"), @selector(loadWidgets), noteLoad);
+  editor();
+  EXPECT_EQ(identifiers, std::vector<std::string>{"com.norvik.Zunoprefs"});
+}
+
+TEST_F(WidgetsPickerTest, TheEditorGoesAwayWithItsPage) {
+  int deaths = 0;
+  @autoreleasepool {
+    Editor *picker = editor();
+    show(picker);
+    [(NSMutableArray *)[picker menuItemsDisabled] addObject:[[[Lifetime alloc] initWithCounter:&deaths] autorelease]];
+    show([[[UIViewController alloc] init] autorelease]);
+  }
+  EXPECT_EQ(deaths, 1);
+}
+
 TEST_F(WidgetsPickerTest, StoredDuplicatesAndUnknownIdentifiers) {
   installWidget(@"a", @"FixtureWidget");
   store(@[ @"test.a", @"test.a", @"test.gone", @3, @"KRBMusicView" ]);
@@ -140,6 +212,14 @@ TEST_F(WidgetsPickerTest, AStoredValueThatIsNoListEnablesNothingAndIsKept) {
 TEST_F(WidgetsPickerTest, WithTheMasterSwitchOffTheDefaultListIsShown) {
   writePreferences(kMainFile, @{@"Enabled" : @0, kKey : @[]});
   EXPECT_EQ(enabled(editor()), "KRBFavouritesView,KRBMusicView");
+}
+
+TEST_F(WidgetsPickerTest, AChangeWhileTheMasterSwitchIsOffReplacesTheStoredList) {
+  writePreferences(kMainFile, @{@"Enabled" : @0, kKey : @[ @"KRBMusicView" ]});
+  Editor *picker = editor();
+  EXPECT_EQ(stored(kKey), "KRBMusicView") << "showing keeps it";
+  tap(picker, 0, 1);
+  EXPECT_EQ(stored(kKey), "KRBFavouritesView");
 }
 
 TEST_F(WidgetsPickerTest, AFileThatIsNoDictionaryIsNotWritten) {

@@ -1,11 +1,11 @@
 #include "ZunoPrefs/support/BundleTest.h"
 
+#include "ZunoPrefs/support/BuiltBundle.h"
+
 #import <CoreFoundation/CFNotificationCenter+Sim.h>
 #import <Foundation/SIMLog.h>
 #import <UIKit/UIApplication+Sim.h>
 #import <dispatch/MainQueue+Sim.h>
-
-#include <dlfcn.h>
 
 namespace testing_support {
 namespace {
@@ -24,7 +24,6 @@ NSString *const kThemeFile = @"/var/jb/var/mobile/Library/Preferences/com.norvik
 void BundleTest::SetUp() {
   DeviceTest::SetUp();
   makeFolder(@"/var/jb/var/mobile/Library/Preferences");
-  ASSERT_TRUE([bundle() load]);
   pendingRootReload() = NO;
   SIMSetDarwinPostHandler(append, &notifications);
   SIMSetOpenURLHandler(appendURL, &openedURLs);
@@ -42,9 +41,7 @@ void BundleTest::TearDown() {
   DeviceTest::TearDown();
 }
 
-NSBundle *BundleTest::bundle() {
-  return [NSBundle bundleWithPath:@BUILD_FOLDER "/device-root/var/jb/Library/PreferenceBundles/ZunoPrefs.bundle"];
-}
+NSBundle *BundleTest::bundle() { return builtBundle(); }
 
 Class BundleTest::classNamed(const char *name) {
   Class found = [bundle() classNamed:[NSString stringWithUTF8String:name]];
@@ -52,15 +49,7 @@ Class BundleTest::classNamed(const char *name) {
   return found;
 }
 
-BOOL &BundleTest::pendingRootReload() {
-  auto *flag = static_cast<BOOL *>(dlsym(RTLD_DEFAULT, "pendingRootReload"));
-  if (!flag) {  // NSBundle opens the code without making its symbols global.
-    void *code = dlopen([[bundle() executablePath] fileSystemRepresentation], RTLD_NOLOAD | RTLD_LAZY);
-    flag = static_cast<BOOL *>(dlsym(code, "pendingRootReload"));
-    dlclose(code);
-  }
-  return *flag;
-}
+BOOL &BundleTest::pendingRootReload() { return *static_cast<BOOL *>(builtSymbol("pendingRootReload")); }
 
 void BundleTest::writePreferences(NSString *devicePath, NSDictionary *contents) {
   EXPECT_TRUE([contents writeToFile:path(devicePath) atomically:YES]);

@@ -10,9 +10,9 @@ extern "C" const char *__asan_default_options() {
 #endif
 
 int main(int argc, char **argv) {
-  ::testing::InitGoogleMock(&argc, argv);
   SIMStartFoundation();
   @autoreleasepool {
+    ::testing::InitGoogleMock(&argc, argv);  // Parameters of tests may be objects.
     return RUN_ALL_TESTS();
   }
 }

@@ -1,0 +1,60 @@
+// The bundle's plain C++ functions, for tests that call them: each is the one in the built bundle, so that these tests
+// try the code that is installed and not a second compile of its source.
+#include "ZunoPrefs/support/BuiltBundle.h"
+#include "cells/PackageStatus.hpp"
+#include "core/PropertyListScan.hpp"
+#include "core/PropertyListScanFile.hpp"
+#include "lists/ToneKernel.hpp"
+#include "lists/ToneKernelVariants.hpp"
+
+namespace {
+
+template <typename Function>
+Function *built(const char *symbol) {
+  return reinterpret_cast<Function *>(testing_support::builtSymbol(symbol));
+}
+
+}  // namespace
+
+namespace zuno {
+
+std::optional<std::string_view> statusField(std::string_view record, std::string_view name) noexcept {
+  static auto *const function =
+      built<decltype(statusField)>("_ZN4zuno11statusFieldESt17basic_string_viewIcSt11char_traitsIcEES3_");
+  return function(record, name);
+}
+
+PropertyListScan scanPropertyList(std::span<const std::byte> document, std::string_view key) noexcept {
+  static auto *const function = built<decltype(scanPropertyList)>(
+      "_ZN4zuno16scanPropertyListESt4spanIKSt4byteLm18446744073709551615EESt17basic_string_viewIcSt11char_traitsIcEE");
+  return function(document, key);
+}
+
+std::int32_t countDarkGroups(std::span<const std::uint8_t> bytes) noexcept {
+  static auto *const function =
+      built<decltype(countDarkGroups)>("_ZN4zuno15countDarkGroupsESt4spanIKhLm18446744073709551615EE");
+  return function(bytes);
+}
+
+std::span<const detail::ToneVariant> detail::toneVariants() noexcept {
+  static auto *const function = built<decltype(toneVariants)>("_ZN4zuno6detail12toneVariantsEv");
+  return function();
+}
+
+}  // namespace zuno
+
+// A constructor and a destructor have no name in C++ that could be called, so these stand in under the linker's names.
+#define FILE_BYTES_MAKE "_ZN4zuno9FileBytesC1EPKc"
+#define FILE_BYTES_END "_ZN4zuno9FileBytesD1Ev"
+void makeFileBytes(zuno::FileBytes *file, const char *path) asm(FILE_BYTES_MAKE);
+void endFileBytes(zuno::FileBytes *file) asm(FILE_BYTES_END);
+
+void makeFileBytes(zuno::FileBytes *file, const char *path) {
+  static auto *const function = built<decltype(makeFileBytes)>(FILE_BYTES_MAKE);
+  function(file, path);
+}
+
+void endFileBytes(zuno::FileBytes *file) {
+  static auto *const function = built<decltype(endFileBytes)>(FILE_BYTES_END);
+  function(file);
+}
