@@ -93,11 +93,14 @@ packages_become_root() {
 
 packages_install() {
   echo "Installing ${missing[*]}"
-  local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=120 -o Dpkg::Use-Pty=0) unknown
-  "${apt[@]}" -q update
+  # The progress goes through a descriptor of its own: apt takes the one that it is told to use away from dpkg. sudo closes
+  # all but three, so it is opened behind sudo.
+  local unknown apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive sh -c 'exec apt-get -q "$@" 3>&1' apt-get
+    -o APT::Status-Fd=3 -o Dpkg::Use-Pty=0 -o DPkg::Lock::Timeout=120)
+  "${apt[@]}" update
   unknown=$(comm -23 <(printf '%s\n' "${missing[@]}" | sort) <(packages_known | sort))
   [ -z "$unknown" ] || refuse "needs what no package source of this machine has: ${unknown//$'\n'/ }. See $PWD/$stages_log."
-  "${apt[@]}" -q -y -o APT::Status-Fd=1 install --no-install-recommends "${missing[@]}"
+  "${apt[@]}" -y install --no-install-recommends "${missing[@]}"
 }
 
 # Those of the missing packages that apt could install.
