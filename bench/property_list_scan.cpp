@@ -75,7 +75,7 @@ Node theme() {
   return root;
 }
 
-using Write = void(plist_t node, char** text, std::uint32_t* size);
+using Write = decltype(plist_to_xml);
 
 void writeTo(const std::string& path, plist_t root, Write* write) {
   char* text = nullptr;
@@ -94,8 +94,12 @@ bool lookUpByScan(const std::string& path, const std::string& key) {
 bool lookUpWithLibplist(const std::string& path, const std::string& key) {
   const zuno::FileBytes file(path.c_str());
   plist_t root = nullptr;
-  plist_from_memory(reinterpret_cast<const char*>(file.bytes().data()), static_cast<std::uint32_t>(file.bytes().size()),
-                    &root);
+  const auto* bytes = reinterpret_cast<const char*>(file.bytes().data());
+  const auto size = static_cast<std::uint32_t>(file.bytes().size());
+  if (plist_is_binary(bytes, size))
+    plist_from_bin(bytes, size, &root);
+  else
+    plist_from_xml(bytes, size, &root);
   const Node owner(root, plist_free);
   return root && plist_dict_get_item(root, key.c_str());
 }

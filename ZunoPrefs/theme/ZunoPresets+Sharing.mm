@@ -166,11 +166,10 @@ void presentLater(UIViewController *page, UIViewController *presented) {
                                          applicationActivities:nil] autorelease];
   // Large screens show the sheet beside the preset's row.
   const NSUInteger row = [[self presetsArray] indexOfObject:path];
-  UIView *source = row == NSNotFound ? [self view] : [self tableView];
   UIPopoverPresentationController *popover = [sheet popoverPresentationController];
-  [popover setSourceView:source];
+  [popover setSourceView:[self tableView]];
   [popover setSourceRect:row == NSNotFound
-                             ? [source bounds]
+                             ? [[self tableView] bounds]
                              : [[self tableView] rectForRowAtIndexPath:[NSIndexPath indexPathForRow:(NSInteger)row
                                                                                           inSection:0]]];
   presentLater(self, sheet);

@@ -36,22 +36,21 @@ class _Program:
         return self._data[self._position - 1]
 
     def unsigned(self):
-        value = shift = 0
-        while True:
-            byte = self.byte()
-            value |= (byte & 0x7F) << shift
-            shift += 7
-            if byte < 0x80:
-                return value
+        return self._leb128()[0]
 
     def signed(self):
-        value = shift = 0
+        value, bits = self._leb128()
+        return value - (1 << bits) if value >> (bits - 1) else value
+
+    def _leb128(self):
+        """The number, and how many bits it was written with."""
+        value = bits = 0
         while True:
             byte = self.byte()
-            value |= (byte & 0x7F) << shift
-            shift += 7
+            value |= (byte & 0x7F) << bits
+            bits += 7
             if byte < 0x80:
-                return value - (1 << shift) if byte & 0x40 else value
+                return value, bits
 
     def text(self):
         end = self._data.find(b"\0", self._position)

@@ -78,6 +78,7 @@ CGRect CGRectFromString(NSString *string) {
   nameStructure<CGPoint>("GSPointValue");
   nameStructure<CGSize>("GSSizeValue");
   nameStructure<CGRect>("GSRectValue");
+  nameStructure<UIEdgeInsets>("GSEdgeInsetsValue");  // Newer versions have this class too.
 }
 
 // GNUstep takes structures of the same numbers for each other, so its own are used for the way in and out.

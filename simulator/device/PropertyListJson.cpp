@@ -188,7 +188,12 @@ class Converter {
 std::optional<nlohmann::json> propertyListJson(std::string_view bytes) {
   if (!isSafePropertyList(bytes)) return std::nullopt;
   plist_t raw = nullptr;
-  plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &raw);
+  const auto size = static_cast<std::uint32_t>(bytes.size());
+  // The library's own choice of the format knows more formats in newer versions, which the guard does not.
+  if (plist_is_binary(bytes.data(), size))
+    plist_from_bin(bytes.data(), size, &raw);
+  else
+    plist_from_xml(bytes.data(), size, &raw);
   const Plist document(raw);
   if (!document) return std::nullopt;
   return Converter().convert(document.get());

@@ -18,7 +18,11 @@ class Parsed final {
  public:
   explicit Parsed(const std::string& document) {
     plist_t root = nullptr;
-    plist_from_memory(document.data(), static_cast<std::uint32_t>(document.size()), &root);
+    const auto size = static_cast<std::uint32_t>(document.size());
+    if (plist_is_binary(document.data(), size))
+      plist_from_bin(document.data(), size, &root);
+    else
+      plist_from_xml(document.data(), size, &root);
     root_.reset(root);
   }
 

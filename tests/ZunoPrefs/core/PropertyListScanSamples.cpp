@@ -173,7 +173,7 @@ plist_t randomNode(Random& random, std::size_t depth, std::string& xml, ScannedV
   }
 }
 
-std::string written(plist_t root, void (*write)(plist_t, char**, std::uint32_t*)) {
+std::string written(plist_t root, decltype(plist_to_xml)* write) {
   char* text = nullptr;
   std::uint32_t size = 0;
   write(root, &text, &size);

@@ -271,6 +271,7 @@ TEST_F(PresetStoreTest, TheNewPresetDialogSavesUnderTheCheckedName) {
   enter(page, 0, @"ab");
   tapAction(page, "Save");
   EXPECT_EQ(describe(alertOf(page)), "Error|Preset with this name already exists|OK:default");
+  EXPECT_EQ(listing(kPresets), "ab.plist") << "what is refused is not saved under another name";
   tapAction(page, "OK");
   EXPECT_OBJC_EQ([page presentedViewController], nil);
 }

@@ -26,7 +26,7 @@ std::string xml(const std::string& content) {
 std::string binary(const std::string& content) {
   const std::string text = xml(content);
   plist_t node = nullptr;
-  plist_from_memory(text.data(), static_cast<std::uint32_t>(text.size()), &node);
+  plist_from_xml(text.data(), static_cast<std::uint32_t>(text.size()), &node);
   char* bytes = nullptr;
   std::uint32_t length = 0;
   plist_to_bin(node, &bytes, &length);
