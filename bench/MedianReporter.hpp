@@ -4,6 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,10 +21,10 @@ class MedianReporter final : public benchmark::ConsoleReporter {
     }
   }
 
-  /// The processor time of one iteration, in the benchmark's unit; 0 when `name` was not run.
-  double median(const std::string& name) const {
+  /// The processor time of one iteration, in the benchmark's unit; nothing when `name` was not run.
+  std::optional<double> median(const std::string& name) const {
     const auto found = medians_.find(name);
-    return found == medians_.end() ? 0 : found->second;
+    return found == medians_.end() ? std::nullopt : std::optional(found->second);
   }
 
  private:

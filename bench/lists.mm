@@ -1,5 +1,5 @@
-// How the time that the two list editors need grows with the number of apps and widgets. Closes with one line a claim,
-// the ratio of the medians for twice as much: about 2 means that the time is linear.
+// How the time that the two list editors need grows with the number of apps and widgets. The claims are the ratios of the
+// medians for twice as much: about 2 means that the time is linear, about 4 that it is quadratic.
 #import <Foundation/SIMDevice.h>
 #import <NorvikAppList/NorvikAppList.h>
 #import <UIKit/UIKit.h>
@@ -7,12 +7,14 @@
 #import <objcxx/Retained.h>
 
 #import "Settings/Session.hpp"
+#include "Claims.hpp"
 #include "lists_device.h"
 #include "median.hpp"
 
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <iostream>
 #include <map>
 #include <string>
 #include <string_view>
@@ -141,9 +143,10 @@ void report(const Times& many, const Times& few, int manyCount, int fewCount) {
   }
 }
 
-void claim(const Times& many, const Times& few, int manyCount, int fewCount) {
+void claim(bench::Claims& claims, const Times& many, const Times& few, int manyCount, int fewCount) {
+  const std::string kind = std::to_string(manyCount) + "/" + std::to_string(fewCount);
   for (const auto& [name, times] : few) {
-    std::printf("lists %s: %d/%d %.2f\n", name.c_str(), manyCount, fewCount, median(many.at(name)) / median(times));
+    claims.ratio("lists " + name, kind, median(many.at(name)), median(times), bench::atMost(bench::kLinear));
   }
 }
 
@@ -160,8 +163,9 @@ int main() {
     const Times manyWidgets = measureWidgets(400);
     report(manyApps, fewApps, 20000, 10000);
     report(manyWidgets, fewWidgets, 400, 200);
-    claim(manyApps, fewApps, 20000, 10000);
-    claim(manyWidgets, fewWidgets, 400, 200);
+    bench::Claims claims;
+    claim(claims, manyApps, fewApps, 20000, 10000);
+    claim(claims, manyWidgets, fewWidgets, 400, 200);
+    return claims.report(std::cout);
   }
-  return 0;
 }

@@ -1,11 +1,12 @@
-// How the processor time to open the presets screen grows with the number of presets. Closes with one line a claim, the
-// ratio of the medians for twice as many: about 2 means that the time is linear.
+// How the processor time to open the presets screen grows with the number of presets. The claims are the ratios of the
+// medians for twice as many: about 2 means that the time is linear, about 4 that it is quadratic.
 #import <Foundation/SIMDevice.h>
 #import <UIKit/UIKit.h>
 #import <dispatch/MainQueue+Sim.h>
 #import <objcxx/Retained.h>
 
 #import "Settings/Session.hpp"
+#include "Claims.hpp"
 #include "lists_device.h"
 #include "median.hpp"
 
@@ -14,6 +15,7 @@
 #include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <map>
 #include <string>
 #include <vector>
@@ -96,9 +98,11 @@ int main() {
       std::printf("  %-10s %6d: %10.3f ms %6d: %10.3f ms\n", name.c_str(), kFew, median(times), kMany,
                   median(many.at(name)));
     }
+    bench::Claims claims;
+    const std::string kind = std::to_string(kMany) + "/" + std::to_string(kFew);
     for (const auto& [name, times] : few) {
-      std::printf("presets %s: %d/%d %.2f\n", name.c_str(), kMany, kFew, median(many.at(name)) / median(times));
+      claims.ratio("presets " + name, kind, median(many.at(name)), median(times), bench::atMost(bench::kLinear));
     }
+    return claims.report(std::cout);
   }
-  return 0;
 }

@@ -14,32 +14,44 @@ function(install_on_device target file folder)
   add_dependencies(${target} ${id})
 endfunction()
 
-# add_loadable_bundle(NAME DIRECTORY … [EXTENSION …] SOURCES … RESOURCES … LIBRARIES …)
+# add_loadable_bundle(TARGET DIRECTORY … [NAME …] [EXTENSION …] SOURCES … RESOURCES … LIBRARIES …)
 #
-# Builds a flat, device-style bundle: DIRECTORY/NAME.EXTENSION/{NAME, Info.plist, resources…}. NSBundle finds the
-# executable through CFBundleExecutable.
-function(add_loadable_bundle name)
-  cmake_parse_arguments(arg "" "EXTENSION;DIRECTORY" "SOURCES;RESOURCES;LIBRARIES" ${ARGN})
+# Builds a flat, device-style bundle: DIRECTORY/NAME.EXTENSION/{NAME, Info.plist, resources…}; NAME is TARGET unless
+# given. RESOURCES are files, and folders with all that lies in them. NSBundle finds the executable through
+# CFBundleExecutable. As on a device, what the code calls by name is its own where it has that name.
+function(add_loadable_bundle target)
+  cmake_parse_arguments(arg "" "NAME;EXTENSION;DIRECTORY" "SOURCES;RESOURCES;LIBRARIES" ${ARGN})
+  if(NOT arg_NAME)
+    set(arg_NAME ${target})
+  endif()
   if(NOT arg_EXTENSION)
     set(arg_EXTENSION bundle)
   endif()
-  set(folder ${arg_DIRECTORY}/${name}.${arg_EXTENSION})
-  add_library(${name} MODULE ${arg_SOURCES})
-  set_target_properties(${name} PROPERTIES PREFIX "" SUFFIX "" LIBRARY_OUTPUT_DIRECTORY ${folder})
-  target_link_libraries(${name} PRIVATE ${arg_LIBRARIES})
+  set(folder "${arg_DIRECTORY}/${arg_NAME}.${arg_EXTENSION}")
+  add_library(${target} MODULE ${arg_SOURCES})
+  set_target_properties(${target} PROPERTIES
+    PREFIX "" SUFFIX "" OUTPUT_NAME "${arg_NAME}" LIBRARY_OUTPUT_DIRECTORY "${folder}")
+  target_link_libraries(${target} PRIVATE ${arg_LIBRARIES})
+  target_link_options(${target} PRIVATE -Wl,-Bsymbolic)
   if(NOT ZUNO_SANITIZE)
-    target_link_options(${name} PRIVATE -Wl,-z,defs)
+    target_link_options(${target} PRIVATE -Wl,-z,defs)
   endif()
-  foreach(resource ${arg_RESOURCES})
-    get_filename_component(file ${resource} NAME)
-    add_custom_command(OUTPUT ${folder}/${file}
-      COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
-      COMMAND ${CMAKE_COMMAND} -E copy ${resource} ${folder}/${file}
-      DEPENDS ${resource})
-    list(APPEND copies ${folder}/${file})
+  foreach(resource IN LISTS arg_RESOURCES)
+    get_filename_component(file "${resource}" NAME)
+    set(copy copy)
+    set(inside "")
+    if(IS_DIRECTORY "${resource}")
+      set(copy copy_directory)
+      file(GLOB_RECURSE inside CONFIGURE_DEPENDS "${resource}/*")
+    endif()
+    add_custom_command(OUTPUT "${folder}/${file}"
+      COMMAND ${CMAKE_COMMAND} -E make_directory "${folder}"
+      COMMAND ${CMAKE_COMMAND} -E ${copy} "${resource}" "${folder}/${file}"
+      DEPENDS "${resource}" ${inside})
+    list(APPEND copies "${folder}/${file}")
   endforeach()
   if(copies)
-    add_custom_target(${name}_resources DEPENDS ${copies})
-    add_dependencies(${name} ${name}_resources)
+    add_custom_target(${target}_resources DEPENDS ${copies})
+    add_dependencies(${target} ${target}_resources)
   endif()
 endfunction()

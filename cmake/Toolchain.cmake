@@ -27,12 +27,14 @@ if(ZUNO_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
-# Objective-C++ over GNUstep base on GCC's runtime. objc/objc.h lies among GCC's own headers; it must come after
-# clang's, whose intrinsics GCC's would shadow.
+# Objective-C++ over GNUstep base on GCC's runtime. GNUstep and GCC say themselves where their headers lie. objc/objc.h
+# lies among GCC's own; it must come after clang's, whose intrinsics GCC's would shadow.
+execute_process(COMMAND gnustep-config --variable=GNUSTEP_SYSTEM_HEADERS OUTPUT_VARIABLE gnustep_include
+                OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 execute_process(COMMAND gcc -print-file-name=include OUTPUT_VARIABLE gcc_include OUTPUT_STRIP_TRAILING_WHITESPACE
                 COMMAND_ERROR_IS_FATAL ANY)
 add_library(gnustep INTERFACE)
-target_include_directories(gnustep SYSTEM INTERFACE /usr/include/GNUstep)
+target_include_directories(gnustep SYSTEM INTERFACE ${gnustep_include})
 target_compile_options(gnustep INTERFACE
   $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-runtime=gcc -fblocks -fno-objc-arc -fexceptions -fobjc-exceptions
     -fconstant-string-class=NSConstantString -idirafter ${gcc_include} -Wno-import -Wno-deprecated-declarations

@@ -25,8 +25,15 @@ ZUNO_LDFLAGS = -L$(TREE)/packaging/stubs $(addprefix -Wl$(comma)-needed-l,$(ZUNO
 ZUNO_BUNDLE_FOLDER = /Library/PreferenceBundles
 ZUNO_ENTRY_FOLDER = /Library/PreferenceLoader/Preferences
 ZUNO_HEADER_FOLDER = /usr/include/Zuno
+# Settings runs as the user mobile, who may not make folders in /Library: these come with the package and are his.
+ZUNO_USER_FOLDERS = /Library/Zuno/Presets /Library/Zuno/Widgets
+ZUNO_USER = 501:501
 
 # $(call zuno_stage_files,ROOT): shell commands that install what belongs outside the bundle.
 zuno_stage_files = install -d "$(1)$(ZUNO_ENTRY_FOLDER)" "$(1)$(ZUNO_HEADER_FOLDER)" && \
+  install -d $(foreach folder,$(ZUNO_USER_FOLDERS),"$(1)$(folder)") && \
   install -m 644 $(TREE)/ZunoPrefs/com.norvik.Zuno.plist "$(1)$(ZUNO_ENTRY_FOLDER)" && \
   install -m 644 $(TREE)/ZunoPrefs/widgets/ZunoWidgetProtocol.h "$(1)$(ZUNO_HEADER_FOLDER)"
+
+# $(call zuno_give_to_user,ROOT): a shell command, for fakeroot, that gives these folders their owner.
+zuno_give_to_user = chown $(ZUNO_USER) $(foreach folder,$(ZUNO_USER_FOLDERS),"$(1)$(folder)")

@@ -1,48 +1,62 @@
 # Builds the settings bundle for devices with Debian's clang and lld, and lays out the files of its package.
 #
-#   make -f packaging/clang.mk SDK=<iPhoneOS SDK> OUT=<folder> stage
+#   make -f packaging/clang.mk SDK=<iPhoneOS SDK> OUT=<folder> [ARCHS="arm64 arm64e"] stage
+#   make -f packaging/clang.mk OUT=<folder> deb
 #
-# from the root of the tree. Compiles what changed into OUT/objects and makes OUT/root anew.
+# from the root of the tree. `stage` compiles what changed into OUT/<kind of processor> and makes OUT/root anew; `deb`
+# makes OUT/package.deb of OUT/root.
 TREE = .
 include packaging/bundle.mk
 
 PREFIX = /var/jb
-CXX = clang++-19
 STAGED = $(OUT)/root$(PREFIX)
 STAGED_BUNDLE = $(STAGED)$(ZUNO_BUNDLE_FOLDER)/$(ZUNO_NAME).bundle
 
-EXECUTABLE = $(OUT)/objects/$(ZUNO_NAME)
-OBJECTS = $(patsubst $(TREE)/ZunoPrefs/%,$(OUT)/objects/%.o,$(ZUNO_SOURCES))
+ARCHS = arm64 arm64e
+SLICES = $(ARCHS:%=$(OUT)/%/$(ZUNO_NAME))
+SOURCE_NAMES = $(ZUNO_SOURCES:$(TREE)/ZunoPrefs/%=%)
+TOOLS = packaging/device-clang packaging/arm64e $(wildcard packaging/pointerauth/*.py)
 
-TARGET_FLAGS = -target arm64-apple-ios$(ZUNO_DEPLOYMENT_TARGET) -isysroot $(SDK)
+COMPILE_FLAGS = $(ZUNO_CFLAGS) $(ZUNO_CXXFLAGS) "-ffile-prefix-map=$(CURDIR)=."
+LINK_FLAGS = -install_name $(PREFIX)$(ZUNO_BUNDLE_FOLDER)/$(ZUNO_NAME).bundle/$(ZUNO_NAME) \
+  "-F$(SDK)/System/Library/PrivateFrameworks" \
+  $(addprefix -framework ,$(ZUNO_FRAMEWORKS) $(ZUNO_PRIVATE_FRAMEWORKS)) \
+  $(addprefix -l,$(ZUNO_LIBRARIES)) $(ZUNO_LDFLAGS)
 
-# The SDKs before 15 leave the C++ headers to the toolchain. Newer headers than these expect more of the C++ library
-# than the stubs of those SDKs export.
-ifeq ($(wildcard $(SDK)/usr/include/c++/v1),)
-  CXX_HEADERS = -nostdinc++ -isystem /usr/lib/llvm-14/include/c++/v1
-endif
+# $(1): the kind of processor.
+define slice_rules
+$(OUT)/$(1)/%.o: ZunoPrefs/% packaging/bundle.mk packaging/clang.mk $(TOOLS)
+	@mkdir -p $$(@D)
+	packaging/device-clang $(1)-apple-ios$(ZUNO_DEPLOYMENT_TARGET) "$(SDK)" -c $$< -o $$@ \
+	  $(COMPILE_FLAGS) -MMD -MF $$(@:.o=.d) -MT $$@
 
-COMPILE = $(CXX) $(TARGET_FLAGS) $(CXX_HEADERS) -Os $(ZUNO_CFLAGS) $(ZUNO_CXXFLAGS) -ffile-prefix-map=$(CURDIR)=. -MMD
+$(OUT)/$(1)/$(ZUNO_NAME): $(SOURCE_NAMES:%=$(OUT)/$(1)/%.o) $(wildcard packaging/stubs/*)
+	packaging/device-clang $(1)-apple-ios$(ZUNO_DEPLOYMENT_TARGET) "$(SDK)" -dynamiclib $$(filter %.o,$$^) -o $$@ \
+	  $(LINK_FLAGS)
 
-$(EXECUTABLE): $(OBJECTS) $(wildcard packaging/stubs/*)
-	$(CXX) $(TARGET_FLAGS) -fuse-ld=lld -dynamiclib \
-	  -install_name $(PREFIX)$(ZUNO_BUNDLE_FOLDER)/$(ZUNO_NAME).bundle/$(ZUNO_NAME) \
-	  -F$(SDK)/System/Library/PrivateFrameworks \
-	  $(addprefix -framework ,$(ZUNO_FRAMEWORKS) $(ZUNO_PRIVATE_FRAMEWORKS)) \
-	  $(addprefix -l,$(ZUNO_LIBRARIES)) $(ZUNO_LDFLAGS) \
-	  -Wl,-dead_strip -Wl,-x -Wl,-adhoc_codesign $(OBJECTS) -o $@
+-include $(SOURCE_NAMES:%=$(OUT)/$(1)/%.d)
+endef
+$(foreach arch,$(ARCHS),$(eval $(call slice_rules,$(arch))))
 
-$(OUT)/objects/%.o: ZunoPrefs/% packaging/bundle.mk packaging/clang.mk
-	@mkdir -p $(@D)
-	$(COMPILE) -c $< -o $@
-
+.DEFAULT_GOAL = stage
 .PHONY: stage
-stage: $(EXECUTABLE)
+stage: $(SLICES)
 	rm -rf $(OUT)/root
 	install -d $(STAGED_BUNDLE)
 	cp -R $(ZUNO_RESOURCES)/. $(STAGED_BUNDLE)
-	install -m 755 $(EXECUTABLE) $(STAGED_BUNDLE)
+	llvm-lipo-22 -create $(SLICES) -output $(STAGED_BUNDLE)/$(ZUNO_NAME)
 	$(call zuno_stage_files,$(STAGED))
 	chmod -R u=rwX,go=rX $(OUT)/root
+	chmod 755 $(STAGED_BUNDLE)/$(ZUNO_NAME)
 
--include $(OBJECTS:.o=.d)
+# The SDK's stubs that the bundle is linked against, as paths below it.
+.PHONY: stubs
+stubs:
+	@printf '%s\n' $(foreach name,$(ZUNO_FRAMEWORKS),System/Library/Frameworks/$(name).framework/$(name).tbd) \
+	  $(foreach name,$(ZUNO_PRIVATE_FRAMEWORKS),System/Library/PrivateFrameworks/$(name).framework/$(name).tbd) \
+	  usr/lib/libSystem.tbd usr/lib/libc++.tbd usr/lib/libobjc.tbd
+
+.PHONY: deb
+deb:
+	fakeroot sh -c 'chown -R 0:0 $(OUT)/root && $(call zuno_give_to_user,$(STAGED)) && \
+	  dpkg-deb -Zxz --build $(OUT)/root $(OUT)/package.deb' >/dev/null

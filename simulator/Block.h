@@ -18,7 +18,6 @@ void _Block_object_assign(void *destination, const void *object, const int flags
 void _Block_object_dispose(const void *object, const int flags);
 extern void *_NSConcreteStackBlock[32];
 extern void *_NSConcreteGlobalBlock[32];
-extern void *_NSConcreteMallocBlock[32];
 
 #if defined(__cplusplus)
 }

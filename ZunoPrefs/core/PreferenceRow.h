@@ -7,6 +7,9 @@
 
 namespace zuno {
 
+/// The identifier of the row that shows "presetUserAgent", on either page.
+extern NSString *const kUserAgentRow;
+
 /// The row's property `name` if it is a string that is not empty, else nil.
 NSString *rowText(PSSpecifier *row, NSString *name);
 
@@ -19,5 +22,8 @@ id rowValue(PSSpecifier *row, const PreferenceFile &file);
 /// Stores `value` under the row's "key" and then, whether or not the file could be written, posts the Darwin
 /// notification that the row's "PostNotification" names, if any.
 void setRowValue(id value, PSSpecifier *row, const PreferenceFile &file);
+
+/// Whether the value of `row` is one of those that "presetUserAgent" joins.
+bool isPartOfUserAgent(PSSpecifier *row);
 
 }  // namespace zuno

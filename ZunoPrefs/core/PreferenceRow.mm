@@ -5,6 +5,8 @@
 
 namespace zuno {
 
+NSString *const kUserAgentRow = @"User-Agent";
+
 NSString *rowText(PSSpecifier *row, NSString *name) {
   id text = [row propertyForKey:name];
   return [text isKindOfClass:[NSString class]] && [text length] > 0 ? text : nil;
@@ -24,6 +26,11 @@ void setRowValue(id value, PSSpecifier *row, const PreferenceFile &file) {
     CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(), (CFStringRef)notification,
                                          nullptr, nullptr, true);
   }
+}
+
+bool isPartOfUserAgent(PSSpecifier *row) {
+  NSString *key = rowText(row, @"key");
+  return [key isEqualToString:@"device"] || [key isEqualToString:@"iosVersion"];
 }
 
 }  // namespace zuno

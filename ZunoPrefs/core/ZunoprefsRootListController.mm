@@ -7,6 +7,7 @@
 #import "core/KRBPreferenceManager.h"
 #import "core/PreferenceRow.h"
 #import "core/Respring.h"
+#import "core/TruthValue.h"
 #import "lists/ZunoFavouritesPicker.h"
 #import "lists/ZunoWidgetsPicker.h"
 
@@ -63,7 +64,8 @@ void openAddress(NSString *address) {
 }
 
 - (void)setPreferenceValue:(id)value specifier:(PSSpecifier *)specifier {
-  zuno::setRowValue(value, specifier, zuno::PreferenceFile::ofDomain(zuno::kMainDomain));
+  zuno::setRowValue(zuno::integerForTruth(value), specifier, zuno::PreferenceFile::ofDomain(zuno::kMainDomain));
+  if (zuno::isPartOfUserAgent(specifier)) [self reloadSpecifierID:zuno::kUserAgentRow];
 }
 
 - (void)respring {

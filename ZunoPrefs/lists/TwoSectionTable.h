@@ -13,6 +13,9 @@ NSString *sectionTitle(NSInteger section);
 /// The list that `section` shows.
 NSMutableArray *sectionList(NSInteger section, NSMutableArray *enabled, NSMutableArray *disabled);
 
+/// Whether the rows of `section` can be edited: all can but the placeholder of an empty enabled or disabled section.
+bool canEditRows(NSInteger section, NSArray *enabled, NSArray *disabled);
+
 /// Rows of a section that shows `list`: one, the placeholder, when it is empty.
 NSInteger rowCount(NSArray *list);
 

@@ -24,6 +24,12 @@ NSMutableArray *sectionList(NSInteger section, NSMutableArray *enabled, NSMutabl
   return section == kEnabledSection ? enabled : disabled;
 }
 
+bool canEditRows(NSInteger section, NSArray *enabled, NSArray *disabled) {
+  if (section == kEnabledSection) return [enabled count] > 0;
+  if (section == kDisabledSection) return [disabled count] > 0;
+  return true;
+}
+
 NSInteger rowCount(NSArray *list) {
   const auto count = static_cast<NSInteger>([list count]);
   return count > 0 ? count : 1;

@@ -66,7 +66,7 @@ const zuno::MovingRules kRules({.tapEvicts = true, .evictedIsDisabled = true});
 #pragma mark - UITableViewDataSource
 
 - (BOOL)tableView:(UITableView *)tableView canEditRowAtIndexPath:(NSIndexPath *)indexPath {
-  return [zuno::sectionList([indexPath section], _menuItems, _menuItemsDisabled) count] > 0;
+  return zuno::canEditRows([indexPath section], _menuItems, _menuItemsDisabled);
 }
 
 - (void)tableView:(UITableView *)tableView

@@ -72,7 +72,7 @@ ZunoWidgetHolder *builtInPage(NSString *identifier, NSString *name) {
 #pragma mark - UITableViewDataSource
 
 - (BOOL)tableView:(UITableView *)tableView canEditRowAtIndexPath:(NSIndexPath *)indexPath {
-  return [zuno::sectionList([indexPath section], _menuItems, _menuItemsDisabled) count] > 0;
+  return zuno::canEditRows([indexPath section], _menuItems, _menuItemsDisabled);
 }
 
 - (void)tableView:(UITableView *)tableView

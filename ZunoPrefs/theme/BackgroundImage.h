@@ -17,9 +17,12 @@ UIImage *decodeImage(id text);
 /// The stored background image; nil when the theme file has none that can be read. Autoreleased.
 UIImage *storedBackgroundImage();
 
-/// Stores the picture of a photo picker's result as the background image. Returns whether there was one and it was
-/// encoded; a failed write is not reported.
-bool storePickedImage(NSDictionary *info);
+/// The picture of a photo picker's result, its pixels lying as they are seen: an encoded PNG does not say how a camera was
+/// held. nil when there is none or it cannot be decoded. Autoreleased.
+UIImage *pickedImage(NSDictionary *info);
+
+/// Stores an encoded image as the background image; a failed write is not reported.
+void storeBackgroundImage(NSString *text);
 
 /// A picker over the photo library, autoreleased; nil when the library is not available.
 UIImagePickerController *photoPicker(id<UIImagePickerControllerDelegate, UINavigationControllerDelegate> delegate);

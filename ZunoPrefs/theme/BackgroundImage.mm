@@ -7,6 +7,29 @@ namespace {
 
 NSString *const kBackgroundImage = @"backgroundImage";
 
+bool isOpaque(CGImageRef image) {
+  const CGImageAlphaInfo alpha = CGImageGetAlphaInfo(image);
+  return alpha == kCGImageAlphaNone || alpha == kCGImageAlphaNoneSkipFirst || alpha == kCGImageAlphaNoneSkipLast;
+}
+
+/// Whether the pixels are sound: a damaged image draws nothing, without a word.
+bool canDecode(CGImageRef image) {
+  CFDataRef pixels = CGDataProviderCopyData(CGImageGetDataProvider(image));
+  if (!pixels) return false;
+  CFRelease(pixels);
+  return true;
+}
+
+UIImage *turnedUpright(UIImage *image) {
+  if (!canDecode([image CGImage])) return nil;
+  const CGSize size = [image size];
+  UIGraphicsBeginImageContextWithOptions(size, isOpaque([image CGImage]), [image scale]);
+  [image drawInRect:CGRectMake(0, 0, size.width, size.height)];
+  UIImage *upright = UIGraphicsGetImageFromCurrentImageContext();
+  UIGraphicsEndImageContext();
+  return upright;
+}
+
 }  // namespace
 
 NSString *encodeImage(UIImage *image) {
@@ -26,11 +49,13 @@ UIImage *storedBackgroundImage() {
   return decodeImage(PreferenceFile::ofDomain(kThemeDomain).value(kBackgroundImage));
 }
 
-bool storePickedImage(NSDictionary *info) {
-  NSString *text = encodeImage([info objectForKey:UIImagePickerControllerOriginalImage]);
-  if (!text) return false;
+UIImage *pickedImage(NSDictionary *info) {
+  UIImage *image = [info objectForKey:UIImagePickerControllerOriginalImage];
+  return !image || [image imageOrientation] == UIImageOrientationUp ? image : turnedUpright(image);
+}
+
+void storeBackgroundImage(NSString *text) {
   (void)PreferenceFile::ofDomain(kThemeDomain).setValue(text, kBackgroundImage);
-  return true;
 }
 
 UIImagePickerController *photoPicker(id<UIImagePickerControllerDelegate, UINavigationControllerDelegate> delegate) {

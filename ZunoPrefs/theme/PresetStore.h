@@ -11,7 +11,8 @@ struct PresetName {
   NSString *error;  ///< Why it was refused; nil otherwise.
 };
 
-/// Paths of the presets, in the order in which the file system lists them; the folder is made if it is missing.
+/// Paths of the presets, in the order in which the file system lists them; the folder is made if it is missing. The log
+/// is told when that fails or when it may not be written: on a device the package brings it, and mobile owns it.
 /// Autoreleased.
 NSArray *presetPaths();
 

@@ -13,17 +13,24 @@ constexpr NSUInteger kLongestName = 32;  // UTF-16 units.
 
 NSFileManager *files() { return [NSFileManager defaultManager]; }
 
+bool isWritableFolder(NSString *path) {
+  BOOL isFolder = NO;
+  return [files() fileExistsAtPath:path isDirectory:&isFolder] && isFolder && [files() isWritableFileAtPath:path];
+}
+
 NSString *cleaned(NSString *name) {
   NSCharacterSet *forbidden = [NSCharacterSet characterSetWithCharactersInString:@"/\\?%*|\"<>"];
   NSString *kept = [[name componentsSeparatedByCharactersInSet:forbidden] componentsJoinedByString:@""];
   return [kept stringByReplacingOccurrencesOfString:kExtension withString:@""];
 }
 
+/// Where a copy on its way into `folder` lies. A name of its own length: the longest file names leave no room for a suffix.
+NSString *partialCopyIn(NSString *folder) { return [folder stringByAppendingPathComponent:@".copy.partial"]; }
+
 }  // namespace
 
 bool copyWhole(NSString *from, NSString *to) {
-  // A name of its own length: the longest file names leave no room for a suffix.
-  NSString *partial = [[to stringByDeletingLastPathComponent] stringByAppendingPathComponent:@".copy.partial"];
+  NSString *partial = partialCopyIn([to stringByDeletingLastPathComponent]);
   [files() removeItemAtPath:partial error:nullptr];
   if ([files() copyItemAtPath:from toPath:partial error:nullptr] &&
       [files() moveItemAtPath:partial toPath:to error:nullptr]) {
@@ -37,6 +44,11 @@ NSArray *presetPaths() {
   NSString *folder = presetsFolder();
   if (![files() fileExistsAtPath:folder]) {
     [files() createDirectoryAtPath:folder withIntermediateDirectories:YES attributes:nil error:nullptr];
+  }
+  if (!isWritableFolder(folder)) NSLog(@"[Zuno] No preset can be saved: %@ is no folder that may be written", folder);
+  // What is left of a copy that was cut off, of a preset or of the theme.
+  for (NSString *place in @[ folder, preferencesFolder() ]) {
+    [files() removeItemAtPath:partialCopyIn(place) error:nullptr];
   }
   NSMutableArray *paths = [NSMutableArray array];
   for (NSString *entry in [files() contentsOfDirectoryAtPath:folder error:nullptr]) {
@@ -54,7 +66,7 @@ NSString *pathOfPreset(NSString *name) {
 bool presetExists(NSString *name) { return [files() fileExistsAtPath:pathOfPreset(name)]; }
 
 PresetName checkPresetName(NSString *name) {
-  NSString *kept = cleaned(name ?: @"");
+  NSString *kept = cleaned(name);
   NSString *trimmed = [kept stringByTrimmingCharactersInSet:[NSCharacterSet whitespaceCharacterSet]];
   if ([trimmed length] == 0) return {nil, @"Invalid preset name"};
   if ([kept length] > kLongestName) return {nil, @"Preset name is too long"};

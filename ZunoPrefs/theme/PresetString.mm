@@ -3,7 +3,7 @@
 namespace zuno {
 
 NSString *presetStringFrom(NSDictionary *preset) {
-  if (!preset || ![NSJSONSerialization isValidJSONObject:preset]) return nil;
+  if (![NSJSONSerialization isValidJSONObject:preset]) return nil;
   NSData *json = [NSJSONSerialization dataWithJSONObject:preset options:NSJSONWritingPrettyPrinted error:nullptr];
   return [json base64EncodedStringWithOptions:0];
 }

@@ -74,13 +74,13 @@ zuno::PreferenceFile themeFile() { return zuno::PreferenceFile::ofDomain(zuno::k
 
 - (id)readPreferenceValue:(PSSpecifier *)specifier {
   id value = zuno::rowValue(specifier, themeFile());
-  NSString *key = zuno::rowText(specifier, @"key");
-  if ([key isEqualToString:@"device"] || [key isEqualToString:@"iosVersion"]) [self reloadSpecifierID:@"User-Agent"];
+  if (zuno::isPartOfUserAgent(specifier)) [self reloadSpecifierID:zuno::kUserAgentRow];
   return value;
 }
 
 - (void)setPreferenceValue:(id)value specifier:(PSSpecifier *)specifier {
   zuno::setRowValue(value, specifier, themeFile());
+  if (zuno::isPartOfUserAgent(specifier)) [self reloadSpecifierID:zuno::kUserAgentRow];
   NSString *key = zuno::rowText(specifier, @"key");
   if (![key isEqualToString:@"useCustom"] && ![key isEqualToString:@"enabled"]) return;
   shouldReload = YES;
@@ -98,7 +98,10 @@ zuno::PreferenceFile themeFile() { return zuno::PreferenceFile::ofDomain(zuno::k
 }
 
 - (void)imagePickerController:(UIImagePickerController *)picker didFinishPickingMediaWithInfo:(NSDictionary *)info {
-  if (zuno::storePickedImage(info)) [self reloadSpecifiers];
+  if (NSString *text = [self encodeToBase64String:zuno::pickedImage(info)]) {
+    zuno::storeBackgroundImage(text);
+    [self reloadSpecifiers];
+  }
   [picker dismissViewControllerAnimated:NO completion:nil];
 }
 

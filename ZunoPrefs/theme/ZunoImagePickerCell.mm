@@ -42,6 +42,18 @@
 
 - (void)didMoveToSuperview {
   [super didMoveToSuperview];
+  [self fillInRow];
+}
+
+/// A cell that a table takes out of its queue shows again without having moved.
+- (void)refreshCellContentsWithSpecifier:(PSSpecifier *)specifier {
+  [super refreshCellContentsWithSpecifier:specifier];
+  [self fillInRow];
+}
+
+/// Shows the stored image and takes the row's taps. Nothing while the cell is in no table: it is filled in when it comes
+/// into one.
+- (void)fillInRow {
   if (![self superview]) return;
 
   [self loadImageFromDict];
@@ -57,7 +69,7 @@
 }
 
 - (void)imagePickerController:(UIImagePickerController *)picker didFinishPickingMediaWithInfo:(NSDictionary *)info {
-  (void)zuno::storePickedImage(info);
+  if (NSString *text = [self encodeToBase64String:zuno::pickedImage(info)]) zuno::storeBackgroundImage(text);
   [picker dismissViewControllerAnimated:NO completion:nil];
   [self loadImageFromDict];
 }

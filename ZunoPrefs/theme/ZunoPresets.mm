@@ -130,6 +130,7 @@ constexpr CGFloat kRowHeight = 60;  // Points.
       [UITableViewRowAction rowActionWithStyle:UITableViewRowActionStyleNormal
                                          title:@"Delete"
                                        handler:^(UITableViewRowAction *, NSIndexPath *) {
+                                         [tableView setEditing:NO animated:YES];  // The row stays open otherwise.
                                          [self deletePresetAlert:path];
                                        }];
   [remove setBackgroundColor:[UIColor redColor]];
@@ -137,6 +138,7 @@ constexpr CGFloat kRowHeight = 60;  // Points.
       [UITableViewRowAction rowActionWithStyle:UITableViewRowActionStyleNormal
                                          title:@"Share"
                                        handler:^(UITableViewRowAction *, NSIndexPath *) {
+                                         [tableView setEditing:NO animated:YES];
                                          [self sharePresetAlert:path];
                                        }];
   [share setBackgroundColor:[UIColor colorWithRed:0.0 green:0.48 blue:1.0 alpha:1.0]];

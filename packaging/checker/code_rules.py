@@ -1,6 +1,6 @@
 """Rules about the executable of a settings bundle."""
 
-from . import macho, objc, signature
+from . import exports, fixups, macho, objc, signature
 from .subject import ROOT
 
 _RPATHS = {
@@ -23,8 +23,12 @@ def load_commands(subject):
         except macho.MachOError as error:
             yield f"{path}: {error}"
             continue
-        if "arm64" not in [image.arch for image in images]:
-            yield f"{path} has no code for arm64"
+        found = [image.arch for image in images]
+        for arch in subject.archs:
+            if arch not in found:
+                yield f"{path} has no code for {arch}"
+        if len(set(found)) != len(found):
+            yield f"{path} has several slices for one kind of processor"
         for image in images:
             try:
                 objc.names(image)
@@ -64,10 +68,40 @@ def undefined_symbols(subject):
     """Every symbol that the executable lacks is exported by the library that it expects it of."""
     for words, _, image in subject.images:
         libraries = subject.libraries(image.arch)
-        for symbol in image.undefined:
-            if not 1 <= symbol.library <= len(image.dylibs):
-                yield f"{words} expects {symbol.name} of no library in particular"
-                continue
-            library = image.dylibs[symbol.library - 1]
-            if symbol.name not in libraries.exports(library) and not symbol.weak:
-                yield f"{words} expects {symbol.name} of {library}, which does not export it"
+        try:
+            imports = fixups.decode(image)[1]
+        except macho.MachOError as error:
+            yield f"{words}: {error}"
+            continue
+        wanted = [(symbol.name, symbol.library, symbol.weak) for symbol in image.undefined]
+        wanted += [(imported.name, imported.library, imported.optional) for imported in imports]
+        for name, number, optional in dict.fromkeys(wanted):
+            if number == fixups.WEAK_LOOKUP:
+                if name not in image.defined and not any(name in libraries.exports(path) for path in image.dylibs):
+                    yield f"{words} expects {name} of any library, and none exports it"
+            elif not 1 <= number <= len(image.dylibs):
+                yield f"{words} expects {name} of no library in particular"
+            elif name not in libraries.exports(image.dylibs[number - 1]) and not optional:
+                yield f"{words} expects {name} of {image.dylibs[number - 1]}, which does not export it"
+
+
+def same_slices(subject):
+    """The slices of an executable define the same classes and methods, and export the same names."""
+    for path, images in subject.executables:
+        try:
+            contents = [(image.arch, _contents(image)) for image in images]
+        except macho.MachOError:
+            continue  # Another rule's problem.
+        for arch, content in contents:
+            for other, theirs in contents:
+                for name in sorted(theirs - content):
+                    yield f"{path} ({arch}) lacks {name}, which is in the slice for {other}"
+
+
+def _contents(image):
+    """What a slice defines, in words."""
+    found = {f"the export {name}" for name in exports.names(image)}
+    for holder, selectors in objc.methods(image).items():
+        found.add(f"the class {holder[1:]}" if holder[0] == "-" else f"the methods of {holder}")
+        found |= {f"the method {selector} of {holder}" for selector in selectors}
+    return found

@@ -3,7 +3,7 @@
 import re
 from pathlib import PurePosixPath
 
-from .subject import BUNDLES, ENTRIES, ROOT
+from .subject import BUNDLES, ENTRIES, ROOT, USER, USER_FOLDERS
 
 _BUILD_PATH = re.compile(rb"/(?:Users|home|root|tmp|var/folders)/[\x21-\x7e]+")
 _SOURCE_PATH = re.compile(rb"/[\x21-\x7e]+\.(?:mm?|cpp|hpp|o|tbd)(?=\0)")
@@ -44,7 +44,7 @@ def layout(subject):
 
 
 def modes(subject):
-    """Folders and executables are 755, other files 644, all root's; no links, devices or special bits."""
+    """Folders and executables are 755, other files 644, root's but for the user's folders; no links or devices."""
     executables = {f"{folder}/{info.get('CFBundleExecutable')}" for folder, info in subject.bundles}
     for member in subject.package.files:
         info = member.info
@@ -54,8 +54,22 @@ def modes(subject):
         wanted = 0o755 if info.isdir() or member.path in executables else 0o644
         if info.mode & 0o7777 != wanted:
             yield f"{member.path} has the mode {info.mode & 0o7777:o}, not {wanted:o}"
-        if (info.uid, info.gid) != (0, 0):
-            yield f"{member.path} belongs to {info.uid}:{info.gid}, not to root"
+        owner, name = (USER, "mobile") if member.path in USER_FOLDERS else (0, "root")
+        if (info.uid, info.gid) != (owner, owner):
+            yield f"{member.path} belongs to {info.uid}:{info.gid}, not to {owner}:{owner}"
+        elif not {info.uname, info.gname} <= {"", name, "wheel"}:  # dpkg goes by names that the device knows.
+            yield f"{member.path} belongs to {info.uname}:{info.gname}, names of the machine that built it"
+
+
+def user_folders(subject):
+    """The folders that Settings writes to are there, and empty: dpkg then leaves alone what the user has put there."""
+    folders = {member.path for member in subject.package.files if member.info.isdir()}
+    for folder in USER_FOLDERS:
+        if folder not in folders:
+            yield f"the folder {folder} is missing"
+        for member in subject.package.files:
+            if member.path.startswith(folder + "/"):
+                yield f"{member.path} lies in a folder of the user's"
 
 
 def build_paths(subject):

@@ -18,6 +18,8 @@ _LC_LOAD_DYLIBS = {0xC, 0x80000018, 0x8000001F, 0x80000023}  # load, load weak, 
 _LC_RPATH = 0x8000001C
 _LC_CODE_SIGNATURE = 0x1D
 _LC_BUILD_VERSION = 0x32
+_LC_DYLD_INFO = {0x22, 0x80000022}
+_LC_EXPORTS_TRIE = 0x80000033
 _LC_CHAINED_FIXUPS = 0x80000034
 
 _CHAINED_ARM64E = {1, 9, 12}  # arm64e, and its two user-land forms
@@ -38,7 +40,7 @@ class Section:
 
 @dataclass
 class Undefined:
-    """A symbol that another library must supply. `library` counts from 1 in load order; 254 and 255 name none."""
+    """A symbol that another library must supply. `library` counts from 1 in load order; 0 and below name none."""
 
     name: str
     library: int
@@ -61,6 +63,9 @@ class Slice:
     signature: tuple[int, int] | None = None  # offset, size
     sections: list[Section] = field(default_factory=list)
     undefined: list[Undefined] = field(default_factory=list)
+    defined: dict[str, int] = field(default_factory=dict)  # External symbols, by name.
+    exports_trie: tuple[int, int] | None = None  # offset, size
+    chained_fixups: tuple[int, int] | None = None  # offset, size
     pointer_format: int | None = None
 
     def section(self, name):
@@ -90,6 +95,10 @@ class Slice:
                 return None
             return raw & 0xFFFFFFFF if raw >> 63 else raw & 0x7FFFFFFFFFF
         return raw
+
+    def bytes(self, address, size):
+        start = self.offset(address)
+        return self.data[start : start + size]
 
     def text(self, address):
         start = self.offset(address)
@@ -135,7 +144,7 @@ def _load_command(found, command, position):
     if command == _LC_SEGMENT_64:
         _segment(found, position)
     elif command == _LC_SYMTAB:
-        found.undefined = _undefined(data, *struct.unpack_from("<4I", data, position + 8))
+        _symbols(found, position)
     elif command == _LC_ID_DYLIB:
         found.install_name = _string(data, position)
     elif command in _LC_LOAD_DYLIBS:
@@ -148,8 +157,12 @@ def _load_command(found, command, position):
         found.platform, minimum = struct.unpack_from("<II", data, position + 8)
         found.minimum = (minimum >> 16, minimum >> 8 & 0xFF)
     elif command == _LC_CHAINED_FIXUPS:
-        (offset,) = struct.unpack_from("<I", data, position + 8)
-        found.pointer_format = _pointer_format(data, offset)
+        found.chained_fixups = struct.unpack_from("<II", data, position + 8)
+        found.pointer_format = _pointer_format(data, found.chained_fixups[0])
+    elif command == _LC_EXPORTS_TRIE:
+        found.exports_trie = struct.unpack_from("<II", data, position + 8)
+    elif command in _LC_DYLD_INFO:
+        found.exports_trie = struct.unpack_from("<II", data, position + 40)
 
 
 def _string(data, position):
@@ -167,17 +180,40 @@ def _segment(found, position):
         found.sections.append(Section(name, address, size, offset))
 
 
-def _undefined(data, symbols, count, strings, _):
+def labels(data):
+    """(address, name) of every symbol that a file of one slice defines, for the linker too. Raises MachOError."""
     found = []
+    try:
+        position = 32
+        for _ in range(struct.unpack_from("<I", data, 16)[0]):
+            command, size = struct.unpack_from("<II", data, position)
+            if command == _LC_SYMTAB:
+                found += [(value, name) for name, kind, _, value in _table(data, position) if kind & 0x0E == 0x0E]
+            position += size
+    except (struct.error, ValueError) as error:
+        raise MachOError(f"damaged: {error}") from error
+    return found
+
+
+def _table(data, position):
+    """(name, kind, description, value) of each symbol in the table that a load command names; none for debuggers."""
+    symbols, count, strings = struct.unpack_from("<3I", data, position + 8)
     for index in range(count):
         name, kind, _, description, value = struct.unpack_from("<IBBHQ", data, symbols + 16 * index)
-        external, undefined, debugging = kind & 0x01, kind & 0x0E == 0, kind & 0xE0
-        if debugging or not external or not undefined or value:
-            continue
-        start = strings + name
-        text = data[start : data.index(b"\0", start)].decode()
-        found.append(Undefined(text, description >> 8, bool(description & 0x40)))
-    return found
+        if not kind & 0xE0:
+            start = strings + name
+            yield data[start : data.index(b"\0", start)].decode(), kind, description, value
+
+
+def _symbols(found, position):
+    for name, kind, description, value in _table(found.data, position):
+        external, undefined = kind & 0x01, kind & 0x0E == 0
+        if external and not undefined:
+            found.defined[name] = value
+        elif external and not value:
+            library = description >> 8
+            library = library - 256 if library > 0xF0 else library
+            found.undefined.append(Undefined(name, library, bool(description & 0x40)))
 
 
 def _pointer_format(data, start):

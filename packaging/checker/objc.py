@@ -10,19 +10,30 @@ _DIRECT_SELECTORS = 0x40000000
 
 
 def names(image):
-    """(class names, selectors) of the slice. Raises MachOError."""
-    classes, selectors = set(), set()
+    """(class names, selectors of instance methods) of the slice. Raises MachOError."""
+    found = methods(image)
+    classes = {holder[1:] for holder in found if holder[0] == "-"}
+    return classes, {selector for holder in found if holder[0] in "-(" for selector in found[holder]}
+
+
+def methods(image):
+    """The selectors by who implements them: "-Class", "+Class", "(Category", "+(Category". Raises MachOError."""
+    found = {}
     try:
         for entry in _pointers(image, "__objc_classlist"):
-            (data,) = _fields(image, entry, 4, 1)
-            name, methods = _fields(image, data & ~_META_FLAGS, 3, 2)
-            classes.add(image.text(name))
-            selectors.update(_selectors(image, methods))
+            metaclass, data = _fields(image, entry, 0, 1)[0], _fields(image, entry, 4, 1)[0] & ~_META_FLAGS
+            name, instance = _fields(image, data, 3, 2)
+            found["-" + image.text(name)] = set(_selectors(image, instance))
+            if metaclass is not None:
+                data = _fields(image, metaclass, 4, 1)[0] & ~_META_FLAGS
+                found["+" + image.text(name)] = set(_selectors(image, _fields(image, data, 4, 1)[0]))
         for entry in _pointers(image, "__objc_catlist"):
-            selectors.update(_selectors(image, image.pointer(entry + 16)))
+            name, _, instance, of_class = _fields(image, entry, 0, 4)
+            for sign, selectors in (("(", instance), ("+(", of_class)):
+                found.setdefault(sign + image.text(name), set()).update(_selectors(image, selectors))
     except (struct.error, ValueError, TypeError) as error:
         raise MachOError(f"the Objective-C data is damaged: {error}") from error
-    return classes, selectors
+    return found
 
 
 def _pointers(image, section):

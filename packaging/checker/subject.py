@@ -9,17 +9,26 @@ from . import macho, objc
 from .package import Package
 from .textstub import Libraries
 
+ARCHS = ("arm64", "arm64e")
 ROOT = "/var/jb"
 BUNDLES = ROOT + "/Library/PreferenceBundles"
+# What Settings, which runs as the user mobile, writes to.
+USER_FOLDERS = (ROOT + "/Library/Zuno/Presets", ROOT + "/Library/Zuno/Widgets")
+USER = 501
 ENTRIES = ROOT + "/Library/PreferenceLoader/Preferences"
 
 
 class Subject:
-    """A package with what the rules need to judge it: an SDK, link stubs, paths that must not occur in it."""
+    """A package with what the rules need to judge it.
 
-    def __init__(self, path, sdk, stubs, forbidden=()):
+    An SDK, link stubs, paths that must not occur in it, the kinds of processor that it is for, and, when the compiler's
+    assembly is at hand, the linker's map of the slice for arm64e.
+    """
+
+    def __init__(self, path, sdk, stubs, forbidden=(), archs=ARCHS, link_map=None):
         self.package = Package(path)
         self.sdk, self.stubs = sdk, stubs
+        self.archs, self.link_map = archs, link_map
         self.forbidden = [str(path).rstrip("/").encode() for path in forbidden if str(path).rstrip("/")]
         self._libraries = {}
 

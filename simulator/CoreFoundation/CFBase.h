@@ -28,6 +28,8 @@ typedef uint8_t UInt8;
 typedef long CFIndex;
 typedef unsigned long CFOptionFlags;
 typedef unsigned long CFHashCode;
+/// Tells types apart; the numbers mean nothing.
+typedef unsigned long CFTypeID;
 
 /// A constant string. Objective-C sources only.
 #define CFSTR(text) ((CFStringRef)(const void *)@text)
@@ -40,5 +42,8 @@ CFTypeRef CFRetain(CFTypeRef object);
 void CFRelease(CFTypeRef object);
 /// Whether both are equal as Foundation objects. NULL on either side ends the process, as on a device.
 Boolean CFEqual(CFTypeRef one, CFTypeRef other);
+/// The type of the object; one that all objects without a CoreFoundation type share. NULL ends the process, as on a
+/// device.
+CFTypeID CFGetTypeID(CFTypeRef object);
 
 CF_EXTERN_C_END

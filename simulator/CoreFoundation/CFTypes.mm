@@ -12,6 +12,31 @@ id checked(CFTypeRef object, const char *function) {
   std::abort();
 }
 
+enum Type : CFTypeID { kUnbridged = 1, kBoolean, kNumber, kString, kData, kDate, kArray, kDictionary, kURL };
+
+struct Bridge {
+  Class base;
+  Type type;
+};
+
+Type typeOf(id object) {
+  // The class of truth values is one of numbers too, and so comes first.
+  static const Bridge bridges[] = {
+      {[[NSNumber numberWithBool:YES] class], kBoolean},
+      {[NSNumber class], kNumber},
+      {[NSString class], kString},
+      {[NSData class], kData},
+      {[NSDate class], kDate},
+      {[NSArray class], kArray},
+      {[NSDictionary class], kDictionary},
+      {[NSURL class], kURL},
+  };
+  for (const Bridge &bridge : bridges) {
+    if ([object isKindOfClass:bridge.base]) return bridge.type;
+  }
+  return kUnbridged;
+}
+
 }  // namespace
 
 CFTypeRef CFRetain(CFTypeRef object) { return (CFTypeRef)[checked(object, "CFRetain") retain]; }
@@ -19,6 +44,12 @@ CFTypeRef CFRetain(CFTypeRef object) { return (CFTypeRef)[checked(object, "CFRet
 void CFRelease(CFTypeRef object) { [checked(object, "CFRelease") release]; }
 
 Boolean CFEqual(CFTypeRef one, CFTypeRef other) { return [checked(one, "CFEqual") isEqual:checked(other, "CFEqual")]; }
+
+CFTypeID CFGetTypeID(CFTypeRef object) { return typeOf(checked(object, "CFGetTypeID")); }
+
+CFTypeID CFBooleanGetTypeID(void) { return kBoolean; }
+
+CFTypeID CFNumberGetTypeID(void) { return kNumber; }
 
 const UInt8 *CFDataGetBytePtr(CFDataRef data) { return static_cast<const UInt8 *>([(NSData *)data bytes]); }
 

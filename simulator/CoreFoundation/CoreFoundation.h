@@ -5,3 +5,4 @@
 #import <CoreFoundation/CFBase.h>
 #import <CoreFoundation/CFData.h>
 #import <CoreFoundation/CFNotificationCenter.h>
+#import <CoreFoundation/CFNumber.h>

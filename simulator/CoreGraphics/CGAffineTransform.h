@@ -3,10 +3,12 @@
 
 #include <CoreGraphics/CGGeometry.h>
 
+#if !defined(CF_DEFINES_CG_TYPES)  // As in CGGeometry.h.
 typedef struct CGAffineTransform {
   CGFloat a, b, c, d;
   CGFloat tx, ty;
 } CGAffineTransform;
+#endif
 
 static const CGAffineTransform CGAffineTransformIdentity __attribute__((unused)) = {1, 0, 0, 1, 0, 0};
 

@@ -6,18 +6,36 @@
 #include <cfloat>
 #include <cmath>
 
-typedef NSPoint CGPoint;
-typedef NSSize CGSize;
-typedef NSRect CGRect;
+#if !defined(CF_DEFINES_CG_TYPES)  // Newer Foundations bring these types themselves.
+typedef struct CGPoint {
+  CGFloat x;
+  CGFloat y;
+} CGPoint;
+
+typedef struct CGSize {
+  CGFloat width;
+  CGFloat height;
+} CGSize;
+
+typedef struct CGRect {
+  CGPoint origin;
+  CGSize size;
+} CGRect;
 
 typedef struct CGVector {
   CGFloat dx;
   CGFloat dy;
 } CGVector;
 
+enum { CGRectMinXEdge, CGRectMinYEdge, CGRectMaxXEdge, CGRectMaxYEdge };
+
 #define CGFLOAT_MAX DBL_MAX
 #define CGFLOAT_MIN DBL_MIN
 #define CGFLOAT_IS_DOUBLE 1
+#endif
+
+/// One of CGRectMinXEdge, CGRectMinYEdge, CGRectMaxXEdge and CGRectMaxYEdge.
+typedef uint32_t CGRectEdge;
 
 static const CGPoint CGPointZero __attribute__((unused)) = {0, 0};
 static const CGSize CGSizeZero __attribute__((unused)) = {0, 0};
@@ -25,8 +43,6 @@ static const CGRect CGRectZero __attribute__((unused)) = {{0, 0}, {0, 0}};
 static const CGRect CGRectInfinite __attribute__((unused)) = {{-DBL_MAX / 2, -DBL_MAX / 2}, {DBL_MAX, DBL_MAX}};
 /// The empty rectangle at infinity that CGRectIntersection answers for disjoint rectangles.
 static const CGRect CGRectNull __attribute__((unused)) = {{INFINITY, INFINITY}, {0, 0}};
-
-typedef NS_ENUM(uint32_t, CGRectEdge) { CGRectMinXEdge, CGRectMinYEdge, CGRectMaxXEdge, CGRectMaxYEdge };
 
 CG_INLINE CGPoint CGPointMake(CGFloat x, CGFloat y) { return CGPoint{x, y}; }
 CG_INLINE CGSize CGSizeMake(CGFloat width, CGFloat height) { return CGSize{width, height}; }

@@ -17,7 +17,9 @@ NSString *const colorInvert = @"CIColorInvert";
     NSLog(@"CIFilter: there is no filter \"%@\".", name);
     return nil;
   }
-  return [[[self alloc] init] autorelease];
+  CIFilter *filter = [[[self alloc] init] autorelease];
+  [filter setName:name];
+  return filter;
 }
 
 // Key-value coding reaches the inputs by their accessors only.
@@ -26,7 +28,11 @@ NSString *const colorInvert = @"CIColorInvert";
 }
 
 - (NSString *)name {
-  return colorInvert;
+  return _name.get();
+}
+
+- (void)setName:(NSString *)name {
+  _name = objcxx::adopt((NSString *)[name copy]);
 }
 
 - (NSArray *)inputKeys {
@@ -54,6 +60,7 @@ NSString *const colorInvert = @"CIColorInvert";
 
 - (id)copyWithZone:(NSZone *)zone {
   CIFilter *copy = [[CIFilter allocWithZone:zone] init];
+  copy->_name = _name;
   copy->_inputImage = _inputImage;
   return copy;
 }

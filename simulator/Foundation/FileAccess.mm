@@ -11,6 +11,9 @@ namespace sim {
 
 namespace {
 
+// Of Foundation's errors, one that GNUstep base does not declare.
+constexpr NSInteger kFileWriteVolumeReadOnlyError = 642;
+
 NSInteger readCode(int number) {
   switch (number) {
     case ENOENT:
@@ -37,6 +40,10 @@ NSInteger writeCode(int number) {
     case ENOSPC:
     case EDQUOT:
       return NSFileWriteOutOfSpaceError;
+    case EROFS:
+      return kFileWriteVolumeReadOnlyError;
+    case EEXIST:
+      return NSFileWriteFileExistsError;
     case ENAMETOOLONG:
       return NSFileWriteInvalidFileNameError;
     default:
@@ -62,12 +69,12 @@ NSString *shown(const std::string &text) {
   return [[[NSString alloc] initWithBytes:text.data() length:text.size() encoding:encoding] autorelease];
 }
 
+}  // namespace
+
 std::string fileSystemPath(NSString *path) {
   const char *text = [path length] > 0 ? [path fileSystemRepresentation] : nullptr;
   return text ? text : "";
 }
-
-}  // namespace
 
 NSError *cocoaError(NSInteger code, const std::string &explanation) {
   NSString *text = shown(explanation);
@@ -87,7 +94,21 @@ std::optional<FileContent> contentOfFile(NSString *path, NSError **error) {
 BOOL writeFile(NSString *path, std::span<const std::byte> bytes, BOOL atomically, NSError **error) {
   const auto place = fileSystemPath(path);
   const int number = atomically ? writeFileAtomically(place, bytes) : writeFileInPlace(place, bytes);
-  return number == 0 || report(error, fileError(writeCode(number), path, number));
+  return number == 0 || reportFailedWrite(error, notWritten(path), writeError(path, number));
+}
+
+NSError *writeError(NSString *path, int number) { return fileError(writeCode(number), path, number); }
+
+NSString *notWritten(NSString *path) { return [NSString stringWithFormat:@"%@ was not written", path]; }
+
+BOOL reportFailedWrite(NSError **place, NSString *what, NSError *error) {
+  // An error that comes from the system has the system's words in the one below it.
+  NSError *cause = [[error userInfo] objectForKey:NSUnderlyingErrorKey];
+  NSString *reason = [[cause domain] isEqualToString:NSPOSIXErrorDomain]
+                         ? [NSString stringWithUTF8String:std::strerror(static_cast<int>([cause code]))]
+                         : [error localizedDescription];
+  NSLog(@"[Foundation] %@: %@", what, reason);
+  return report(place, error);
 }
 
 }  // namespace sim

@@ -5,32 +5,21 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
+#include <cstdio>
+#include <filesystem>
 #include <new>
-#include <utility>
+#include <system_error>
+#include <vector>
+
+#include "files/Descriptor.hpp"
+#include "files/TemporaryFile.hpp"
 
 namespace sim {
 
 namespace {
 
 constexpr mode_t kNewFileMode = 0644;
-
-class Descriptor final {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  ~Descriptor() {
-    if (number_ >= 0) ::close(number_);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-
-  int number() const { return number_; }
-  explicit operator bool() const { return number_ >= 0; }
-  int close() { return ::close(std::exchange(number_, -1)) == 0 ? 0 : errno; }
-
- private:
-  int number_;
-};
+constexpr std::size_t kCopyBytes = 256 << 10;  // At a time.
 
 int writeAll(int descriptor, std::span<const std::byte> bytes) {
   while (!bytes.empty()) {
@@ -46,19 +35,67 @@ std::string folderOf(const std::string& path) {
   return slash == path.npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
 }
 
-/// Fills the open temporary file and puts it at `path`.
-int fillAndRename(Descriptor& file, const std::string& temporary, const std::string& path,
-                  std::span<const std::byte> bytes) {
+bool isPresent(const std::string& path) {
+  struct stat status {};
+  return ::lstat(path.c_str(), &status) == 0;
+}
+
+int copyLink(const std::string& from, const std::string& to) {
+  std::error_code error;
+  const auto target = std::filesystem::read_symlink(from, error);
+  if (!error) std::filesystem::create_symlink(target, to, error);
+  return error.value();
+}
+
+/// May leave part of a copy behind when it fails; so may the next one.
+int copyFile(const std::string& from, const std::string& to, const struct stat& status) {
+  const Descriptor source(::open(from.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  if (!source) return errno;
+  const Descriptor copy(::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode));
+  if (!copy) return errno;
+  std::vector<std::byte> buffer(kCopyBytes);
+  while (true) {
+    const auto count = ::read(source.get(), buffer.data(), buffer.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return errno;
+    if (count == 0) break;
+    const auto read = std::span(buffer).first(static_cast<std::size_t>(count));
+    if (const int error = writeAll(copy.get(), read)) return error;
+  }
+  const timespec times[] = {status.st_atim, status.st_mtim};
+  if (::fchmod(copy.get(), status.st_mode & 07777) != 0 || ::futimens(copy.get(), times) != 0) return errno;
+  return ::fsync(copy.get()) == 0 ? 0 : errno;
+}
+
+int copyTree(const std::string& from, const std::string& to) {
+  struct stat status {};
+  if (::lstat(from.c_str(), &status) != 0) return errno;
+  if (S_ISLNK(status.st_mode)) return copyLink(from, to);
+  if (S_ISREG(status.st_mode)) return copyFile(from, to, status);
+  if (!S_ISDIR(status.st_mode)) return EINVAL;
+  if (::mkdir(to.c_str(), 0777) != 0) return errno;
+  std::error_code error;
+  std::filesystem::directory_iterator item(from, error);
+  for (; !error && item != std::filesystem::directory_iterator(); item.increment(error)) {
+    const auto name = "/" + item->path().filename().string();
+    if (const int problem = copyTree(from + name, to + name)) return problem;
+  }
+  if (error) return error.value();
+  return ::chmod(to.c_str(), status.st_mode & 07777) == 0 ? 0 : errno;
+}
+
+/// Fills the new file and puts it at `path`.
+int fillAndMove(TemporaryFile& file, const std::string& path, std::span<const std::byte> bytes) {
+  const int descriptor = file.descriptor();
   struct stat old {};
   const bool replaces = ::lstat(path.c_str(), &old) == 0;
   if (replaces && S_ISDIR(old.st_mode)) return EISDIR;
   const bool keepsMode = replaces && S_ISREG(old.st_mode);
-  if (keepsMode && ::fchown(file.number(), old.st_uid, old.st_gid) != 0 && errno != EPERM) return errno;
-  if (::fchmod(file.number(), keepsMode ? old.st_mode & 07777 : kNewFileMode) != 0) return errno;
-  if (const int error = writeAll(file.number(), bytes)) return error;
-  if (::fsync(file.number()) != 0) return errno;
-  if (const int error = file.close()) return error;
-  return ::rename(temporary.c_str(), path.c_str()) == 0 ? 0 : errno;
+  if (keepsMode && ::fchown(descriptor, old.st_uid, old.st_gid) != 0 && errno != EPERM) return errno;
+  if (::fchmod(descriptor, keepsMode ? old.st_mode & 07777 : kNewFileMode) != 0) return errno;
+  if (const int error = writeAll(descriptor, bytes)) return error;
+  if (::fsync(descriptor) != 0) return errno;
+  return file.moveTo(path);
 }
 
 }  // namespace
@@ -67,7 +104,7 @@ std::variant<FileContent, int> readFile(const std::string& path) {
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (!file) return errno;
   struct stat status {};
-  if (::fstat(file.number(), &status) != 0) return errno;
+  if (::fstat(file.get(), &status) != 0) return errno;
   if (S_ISDIR(status.st_mode)) return EISDIR;
   if (!S_ISREG(status.st_mode)) return EINVAL;
   const auto size = static_cast<std::size_t>(status.st_size);
@@ -75,7 +112,7 @@ std::variant<FileContent, int> readFile(const std::string& path) {
   if (!bytes) return EFBIG;
   std::size_t read = 0;
   while (read < size) {
-    const auto count = ::read(file.number(), bytes.get() + read, size - read);
+    const auto count = ::read(file.get(), bytes.get() + read, size - read);
     if (count < 0 && errno != EINTR) return errno;
     if (count == 0) break;  // Somebody has just cut the file.
     if (count > 0) read += static_cast<std::size_t>(count);
@@ -86,23 +123,54 @@ std::variant<FileContent, int> readFile(const std::string& path) {
 int writeFileAtomically(const std::string& path, std::span<const std::byte> bytes) {
   if (path.empty()) return ENOENT;
   const auto folder = folderOf(path);
-  auto temporary = folder + "/.write-XXXXXX";
-  Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
-  if (!file) return errno;
-  if (const int error = fillAndRename(file, temporary, path, bytes)) {
-    ::unlink(temporary.c_str());
-    return error;
-  }
+  TemporaryFile file(folder);
+  if (file.error() != 0) return file.error();
+  if (const int error = fillAndMove(file, path, bytes)) return error;
   const Descriptor parent(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (parent) ::fsync(parent.number());
+  if (parent) ::fsync(parent.get());
   return 0;
 }
 
 int writeFileInPlace(const std::string& path, std::span<const std::byte> bytes) {
   Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kNewFileMode));
   if (!file) return errno;
-  if (const int error = writeAll(file.number(), bytes)) return error;
-  return file.close();
+  if (const int error = writeAll(file.get(), bytes)) return error;
+  return ::close(file.release()) == 0 ? 0 : errno;
+}
+
+int copyItem(const std::string& from, const std::string& to) {
+  if (isPresent(to)) return EEXIST;
+  const int error = copyTree(from, to);
+  std::error_code ignored;
+  // What stands there when the name is taken is somebody else's.
+  if (error != 0 && error != EEXIST) std::filesystem::remove_all(to, ignored);
+  return error;
+}
+
+int moveItem(const std::string& from, const std::string& to) {
+  if (isPresent(to)) return EEXIST;
+  if (std::rename(from.c_str(), to.c_str()) == 0) return 0;
+  if (errno != EXDEV) return errno;
+  if (const int error = copyItem(from, to)) return error;
+  std::error_code error;
+  std::filesystem::remove_all(from, error);
+  return error.value();
+}
+
+int removeItem(const std::string& path) {
+  if (!isPresent(path)) return ENOENT;
+  std::error_code error;
+  std::filesystem::remove_all(path, error);
+  return error.value();
+}
+
+int makeFolder(const std::string& path, bool withParents) {
+  if (path.empty()) return ENOENT;
+  if (!withParents) return ::mkdir(path.c_str(), 0777) == 0 ? 0 : errno;
+  std::error_code error;
+  if (std::filesystem::exists(path, error) && !std::filesystem::is_directory(path, error)) return EEXIST;
+  std::filesystem::create_directories(path, error);
+  return error.value();
 }
 
 }  // namespace sim

@@ -66,6 +66,9 @@ typedef NS_OPTIONS(NSUInteger, NSDataReadingOptions) {
 - (NSComparisonResult)localizedStandardCompare:(NSString *)string;
 /// Only NSCaseInsensitiveSearch and NSDiacriticInsensitiveSearch are supported; the locale is ignored.
 - (NSString *)stringByFoldingWithOptions:(NSStringCompareOptions)options locale:(nullable NSLocale *)locale;
+@end
+
+@interface NSString (Lines)
 - (void)enumerateLinesUsingBlock:(void (^)(NSString *line, BOOL *stop))block;
 @end
 

@@ -1,5 +1,9 @@
-// Searching and comparing as on a device, which GNUstep base lacks.
+// Searching and comparing as on a device, which GNUstep base lacks, and writing that fails with an error and a line in
+// the log.
 #import <Foundation/Foundation.h>
+#import <objc/runtime.h>
+
+#import "Foundation/FileAccess.h"
 
 namespace {
 
@@ -45,7 +49,11 @@ NSString *withoutMarks(NSString *string) {
   return result != NSOrderedSame ? result : [self compare:string];
 }
 
-- (void)enumerateLinesUsingBlock:(void (^)(NSString *line, BOOL *stop))block {
+@end
+
+namespace {
+
+void enumerateLines(NSString *self, SEL, void (^block)(NSString *line, BOOL *stop)) {
   BOOL stop = NO;
   for (NSUInteger start = 0; start < [self length] && !stop;) {
     NSUInteger next = 0, end = 0;
@@ -53,6 +61,53 @@ NSString *withoutMarks(NSString *string) {
     block([self substringWithRange:NSMakeRange(start, end - start)], &stop);
     start = next;
   }
+}
+
+}  // namespace
+
+@implementation NSString (LinesWhereMissing)
+
++ (void)load {
+  const SEL selector = @selector(enumerateLinesUsingBlock:);
+  // Every implementation is stored as a function of any arguments; the way there leads over void *.
+  class_addMethod((Class)objc_getClass("NSString"), selector,
+                  reinterpret_cast<IMP>(reinterpret_cast<void *>(enumerateLines)), "v@:@?");
+}
+
+@end
+
+// Replacing the methods of the class is what this category is for.
+#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
+
+@implementation NSString (Writing)
+
+- (BOOL)writeToFile:(NSString *)path
+         atomically:(BOOL)atomically
+           encoding:(NSStringEncoding)encoding
+              error:(NSError **)error {
+  NSData *data = [self dataUsingEncoding:encoding];
+  if (!data) {
+    return sim::reportFailedWrite(
+        error, sim::notWritten(path),
+        sim::cocoaError(NSFileWriteInapplicableStringEncodingError, "The text has characters that the encoding lacks"));
+  }
+  return [data writeToFile:path options:atomically ? NSDataWritingAtomic : 0 error:error];
+}
+
+- (BOOL)writeToFile:(NSString *)path atomically:(BOOL)atomically {
+  return [self writeToFile:path atomically:atomically encoding:[NSString defaultCStringEncoding] error:nullptr];
+}
+
+- (BOOL)writeToURL:(NSURL *)url
+        atomically:(BOOL)atomically
+          encoding:(NSStringEncoding)encoding
+             error:(NSError **)error {
+  if ([url isFileURL]) return [self writeToFile:[url path] atomically:atomically encoding:encoding error:error];
+  return sim::report(error, sim::cocoaError(NSFileWriteUnsupportedSchemeError, "The URL names no file"));
+}
+
+- (BOOL)writeToURL:(NSURL *)url atomically:(BOOL)atomically {
+  return [self writeToURL:url atomically:atomically encoding:[NSString defaultCStringEncoding] error:nullptr];
 }
 
 @end

@@ -100,7 +100,10 @@ id propertyListInFile(NSString *path, Class type, NSError **error) {
 
 BOOL writePropertyListToFile(id root, NSString *path, BOOL atomically, NSError **error) {
   std::string text;
-  if (!encodePropertyList(root, NSPropertyListXMLFormat_v1_0, text, error)) return NO;
+  NSError *problem = nil;
+  if (!encodePropertyList(root, NSPropertyListXMLFormat_v1_0, text, &problem)) {
+    return reportFailedWrite(error, notWritten(path), problem);
+  }
   return writeFile(path, std::as_bytes(std::span(text)), atomically, error);
 }
 

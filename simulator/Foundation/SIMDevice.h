@@ -18,3 +18,7 @@ FOUNDATION_EXPORT NSString *SIMDeviceFolder(void);
 /// resolved as if the device folder were the root, so the result never lies outside it. Raises
 /// NSInternalInconsistencyException when no folder is set and NSInvalidArgumentException when `path` is nil.
 FOUNDATION_EXPORT NSString *SIMDevicePath(NSString *path);
+
+/// The file on the device, as a path there, whose code lies at `address`; nil when that is no code, or code from
+/// elsewhere. Any thread that knows of Objective-C.
+FOUNDATION_EXPORT NSString *SIMDeviceCodeFile(const void *address);

@@ -2,6 +2,8 @@
 
 #include <objcxx/Retained.h>
 
+#include <dlfcn.h>
+
 #include <climits>
 #include <cstdlib>
 #include <string>
@@ -58,4 +60,12 @@ NSString *SIMDevicePath(NSString *path) {
   if (!folder) [NSException raise:NSInternalInconsistencyException format:@"No device folder is set."];
   const char *text = [path UTF8String];
   return [folder stringByAppendingString:[NSString stringWithUTF8String:rooted(text ? text : "").c_str()]];
+}
+
+NSString *SIMDeviceCodeFile(const void *address) {
+  Dl_info found{};
+  if (!SIMDeviceFolder() || dladdr(address, &found) == 0 || !found.dli_fname) return nil;
+  NSString *file = [NSString stringWithUTF8String:found.dli_fname];
+  NSString *folder = [SIMDeviceFolder() stringByAppendingString:@"/"];
+  return [file hasPrefix:folder] ? [file substringFromIndex:[folder length] - 1] : nil;
 }

@@ -32,6 +32,33 @@ const HeaderKeys &footerKeys() {
   return keys;
 }
 
+/// A cell on its way into the table. Ends with the scope, also when the cell's code raises: the row is then as if it had
+/// never had that cell.
+class CellInMaking final {
+ public:
+  /// The page outlives the scope; the specifier is owned.
+  CellInMaking(PSListController *page, PSSpecifier *specifier) : page_(page), specifier_(share(specifier)) {
+    ++[page_ sim_listState].cellsInMaking;
+  }
+  CellInMaking(const CellInMaking &) = delete;
+  CellInMaking &operator=(const CellInMaking &) = delete;
+  ~CellInMaking() {
+    --[page_ sim_listState].cellsInMaking;
+    if (!isDone_) [page_ sim_unlink:specifier_.get()];
+  }
+
+  PSSpecifier *specifier() const { return specifier_.get(); }
+  UITableViewCell *done(UITableViewCell *cell) {
+    isDone_ = true;
+    return cell;
+  }
+
+ private:
+  PSListController *page_;
+  objcxx::Retained<PSSpecifier> specifier_;
+  bool isDone_ = false;
+};
+
 /// A new header or footer view; nil with a log line when the name is that of no such class.
 UIView *makeHeaderView(PSSpecifier *group, NSString *key) {
   NSString *name = [group sim_stringForKey:key];
@@ -73,21 +100,19 @@ CGFloat heightOfHeaderView(UIView *view, UITableView *table) {
 }
 
 - (UITableViewCell *)tableView:(UITableView *)tableView cellForRowAtIndexPath:(NSIndexPath *)indexPath {
-  PSListControllerState &state = [self sim_listState];
-  const auto specifier = share([self specifierAtIndexPath:indexPath]);
-  ++state.cellsInMaking;
-  UITableViewCell *cell = [self sim_cellForSpecifier:specifier.get() inTable:tableView];
-  [specifier.get() setProperty:cell forKey:PSTableCellKey];
-  state.linked.emplace(specifier.get(), specifier);
+  CellInMaking making(self, [self specifierAtIndexPath:indexPath]);
+  PSSpecifier *specifier = making.specifier();
+  UITableViewCell *cell = [self sim_cellForSpecifier:specifier inTable:tableView];
+  [specifier setProperty:cell forKey:PSTableCellKey];
+  [self sim_listState].linked.emplace(specifier, share(specifier));
   if ([cell isKindOfClass:[PSTableCell class]]) {
     PSTableCell *row = (PSTableCell *)cell;
-    [row sim_showSpecifier:specifier.get()];
-    if ([specifier.get() cellType] == PSListItemCell) [row setChecked:[self sim_isChecked:specifier.get()]];
+    [row sim_showSpecifier:specifier];
+    if ([specifier cellType] == PSListItemCell) [row setChecked:[self sim_isChecked:specifier]];
   } else {
-    [[cell textLabel] setText:[specifier.get() name]];
+    [[cell textLabel] setText:[specifier name]];
   }
-  --state.cellsInMaking;
-  return cell;
+  return making.done(cell);
 }
 
 - (UITableViewCell *)sim_cellForSpecifier:(PSSpecifier *)specifier inTable:(UITableView *)tableView {

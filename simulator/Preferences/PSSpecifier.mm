@@ -1,5 +1,6 @@
 #import <Preferences/PSSpecifier+Sim.h>
 
+#import <Foundation/NotCarried.h>
 #import <Preferences/PreferencesLog.h>
 
 #include <unordered_set>
@@ -29,7 +30,6 @@ NSDictionary *titlesByValue(NSArray *values, NSArray *titles) {
 @synthesize target;
 @synthesize cellType;
 @synthesize detailControllerClass;
-@synthesize editPaneClass;
 @synthesize properties = _properties;
 @synthesize values = _values;
 @synthesize titleDictionary = _titleDict;
@@ -39,6 +39,15 @@ NSDictionary *titlesByValue(NSArray *values, NSArray *titles) {
 @synthesize confirmationAction = _confirmationAction;
 @synthesize confirmationCancelAction = _confirmationCancelAction;
 @synthesize controllerLoadAction = _controllerLoadAction;
+
+- (Class)editPaneClass {
+  return editPaneClass;
+}
+
+- (void)setEditPaneClass:(Class)paneClass {
+  if (paneClass) sim::notCarried(@"PSSpecifier.editPaneClass", @"No row opens a pane.");
+  editPaneClass = paneClass;
+}
 
 + (instancetype)preferenceSpecifierNamed:(NSString *)name
                                   target:(id)target
@@ -54,7 +63,7 @@ NSDictionary *titlesByValue(NSArray *values, NSArray *titles) {
   specifier->getter = get;
   specifier->detailControllerClass = detail;
   specifier->cellType = cell;
-  specifier->editPaneClass = edit;
+  if (edit) [specifier setEditPaneClass:edit];
   return specifier;
 }
 

@@ -17,6 +17,10 @@ typedef NS_OPTIONS(NSUInteger, CACornerMask) {
   kCALayerMaxXMaxYCorner = 1U << 3,
 };
 
+/// What a layer's delegate adopts. Layers call nothing of it.
+@protocol CALayerDelegate <NSObject>
+@end
+
 /// Made by a view, for that view. `masksToBounds`, `opacity`, `backgroundColor` and `hidden` are the view's own
 /// `clipsToBounds`, `alpha`, `backgroundColor` and `hidden`. Main thread only.
 @interface CALayer : NSObject {
@@ -24,25 +28,25 @@ typedef NS_OPTIONS(NSUInteger, CACornerMask) {
   std::unique_ptr<sim::CALayerState> _state;
 }
 /// The view; not owned.
-@property (nonatomic, assign) id delegate;
+@property (assign) id<CALayerDelegate> delegate;
 
-@property (nonatomic) CGFloat cornerRadius;
-@property (nonatomic) CACornerMask maskedCorners;
-@property (nonatomic) BOOL masksToBounds;
-@property (nonatomic) CGFloat borderWidth;
+@property CGFloat cornerRadius;
+@property CACornerMask maskedCorners;
+@property BOOL masksToBounds;
+@property CGFloat borderWidth;
 /// Opaque black until set.
-@property (nonatomic) CGColorRef borderColor;
+@property CGColorRef borderColor;
 
 /// Opaque black until set.
-@property (nonatomic) CGColorRef shadowColor;
+@property CGColorRef shadowColor;
 /// 0 until set: no shadow.
-@property (nonatomic) float shadowOpacity;
+@property float shadowOpacity;
 /// (0, -3) until set.
-@property (nonatomic) CGSize shadowOffset;
+@property CGSize shadowOffset;
 /// 3 until set.
-@property (nonatomic) CGFloat shadowRadius;
+@property CGFloat shadowRadius;
 
-@property (nonatomic) CGColorRef backgroundColor;
-@property (nonatomic) float opacity;
-@property (nonatomic, getter=isHidden) BOOL hidden;
+@property CGColorRef backgroundColor;
+@property float opacity;
+@property (getter=isHidden) BOOL hidden;
 @end

@@ -7,7 +7,7 @@
 #import <UIKit/UITextField+Sim.h>
 #import <UIKit/UITextView+Sim.h>
 
-#import "Settings/ViewDescription.hpp"
+#import "Settings/ControlDescription.hpp"
 
 #include <algorithm>
 #include <limits>

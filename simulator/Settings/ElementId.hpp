@@ -8,7 +8,7 @@
 
 namespace sim {
 
-/// What an id can name. The text form is "<kind><owner>[.<section>].<index>", for instance "row3.0.2".
+/// What an id can name. The text form is "<kind><owner>[.<section>.<row>][.<index>]", for instance "row3.0.2".
 enum class ElementKind : std::uint8_t {
   kBack,         ///< "back3": the back button of page 3.
   kButton,       ///< "button3.0": a bar button of page 3.
@@ -19,8 +19,8 @@ enum class ElementKind : std::uint8_t {
   kSheetItem,    ///< "item6.0": an entry of sheet 6.
 };
 
-/// An element of one page, alert or sheet. `owner` is the number of that page, unique in the process, so that an id of
-/// a page that is gone names nothing.
+/// The place of an element on one page, alert or sheet. `owner` is the number of that page, unique in the process, so that
+/// an id of a page that is gone names nothing. A row's id stays with its place, not with the row.
 struct ElementId {
   ElementKind kind = ElementKind::kRow;
   std::uint32_t owner = 0;

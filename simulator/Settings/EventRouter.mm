@@ -58,6 +58,21 @@ class Route {
     }
   }
 
+  /// A finger drags the row aside, or back.
+  EventResult swipe() const {
+    if (!hasId()) return malformed("A \"swipe\" event has an \"id\".");
+    const auto open = event_.find("open");
+    if (open != event_.end() && !open->is_boolean()) return malformed("\"open\" is true or false.");
+    const auto id = elementId();
+    if (!id || id->kind != ElementKind::kRow || !isOnPage(*id)) return unknown();
+    if (![table() sim_hasRowAtIndexPath:path(*id)]) return unknown();
+    if (open == event_.end() || open->get<bool>()) {
+      return done([table() sim_swipeRowAtIndexPath:path(*id)], "This row has no actions.");
+    }
+    if ([[table() sim_swipedRow] isEqual:path(*id)]) (void)[table() sim_closeSwipedRow];
+    return {};
+  }
+
   EventResult set() const {
     const auto value = event_.find("value");
     if (hasId() && value == event_.end()) return malformed("A \"set\" event has a \"value\".");
@@ -78,6 +93,7 @@ class Route {
     const auto to = indexPath("to");
     if (!to) return malformed("A \"scroll\" event has \"to\", [section, row].");
     if (presented_ || ![table() sim_hasRowAtIndexPath:to.value()]) return unknown();
+    (void)[table() sim_closeSwipedRow];
     [table() scrollToRowAtIndexPath:to.value() atScrollPosition:UITableViewScrollPositionMiddle animated:NO];
     return {};
   }
@@ -156,6 +172,7 @@ class Route {
   EventResult tapRow(const ElementId &id) const {
     if (![table() sim_hasRowAtIndexPath:path(id)]) return unknown();
     if (hasPart("copy") || hasPart("save")) return refused("This row shares nothing.");
+    if ([table() sim_closeSwipedRow]) return {};  // The touch is used up.
     if (hasPart("accessory")) {
       return done([table() sim_tapAccessoryAtIndexPath:path(id)], "This row has no button.");
     }
@@ -177,8 +194,9 @@ class Route {
     const auto element = elementId();
     UIView *control = element ? controlOf(*element) : nil;
     if (!control) return unknown();
-    const char *problem = perform(control);
-    return problem ? refused(problem) : EventResult{};
+    if (const char *problem = perform(control)) return refused(problem);
+    if (element->kind == ElementKind::kRow) (void)[table() sim_closeSwipedRow];
+    return {};
   }
 
   /// What holds the control of a row or is a field of an alert; nil for anything else, and while it is covered.
@@ -252,6 +270,7 @@ EventResult routeEvent(const Json &event, UINavigationController *navigation, Pa
   const std::string_view name = type->get_ref<const std::string &>();
   const Route route(event, navigation, numbers);
   if (name == "tap") return route.tap();
+  if (name == "swipe") return route.swipe();
   if (name == "set") return route.set();
   if (name == "paste") return route.paste();
   if (name == "move") return route.move();

@@ -2,6 +2,8 @@
 
 #import <UIKit/UIImage+Sim.h>
 
+#import "Settings/JsonValues.hpp"
+
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -31,22 +33,23 @@ NSUInteger longestSideOf(CGSize size, CGSize shown) {
 
 }  // namespace
 
-void ImageStore::add(JsonText &out, std::string identifier, CGSize size, Picture picture) {
+void ImageStore::add(JsonText &out, std::string identifier, CGSize size, UIColor *tint, Picture picture) {
   out.beginObject();
   out.name("url").string("/images/" + identifier);
   out.name("width").number(size.width);
   out.name("height").number(size.height);
+  writeColor(out.name("tint"), tint);
   out.endObject();
   described_.insert_or_assign(std::move(identifier), std::move(picture));
 }
 
-void ImageStore::write(JsonText &out, UIImage *image, CGSize shown) {
+void ImageStore::write(JsonText &out, UIImage *image, CGSize shown, UIColor *tint) {
   if (!image) return out.null();
   const NSUInteger longestSide = longestSideOf([image size], shown);
   const CGSize pixels = [image sim_pixelSize];
   std::string identifier = prefix_ + std::to_string([image sim_number]);
   if (std::max(pixels.width, pixels.height) > longestSide) identifier += '-' + std::to_string(longestSide);
-  add(out, std::move(identifier), [image size], {objcxx::share(image), {}, longestSide});
+  add(out, std::move(identifier), [image size], tint, {objcxx::share(image), {}, longestSide});
 }
 
 void ImageStore::writeThumbnail(JsonText &out, NSString *path) {
@@ -59,7 +62,7 @@ void ImageStore::writeThumbnail(JsonText &out, NSString *path) {
                           static_cast<long long>(side)}) {
     identifier += '-' + std::to_string(part);
   }
-  add(out, std::move(identifier), CGSizeMake(kThumbnailSide, kThumbnailSide), {{}, objcxx::share(path), side});
+  add(out, std::move(identifier), CGSizeMake(kThumbnailSide, kThumbnailSide), nil, {{}, objcxx::share(path), side});
 }
 
 void ImageStore::accept() {

@@ -2,7 +2,7 @@
 
 #import <Preferences/PSTableCell+Sim.h>
 #import <Preferences/Preferences.h>
-#import <QuartzCore/QuartzCore.h>
+#import <UIKit/UIFont+Sim.h>
 #import <UIKit/UIKit.h>
 #import <UIKit/UITableView+Sim.h>
 #import <UIKit/UITableViewCell+Sim.h>
@@ -11,6 +11,7 @@
 #include <array>
 #include <unordered_map>
 
+#import "Settings/ControlDescription.hpp"
 #import "Settings/ElementId.hpp"
 #import "Settings/ImageStore.hpp"
 #import "Settings/JsonValues.hpp"
@@ -48,23 +49,22 @@ const char *accessoryName(UITableViewCellAccessoryType type) {
 }
 
 void writeImageStyle(JsonText &out, UIImageView *view) {
-  CALayer *layer = [view layer];
   out.beginObject();
-  out.name("shadow");
-  if ([layer shadowOpacity] > 0) {
-    out.beginObject();
-    writeColor(out.name("color"), [UIColor colorWithCGColor:[layer shadowColor]]);
-    out.name("x").number([layer shadowOffset].width);
-    out.name("y").number([layer shadowOffset].height);
-    out.name("opacity").number([layer shadowOpacity]);
-    out.name("radius").number([layer shadowRadius]);
-    out.endObject();
-  } else {
-    out.null();
-  }
-  out.name("contentMode")
-      .string([view contentMode] == UIViewContentModeScaleAspectFit ? "scaleAspectFit" : "scaleToFill");
+  writeShadow(out.name("shadow"), view);
+  writeLayer(out.name("layer"), view);
+  out.name("clips").flag([view clipsToBounds]);
+  out.name("contentMode").string(contentModeName([view contentMode]));
   out.endObject();
+}
+
+/// The left and right distance of the line below a row; null where it is left to the system.
+void writeSeparatorInset(JsonText &out, UITableView *table, UITableViewCell *cell) {
+  if (![cell sim_hasSeparatorInset] && ![table sim_hasSeparatorInset]) return out.null();
+  const UIEdgeInsets inset = [cell sim_hasSeparatorInset] ? [cell separatorInset] : [table separatorInset];
+  out.beginArray();
+  out.number(inset.left);
+  out.number(inset.right);
+  out.endArray();
 }
 
 /// Whether the class comes from the frameworks: then the cell's subviews are known, and the browser draws them itself.
@@ -105,7 +105,8 @@ class RowWriter {
 
   void write(NSIndexPath *path, UITableViewCell *cell) {
     const ElementId row = idOf(path);
-    UIView *control = findControl([cell sim_shownAccessoryView]) ?: findControl([cell contentView]);
+    UIView *accessory = [cell sim_shownAccessoryView];
+    UIView *control = findControl(accessory) ?: findControl([cell contentView]);
     PSSpecifier *specifier = [cell isKindOfClass:[PSTableCell class]] ? [(PSTableCell *)cell specifier] : nil;
     out_.beginObject();
     out_.name("id").string(row.text());
@@ -113,6 +114,7 @@ class RowWriter {
     writeTexts(cell, control);
     writeState(path, cell, control, specifier);
     writePicture([cell sim_imageViewIfMade]);
+    writeLook(cell, findControl(accessory) ? nil : accessory);
     writeSwipeActions(path, row);
     writeOwnViews(cell, control);
     out_.endObject();
@@ -141,21 +143,28 @@ class RowWriter {
     UILabel *label = [cell sim_textLabelIfMade];
     UILabel *detail = [cell sim_detailTextLabelIfMade];
     writeText(out_.name("label"), [label text]);
-    writeColor(out_.name("labelColor"), [label textColor]);
+    writeColor(out_.name("labelColor"), shownColor(label));
     if (label) {
+      out_.name("labelSize").number([[label font] pointSize]);
+      out_.name("labelWeight").integer(textStyle([label font]).weight);
       out_.name("labelAlignment").string(alignmentName([label textAlignment]));
       out_.name("labelLines").integer([label numberOfLines]);
     } else {
+      out_.name("labelSize").null();
+      out_.name("labelWeight").null();
       out_.name("labelAlignment").null();
       out_.name("labelLines").null();
     }
     writeText(out_.name("detail"), [detail text]);
-    writeColor(out_.name("detailColor"), [detail textColor]);
+    writeColor(out_.name("detailColor"), shownColor(detail));
     writeText(out_.name("accessibilityLabel"), [cell accessibilityLabel] ?: [control accessibilityLabel]);
+    writeText(out_.name("accessibilityValue"), [cell accessibilityValue] ?: [control accessibilityValue]);
+    writeText(out_.name("accessibilityHint"), [cell accessibilityHint] ?: [control accessibilityHint]);
+    writeText(out_.name("accessibilityIdentifier"), [cell accessibilityIdentifier] ?: [control accessibilityIdentifier]);
   }
 
   void writeState(NSIndexPath *path, UITableViewCell *cell, UIView *control, PSSpecifier *specifier) {
-    writeControl(out_.name("control"), control);
+    writeControl(out_.name("control"), control, images_);
     if (NSString *text = editableText(control)) {
       writeText(out_, "value", text);
     } else if (!writeControlValue(out_.name("value"), control)) {
@@ -170,16 +179,29 @@ class RowWriter {
   }
 
   void writePicture(UIImageView *icon) {
-    images_.write(out_.name("image"), [icon image], [icon frame].size);
+    UIImage *image = shownImage(icon);
+    images_.write(out_.name("image"), image, [icon frame].size, templateTint(image, icon));
     out_.name("imageStyle");
-    if ([icon image]) {
+    if (image) {
       writeImageStyle(out_, icon);
     } else {
       out_.null();
     }
   }
 
+  /// `accessory` is the cell's own, when it holds no control.
+  void writeLook(UITableViewCell *cell, UIView *accessory) {
+    UIColor *tint = [cell tintColor];
+    writeColor(out_.name("tintColor"), [tint isEqual:[UIColor systemBlueColor]] ? nil : tint);
+    writeColor(out_.name("backgroundColor"), [cell backgroundColor]);
+    writeOptionalView(out_.name("backgroundView"), [cell backgroundView], images_);
+    writeOptionalView(out_.name("accessoryView"), accessory, images_);
+    writeSeparatorInset(out_.name("separatorInset"), table_, cell);
+    out_.name("highlighted").flag([cell isHighlighted]);
+  }
+
   void writeSwipeActions(NSIndexPath *path, ElementId row) {
+    out_.name("swipeOpen").flag([[table_ sim_swipedRow] isEqual:path]);
     out_.name("swipeActions").beginArray();
     std::uint32_t index = 0;
     for (SIMSwipeAction *action in [table_ sim_swipeActionsAtIndexPath:path]) {
@@ -188,6 +210,8 @@ class RowWriter {
       out_.name("id").string(id.text());
       writeText(out_.name("title"), [action title]);
       writeColor(out_.name("color"), [action backgroundColor]);
+      UIImage *image = [action image];
+      images_.write(out_.name("image"), image, [image size], templateTint(image, [UIColor whiteColor]));
       out_.name("leading").flag([action isLeading]);
       out_.endObject();
     }
@@ -225,11 +249,6 @@ class RowWriter {
   std::unordered_map<Class, bool> frameworkClasses_;
 };
 
-void writeSectionView(JsonText &out, UIView *view, ImageStore &images) {
-  if (!view) return out.null();
-  writeView(out, view, images);
-}
-
 }  // namespace
 
 void writeSections(JsonText &out, UITableView *table, std::uint32_t page, ImageStore &images) {
@@ -241,8 +260,8 @@ void writeSections(JsonText &out, UITableView *table, std::uint32_t page, ImageS
     out.beginObject();
     writeText(out.name("header"), [table sim_titleForHeaderInSection:section]);
     writeText(out.name("footer"), [table sim_titleForFooterInSection:section]);
-    writeSectionView(out.name("headerView"), [table sim_viewForHeaderInSection:section], images);
-    writeSectionView(out.name("footerView"), [table sim_viewForFooterInSection:section], images);
+    writeOptionalView(out.name("headerView"), [table sim_viewForHeaderInSection:section], images);
+    writeOptionalView(out.name("footerView"), [table sim_viewForFooterInSection:section], images);
     out.name("headerHeight").number([table sim_heightOfHeaderInSection:section]);
     out.name("footerHeight").number([table sim_heightOfFooterInSection:section]);
     out.name("rows").beginArray();

@@ -3,6 +3,7 @@
 #import <UIKit/UIKit.h>
 #import <UIKit/UIBarButtonItem+Sim.h>
 #import <UIKit/UINavigationController+Sim.h>
+#import <UIKit/UITableView+Sim.h>
 #import <UIKit/UIViewController+Sim.h>
 
 #import "Settings/BarButtons.hpp"
@@ -40,7 +41,42 @@ UITableView *firstTable(UIView *view) {
   return nil;
 }
 
-void writeButtons(JsonText &out, UIViewController *page, std::uint32_t number) {
+/// nil for the system's own tint.
+UIColor *ownTint(UIView *view) {
+  UIColor *tint = [view tintColor];
+  return [tint isEqual:[UIColor systemBlueColor]] ? nil : tint;
+}
+
+/// What the page asks of the bar above it.
+void writeBar(JsonText &out, UINavigationController *navigation, UIViewController *page, ImageStore &images) {
+  UINavigationBar *bar = [navigation navigationBar];
+  UINavigationItem *item = [page navigationItem];
+  const bool isBlack = [bar barStyle] == UIBarStyleBlack;
+  UIColor *white = isBlack ? [UIColor whiteColor] : nil;
+  const auto colorIn = [&](NSDictionary *attributes) {
+    return (UIColor *)[attributes objectForKey:NSForegroundColorAttributeName] ?: white;
+  };
+  out.name("bar").beginObject();
+  writeColor(out.name("color"), [bar barTintColor] ?: (isBlack ? [UIColor blackColor] : nil));
+  writeColor(out.name("titleColor"), colorIn([bar titleTextAttributes]));
+  writeColor(out.name("largeTitleColor"), colorIn([bar largeTitleTextAttributes]));
+  writeColor(out.name("tintColor"), ownTint(bar));
+  out.name("translucent").flag([bar isTranslucent]);
+  out.name("hidden").flag([navigation isNavigationBarHidden]);
+  out.endObject();
+
+  const bool isRoot = [[navigation viewControllers] firstObject] == page;
+  const auto mode = [item largeTitleDisplayMode];
+  const bool wantsLarge = mode == UINavigationItemLargeTitleDisplayModeAutomatic
+                              ? isRoot
+                              : mode == UINavigationItemLargeTitleDisplayModeAlways;
+  out.name("largeTitle").flag([bar prefersLargeTitles] && wantsLarge);
+  writeText(out.name("prompt"), [item prompt]);
+  writeOptionalView(out.name("titleView"), [item titleView], images);
+}
+
+void writeButtons(JsonText &out, UINavigationController *navigation, UIViewController *page, std::uint32_t number,
+                  ImageStore &images) {
   out.beginArray();
   std::uint32_t index = 0;
   for (UIBarButtonItem *item in barButtons(page)) {
@@ -50,6 +86,15 @@ void writeButtons(JsonText &out, UIViewController *page, std::uint32_t number) {
     writeText(out.name("systemItem"), [item sim_systemItemName]);
     out.name("side").string(isLeftButton(page, item) ? "left" : "right");
     out.name("enabled").flag([item isEnabled]);
+    UIColor *tint = [item tintColor] ?: ownTint([navigation navigationBar]);
+    images.write(out.name("image"), [item image], [[item image] size],
+                 templateTint([item image], tint ?: [[navigation navigationBar] tintColor]));
+    writeColor(out.name("tintColor"), tint);
+    out.name("style").string([item style] == UIBarButtonItemStyleDone ? "done" : "plain");
+    out.name("width").number([item width]);
+    writeText(out.name("accessibilityLabel"), [item accessibilityLabel]);
+    writeText(out.name("accessibilityIdentifier"), [item accessibilityIdentifier]);
+    writeOptionalView(out.name("view"), [item customView], images);
     out.endObject();
   }
   out.endArray();
@@ -64,10 +109,26 @@ void writeBack(JsonText &out, UINavigationController *navigation, std::uint32_t 
   out.endObject();
 }
 
+/// What a table shows beside its rows.
+void writeTableLook(JsonText &out, UITableView *table, ImageStore &images) {
+  writeColor(out.name("backgroundColor"), [table backgroundColor]);
+  writeOptionalView(out.name("backgroundView"), [table backgroundView], images);
+  writeOptionalView(out.name("headerView"), [table tableHeaderView], images);
+  writeOptionalView(out.name("footerView"), [table tableFooterView], images);
+  writeColor(out.name("separatorColor"), [table sim_ownSeparatorColor]);
+  out.name("separators").flag(!table || [table separatorStyle] != UITableViewCellSeparatorStyleNone);
+  out.name("scrolls").flag(!table || [table isScrollEnabled]);
+  out.name("contentInset").beginArray();
+  out.number([table contentInset].top);
+  out.number([table contentInset].bottom);
+  out.endArray();
+}
+
 /// The page's rows, or its view when it has no table.
 void writeContent(JsonText &out, UIViewController *page, std::uint32_t number, ImageStore &images) {
   UITableView *table = tableOf(page);
-  out.name("editing").flag([table isEditing]);
+  writeTableLook(out, table, images);
+  out.name("editing").flag([table isEditing] && ![table sim_swipedRow]);
   if (table) {
     out.name("style").string(styleName([table style]));
     writeSections(out.name("sections"), table, number, images);
@@ -107,7 +168,8 @@ void writePage(JsonText &out, UINavigationController *navigation, PageNumbers &n
   out.name("class").string(classNameOf(page));
   writeText(out.name("title"), titleOf(page));
   writeBack(out.name("back"), navigation, number);
-  writeButtons(out.name("buttons"), page, number);
+  writeButtons(out.name("buttons"), navigation, page, number, images);
+  writeBar(out, navigation, page, images);
   const std::size_t head = out.text().size();
   NSString *raised = guarded("describing the page", [&] { writeContent(out, page, number, images); });
   if (raised) {

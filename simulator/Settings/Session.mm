@@ -24,6 +24,7 @@ Session::Session(UIViewController *root, std::uint64_t firstRevision)
       navigation_(objcxx::adopt([[UINavigationController alloc] initWithRootViewController:root])),
       images_(firstRevision),
       revision_(firstRevision) {
+  [[navigation_.get() navigationBar] setPrefersLargeTitles:YES];
   [window_.get() setRootViewController:navigation_.get()];
   guarded("opening the application", [this] { [window_.get() makeKeyAndVisible]; });
   refresh();

@@ -10,6 +10,7 @@
 #import "Settings/ImageStore.hpp"
 #import "Settings/JsonValues.hpp"
 #import "Settings/ScreenDescription.hpp"
+#import "Settings/ViewDescription.hpp"
 
 namespace sim {
 namespace {
@@ -53,6 +54,15 @@ void writeActions(JsonText &out, UIAlertController *alert, std::uint32_t number)
     out.endObject();
   }
   out.endArray();
+}
+
+/// Where on the screen a popover points to, in points; null for what has no such place.
+void writeAnchor(JsonText &out, UIViewController *presented) {
+  UIPopoverPresentationController *popover = [presented popoverPresentationController];
+  UIView *source = [popover sourceView];
+  if (![source window]) return out.null();
+  const CGRect rect = CGRectIsNull([popover sourceRect]) ? [source bounds] : [popover sourceRect];
+  writeFrame(out, [source convertRect:rect toView:nil]);
 }
 
 /// What a picker or another page offers.
@@ -152,6 +162,7 @@ void writeAlert(JsonText &out, UIViewController *presented, PageNumbers &numbers
   writeText(out.name("title"), [alert title]);
   writeText(out, "message", [alert message]);
   out.name("style").string([alert preferredStyle] == UIAlertControllerStyleAlert ? "alert" : "actionSheet");
+  writeAnchor(out.name("anchor"), alert);
   writeFields(out.name("fields"), alert, number);
   writeActions(out.name("actions"), alert, number);
   out.endObject();
@@ -160,6 +171,7 @@ void writeAlert(JsonText &out, UIViewController *presented, PageNumbers &numbers
 void writeSheet(JsonText &out, UIViewController *presented, PageNumbers &numbers, ImageStore &images) {
   if (!presented || [presented isKindOfClass:[UIAlertController class]]) return out.null();
   out.beginObject();
+  writeAnchor(out.name("anchor"), presented);
   if ([presented isKindOfClass:[UIActivityViewController class]]) {
     writeShareSheet(out, (UIActivityViewController *)presented, numbers.of(presented));
   } else {

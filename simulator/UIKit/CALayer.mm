@@ -6,7 +6,7 @@
 namespace sim {
 
 struct CALayerState {
-  id delegate = nil;  // Not owned; cleared by the view.
+  id<CALayerDelegate> delegate = nil;  // Not owned; cleared by the view.
   CGFloat cornerRadius = 0;
   CACornerMask maskedCorners =
       kCALayerMinXMinYCorner | kCALayerMaxXMinYCorner | kCALayerMinXMaxYCorner | kCALayerMaxXMaxYCorner;
@@ -18,7 +18,7 @@ struct CALayerState {
   CGFloat shadowRadius = 3;
 
   // A layer is made for a view; what the two share, the view keeps.
-  UIView *view() const { return [delegate isKindOfClass:[UIView class]] ? (UIView *)delegate : nil; }
+  UIView *view() const { return [delegate isKindOfClass:[UIView class]] ? static_cast<UIView *>(delegate) : nil; }
 };
 
 }  // namespace sim
@@ -41,11 +41,11 @@ objcxx::Retained<NSObject> shared(CGColorRef color) { return objcxx::share((NSOb
   return self;
 }
 
-- (id)delegate {
+- (id<CALayerDelegate>)delegate {
   return _state->delegate;
 }
 
-- (void)setDelegate:(id)delegate {
+- (void)setDelegate:(id<CALayerDelegate>)delegate {
   _state->delegate = delegate;
 }
 

@@ -13,6 +13,9 @@ NSInteger indexAt(NSIndexPath *path, NSUInteger position) {
 
 }  // namespace
 
+// Newer Foundations have some of these methods, but take an index path of any length.
+#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
+
 @implementation NSIndexPath (UIKitAdditions)
 
 + (instancetype)indexPathForRow:(NSInteger)row inSection:(NSInteger)section {

@@ -21,7 +21,7 @@ typedef NS_ENUM(NSInteger, NSLineBreakMode) {
   NSLineBreakByTruncatingMiddle,
 };
 
-typedef NS_ENUM(NSInteger, NSUnderlineStyle) {
+typedef NS_OPTIONS(NSInteger, NSUnderlineStyle) {
   NSUnderlineStyleNone = 0,
   NSUnderlineStyleSingle = 1,
 };

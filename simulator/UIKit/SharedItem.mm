@@ -3,7 +3,7 @@
 #import "PickedFile.h"
 
 #import <Foundation/FileAccess.h>
-#import <UIKit/UIImage.h>
+#import <UIKit/UIImage+Sim.h>
 
 #include <Foundation/UTF8.hpp>
 
@@ -70,7 +70,7 @@ NSData *contentOfSharedItem(id item, NSError **error) {
   NSString *name = fileNameOfSharedItem(item);
   NSData *content = nil;
   if ([item isKindOfClass:[UIImage class]]) {
-    content = UIImagePNGRepresentation(item);
+    content = [item sim_encodedPNGWithLongestSide:0];
   } else if (isFile(item)) {
     if (isLargerThan(kLargestFile, [item path])) {
       fail(error, NSFileReadTooLargeError, [NSString stringWithFormat:@"“%@” is too large to be saved from here.", name]);

@@ -107,7 +107,7 @@ struct ActivityState {
 
   const auto keepAlive = objcxx::share(self);
   const auto handler = std::exchange(_activityState->completion, {});  // It often holds the sheet in turn.
-  [[self presentingViewController] dismissViewControllerAnimated:YES completion:nil];
+  [[self presentingViewController] sim_dismissAtOnce];
   if (handler) handler(activityType, activityType != nil && completed, nil, nil);
   return YES;
 }

@@ -127,7 +127,7 @@ struct AlertControllerState {
   const auto tapped = objcxx::share(action);
   const auto handler = objcxx::copyOf([action sim_handler]);
   [[self viewIfLoaded] endEditing:YES];
-  [presenter dismissViewControllerAnimated:YES completion:nil];
+  [presenter sim_dismissAtOnce];
   if (handler) handler(tapped.get());
   return YES;
 }
@@ -138,7 +138,7 @@ struct AlertControllerState {
 
   UIViewController *presenter = [self presentingViewController];
   if (!presenter || [[UIDevice currentDevice] userInterfaceIdiom] != UIUserInterfaceIdiomPad) return NO;
-  [presenter dismissViewControllerAnimated:YES completion:nil];
+  [presenter sim_dismissAtOnce];
   return YES;
 }
 

@@ -2,6 +2,7 @@
 
 #import <UIKit/UIApplication.h>
 #import <UIKit/UIColor.h>
+#import <UIKit/UIControl.h>
 #import <UIKit/UIView.h>
 #include <objcxx/Retained.h>
 
@@ -139,7 +140,23 @@ static_assert(systemItemCount == UIBarButtonSystemItemClose + 1);
   return systemItem < 0 ? nil : systemItemNames[systemItem];
 }
 
+/// What a tap on a view in a bar reaches: the first control in it that takes touches, depth first.
+- (UIControl *)sim_controlIn:(UIView *)view {
+  if ([view isHidden] || ![view isUserInteractionEnabled]) return nil;
+  if ([view isKindOfClass:[UIControl class]]) return (UIControl *)view;
+  for (UIView *child in [view subviews]) {
+    if (UIControl *found = [self sim_controlIn:child]) return found;
+  }
+  return nil;
+}
+
 - (BOOL)sim_tap {
+  if (_barButtonItemState->customView) {
+    const auto control = objcxx::share([self sim_controlIn:_barButtonItemState->customView.get()]);
+    if (![control.get() isEnabled]) return NO;
+    [control.get() sendActionsForControlEvents:UIControlEventTouchUpInside];
+    return YES;
+  }
   if (![self isEnabled] || !_barButtonItemState->action) return NO;
 
   // The action may take the item off its bar.

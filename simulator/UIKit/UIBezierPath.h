@@ -45,7 +45,7 @@ typedef NS_OPTIONS(NSUInteger, UIRectCorner) {
 @property (nonatomic) CGLineJoin lineJoinStyle;
 @property (nonatomic) CGFloat miterLimit;
 @property (nonatomic) BOOL usesEvenOddFillRule;
-@property (nonatomic, readonly, getter=isEmpty) BOOL empty;
+@property (readonly, getter=isEmpty) BOOL empty;
 /// Of the drawn outline.
 @property (nonatomic, readonly) CGRect bounds;
 @property (nonatomic, readonly) CGPoint currentPoint;

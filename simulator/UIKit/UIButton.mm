@@ -18,6 +18,7 @@ struct UIButtonState {
   PerState<UIImage> backgroundImages;
   objcxx::Retained<UILabel> titleLabel;
   objcxx::Retained<UIImageView> imageView;
+  objcxx::Retained<UIImageView> backgroundView;
 };
 
 }  // namespace sim
@@ -84,12 +85,22 @@ constexpr CGFloat systemVerticalInset = 6;
   return _buttonState->imageView.get();
 }
 
+- (void)sim_showBackground {
+  UIImage *background = [self backgroundImageForState:[self state]];
+  if (background && !_buttonState->backgroundView) {
+    _buttonState->backgroundView = objcxx::adopt([[UIImageView alloc] initWithFrame:[self bounds]]);
+    [self insertSubview:_buttonState->backgroundView.get() atIndex:0];
+  }
+  [_buttonState->backgroundView.get() setImage:background];
+}
+
 - (void)sim_showCurrent {
   if ([[self currentTitle] length] > 0 || _buttonState->titleLabel) {
     [[self titleLabel] setText:[self currentTitle]];
     [[self titleLabel] setTextColor:[self currentTitleColor]];
   }
   if ([self currentImage] || _buttonState->imageView) [[self imageView] setImage:[self currentImage]];
+  [self sim_showBackground];
   [self setNeedsLayout];
 }
 
@@ -130,6 +141,7 @@ constexpr CGFloat systemVerticalInset = 6;
 
 - (void)setBackgroundImage:(UIImage *)image forState:(UIControlState)state {
   set(_buttonState->backgroundImages, state, objcxx::share(image));
+  [self sim_showCurrent];
 }
 
 - (NSString *)titleForState:(UIControlState)state {
@@ -188,6 +200,7 @@ constexpr CGFloat systemVerticalInset = 6;
   CGFloat left = spare / 2;
   if ([self contentHorizontalAlignment] == UIControlContentHorizontalAlignmentLeft) left = 0;
   if ([self contentHorizontalAlignment] == UIControlContentHorizontalAlignmentRight) left = spare;
+  [_buttonState->backgroundView.get() setFrame:[self bounds]];
   [_buttonState->imageView.get()
       setFrame:CGRectMake(left, (bounds.height - image.height) / 2, image.width, image.height)];
   [_buttonState->titleLabel.get()

@@ -16,7 +16,7 @@ typedef NS_ENUM(NSInteger, UIContextualActionStyle) {
 };
 
 /// `completionHandler` is to be called once with whether the action was performed.
-typedef void (^UIContextualActionHandler)(UIContextualAction *action, UIView *sourceView,
+typedef void (^UIContextualActionHandler)(UIContextualAction *action, __kindof UIView *sourceView,
                                           void (^completionHandler)(BOOL actionPerformed));
 
 namespace sim {
@@ -33,9 +33,9 @@ struct ContextualActionState;
                                     title:(NSString *)title
                                   handler:(UIContextualActionHandler)handler;
 @property (nonatomic, readonly) UIContextualActionStyle style;
-@property (nonatomic, readonly) UIContextualActionHandler handler;
+@property (nonatomic, readonly, copy) UIContextualActionHandler handler;
 @property (nonatomic, copy) NSString *title;
 /// At first red for the destructive style and grey for the normal one.
 @property (nonatomic, copy) UIColor *backgroundColor;
-@property (nonatomic, retain) UIImage *image;
+@property (nonatomic, copy) UIImage *image;
 @end

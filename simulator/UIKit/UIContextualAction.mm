@@ -11,7 +11,7 @@ struct ContextualActionState {
   objcxx::Retained<NSString> title;
   objcxx::Retained<UIColor> backgroundColor;
   objcxx::Retained<UIImage> image;
-  objcxx::BlockHandle<void, UIContextualAction *, UIView *, void (^)(BOOL)> handler;
+  objcxx::BlockHandle<void, UIContextualAction *, __kindof UIView *, void (^)(BOOL)> handler;
 };
 }  // namespace sim
 
@@ -65,7 +65,7 @@ struct ContextualActionState {
 }
 
 - (void)setImage:(UIImage *)image {
-  _contextualActionState->image = objcxx::share(image);
+  _contextualActionState->image = objcxx::share(image);  // It never changes, so it is its own copy.
 }
 
 @end

@@ -24,7 +24,8 @@ namespace sim {
 struct DocumentPickerState;
 }
 
-/// The picker dismisses itself before it tells its delegate. Main thread.
+/// The picker begins to dismiss itself before it tells its delegate: as on a device, what presented it presents nothing else
+/// until it has gone. Main thread.
 @interface UIDocumentPickerViewController : UIViewController {
  @private
   std::unique_ptr<sim::DocumentPickerState> _documentPickerState;

@@ -1,5 +1,7 @@
 #import <UIKit/UIDocumentPickerViewController+Sim.h>
 
+#import <Foundation/NotCarried.h>
+#import "DocumentTypes.hpp"
 #import "PickedFile.h"
 
 #import <Foundation/NSURL+Sim.h>
@@ -8,6 +10,7 @@
 
 namespace sim {
 struct DocumentPickerState {
+  objcxx::Retained<NSArray> types;
   UIDocumentPickerMode mode = UIDocumentPickerModeImport;
   BOOL allowsMultipleSelection = NO;
   id<UIDocumentPickerDelegate> delegate = nil;  // not owned
@@ -16,6 +19,13 @@ struct DocumentPickerState {
 
 namespace {
 NSString *documentFolder() { return SIMDevicePath(@"/var/mobile/Documents"); }
+
+BOOL isOfTypes(NSString *path, NSArray *types) {
+  for (NSString *type in types) {
+    if (sim::isOfDocumentType([[path lastPathComponent] UTF8String], [type UTF8String])) return YES;
+  }
+  return NO;
+}
 }  // namespace
 
 @implementation UIDocumentPickerViewController
@@ -24,6 +34,7 @@ NSString *documentFolder() { return SIMDevicePath(@"/var/mobile/Documents"); }
   if (!(self = [super initWithNibName:nibName bundle:bundle])) return nil;
 
   _documentPickerState = std::make_unique<sim::DocumentPickerState>();
+  _documentPickerState->types = objcxx::share(@[ @"public.item" ]);
   return self;
 }
 
@@ -35,7 +46,12 @@ NSString *documentFolder() { return SIMDevicePath(@"/var/mobile/Documents"); }
   }
   if (!(self = [self initWithNibName:nil bundle:nil])) return nil;
 
+  _documentPickerState->types = objcxx::adopt((NSArray *)[allowedUTIs copy]);
   _documentPickerState->mode = mode;
+  for (NSString *type in allowedUTIs) {
+    if (sim::isDocumentType([type UTF8String])) continue;
+    sim::notCarried([@"The document type " stringByAppendingString:type], @"No file on this device is of that type.");
+  }
   return self;
 }
 
@@ -48,6 +64,9 @@ NSString *documentFolder() { return SIMDevicePath(@"/var/mobile/Documents"); }
 }
 
 - (void)setAllowsMultipleSelection:(BOOL)allows {
+  if (allows) {
+    sim::notCarried(@"UIDocumentPickerViewController.allowsMultipleSelection", @"One document is picked at a time.");
+  }
   _documentPickerState->allowsMultipleSelection = allows;
 }
 
@@ -62,7 +81,12 @@ NSString *documentFolder() { return SIMDevicePath(@"/var/mobile/Documents"); }
 #pragma mark - Sim
 
 - (NSArray *)sim_filePaths {
-  return SIMDeviceFolder() ? sim::pathsBelow(documentFolder()) : @[];
+  if (!SIMDeviceFolder()) return @[];
+  NSMutableArray *paths = [NSMutableArray array];
+  for (NSString *path in sim::pathsBelow(documentFolder())) {
+    if (isOfTypes(path, _documentPickerState->types.get())) [paths addObject:path];
+  }
+  return paths;
 }
 
 - (BOOL)sim_pickFileAtPath:(NSString *)path error:(NSError **)error {
@@ -75,6 +99,10 @@ NSString *documentFolder() { return SIMDevicePath(@"/var/mobile/Documents"); }
 }
 
 - (BOOL)sim_pickFileOfComputer:(NSString *)file named:(NSString *)name error:(NSError **)error {
+  if (!isOfTypes(name, _documentPickerState->types.get())) {
+    return sim::fail(error, NSFileReadUnknownError,
+                     [NSString stringWithFormat:@"“%@” is of a type that cannot be picked here.", name]);
+  }
   return [self sim_finishWithURL:sim::temporaryCopy(file, name, error)];
 }
 

@@ -1,5 +1,7 @@
 #import <UIKit/UIGeometry.h>
 
+#import <objc/runtime.h>
+
 #include <array>
 #include <cstdlib>
 #include <cstring>
@@ -27,6 +29,19 @@ std::optional<std::array<CGFloat, Count>> numbersIn(NSString *string) {
   }
   if (count != Count) return std::nullopt;
   return numbers;
+}
+
+bool holds(NSValue *value, const char *structure) { return std::strcmp([value objCType], structure) == 0; }
+
+/// Has the values of a class of GNUstep's, which holds a point, a size or a rectangle, name the structure as a device does.
+template <typename Structure>
+void nameStructure(const char *className) {
+  const auto name = +[](id, SEL) -> const char * { return @encode(Structure); };
+  Class values = (Class)objc_getClass(className);
+  // Every implementation is stored as a function of any arguments; the way there leads over void *.
+  if (values) {
+    class_replaceMethod(values, @selector(objCType), reinterpret_cast<IMP>(reinterpret_cast<void *>(name)), "r*@:");
+  }
 }
 
 }  // namespace
@@ -59,16 +74,23 @@ CGRect CGRectFromString(NSString *string) {
 
 @implementation NSValue (UIGeometryExtensions)
 
++ (void)load {
+  nameStructure<CGPoint>("GSPointValue");
+  nameStructure<CGSize>("GSSizeValue");
+  nameStructure<CGRect>("GSRectValue");
+}
+
+// GNUstep takes structures of the same numbers for each other, so its own are used for the way in and out.
 + (NSValue *)valueWithCGPoint:(CGPoint)point {
-  return [self valueWithPoint:point];
+  return [self valueWithPoint:NSMakePoint(point.x, point.y)];
 }
 
 + (NSValue *)valueWithCGSize:(CGSize)size {
-  return [self valueWithSize:size];
+  return [self valueWithSize:NSMakeSize(size.width, size.height)];
 }
 
 + (NSValue *)valueWithCGRect:(CGRect)rect {
-  return [self valueWithRect:rect];
+  return [self valueWithRect:NSMakeRect(rect.origin.x, rect.origin.y, rect.size.width, rect.size.height)];
 }
 
 + (NSValue *)valueWithUIEdgeInsets:(UIEdgeInsets)insets {
@@ -76,20 +98,26 @@ CGRect CGRectFromString(NSString *string) {
 }
 
 - (CGPoint)CGPointValue {
-  return [self pointValue];
+  if (!holds(self, @encode(CGPoint))) return CGPointZero;
+  const NSPoint point = [self pointValue];
+  return CGPointMake(point.x, point.y);
 }
 
 - (CGSize)CGSizeValue {
-  return [self sizeValue];
+  if (!holds(self, @encode(CGSize))) return CGSizeZero;
+  const NSSize size = [self sizeValue];
+  return CGSizeMake(size.width, size.height);
 }
 
 - (CGRect)CGRectValue {
-  return [self rectValue];
+  if (!holds(self, @encode(CGRect))) return CGRectZero;
+  const NSRect rect = [self rectValue];
+  return CGRectMake(rect.origin.x, rect.origin.y, rect.size.width, rect.size.height);
 }
 
 - (UIEdgeInsets)UIEdgeInsetsValue {
   UIEdgeInsets insets = UIEdgeInsetsZero;
-  if (std::strcmp([self objCType], @encode(UIEdgeInsets)) == 0) [self getValue:&insets];
+  if (holds(self, @encode(UIEdgeInsets))) [self getValue:&insets];
   return insets;
 }
 

@@ -2,17 +2,10 @@
 #import <CoreGraphics/CGImage+Sim.h>
 #import <UIKit/UIGraphics.h>
 #import <UIKit/UIGraphicsImageRenderer.h>
+#import <UIKit/UIGraphicsRenderer+Sim.h>
 #import <UIKit/UIScreen.h>
 
 @implementation UIGraphicsImageRendererFormat
-
-+ (instancetype)defaultFormat {
-  return [[[self alloc] init] autorelease];
-}
-
-+ (instancetype)preferredFormat {
-  return [self defaultFormat];
-}
 
 - (instancetype)init {
   if (!(self = [super init])) return nil;
@@ -24,7 +17,7 @@
 @synthesize opaque = _opaque;
 
 - (id)copyWithZone:(NSZone *)zone {
-  UIGraphicsImageRendererFormat *copy = [[UIGraphicsImageRendererFormat allocWithZone:zone] init];
+  UIGraphicsImageRendererFormat *copy = [super copyWithZone:zone];
   copy->_scale = _scale;
   copy->_opaque = _opaque;
   return copy;
@@ -34,51 +27,12 @@
 
 @implementation UIGraphicsImageRendererContext
 
-- (instancetype)sim_initWithContext:(CGContextRef)context format:(UIGraphicsImageRendererFormat *)format {
-  if (!(self = [super init])) return nil;
-  _context = CGContextRetain(context);
-  _format = [format retain];
-  return self;
-}
-
-- (void)dealloc {
-  CGContextRelease(_context);
-  [_format release];
-  [super dealloc];
-}
-
-- (CGContextRef)CGContext {
-  return _context;
-}
-
-- (UIGraphicsImageRendererFormat *)format {
-  return _format;
-}
-
 - (UIImage *)currentImage {
-  const CGImageRef pixels = sim::createImage(sim::sourceOf(sim::snapshot(_context)));
-  UIImage *image = [UIImage imageWithCGImage:pixels scale:[_format scale] orientation:UIImageOrientationUp];
+  const CGImageRef pixels = sim::createImage(sim::sourceOf(sim::snapshot([self CGContext])));
+  UIGraphicsImageRendererFormat *format = [self format];
+  UIImage *image = [UIImage imageWithCGImage:pixels scale:[format scale] orientation:UIImageOrientationUp];
   CGImageRelease(pixels);
   return image;
-}
-
-- (void)fillRect:(CGRect)rect {
-  CGContextFillRect(_context, rect);
-}
-
-- (void)fillRect:(CGRect)rect blendMode:(CGBlendMode)mode {
-  CGContextSaveGState(_context);
-  CGContextSetBlendMode(_context, mode);
-  CGContextFillRect(_context, rect);
-  CGContextRestoreGState(_context);
-}
-
-- (void)strokeRect:(CGRect)rect {
-  CGContextStrokeRect(_context, CGRectInset(rect, 0.5, 0.5));
-}
-
-- (void)clipToRect:(CGRect)rect {
-  CGContextClipToRect(_context, rect);
 }
 
 @end
@@ -90,27 +44,18 @@
 }
 
 - (instancetype)initWithSize:(CGSize)size format:(UIGraphicsImageRendererFormat *)format {
-  if (!(self = [super init])) return nil;
+  if (!(self = [super sim_initWithFormat:format])) return nil;
   _size = size;
-  _format = [format copy];
   return self;
 }
 
-- (void)dealloc {
-  [_format release];
-  [super dealloc];
-}
-
-- (UIGraphicsImageRendererFormat *)format {
-  return _format;
-}
-
 - (UIImage *)imageWithActions:(UIGraphicsImageDrawingActions)actions {
-  const CGFloat scale = [_format scale] > 0 ? [_format scale] : [[UIScreen mainScreen] scale];
-  const CGContextRef context = sim::createImageContext(_size, scale, [_format opaque]);
+  UIGraphicsImageRendererFormat *format = [self format];
+  const CGFloat scale = [format scale] > 0 ? [format scale] : [[UIScreen mainScreen] scale];
+  const CGContextRef context = sim::createImageContext(_size, scale, [format opaque]);
   UIGraphicsPushContext(context);
   UIGraphicsImageRendererContext *drawing =
-      [[[UIGraphicsImageRendererContext alloc] sim_initWithContext:context format:_format] autorelease];
+      [[[UIGraphicsImageRendererContext alloc] sim_initWithContext:context format:format] autorelease];
   CGContextRelease(context);
   @try {
     if (actions) actions(drawing);

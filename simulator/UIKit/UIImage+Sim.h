@@ -17,4 +17,6 @@
 /// PNG bytes of the upright image whose longer side is at most `longestSide` pixels (0: no limit). The file's own bytes
 /// where they are a PNG that fits, unchecked. nil when pixels that have to be decoded cannot be.
 - (NSData *)sim_PNGDataWithLongestSide:(NSUInteger)longestSide;
+/// The same from the decoded pixels always: nil when they cannot be had.
+- (NSData *)sim_encodedPNGWithLongestSide:(NSUInteger)longestSide;
 @end

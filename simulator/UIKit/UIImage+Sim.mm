@@ -20,13 +20,15 @@ NSData *dataOf(const std::vector<std::uint8_t> &bytes) {
 
 @implementation UIImage (Sim)
 
-// The upright pixels, tinted where a tint is set; the longer side `longestSide` at most (0: no limit).
-- (void)sim_getUpright:(sim::BitmapPtr *)bitmap longestSide:(NSUInteger)longestSide {
+// The pixels as `orientation` has them, tinted where a tint is set; the longer side `longestSide` at most (0: no limit).
+- (void)sim_getBitmap:(sim::BitmapPtr *)bitmap
+          orientation:(UIImageOrientation)orientation
+          longestSide:(NSUInteger)longestSide {
   sim::PixelSourcePtr pixels;
   [self sim_getPixels:&pixels];
   if (!pixels) return;
   const int limit = int(std::min<NSUInteger>(longestSide, INT_MAX));
-  *bitmap = sim::upright(pixels->thumbnail(limit), sim::storedOrientation(_state->orientation));
+  *bitmap = sim::upright(pixels->thumbnail(limit), sim::storedOrientation(orientation));
   if (!_state->tint || !*bitmap) return;
 
   const CGSize size = CGSizeMake((*bitmap)->width(), (*bitmap)->height());
@@ -71,8 +73,12 @@ NSData *dataOf(const std::vector<std::uint8_t> &bytes) {
     const auto file = sim::sourceOf(_state->image())->png();
     if (!file.empty()) return [NSData dataWithBytes:file.data() length:file.size()];
   }
+  return [self sim_encodedPNGWithLongestSide:longestSide];
+}
+
+- (NSData *)sim_encodedPNGWithLongestSide:(NSUInteger)longestSide {
   sim::BitmapPtr bitmap;
-  [self sim_getUpright:&bitmap longestSide:longestSide];
+  [self sim_getBitmap:&bitmap orientation:_state->orientation longestSide:longestSide];
   return dataOf(sim::encodePng(bitmap));
 }
 
@@ -80,12 +86,12 @@ NSData *dataOf(const std::vector<std::uint8_t> &bytes) {
 
 NSData *UIImagePNGRepresentation(UIImage *image) {
   sim::BitmapPtr bitmap;
-  [image sim_getUpright:&bitmap longestSide:0];
+  [image sim_getBitmap:&bitmap orientation:UIImageOrientationUp longestSide:0];
   return dataOf(sim::encodePng(bitmap));
 }
 
 NSData *UIImageJPEGRepresentation(UIImage *image, CGFloat quality) {
   sim::BitmapPtr bitmap;
-  [image sim_getUpright:&bitmap longestSide:0];
+  [image sim_getBitmap:&bitmap orientation:[image imageOrientation] longestSide:0];
   return dataOf(sim::encodeJpeg(bitmap, quality));
 }

@@ -82,7 +82,7 @@ typedef NS_ENUM(NSInteger, UIImageRenderingMode) {
 - (void)drawInRect:(CGRect)rect blendMode:(CGBlendMode)mode alpha:(CGFloat)alpha;
 @end
 
-/// The upright pixels; nil when the image has none.
+/// The stored pixels, not turned: a PNG has no room for the orientation, as on a device. nil when the image has none.
 UIKIT_EXTERN NSData *UIImagePNGRepresentation(UIImage *image);
 /// `quality` from 0 to 1. Upright, without alpha.
 UIKIT_EXTERN NSData *UIImageJPEGRepresentation(UIImage *image, CGFloat quality);

@@ -1,5 +1,6 @@
 #import <UIKit/UIImagePickerController+Sim.h>
 
+#import <Foundation/NotCarried.h>
 #import "PhotoLibrary.hpp"
 #import "PickedFile.h"
 
@@ -102,6 +103,9 @@ sim::SharedBytes bytesOf(NSString *file) {
 }
 
 - (void)setAllowsEditing:(BOOL)allowsEditing {
+  if (allowsEditing) {
+    sim::notCarried(@"UIImagePickerController.allowsEditing", @"A picked photo is given whole and as it is.");
+  }
   _imagePickerState->allowsEditing = allowsEditing;
 }
 
@@ -144,6 +148,7 @@ sim::SharedBytes bytesOf(NSString *file) {
 
 - (NSArray *)sim_photoPaths {
   if (![UIImagePickerController isSourceTypeAvailable:UIImagePickerControllerSourceTypePhotoLibrary]) return @[];
+  if (![_imagePickerState->mediaTypes.get() containsObject:imageType]) return @[];  // The library holds no films.
   return sim::pathsBelow(photoFolder(),
                          {".png", ".jpg", ".jpeg", ".heic", ".heif", ".webp", ".gif", ".tif", ".tiff"});
 }

@@ -18,6 +18,7 @@
 #import <UIKit/UIGeometry.h>
 #import <UIKit/UIGraphics.h>
 #import <UIKit/UIGraphicsImageRenderer.h>
+#import <UIKit/UIGraphicsRenderer.h>
 #import <UIKit/UIImage.h>
 #import <UIKit/UIImageView.h>
 #import <UIKit/UIKitDefines.h>
@@ -49,6 +50,7 @@
 #import <UIKit/UINavigationItem.h>
 #import <UIKit/UIPasteboard.h>
 #import <UIKit/UIPopoverPresentationController.h>
+#import <UIKit/UIPresentationController.h>
 #import <UIKit/UIScrollView.h>
 #import <UIKit/UISwipeActionsConfiguration.h>
 #import <UIKit/UITableView.h>

@@ -2,13 +2,13 @@
 #pragma once
 
 #import <UIKit/UIGeometry.h>
+#import <UIKit/UIPresentationController.h>
 
 #include <memory>
 
 @class UIBarButtonItem;
 @class UIPopoverPresentationController;
 @class UIView;
-@class UIViewController;
 
 typedef NS_OPTIONS(NSUInteger, UIPopoverArrowDirection) {
   UIPopoverArrowDirectionUp = 1UL << 0,
@@ -31,12 +31,10 @@ struct PopoverState;
 }
 
 /// State only. Made by the view controller that it presents. Main thread.
-@interface UIPopoverPresentationController : NSObject {
+@interface UIPopoverPresentationController : UIPresentationController {
  @private
   std::unique_ptr<sim::PopoverState> _popoverState;
 }
-/// Not owned: the controller owns this object.
-@property (nonatomic, readonly) UIViewController *presentedViewController;
 @property (nonatomic, retain) UIView *sourceView;
 /// In the coordinates of `sourceView`; CGRectNull at first, which stands for the view's bounds.
 @property (nonatomic) CGRect sourceRect;

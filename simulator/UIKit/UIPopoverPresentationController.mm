@@ -1,12 +1,12 @@
 #import <UIKit/UIPopoverPresentationController+Sim.h>
 
+#import <Foundation/NotCarried.h>
 #import <UIKit/UIBarButtonItem.h>
 #import <UIKit/UIView.h>
 #include <objcxx/Retained.h>
 
 namespace sim {
 struct PopoverState {
-  UIViewController *presented = nil;  // not owned
   objcxx::Retained<UIView> sourceView;
   objcxx::Retained<UIBarButtonItem> barButtonItem;
   CGRect sourceRect = CGRectNull;
@@ -18,19 +18,14 @@ struct PopoverState {
 @implementation UIPopoverPresentationController
 
 - (instancetype)sim_initWithPresentedViewController:(UIViewController *)controller {
-  if (!(self = [super init])) return nil;
+  if (!(self = [super sim_initWithPresentedViewController:controller])) return nil;
 
   _popoverState = std::make_unique<sim::PopoverState>();
-  _popoverState->presented = controller;
   return self;
 }
 
 - (instancetype)init {
   return [self sim_initWithPresentedViewController:nil];
-}
-
-- (UIViewController *)presentedViewController {
-  return _popoverState->presented;
 }
 
 - (UIView *)sourceView {
@@ -62,6 +57,8 @@ struct PopoverState {
 }
 
 - (void)setPermittedArrowDirections:(UIPopoverArrowDirection)directions {
+  sim::notCarried(@"UIPopoverPresentationController.permittedArrowDirections",
+                  @"A popover is shown as a sheet, without an arrow.");
   _popoverState->arrows = directions;
 }
 

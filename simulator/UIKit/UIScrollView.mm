@@ -1,5 +1,7 @@
 #import <UIKit/UIScrollView.h>
 
+#import <Foundation/NotCarried.h>
+
 #include <algorithm>
 
 namespace sim {
@@ -87,6 +89,7 @@ struct ScrollViewState {
 }
 
 - (void)setScrollIndicatorInsets:(UIEdgeInsets)insets {
+  sim::notCarried(@"UIScrollView.scrollIndicatorInsets", @"No scroll indicators are drawn.");
   _scrollViewState->indicatorInsets = insets;
 }
 
@@ -119,6 +122,7 @@ struct ScrollViewState {
 }
 
 - (void)setShowsVerticalScrollIndicator:(BOOL)shows {
+  if (shows) sim::notCarried(@"UIScrollView.showsVerticalScrollIndicator", @"No scroll indicators are drawn.");
   _scrollViewState->showsVerticalIndicator = shows;
 }
 
@@ -127,6 +131,7 @@ struct ScrollViewState {
 }
 
 - (void)setShowsHorizontalScrollIndicator:(BOOL)shows {
+  if (shows) sim::notCarried(@"UIScrollView.showsHorizontalScrollIndicator", @"No scroll indicators are drawn.");
   _scrollViewState->showsHorizontalIndicator = shows;
 }
 
@@ -135,6 +140,9 @@ struct ScrollViewState {
 }
 
 - (void)setKeyboardDismissMode:(UIScrollViewKeyboardDismissMode)mode {
+  if (mode != UIScrollViewKeyboardDismissModeNone) {
+    sim::notCarried(@"UIScrollView.keyboardDismissMode", @"The keyboard is the computer's own.");
+  }
   _scrollViewState->keyboardDismissMode = mode;
 }
 

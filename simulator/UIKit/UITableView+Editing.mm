@@ -6,7 +6,7 @@
 @implementation UITableView (Editing)
 
 - (BOOL)isEditing {
-  return _tableViewState->editing;
+  return _tableViewState->editing || _tableViewState->swiped;
 }
 
 - (void)setEditing:(BOOL)editing {
@@ -14,6 +14,7 @@
 }
 
 - (void)setEditing:(BOOL)editing animated:(BOOL)animated {
+  (void)[self sim_closeSwipedRow];
   if (_tableViewState->editing == (editing ? YES : NO)) return;
   _tableViewState->editing = editing ? YES : NO;
   const auto live = _tableViewState->live;
@@ -110,7 +111,7 @@
 }
 
 - (BOOL)sim_commitInsertAtIndexPath:(NSIndexPath *)indexPath {
-  return [self isEditing] && [self sim_commit:UITableViewCellEditingStyleInsert atIndexPath:indexPath];
+  return _tableViewState->editing && [self sim_commit:UITableViewCellEditingStyleInsert atIndexPath:indexPath];
 }
 
 @end

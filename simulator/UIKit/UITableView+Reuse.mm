@@ -21,6 +21,13 @@ void registerClass(sim::ReuseQueue<View> &queue, Class viewClass, Class base, NS
   }
 }
 
+void show(UITableViewCell *cell) {
+  [cell sim_setWaiting:NO];
+  [cell setHidden:NO];
+}
+
+void show(UITableViewHeaderFooterView *) {}
+
 /// A waiting view that was made ready, or nil.
 template <typename View>
 View *takeWaiting(sim::ReuseQueue<View> &queue, const std::string &key) {
@@ -28,6 +35,7 @@ View *takeWaiting(sim::ReuseQueue<View> &queue, const std::string &key) {
   if (at == queue.waiting.end() || at->second.empty()) return nil;
   auto view = std::move(at->second.back());
   at->second.pop_back();
+  show(view.get());
   [view.get() prepareForReuse];
   return view.autoreleased();
 }
@@ -82,6 +90,27 @@ Class registeredClass(const sim::ReuseQueue<View> &queue, const std::string &key
       objcxx::adopt((UITableViewHeaderFooterView *)[[viewClass alloc] initWithReuseIdentifier:identifier]);
   [view.get() sim_setReuseIdentifier:identifier];
   return view.autoreleased();
+}
+
+@end
+
+@implementation UITableView (SimReuse)
+
+- (BOOL)sim_queue:(UITableViewCell *)cell {
+  constexpr std::size_t longestQueue = 64;
+  if (![cell reuseIdentifier]) return NO;
+  auto &queue = _tableViewState->cells.waiting[[[cell reuseIdentifier] UTF8String]];
+  if (queue.size() >= longestQueue) return NO;
+  queue.push_back(objcxx::share(cell));
+  [cell sim_setWaiting:YES];
+  return YES;
+}
+
+- (void)sim_takeFromQueue:(UITableViewCell *)cell {
+  if (![cell sim_waiting]) return;
+  auto &queue = _tableViewState->cells.waiting[[[cell reuseIdentifier] UTF8String]];
+  std::erase_if(queue, [cell](const auto &waiting) { return waiting.get() == cell; });
+  show(cell);
 }
 
 @end

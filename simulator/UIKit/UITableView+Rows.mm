@@ -37,6 +37,7 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
   state.loaded = true;  // Before the questions: the data source may ask for the counts in turn.
   state.laidOutWidth = [self bounds].size.width;
   state.laidOutSafeArea = [self safeAreaInsets];
+  (void)[self sim_closeSwipedRow];
   [self sim_retireAllCells];
   for (sim::SectionParts &parts : state.parts) [self sim_dropParts:parts];
   state.parts.clear();
@@ -153,6 +154,7 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
   if (state.has.indentation) {
     [cell setIndentationLevel:[state.delegate tableView:self indentationLevelForRowAtIndexPath:path]];
   }
+  [self sim_takeFromQueue:cell];
   [self sim_configureCell:cell at:index animated:NO];
   [self sim_settleHeightOf:index cell:cell];
   [cell setFrame:[self sim_rectOf:index]];
@@ -175,16 +177,23 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
   [cell sim_setMargin:[self sim_margin] coveredSides:[self sim_coveredSides]];
 }
 
+// Cells in the queue stay where they are, hidden, as on a device: one that shows again has moved nowhere.
+- (void)sim_putAwayCell:(UITableViewCell *)cell {
+  if ([self sim_queue:cell]) {
+    [cell endEditing:YES];
+    [cell setHidden:YES];
+  } else {
+    [cell removeFromSuperview];
+  }
+}
+
 - (void)sim_retireCell:(UITableViewCell *)cell at:(sim::RowIndex)index {
-  constexpr std::size_t longestQueue = 64;
   auto &state = *_tableViewState;
-  [cell removeFromSuperview];
+  const auto keepAlive = objcxx::share(cell);
+  [self sim_putAwayCell:cell];
   if (state.has.didEndDisplaying) {
     [state.delegate tableView:self didEndDisplayingCell:cell forRowAtIndexPath:sim::pathOf(index)];
   }
-  if (![cell reuseIdentifier]) return;
-  auto &queue = state.cells.waiting[[[cell reuseIdentifier] UTF8String]];
-  if (queue.size() < longestQueue) queue.push_back(objcxx::share(cell));
 }
 
 - (void)sim_retireAllCells {
@@ -261,7 +270,10 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
     return;
   }
   const auto cell = objcxx::share([self sim_makeCellFor:index]);
-  if (!state.geometry.contains(index)) return;
+  if (!state.geometry.contains(index)) {
+    if (![self indexPathForCell:cell.get()]) [self sim_putAwayCell:cell.get()];
+    return;
+  }
   // A data source that gives the same cell for two rows shows it in the later one.
   std::erase_if(state.live, [&](const auto &entry) { return entry.second.get() == cell.get(); });
   state.live[index] = cell;

@@ -3,19 +3,29 @@
 
 #import <UIKit/UITableView.h>
 
+@class UIImage;
+
 /// An action that a swipe over a row uncovers.
 @interface SIMSwipeAction : NSObject {
  @private
   NSString *_title;
   UIColor *_backgroundColor;
+  UIImage *_image;
   BOOL _destructive;
   BOOL _leading;
 }
 @property (nonatomic, readonly, copy) NSString *title;
 @property (nonatomic, readonly, retain) UIColor *backgroundColor;
+@property (nonatomic, retain) UIImage *image;
 @property (nonatomic, readonly, getter=isDestructive) BOOL destructive;
 /// YES on the leading side of the row.
 @property (nonatomic, readonly, getter=isLeading) BOOL leading;
+@end
+
+@interface UITableView (SimSeparators)
+/// nil, or nothing set, where the table view leaves it to the system.
+@property (nonatomic, readonly) UIColor *sim_ownSeparatorColor;
+@property (nonatomic, readonly) BOOL sim_hasSeparatorInset;
 @end
 
 @interface UITableView (Sim)
@@ -88,6 +98,16 @@
 /// The actions (of SIMSwipeAction) that swipes over the row uncover: trailing ones, then leading ones. None while the
 /// table view is in editing mode.
 - (NSArray *)sim_swipeActionsAtIndexPath:(NSIndexPath *)indexPath;
-/// Performs one of the actions above. NO when there is none of that index.
+/// The row that stands open; nil when none does.
+@property (nonatomic, readonly) NSIndexPath *sim_swipedRow;
+/// A swipe over the row, which uncovers its actions until the row is closed: by a touch elsewhere, by the end of the
+/// editing, when the row goes or is loaded anew, and when the table view leaves the screen. One row is open at a time.
+/// NO when it has no actions.
+- (BOOL)sim_swipeRowAtIndexPath:(NSIndexPath *)indexPath;
+/// What a touch beside the open row does. NO when none is open.
+- (BOOL)sim_closeSwipedRow;
+/// A tap on one of the actions above, after a swipe where the row is closed. As on a device, the row is still open
+/// afterwards unless the action's code has closed it: a contextual action by its completion handler, a row action by
+/// ending the editing. NO when there is no action of that index.
 - (BOOL)sim_performSwipeActionAtIndex:(NSUInteger)index ofRow:(NSIndexPath *)indexPath;
 @end

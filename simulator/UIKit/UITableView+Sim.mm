@@ -100,7 +100,7 @@ long rowsBefore(std::optional<sim::RowIndex> index, long section, long count) {
     return;
   }
   const auto cell = objcxx::share([self sim_makeCellFor:index]);
-  if ([cell.get() superview] == self) {  // The data source gave a cell that shows in another row.
+  if ([self indexPathForCell:cell.get()]) {  // The data source gave a cell that shows in another row.
     visitor(sim::pathOf(index), cell.get());
     return;
   }

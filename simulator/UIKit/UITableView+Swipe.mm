@@ -16,6 +16,7 @@
 
 @synthesize title = _title;
 @synthesize backgroundColor = _backgroundColor;
+@synthesize image = _image;
 @synthesize destructive = _destructive;
 @synthesize leading = _leading;
 
@@ -35,6 +36,7 @@
 - (void)dealloc {
   [_title release];
   [_backgroundColor release];
+  [_image release];
   [super dealloc];
 }
 
@@ -43,12 +45,13 @@
 namespace {
 
 SIMSwipeAction *describe(UIContextualAction *action, BOOL leading) {
-  return objcxx::adopt([[SIMSwipeAction alloc]
-                           initWithTitle:[action title]
-                         backgroundColor:[action backgroundColor]
-                             destructive:[action style] == UIContextualActionStyleDestructive
-                                 leading:leading])
-      .autoreleased();
+  auto described = objcxx::adopt([[SIMSwipeAction alloc]
+        initWithTitle:[action title]
+      backgroundColor:[action backgroundColor]
+          destructive:[action style] == UIContextualActionStyleDestructive
+              leading:leading]);
+  [described.get() setImage:[action image]];
+  return described.autoreleased();
 }
 
 SIMSwipeAction *describe(UITableViewRowAction *action) {
@@ -121,6 +124,38 @@ SIMSwipeAction *describe(UITableViewRowAction *action) {
   return described;
 }
 
+- (NSIndexPath *)sim_swipedRow {
+  return _tableViewState->swiped ? sim::pathOf(*_tableViewState->swiped) : nil;
+}
+
+- (BOOL)sim_swipeRowAtIndexPath:(NSIndexPath *)indexPath {
+  NSUInteger leadingFrom = 0;
+  if ([[self sim_actionsBehind:indexPath leadingFrom:&leadingFrom] count] == 0) return NO;
+  [self sim_openRow:sim::indexOf(indexPath)];
+  return YES;
+}
+
+- (void)sim_openRow:(sim::RowIndex)index {
+  auto &state = *_tableViewState;
+  if (state.swiped == index) return;
+  (void)[self sim_closeSwipedRow];
+  state.swiped = index;
+  ++state.swipes;
+  if (state.has.willEdit) [state.delegate tableView:self willBeginEditingRowAtIndexPath:sim::pathOf(index)];
+}
+
+- (BOOL)sim_closeSwipedRow {
+  auto &state = *_tableViewState;
+  const auto open = std::exchange(state.swiped, std::nullopt);
+  if (open && state.has.didEdit) [state.delegate tableView:self didEndEditingRowAtIndexPath:sim::pathOf(*open)];
+  return open.has_value();
+}
+
+/// For the end of an action, which may come when another row is open.
+- (void)sim_closeSwipe:(unsigned long)number {
+  if (_tableViewState->swipes == number) (void)[self sim_closeSwipedRow];
+}
+
 - (BOOL)sim_performSwipeActionAtIndex:(NSUInteger)index ofRow:(NSIndexPath *)indexPath {
   NSUInteger leadingFrom = 0;
   NSArray *actions = [self sim_actionsBehind:indexPath leadingFrom:&leadingFrom];
@@ -130,20 +165,22 @@ SIMSwipeAction *describe(UITableViewRowAction *action) {
   const auto keepAlive = objcxx::share(self);
   UITableViewCell *cell = [self sim_cellForControlEventsAtIndexPath:indexPath];
   if (!cell) return NO;
-  if (state.has.willEdit) [state.delegate tableView:self willBeginEditingRowAtIndexPath:indexPath];
+  [self sim_openRow:sim::indexOf(indexPath)];
+  const unsigned long number = state.swipes;
   id action = [actions objectAtIndex:index];
   if ([action isKindOfClass:[UIContextualAction class]]) {
     UIContextualActionHandler handler = [action handler];
     if (handler) {
-      handler(action, cell, ^(BOOL){
+      handler(action, cell, ^(BOOL) {
+        [self sim_closeSwipe:number];
       });
     }
   } else if ([action isKindOfClass:[UITableViewRowAction class]]) {
     [action sim_performAtIndexPath:indexPath];
   } else {
     [self sim_commitDeleteAtIndexPath:indexPath];
+    [self sim_closeSwipe:number];
   }
-  if (state.has.didEdit) [state.delegate tableView:self didEndEditingRowAtIndexPath:indexPath];
   return YES;
 }
 

@@ -104,8 +104,21 @@
 
 @implementation UITableView (SimUpdates)
 
+/// An open row moves along; one that goes or is loaded anew closes.
+- (void)sim_moveSwipedRow:(const sim::TableUpdate::Outcome &)outcome {
+  auto &state = *_tableViewState;
+  if (!state.swiped) return;
+  const auto &fate = outcome.rows[state.swiped->section][state.swiped->row];
+  if (fate.index && !fate.reloaded) {
+    state.swiped = *fate.index;
+  } else {
+    (void)[self sim_closeSwipedRow];
+  }
+}
+
 - (void)sim_applyOutcome:(const sim::TableUpdate::Outcome &)outcome counts:(const std::vector<long> &)counts {
   auto &state = *_tableViewState;
+  [self sim_moveSwipedRow:outcome];
   const sim::TableGeometry former = state.geometry;
   state.geometry.reset(counts, 0);
 

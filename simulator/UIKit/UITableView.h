@@ -211,6 +211,8 @@ struct TableViewState;
 @end
 
 @interface UITableView (Editing)
+/// YES in the editing mode and while a row stands open after a swipe.
 @property (nonatomic, getter=isEditing) BOOL editing;
+/// Closes a row that stands open, whatever `editing` is.
 - (void)setEditing:(BOOL)editing animated:(BOOL)animated;
 @end

@@ -40,9 +40,10 @@ void requireSection(const sim::TableGeometry &geometry, NSInteger section) {
   return _tableViewState->style;
 }
 
-/// The safe area may reach into it now.
+/// The safe area may reach into it now, and nobody sees an open row any more when it has left.
 - (void)didMoveToWindow {
   [super didMoveToWindow];
+  if (![self window]) (void)[self sim_closeSwipedRow];
   [self setNeedsLayout];
 }
 
@@ -174,7 +175,7 @@ void requireSection(const sim::TableGeometry &geometry, NSInteger section) {
 }
 
 - (UIEdgeInsets)separatorInset {
-  return _tableViewState->separatorInset;
+  return _tableViewState->separatorInset.value_or(UIEdgeInsetsMake(0, [self sim_margin], 0, 0));
 }
 
 - (void)setSeparatorInset:(UIEdgeInsets)inset {
@@ -316,6 +317,18 @@ void requireSection(const sim::TableGeometry &geometry, NSInteger section) {
 
 - (void)reloadData {
   [self sim_reload];
+}
+
+@end
+
+@implementation UITableView (SimSeparators)
+
+- (UIColor *)sim_ownSeparatorColor {
+  return _tableViewState->separatorColor.get();
+}
+
+- (BOOL)sim_hasSeparatorInset {
+  return _tableViewState->separatorInset.has_value();
 }
 
 @end

@@ -55,7 +55,7 @@ struct TableViewCellState;
 @property (nonatomic, retain) UIView *backgroundView;
 @property (nonatomic, retain) UIView *selectedBackgroundView;
 
-@property (nonatomic, readonly) NSString *reuseIdentifier;
+@property (nonatomic, readonly, copy) NSString *reuseIdentifier;
 /// Called before the cell leaves the reuse queue. Sub-classes call super.
 - (void)prepareForReuse;
 

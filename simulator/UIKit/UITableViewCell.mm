@@ -1,5 +1,6 @@
 #import "UITableViewCellState.h"
 
+#import <Foundation/NotCarried.h>
 #import <UIKit/UIFont.h>
 
 @implementation UITableViewCell
@@ -91,6 +92,9 @@
 }
 
 - (void)setSelectedBackgroundView:(UIView *)view {
+  if (view) {
+    sim::notCarried(@"UITableViewCell.selectedBackgroundView", @"A row that is touched is drawn in the system's grey.");
+  }
   _cellState->selectedBackgroundView = objcxx::share(view);
 }
 
@@ -216,7 +220,7 @@
 }
 
 - (UIEdgeInsets)separatorInset {
-  return _cellState->separatorInset;
+  return _cellState->separatorInset.value_or(UIEdgeInsetsMake(0, _cellState->margin, 0, 0));
 }
 
 - (void)setSeparatorInset:(UIEdgeInsets)inset {
@@ -262,6 +266,10 @@
 
 #pragma mark - Sim
 
+- (BOOL)sim_hasSeparatorInset {
+  return _cellState->separatorInset.has_value();
+}
+
 - (UITableViewCellStyle)sim_style {
   return _cellState->style;
 }
@@ -303,6 +311,14 @@
 
 - (void)sim_setReuseIdentifier:(NSString *)reuseIdentifier {
   _cellState->reuseIdentifier = objcxx::adopt((NSString *)[reuseIdentifier copy]);
+}
+
+- (BOOL)sim_waiting {
+  return _cellState->waiting;
+}
+
+- (void)sim_setWaiting:(BOOL)waiting {
+  _cellState->waiting = waiting;
 }
 
 @end

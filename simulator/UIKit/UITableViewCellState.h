@@ -6,6 +6,8 @@
 #import <UIKit/UITableViewCell+Sim.h>
 #include <objcxx/Retained.h>
 
+#include <optional>
+
 #include "SystemMargin.hpp"
 
 namespace sim {
@@ -29,7 +31,8 @@ struct TableViewCellState {
   CGFloat indentationWidth = 10;
   CGFloat margin = marginForWidth(0);
   UIEdgeInsets coveredSides = UIEdgeInsetsZero;
-  UIEdgeInsets separatorInset = UIEdgeInsetsZero;
+  BOOL waiting = NO;
+  std::optional<UIEdgeInsets> separatorInset;  ///< Nothing until set.
   BOOL selected = NO;
   BOOL highlighted = NO;
   BOOL editing = NO;

@@ -20,7 +20,7 @@ struct HeaderFooterViewState;
 @property (nonatomic, readonly) UILabel *textLabel;
 @property (nonatomic, readonly) UILabel *detailTextLabel;
 @property (nonatomic, retain) UIView *backgroundView;
-@property (nonatomic, readonly) NSString *reuseIdentifier;
+@property (nonatomic, readonly, copy) NSString *reuseIdentifier;
 /// Called before the view leaves the reuse queue. Sub-classes call super.
 - (void)prepareForReuse;
 @end

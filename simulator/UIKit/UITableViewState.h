@@ -10,6 +10,7 @@
 #include <objcxx/Retained.h>
 
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <unordered_map>
@@ -65,7 +66,7 @@ struct TableViewState {
   CGFloat footerHeight = UITableViewAutomaticDimension;
   CGFloat headerTopPadding = UITableViewAutomaticDimension;
   UITableViewCellSeparatorStyle separatorStyle = UITableViewCellSeparatorStyleSingleLine;
-  UIEdgeInsets separatorInset = UIEdgeInsets{0, 16, 0, 0};
+  std::optional<UIEdgeInsets> separatorInset;  ///< Nothing until set.
   objcxx::Retained<UIColor> separatorColor;
   objcxx::Retained<UIView> backgroundView;
   objcxx::Retained<UIView> tableHeaderView;
@@ -92,6 +93,8 @@ struct TableViewState {
   BOOL allowsMultipleSelection = NO;
   BOOL allowsMultipleSelectionDuringEditing = NO;
   BOOL editing = NO;
+  std::optional<RowIndex> swiped;  // The row whose actions show.
+  unsigned long swipes = 0;        // How many rows have been swiped open.
 };
 
 inline NSIndexPath *pathOf(RowIndex index) { return [NSIndexPath indexPathForRow:index.row inSection:index.section]; }
@@ -134,6 +137,13 @@ inline RowIndex indexOf(NSIndexPath *path) {
 - (UIEdgeInsets)sim_coveredSides;
 /// The width of rows, headers and footers.
 - (CGFloat)sim_rowWidth;
+@end
+
+@interface UITableView (SimReuse)
+/// Puts a cell that leaves the screen into the queue. NO when it cannot be used again or enough are waiting.
+- (BOOL)sim_queue:(UITableViewCell *)cell;
+/// For a data source that keeps cells of its own and gives one that waits.
+- (void)sim_takeFromQueue:(UITableViewCell *)cell;
 @end
 
 @interface UITableView (SimHeights)

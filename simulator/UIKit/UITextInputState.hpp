@@ -1,6 +1,7 @@
 // The keyboard traits of a text field or text view, kept once for both.
 #pragma once
 
+#import <Foundation/NotCarried.h>
 #import <UIKit/UITextInputTraits.h>
 
 namespace sim {
@@ -29,10 +30,16 @@ struct TextInputTraits {
   -(UIKeyboardType)keyboardType { return TRAITS.keyboardType; }                                                    \
   -(void)setKeyboardType : (UIKeyboardType)type { TRAITS.keyboardType = type; }                                    \
   -(UIKeyboardAppearance)keyboardAppearance { return TRAITS.keyboardAppearance; }                                  \
-  -(void)setKeyboardAppearance : (UIKeyboardAppearance)appearance { TRAITS.keyboardAppearance = appearance; }      \
+  -(void)setKeyboardAppearance : (UIKeyboardAppearance)appearance {                                                \
+    sim::notCarried(@"UITextInputTraits.keyboardAppearance", @"The keyboard is the computer's own.");              \
+    TRAITS.keyboardAppearance = appearance;                                                                        \
+  }                                                                                                                \
   -(UIReturnKeyType)returnKeyType { return TRAITS.returnKeyType; }                                                 \
   -(void)setReturnKeyType : (UIReturnKeyType)type { TRAITS.returnKeyType = type; }                                 \
   -(BOOL)enablesReturnKeyAutomatically { return TRAITS.enablesReturnKeyAutomatically; }                            \
-  -(void)setEnablesReturnKeyAutomatically : (BOOL)enables { TRAITS.enablesReturnKeyAutomatically = enables; }      \
+  -(void)setEnablesReturnKeyAutomatically : (BOOL)enables {                                                        \
+    sim::notCarried(@"UITextInputTraits.enablesReturnKeyAutomatically", @"The keyboard is the computer's own.");   \
+    TRAITS.enablesReturnKeyAutomatically = enables;                                                                \
+  }                                                                                                                \
   -(BOOL)isSecureTextEntry { return TRAITS.secureTextEntry; }                                                      \
   -(void)setSecureTextEntry : (BOOL)secure { TRAITS.secureTextEntry = secure; }

@@ -59,6 +59,7 @@ typedef NS_ENUM(NSInteger, UIReturnKeyType) {
 };
 
 @protocol UITextInputTraits <NSObject>
+@optional
 @property (nonatomic) UITextAutocapitalizationType autocapitalizationType;
 @property (nonatomic) UITextAutocorrectionType autocorrectionType;
 @property (nonatomic) UITextSpellCheckingType spellCheckingType;

@@ -33,7 +33,7 @@ UIKIT_EXTERN NSString *const UITextViewTextDidEndEditingNotification;
 }
 /// Never nil; setting nil empties it. Setting it asks no delegate.
 @property (nonatomic, copy) NSString *text;
-@property (nonatomic, copy) NSAttributedString *attributedText;
+@property (copy) NSAttributedString *attributedText;
 @property (nonatomic, retain) UIFont *font;
 @property (nonatomic, retain) UIColor *textColor;
 @property (nonatomic) NSTextAlignment textAlignment;

@@ -1,4 +1,6 @@
 #import <UIKit/NSAttributedString+UIKit.h>
+
+#import <Foundation/NotCarried.h>
 #import <UIKit/NSText+Sim.h>
 #import <UIKit/UIFont+Sim.h>
 #import <UIKit/UIPasteboard.h>
@@ -115,6 +117,7 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 }
 
 - (void)setSelectedRange:(NSRange)range {
+  sim::notCarried(@"UITextView.selectedRange", @"Text that is entered replaces what is there.");
   const NSUInteger length = [[self text] length];
   const NSUInteger start = std::min(range.location, length);
   _textState->selectedRange = NSMakeRange(start, std::min(range.length, length - start));
@@ -133,6 +136,7 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 }
 
 - (void)setSelectable:(BOOL)selectable {
+  if (!selectable) sim::notCarried(@"UITextView.selectable", @"The text can be selected like any other.");
   _textState->selectable = selectable;
 }
 

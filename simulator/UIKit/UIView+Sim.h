@@ -12,6 +12,8 @@
 /// Tells the receiver and everything below, with the controllers that the views belong to and their children, that the
 /// traits have changed: `traitCollectionDidChange:`.
 - (void)sim_traitCollectionDidChange:(UITraitCollection *)previous;
+/// The layer as far as it was made: asking makes none.
+- (CALayer *)sim_layerIfMade;
 /// A number that is unique in the process, for the host's identifiers.
 - (NSUInteger)sim_number;
 @end

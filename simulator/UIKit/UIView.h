@@ -56,7 +56,7 @@ typedef NS_OPTIONS(NSUInteger, UIViewAnimationOptions) {
 
 UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 
-@interface UIView : UIResponder <UITraitEnvironment> {
+@interface UIView : UIResponder <CALayerDelegate, UITraitEnvironment> {
  @private
   std::unique_ptr<sim::UIViewState> _state;
 }
@@ -105,7 +105,7 @@ UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 @interface UIView (UIViewHierarchy)
 @property (nonatomic, readonly) UIView *superview;
 /// Back to front.
-@property (nonatomic, readonly) NSArray<UIView *> *subviews;
+@property (nonatomic, readonly, copy) NSArray<UIView *> *subviews;
 @property (nonatomic, readonly) UIWindow *window;
 - (void)removeFromSuperview;
 /// Adding a view to itself or below itself raises NSInvalidArgumentException.

@@ -225,6 +225,10 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
   [controller.get() sim_tellCoveredChildrenOfTraits:previous];
 }
 
+- (CALayer *)sim_layerIfMade {
+  return _state->layer.get();
+}
+
 - (NSUInteger)sim_number {
   return _state->number;
 }

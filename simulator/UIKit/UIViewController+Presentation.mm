@@ -1,9 +1,11 @@
 // Controllers that show above others.
 #import "UIViewControllerState.h"
 
+#import <Foundation/NotCarried.h>
 #import <UIKit/UIDevice.h>
 #import <UIKit/UIWindow.h>
 #import <dispatch/dispatch.h>
+#include <objcxx/BlockHandle.h>
 
 #include <vector>
 
@@ -17,6 +19,9 @@ void sim::deliverCompletion(void (^completion)(void), BOOL animated) {
 }
 
 namespace {
+
+/// Presented controllers, the front one last.
+using Chain = std::vector<objcxx::Retained<UIViewController>>;
 
 /// Whether what lies below a controller of this style leaves the screen.
 bool coversPresenter(UIModalPresentationStyle style) {
@@ -48,6 +53,9 @@ bool coversPresenter(UIModalPresentationStyle style) {
 }
 
 - (void)setModalInPresentation:(BOOL)modalInPresentation {
+  if (modalInPresentation) {
+    sim::notCarried(@"UIViewController.modalInPresentation", @"A page that is presented can always be dismissed.");
+  }
   _viewControllerState->modalInPresentation = modalInPresentation;
 }
 
@@ -99,6 +107,10 @@ bool coversPresenter(UIModalPresentationStyle style) {
           self);
     return;
   }
+  if ([presenter sim_isInModalTransition]) {
+    NSLog(@"Attempt to present %@ on %@ (from %@) while a presentation is in progress!", controller, presenter, self);
+    return;
+  }
   [controller sim_requirePopoverAnchor];
 
   const auto presenterAlive = objcxx::share(presenter);
@@ -125,6 +137,12 @@ bool coversPresenter(UIModalPresentationStyle style) {
   sim::deliverCompletion(completion, animated);
 }
 
+/// Whether this controller itself is on its way in or out.
+- (BOOL)sim_isInModalTransition {
+  const auto &state = *_viewControllerState;
+  return state.beingDismissed || (state.beingPresented && state.appearance != SIMAppearanceAppeared);
+}
+
 /// A popover without a place is refused where UIKit would show one.
 - (void)sim_requirePopoverAnchor {
   const BOOL popover =
@@ -144,41 +162,83 @@ bool coversPresenter(UIModalPresentationStyle style) {
 
 #pragma mark - Dismissing
 
-- (void)dismissViewControllerAnimated:(BOOL)animated completion:(void (^)(void))completion {
-  UIViewController *presenter = nil;
-  for (UIViewController *at = self; at && !presenter; at = at->_viewControllerState->parent) {
-    if (at->_viewControllerState->presented) presenter = at;
+- (id<UIViewControllerTransitionCoordinator>)transitionCoordinator {
+  for (UIViewController *at = self; at; at = at->_viewControllerState->parent) {
+    if (at->_viewControllerState->transition) return at->_viewControllerState->transition.get();
   }
-  if (!presenter) presenter = [self presentingViewController];
-  if (presenter && !presenter->_viewControllerState->presented.get()->_viewControllerState->beingDismissed) {
-    [presenter sim_dismissPresentedAnimated:animated];
-  }
-  sim::deliverCompletion(completion, animated);
+  return nil;
 }
 
-/// Ends the chain of presentations that starts here. What lay below appears again where it had left the screen.
-- (void)sim_dismissPresentedAnimated:(BOOL)animated {
-  const auto keepAlive = objcxx::share(self);
-  std::vector<objcxx::Retained<UIViewController>> chain;  // Front last.
+/// Who presents the controllers that a dismissal sent to this one takes away; nil when there are none.
+- (UIViewController *)sim_presenterToDismissFrom {
+  for (UIViewController *at = self; at; at = at->_viewControllerState->parent) {
+    if (at->_viewControllerState->presented) return at;
+  }
+  return [self presentingViewController];
+}
+
+- (void)dismissViewControllerAnimated:(BOOL)animated completion:(void (^)(void))completion {
+  UIViewController *presenter = [self sim_presenterToDismissFrom];
+  if (!presenter || presenter->_viewControllerState->presented.get()->_viewControllerState->beingDismissed) {
+    sim::deliverCompletion(completion, animated);
+    return;
+  }
+  Chain leaving;
+  [presenter sim_beginDismissal:leaving animated:animated];
+  if (!animated) {
+    [presenter sim_endDismissal:leaving];
+    if (completion) completion();
+    return;
+  }
+  const Chain gone = leaving;  // A block holds on to what a reference names only for as long as that lives.
+  const auto handler = objcxx::copyOf(completion);
+  dispatch_async(dispatch_get_main_queue(), ^{
+    [presenter sim_endDismissal:gone];
+    if (handler) handler();
+  });
+}
+
+- (void)sim_dismissAtOnce {
+  UIViewController *presenter = [self sim_presenterToDismissFrom];
+  if (!presenter || presenter->_viewControllerState->presented.get()->_viewControllerState->beingDismissed) return;
+  Chain leaving;
+  [presenter sim_beginDismissal:leaving animated:YES];
+  [presenter sim_endDismissal:leaving];
+}
+
+/// Begins the end of the chain of presentations that starts here. What lies below appears again where it has left the
+/// screen.
+- (void)sim_beginDismissal:(Chain &)leaving animated:(BOOL)animated {
   for (UIViewController *at = _viewControllerState->presented.get(); at;
        at = at->_viewControllerState->presented.get()) {
-    chain.push_back(objcxx::share(at));
+    leaving.push_back(objcxx::share(at));
   }
-  UIViewController *lowest = chain.front().get();
-  const bool uncovers = coversPresenter(lowest->_viewControllerState->presentationStyle);
-
+  const Chain chain = leaving;
+  if (animated) {
+    UIWindow *window = [_viewControllerState->view.get() window];
+    _viewControllerState->transition = objcxx::adopt([[SIMTransitionCoordinator alloc] initWithContainerView:window]);
+  }
   for (auto at = chain.rbegin(); at != chain.rend(); ++at) {
+    at->get()->_viewControllerState->transition = _viewControllerState->transition;
     at->get()->_viewControllerState->beingDismissed = YES;
     [at->get() beginAppearanceTransition:NO animated:animated];
   }
+  const bool uncovers = coversPresenter(chain.front().get()->_viewControllerState->presentationStyle);
   if (uncovers) [self beginAppearanceTransition:YES animated:animated];
+}
+
+- (void)sim_endDismissal:(const Chain &)leaving {
+  const auto keepAlive = objcxx::share(self);
+  const Chain chain = leaving;
   for (auto at = chain.rbegin(); at != chain.rend(); ++at) {
     auto &state = *at->get()->_viewControllerState;
+    state.transition = nullptr;
+    if (!state.presenting) continue;  // Gone with one that lay below it.
     [state.view.get() removeFromSuperview];
     state.presenting->_viewControllerState->presented = nullptr;
     state.presenting = nil;
   }
-  if (uncovers) {
+  if (_viewControllerState->appearance == SIMAppearanceAppearing) {
     [_viewControllerState->view.get() layoutIfNeeded];
     [self endAppearanceTransition];
   }
@@ -186,7 +246,10 @@ bool coversPresenter(UIModalPresentationStyle style) {
     [at->get() endAppearanceTransition];
     at->get()->_viewControllerState->beingDismissed = NO;
   }
+  const auto transition = std::exchange(_viewControllerState->transition, {});
+  [transition.get() run];
 }
+
 
 #pragma mark - Sim
 

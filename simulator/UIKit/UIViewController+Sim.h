@@ -25,6 +25,9 @@ typedef NS_ENUM(NSInteger, SIMAppearance) {
 /// Tells the children whose views are loaded but not in this controller's view, as those of pages that lie below
 /// another one, that the traits have changed.
 - (void)sim_tellCoveredChildrenOfTraits:(UITraitCollection *)previous;
+/// Dismisses what -dismissViewControllerAnimated:completion: would, with nothing left to wait for: for what the system
+/// tells only when its own picker or alert has gone.
+- (void)sim_dismissAtOnce;
 /// Runs a whole appearance or disappearance: begin, layout, end. For the roots of windows.
 - (void)sim_setAppeared:(BOOL)appeared animated:(BOOL)animated;
 @end

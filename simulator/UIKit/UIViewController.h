@@ -42,8 +42,9 @@ struct ViewControllerState;
 /// Main thread.
 ///
 /// Transitions take no time: the appearance calls of both pages are made before the method that starts the transition
-/// returns. A completion block is called at once when the transition is not animated, and from the main queue when it
-/// is, so after the method has returned, as on a device.
+/// returns. An animated dismissal alone ends from the main queue, so that what is dismissed is still presented when the
+/// method returns, as on a device. A completion block is called at once when the transition is not animated, and from the
+/// main queue when it is.
 @interface UIViewController : UIResponder <UITraitEnvironment> {
  @private
   std::unique_ptr<sim::ViewControllerState> _viewControllerState;
@@ -120,7 +121,8 @@ struct ViewControllerState;
 
 /// Presents over the outermost parent of this controller.
 ///
-/// Logs a line and does nothing when that parent presents something already, or is not in a window. Raises
+/// Logs a line and does nothing when that parent presents something already, also while that is being dismissed, when it is
+/// not in a window, and while it is being presented or dismissed itself. Raises
 /// NSInvalidArgumentException when `controller` is nil or itself, or is already presented; NSGenericException when a
 /// sheet that needs a popover has no place to show it from on a large screen.
 - (void)presentViewController:(UIViewController *)controller
@@ -129,6 +131,9 @@ struct ViewControllerState;
 /// Dismisses what this controller presents, with all that stands above it; when it presents nothing, its presenter
 /// dismisses it. Does nothing when neither is so; the completion block is then called all the same.
 - (void)dismissViewControllerAnimated:(BOOL)animated completion:(void (^)(void))completion;
+/// Of the animated dismissal that this controller, or the nearest of its parents, goes or presents in; nil while there is
+/// none. Its completion blocks are called when what is dismissed has gone.
+@property (nonatomic, readonly) id<UIViewControllerTransitionCoordinator> transitionCoordinator;
 @end
 
 @interface UIViewController (UINavigationControllerItem)

@@ -1,5 +1,6 @@
 #import "UIViewControllerState.h"
 
+#import <Foundation/NotCarried.h>
 #import <UIKit/UINavigationBar.h>
 #import <UIKit/UINavigationController.h>
 #import <UIKit/UIScreen.h>
@@ -144,6 +145,9 @@
 }
 
 - (void)setPreferredContentSize:(CGSize)size {
+  if (!CGSizeEqualToSize(size, CGSizeZero)) {
+    sim::notCarried(@"UIViewController.preferredContentSize", @"What is presented has the size of a sheet.");
+  }
   _viewControllerState->preferredContentSize = size;
 }
 

@@ -6,6 +6,7 @@
 #import <UIKit/UIPopoverPresentationController+Sim.h>
 #import <UIKit/UIView+Sim.h>
 #import <UIKit/UIViewController+Sim.h>
+#import <UIKit/TransitionCoordinator.h>
 #include <objcxx/Retained.h>
 
 namespace sim {
@@ -19,6 +20,7 @@ struct ViewControllerState {
   UIViewController *parent = nil;  // not owned
   objcxx::Retained<UIViewController> presented;
   UIViewController *presenting = nil;  // not owned
+  objcxx::Retained<SIMTransitionCoordinator> transition;  // Of the dismissal that is under way.
   objcxx::Retained<UIPopoverPresentationController> popover;
   UIModalPresentationStyle presentationStyle = UIModalPresentationAutomatic;
   UIModalTransitionStyle transitionStyle = UIModalTransitionStyleCoverVertical;

@@ -1,4 +1,4 @@
-// What goes along with a change of a controller's size. Main thread.
+// What goes along with a change of a controller's size or with its dismissal. Main thread.
 #pragma once
 
 #import <Foundation/Foundation.h>
@@ -17,7 +17,7 @@
 @end
 
 @protocol UIViewControllerTransitionCoordinator <UIViewControllerTransitionCoordinatorContext>
-/// Has `animation` run when views have their new size, and `completion` from the main queue afterwards. Either may be
+/// Has `animation` run when views have their new size or have gone, and `completion` from the main queue afterwards. Either may be
 /// nil. NO, with nothing run, when the transition is over.
 - (BOOL)animateAlongsideTransition:(void (^)(id<UIViewControllerTransitionCoordinatorContext> context))animation
                         completion:(void (^)(id<UIViewControllerTransitionCoordinatorContext> context))completion;

@@ -1,5 +1,6 @@
 #import <UIKit/UIWindow.h>
 
+#import <Foundation/NotCarried.h>
 #import <UIKit/UIApplication+Sim.h>
 #import <UIKit/UIScreen.h>
 #import <UIKit/UIView+Sim.h>
@@ -53,6 +54,9 @@ struct WindowState {
 }
 
 - (void)setWindowLevel:(UIWindowLevel)level {
+  if (level != UIWindowLevelNormal) {
+    sim::notCarried(@"UIWindow.windowLevel", @"Windows lie in the order in which they were shown.");
+  }
   _windowState->level = level;
 }
 

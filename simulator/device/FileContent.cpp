@@ -1,14 +1,14 @@
 #include "device/FileContent.hpp"
 
-#include "device/Descriptor.hpp"
 #include "device/Failure.hpp"
+#include "files/Descriptor.hpp"
+#include "files/TemporaryFile.hpp"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 
 namespace sim {
 
@@ -31,22 +31,19 @@ std::optional<std::string> readFile(const std::filesystem::path& file) {
 }
 
 void writeFileAtomically(const std::filesystem::path& file, std::string_view content, mode_t mode) {
-  std::string temporary = file.string() + ".XXXXXX";
-  const Descriptor descriptor(::mkostemp(temporary.data(), O_CLOEXEC));
-  if (!descriptor) throw Failure::fromErrno("Cannot write " + file.string(), errno);
-
-  const auto fail = [&](int error) {
-    ::unlink(temporary.c_str());
-    throw Failure::fromErrno("Cannot write " + file.string(), error);
+  const auto check = [&](int error) {
+    if (error != 0) throw Failure::fromErrno("Cannot write " + file.string(), error);
   };
+  TemporaryFile temporary(file.parent_path().empty() ? "." : file.parent_path().string());
+  check(temporary.error());
   while (!content.empty()) {
-    const ssize_t count = ::write(descriptor.get(), content.data(), content.size());
+    const ssize_t count = ::write(temporary.descriptor(), content.data(), content.size());
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) fail(errno);
+    if (count < 0) check(errno);
     content.remove_prefix(static_cast<std::size_t>(count));
   }
-  if (::fchmod(descriptor.get(), mode) != 0) fail(errno);
-  if (std::rename(temporary.c_str(), file.c_str()) != 0) fail(errno);
+  if (::fchmod(temporary.descriptor(), mode) != 0) check(errno);
+  check(temporary.moveTo(file.string()));
 }
 
 }  // namespace sim

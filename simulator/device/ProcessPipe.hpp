@@ -2,7 +2,7 @@
 // the user interface.
 #pragma once
 
-#include "device/Descriptor.hpp"
+#include "files/Descriptor.hpp"
 
 #include <filesystem>
 

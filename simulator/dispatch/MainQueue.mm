@@ -15,8 +15,6 @@
 #include <map>
 #include <mutex>
 
-struct dispatch_queue_s {};
-
 namespace {
 
 using Block = objcxx::BlockHandle<void>;
@@ -139,6 +137,13 @@ class MainQueue final {
 
 }  // namespace
 
+/// What stands for the queue. It keeps nothing: there is one queue.
+@interface SIMMainQueue : NSObject <OS_dispatch_queue_main>
+@end
+
+@implementation SIMMainQueue
+@end
+
 /// Joins the queue to the main run loop.
 @interface SIMMainQueueSource : NSObject <RunLoopEvents>
 @end
@@ -167,7 +172,7 @@ void SIMJoinMainRunLoop(void) {
   });
 }
 
-void dispatch_once(dispatch_once_t *predicate, dispatch_block_t block) {
+void dispatch_once(dispatch_once_t *predicate, __attribute__((noescape)) dispatch_block_t block) {
   constexpr dispatch_once_t kRunning = 1, kDone = -1;
   dispatch_once_t expected = 0;
   if (__atomic_compare_exchange_n(predicate, &expected, kRunning, false, __ATOMIC_ACQUIRE, __ATOMIC_ACQUIRE)) {
@@ -179,8 +184,8 @@ void dispatch_once(dispatch_once_t *predicate, dispatch_block_t block) {
 }
 
 dispatch_queue_main_t dispatch_get_main_queue(void) {
-  static dispatch_queue_s queue;
-  return &queue;
+  static SIMMainQueue *queue = [[SIMMainQueue alloc] init];  // Lives as long as the process.
+  return queue;
 }
 
 void dispatch_async(dispatch_queue_t queue, dispatch_block_t block) {

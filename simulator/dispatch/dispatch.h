@@ -4,6 +4,9 @@
 
 #include <Block.h>
 #include <stdint.h>
+#if defined(__OBJC__)
+#import <Foundation/NSObject.h>
+#endif
 
 #if defined(__cplusplus)
 extern "C" {
@@ -24,10 +27,20 @@ typedef intptr_t dispatch_once_t;
 
 /// Runs `block` the first time that it is called with this predicate, and never again. Callers on other threads wait
 /// until it has run. Not recursive on one predicate.
-void dispatch_once(dispatch_once_t *predicate, dispatch_block_t block);
+void dispatch_once(dispatch_once_t *predicate, __attribute__((noescape)) dispatch_block_t block);
 
+/// A queue is an object for Objective-C, so that a property can own it.
+#if defined(__OBJC__)
+@protocol OS_dispatch_queue <NSObject>
+@end
+@protocol OS_dispatch_queue_main <OS_dispatch_queue>
+@end
+typedef NSObject<OS_dispatch_queue> *dispatch_queue_t;
+typedef NSObject<OS_dispatch_queue_main> *dispatch_queue_main_t;
+#else
 typedef struct dispatch_queue_s *dispatch_queue_t;
 typedef dispatch_queue_t dispatch_queue_main_t;
+#endif
 
 /// The one queue: its blocks run one after another on the main thread, from the main run loop in its default mode. Not
 /// owned by the caller.

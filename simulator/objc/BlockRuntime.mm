@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <cstring>
 
+extern "C" void *_NSConcreteMallocBlock[32];  // Only this file makes blocks on the heap.
+
 namespace {
 
 enum BlockFlags : std::int32_t {

@@ -35,7 +35,8 @@ SocketPair makeSocketPair() {
 }
 
 // Between fork and exec only calls that are safe after a fork in a process with threads.
-[[noreturn]] void becomeProgram(const char* program, char* const* arguments, int channel, int errors, pid_t parent) {
+[[noreturn]] void becomeProgram(const char* program, char* const* arguments, char* const* environment, int channel,
+                                int errors, pid_t parent) {
   sigset_t none;
   ::sigemptyset(&none);
   ::sigprocmask(SIG_SETMASK, &none, nullptr);
@@ -49,7 +50,7 @@ SocketPair makeSocketPair() {
   ::dup2(STDERR_FILENO, STDOUT_FILENO);
   ::close_range(3, ~0U, CLOSE_RANGE_CLOEXEC);
   ::fcntl(channel, F_SETFD, 0);
-  ::execv(program, arguments);
+  ::execve(program, arguments, environment);
   const int error = errno;
   [[maybe_unused]] const auto written = ::write(errors, &error, sizeof error);
   ::_exit(127);
@@ -70,6 +71,13 @@ pid_t startProgram(const std::string& program, const std::vector<std::string>& a
   for (const std::string& argument : arguments) pointers.push_back(const_cast<char*>(argument.c_str()));
   pointers.push_back(nullptr);
 
+  // A device binds every symbol of a file when it loads it. A file that needs what nobody has is then not loaded, and the
+  // program goes on; otherwise the first call would end it.
+  std::string bindNow = "LD_BIND_NOW=1";
+  std::vector<char*> environment{bindNow.data()};
+  for (char** variable = environ; *variable; ++variable) environment.push_back(*variable);
+  environment.push_back(nullptr);
+
   int ends[2];
   if (::pipe2(ends, O_CLOEXEC) != 0) throw Failure::fromErrno("Cannot start " + program, errno);
   const Descriptor reading(ends[0]);
@@ -78,7 +86,7 @@ pid_t startProgram(const std::string& program, const std::vector<std::string>& a
   const pid_t parent = ::getpid();
   const pid_t child = ::fork();
   if (child < 0) throw Failure::fromErrno("Cannot start " + program, errno);
-  if (child == 0) becomeProgram(program.c_str(), pointers.data(), channel, writing.get(), parent);
+  if (child == 0) becomeProgram(program.c_str(), pointers.data(), environment.data(), channel, writing.get(), parent);
 
   writing.reset();
   if (const auto error = startError(reading.get())) {

@@ -1,7 +1,7 @@
 // A child process that talks over a channel.
 #pragma once
 
-#include "device/Descriptor.hpp"
+#include "files/Descriptor.hpp"
 #include "wire/Channel.hpp"
 
 #include <sys/types.h>
@@ -19,7 +19,8 @@ namespace sim {
 class ChildProcess final {
  public:
   /// Starts `program`. `arguments` makes its arguments (without the program's name) from the number of the descriptor
-  /// that is the child's end of the channel. The child's output goes to standard error. Throws Failure when the program
+  /// that is the child's end of the channel. The child's output goes to standard error. What it loads later must be
+  /// complete, as on a device (LD_BIND_NOW of ld.so). Throws Failure when the program
   /// cannot be started.
   ChildProcess(const std::string& program, const std::function<std::vector<std::string>(int descriptor)>& arguments);
   ~ChildProcess();

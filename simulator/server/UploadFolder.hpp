@@ -1,7 +1,7 @@
 // Files on their way from a client to the device. They lie in a folder of the simulator's own, under names of its own.
 #pragma once
 
-#include "device/Descriptor.hpp"
+#include "files/Descriptor.hpp"
 
 #include <filesystem>
 #include <memory>

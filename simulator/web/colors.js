@@ -32,6 +32,11 @@ export function paintedOver(background, over) {
   };
 }
 
+/** A colour as `{light, dark}`, also when it is the same in both. */
+export function pairOf(color) {
+  return typeof color === 'string' ? { light: color, dark: color } : color;
+}
+
 function parse(text) {
   const channel = (at) => parseInt(text.slice(at, at + 2), 16);
   return { rgb: [channel(1), channel(3), channel(5)], alpha: text.length > 7 ? channel(7) / 255 : 1 };

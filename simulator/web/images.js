@@ -1,8 +1,10 @@
 import { html, useContext, useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { cssColor } from '/colors.js';
 import { SessionContext } from '/session.js';
 
 const keptUnused = 200;
 const mostAtOnce = 2;
+const maskSizes = { contain: 'contain', cover: 'cover', none: 'auto' };
 
 /** Pictures of the device as `blob:` addresses, because a bare `<img>` could not send the token. */
 export class ImageCache {
@@ -78,8 +80,8 @@ function revoke(entry) {
 }
 
 /**
- * One picture of the device: `image` is `{url, width, height}` in points. Without `alt` it is decoration. `fallback` is
- * shown when the picture cannot be had.
+ * One picture of the device: `image` is `{url, width, height, tint}` in points; with a tint only its shape counts, which is
+ * filled with that colour. Without `alt` it is decoration. `fallback` is shown when the picture cannot be had.
  */
 export function Picture({ image, alt = '', style, fallback, ...rest }) {
   const { images } = useContext(SessionContext);
@@ -99,6 +101,14 @@ export function Picture({ image, alt = '', style, fallback, ...rest }) {
   if (failed && fallback) return fallback;
   const size = { width: `${image.width}px`, height: `${image.height}px` };
   if (!address) return html`<span ...${rest} style=${{ ...size, ...style }}></span>`;
+  if (image.tint) {
+    const { objectFit, ...others } = style ?? {};
+    const filled = {
+      ...size, ...others, display: 'inline-block', backgroundColor: cssColor(image.tint),
+      mask: `url("${address}") center / ${maskSizes[objectFit] ?? '100% 100%'} no-repeat`,
+    };
+    return html`<span ...${rest} role=${alt ? 'img' : undefined} aria-label=${alt || undefined} style=${filled}></span>`;
+  }
   return html`<img ...${rest} src=${address} alt=${alt} draggable=${false} style=${{ ...size, ...style }} />`;
 }
 

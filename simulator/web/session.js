@@ -55,6 +55,11 @@ export class Session {
     return this.#sendTo(id, { type: 'tap', id, ...more });
   }
 
+  /** Swipes the row `id` open so that its actions show, or closed. */
+  swipe(id, open) {
+    return this.#sendTo(id, { type: 'swipe', id, open });
+  }
+
   set(id, value) {
     return this.#sendTo(id, { type: 'set', id, value });
   }

@@ -10,8 +10,10 @@
 namespace sim::wire {
 namespace {
 
-constexpr std::size_t kLongestLine = 256u << 20;     // A screen of 10,000 rows is a few MB; this only stops nonsense.
-constexpr std::size_t kLongestPayload = 512u << 20;  // A 12-megapixel picture is 50 MB undecoded.
+// Texts that go over the channel in a header have at most 64 MiB, of which JSON's escapes may make more; bodies, which
+// are screens, PNGs and shared files, at most 256 MiB. The limits only stop nonsense.
+constexpr std::size_t kLongestLine = 256u << 20;
+constexpr std::size_t kLongestPayload = 512u << 20;
 
 std::string encodedHeader(const Message& message) {
   nlohmann::json header = message.header;

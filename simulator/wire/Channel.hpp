@@ -11,7 +11,7 @@
 
 namespace sim::wire {
 
-/// One message: a JSON object and, for pictures, the bytes that follow it.
+/// One message: a JSON object, and the bytes that follow it: the body of an answer, be it a screen, a picture or a file.
 struct Message {
   nlohmann::json header;
   std::string payload;

@@ -109,6 +109,7 @@ test('Deleting asks first and removes the one file', async (t) => {
   await act(page, 'Dark', 'Delete');
   await alertOf(page, 'Delete Preset').getByText('Are you sure you would like to delete preset "Dark"?').waitFor();
   await choose(page, 'Delete Preset', 'Cancel');
+  assert.equal(await page.getByRole('group', { name: 'Actions for Dark' }).count(), 0, 'the row has closed');
   assert.deepEqual(await namesIn(started), ['Dark.plist', 'Light.plist']);
   await act(page, 'Dark', 'Delete');
   await choose(page, 'Delete Preset', 'Confirm');

@@ -7,8 +7,24 @@ import { row, screen, section } from './support/screens.mjs';
 const preset = (name) => row(name, { height: 60, swipeActions: [
   { id: `delete ${name}`, title: 'Delete', color: '#ff0000ff' }, { id: `share ${name}`, title: 'Share', color: '#007affff' },
 ] });
-const presets = screen(['Settings', 'Presets'], [section(null, ['Dark', 'Light'].map(preset))], { page: { style: 'plain' } });
-const taps = (fake) => fake.events.map(({ id }) => id);
+const names = ['Dark', 'Light'];
+const presets = (open = null) => screen(['Settings', 'Presets'], [section(null, names.map((name) => (
+  { ...preset(name), swipeOpen: name === open })))], { page: { style: 'plain' } });
+const taps = (fake) => fake.events.filter(({ type }) => type === 'tap').map(({ id }) => id);
+const swipes = (fake) => fake.events.filter(({ type }) => type === 'swipe').map(({ id, open }) => [id, open]);
+
+/**
+ * A device whose rows stay open until they are swiped back, or until the action "Delete" closes them, and that answers
+ * after `delay` milliseconds.
+ */
+function startPresets(t, delay = 0) {
+  return startFake(t, presets(), async ({ type, id, open }, fake) => {
+    await new Promise((resolve) => setTimeout(resolve, delay));
+    const row = names[Number(id.at(-1))];
+    if (type === 'swipe') fake.screen = presets(open ? row : null);
+    else if (id.startsWith('delete')) fake.screen = presets();
+  });
+}
 
 async function swipe(page, name, distance) {
   const box = await page.getByRole('button', { name, exact: true }).boundingBox();
@@ -20,7 +36,7 @@ async function swipe(page, name, distance) {
 }
 
 test('Swiping a row shows its actions, the first at the edge', async (t) => {
-  const { fake, url } = await startFake(t, presets);
+  const { fake, url } = await startPresets(t);
   const page = await openPage(t, url);
   await swipe(page, 'Light', -120);
   const actions = page.getByRole('group', { name: 'Actions for Light' });
@@ -29,14 +45,36 @@ test('Swiping a row shows its actions, the first at the edge', async (t) => {
   const remove = actions.getByRole('button', { name: 'Delete' });
   const share = actions.getByRole('button', { name: 'Share' });
   assert.ok((await remove.boundingBox()).x > (await share.boundingBox()).x);
-  assert.deepEqual(fake.events, []);
-  await share.click();
+  await eventually(() => assert.deepEqual(swipes(fake), [['row2.0.1', true]]));
+  assert.deepEqual(taps(fake), []);
+});
+
+test('A row stays open after its action until the device closes it', async (t) => {
+  const { fake, url } = await startPresets(t);
+  const page = await openPage(t, url);
+  await swipe(page, 'Light', -120);
+  const actions = page.getByRole('group', { name: 'Actions for Light' });
+  await actions.getByRole('button', { name: 'Share' }).click();
   await eventually(() => assert.deepEqual(taps(fake), ['share Light']));
-  assert.equal(await actions.count(), 0);
+  await settled(page);
+  assert.equal(await actions.count(), 1);
+  await actions.getByRole('button', { name: 'Delete' }).click();
+  await actions.waitFor({ state: 'detached' });
+  assert.deepEqual(taps(fake), ['share Light', 'delete Light']);
+});
+
+test('A row that the device opens shows its actions', async (t) => {
+  const { fake, url } = await startPresets(t);
+  const page = await openPage(t, url);
+  fake.show(presets('Dark'));
+  await page.getByRole('group', { name: 'Actions for Dark' }).waitFor();
+  fake.show(presets());
+  await page.getByRole('group', { name: 'Actions for Dark' }).waitFor({ state: 'detached' });
+  assert.deepEqual(fake.events, []);
 });
 
 test('A short swipe shows nothing, and is no tap', async (t) => {
-  const { fake, url } = await startFake(t, presets);
+  const { fake, url } = await startPresets(t);
   const page = await openPage(t, url);
   await swipe(page, 'Light', -25);
   await settled(page);
@@ -44,18 +82,27 @@ test('A short swipe shows nothing, and is no tap', async (t) => {
   assert.deepEqual(fake.events, []);
 });
 
-test('A click beside an open row closes it', async (t) => {
-  const { url } = await startFake(t, presets);
+test('A click beside an open row closes it and does nothing else', async (t) => {
+  const { fake, url } = await startPresets(t);
   const page = await openPage(t, url);
   await swipe(page, 'Light', -120);
   const actions = page.getByRole('group', { name: 'Actions for Light' });
   await actions.waitFor();
   await page.getByRole('heading', { name: 'Presets' }).click();
   await actions.waitFor({ state: 'detached' });
+  await swipe(page, 'Light', -120);
+  await actions.waitFor();
+  await page.getByRole('button', { name: 'Dark', exact: true }).click();
+  await actions.waitFor({ state: 'detached' });
+  await settled(page);
+  assert.deepEqual(taps(fake), []);
+  await eventually(() => assert.deepEqual(swipes(fake), [true, false, true, false].map((open) => ['row2.0.1', open])));
+  await page.getByRole('button', { name: 'Dark', exact: true }).click();
+  await eventually(() => assert.deepEqual(taps(fake), ['row2.0.0']));
 });
 
 test('A trackpad swipes by scrolling sideways', async (t) => {
-  const { url } = await startFake(t, presets);
+  const { url } = await startPresets(t);
   const page = await openPage(t, url);
   await page.getByRole('button', { name: 'Dark', exact: true }).hover();
   for (let step = 0; step < 4; step += 1) await page.mouse.wheel(20, 0);
@@ -63,7 +110,7 @@ test('A trackpad swipes by scrolling sideways', async (t) => {
 });
 
 test('The keyboard reaches the actions by a button and closes them with Escape', async (t) => {
-  const { fake, url } = await startFake(t, presets);
+  const { fake, url } = await startPresets(t);
   const page = await openPage(t, url);
   await page.getByRole('button', { name: 'Dark', exact: true }).focus();
   await page.keyboard.press('Tab');
@@ -79,8 +126,24 @@ test('The keyboard reaches the actions by a button and closes them with Escape',
   await eventually(() => assert.deepEqual(taps(fake), ['share Dark']));
 });
 
+test('What the user does last counts, however late the device answers', async (t) => {
+  const { fake, url } = await startPresets(t, 400);
+  const page = await openPage(t, url);
+  const actions = page.getByRole('group', { name: 'Actions for Dark' });
+  await page.getByRole('button', { name: 'Dark', exact: true }).focus();
+  await page.keyboard.press('Shift+F10');
+  await page.keyboard.press('Escape');
+  await page.keyboard.press('Shift+F10');
+  await eventually(async () => assert.equal(await focused(page), 'Delete'));
+  await eventually(() => assert.equal(fake.revision, 4));
+  assert.deepEqual(swipes(fake).map(([, open]) => open), [true, false, true]);
+  await settled(page);
+  assert.equal(await actions.count(), 1);
+  assert.equal(await focused(page), 'Delete');
+});
+
 test('Touch swipes', async (t) => {
-  const { url } = await startFake(t, presets);
+  const { url } = await startPresets(t);
   const page = await openPage(t, url, { hasTouch: true });
   const box = await page.getByRole('button', { name: 'Light', exact: true }).boundingBox();
   const touch = await page.context().newCDPSession(page);

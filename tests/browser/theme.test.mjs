@@ -4,7 +4,7 @@ import { join } from 'node:path';
 import { test } from 'node:test';
 import { eventually } from './support/browser.mjs';
 import { propertyListText } from './support/propertyList.mjs';
-import { layFile, mainFile, notificationsOf, open, rowOf, startZuno, themeFile } from './support/zuno.mjs';
+import { bringInSight, layFile, mainFile, notificationsOf, open, rowOf, startZuno, themeFile } from './support/zuno.mjs';
 
 const labels = ['Zuno', 'Customise'];
 const choose = (page) => page.getByRole('button', { name: 'Choose Photo…' });
@@ -64,7 +64,8 @@ test('Switches, a colour, a segment and a slider are stored in the theme file al
 
 test('The User-Agent row follows the device and the version without reopening the page', async (t) => {
   const started = await startZuno(t, { labels });
-  const { page } = started;
+  const { page, api } = started;
+  await bringInSight(api, 'User-Agent');
   const agent = rowOf(page, 'User-Agent');
   await agent.getByText('(null)/(null)').waitFor();
   const device = page.getByRole('textbox', { name: 'Device' });

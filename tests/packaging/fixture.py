@@ -1,8 +1,9 @@
 """Made-up packages for the tests of the checker: a small bundle built with clang against a hand-written SDK."""
 
 import functools
-import os
 import plistlib
+import shutil
+import struct
 import subprocess
 import sys
 import tempfile
@@ -19,6 +20,7 @@ from checker.subject import Subject  # noqa: E402
 BUNDLE = "var/jb/Library/PreferenceBundles/Sample.bundle"
 ENTRY = "var/jb/Library/PreferenceLoader/Preferences/com.example.sample.plist"
 INSTALL_NAME = f"/{BUNDLE}/Sample"
+USER_FOLDERS = ("var/jb/Library/Zuno/Presets", "var/jb/Library/Zuno/Widgets")
 
 SOURCE = """
 __attribute__((objc_root_class)) @interface NSObject { Class isa; } @end
@@ -44,13 +46,60 @@ __attribute__((objc_root_class)) @interface NSObject { Class isa; } @end
 @end
 """
 
+# What the platform authenticates, of every kind.
+SIGNED_SOURCE = """
+#include <stddef.h>
+__attribute__((objc_root_class)) @interface NSObject { Class isa; } @end
+@interface NSString : NSObject @end
+@interface PSListController : NSObject @end
+@interface SamplePage : PSListController { int _row; }
+- (void)restart;
++ (void)shared;
+@end
+@implementation SamplePage
+- (void)restart {}
+- (id)read:(id)row { return @"text"; }
+- (void)write:(id)value row:(id)row {}
++ (void)shared {}
+@end
+@interface SamplePage (More)
+- (void)more;
+@end
+@implementation SamplePage (More)
+- (void)more {}
+@end
+@interface SampleCell : SamplePage @end
+@implementation SampleCell @end
+
+// Its description is not unique: the pointer to its name has the topmost bit set.
+struct Inline { virtual int seen() { return 1; } };
+Inline *everywhere() { static Inline instance; return &instance; }
+
+struct Shape { virtual int sides(); virtual int corners(); };
+int Shape::sides() { return 0; }
+int Shape::corners() { return 0; }
+struct Square : Shape { int sides() override; };
+int Square::sides() { return 4; }
+Shape *shape() { static Square square; return &square; }
+
+extern void (^const kBlock)(void);
+void (^const kBlock)(void) = ^{};
+int twice(int value) { return 2 * value; }
+extern "C" int outside(int);
+extern int (*const kFunctions[])(int);
+int (*const kFunctions[])(int) = { twice, outside };
+__attribute__((constructor)) static void begin() { outside(0); }
+__attribute__((constructor)) static void follow() { outside(1); }
+"""
+
 SYSTEM = """--- !tapi-tbd
 tbd-version:     4
 targets:         [ arm64-ios, arm64e-ios ]
 install-name:    '/usr/lib/libSystem.B.dylib'
 exports:
   - targets:         [ arm64-ios, arm64e-ios ]
-    symbols:         [ dyld_stub_binder, _optional ]
+    symbols:         [ dyld_stub_binder, _optional, _outside, __NSConcreteGlobalBlock,
+                       ___CFConstantStringClassReference ]
 ...
 """
 OBJC = """--- !tapi-tbd
@@ -80,6 +129,16 @@ install-name:    '/var/jb/usr/lib/libextra.dylib'
 ...
 """
 
+CXX = """--- !tapi-tbd
+tbd-version:     4
+targets:         [ arm64-ios, arm64e-ios ]
+install-name:    '/usr/lib/libc++.1.dylib'
+exports:
+  - targets:         [ arm64-ios, arm64e-ios ]
+    symbols:         [ __ZTVN10__cxxabiv117__class_type_infoE, __ZTVN10__cxxabiv120__si_class_type_infoE ]
+...
+"""
+
 LINK = [
     "-install_name", INSTALL_NAME, "-framework", "Preferences", "-lobjc", "-Wl,-needed-lextra",
 ]  # fmt: skip
@@ -93,10 +152,15 @@ def _folder():
     folder = Path(temporary.name)
     private = "sdk/System/Library/PrivateFrameworks/Preferences.framework/Preferences.tbd"
     files = {"sdk/usr/lib/libSystem.tbd": SYSTEM, "sdk/usr/lib/libobjc.tbd": OBJC, private: PREFERENCES,
-             "stubs/libextra.tbd": EXTRA}  # fmt: skip
+             "sdk/usr/lib/libc++.tbd": CXX, "sdk/usr/lib/libc++.1.tbd": CXX, "stubs/libextra.tbd": EXTRA}  # fmt: skip
     for name, text in files.items():
         write(folder / name, text)
     return folder
+
+
+def sdk_folder():
+    """An iPhoneOS SDK with what the tests link against."""
+    return _folder() / "sdk"
 
 
 @functools.cache
@@ -106,12 +170,36 @@ def executable(source=SOURCE, target="arm64-apple-ios15.0", form="-dynamiclib", 
     sdk = folder / "sdk"
     code, output = write(folder / "Sample.m", source), folder / "Sample"
     command = [
-        "clang-19", "-target", target, "-isysroot", sdk, f"-F{sdk}/System/Library/PrivateFrameworks",
+        "clang-22", "-target", target, "-isysroot", sdk, f"-F{sdk}/System/Library/PrivateFrameworks",
         f"-L{folder}/stubs", "-fuse-ld=lld", form, "-fno-objc-arc", "-w", *link,
         "-Wl,-adhoc_codesign" if signed else "-Wl,-no_adhoc_codesign", code, "-o", output,
     ]  # fmt: skip
     subprocess.run(command, check=True, capture_output=True, text=True)
     return output.read_bytes()
+
+
+@functools.cache
+def device_code(arch, source=SIGNED_SOURCE):
+    """(bytes, path of the linker's map) of what packaging/device-clang makes; the map is there for arm64e only."""
+    folder = Path(tempfile.mkdtemp(dir=_folder()))
+    sdk, code, built = _folder() / "sdk", write(folder / "Sample.mm", source), folder / "Sample"
+    clang = [TREE / "packaging/device-clang", f"{arch}-apple-ios15.0", sdk]
+    link = [f"-F{sdk}/System/Library/PrivateFrameworks", f"-L{_folder()}/stubs", *LINK]
+    for command in ([*clang, "-c", code, "-w", "-fblocks", "-nostdinc++", "-o", f"{built}.o"],
+                    [*clang, "-dynamiclib", f"{built}.o", "-o", built, *link]):  # fmt: skip
+        subprocess.run(command, check=True, capture_output=True, text=True)
+    return built.read_bytes(), Path(f"{built}.map")
+
+
+def fat(*images):
+    """A file of several slices, given as (subtype, content)."""
+    position = 0x4000
+    head, body = struct.pack(">2I", 0xCAFEBABE, len(images)), b""
+    for subtype, image in images:
+        head += struct.pack(">5I", 0x0100000C, subtype, position, len(image), 14)
+        body += image + b"\0" * (-len(image) % 0x4000)
+        position = 0x4000 + len(body)
+    return head.ljust(0x4000, b"\0") + body
 
 
 def write(path, content):
@@ -147,13 +235,15 @@ class PackageTest(unittest.TestCase):
         }  # fmt: skip
         self.files = {f"{BUNDLE}/icon@2x.png": b"\x89PNG"}
         self.modes = {f"{BUNDLE}/Sample": 0o755}
-        self.owner = (0, 0)
+        self.owners = {folder: "501:501" for folder in USER_FOLDERS}
         self.forbidden = []
+        self.archs, self.link_map = ("arm64",), None
         self.code = executable()
 
     def build(self):
         """Makes the package and returns its path."""
         root = self.folder / "root"
+        shutil.rmtree(root / "var/jb/Library/Zuno", ignore_errors=True)
         files = {
             f"{BUNDLE}/Info.plist": self.info, f"{BUNDLE}/Root.plist": self.root_list, ENTRY: self.entry,
             f"{BUNDLE}/Sample": self.code, **self.files,
@@ -161,23 +251,23 @@ class PackageTest(unittest.TestCase):
         for name, content in files.items():
             if content is not None:
                 write(root / name, content).chmod(0o644)
+        for folder in USER_FOLDERS:
+            if folder in self.owners:
+                (root / folder).mkdir(parents=True, exist_ok=True)
         for name, mode in self.modes.items():
             (root / name).chmod(mode)
-        for folder in (root, *root.rglob("*/")):
-            folder.chmod(0o755)
+        for folder in (root, *(path for path in root.rglob("*") if path.is_dir())):
+            folder.chmod(self.modes.get(str(folder.relative_to(root)), 0o755))
         write(root / "DEBIAN/control", "".join(f"{key}: {value}\n" for key, value in self.control.items()))
         package = self.folder / "sample.deb"
-        command = ["dpkg-deb", "-Zgzip", "-z1", "--build", root, package]
-        if self.owner == (0, 0):
-            command.insert(1, "--root-owner-group")
-        elif os.getuid() == 0:
-            for path in root.rglob("*"):
-                os.chown(path, *self.owner)
-        subprocess.run(command, check=True, capture_output=True)
+        commands = ["chown -R 0:0 ."] + [f"chown -h {owner} {path}" for path, owner in self.owners.items()]
+        commands.append(f"dpkg-deb -Zgzip -z1 --build . {package}")
+        subprocess.run(["fakeroot", "sh", "-ec", "; ".join(commands)], check=True, capture_output=True, cwd=root)
         return package
 
     def problems(self):
-        return rules.problems(Subject(self.build(), self.sdk, self.stubs, self.forbidden))
+        subject = Subject(self.build(), self.sdk, self.stubs, self.forbidden, self.archs, self.link_map)
+        return rules.problems(subject)
 
     def assert_problems(self, *wanted):
         """The package has exactly these problems, given as "rule: sentence"."""

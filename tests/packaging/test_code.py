@@ -2,7 +2,7 @@
 
 import struct
 
-from fixture import EXTRA, INSTALL_NAME, LINK, PREFERENCES, SOURCE, PackageTest, executable, write
+from fixture import EXTRA, INSTALL_NAME, LINK, PREFERENCES, SOURCE, PackageTest, executable, fat, write
 
 from checker import macho
 
@@ -15,17 +15,6 @@ def linked(*link):
     for old, new in zip(link[::2], link[1::2]):
         options[options.index(old)] = new
     return tuple(options)
-
-
-def fat(*images):
-    """A file of several slices, given as (subtype, content)."""
-    position = 0x4000
-    head, body = struct.pack(">2I", 0xCAFEBABE, len(images)), b""
-    for subtype, image in images:
-        head += struct.pack(">5I", 0x0100000C, subtype, position, len(image), 14)
-        body += image + b"\0" * (-len(image) % 0x4000)
-        position = 0x4000 + len(body)
-    return head.ljust(0x4000, b"\0") + body
 
 
 def as_subtype(image, subtype):
@@ -94,7 +83,10 @@ class LoadCommandsTest(PackageTest):
     def test_every_slice_is_judged(self):
         other = executable(target="arm64-apple-ios16.0")
         self.code = fat((0, executable()), (0, other))
-        self.assert_problems(f"load_commands: {WORDS} needs iOS 16.0, but Info.plist says 15.0")
+        self.assert_problems(
+            f"load_commands: {INSTALL_NAME} has several slices for one kind of processor",
+            f"load_commands: {WORDS} needs iOS 16.0, but Info.plist says 15.0",
+        )
 
 
 class SignatureTest(PackageTest):
@@ -180,7 +172,7 @@ class DamagedCodeTest(PackageTest):
         ((address, _),) = image.section("__objc_classlist")
         position = image.offset(address)
         self.code = self.code[:position] + struct.pack("<Q", 0xFFFFFF00) + self.code[position + 8 :]
-        self.assertIn(("load_commands", f"{WORDS}: address 0xffffff20 lies in no section"), self.problems())
+        self.assertIn(("load_commands", f"{WORDS}: address 0xffffff00 lies in no section"), self.problems())
 
     def test_a_file_that_ends_early_is_a_problem_and_no_crash(self):
         whole = self.code

@@ -1,8 +1,12 @@
 """Rules about a package's control file, its layout, modes and build paths."""
 
-import os
+import tarfile
+from types import SimpleNamespace
 
-from fixture import BUNDLE, ENTRY, INSTALL_NAME, SOURCE, PackageTest, executable
+from fixture import BUNDLE, ENTRY, INSTALL_NAME, SOURCE, USER_FOLDERS, PackageTest, executable
+
+from checker.file_rules import modes
+from checker.package import Member
 
 
 class ControlTest(PackageTest):
@@ -76,18 +80,48 @@ class ModesTest(PackageTest):
         self.modes[f"{BUNDLE}/Sample"] = 0o4755
         self.assert_problems(f"modes: {INSTALL_NAME} has the mode 4755, not 755")
 
-    def test_everything_belongs_to_root(self):
-        self.owner = (os.getuid() or 1000, os.getgid() or 1000)
-        found = self.problems()
-        uid, gid = self.owner
-        self.assertIn(("modes", f"{INSTALL_NAME} belongs to {uid}:{gid}, not to root"), found)
-        self.assertEqual({"modes"}, {rule for rule, _ in found})
+    def test_everything_else_belongs_to_root(self):
+        self.owners[f"{BUNDLE}/Sample"] = "501:0"
+        self.assert_problems(f"modes: {INSTALL_NAME} belongs to 501:0, not to 0:0")
+
+    def test_the_user_s_folders_belong_to_the_user(self):
+        self.owners[USER_FOLDERS[0]] = "0:0"
+        self.assert_problems(f"modes: /{USER_FOLDERS[0]} belongs to 0:0, not to 501:501")
+
+    def test_the_user_s_folders_are_open_to_read(self):
+        self.modes[USER_FOLDERS[1]] = 0o700
+        self.assert_problems(f"modes: /{USER_FOLDERS[1]} has the mode 700, not 755")
+
+    def test_a_user_of_the_building_machine_is_found(self):
+        def named(name):
+            info = tarfile.TarInfo()
+            info.type, info.mode, info.uid, info.gid, info.uname = tarfile.DIRTYPE, 0o755, 501, 501, name
+            package = SimpleNamespace(files=[Member(USER_FOLDERS[0], f"/{USER_FOLDERS[0]}", info, None)])
+            return list(modes(SimpleNamespace(package=package, bundles=[])))
+
+        self.assertEqual(([], []), (named(""), named("mobile")))
+        problem = f"/{USER_FOLDERS[0]} belongs to someone:, names of the machine that built it"
+        self.assertEqual([problem], named("someone"))
 
     def test_links_are_refused(self):
         folder = self.folder / "root" / BUNDLE
         folder.mkdir(parents=True)
         (folder / "icon@3x.png").symlink_to("icon@2x.png")
         self.assert_problems(f"modes: /{BUNDLE}/icon@3x.png is neither a file nor a folder")
+
+
+class UserFoldersTest(PackageTest):
+    def test_each_is_there(self):
+        for folder in USER_FOLDERS:
+            with self.subTest(folder):
+                owner = self.owners.pop(folder)
+                self.assert_problems(f"user_folders: the folder /{folder} is missing")
+                self.owners[folder] = owner
+
+    def test_none_brings_anything_of_its_own(self):
+        preset = f"{USER_FOLDERS[0]}/Sample.plist"
+        self.files[preset] = {"items": []}
+        self.assert_problems(f"user_folders: /{preset} lies in a folder of the user's")
 
 
 class BuildPathsTest(PackageTest):

@@ -1,4 +1,8 @@
 import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { cssColor, cssTextColor, pairOf } from '/colors.js';
+import { Picture } from '/images.js';
+import { InlineView, textOf } from '/phone/CustomViews.js';
+import { setOnly } from '/phone/look.js';
 import { BackChevron, Plus } from '/phone/symbols.js';
 import { SessionContext } from '/session.js';
 
@@ -32,18 +36,26 @@ export function NavigationBar({ page, solid, large, showTitle, heading }) {
   const session = useContext(SessionContext);
   const title = page.title ?? '';
   const buttons = page.buttons ?? [];
+  const bar = page.bar ?? {};
+  const ground = bar.color ? pairOf(bar.color) : 'page';
   const barButtons = (side) => buttons.filter((button) => (button.side ?? 'right') === side)
-    .map((button) => html`<${BarButton} key=${button.id} button=${button} />`);
+    .map((button) => html`<${BarButton} key=${button.id} button=${button} ground=${ground} />`);
+  const style = setOnly({ '--bar': cssColor(bar.color), '--tint': cssColor(bar.tintColor) });
+  const titleStyle = { color: bar.color ? cssTextColor(bar.titleColor, pairOf(bar.color)) : cssColor(bar.titleColor) };
+  const shownTitle = page.titleView
+    ? html`<${InlineView} view=${page.titleView} on=${ground} name="title-view" />`
+    : title;
   return html`
-    <header class="navigation-bar" data-solid=${solid}>
+    <header class="navigation-bar" style=${style} data-solid=${solid || bar.translucent === false || Boolean(bar.color)}>
+      ${page.prompt && html`<div class="bar-prompt" style=${titleStyle}>${page.prompt}</div>`}
       <div class="bar-side">
         ${page.back && html`<${BackButton} key=${`${page.back.title} ${title}`} back=${page.back} />`}
         ${barButtons('left')}
       </div>
       ${large
-        ? html`<div class="bar-title" data-shown=${showTitle} aria-hidden="true">${title}</div>`
-        : html`<h2 class="bar-title" data-shown="true" ref=${heading} tabindex="-1" data-page-heading
-            aria-label=${title || 'Untitled page'}>${title}</h2>`}
+        ? html`<div class="bar-title" style=${titleStyle} data-shown=${showTitle} aria-hidden="true">${shownTitle}</div>`
+        : html`<h2 class="bar-title" style=${titleStyle} data-shown="true" ref=${heading} tabindex="-1" data-page-heading
+            aria-label=${(page.titleView && textOf(page.titleView)) || title || 'Untitled page'}>${shownTitle}</h2>`}
       <div class="bar-side bar-side-right">
         ${barButtons('right')}
       </div>
@@ -71,13 +83,22 @@ function BackButton({ back }) {
     </button>`;
 }
 
-function BarButton({ button }) {
+function BarButton({ button, ground }) {
   const session = useContext(SessionContext);
   const known = systemItems[button.systemItem];
   const name = button.title || known?.name || button.systemItem || 'Button';
   const symbol = !button.title && known?.symbol;
+  const isStrong = known?.strong || button.style === 'done';
+  const label = button.accessibilityLabel || (button.view && textOf(button.view)) || (symbol || button.image ? name : undefined);
+  const style = {
+    color: button.enabled === false ? undefined : cssColor(button.tintColor),
+    width: button.width > 0 ? `${button.width}px` : undefined,
+  };
   return html`
-    <button type="button" class=${known?.strong ? 'bar-button bar-button-strong' : 'bar-button'}
-      disabled=${button.enabled === false} aria-label=${symbol ? name : undefined}
-      onClick=${() => session.tap(button.id)}>${symbol ? html`<${symbol} />` : name}</button>`;
+    <button type="button" class=${isStrong ? 'bar-button bar-button-strong' : 'bar-button'} style=${style}
+      data-identifier=${button.accessibilityIdentifier ?? undefined} disabled=${button.enabled === false}
+      aria-label=${label} onClick=${() => session.tap(button.id)}>
+      ${button.view ? html`<${InlineView} view=${button.view} on=${ground} name="bar-view" />`
+        : button.image ? html`<${Picture} image=${button.image} />`
+        : symbol ? html`<${symbol} />` : name}</button>`;
 }

@@ -1,7 +1,9 @@
 import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '/modules/htm-preact.mjs';
 import { displayIn, isShallow } from '/display.js';
+import { cssColor, pairOf } from '/colors.js';
 import { CustomViews } from '/phone/CustomViews.js';
 import { rowCanFocus } from '/phone/keyboard.js';
+import { setOnly } from '/phone/look.js';
 import { NavigationBar } from '/phone/NavigationBar.js';
 import { Table } from '/phone/Table.js';
 import { SessionContext } from '/session.js';
@@ -21,7 +23,7 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
   const [scrolled, setScrolled] = useState({ bar: false, title: false });
   const session = useContext(SessionContext);
   const shallow = useStore(session.store, (state) => isShallow(displayIn(state)));
-  const large = !page.back && !shallow;
+  const large = (page.largeTitle ?? !page.back) && !shallow;
 
   const follow = () => {
     const top = scroller.current.scrollTop;
@@ -42,20 +44,39 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
   }, [leaving]);
 
   const title = page.title ?? '';
+  const ground = page.backgroundColor ? pairOf(page.backgroundColor) : 'page';
+  const [insetTop, insetBottom] = page.contentInset ?? [0, 0];
+  const style = setOnly({
+    backgroundColor: cssColor(page.backgroundColor), '--separator': cssColor(page.separatorColor), '--inset-top': `${insetTop}px`, '--inset-bottom': `${insetBottom}px`,
+  });
   return html`
     <div class=${`page page-${page.style ?? 'insetGrouped'}`} data-leaving=${leaving} inert=${leaving}
-      aria-hidden=${leaving ? 'true' : undefined}>
+      data-prompt=${Boolean(page.prompt)} data-bar=${page.bar?.hidden ? 'hidden' : 'shown'}
+      data-separators=${String(page.separators !== false)} style=${style} aria-hidden=${leaving ? 'true' : undefined}>
+      ${page.backgroundView && html`<${CustomViews} views=${[page.backgroundView]} on="page" />`}
       <${NavigationBar} page=${page} solid=${scrolled.bar} large=${large} showTitle=${!large || scrolled.title}
         heading=${large ? null : heading} />
-      <div class="scroller" ref=${scroller} onScroll=${follow} tabindex=${hasStops(page) ? undefined : 0}
+      <div class="scroller" ref=${scroller} onScroll=${follow} data-scrolls=${String(page.scrolls !== false)} tabindex=${hasStops(page) ? undefined : 0}
         role=${hasStops(page) ? undefined : 'region'} aria-label=${hasStops(page) ? undefined : title}>
-        ${large && html`<h2 class="large-title" ref=${heading} tabindex="-1" data-page-heading>${title}</h2>`}
+        ${large && html`<h2 class="large-title" ref=${heading} tabindex="-1" data-page-heading
+          style=${{ color: cssColor(page.bar?.largeTitleColor) }}>${title}</h2>`}
+        ${page.headerView && html`<${TableView} view=${page.headerView} ground=${ground} />`}
         ${page.view && html`
           <div class="section-view" style=${{ height: `${page.view.frame[3]}px` }}>
             <${CustomViews} views=${[page.view]} on="page" />
           </div>`}
         <${Table} page=${page} scroller=${scroller} active=${active} takesFocus=${takesFocus && place !== null} />
+        ${page.footerView && html`<${TableView} view=${page.footerView} ground=${ground} />`}
       </div>
+    </div>`;
+}
+
+/** A view above or below all sections. */
+function TableView({ view, ground }) {
+  const [x, , width, height] = view.frame;
+  return html`
+    <div class="section-view" style=${{ height: `${height}px` }}>
+      <${CustomViews} views=${[{ ...view, frame: [x, 0, width, height] }]} on=${ground} />
     </div>`;
 }
 

@@ -1,5 +1,8 @@
 import { html, useContext, useRef } from '/modules/htm-preact.mjs';
+import { cssColor } from '/colors.js';
+import { CustomViews } from '/phone/CustomViews.js';
 import { heightOf, imageSizeOf } from '/phone/layout.js';
+import { setOnly } from '/phone/look.js';
 import { MoveHandle } from '/phone/MoveHandle.js';
 import { RowBody } from '/phone/RowBody.js';
 import { SwipeActions, SwipeMenuButton } from '/phone/SwipeActions.js';
@@ -39,10 +42,14 @@ export function Row({ row, section, index, header, isChoice, reordering, swipeOp
   return html`
     <div class="row-content" ref=${item} onKeyDown=${onKeyDown}>
       ${(swipeOpen || swipe.offset < 0) && html`
-        <${SwipeActions} row=${row} actions=${actions} focus=${swipeOpen && swipe.offset === 0}
-          close=${() => setSwipeOpen(false)} />`}
+        <${SwipeActions} row=${row} actions=${actions} focus=${swipeOpen && swipe.offset === 0} />`}
       <div class="row-slide" ...${swipe.handlers} data-swiping=${swipe.offset !== 0}
-        style=${swipe.offset !== 0 ? { transform: `translateX(${swipe.offset}px)` } : undefined}>
+        data-highlighted=${row.highlighted === true}
+        style=${setOnly({
+          transform: swipe.offset !== 0 ? `translateX(${swipe.offset}px)` : undefined,
+          '--own-cell': cssColor(row.backgroundColor),
+        })}>
+        ${row.backgroundView && html`<${CustomViews} views=${[row.backgroundView]} on="cell" />`}
         <${RowBody} row=${row} isChoice=${isChoice} tap=${tap}
           header=${header} tapAccessory=${() => session.tap(row.id, { part: 'accessory' })} />
         ${actions.length > 0 && html`
@@ -57,9 +64,13 @@ export function Row({ row, section, index, header, isChoice, reordering, swipeOp
 /** The style that puts the list item of `row` at `top`, counted in points from the top of its list. */
 export function rowStyle(row, top) {
   const image = imageSizeOf(row);
+  const [left, right] = row.separatorInset ?? [null, 0];
   const style = {
     height: `${heightOf(row)}px`, transform: `translateY(${top}px)`,
-    '--text-left': `calc(var(--covered-left) + var(--margin) + ${image ? image.width + imageGap : 0}px)`,
+    '--text-left': left === null
+      ? `calc(var(--covered-left) + var(--margin) + ${image ? image.width + imageGap : 0}px)`
+      : `calc(var(--covered-left) + ${left}px)`,
+    '--text-right': `${right}px`,
   };
   if (!row.frame || !row.views?.length) return style;
   // Cells with views of their own lie where their frame says, whatever the width of the list.

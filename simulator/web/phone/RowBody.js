@@ -1,12 +1,15 @@
 import { html } from '/modules/htm-preact.mjs';
-import { cssTextColor } from '/colors.js';
+import { cssColor, cssTextColor, paintedOver } from '/colors.js';
 import { ControlRow } from '/phone/rows/ControlRow.js';
-import { CustomViews } from '/phone/CustomViews.js';
+import { CustomViews, InlineView } from '/phone/CustomViews.js';
+import { alignments, setOnly } from '/phone/look.js';
 import { RowPicture } from '/phone/RowPicture.js';
 import { Checkmark, Disclosure, Info } from '/phone/symbols.js';
 import { cellBackground } from '/phone/surfaces.js';
 
-const alignments = { center: 'center', right: 'right', justified: 'justify' };
+// The system's label, which the style sheet has.
+const plainSize = 17;
+const plainWeight = 400;
 
 /** What a row shows and does: a control, a button, a custom cell, or plain text. `header` is its section's. */
 export function RowBody({ row, header, isChoice, tap, tapAccessory }) {
@@ -17,40 +20,56 @@ export function RowBody({ row, header, isChoice, tap, tapAccessory }) {
       ${row.image && html`<${RowPicture} row=${row} />`}
       ${!(isCustom && !row.label) && html`<${Texts} row=${row} />`}
       ${isCustom && html`<${CustomViews} views=${row.views} on="cell" />`}
-      <${AccessorySymbol} kind=${row.accessory} />
+      ${row.accessoryView
+        ? html`<${InlineView} view=${row.accessoryView} on="cell" name="accessory-view" />`
+        : html`<${AccessorySymbol} kind=${row.accessory} tint=${row.tintColor} />`}
     <//>
-    ${row.accessory?.startsWith('detail') && html`
+    ${!row.accessoryView && row.accessory?.startsWith('detail') && html`
       <button type="button" class="accessory-button" data-part="accessory" disabled=${row.enabled === false}
         aria-label=${`More about ${row.label || 'this row'}`} onClick=${tapAccessory}><${Info} /></button>`}
-    ${row.accessory === 'detailDisclosureButton' && html`<span class="accessory-beside"><${Disclosure} /></span>`}`;
+    ${!row.accessoryView && row.accessory === 'detailDisclosureButton' && html`<span class="accessory-beside"><${Disclosure} /></span>`}`;
 }
 
 function Tappable({ row, isChoice, tap, children }) {
-  const name = row.accessibilityLabel || undefined;
+  const name = nameOf(row);
+  const description = row.accessibilityHint || undefined;
   if (!row.selectable && row.enabled !== false) {
     return html`
-      <div class="row-main" role=${name && 'group'} aria-label=${name}>${children}</div>`;
+      <div class="row-main" role=${name && 'group'} aria-label=${name} aria-description=${name && description}>
+        ${children}</div>`;
   }
   const pressed = isChoice ? String(row.accessory === 'checkmark') : undefined;
   return html`
     <button type="button" class="row-main" data-part="main" aria-label=${name} aria-pressed=${pressed}
-      disabled=${row.enabled === false} onClick=${tap}>${children}</button>`;
+      aria-description=${description} disabled=${row.enabled === false} onClick=${tap}>${children}</button>`;
+}
+
+/** What an assistive technology calls the row, where its texts do not say it all. */
+function nameOf(row) {
+  const label = row.accessibilityLabel || (row.accessibilityValue ? row.label : '');
+  return [label, row.accessibilityValue].filter(Boolean).join(', ') || undefined;
 }
 
 function Texts({ row }) {
   const detail = row.detail ?? '';
   const align = alignments[row.labelAlignment];
-  const colored = (color) => (row.enabled === false ? undefined : cssTextColor(color, cellBackground));
+  const background = paintedOver(cellBackground, row.backgroundColor);
+  const colored = (color) => (row.enabled === false ? undefined : cssTextColor(color, background));
+  const isOwnFont = row.style !== 'value2' && (row.labelSize ?? plainSize) !== plainSize;
+  const isOwnWeight = (row.labelWeight ?? plainWeight) !== plainWeight;
   return html`
     <span class="row-texts" data-style=${row.style ?? 'default'}>
       <span class="row-label" data-wraps=${(row.labelLines ?? 1) !== 1}
-        style=${{ color: colored(row.labelColor), textAlign: align, flexGrow: align && 1 }}>${row.label ?? ''}</span>
+        style=${{
+          color: colored(row.labelColor), textAlign: align, flexGrow: align && 1,
+          fontSize: isOwnFont ? `${row.labelSize}px` : undefined, fontWeight: isOwnWeight ? row.labelWeight : undefined,
+        }}>${row.label ?? ''}</span>
       ${detail !== '' && html`<span class="row-detail" style=${{ color: colored(row.detailColor) }}>${detail}</span>`}
     </span>`;
 }
 
-function AccessorySymbol({ kind }) {
+function AccessorySymbol({ kind, tint }) {
   if (kind === 'disclosureIndicator') return html`<span class="accessory"><${Disclosure} /></span>`;
-  if (kind === 'checkmark') return html`<span class="accessory"><${Checkmark} /></span>`;
+  if (kind === 'checkmark') return html`<span class="accessory" style=${setOnly({ '--tint': cssColor(tint) })}><${Checkmark} /></span>`;
   return null;
 }

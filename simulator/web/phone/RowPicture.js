@@ -1,25 +1,27 @@
 import { html } from '/modules/htm-preact.mjs';
-import { cssColor } from '/colors.js';
 import { Picture } from '/images.js';
 import { imageSizeOf } from '/phone/layout.js';
-
-const objectFits = { scaleToFill: 'fill', scaleAspectFit: 'contain', scaleAspectFill: 'cover', center: 'none' };
-
-export function objectFitOf(contentMode) {
-  return objectFits[contentMode] ?? 'fill';
-}
-
-/** The CSS filter for a layer's shadow, which follows what the picture does not leave transparent. */
-export function shadowFilter(shadow) {
-  if (!shadow || !(shadow.opacity > 0)) return undefined;
-  const color = `color-mix(in srgb, ${cssColor(shadow.color) ?? '#000'} ${shadow.opacity * 100}%, transparent)`;
-  return `drop-shadow(${shadow.x ?? 0}px ${shadow.y ?? 0}px ${(shadow.radius ?? 0) / 2}px ${color})`;
-}
+import { borderStyle, layerStyle, objectFitOf, shadowFilter } from '/phone/look.js';
 
 /** The image of a row's standard image view. */
 export function RowPicture({ row }) {
   const { image, imageStyle } = row;
+  const size = imageSizeOf(row);
+  const picture = (style, name) => html`
+    <${Picture} class=${name} image=${{ ...image, ...size }}
+      style=${{ objectFit: objectFitOf(imageStyle?.contentMode), ...style }} />`;
+  const shadow = { filter: shadowFilter(imageStyle?.shadow) };
+  if (!imageStyle?.layer) return picture(shadow, 'row-picture');
+  const frame = { width: `${size.width}px`, height: `${size.height}px` };
   return html`
-    <${Picture} class="row-picture" image=${{ ...image, ...imageSizeOf(row) }}
-      style=${{ filter: shadowFilter(imageStyle?.shadow), objectFit: objectFitOf(imageStyle?.contentMode) }} />`;
+    <span class="row-picture" style=${{ ...frame, ...layerStyle(imageStyle.layer, imageStyle.clips) }}>
+      ${picture({ display: 'block' })}
+      <${Border} layer=${imageStyle.layer} />
+    </span>`;
+}
+
+/** The border of a layer, over what the element that it stands in holds. */
+export function Border({ layer }) {
+  const style = borderStyle(layer);
+  return style && html`<span class="layer-border" style=${style}></span>`;
 }

@@ -44,7 +44,7 @@ export function Section({
       ${!rows[at].outline && html`
         <${Row} row=${rows[at]} section=${number} index=${at} header=${section.header} isChoice=${isChoice}
           reordering=${reordering} swipeOpen=${openSwipe === at}
-          setSwipeOpen=${(open) => setOpenSwipe(open ? at : null)} />`}
+          setSwipeOpen=${(open) => setOpenSwipe(at, open)} />`}
     </li>`;
 
   return html`

@@ -1,10 +1,11 @@
 import { html, useContext, useEffect, useLayoutEffect, useRef } from '/modules/htm-preact.mjs';
 import { cssColor } from '/colors.js';
+import { Picture } from '/images.js';
 import { More } from '/phone/symbols.js';
 import { SessionContext } from '/session.js';
 
 /** The actions behind a row. The first action lies at the edge of the screen, as it does on a phone. */
-export function SwipeActions({ row, actions, focus, close }) {
+export function SwipeActions({ row, actions, focus }) {
   const session = useContext(SessionContext);
   const group = useRef(null);
   const first = useRef(null);
@@ -15,16 +16,12 @@ export function SwipeActions({ row, actions, focus, close }) {
     if (focus) first.current?.focus({ preventScroll: true });
   }, [focus]);
 
-  const perform = async (action) => {
-    close();
-    await session.tap(action.id);
-  };
   return html`
     <div class="swipe-actions" ref=${group} role="group" aria-label=${`Actions for ${row.label || 'this row'}`}>
       ${actions.map((action, at) => html`
         <button type="button" key=${action.id} ref=${at === 0 ? first : undefined} class="swipe-action"
-          style=${{ '--action-color': cssColor(action.color) }} onClick=${() => perform(action)}>
-          ${action.title}
+          style=${{ '--action-color': cssColor(action.color) }} onClick=${() => session.tap(action.id)}>
+          ${action.image && html`<${Picture} class="swipe-image" image=${action.image} />`}${action.title}
         </button>`)}
     </div>`;
 }

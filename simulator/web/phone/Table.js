@@ -3,6 +3,7 @@ import { nextStop } from '/phone/keyboard.js';
 import { LiftedRow } from '/phone/LiftedRow.js';
 import { useReordering } from '/phone/reordering.js';
 import { Section } from '/phone/Section.js';
+import { useOpenRow } from '/phone/swiping.js';
 import { SessionContext } from '/session.js';
 
 /**
@@ -14,7 +15,7 @@ import { SessionContext } from '/session.js';
 export function Table({ page, scroller, active, takesFocus }) {
   const session = useContext(SessionContext);
   const [activeRow, setActiveRow] = useState(active.current.row === null ? null : { ...active.current });
-  const [openSwipe, setOpenSwipe] = useState(null);
+  const [openSwipe, setOpenSwipe] = useOpenRow(page, session);
   const table = useRef(null);
   const focus = useRef({ held: false, part: 'main', wanted: takesFocus ? 'main' : null }).current;
   const reordering = useReordering({ page, scroller, table, session, focusRow });
@@ -75,7 +76,7 @@ export function Table({ page, scroller, active, takesFocus }) {
         <${Section} key=${at} section=${section} number=${at} scroller=${scroller}
           active=${activeRow?.section === at ? activeRow.row : null} reordering=${reordering}
           restoreFocus=${restoreFocus} openSwipe=${openSwipe?.section === at ? openSwipe.row : null}
-          setOpenSwipe=${(row) => setOpenSwipe(row === null ? null : { section: at, row })} />`)}
+          setOpenSwipe=${(row, open) => setOpenSwipe(at, row, open)} />`)}
       ${reordering.drag && html`<${LiftedRow} row=${reordering.row} drag=${reordering.drag} />`}
     </div>`;
 }

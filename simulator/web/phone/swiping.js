@@ -1,9 +1,36 @@
-import { useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { useEffect, useMemo, useRef, useState } from '/modules/htm-preact.mjs';
 import { pixelsPerPoint } from '/phone/points.js';
 
 const begins = 8;
 const opensAt = 40;
 const wheelRest = 250;
+
+/**
+ * Which row of `page` shows its swipe actions, as `{section, row}` or null, and the way to change that.
+ *
+ * The device says which; what the user does shows at once, and until the device has answered.
+ */
+export function useOpenRow(page, session) {
+  const [ahead, setAhead] = useState(null);
+  const described = useMemo(() => openRowOf(page), [page]);
+  const open = ahead ? ahead.open : described;
+  const setOpen = async (section, row, isOpen) => {
+    if (isOpen === (open?.section === section && open.row === row)) return;
+    const own = { open: isOpen ? { section, row } : null };
+    setAhead(own);
+    await session.swipe(page.sections[section].rows[row].id, isOpen);
+    setAhead((now) => (now === own ? null : now));
+  };
+  return [open, setOpen];
+}
+
+function openRowOf(page) {
+  for (const [section, { rows }] of page.sections.entries()) {
+    const row = rows.findIndex(({ swipeOpen }) => swipeOpen);
+    if (row >= 0) return { section, row };
+  }
+  return null;
+}
 
 /**
  * Swiping a row to the left with a finger, a mouse or a trackpad.
@@ -19,11 +46,15 @@ export function useSwipe({ item, enabled, open, setOpen }) {
   useEffect(() => {
     if (!open) return undefined;
     const onDown = (event) => {
-      if (!item.current?.contains(event.target)) setOpen(false);
+      const page = item.current?.closest('.page');
+      if (!page?.contains(event.target) || item.current.contains(event.target)) return;
+      setOpen(false);
+      const table = event.target.closest('.table');
+      if (table) swallowClickOfTouch(table);
     };
     document.addEventListener('pointerdown', onDown, true);
     return () => document.removeEventListener('pointerdown', onDown, true);
-  }, [open]);
+  }, [open, setOpen]);
 
   if (!enabled) return { offset: 0, handlers: {} };
 
@@ -68,6 +99,17 @@ export function useSwipe({ item, enabled, open, setOpen }) {
     wheel.sum = 0;
   };
   return { offset, handlers: { onPointerDown, onPointerMove, onPointerUp, onPointerCancel, onWheel } };
+}
+
+/** The touch that has just begun is no click on anything in `element`, wherever it ends. */
+function swallowClickOfTouch(element) {
+  const ended = new AbortController();
+  const options = { capture: true, signal: ended.signal };
+  document.addEventListener('pointerup', () => {
+    swallowNextClick(element);
+    ended.abort();
+  }, options);
+  document.addEventListener('pointercancel', () => ended.abort(), options);
 }
 
 /** A swipe that ends over a button is no click on it. */

@@ -7,6 +7,7 @@
 #import <UIKit/UITableView+Sim.h>
 
 #include "ZunoPrefs/support/BundleTest.h"
+#include "support/objc/MethodSpy.h"
 
 namespace {
 
@@ -79,6 +80,43 @@ TEST_F(CreditCellTest, TheFooterKeepsOnlyTheTopThatItIsGiven) {
   expectFrame([cell frame], 0, 99, 0, 15);
 }
 
+TEST_F(CreditCellTest, WithoutASuperviewTheFrameIsTheOneThatTheBaseClassHolds) {
+  for (UIView *cell in @[ (UIView *)banner(), (UIView *)footer() ]) {
+    IMP base = class_getMethodImplementation(class_getSuperclass([cell class]), @selector(setFrame:));
+    reinterpret_cast<void (*)(id, SEL, CGRect)>(reinterpret_cast<void *>(base))(cell, @selector(setFrame:),
+                                                                                CGRectMake(3, 4, 50, 60));
+    expectFrame([cell frame], 3, 4, 50, 60);
+  }
+}
+
+TEST_F(CreditCellTest, ABannerThatMovesLaysOutTakesItsFrameAndLaysOutAgain) {
+  ZunoBannerCell *cell = banner();
+  UIView *view = parent(414);
+  std::string events;
+  const auto note = [&](id receiver, const std::string &event) {
+    if (receiver == cell) events += (events.empty() ? "" : ",") + event;
+  };
+  MethodSpy<> moved(class_getSuperclass([cell class]), @selector(didMoveToSuperview),
+                    [&](id receiver) { note(receiver, "base"); });
+  MethodSpy<> layout([cell class], @selector(layoutSubviews), [&](id receiver) { note(receiver, "layout"); });
+  MethodSpy<CGRect> frame([cell class], @selector(setFrame:), [&](id receiver, CGRect given) {
+    note(receiver, "frame");
+    if (receiver == cell) expectFrame(given, 0, 0, 414, 195);
+  });
+  [view addSubview:cell];
+  EXPECT_EQ(events, "base,layout,frame,layout");
+}
+
+TEST_F(CreditCellTest, LayoutIsThatOfTheBaseClass) {
+  for (UIView *cell in @[ (UIView *)banner(), (UIView *)footer() ]) {
+    int layouts = 0;
+    MethodSpy<> base(class_getSuperclass([cell class]), @selector(layoutSubviews),
+                     [&](id receiver) { layouts += receiver == cell; });
+    [cell layoutSubviews];
+    EXPECT_EQ(layouts, 1) << class_getName([cell class]);
+  }
+}
+
 TEST_F(CreditCellTest, TheBannerIsBuiltOfIconNameAndCredit) {
   ZunoBannerCell *cell = banner();
   NSArray *children = [cell subviews];
@@ -105,6 +143,31 @@ TEST_F(CreditCellTest, TheBannerIsBuiltOfIconNameAndCredit) {
   for (UIView *view in @[ title, credit, [cell bannerView] ]) {
     EXPECT_EQ([view autoresizingMask], UIViewAutoresizingFlexibleWidth);
   }
+}
+
+TEST_F(CreditCellTest, TheBannersLinesAreAsHighAsTheirTextAndAsWideAsTheCell) {
+  ZunoBannerCell *cell = banner();
+  const CGFloat width = [cell bounds].size.width;
+  const auto heightOf = [](UILabel *label) {
+    UILabel *alone = [[[UILabel alloc] init] autorelease];
+    [alone setFont:[label font]];
+    [alone setText:[label text]];
+    [alone sizeToFit];
+    return [alone frame].size.height;
+  };
+  UILabel *title = [labels(cell) objectAtIndex:0];
+  UILabel *credit = [labels(cell) objectAtIndex:1];
+  const CGFloat titleHeight = heightOf(title);
+  EXPECT_LT(heightOf(credit), titleHeight);
+  EXPECT_LT(titleHeight, 50);
+  expectFrame([title frame], 0, 120, width, titleHeight);
+  expectFrame([credit frame], 0, 120 + titleHeight + 5, width, heightOf(credit));
+  expectFrame([[cell bannerView] frame], 0, 15, width, 100);
+}
+
+TEST_F(CreditCellTest, TheTitleHasTheColourThatLabelsHave) {
+  UILabel *title = [labels(banner()) objectAtIndex:0];
+  EXPECT_OBJC_EQ([title textColor], [[[[UILabel alloc] init] autorelease] textColor]);
 }
 
 TEST_F(CreditCellTest, TheBannersViewsFollowTheWidth) {
@@ -198,9 +261,11 @@ TEST_F(CreditCellTest, APositiveRadiusCutsTheCorners) {
 }
 
 TEST_F(CreditCellTest, TheFooterCarriesYearThenVersion) {
-  NSArray *texts = labels(footer());
+  ZunoFooterCell *cell = footer();
+  NSArray *texts = labels(cell);
   ASSERT_EQ([texts count], 1u);
   UILabel *line = [texts objectAtIndex:0];
+  expectFrame([line frame], 0, 0, [cell bounds].size.width, 15);
   const NSUInteger year = [[line text] rangeOfString:@"2023"].location;
   const NSUInteger version = [[line text] rangeOfString:@"0.1.0-Beta3-rootless"].location;
   ASSERT_NE(year, NSNotFound);
@@ -208,7 +273,10 @@ TEST_F(CreditCellTest, TheFooterCarriesYearThenVersion) {
   EXPECT_LT(year, version);
   EXPECT_EQ([[line font] pointSize], 12.0);
   EXPECT_OBJC_EQ([line textColor], [UIColor grayColor]);
-  EXPECT_EQ([line frame].size.height, 15.0);
+  EXPECT_OBJC_EQ([line backgroundColor], [UIColor clearColor]);
+  EXPECT_EQ([line textAlignment], NSTextAlignmentCenter);
+  EXPECT_EQ([line numberOfLines], 1);
+  EXPECT_EQ([line autoresizingMask], UIViewAutoresizingFlexibleWidth);
 }
 
 TEST_F(CreditCellTest, TheCellsGoAwayWithTheirSuperview) {

@@ -19,17 +19,39 @@ class PackageTest : public BundleTest {
     NSString *tool = write(place, "#!/bin/sh\necho \"$PWD|$#|$1|$2\" > \"$0.call\"\nprintf '" + output + "'\n");
     ASSERT_EQ(chmod([tool fileSystemRepresentation], 0755), 0);
   }
-  std::string version(BOOL isRoot = NO) {
-    NorvikPackage *package = [(Class)classNamed("NorvikPackage") packageWithIdentifier:@"test.package"
-                                                                         isRootPackage:isRoot];
+  std::string version(NSString *identifier = @"test.package", BOOL isRoot = NO) {
+    NorvikPackage *package = [(Class)classNamed("NorvikPackage") packageWithIdentifier:identifier isRootPackage:isRoot];
     EXPECT_TRUE(package != nil);
-    return [[package version] UTF8String];
+    return [[package version] UTF8String] ?: "nil";
+  }
+  /// The version in this output of the tool.
+  std::string versionIn(const std::string &output) {
+    installTool(kSystemTool, output);
+    return version();
   }
 };
 
-TEST_F(PackageTest, TheRootPackageHasItsFixedVersionWithoutATool) { EXPECT_EQ(version(YES), "0.1.0-Beta3-rootless"); }
+TEST_F(PackageTest, TheRootPackageHasItsFixedVersionWithOrWithoutATool) {
+  for (NSString *identifier in @[ @"com.norvik.Zuno", @"com.norvik.zuno", @"test.package", @"" ]) {
+    EXPECT_EQ(version(identifier, YES), "0.1.0-Beta3-rootless");
+  }
+  installTool(kSystemTool, "Version: 1\\n");
+  installTool(kRootlessTool, "Version: 2\\n");
+  for (NSString *identifier in @[ @"com.norvik.Zuno", @"com.norvik.zuno", @"test.package", @"" ]) {
+    EXPECT_EQ(version(identifier, YES), "0.1.0-Beta3-rootless");
+  }
+  EXPECT_EQ(version(nil, YES), "0.1.0-Beta3-rootless");
+  for (NSString *tool in @[ kSystemTool, kRootlessTool ]) {
+    EXPECT_FALSE(exists([tool stringByAppendingString:@".call"])) << "no tool is run";
+  }
+  (void)version();
+  EXPECT_TRUE(exists([kRootlessTool stringByAppendingString:@".call"])) << "of other packages it is";
+}
 
-TEST_F(PackageTest, WithoutAToolTheVersionSaysSo) { EXPECT_EQ(version(), "Unknown (dpkg-query not found)"); }
+TEST_F(PackageTest, WithoutAToolTheVersionSaysSoAndTheLogDoesNot) {
+  EXPECT_EQ(version(), "Unknown (dpkg-query not found)");
+  EXPECT_TRUE(log.empty()) << log.front();
+}
 
 TEST_F(PackageTest, ReadsTheVersionField) {
   installTool(kSystemTool, "Package: test.package\\nVersion: 1.2.3\\nDescription: a\\n b: c\\n");
@@ -42,9 +64,29 @@ TEST_F(PackageTest, AsksForTheStatusOfThePackageFromTheRootFolder) {
   EXPECT_EQ(read([kSystemTool stringByAppendingString:@".call"]), "/|2|-s|test.package\n");
 }
 
-TEST_F(PackageTest, AnEpochIsKept) {
-  installTool(kSystemTool, "Version: 1:2.0-1\\n");
-  EXPECT_EQ(version(), "1:2.0-1");
+TEST_F(PackageTest, OnlyTheFirstSeparatorOfALineSplitsIt) {
+  EXPECT_EQ(versionIn("Version: 1:2.0-1\\n"), "1:2.0-1") << "an epoch is kept";
+  EXPECT_EQ(versionIn("Version: a: b: c\\n"), "a: b: c");
+  EXPECT_EQ(versionIn("Depends: x: Version: 9\\n"), "Unknown");
+}
+
+TEST_F(PackageTest, OfSeveralVersionsTheLastCounts) {
+  EXPECT_EQ(versionIn("Version: 1\\nPackage: a\\nVersion: 2\\n"), "2");
+  EXPECT_EQ(versionIn("Version: 1\\nVersion: 2"), "2");
+}
+
+TEST_F(PackageTest, ContinuationLinesAreNoVersions) {
+  EXPECT_EQ(versionIn("Version: 1\\nDescription: x\\n a line\\n Version: 2\\n"), "1");
+  EXPECT_EQ(versionIn("Description: x\\n Version: 2\\n .\\n\\tVersion: 3\\n"), "Unknown");
+}
+
+TEST_F(PackageTest, FieldsOfSimilarNamesAreNoVersions) {
+  EXPECT_EQ(versionIn("version: 1\\nVersions: 2\\nConfig-Version: 3\\nVersion : 4\\n: 5\\n"), "Unknown");
+}
+
+TEST_F(PackageTest, AVersionMayBeEmptyAndKeepsItsBlanks) {
+  EXPECT_EQ(versionIn("Version: \\n"), "");
+  EXPECT_EQ(versionIn("Version:  1 \\n"), " 1 ");
 }
 
 TEST_F(PackageTest, TheRootlessToolComesFirst) {
@@ -61,8 +103,10 @@ TEST_F(PackageTest, OutputWithoutAVersionIsUnknown) {
 }
 
 TEST_F(PackageTest, OutputThatIsNoTextIsUnknown) {
-  installTool(kSystemTool, "Version: \\377\\376\\n");
-  EXPECT_EQ(version(), "Unknown");
+  EXPECT_EQ(versionIn("Version: \\377\\376\\n"), "Unknown");
+  EXPECT_EQ(versionIn("Maintainer: \\377\\nVersion: 1\\n"), "Unknown") << "wherever the bad bytes are";
+  EXPECT_EQ(versionIn("Version: 1\\nMaintainer: M\\303\\n"), "Unknown");
+  EXPECT_EQ(versionIn("Maintainer: M\\303\\274\\nVersion: 1\\n"), "1");
 }
 
 TEST_F(PackageTest, TheToolsExitStatusDoesNotCount) {

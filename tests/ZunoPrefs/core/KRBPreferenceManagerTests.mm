@@ -1,6 +1,8 @@
 #import "core/KRBPreferenceManager.h"
 
-#include <sys/stat.h>
+#import <CoreFoundation/CoreFoundation.h>
+
+#include <string_view>
 
 #include "ZunoPrefs/support/BundleTest.h"
 
@@ -9,21 +11,30 @@ namespace {
 class KRBPreferenceManagerTest : public BundleTest {
  protected:
   Class manager() { return classNamed("KRBPreferenceManager"); }
+  /// Whether the number is of the type `int`, which a truth value is not, although 1 equals YES.
+  static bool isInt(NSNumber *number) {
+    return std::string_view([number objCType]) == @encode(int) &&
+           CFGetTypeID((CFTypeRef)number) == CFNumberGetTypeID();
+  }
   id resolved(NSString *key) { return [manager() getPrefForKey:key]; }
 };
 
 TEST_F(KRBPreferenceManagerTest, DefaultTableHasElevenEntriesOfTheStatedTypes) {
   NSDictionary *defaults = [manager() defaultPrefs];
   EXPECT_EQ([defaults count], 11u);
-  EXPECT_OBJC_EQ([defaults objectForKey:@"Enabled"], @1);
-  EXPECT_OBJC_EQ([defaults objectForKey:@"NotificationBadges"], @1);
-  EXPECT_OBJC_EQ([defaults objectForKey:@"OnActivationMode"], @1);
-  for (NSString *key in @[
-         @"QuickSwitcherEnabled", @"ShowSwitcherWithSnapshots", @"hideSnapshotsOnFavourites", @"pullToKillEnabled",
-         @"quickSwitcherDefaultToFavourites"
-       ]) {
-    EXPECT_OBJC_EQ([defaults objectForKey:key], @0) << [key UTF8String];
-    EXPECT_STREQ([[defaults objectForKey:key] objCType], @encode(int)) << [key UTF8String];
+  NSDictionary *integers = @{
+    @"Enabled" : @1,
+    @"NotificationBadges" : @1,
+    @"OnActivationMode" : @1,
+    @"QuickSwitcherEnabled" : @0,
+    @"ShowSwitcherWithSnapshots" : @0,
+    @"hideSnapshotsOnFavourites" : @0,
+    @"pullToKillEnabled" : @0,
+    @"quickSwitcherDefaultToFavourites" : @0,
+  };
+  for (NSString *key in integers) {
+    EXPECT_OBJC_EQ([defaults objectForKey:key], [integers objectForKey:key]) << [key UTF8String];
+    EXPECT_TRUE(isInt([defaults objectForKey:key])) << [key UTF8String];
   }
   EXPECT_OBJC_EQ([defaults objectForKey:@"defaultNowPlayingBundleIdentifier"], @[ @"com.apple.Music" ]);
   NSArray *widgets = @[ @"com.norvik.Zunowidgets.siri", @"KRBFavouritesView", @"KRBMusicView" ];
@@ -33,7 +44,10 @@ TEST_F(KRBPreferenceManagerTest, DefaultTableHasElevenEntriesOfTheStatedTypes) {
   EXPECT_EQ([width floatValue], -20.0f);
 }
 
-TEST_F(KRBPreferenceManagerTest, VersionIsTwo) { EXPECT_OBJC_EQ([manager() kCurrentVersion], @2); }
+TEST_F(KRBPreferenceManagerTest, VersionIsTheIntegerTwo) {
+  EXPECT_OBJC_EQ([manager() kCurrentVersion], @2);
+  EXPECT_TRUE(isInt([manager() kCurrentVersion]));
+}
 
 TEST_F(KRBPreferenceManagerTest, WithoutAFileEveryKeyHasItsDefault) {
   EXPECT_OBJC_EQ([manager() getPrefs], @{});
@@ -65,6 +79,17 @@ TEST_F(KRBPreferenceManagerTest, MasterSwitchOffGivesDefaultsButToTheExemptKeys)
   EXPECT_OBJC_EQ(resolved(@"Enabled"), @0);
   EXPECT_TRUE([resolved(@"EnabledWidgets") containsObject:@"KRBFavouritesView"]);
   EXPECT_OBJC_EQ(resolved(@"FavouriteApplications"), nil);
+}
+
+TEST_F(KRBPreferenceManagerTest, TheMasterSwitchIsReadInBothFormsOfATruthValue) {
+  for (NSNumber *off in @[ @0, @(NO) ]) {
+    writePreferences(kMainFile, @{@"Enabled" : off, @"pullToKillEnabled" : @1});
+    EXPECT_OBJC_EQ(resolved(@"pullToKillEnabled"), @0);
+  }
+  for (NSNumber *on in @[ @1, @(YES) ]) {
+    writePreferences(kMainFile, @{@"Enabled" : on, @"pullToKillEnabled" : @1});
+    EXPECT_OBJC_EQ(resolved(@"pullToKillEnabled"), @1);
+  }
 }
 
 TEST_F(KRBPreferenceManagerTest, NothingIsCached) {

@@ -1,4 +1,5 @@
 // Writing preference files through the rows of the root page: what is kept, what is set aside, what is refused.
+#import <CoreFoundation/CFNotificationCenter+Sim.h>
 #import <Preferences/PSSpecifier.h>
 
 #import "core/ZunoprefsRootListController.h"
@@ -60,6 +61,43 @@ TEST_F(RowWriteTest, WritingKeepsEveryOtherKeyAndPostsTheRowsNotification) {
   [after setObject:@1 forKey:@"pullToKillEnabled"];
   EXPECT_OBJC_EQ(preferences(kMainFile), after);
   EXPECT_EQ(notifications, std::vector<std::string>{"com.norvik.Zuno.switcher"});
+}
+
+/// YES equals 1, so the types in the file have to be looked at.
+TEST_F(RowWriteTest, ATruthValueIsStoredAsAnIntegerAndEveryOtherValueAsItIs) {
+  const auto stored = [&](id value) {
+    set(value, @{@"key" : @"a"});
+    const std::string text = read(kMainFile);
+    const std::size_t from = text.find("<key>a</key>") + 12;
+    std::string element = text.substr(from, text.rfind("</dict>") - from);
+    std::erase_if(element, [](char c) { return c == '\n' || c == '\t'; });
+    return element;
+  };
+  EXPECT_EQ(stored(@(YES)), "<integer>1</integer>");
+  EXPECT_EQ(stored(@(NO)), "<integer>0</integer>");
+  EXPECT_EQ(stored(@1), "<integer>1</integer>");
+  EXPECT_EQ(stored(@7), "<integer>7</integer>");
+  EXPECT_EQ(stored([NSNumber numberWithChar:-1]), "<integer>-1</integer>");
+  EXPECT_EQ(stored(@0.5), "<real>0.5</real>");
+  EXPECT_EQ(stored(@1.0).substr(0, 6), "<real>");
+  EXPECT_EQ(stored(@"YES"), "<string>YES</string>");
+  EXPECT_EQ(stored(@[ @(YES) ]), "<array><true/></array>");
+}
+
+TEST_F(RowWriteTest, TheNotificationIsPostedWhenTheNewValueIsInTheFile) {
+  struct Listener {
+    NSString *file;
+    std::vector<std::string> values;
+  } listener{path(kMainFile), {}};
+  const auto listen = [](NSString *, void *context) {
+    auto *heard = static_cast<Listener *>(context);
+    NSDictionary *contents = [NSDictionary dictionaryWithContentsOfFile:heard->file];
+    heard->values.push_back([[[contents objectForKey:@"a"] description] UTF8String] ?: "none");
+  };
+  SIMSetDarwinPostHandler(listen, &listener);
+  set(@"first", @{@"key" : @"a", @"PostNotification" : @"com.norvik.Zuno.switcher"});
+  set(@"second", @{@"key" : @"a", @"PostNotification" : @"com.norvik.Zuno.switcher"});
+  EXPECT_EQ(listener.values, (std::vector<std::string>{"first", "second"}));
 }
 
 TEST_F(RowWriteTest, ARowWithoutANotificationPostsNothing) {

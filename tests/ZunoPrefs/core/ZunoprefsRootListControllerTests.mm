@@ -1,55 +1,22 @@
-#import "core/ZunoprefsRootListController.h"
-
-#import <Preferences/PSSpecifier.h>
+#import <NorvikAppList/NorvikAppListTableViewController.h>
+#import <Preferences/PSTableCell.h>
 #import <UIKit/UIKit.h>
 #import <dispatch/MainQueue+Sim.h>
 
 #import "core/KRBPreferenceManager.h"
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#import "lists/ZunoFavouritesPicker.h"
 
 #include <set>
 
-#include "ZunoPrefs/support/BundleTest.h"
+#include "ZunoPrefs/core/RootPageTest.h"
+#include "support/objc/MethodSpy.h"
 
-/// Counts the reloads of the root page. Made at run time below the bundle's class.
 namespace {
 
-const std::set<std::string> kFavouritesRows{"SelectFavourites", "quickSwitcherDefaultToFavourites",
-                                            "hideSnapshotsOnFavourites"};
-const std::set<std::string> kQuickSwitcherRows{"quickSwitcherDefaultToFavourites", "quickSwitcherWidthModifier",
-                                               "quickSwitcherGestureModifierLabel"};
-
-class RootPageTest : public BundleTest {
- protected:
-  ZunoprefsRootListController *newPage() {
-    return [[(ZunoprefsRootListController *)[classNamed("ZunoprefsRootListController") alloc] init] autorelease];
-  }
-
-  static std::set<std::string> keysOf(NSArray *rows) {
-    std::set<std::string> keys;
-    for (PSSpecifier *row in rows) {
-      NSString *key = [row propertyForKey:@"key"];
-      if ([key length] > 0) keys.insert([key UTF8String]);
-    }
-    return keys;
-  }
-  std::set<std::string> keys() { return keysOf([newPage() specifiers]); }
-
-  /// Which of the five rows that rules can remove are missing.
-  std::set<std::string> hidden() {
-    std::set<std::string> missing;
-    const auto shown = keys();
-    for (const auto *rule : {&kFavouritesRows, &kQuickSwitcherRows}) {
-      for (const auto &key : *rule) {
-        if (!shown.count(key)) missing.insert(key);
-      }
-    }
-    return missing;
-  }
-};
+/// Whether the rows of the quick switcher's options are on the page.
+bool hasOptions(ZunoprefsRootListController *page) {
+  return [page specifierForID:@"quickSwitcherWidthModifier"] != nil;
+}
 
 TEST_F(RootPageTest, HasARowForEveryKeyOfTheDefaultTableWithTheSameDefault) {
   writePreferences(kMainFile, @{@"quickSwitcher" : @1});
@@ -86,44 +53,6 @@ TEST_F(RootPageTest, EveryActionOfTheRowsIsAMethodOfThePage) {
                                             "developerProfileLink", "designerProfileLink"}));
 }
 
-TEST_F(RootPageTest, WithoutAFileOnlyTheQuickSwitcherRowsAreHidden) { EXPECT_EQ(hidden(), kQuickSwitcherRows); }
-
-TEST_F(RootPageTest, WithoutTheFavouritesPageItsRowsAreHidden) {
-  writePreferences(kMainFile,
-                   @{@"EnabledWidgets" : @[ @"com.norvik.Zunowidgets.siri", @"KRBMusicView" ], @"quickSwitcher" : @1});
-  EXPECT_EQ(hidden(), kFavouritesRows);
-}
-
-TEST_F(RootPageTest, WithTheFavouritesPageAndTheQuickSwitcherNothingIsHidden) {
-  writePreferences(kMainFile, @{@"EnabledWidgets" : @[ @"KRBFavouritesView" ], @"quickSwitcher" : @1});
-  EXPECT_TRUE(hidden().empty());
-}
-
-TEST_F(RootPageTest, WhenBothRulesHoldAllFiveRowsAreHiddenAndTheUserAgentStays) {
-  writePreferences(kMainFile, @{@"EnabledWidgets" : @[]});
-  std::set<std::string> all = kFavouritesRows;
-  all.insert(kQuickSwitcherRows.begin(), kQuickSwitcherRows.end());
-  EXPECT_EQ(hidden(), all);
-  EXPECT_EQ(keys().count("presetUserAgent"), 1u);
-}
-
-TEST_F(RootPageTest, TheMasterSwitchOffShowsFavouritesAndHidesTheQuickSwitcherRows) {
-  writePreferences(kMainFile, @{@"Enabled" : @0, @"EnabledWidgets" : @[ @"KRBMusicView" ], @"quickSwitcher" : @1});
-  EXPECT_EQ(hidden(), kQuickSwitcherRows);
-}
-
-TEST_F(RootPageTest, QuickSwitcherEnabledDoesNotDecideAboutTheRows) {
-  writePreferences(kMainFile, @{@"QuickSwitcherEnabled" : @1});
-  EXPECT_EQ(hidden(), kQuickSwitcherRows);
-}
-
-TEST_F(RootPageTest, ValuesOfTheWrongTypeCountAsNoListAndAsZero) {
-  writePreferences(kMainFile, @{@"EnabledWidgets" : @"KRBFavouritesView", @"quickSwitcher" : @[ @1 ]});
-  EXPECT_EQ(hidden().size(), 5u);
-  writePreferences(kMainFile, @{@"quickSwitcher" : @"1"});
-  EXPECT_TRUE(hidden().empty()) << "a text that holds a number is one";
-}
-
 TEST_F(RootPageTest, RowsAreCachedUntilTheyAreReloaded) {
   ZunoprefsRootListController *page = newPage();
   NSArray *first = [page specifiers];
@@ -131,42 +60,41 @@ TEST_F(RootPageTest, RowsAreCachedUntilTheyAreReloaded) {
   EXPECT_EQ([page specifiers], first);
   EXPECT_FALSE([first isKindOfClass:[NSMutableArray class]]);
   [page reloadSpecifiers];
-  EXPECT_EQ(keysOf([page specifiers]).count("quickSwitcherWidthModifier"), 1u);
+  EXPECT_TRUE(hasOptions(page));
 }
 
 TEST_F(RootPageTest, RowsAreReevaluatedEachTimeThePageAppears) {
   ZunoprefsRootListController *page = newPage();
   UINavigationController *navigation = show(page);
-  EXPECT_EQ(keysOf([page specifiers]).count("quickSwitcherWidthModifier"), 0u);
+  EXPECT_FALSE(hasOptions(page));
   UIViewController *other = [[[UIViewController alloc] init] autorelease];
   [navigation pushViewController:other animated:YES];
   writePreferences(kMainFile, @{@"quickSwitcher" : @1});
-  EXPECT_EQ(keysOf([page specifiers]).count("quickSwitcherWidthModifier"), 0u);
+  EXPECT_FALSE(hasOptions(page));
   [navigation popViewControllerAnimated:YES];
-  EXPECT_EQ(keysOf([page specifiers]).count("quickSwitcherWidthModifier"), 1u);
+  EXPECT_TRUE(hasOptions(page));
 }
 
-TEST_F(RootPageTest, APendingReloadIsHonouredOnceWhenThePageHasAppeared) {
+TEST_F(RootPageTest, TheUserAgentRowInSightFollowsItsPartsAtOnce) {
   ZunoprefsRootListController *page = newPage();
   (void)show(page);
-  NSArray *before = [page specifiers];
-  [page viewDidAppear:YES];
-  EXPECT_EQ([page specifiers], before) << "without a request nothing is rebuilt";
+  [[page table] scrollToRowAtIndexPath:[page indexPathForSpecifier:[page specifierForID:@"User-Agent"]]
+                      atScrollPosition:UITableViewScrollPositionMiddle
+                              animated:NO];
+  [[page table] layoutIfNeeded];
+  PSTableCell *cell = [page cachedCellForSpecifierID:@"User-Agent"];
+  ASSERT_TRUE([[[page table] visibleCells] containsObject:cell]);
+  const auto shown = [&] { return std::string([[[cell detailTextLabel] text] UTF8String] ?: "none"); };
+  EXPECT_EQ(shown(), "(null)/(null)");
+  [page setPreferenceValue:@"iPhone15,2" specifier:[page specifierForID:@"device"]];
+  EXPECT_EQ(shown(), "iPhone15,2/(null)");
+  [page setPreferenceValue:@"16.5" specifier:[page specifierForID:@"iosVersion"]];
+  EXPECT_EQ(shown(), "iPhone15,2/16.5");
 
-  pendingRootReload() = YES;
-  [page viewDidAppear:YES];
-  EXPECT_FALSE(pendingRootReload());
-  NSArray *rebuilt = [page specifiers];
-  EXPECT_NE(rebuilt, before);
-  [page viewDidAppear:YES];
-  EXPECT_EQ([page specifiers], rebuilt);
-}
-
-TEST_F(RootPageTest, ShouldReloadIsSetWhenThePageAppears) {
-  ZunoprefsRootListController *page = newPage();
-  EXPECT_FALSE([[page valueForKey:@"shouldReload"] boolValue]);
-  (void)show(page);
-  EXPECT_TRUE([[page valueForKey:@"shouldReload"] boolValue]);
+  // Only these two.
+  writePreferences(kMainFile, @{@"device" : @"iPad13,4"});
+  [page setPreferenceValue:@1 specifier:[page specifierForID:@"NotificationBadges"]];
+  EXPECT_EQ(shown(), "iPhone15,2/16.5");
 }
 
 TEST_F(RootPageTest, ProfileLinksOpenOneAddressEach) {
@@ -180,14 +108,35 @@ TEST_F(RootPageTest, ProfileLinksOpenOneAddressEach) {
   EXPECT_NE(openedURLs[0], openedURLs[1]);
 }
 
-TEST_F(RootPageTest, ThePickersArePushedAndTheBackButtonStays) {
-  for (const char *action : {"selectDefaultMusicApp", "selectFavourites", "selectWidgets"}) {
+TEST_F(RootPageTest, EachPickerIsPushedAnimatedAndThenTheBackButtonStays) {
+  const std::pair<const char *, const char *> pickers[] = {
+      {"selectDefaultMusicApp", "NorvikAppListTableViewController"},
+      {"selectFavourites", "ZunoFavouritesPicker"},
+      {"selectWidgets", "ZunoWidgetsPicker"},
+  };
+  for (const auto &[action, name] : pickers) {
     ZunoprefsRootListController *page = newPage();
     UINavigationController *navigation = show(page);
     [[page navigationItem] setHidesBackButton:YES];
+    int pushes = 0;
+    MethodSpy<UIViewController *, BOOL> push(
+        [UINavigationController class], @selector(pushViewController:animated:),
+        [&](id, UIViewController *pushed, BOOL animated) {
+          ++pushes;
+          if ([pushed respondsToSelector:@selector(maxEnabled)]) {
+            EXPECT_EQ([(NorvikAppListTableViewController *)pushed maxEnabled], 1) << action << ": set before the push";
+            EXPECT_FALSE([(NorvikAppListTableViewController *)pushed showBundleIdentifierOnTap]) << action << ": and this after";
+          }
+          EXPECT_TRUE(animated) << action;
+          EXPECT_TRUE([[page navigationItem] hidesBackButton]) << action << ": not before the push";
+        });
     [page performSelector:sel_registerName(action)];
-    EXPECT_EQ([[navigation viewControllers] count], 2u) << action;
+    EXPECT_EQ(pushes, 1) << action;
     EXPECT_FALSE([[page navigationItem] hidesBackButton]) << action;
+    UIViewController *picker = [navigation topViewController];
+    EXPECT_EQ([picker class], NSClassFromString([NSString stringWithUTF8String:name])) << action;
+    if (![picker respondsToSelector:@selector(prefsIdentifier)]) continue;
+    EXPECT_OBJC_EQ([(ZunoFavouritesPicker *)picker prefsIdentifier], @"com.norvik.Zunoprefs") << action;
   }
 }
 
@@ -203,32 +152,19 @@ TEST_F(RootPageTest, TheMusicAppIsStoredAsAListOfOne) {
   UINavigationController *navigation = show(page);
   [page selectDefaultMusicApp];
   SIMDrainMainQueue();
-  auto *picker = (UITableViewController *)[navigation topViewController];
+  auto *picker = (NorvikAppListTableViewController *)[navigation topViewController];
+  EXPECT_EQ([picker maxEnabled], 1);
   UITableView *table = [picker tableView];
   [table layoutIfNeeded];
   for (NSInteger row : {0, 1}) {
     [picker tableView:table didSelectRowAtIndexPath:[NSIndexPath indexPathForRow:row inSection:0]];
     SIMDrainMainQueue();
   }
+  [table layoutIfNeeded];
+  UITableViewCell *tapped = [table cellForRowAtIndexPath:[NSIndexPath indexPathForRow:1 inSection:0]];
+  EXPECT_OBJC_EQ([[tapped detailTextLabel] text], @"test.Second") << "a tapped row shows its identifier";
   EXPECT_OBJC_EQ(preferences(kMainFile),
                  (@{@"Enabled" : @1, @"defaultNowPlayingBundleIdentifier" : @[ @"test.Second" ]}));
-}
-
-/// A stand-in for the tool records how it was started.
-TEST_F(RootPageTest, RespringStartsTheToolWithTheseArgumentsAndNoEnvironment) {
-  NSString *tool = write(@"/var/jb/usr/bin/killall",
-                         "#!/bin/sh\nprintf '%s|' \"$0\" \"$@\" > \"$(dirname \"$0\")/arguments\"\n"
-                         "env > \"$(dirname \"$0\")/environment\"\ntouch \"$(dirname \"$0\")/done\"\n");
-  ASSERT_EQ(chmod([tool fileSystemRepresentation], 0755), 0);
-  [newPage() respring];
-  for (int tries = 0; tries < 500 && !exists(@"/var/jb/usr/bin/done"); ++tries) usleep(10'000);
-  const std::string arguments = read(@"/var/jb/usr/bin/arguments");
-  EXPECT_NE(arguments.find("|-9|backboardd|"), std::string::npos) << arguments;
-  EXPECT_EQ(read(@"/var/jb/usr/bin/environment").find("HOME="), std::string::npos);
-}
-
-TEST_F(RootPageTest, AMissingToolIsNotReported) {
-  EXPECT_EQ(raisedBy([&] { [newPage() respring]; }), "");
 }
 
 }  // namespace

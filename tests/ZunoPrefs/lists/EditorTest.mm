@@ -17,6 +17,15 @@ std::string EditorTest::joined(NSArray *records) {
   return joinedIdentifiers(identifiers);
 }
 
+void EditorTest::expectFurtherSections(Editor *editor, NSInteger count) {
+  UITableView *table = [editor tableView];
+  for (NSInteger section : {2, 3, 7}) {
+    EXPECT_OBJC_EQ([editor tableView:table titleForHeaderInSection:section], @"Disabled - Tap/Drag to enable.");
+    EXPECT_EQ(rows(editor, section), count) << section;
+    EXPECT_TRUE([editor tableView:table canEditRowAtIndexPath:at(section, 0)]) << section;
+  }
+}
+
 std::string EditorTest::stored(NSString *key) {
   NSArray *list = [preferences(kMainFile) objectForKey:key];
   return list ? joinedIdentifiers(list) : "none";

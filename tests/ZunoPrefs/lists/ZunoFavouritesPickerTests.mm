@@ -121,6 +121,15 @@ TEST_F(FavouritesTest, AnEmptyDisabledSectionShowsItsPlaceholder) {
   EXPECT_EQ(stored(kKey), "a");
 }
 
+TEST_F(FavouritesTest, AnyOtherSectionIsTitledLikeTheDisabledOneAndItsRowsCanBeEdited) {
+  expectFurtherSections(newEditor(), 0);
+  installAll("abc");
+  store(@[ @"a" ]);
+  expectFurtherSections(loadedEditor(), 2);
+  store(@[ @"a", @"b", @"c" ]);
+  expectFurtherSections(loadedEditor(), 1);
+}
+
 TEST_F(FavouritesTest, ARowShowsNameWholeIdentifierIconAndShadow) {
   installAll("a");
   Editor *editor = loadedEditor();
@@ -276,6 +285,15 @@ TEST_F(FavouritesTest, WithTheMasterSwitchOffNoFavouritesAreRead) {
   installAll("ab");
   writePreferences(kMainFile, @{@"Enabled" : @0, kKey : @[ @"test.a" ]});
   EXPECT_EQ(enabled(loadedEditor()), "");
+}
+
+TEST_F(FavouritesTest, AChangeWhileTheMasterSwitchIsOffReplacesTheStoredList) {
+  installAll("abc");
+  writePreferences(kMainFile, @{@"Enabled" : @0, kKey : @[ @"test.a", @"test.b" ]});
+  Editor *editor = loadedEditor();
+  EXPECT_EQ(stored(kKey), "a,b") << "showing keeps it";
+  tap(editor, 1, 2);
+  EXPECT_EQ(stored(kKey), "c");
 }
 
 TEST_F(FavouritesTest, TheFirstChangeMakesAFileWithOnlyTheList) {

@@ -93,6 +93,12 @@ TEST_F(WidgetsPickerTest, AnEmptyEnabledSectionShowsAPlaceholderThatDoesNothing)
   EXPECT_EQ(disabled(picker), "KRBMusicView,KRBFavouritesView");
 }
 
+TEST_F(WidgetsPickerTest, AnyOtherSectionIsTitledLikeTheDisabledOneAndItsRowsCanBeEdited) {
+  expectFurtherSections(editor(), 1);
+  store(@[]);
+  expectFurtherSections(editor(), 2);
+}
+
 TEST_F(WidgetsPickerTest, TapsEnableAnyNumber) {
   installFive();
   store(@[ @"KRBMusicView", @"KRBFavouritesView", @"test.a", @"test.b" ]);
@@ -206,6 +212,14 @@ TEST_F(WidgetsPickerTest, AStoredValueThatIsNoListEnablesNothingAndIsKept) {
 TEST_F(WidgetsPickerTest, WithTheMasterSwitchOffTheDefaultListIsShown) {
   writePreferences(kMainFile, @{@"Enabled" : @0, kKey : @[]});
   EXPECT_EQ(enabled(editor()), "KRBFavouritesView,KRBMusicView");
+}
+
+TEST_F(WidgetsPickerTest, AChangeWhileTheMasterSwitchIsOffReplacesTheStoredList) {
+  writePreferences(kMainFile, @{@"Enabled" : @0, kKey : @[ @"KRBMusicView" ]});
+  Editor *picker = editor();
+  EXPECT_EQ(stored(kKey), "KRBMusicView") << "showing keeps it";
+  tap(picker, 0, 1);
+  EXPECT_EQ(stored(kKey), "KRBFavouritesView");
 }
 
 TEST_F(WidgetsPickerTest, AFileThatIsNoDictionaryIsNotWritten) {

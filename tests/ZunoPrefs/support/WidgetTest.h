@@ -16,6 +16,8 @@ class WidgetTest : public EditorTest {
   /// NSNull takes the key out. Returns the bundle's folder on this computer.
   NSString *installWidget(NSString *name, NSString *code, NSDictionary *changes);
   NSString *installWidget(NSString *name, NSString *code) { return installWidget(name, code, @{}); }
+  /// The same with a copy of the code: the folder as somebody has copied it.
+  NSString *installWidgetCopy(NSString *name, NSString *code, NSDictionary *changes);
 
   /// The log line that names `path`, as `format` with %s.
   static std::string line(const char *format, NSString *path);

@@ -30,6 +30,17 @@ NSString *WidgetTest::installWidget(NSString *name, NSString *code, NSDictionary
   return folder;
 }
 
+NSString *WidgetTest::installWidgetCopy(NSString *name, NSString *code, NSDictionary *changes) {
+  NSString *folder = installWidget(name, code, changes);
+  const auto place = std::filesystem::path([folder UTF8String]) / [code UTF8String];
+  std::error_code error;
+  const auto original = std::filesystem::canonical(place, error);
+  std::filesystem::remove(place, error);
+  std::filesystem::copy_file(original, place, error);
+  EXPECT_FALSE(error) << error.message();
+  return folder;
+}
+
 std::string WidgetTest::line(const char *format, NSString *path) {
   return [[NSString stringWithFormat:[NSString stringWithUTF8String:format], [path UTF8String]] UTF8String];
 }

@@ -155,6 +155,9 @@ TEST_F(BadThemeTest, APictureWhosePixelsAreDamagedEndsNothing) {
   EXPECT_OBJC_EQ([cell() encodeToBase64String:damaged], nil);
   pickThroughPage(damaged);
   pickThroughCell(damaged);
+  UIImage *turned = [UIImage imageWithCGImage:[damaged CGImage] scale:1 orientation:UIImageOrientationRight];
+  pickThroughPage(turned);
+  pickThroughCell(turned);
   EXPECT_OBJC_EQ(preferences(kThemeFile), @{@"backgroundImage" : base64(png)}) << "what cannot be encoded is not stored";
 }
 

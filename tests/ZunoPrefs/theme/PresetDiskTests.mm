@@ -2,62 +2,15 @@
 #import "theme/ZunoPresets+Sharing.h"
 
 #import <Foundation/NSURL+Sim.h>
-#import <Foundation/SIMDevice.h>
-
-#include <signal.h>
-#include <sys/fsuid.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <string>
 
 #include "ZunoPrefs/theme/PresetsTest.h"
+#include "support/objc/DiskFaults.h"
 
 namespace {
 
 NSString *const kPreferences = @"/var/jb/var/mobile/Library/Preferences";
-
-/// While it exists no file grows beyond `bytes`: a write that reaches the limit is cut, and the next one fails.
-class FullDisk final {
- public:
-  explicit FullDisk(rlim_t bytes) : handler_(::signal(SIGXFSZ, SIG_IGN)) {
-    ::getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit{bytes, before_.rlim_max};
-    EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
-  }
-  ~FullDisk() {
-    ::setrlimit(RLIMIT_FSIZE, &before_);
-    ::signal(SIGXFSZ, handler_);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-  rlimit before_{};
-  sighandler_t handler_;
-};
-
-/// While it exists nothing can be made or removed in `folder`.
-class ReadOnlyFolder final {
- public:
-  explicit ReadOnlyFolder(NSString *folder) : folder_([folder fileSystemRepresentation]) {
-    EXPECT_EQ(::chmod([SIMDeviceFolder() fileSystemRepresentation], 0755), 0);
-    EXPECT_EQ(::chmod(folder_.c_str(), 0555), 0);
-    // The superuser may write anywhere; the file system then takes this process for somebody else.
-    if (::geteuid() == 0) ::setfsuid(kNobody);
-  }
-  ~ReadOnlyFolder() {
-    if (::geteuid() == 0) ::setfsuid(0);
-    ::chmod(folder_.c_str(), 0755);
-  }
-  ReadOnlyFolder(const ReadOnlyFolder&) = delete;
-  ReadOnlyFolder& operator=(const ReadOnlyFolder&) = delete;
-
- private:
-  static constexpr uid_t kNobody = 65534;
-  std::string folder_;
-};
 
 class PresetDiskTest : public PresetsTest {
  protected:

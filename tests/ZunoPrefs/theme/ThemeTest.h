@@ -6,6 +6,7 @@
 #include <string>
 
 #include "ZunoPrefs/support/BundleTest.h"
+#include "ZunoPrefs/theme/CallCounter.h"
 
 namespace testing_support {
 
@@ -16,6 +17,12 @@ class ThemeTest : public BundleTest {
 
   /// The info dictionary of a photo picker for `image` (nil: without a picture).
   static NSDictionary *picked(UIImage *image);
+
+  /// A photo as a camera gives it that was held upright: `pixels` wide and half as high as it is stored, red above blue
+  /// when it stands as it was seen.
+  static UIImage *portraitPhoto(NSInteger pixels, CGFloat scale = 1);
+  /// What a photo has become: "WIDTHxHEIGHT COLOUR above COLOUR", sides in pixels as it shows.
+  static std::string look(UIImage *image);
 
   /// Red, green and blue of the middle of `image`, as "r,g,b"; "none" for nil.
   static std::string colourOf(UIImage *image);
@@ -29,10 +36,15 @@ class ThemeTest : public BundleTest {
   static std::string describe(UIAlertController *alert);
   /// Taps the action titled `title` and runs what it queues.
   static void tapAction(UIViewController *page, const char *title);
+  /// The picture that the theme file stores; nil when it stores none.
+  UIImage *storedPicture();
+
   /// Sets the text of the alert's field number `index`.
   static void enter(UIViewController *page, NSUInteger index, NSString *text);
 };
 
 }  // namespace testing_support
 
+using testing_support::CallCounter;
+using testing_support::Presentations;
 using testing_support::ThemeTest;

@@ -4,6 +4,8 @@
 #import <UIKit/UIAlertController+Sim.h>
 #import <dispatch/MainQueue+Sim.h>
 
+#include <cmath>
+
 namespace testing_support {
 
 UIImage *ThemeTest::picture(CGFloat side, UIColor *colour) {
@@ -17,6 +19,41 @@ UIImage *ThemeTest::picture(CGFloat side, UIColor *colour) {
 
 NSDictionary *ThemeTest::picked(UIImage *image) {
   return image ? @{UIImagePickerControllerOriginalImage : image} : @{};
+}
+
+UIImage *ThemeTest::portraitPhoto(NSInteger pixels, CGFloat scale) {
+  const CGFloat half = static_cast<CGFloat>(pixels) / 2;
+  UIGraphicsBeginImageContextWithOptions(CGSizeMake(2 * half, half), YES, 1);
+  [[UIColor redColor] setFill];  // The stored left is the top of the scene.
+  UIRectFill(CGRectMake(0, 0, half, half));
+  [[UIColor blueColor] setFill];
+  UIRectFill(CGRectMake(half, 0, half, half));
+  UIImage *stored = UIGraphicsGetImageFromCurrentImageContext();
+  UIGraphicsEndImageContext();
+  return [UIImage imageWithCGImage:[stored CGImage] scale:scale orientation:UIImageOrientationRight];
+}
+
+std::string ThemeTest::look(UIImage *image) {
+  if (!image) return "none";
+  const CGSize size = CGSizeMake([image size].width * [image scale], [image size].height * [image scale]);
+  const auto colourAt = [&](CGFloat x, CGFloat y) {
+    UIGraphicsBeginImageContextWithOptions(CGSizeMake(1, 1), NO, 1);
+    [image drawInRect:CGRectMake(-x, -y, size.width, size.height)];
+    const std::string colour = colourOf(UIGraphicsGetImageFromCurrentImageContext());
+    UIGraphicsEndImageContext();
+    return colour == "255,0,0" ? "red" : colour == "0,0,255" ? "blue" : colour;
+  };
+  const CGFloat middle = size.width / 2;
+  return std::to_string(std::lround(size.width)) + "x" + std::to_string(std::lround(size.height)) + " " +
+         colourAt(middle, 1) + " above " + colourAt(middle, size.height - 2);
+}
+
+UIImage *ThemeTest::storedPicture() {
+  NSString *text = [preferences(kThemeFile) objectForKey:@"backgroundImage"];
+  if (!text) return nil;
+  return [UIImage imageWithData:[[[NSData alloc] initWithBase64EncodedString:text
+                                                                     options:NSDataBase64DecodingIgnoreUnknownCharacters]
+                                    autorelease]];
 }
 
 std::string ThemeTest::colourOf(UIImage *image) {

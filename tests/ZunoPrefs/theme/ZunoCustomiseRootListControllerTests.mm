@@ -28,6 +28,12 @@ class ThemePageTest : public ThemeTest {
     PSTableCell *cell = [page cachedCellForSpecifierID:identifier];
     return [[[cell detailTextLabel] text] UTF8String] ?: "none";
   }
+  static void scrollToUserAgent(PSListController *page) {
+    [[page table] scrollToRowAtIndexPath:[page indexPathForSpecifier:[page specifierForID:@"User-Agent"]]
+                        atScrollPosition:UITableViewScrollPositionMiddle
+                                animated:NO];
+    [[page table] layoutIfNeeded];
+  }
 };
 
 TEST_F(ThemePageTest, RowsComeFromCustomiseAndAreCached) {
@@ -74,22 +80,36 @@ TEST_F(ThemePageTest, OnlyTheLayoutSwitchesRebuildThePage) {
   EXPECT_EQ([page specifiers], before);
 }
 
-TEST_F(ThemePageTest, TheUserAgentRowFollowsItsParts) {
+TEST_F(ThemePageTest, AValueIsStoredAsTheRowGivesIt) {
+  ZunoCustomiseRootListController *page = newPage();
+  [page setPreferenceValue:@(YES) specifier:rowKeyed(page, @"useCustom")];
+  EXPECT_NE(read(kThemeFile).find("<true/>"), std::string::npos) << "1 would be equal";
+  [page setPreferenceValue:@1 specifier:rowKeyed(page, @"useCustom")];
+  EXPECT_NE(read(kThemeFile).find("<integer>1</integer>"), std::string::npos);
+}
+
+TEST_F(ThemePageTest, TheUserAgentRowInSightFollowsItsPartsAtOnce) {
   ZunoCustomiseRootListController *page = newPage();
   (void)show(page);
-  [[page table] layoutIfNeeded];
+  scrollToUserAgent(page);
+  ASSERT_TRUE([[[page table] visibleCells] containsObject:[page cachedCellForSpecifierID:@"User-Agent"]]);
+  EXPECT_EQ(shown(page, @"User-Agent"), "(null)/(null)");
   [page setPreferenceValue:@"iPhone15,2" specifier:rowKeyed(page, @"device")];
+  EXPECT_EQ(shown(page, @"User-Agent"), "iPhone15,2/(null)");
   [page setPreferenceValue:@"16.5" specifier:rowKeyed(page, @"iosVersion")];
-  EXPECT_OBJC_EQ([page readPreferenceValue:rowKeyed(page, @"device")], @"iPhone15,2");
-  SIMDrainMainQueue();
-  [[page table] scrollToRowAtIndexPath:[page indexPathForSpecifier:[page specifierForID:@"User-Agent"]]
-                      atScrollPosition:UITableViewScrollPositionBottom
-                              animated:NO];
-  [[page table] layoutIfNeeded];
-  (void)[page readPreferenceValue:rowKeyed(page, @"iosVersion")];
-  SIMDrainMainQueue();
-  [[page table] layoutIfNeeded];
   EXPECT_EQ(shown(page, @"User-Agent"), "iPhone15,2/16.5");
+}
+
+TEST_F(ThemePageTest, ReadingAPartReloadsTheUserAgentRow) {
+  ZunoCustomiseRootListController *page = newPage();
+  (void)show(page);
+  scrollToUserAgent(page);
+  for (NSString *key in @[ @"device", @"iosVersion" ]) {
+    writePreferences(kThemeFile, @{key : @"new"});
+    const std::string before = shown(page, @"User-Agent");
+    EXPECT_OBJC_EQ([page readPreferenceValue:rowKeyed(page, key)], @"new");
+    EXPECT_NE(shown(page, @"User-Agent"), before) << [key UTF8String];
+  }
 }
 
 TEST_F(ThemePageTest, TheRespringButtonStartsTheTool) {
@@ -99,6 +119,7 @@ TEST_F(ThemePageTest, TheRespringButtonStartsTheTool) {
   (void)show(page);
   UIBarButtonItem *button = [[page navigationItem] rightBarButtonItem];
   EXPECT_OBJC_EQ([button title], @"Respring");
+  EXPECT_EQ(static_cast<int>([button style]), 1);
   EXPECT_TRUE([button sim_tap]);
   for (int tries = 0; tries < 500 && read(@"/var/jb/usr/bin/arguments").empty(); ++tries) usleep(10'000);
   EXPECT_EQ(read(@"/var/jb/usr/bin/arguments"), "-9 backboardd\n");
@@ -145,6 +166,37 @@ TEST_F(ThemePageTest, ThePageIsCurrentOnlyWhileItIsOnScreen) {
   EXPECT_OBJC_EQ([pageClass() currentPage], nil);
 }
 
+TEST_F(ThemePageTest, TheFrameworkHearsOfTheAppearance) {
+  for (SEL moment : {@selector(viewDidLoad), @selector(viewWillAppear:), @selector(viewWillDisappear:)}) {
+    CallCounter framework([PSListController class], moment);
+    UINavigationController *navigation = show([[[UIViewController alloc] init] autorelease]);
+    [navigation pushViewController:newPage() animated:YES];
+    [navigation popViewControllerAnimated:YES];
+    EXPECT_EQ(framework.calls(), 1) << sel_getName(moment);
+  }
+}
+
+TEST_F(ThemePageTest, APageThatWasLeftIsNotKept) {
+  CallCounter ends([PSListController class], @selector(dealloc));
+  UINavigationController *navigation = show([[[UIViewController alloc] init] autorelease]);
+  [navigation pushViewController:newPage() animated:YES];
+  [navigation popViewControllerAnimated:YES];
+  SIMDrainMainQueue();
+  drainPool();
+  EXPECT_EQ(ends.calls(), 1);
+}
+
+TEST_F(ThemePageTest, WhatIsPresentedComesWithAnimation) {
+  makePhotoLibrary();
+  ZunoCustomiseRootListController *page = newPage();
+  (void)show(page);
+  const Presentations presentations;
+  [page clearSettings];
+  tapAction(page, "No");
+  [page selectImage];
+  EXPECT_EQ(presentations.take(), "UIAlertController animated, UIImagePickerController animated");
+}
+
 TEST_F(ThemePageTest, ReappearingShowsWhatChangedElsewhere) {
   ZunoCustomiseRootListController *page = newPage();
   UINavigationController *navigation = show(page);
@@ -171,8 +223,8 @@ TEST_F(ThemePageTest, APickedPhotoIsStoredInLinesOf64) {
   ASSERT_TRUE([picker isKindOfClass:[UIImagePickerController class]]);
   NSArray *before = [page specifiers];
   [page imagePickerController:picker didFinishPickingMediaWithInfo:picked(picture(64, [UIColor greenColor]))];
+  EXPECT_OBJC_EQ([page presentedViewController], nil) << "dismissed without animation";
   SIMDrainMainQueue();
-  EXPECT_OBJC_EQ([page presentedViewController], nil);
   EXPECT_NE([page specifiers], before);
   EXPECT_TRUE(notifications.empty());
 
@@ -190,6 +242,66 @@ TEST_F(ThemePageTest, APickedPhotoIsStoredInLinesOf64) {
   NSData *png = [[[NSData alloc] initWithBase64EncodedString:[stored objectForKey:@"backgroundImage"]
                                                      options:NSDataBase64DecodingIgnoreUnknownCharacters] autorelease];
   EXPECT_EQ(colourOf([UIImage imageWithData:png]), "0,255,0");
+}
+
+TEST_F(ThemePageTest, APortraitPhotoIsStoredUpright) {
+  makePhotoLibrary();
+  ZunoCustomiseRootListController *page = newPage();
+  (void)show(page);
+  for (const CGFloat scale : {1.0, 2.0}) {
+    [page selectImage];
+    auto *picker = (UIImagePickerController *)[page presentedViewController];
+    [page imagePickerController:picker didFinishPickingMediaWithInfo:picked(portraitPhoto(40, scale))];
+    EXPECT_EQ(look(storedPicture()), "20x40 red above blue") << scale;
+    EXPECT_EQ([storedPicture() imageOrientation], UIImageOrientationUp);
+    EXPECT_EQ(CGImageGetAlphaInfo([storedPicture() CGImage]), kCGImageAlphaNoneSkipLast) << "a photo lets nothing through";
+    SIMDrainMainQueue();
+    EXPECT_EQ(UIGraphicsGetCurrentContext(), nullptr);
+  }
+  EXPECT_EQ(look([UIImage imageWithData:UIImagePNGRepresentation(portraitPhoto(40))]).substr(0, 5), "40x20");
+}
+
+TEST_F(ThemePageTest, APictureThatLetsNothingThroughStaysSoInEveryLayout) {
+  const UInt8 pixels[2 * 4] = {};
+  CFDataRef bytes = CFDataCreate(nullptr, pixels, sizeof pixels);
+  CGDataProviderRef provider = CGDataProviderCreateWithCFData(bytes);
+  CGColorSpaceRef space = CGColorSpaceCreateDeviceRGB();
+  for (const CGBitmapInfo layout : {kCGImageAlphaNoneSkipFirst, kCGImageAlphaNoneSkipLast}) {
+    CGImageRef image =
+        CGImageCreate(2, 1, 8, 32, 8, space, layout, provider, nullptr, false, kCGRenderingIntentDefault);
+    [newPage() imagePickerController:[[[UIImagePickerController alloc] init] autorelease]
+        didFinishPickingMediaWithInfo:picked([UIImage imageWithCGImage:image
+                                                                 scale:1
+                                                           orientation:UIImageOrientationLeft])];
+    CGImageRelease(image);
+    EXPECT_TRUE(CGSizeEqualToSize([storedPicture() size], CGSizeMake(1, 2)));
+    EXPECT_EQ(CGImageGetAlphaInfo([storedPicture() CGImage]), kCGImageAlphaNoneSkipLast) << layout;
+  }
+  CGColorSpaceRelease(space);
+  CGDataProviderRelease(provider);
+  CFRelease(bytes);
+}
+
+TEST_F(ThemePageTest, ATurnedPictureKeepsWhatShinesThrough) {
+  makePhotoLibrary();
+  ZunoCustomiseRootListController *page = newPage();
+  (void)show(page);
+  UIGraphicsBeginImageContextWithOptions(CGSizeMake(6, 4), NO, 1);
+  UIImage *clear = UIGraphicsGetImageFromCurrentImageContext();
+  UIGraphicsEndImageContext();
+  [page imagePickerController:[[[UIImagePickerController alloc] init] autorelease]
+      didFinishPickingMediaWithInfo:picked([UIImage imageWithCGImage:[clear CGImage]
+                                                               scale:1
+                                                         orientation:UIImageOrientationLeftMirrored])];
+  EXPECT_TRUE(CGSizeEqualToSize([storedPicture() size], CGSizeMake(4, 6)));
+  EXPECT_NE(CGImageGetAlphaInfo([storedPicture() CGImage]), kCGImageAlphaNoneSkipLast);
+}
+
+TEST_F(ThemePageTest, EncodingAPictureLeavesItAsItIsStored) {
+  NSString *text = [newPage() encodeToBase64String:portraitPhoto(40)];
+  writePreferences(kThemeFile, @{@"backgroundImage" : text});
+  EXPECT_EQ(look(storedPicture()).substr(0, 5), "40x20");
+  EXPECT_OBJC_EQ([newPage() encodeToBase64String:nil], nil);
 }
 
 TEST_F(ThemePageTest, AResultWithoutAPictureChangesNothing) {

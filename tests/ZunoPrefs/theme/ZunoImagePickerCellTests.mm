@@ -97,18 +97,76 @@ TEST_F(ImageCellTest, PickingReplacesTheImageAndKeepsEveryOtherKey) {
   ZunoCustomiseRootListController *page = showPage();
   NSArray *rows = [page specifiers];
   ZunoImagePickerCell *cell = newCell(newRow());
+  const Presentations presentations;
   [cell openImagePicker];
+  EXPECT_EQ(presentations.take(), "UIImagePickerController animated");
   EXPECT_TRUE(logged("[Zuno] openImagePicker"));
   auto *picker = (UIImagePickerController *)[page presentedViewController];
   ASSERT_TRUE([picker isKindOfClass:[UIImagePickerController class]]);
   EXPECT_EQ((id)[picker delegate], cell);
   [cell imagePickerController:picker didFinishPickingMediaWithInfo:picked(picture(16, [UIColor greenColor]))];
+  EXPECT_OBJC_EQ([page presentedViewController], nil) << "dismissed without animation";
   SIMDrainMainQueue();
-  EXPECT_OBJC_EQ([page presentedViewController], nil);
   EXPECT_EQ(colourOf([[cell imageView] image]), "0,255,0");
   EXPECT_OBJC_EQ([preferences(kThemeFile) objectForKey:@"spacing"], @1);
   EXPECT_EQ([page specifiers], rows) << "only the cell is refreshed";
   EXPECT_TRUE(notifications.empty());
+}
+
+TEST_F(ImageCellTest, APortraitPhotoIsStoredUpright) {
+  makePhotoLibrary();
+  ZunoCustomiseRootListController *page = showPage();
+  ZunoImagePickerCell *cell = newCell(newRow());
+  [cell openImagePicker];
+  [cell imagePickerController:(UIImagePickerController *)[page presentedViewController]
+      didFinishPickingMediaWithInfo:picked(portraitPhoto(40))];
+  EXPECT_EQ(look(storedPicture()), "20x40 red above blue");
+  EXPECT_EQ(look([[cell imageView] image]), "20x40 red above blue");
+  EXPECT_TRUE([[cell encodeToBase64String:portraitPhoto(40)] length] > 0);
+  EXPECT_EQ(look([cell decodeBase64ToImage:[cell encodeToBase64String:portraitPhoto(40)]]).substr(0, 5), "40x20");
+}
+
+TEST_F(ImageCellTest, ACellThatIsUsedAgainShowsWhatIsStoredNowAndTakesItsRowsTaps) {
+  ZunoCustomiseRootListController *page = showPage();
+  ZunoImagePickerCell *cell = (ZunoImagePickerCell *)[page cachedCellForSpecifierID:@"backgroundImage"];
+  ASSERT_TRUE([cell isKindOfClass:classNamed("ZunoImagePickerCell")]);
+  EXPECT_OBJC_EQ([[cell imageView] image], nil);
+  for (UIColor *colour in @[ [UIColor blueColor], [UIColor greenColor] ]) {
+    storeImage([cell encodeToBase64String:picture(32, colour)]);
+    PSSpecifier *before = [page specifierForID:@"backgroundImage"];
+    [page reloadSpecifiers];
+    [[page table] layoutIfNeeded];
+    PSSpecifier *row = [page specifierForID:@"backgroundImage"];
+    ASSERT_NE(row, before);
+    ASSERT_EQ([page cachedCellForSpecifierID:@"backgroundImage"], cell) << "the cell came out of the queue";
+    EXPECT_EQ(colourOf([[cell imageView] image]), [colour isEqual:[UIColor blueColor]] ? "0,0,255" : "0,255,0");
+    EXPECT_EQ([row target], cell);
+    EXPECT_OBJC_EQ(NSStringFromSelector([row buttonAction]), @"openImagePicker");
+    EXPECT_OBJC_EQ([[cell textLabel] text], @"Background Image");
+  }
+}
+
+TEST_F(ImageCellTest, TheFrameworkHearsOfTheMove) {
+  ZunoImagePickerCell *cell = newCell(newRow());
+  UIView *parent = [[[UIView alloc] initWithFrame:CGRectZero] autorelease];
+  CallCounter framework([UIView class], @selector(didMoveToSuperview));
+  [parent addSubview:cell];
+  EXPECT_EQ(framework.calls(), 1);
+}
+
+TEST_F(ImageCellTest, ACellThatIsInNoTableIsNotFilledIn) {
+  storeImage([newCell(newRow()) encodeToBase64String:picture(32, [UIColor blueColor])]);
+  PSSpecifier *row = newRow();
+  ZunoImagePickerCell *cell = newCell(row);
+  [cell refreshCellContentsWithSpecifier:row];
+  EXPECT_OBJC_EQ([[cell imageView] image], nil);
+  UIView *parent = [[[UIView alloc] initWithFrame:CGRectZero] autorelease];
+  [parent addSubview:cell];
+  [cell setCurrentImage:nil];
+  [row setTarget:nil];
+  [cell removeFromSuperview];
+  EXPECT_OBJC_EQ([[cell imageView] image], nil);
+  EXPECT_OBJC_EQ([row target], nil);
 }
 
 TEST_F(ImageCellTest, WithoutAPageOrALibraryNothingIsPresented) {
@@ -124,6 +182,15 @@ TEST_F(ImageCellTest, OptionsAreKept) {
   ZunoImagePickerCell *cell = newCell(newRow());
   [cell setOptions:@"kept"];
   EXPECT_OBJC_EQ([cell options], @"kept");
+  int deaths = 0;
+  auto *other = [(ZunoImagePickerCell *)[classNamed("ZunoImagePickerCell") alloc]
+        initWithStyle:UITableViewCellStyleDefault
+      reuseIdentifier:@"Image"
+            specifier:newRow()];
+  [other setOptions:[[[Lifetime alloc] initWithCounter:&deaths] autorelease]];
+  [other release];
+  drainPool();
+  EXPECT_EQ(deaths, 1);
 }
 
 }  // namespace

@@ -4,11 +4,47 @@
 #import <UIKit/UIActivityViewController+Sim.h>
 #import <UIKit/UIDocumentPickerViewController+Sim.h>
 #import <UIKit/UITableView+Sim.h>
+#import <dispatch/dispatch.h>
 #import <dispatch/MainQueue+Sim.h>
 
+#include <algorithm>
+#include <cstring>
 #include <string>
 
 #include "ZunoPrefs/theme/PresetsTest.h"
+
+@class UnsureTransition;
+
+/// Has a page refuse a name while it is itself on its way out.
+@interface LeavingPage : UIViewController {
+ @public
+  ZunoPresets *presets;  // Not owned.
+  objcxx::Retained<UnsureTransition> transition;
+}
+@end
+
+/// Says that it runs nothing, and runs it all the same.
+@interface UnsureTransition : NSObject
+@end
+
+@implementation UnsureTransition
+- (BOOL)animateAlongsideTransition:(void (^)(id))animation completion:(void (^)(id))completion {
+  dispatch_async(dispatch_get_main_queue(), ^{
+    completion(nil);
+  });
+  return NO;
+}
+@end
+
+@implementation LeavingPage
+- (id<UIViewControllerTransitionCoordinator>)transitionCoordinator {
+  return (id)transition.get();
+}
+- (void)viewWillDisappear:(BOOL)animated {
+  [super viewWillDisappear:animated];
+  [presets validatePresetName:@""];
+}
+@end
 
 namespace {
 
@@ -42,6 +78,24 @@ class SharingTest : public PresetsTest {
     [page documentPicker:picker didPickDocumentAtURL:url];
     openAccesses_ = [url sim_openAccesses];
     return describe([page presentedViewController] ? alertOf(page) : nil);
+  }
+  /// A page that presents a document picker, which is returned.
+  UIDocumentPickerViewController *openPicker() {
+    shown_ = showPage();
+    [shown_ importViaFileAlert];
+    UIViewController *picker = [shown_ presentedViewController];
+    EXPECT_TRUE([picker isKindOfClass:[UIDocumentPickerViewController class]]);
+    return (UIDocumentPickerViewController *)picker;
+  }
+  /// Until what was put off has been done.
+  static void wait() {
+    SIMDrainMainQueue();
+    [[NSRunLoop currentRunLoop] runUntilDate:[NSDate dateWithTimeIntervalSinceNow:0.3]];
+    SIMDrainMainQueue();
+  }
+  /// How often the log has a line that begins with `text`.
+  long linesBeginning(const std::string &text) const {
+    return std::count_if(log.begin(), log.end(), [&](const auto &line) { return line.rfind(text, 0) == 0; });
   }
   ZunoPresets *shown_ = nil;  // The page of the last pick; the window owns it.
   NSUInteger openAccesses_ = 0;
@@ -110,6 +164,23 @@ TEST_F(SharingTest, WhatIsNoDictionaryFailsAndLeavesNoFile) {
   }
 }
 
+TEST_F(SharingTest, TheLogTellsWhyAStringWasNotImported) {
+  for (const char *json : {"[1]", "7"}) {
+    (void)imported(base64(json));
+    EXPECT_EQ(linesBeginning("[Zuno] importPresetWithBase64String "), 2) << "the string, and the exception";
+    EXPECT_TRUE(logged("a preset is a dictionary, not a ")) << json;
+    log.clear();
+  }
+  (void)imported(base64(R"({"a": null})"));
+  EXPECT_EQ(linesBeginning("[Zuno] importPresetWithBase64String writeToFile FAILED"), 1);
+  EXPECT_EQ(linesBeginning("[Zuno] "), 2);
+  log.clear();
+  (void)imported(@"%");
+  EXPECT_EQ(linesBeginning("[Zuno] importPresetWithBase64String base64Str: %"), 1);
+  EXPECT_EQ(linesBeginning("[Zuno] importPresetWithBase64String NULL"), 1);
+  EXPECT_EQ(linesBeginning("[Zuno] "), 2);
+}
+
 TEST_F(SharingTest, WhatIsNoPresetStringFails) {
   NSString *good = base64(R"({"a": 1})");
   for (NSString *text in @[
@@ -123,6 +194,29 @@ TEST_F(SharingTest, WhatIsNoPresetStringFails) {
     log.clear();
   }
   EXPECT_EQ(imported(nil), kImportFailed);
+}
+
+TEST_F(SharingTest, WhatCannotBeStoredLeavesThePresetOfThatName) {
+  writePreset(@"new", @{@"a" : @1});
+  EXPECT_EQ(imported(base64(R"({"a": null})")), kImportFailed);
+  EXPECT_OBJC_EQ(preset(@"new"), @{@"a" : @1});
+}
+
+TEST_F(SharingTest, AnImportTakesThePlaceOfWhateverHasItsName) {
+  makeFolder([kPresets stringByAppendingString:@"/new.plist"]);
+  EXPECT_EQ(imported(base64(R"({"a": 1})")), "none");
+  EXPECT_OBJC_EQ(preset(@"new"), @{@"a" : @1});
+}
+
+TEST_F(SharingTest, WhatHoldsNoPresetGivesNothing) {
+  ZunoPresets *page = showPage();
+  for (NSString *text in @[ @"%", @"" ]) EXPECT_OBJC_EQ([page base64StringToDict:text], nil);
+  EXPECT_OBJC_EQ([page base64StringToDict:nil], nil);
+  EXPECT_OBJC_EQ([page base64StringFromDict:nil], nil);
+  EXPECT_OBJC_EQ([page base64StringFromDict:@{@"when" : [NSDate date]}], nil);
+  NSData *json = [[[NSData alloc] initWithBase64EncodedString:[page base64StringFromDict:@{@"a" : @1}]
+                                                      options:0] autorelease];
+  EXPECT_TRUE(memchr([json bytes], '\n', [json length])) << "it is meant to be read";
 }
 
 TEST_F(SharingTest, DeepNestingFailsCleanly) {
@@ -182,12 +276,27 @@ TEST_F(SharingTest, SharingAsAStringComesAfterTheMenuHasGone) {
   EXPECT_OBJC_EQ([[UIPasteboard generalPasteboard] string], text);
 }
 
+TEST_F(SharingTest, TheStringIsShownOnceTheMenuHasGone) {
+  writePreset(@"one", @{@"a" : @1});
+  ZunoPresets *page = showPage();
+  [page shareViaBase64:presetPath(@"one")];
+  EXPECT_OBJC_EQ([page presentedViewController], nil) << "it is presented asynchronously";
+  SIMDrainMainQueue();
+  EXPECT_OBJC_EQ([alertOf(page) title], @"Share \"one\"...");
+  EXPECT_EQ([[alertOf(page) actions] count], 2u);
+  EXPECT_EQ([(UIAlertAction *)[[alertOf(page) actions] objectAtIndex:0] style], UIAlertActionStyleDefault);
+  EXPECT_EQ([(UIAlertAction *)[[alertOf(page) actions] objectAtIndex:1] style], UIAlertActionStyleCancel);
+  tapAction(page, "Done");
+  EXPECT_OBJC_EQ([[UIPasteboard generalPasteboard] string], nil);
+}
+
 TEST_F(SharingTest, APresetThatCannotBeReadIsNotSharedAsAString) {
   write([kPresets stringByAppendingString:@"/bad.plist"], "damaged");
   ZunoPresets *page = showPage();
   [page shareViaBase64:presetPath(@"bad")];
   SIMDrainMainQueue();
   EXPECT_EQ(describe(alertOf(page)), "Error|Cannot access preset file.|OK:default");
+  EXPECT_FALSE(logged("Attempt to present")) << "nothing is shared";
 }
 
 TEST_F(SharingTest, SharingAsAFileHandsItOverAnchoredAtItsRow) {
@@ -206,6 +315,92 @@ TEST_F(SharingTest, SharingAsAFileHandsItOverAnchoredAtItsRow) {
 TEST_F(SharingTest, AFileWhoseNameIsNewIsInvalid) {
   EXPECT_EQ(pick(@"Dark.plist", "x"), "Error|Invalid file selected.|OK:default");
   EXPECT_EQ(openAccesses_, 1u) << "the access stays open";
+}
+
+TEST_F(SharingTest, TheLetterCaseOfAPickedNameCounts) {
+  writePreset(@"Dark", @{@"ZunoPresetVersion" : @1});
+  EXPECT_EQ(pick(@"dark.plist", "x"), "Error|Invalid file selected.|OK:default") << "the file system tells them apart";
+  EXPECT_EQ(pick(@"Dark.PLIST", "x"), "Error|Invalid file selected.|OK:default");
+  EXPECT_EQ(listing(kPresets), "Dark.plist");
+}
+
+TEST_F(SharingTest, TheTableIsReloadedAfterAnImportThatWasTried) {
+  writePreset(@"Dark", @{@"ZunoPresetVersion" : @1});
+  NSIndexPath *first = [NSIndexPath indexPathForRow:0 inSection:0];
+  const auto reloads = [&](NSString *file) {
+    NSURL *url = [NSURL fileURLWithPath:file];
+    [url sim_setSecurityScope:SIMSecurityScopeReadable];
+    ZunoPresets *page = showPage();
+    EXPECT_TRUE([[page tableView] sim_swipeRowAtIndexPath:first]);  // Which a reload undoes.
+    [page documentPicker:[[[UIDocumentPickerViewController alloc] initWithDocumentTypes:@[ @"public.data" ]
+                                                                                 inMode:UIDocumentPickerModeImport]
+                             autorelease]
+        didPickDocumentAtURL:url];
+    return [[page tableView] sim_swipedRow] == nil;
+  };
+  EXPECT_TRUE(reloads(path(@"/picked/Dark.plist"))) << "the copy failed";
+  EXPECT_TRUE(reloads(write(@"/picked/Dark.plist", "x")));
+  EXPECT_FALSE(reloads(write(@"/picked/Light.plist", "x"))) << "an invalid file ends the import before";
+}
+
+TEST_F(SharingTest, AnErrorIsShownWhenThePickerHasGone) {
+  write(@"/var/mobile/Documents/New.plist", "x");
+  UIDocumentPickerViewController *picker = openPicker();
+  ASSERT_TRUE([picker sim_pickFileAtPath:@"New.plist" error:nullptr]);
+  EXPECT_EQ([shown_ presentedViewController], picker) << "it is on its way out";
+  SIMDrainMainQueue();
+  EXPECT_EQ(describe(alertOf(shown_)), "Error|Invalid file selected.|OK:default");
+  EXPECT_FALSE(logged("Attempt to present"));
+  tapAction(shown_, "OK");
+  EXPECT_OBJC_EQ([shown_ presentedViewController], nil);
+}
+
+TEST_F(SharingTest, APickerThatIsStillThereGoesBeforeTheError) {
+  UIDocumentPickerViewController *picker = openPicker();
+  NSURL *url = [NSURL fileURLWithPath:write(@"/picked/New.plist", "x")];
+  [url sim_setSecurityScope:SIMSecurityScopeReadable];
+  [shown_ documentPicker:picker didPickDocumentAtURL:url];
+  EXPECT_TRUE([picker isBeingDismissed]);
+  [[shown_ presentedViewController] dismissViewControllerAnimated:YES completion:nil];  // As the system does next.
+  SIMDrainMainQueue();
+  EXPECT_EQ(describe(alertOf(shown_)), "Error|Invalid file selected.|OK:default");
+  EXPECT_FALSE(logged("Attempt to present"));
+}
+
+TEST_F(SharingTest, AnErrorWaitsForAPageThatGoesWithoutAnimation) {
+  for (const bool isUnsure : {false, true}) {
+    ZunoPresets *page = showPage();
+    LeavingPage *leaving = [[[LeavingPage alloc] init] autorelease];
+    leaving->presets = page;
+    if (isUnsure) leaving->transition = objcxx::adopt([[UnsureTransition alloc] init]);
+    [page presentViewController:leaving animated:NO completion:nil];
+    const Presentations presentations;
+    [leaving dismissViewControllerAnimated:NO completion:nil];
+    EXPECT_OBJC_EQ([page presentedViewController], nil);
+    wait();
+    EXPECT_EQ(describe(alertOf(page)), "Error|Invalid preset name|OK:default");
+    EXPECT_EQ(presentations.take(), "UIAlertController animated") << "once";
+  }
+}
+
+TEST_F(SharingTest, WhatIsPresentedComesWithAnimation) {
+  writePreset(@"one", @{@"a" : @1});
+  ZunoPresets *page = showPage();
+  const Presentations presentations;
+  const auto presented = [&](const char *action) {
+    tapAction(page, action);
+    return presentations.take();
+  };
+  [page askForSharedPreset];
+  EXPECT_EQ(presented("Cancel"), "UIAlertController animated");
+  [page importViaBase64Alert];
+  EXPECT_EQ(presented("Cancel"), "UIAlertController animated");
+  [page sharePresetAlert:presetPath(@"one")];
+  SIMDrainMainQueue();
+  EXPECT_EQ(presented("Share via file"), "UIAlertController animated, UIActivityViewController animated");
+  page = showPage();
+  [page importPresetAlert];
+  EXPECT_EQ(presented("Import from file..."), "UIAlertController animated, UIDocumentPickerViewController animated");
 }
 
 TEST_F(SharingTest, AFileIsJudgedByThePresetOfItsName) {
@@ -239,8 +434,10 @@ TEST_F(SharingTest, TheExtensionIsComparedWithoutCase) {
 }
 
 TEST_F(SharingTest, AFileThatMayNotBeReadIsTold) {
+  writePreset(@"Dark", @{@"ZunoPresetVersion" : @1});
   EXPECT_EQ(pick(@"Dark.plist", "x", SIMSecurityScopeRefused), "Error|Cannot access preset file.|OK:default");
   EXPECT_EQ(openAccesses_, 0u);
+  EXPECT_EQ(listing(kPresets), "Dark.plist");
 }
 
 TEST_F(SharingTest, AFailedCopyIsToldAndEndsTheAccess) {

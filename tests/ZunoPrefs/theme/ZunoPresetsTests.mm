@@ -1,7 +1,9 @@
 #import "theme/ZunoPresets.h"
 
 #import <UIKit/UITableView+Sim.h>
+#import <UIKit/UITableViewCell+Sim.h>
 #import <UIKit/UIBarButtonItem+Sim.h>
+#import <UIKit/UITableViewRowAction+Sim.h>
 #import <dispatch/MainQueue+Sim.h>
 
 #import "core/ZunoprefsRootListController.h"
@@ -9,6 +11,22 @@
 #include <sys/stat.h>
 
 #include "ZunoPrefs/theme/PresetsTest.h"
+
+/// Notes what the page asks of it.
+@interface SpyTable : UITableView {
+ @public
+  std::string calls;
+}
+@end
+
+@implementation SpyTable
+- (void)deselectRowAtIndexPath:(NSIndexPath *)path animated:(BOOL)animated {
+  calls += "deselect " + std::to_string([path section]) + "." + std::to_string([path row]) + (animated ? " animated" : "");
+}
+- (void)setEditing:(BOOL)editing animated:(BOOL)animated {
+  calls += std::string(editing ? "edit" : "end editing") + (animated ? " animated" : "");
+}
+@end
 
 namespace {
 
@@ -21,6 +39,25 @@ TEST_F(PresetStoreTest, OpeningMakesTheFolderAndShowsTitleAndAddButton) {
   EXPECT_OBJC_EQ([[page navigationItem] title], @"Presets");
   EXPECT_OBJC_EQ([[[page navigationItem] rightBarButtonItem] sim_systemItemName], @"add");
   EXPECT_OBJC_EQ([page presetsArray], @[]);
+}
+
+TEST_F(PresetStoreTest, TheAddButtonAddsAPreset) {
+  ZunoPresets *page = showPage();
+  UIBarButtonItem *add = [[page navigationItem] rightBarButtonItem];
+  EXPECT_EQ([add target], page);
+  EXPECT_OBJC_EQ(NSStringFromSelector([add action]), @"onTapAdd");
+  EXPECT_TRUE([add sim_tap]);
+  EXPECT_OBJC_EQ([alertOf(page) title], @"New Preset");
+}
+
+TEST_F(PresetStoreTest, APresetOfAnotherLetterCaseIsAnotherOne) {
+  write([kPresets stringByAppendingString:@"/Dark.plist"], "x");
+  ZunoPresets *page = showPage();
+  EXPECT_TRUE([page presetWithNameExists:@"Dark"]);
+  EXPECT_FALSE([page presetWithNameExists:@"dark"]) << "the file system tells them apart";
+  EXPECT_FALSE([page presetWithNameExists:@"DARK"]);
+  EXPECT_FALSE([page presetWithNameExists:@"Dark.plist"]);
+  EXPECT_OBJC_EQ([page validatePresetName:@"dark"], @"dark");
 }
 
 TEST_F(PresetStoreTest, TheSettingsFrameworkCanPushIt) {
@@ -42,6 +79,7 @@ TEST_F(PresetStoreTest, ListsPlistEntriesInListingOrder) {
   }
   ASSERT_EQ([expected count], 3u);
   EXPECT_OBJC_EQ([page presetsArray], expected);
+  EXPECT_FALSE([[page presetsArray] isKindOfClass:[NSMutableArray class]]);
   EXPECT_EQ([page tableView:[page tableView] numberOfRowsInSection:0], 3);
 }
 
@@ -52,6 +90,11 @@ TEST_F(PresetStoreTest, ARowShowsTheNameAt60Points) {
   UITableViewCell *cell = [page tableView:[page tableView] cellForRowAtIndexPath:first];
   EXPECT_OBJC_EQ([[cell textLabel] text], @"My Look ");
   EXPECT_OBJC_EQ([cell reuseIdentifier], @"Cell");
+  EXPECT_EQ([cell sim_style], UITableViewCellStyleDefault);
+  UITableViewCell *shown = [[page tableView] cellForRowAtIndexPath:first];
+  [[page tableView] reloadData];
+  [[page tableView] layoutIfNeeded];
+  EXPECT_EQ([[page tableView] cellForRowAtIndexPath:first], shown) << "cells are used again";
   EXPECT_EQ([page tableView:[page tableView] heightForRowAtIndexPath:first], 60.0);
   EXPECT_TRUE([page tableView:[page tableView] canEditRowAtIndexPath:first]);
 }
@@ -68,6 +111,19 @@ TEST_F(PresetStoreTest, NamesAreCleanedAndChecked) {
   EXPECT_OBJC_EQ(accepted(longest), longest);
   EXPECT_OBJC_EQ(accepted(@"😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀"), @"😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀") << "16 emoji are 32 units";
   EXPECT_OBJC_EQ([page presentedViewController], nil);
+}
+
+TEST_F(PresetStoreTest, SpacesBelongToTheNameThatIsLookedFor) {
+  write([kPresets stringByAppendingString:@"/taken.plist"], "x");
+  ZunoPresets *page = showPage();
+  EXPECT_OBJC_EQ([page validatePresetName:@"taken "], @"taken ");
+  EXPECT_OBJC_EQ([page validatePresetName:@" taken"], @" taken");
+}
+
+TEST_F(PresetStoreTest, NoNameIsNoName) {
+  ZunoPresets *page = showPage();
+  EXPECT_OBJC_EQ([page validatePresetName:nil], nil);
+  EXPECT_EQ(describe(alertOf(page)), "Error|Invalid preset name|OK:default");
 }
 
 TEST_F(PresetStoreTest, RefusedNamesAreToldInTheOrderOfTheChecks) {
@@ -133,6 +189,74 @@ TEST_F(PresetStoreTest, SavingReplacesAPresetOfThatName) {
   EXPECT_OBJC_EQ(preset(@"old"), (@{@"a" : @1, @"ZunoPresetVersion" : @1}));
 }
 
+TEST_F(PresetStoreTest, AThemeThatIsNoDictionaryReplacesAPresetToo) {
+  write([kPresets stringByAppendingString:@"/old.plist"], "old");
+  write(kThemeFile, "damaged");
+  [showPage() savePresetWithName:@"old"];
+  EXPECT_EQ(read([kPresets stringByAppendingString:@"/old.plist"]), "damaged");
+}
+
+TEST_F(PresetStoreTest, TheVersionIsAnInteger) {
+  writePreferences(kThemeFile, @{});
+  [showPage() savePresetWithName:@"new"];
+  EXPECT_NE(read([kPresets stringByAppendingString:@"/new.plist"]).find("<integer>1</integer>"), std::string::npos);
+}
+
+TEST_F(PresetStoreTest, WithoutAThemeNothingHappensToAPresetOfThatNameOrToTheList) {
+  writePreset(@"one", @{@"a" : @1});
+  ZunoPresets *page = showPage();
+  writePreset(@"two", @{@"a" : @2});
+  [page savePresetWithName:@"one"];
+  EXPECT_OBJC_EQ(preset(@"one"), @{@"a" : @1});
+  EXPECT_EQ([[page presetsArray] count], 1u);
+  EXPECT_OBJC_EQ([page presentedViewController], nil);
+}
+
+TEST_F(PresetStoreTest, WhatRemainsOfAnInterruptedCopyIsInNobodysWay) {
+  NSString *ofTheme = [[kThemeFile stringByDeletingLastPathComponent] stringByAppendingString:@"/.copy.partial"];
+  write(ofTheme, "half");
+  write([kPresets stringByAppendingString:@"/.copy.partial"], "half");
+  ZunoPresets *page = showPage();
+  EXPECT_FALSE(exists(ofTheme)) << "the page tidies up";
+  EXPECT_FALSE(exists([kPresets stringByAppendingString:@"/.copy.partial"]));
+  write([kPresets stringByAppendingString:@"/.copy.partial"], "half");
+  write(kThemeFile, "damaged");
+  [page savePresetWithName:@"new"];
+  EXPECT_EQ(read([kPresets stringByAppendingString:@"/new.plist"]), "damaged");
+  EXPECT_FALSE(exists([kPresets stringByAppendingString:@"/.copy.partial"]));
+}
+
+TEST_F(PresetStoreTest, TheFrameworkHearsOfTheLoadAndThePageDoesNotKeepItsList) {
+  int deaths = 0;
+  CallCounter framework([UITableViewController class], @selector(viewDidLoad));
+  ZunoPresets *page = [(ZunoPresets *)[classNamed("ZunoPresets") alloc] init];
+  (void)[page view];
+  EXPECT_EQ(framework.calls(), 1);
+  [page setPresetsArray:@[ [[[Lifetime alloc] initWithCounter:&deaths] autorelease] ]];
+  [page release];
+  drainPool();
+  EXPECT_EQ(deaths, 1);
+}
+
+TEST_F(PresetStoreTest, WhatIsPresentedComesWithAnimation) {
+  writePreset(@"one", @{@"theme" : @1});
+  ZunoPresets *page = showPage();
+  NSIndexPath *row = [NSIndexPath indexPathForRow:0 inSection:0];
+  const Presentations presentations;
+  const auto presented = [&] {
+    tapAction(page, "Cancel");
+    return presentations.take();
+  };
+  [page newPresetAlert];
+  EXPECT_EQ(presented(), "UIAlertController animated");
+  [page tableView:[page tableView] didSelectRowAtIndexPath:row];
+  EXPECT_EQ(presented(), "UIAlertController animated");
+  (void)[[page tableView] sim_performSwipeActionAtIndex:0 ofRow:row];
+  EXPECT_EQ(presented(), "UIAlertController animated");
+  [page validatePresetName:@""];
+  EXPECT_EQ(presentations.take(), "UIAlertController animated");
+}
+
 TEST_F(PresetStoreTest, TheNewPresetDialogSavesUnderTheCheckedName) {
   writePreferences(kThemeFile, @{@"a" : @1});
   ZunoPresets *page = showPage();
@@ -193,8 +317,19 @@ TEST_F(PresetStoreTest, SelectingARowAsksBeforeItApplies) {
   tapAction(page, "Cancel");
   EXPECT_FALSE(exists(kThemeFile));
   [[page tableView] sim_tapRowAtIndexPath:[NSIndexPath indexPathForRow:0 inSection:0]];
+  writePreset(@"two", @{@"theme" : @2});
   tapAction(page, "Confirm");
   EXPECT_OBJC_EQ(preferences(kThemeFile), @{@"theme" : @1});
+  EXPECT_EQ([[page presetsArray] count], 2u) << "the list is read anew";
+  EXPECT_EQ([[page tableView] numberOfRowsInSection:0], 2);
+}
+
+TEST_F(PresetStoreTest, ASelectedRowIsDeselectedAtOnce) {
+  writePreset(@"one", @{@"theme" : @1});
+  ZunoPresets *page = showPage();
+  SpyTable *table = [[[SpyTable alloc] init] autorelease];
+  [page tableView:table didSelectRowAtIndexPath:[NSIndexPath indexPathForRow:0 inSection:0]];
+  EXPECT_EQ(table->calls, "deselect 0.0");
 }
 
 TEST_F(PresetStoreTest, AnAppliedPresetRebuildsTheRootPageOnce) {
@@ -229,6 +364,19 @@ TEST_F(PresetStoreTest, SwipingOffersDeleteAndShare) {
   EXPECT_EQ([share style], UITableViewRowActionStyleNormal);
 }
 
+TEST_F(PresetStoreTest, TheActionsEndTheEditingOfTheirTable) {
+  writePreset(@"one", @{@"theme" : @1});
+  ZunoPresets *page = showPage();
+  NSIndexPath *row = [NSIndexPath indexPathForRow:0 inSection:0];
+  SpyTable *table = [[[SpyTable alloc] init] autorelease];
+  for (UITableViewRowAction *action in [page tableView:table editActionsForRowAtIndexPath:row]) {
+    table->calls.clear();
+    [action sim_performAtIndexPath:row];
+    EXPECT_EQ(table->calls, "end editing animated") << [[action title] UTF8String];
+  }
+  SIMDrainMainQueue();
+}
+
 TEST_F(PresetStoreTest, DeletingAsksFirst) {
   writePreset(@"one", @{@"theme" : @1});
   ZunoPresets *page = showPage();
@@ -236,8 +384,10 @@ TEST_F(PresetStoreTest, DeletingAsksFirst) {
   ASSERT_TRUE([[page tableView] sim_performSwipeActionAtIndex:0 ofRow:row]);
   EXPECT_EQ(describe(alertOf(page)),
             "Delete Preset|Are you sure you would like to delete preset \"one\"?|Confirm:destructive|Cancel:cancel");
+  EXPECT_OBJC_EQ([[page tableView] sim_swipedRow], nil) << "the row closes when its action is chosen";
   tapAction(page, "Cancel");
   EXPECT_EQ(listing(kPresets), "one.plist");
+  EXPECT_OBJC_EQ([[page tableView] sim_swipedRow], nil);
   ASSERT_TRUE([[page tableView] sim_performSwipeActionAtIndex:0 ofRow:row]);
   tapAction(page, "Confirm");
   EXPECT_EQ(listing(kPresets), "");

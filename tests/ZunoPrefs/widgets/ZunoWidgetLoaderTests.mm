@@ -318,6 +318,46 @@ TEST_F(WidgetLoaderTest, OnlyWidgetsThatAreSetUpAreToldThatTheyAreInactive) {
   EXPECT_EQ([setUp disappearances], 1) << "it was not active any more";
 }
 
+TEST_F(WidgetLoaderTest, ACopiedBundleIsAWidgetOfItsOwnMadeByTheFirst) {
+  NSString *original = installWidget(@"first", @"FixtureWidget");
+  const auto first = objcxx::share((ZunoWidgetHolder *)[load() objectAtIndex:0]);
+  log.clear();
+  NSString *copy = installWidgetCopy(@"second", @"FixtureWidget", @{@"CFBundleIdentifier" : @"test.first"});
+  NSArray *loaded = load();
+  EXPECT_EQ(joined(loaded), "first,first");
+  for (ZunoWidgetHolder *holder in loaded) EXPECT_EQ([(id)[holder widget] class], [(id)[first.get() widget] class]);
+  EXPECT_OBJC_EQ([[[loaded valueForKey:@"bundle"] valueForKey:@"bundlePath"] sortedArrayUsingSelector:@selector(compare:)],
+                 (@[ original, copy ]));
+  EXPECT_TRUE(logged("objc: Class FixtureWidget is implemented in both "));
+  EXPECT_TRUE(logged([[copy stringByAppendingString:@"/FixtureWidget. The one in "] UTF8String]));
+}
+
+TEST_F(WidgetLoaderTest, TwoMakersWithOneClassNameHaveBothTheirWidgets) {
+  installWidget(@"one", @"FixtureOtherWidget");
+  load();
+  NSString *rival = installWidgetCopy(@"rival", @"FixtureRivalWidget", @{@"ZunoWidgetClass" : @"FixtureOtherWidget"});
+  EXPECT_EQ([load() count], 2u);
+  EXPECT_OBJC_EQ([[loader() widgetWithIdentifier:@"test.rival"] className], @"FixtureOtherWidget");
+  EXPECT_TRUE(logged([[@"and " stringByAppendingString:[rival stringByAppendingString:@"/FixtureRivalWidget."]] UTF8String]));
+}
+
+TEST_F(WidgetLoaderTest, AWidgetWithTheNameOfAClassOfSettingsIsRejectedAndHurtsNothing) {
+  installWidget(@"good", @"FixtureWidget");
+  Class page = NSClassFromString(@"SIMPropertyListPage");
+  ASSERT_NE(page, Nil);
+  NSString *folder = installWidgetCopy(@"clash", @"FixtureSettingsWidget", @{@"ZunoWidgetClass" : @"SIMPropertyListPage"});
+  EXPECT_EQ(rejections(line("[ZunoWidgetLoader] Widget class does not conform to protocol: %s", folder)), 1);
+  EXPECT_EQ(NSClassFromString(@"SIMPropertyListPage"), page);
+  EXPECT_TRUE(logged("objc: Class SIMPropertyListPage is implemented in both "));
+}
+
+TEST_F(WidgetLoaderTest, TheLogSaysWhyCodeDidNotLoad) {
+  NSString *unresolved = installWidget(@"unresolved", @"FixtureNeedsMissingCode");
+  load();
+  EXPECT_TRUE(logged(line("[Foundation] The code of %s was not loaded: ", unresolved)));
+  EXPECT_TRUE(logged("undefined symbol: fixtureFunctionThatNobodyHas"));
+}
+
 /// A holder of `widget`, which no bundle made.
 ZunoWidgetHolder *holderOf(id widget) {
   Class holders = [testing_support::builtBundle() classNamed:@"ZunoWidgetHolder"];

@@ -5,7 +5,7 @@ export function row(label, fields = {}) {
     id: null, cell: 'PSLinkCell', cellClass: 'PSTableCell', style: 'default', key: null, label, detail: null,
     value: null, enabled: true, selectable: true, accessory: 'none', image: null, imageStyle: null, control: null,
     labelColor: null, labelAlignment: 'natural', labelLines: 1, detailColor: null, accessibilityLabel: null,
-    canMove: false, swipeActions: [], height: 44, views: [], ...fields,
+    canMove: false, swipeActions: [], swipeOpen: false, height: 44, views: [], ...fields,
   };
 }
 

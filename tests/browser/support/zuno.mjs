@@ -43,6 +43,14 @@ export async function labelsOf(api) {
   return page.sections.map(({ rows }) => rows.map(({ label }) => label));
 }
 
+/** Scrolls the device's table until the row `label` is in the middle of its screen; the browser scrolls on its own. */
+export async function bringInSight(api, label) {
+  const { page } = await api('GET', '/api/screen');
+  const section = page.sections.findIndex(({ rows }) => rows.some((row) => row.label === label));
+  const row = page.sections[section].rows.findIndex((each) => each.label === label);
+  await api('POST', '/api/events', { type: 'scroll', to: [section, row] });
+}
+
 /** The rows that the browser shows in the group of this name, each as the first line of its text. */
 export async function shownIn(page, group) {
   await settled(page);

@@ -5,6 +5,7 @@
 #include "support/objc/ObjCMatchers.h"
 #include "support/objc/ObjCTest.h"
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -36,7 +37,40 @@ TEST(CoreFoundationTest, RetainAndReleaseCount) {
   EXPECT_EQ(deaths, 1);
 }
 
+TEST(CoreFoundationTest, TruthValuesAreATypeOfTheirOwn) {
+  @autoreleasepool {
+    const auto type = [](id object) { return CFGetTypeID((CFTypeRef)object); };
+    for (NSNumber *truth in @[ @(YES), @(NO), [NSNumber numberWithBool:YES], [NSNumber numberWithBool:NO] ]) {
+      EXPECT_EQ(type(truth), CFBooleanGetTypeID());
+    }
+    for (NSNumber *number in @[
+           @0, @1, @1.0, [NSNumber numberWithChar:1], [NSNumber numberWithUnsignedChar:1],
+           [NSNumber numberWithUnsignedInt:0], [NSNumber numberWithLongLong:1], [NSNumber numberWithFloat:0]
+         ]) {
+      EXPECT_EQ(type(number), CFNumberGetTypeID()) << [number objCType];
+    }
+    EXPECT_NE(CFNumberGetTypeID(), CFBooleanGetTypeID());
+  }
+}
+
+TEST(CoreFoundationTest, EveryBridgedTypeHasAnIdThatItSharesWithItsSubclasses) {
+  @autoreleasepool {
+    NSArray *samples = @[
+      @(YES), @1, @"text", [NSData data], [NSDate date], @[], @{}, [NSURL URLWithString:@"a:b"],
+      [[[NSObject alloc] init] autorelease]
+    ];
+    std::set<CFTypeID> types;
+    for (id sample in samples) types.insert(CFGetTypeID((CFTypeRef)sample));
+    EXPECT_EQ(types.size(), [samples count]);
+    EXPECT_EQ(CFGetTypeID((CFTypeRef)[NSMutableArray array]), CFGetTypeID((CFTypeRef)@[ @1 ]));
+    EXPECT_EQ(CFGetTypeID((CFTypeRef)[NSMutableString string]), CFGetTypeID(CFSTR("text")));
+    EXPECT_EQ(CFGetTypeID((CFTypeRef)[NSNull null]), CFGetTypeID((CFTypeRef)[samples lastObject]));
+  }
+}
+
 TEST(CoreFoundationDeathTest, ReleaseOfNullEndsTheProcess) { EXPECT_DEATH(CFRelease(nullptr), "CFRelease"); }
+
+TEST(CoreFoundationDeathTest, NothingHasNoType) { EXPECT_DEATH(CFGetTypeID(nullptr), "CFGetTypeID"); }
 
 struct Seen {
   std::vector<std::string> names;

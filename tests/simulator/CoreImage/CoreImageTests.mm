@@ -35,6 +35,15 @@ TEST_F(CoreImageTests, UnknownFiltersAreNil) {
   EXPECT_OBJC_EQ([[CIFilter filterWithName:@"CIColorInvert"] name], @"CIColorInvert");
 }
 
+TEST_F(CoreImageTests, AFilterCanBeRenamed) {
+  CIFilter *filter = [CIFilter filterWithName:@"CIColorInvert"];
+  NSMutableString *name = [NSMutableString stringWithString:@"Mine"];
+  [filter setName:name];
+  [name setString:@"Other"];
+  EXPECT_OBJC_EQ([filter name], @"Mine");
+  EXPECT_OBJC_EQ([[[filter copy] autorelease] name], @"Mine");
+}
+
 TEST_F(CoreImageTests, WithoutInputThereIsNoOutput) {
   EXPECT_OBJC_EQ([[CIFilter filterWithName:@"CIColorInvert"] outputImage], nil);
   EXPECT_OBJC_EQ(inverted(nil), nil);

@@ -1,4 +1,5 @@
 // The property-list files of NSDictionary and NSArray.
+#include "support/objc/DiskFaults.h"
 #include "support/objc/ObjCMatchers.h"
 #include "support/objc/ObjCTest.h"
 
@@ -7,31 +8,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <string>
 
 namespace {
-
-/// Lets no file grow beyond `size` bytes while it lives.
-class FileSizeLimit final {
- public:
-  explicit FileSizeLimit(rlim_t size) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    handler_ = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit{size, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, handler_);
-  }
-  FileSizeLimit(const FileSizeLimit &) = delete;
-  FileSizeLimit &operator=(const FileSizeLimit &) = delete;
-
- private:
-  rlimit before_{};
-  void (*handler_)(int);
-};
 
 /// Lets no further file be opened while it lives.
 class DescriptorLimit final {
@@ -204,7 +183,7 @@ TEST_F(PropertyListFileTest, AWriteThatFailsHalfWayLeavesTheOldFileAndNothingEls
   ASSERT_TRUE([old writeToFile:file_ atomically:YES]);
   NSDictionary *large = @{@"a" : [@"" stringByPaddingToLength:100000 withString:@"x" startingAtIndex:0]};
   {
-    const FileSizeLimit limit(4096);
+    const FullDisk limit(4096);
     NSError *error = nil;
     EXPECT_FALSE([large writeToFile:file_ atomically:YES]);
     EXPECT_FALSE([large writeToURL:[NSURL fileURLWithPath:file_] error:&error]);

@@ -19,6 +19,34 @@
 }
 @end
 
+/// Raises while it is made, or when it is to show its row. Is not reloaded in place.
+@interface FragileCell : PSTableCell
+@end
+@implementation FragileCell
+static bool gRaisesInInit = false;
+static bool gRaisesInRefresh = false;
+static int gRefreshes = 0;
+- (BOOL)canReload {
+  return NO;
+}
+- (id)initWithStyle:(UITableViewCellStyle)style
+    reuseIdentifier:(NSString *)identifier
+          specifier:(PSSpecifier *)specifier {
+  if (!(self = [super initWithStyle:style reuseIdentifier:identifier specifier:specifier])) return nil;
+
+  if (gRaisesInInit) {
+    [self release];
+    [NSException raise:NSGenericException format:@"a fragile cell"];
+  }
+  return self;
+}
+- (void)refreshCellContentsWithSpecifier:(PSSpecifier *)specifier {
+  [super refreshCellContentsWithSpecifier:specifier];
+  if (gRaisesInRefresh) [NSException raise:NSGenericException format:@"a fragile cell"];
+  ++gRefreshes;
+}
+@end
+
 @interface OwnCell : PSTableCell
 @end
 @implementation OwnCell
@@ -264,6 +292,31 @@ TEST_F(PSListUpdatesTest, DescribingALongPageManyTimesMakesNoMoreCells) {
   const NSUInteger first = [cells count];
   for (int round = 0; round < 5; ++round) collect();
   EXPECT_EQ([cells count], first);
+}
+
+TEST_F(PSListUpdatesTest, APageWhoseCellRaisesReloadsItsRowsAtOnceAfterwards) {
+  for (bool *raises : {&gRaisesInInit, &gRaisesInRefresh}) {
+    *raises = true;
+    writeList(@[
+      @{ @"cell" : @"PSGroupCell", @"id" : @"group" },
+      @{ @"cell" : @"PSTitleValueCell", @"label" : @"Row", @"id" : @"row", @"cellClass" : @"FragileCell" }
+    ]);
+    TestPage *page = makePage();
+    EXPECT_EQ(raisedBy([&] {
+                show(page);
+                cell(page, @"row");
+              }),
+              "NSGenericException");
+    EXPECT_OBJC_EQ([page cachedCellForSpecifierID:@"row"], nil) << "it never came into the table";
+    *raises = false;
+    ASSERT_NE(cell(page, @"row"), nil);
+    for (NSString *identifier in @[ @"row", @"group" ]) {
+      const int before = gRefreshes;
+      [page reloadSpecifierID:identifier];
+      cell(page, @"row");
+      EXPECT_GT(gRefreshes, before) << [identifier UTF8String];
+    }
+  }
 }
 
 }  // namespace

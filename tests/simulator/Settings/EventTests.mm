@@ -89,7 +89,7 @@ TEST_F(EventTest, ARowThatRefusesATapStaysAsItIs) {
 TEST_F(EventTest, SwitchesTakeTruthValues) {
   UISwitch *control = [[[UISwitch alloc] initWithFrame:CGRectZero] autorelease];
   ControlPage *page = startControl(control);
-  EXPECT_EQ(row(0, 0)["control"], Json({{"type", "switch"}}));
+  EXPECT_EQ(row(0, 0)["control"]["type"], "switch");
   EXPECT_EQ(row(0, 0)["value"], false);
   for (const Json &wrong : {Json(1), Json("true"), Json(), Json::array({true}), Json::object()}) {
     expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", wrong}}, 422);
@@ -195,6 +195,49 @@ TEST_F(EventTest, SwipeActionsAreNamedAndPerformed) {
   expectRefused({{"type", "tap"}, {"id", "swipe1.0.0.1"}}, 404);
 }
 
+TEST_F(EventTest, ASwipedRowStaysOpenUntilATouchElsewhereClosesIt) {
+  ListPage *page = startList(@[ @[ @"a", @"b" ] ]);
+  EXPECT_EQ(row(0, 1)["swipeOpen"], false);
+  EXPECT_EQ(send({{"type", "swipe"}, {"id", rowId(0, 1)}}), 200);
+  EXPECT_EQ(row(0, 1)["swipeOpen"], true);
+  EXPECT_EQ(row(0, 0)["swipeOpen"], false);
+  EXPECT_EQ(this->page()["editing"], false);
+  EXPECT_EQ(tap(rowId(0, 0)), 200);
+  EXPECT_EQ(calls(page), "") << "the touch closes the row and does nothing else";
+  EXPECT_EQ(row(0, 1)["swipeOpen"], false);
+  EXPECT_EQ(tap(rowId(0, 0)), 200);
+  EXPECT_EQ(calls(page), "tap 0.0");
+
+  EXPECT_EQ(send({{"type", "swipe"}, {"id", rowId(0, 1)}, {"open", true}}), 200);
+  EXPECT_EQ(send({{"type", "swipe"}, {"id", rowId(0, 0)}, {"open", false}}), 200);
+  EXPECT_EQ(row(0, 1)["swipeOpen"], true) << "another row is meant";
+  EXPECT_EQ(send({{"type", "swipe"}, {"id", rowId(0, 1)}, {"open", false}}), 200);
+  EXPECT_EQ(row(0, 1)["swipeOpen"], false);
+  EXPECT_EQ(send({{"type", "swipe"}, {"id", rowId(0, 1)}}), 200);
+  EXPECT_EQ(send({{"type", "scroll"}, {"to", {0, 0}}}), 200);
+  EXPECT_EQ(row(0, 1)["swipeOpen"], false);
+
+  for (const Json &bad : {Json{{"type", "swipe"}}, Json{{"type", "swipe"}, {"id", rowId(0, 0)}, {"open", 1}}}) {
+    expectRefused(bad, 400);
+  }
+  expectRefused({{"type", "swipe"}, {"id", "row1.0.2"}}, 404);
+  expectRefused({{"type", "swipe"}, {"id", "swipe1.0.0.0"}}, 404);
+  [page setEditing:YES animated:NO];
+  session().refresh();
+  expectRefused({{"type", "swipe"}, {"id", rowId(0, 0)}}, 422);
+}
+
+TEST_F(EventTest, AControlIsWorkedThoughARowStandsOpen) {
+  const auto control = objcxx::adopt([[UISwitch alloc] init]);
+  startControl(control.get());
+  EXPECT_EQ(send({{"type", "swipe"}, {"id", rowId(0, 0)}}), 200);
+  expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, 422);
+  EXPECT_EQ(row(0, 0)["swipeOpen"], true);
+  EXPECT_EQ(set(rowId(0, 0), true), 200);
+  EXPECT_TRUE([control.get() isOn]);
+  EXPECT_EQ(row(0, 0)["swipeOpen"], false);
+}
+
 TEST_F(EventTest, AnAlertCoversThePage) {
   ListPage *page = startList(@[ @[ @"a", @"b" ] ]);
   [page setEditing:YES animated:NO];
@@ -203,6 +246,7 @@ TEST_F(EventTest, AnAlertCoversThePage) {
   presentAlert(page);
   expectRefused({{"type", "tap"}, {"id", covered}}, 404);
   expectRefused({{"type", "set"}, {"id", covered}, {"value", true}}, 404);
+  expectRefused({{"type", "swipe"}, {"id", covered}}, 404);
   expectRefused({{"type", "move"}, {"from", {0, 0}}, {"to", {0, 1}}}, 404);
   expectRefused({{"type", "pick"}, {"path", "/a"}}, 422);
   EXPECT_EQ(calls(page), "");

@@ -202,6 +202,16 @@ TEST_F(FileTransferTest, SavingASharedItemEndsTheSheet) {
   EXPECT_EQ(shared(identifier), "404 Nothing on the screen shares this.");
 }
 
+TEST_F(FileTransferTest, ASharedPictureIsSavedUpright) {
+  UIGraphicsBeginImageContextWithOptions(CGSizeMake(6, 4), YES, 1);
+  UIImage *stored = UIGraphicsGetImageFromCurrentImageContext();
+  UIGraphicsEndImageContext();
+  share(@[ [UIImage imageWithCGImage:[stored CGImage] scale:1 orientation:UIImageOrientationRight] ]);
+  const std::string bytes = shared(item(0).value("id", ""));
+  UIImage *saved = [UIImage imageWithData:[NSData dataWithBytes:bytes.data() length:bytes.size()]];
+  EXPECT_TRUE(CGSizeEqualToSize([saved size], CGSizeMake(4, 6)));
+}
+
 TEST_F(FileTransferTest, WhatASharedItemCannotDoIsRefused) {
   UIActivityViewController *sheet = share(@[ @"text", [NSURL fileURLWithPath:write(@"/var/a.bin", "\xff")] ]);
   expectRefused({{"type", "tap"}, {"id", item(0)["id"]}}, 422);

@@ -17,12 +17,15 @@
   SEL _hookAt;
   id _hookTarget;
   SEL _hookAction;
+  UIViewController *_presentedOnLayout;
 }
 - (instancetype)initWithName:(const char *)name events:(std::vector<std::string> *)events;
 /// Counts the deallocation.
 - (void)countDeathIn:(int *)deaths;
 /// Sends `action` to `target` (not owned), once, when the method `selector` of this page runs.
 - (void)when:(SEL)selector send:(SEL)action to:(id)target;
+/// Presents `controller` (not owned), once, when its views are laid out.
+- (void)presentOnLayout:(UIViewController *)controller;
 - (void)note:(const char *)event animated:(BOOL)animated;
 @end
 

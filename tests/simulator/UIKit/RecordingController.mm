@@ -25,6 +25,17 @@
   _hookTarget = target;
 }
 
+- (void)presentOnLayout:(UIViewController *)controller {
+  _presentedOnLayout = controller;
+}
+
+- (void)viewDidLayoutSubviews {
+  [super viewDidLayoutSubviews];
+  UIViewController *presented = _presentedOnLayout;
+  _presentedOnLayout = nil;
+  if (presented) [self presentViewController:presented animated:YES completion:nil];
+}
+
 - (void)note:(const char *)event animated:(BOOL)animated {
   _events->push_back(_name + " " + event + (animated ? " animated" : ""));
 }

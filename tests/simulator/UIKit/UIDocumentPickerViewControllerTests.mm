@@ -2,6 +2,7 @@
 
 #import <Foundation/NSURL+Sim.h>
 #import <UIKit/UIDocumentPickerViewController+Sim.h>
+#import <dispatch/MainQueue+Sim.h>
 #import <support/objc/ObjCMatchers.h>
 #import <support/objc/ObjCTest.h>
 
@@ -10,7 +11,7 @@ using testing_support::Stage;
 @interface FileTaker : NSObject <UIDocumentPickerDelegate> {
  @public
   objcxx::Retained<NSURL> url;
-  BOOL dismissed;
+  BOOL leaving;
   int cancels;
 }
 @end
@@ -18,11 +19,11 @@ using testing_support::Stage;
 @implementation FileTaker
 - (void)documentPicker:(UIDocumentPickerViewController *)picker didPickDocumentAtURL:(NSURL *)given {
   url = objcxx::share(given);
-  dismissed = [picker presentingViewController] == nil;
+  leaving = [picker presentingViewController] && [picker isBeingDismissed];
 }
 - (void)documentPickerWasCancelled:(UIDocumentPickerViewController *)picker {
   ++cancels;
-  dismissed = [picker presentingViewController] == nil;
+  leaving = [picker presentingViewController] && [picker isBeingDismissed];
 }
 @end
 
@@ -43,6 +44,7 @@ namespace {
 class UIDocumentPickerTest : public DeviceTest {
  protected:
   void TearDown() override {
+    SIMDrainMainQueue();
     [NSURL sim_resetSecurityScopes];
     DeviceTest::TearDown();
   }
@@ -59,6 +61,25 @@ class UIDocumentPickerTest : public DeviceTest {
   objcxx::Retained<FileTaker> taker_ = objcxx::adopt([[FileTaker alloc] init]);
   Stage stage_;
 };
+
+TEST_F(UIDocumentPickerTest, offersOnlyFilesOfItsTypes) {
+  for (NSString *name in @[ @"Dark.plist", @"notes.txt", @"picture.png" ]) {
+    write([@"/var/mobile/Documents/" stringByAppendingString:name], "x");
+  }
+  const auto of = [](NSArray *types) {
+    return objcxx::adopt([[UIDocumentPickerViewController alloc] initWithDocumentTypes:types inMode:UIDocumentPickerModeOpen]);
+  };
+  EXPECT_OBJC_EQ([of(@[ @"com.apple.property-list" ]).get() sim_filePaths], @[ @"Dark.plist" ]);
+  EXPECT_OBJC_EQ([of(@[ @"public.image", @"public.text" ]).get() sim_filePaths], (@[ @"notes.txt", @"picture.png" ]));
+  EXPECT_OBJC_EQ([of(@[ @"com.example.preset" ]).get() sim_filePaths], @[]);
+  EXPECT_EQ([[of(@[ @"public.data" ]).get() sim_filePaths] count], 3u);
+
+  const auto lists = of(@[ @"com.apple.property-list" ]);
+  NSError *error = nil;
+  EXPECT_FALSE([lists.get() sim_pickFileAtPath:@"notes.txt" error:&error]);
+  EXPECT_FALSE([lists.get() sim_pickFileOfComputer:path(@"/var/mobile/Documents/notes.txt") named:@"notes.txt" error:&error]);
+  EXPECT_OBJC_EQ([error localizedDescription], @"“notes.txt” is of a type that cannot be picked here.");
+}
 
 }  // namespace
 
@@ -87,7 +108,8 @@ TEST_F(UIDocumentPickerTest, ImportGivesACopyThatHasToBeOpened) {
   const auto made = presentedPicker(UIDocumentPickerModeImport);
   EXPECT_TRUE([made.get() sim_pickFileAtPath:@"Dark.plist" error:NULL]);
   NSURL *url = taker_.get()->url.get();
-  EXPECT_TRUE(taker_.get()->dismissed);
+  EXPECT_TRUE(taker_.get()->leaving);
+  SIMDrainMainQueue();
   EXPECT_EQ(stage_.presented(), nil);
   EXPECT_OBJC_EQ([[url path] lastPathComponent], @"Dark.plist");
   EXPECT_OBJC_NE([url path], file);
@@ -103,7 +125,8 @@ TEST_F(UIDocumentPickerTest, AFileOfTheComputerIsGivenAsACopyUnderItsName) {
     const auto made = presentedPicker(mode);
     EXPECT_TRUE([made.get() sim_pickFileOfComputer:file named:@"Gr\u00FCn \U0001F33F.plist" error:NULL]);
     NSURL *url = taker_.get()->url.get();
-    EXPECT_TRUE(taker_.get()->dismissed);
+    EXPECT_TRUE(taker_.get()->leaving);
+    SIMDrainMainQueue();
     EXPECT_EQ(stage_.presented(), nil);
     EXPECT_OBJC_EQ([[url path] lastPathComponent], @"Gr\u00FCn \U0001F33F.plist");
     EXPECT_TRUE([[url path] hasPrefix:path(@"/var/mobile/tmp/Inbox/")]);
@@ -139,6 +162,7 @@ TEST_F(UIDocumentPickerTest, TheSameNameTwiceGivesTwoCopies) {
   write(@"/var/mobile/Documents/a.txt", "1");
   const auto one = presentedPicker(UIDocumentPickerModeImport);
   [one.get() sim_pickFileAtPath:@"a.txt" error:NULL];
+  SIMDrainMainQueue();
   const auto first = taker_.get()->url;
   write(@"/var/mobile/Documents/a.txt", "2");
   const auto two = presentedPicker(UIDocumentPickerModeImport);
@@ -174,6 +198,7 @@ TEST_F(UIDocumentPickerTest, TheDelegateIsToldOfTheEnd) {
   const auto made = presentedPicker(UIDocumentPickerModeImport);
   [made.get() sim_cancel];
   EXPECT_EQ(taker_.get()->cancels, 1);
-  EXPECT_TRUE(taker_.get()->dismissed);
+  EXPECT_TRUE(taker_.get()->leaving);
+  SIMDrainMainQueue();
   EXPECT_EQ(stage_.presented(), nil);
 }

@@ -248,6 +248,19 @@ TEST_F(UIGraphicsImageRendererTests, DrawsInABlock) {
   EXPECT_TRUE(CGSizeEqualToSize([[UIImage imageWithData:png] size], CGSizeMake(20, 20)));
 }
 
+TEST_F(UIGraphicsImageRendererTests, TheFormatIsACopy) {
+  EXPECT_EQ([UIGraphicsImageRenderer superclass], [UIGraphicsRenderer class]);
+  UIGraphicsImageRendererFormat *format = [UIGraphicsImageRendererFormat preferredFormat];
+  [format setOpaque:YES];
+  UIGraphicsRenderer *renderer =
+      [[[UIGraphicsImageRenderer alloc] initWithSize:CGSizeMake(1, 1) format:format] autorelease];
+  UIGraphicsImageRendererFormat *own = [renderer format];
+  EXPECT_NE(own, format);
+  EXPECT_TRUE([own isKindOfClass:[UIGraphicsImageRendererFormat class]]);
+  EXPECT_EQ([own scale], 3);
+  EXPECT_TRUE([own opaque]);
+}
+
 TEST_F(UIGraphicsImageRendererTests, TheContextEndsWithAnException) {
   UIGraphicsImageRenderer *renderer = [[[UIGraphicsImageRenderer alloc] initWithSize:CGSizeMake(5, 5)] autorelease];
   EXPECT_EQ(raisedBy([&] {

@@ -1,6 +1,7 @@
 #import "AlertSupport.h"
 
 #import <UIKit/UIImagePickerController+Sim.h>
+#import <dispatch/MainQueue+Sim.h>
 #import <support/objc/ObjCMatchers.h>
 #import <support/objc/ObjCTest.h>
 
@@ -44,6 +45,17 @@ class UIImagePickerControllerTest : public DeviceTest {
   objcxx::Retained<PhotoTaker> taker_ = objcxx::adopt([[PhotoTaker alloc] init]);
   Stage stage_;
 };
+
+TEST_F(UIImagePickerControllerTest, offersPhotosOnlyWhereItsTypesHaveThem) {
+  write(@"/var/mobile/Media/DCIM/100APPLE/IMG_0002.PNG", png(4));
+  const auto picker = objcxx::adopt([[UIImagePickerController alloc] init]);
+  const NSUInteger all = [[picker.get() sim_photoPaths] count];
+  ASSERT_GT(all, 0u);
+  [picker.get() setMediaTypes:@[ @"public.movie" ]];
+  EXPECT_EQ([[picker.get() sim_photoPaths] count], 0u);
+  [picker.get() setMediaTypes:@[ @"public.movie", @"public.image" ]];
+  EXPECT_EQ([[picker.get() sim_photoPaths] count], all);
+}
 
 }  // namespace
 
@@ -190,6 +202,7 @@ TEST_F(UIImagePickerControllerTest, WithoutADelegateThePickerDismissesItself) {
   const auto picker = presentedPicker();
   [picker.get() setDelegate:nil];
   [picker.get() sim_cancel];
+  SIMDrainMainQueue();
   EXPECT_EQ(stage_.presented(), nil);
 }
 

@@ -134,10 +134,18 @@ TEST_F(UIImageTests, OrientationTagsTurnTheImageNotItsPixels) {
   }
 }
 
-TEST_F(UIImageTests, IsDrawnAndEncodedUpright) {
+TEST_F(UIImageTests, APngForgetsTheOrientation) {
+  UIImage *turned = [UIImage imageWithData:data(withOrientation(encoded(*marked(40, 20), "jpeg"), 6, false))];
+  UIImage *again = [UIImage imageWithData:UIImagePNGRepresentation(turned)];
+  EXPECT_EQ([again imageOrientation], UIImageOrientationUp);
+  EXPECT_TRUE(CGSizeEqualToSize([again size], CGSizeMake(40, 20))) << "the pixels as they are stored";
+  EXPECT_GT(at(*pixelsOf(UIImagePNGRepresentation(turned)), 20, 1).green, 150);
+}
+
+TEST_F(UIImageTests, IsDrawnAndShownUpright) {
   // Green along the top of the stored pixels, which lies at the right when the picture stands upright.
   UIImage *turned = image(marked(40, 20), 1, UIImageOrientationRight);
-  const auto upright = pixelsOf(UIImagePNGRepresentation(turned));
+  const auto upright = pixelsOf([turned sim_encodedPNGWithLongestSide:0]);
   EXPECT_EQ(upright->width(), 20);
   EXPECT_EQ(upright->height(), 40);
   EXPECT_EQ(at(*upright, 18, 20), (Pixel{0, 255, 0, 255}));
@@ -200,6 +208,8 @@ TEST_F(UIImageTests, TheBrowserGetsTheFilesOwnBytes) {
   UIImage *image = [UIImage imageWithData:data(file)];
   EXPECT_OBJC_EQ([image sim_PNGDataWithLongestSide:0], data(file));
   EXPECT_OBJC_EQ([image sim_PNGDataWithLongestSide:30], data(file));
+  EXPECT_OBJC_NE([image sim_encodedPNGWithLongestSide:0], data(file));
+  EXPECT_EQ(pixelsOf([image sim_encodedPNGWithLongestSide:15])->width(), 15);
   const auto small = pixelsOf([image sim_PNGDataWithLongestSide:15]);
   EXPECT_EQ(small->width(), 15);
   EXPECT_EQ(small->height(), 10);

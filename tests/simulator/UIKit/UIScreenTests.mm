@@ -77,8 +77,25 @@ TEST_F(UIGeometryTests, Values) {
   EXPECT_EQ([[NSValue valueWithUIEdgeInsets:UIEdgeInsetsMake(1, 2, 3, 4)] UIEdgeInsetsValue].right, 4);
   EXPECT_TRUE(UIEdgeInsetsEqualToEdgeInsets([[NSValue valueWithCGPoint:CGPointMake(1, 2)] UIEdgeInsetsValue],
                                             UIEdgeInsetsZero));
+  EXPECT_TRUE(CGRectEqualToRect([[NSValue valueWithCGPoint:CGPointMake(1, 2)] CGRectValue], CGRectZero));
   const CGRect inset = UIEdgeInsetsInsetRect(CGRectMake(0, 0, 100, 100), UIEdgeInsetsMake(1, 2, 3, 4));
   EXPECT_TRUE(CGRectEqualToRect(inset, CGRectMake(2, 1, 94, 96)));
+}
+
+TEST_F(UIGeometryTests, ValuesNameTheirStructure) {
+  NSValue *value = [NSValue valueWithCGRect:CGRectMake(1, 2, 3, 4)];
+  EXPECT_STREQ([value objCType], "{CGRect={CGPoint=dd}{CGSize=dd}}");
+  EXPECT_OBJC_EQ(value, [NSValue valueWithCGRect:CGRectMake(1, 2, 3, 4)]);
+  EXPECT_OBJC_NE(value, [NSValue valueWithCGRect:CGRectMake(1, 2, 3, 5)]);
+}
+
+TEST_F(UIGeometryTests, KeyValueCodingBoxesStructures) {
+  UIView *view = [[[UIView alloc] initWithFrame:CGRectMake(1, 2, 3, 4)] autorelease];
+  EXPECT_TRUE(CGRectEqualToRect([[view valueForKey:@"frame"] CGRectValue], CGRectMake(1, 2, 3, 4)));
+  [view setValue:[NSValue valueWithCGRect:CGRectMake(5, 6, 7, 8)] forKey:@"frame"];
+  EXPECT_TRUE(CGRectEqualToRect([view frame], CGRectMake(5, 6, 7, 8)));
+  [view setValue:[NSValue valueWithCGPoint:CGPointMake(50, 60)] forKey:@"center"];
+  EXPECT_TRUE(CGPointEqualToPoint([view center], CGPointMake(50, 60)));
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #import <support/objc/ObjCMatchers.h>
 #import <support/objc/ObjCTest.h>
 
+#include <objcxx/BlockHandle.h>
+
 using objcxx::adopt;
 using testing_support::at;
 using testing_support::describedRows;
@@ -15,6 +17,9 @@ using testing_support::takeEvents;
 @end
 
 @implementation RowActionSource
+- (UITableViewCellEditingStyle)tableView:(UITableView *)tableView editingStyleForRowAtIndexPath:(NSIndexPath *)path {
+  return [path row] == 3 ? UITableViewCellEditingStyleNone : UITableViewCellEditingStyleDelete;
+}
 - (NSArray *)tableView:(UITableView *)tableView editActionsForRowAtIndexPath:(NSIndexPath *)path {
   UITableViewRowAction *remove =
       [UITableViewRowAction rowActionWithStyle:UITableViewRowActionStyleNormal
@@ -36,8 +41,11 @@ using testing_support::takeEvents;
 }
 @end
 
-/// Gives configurations for both sides.
-@interface ConfigurationSource : TableSource
+/// Gives configurations for both sides. The handler of the first row's actions never says that it is done.
+@interface ConfigurationSource : TableSource {
+ @public
+  objcxx::BlockHandle<void, BOOL> lastDone;
+}
 @end
 
 @implementation ConfigurationSource
@@ -47,7 +55,8 @@ using testing_support::takeEvents;
                                               title:title
                                             handler:^(UIContextualAction *given, UIView *view, void (^done)(BOOL)) {
                                               [self note:[[given title] UTF8String] at:path];
-                                              if ([view isKindOfClass:[UITableViewCell class]]) done(YES);
+                                              lastDone = objcxx::copyOf(done);
+                                              if ([view isKindOfClass:[UITableViewCell class]] && [path row]) done(YES);
                                             }];
   return [UISwipeActionsConfiguration configurationWithActions:@[ action ]];
 }
@@ -123,13 +132,102 @@ TEST_F(UITableViewSwipeTest, RowActionsAreDescribedInOrder) {
 TEST_F(UITableViewSwipeTest, PerformingRunsTheHandler) {
   RowActionSource *rows = show<RowActionSource>({5});
   EXPECT_TRUE([table() sim_performSwipeActionAtIndex:0 ofRow:at(0, 4)]);
-  EXPECT_EQ(takeEvents(rows), "begins 0.4, Delete 0.4, ends 0.4");
+  EXPECT_EQ(takeEvents(rows), "begins 0.4, Delete 0.4");
   EXPECT_TRUE([table() sim_performSwipeActionAtIndex:1 ofRow:at(0, 1)]);
-  takeEvents(rows);
+  EXPECT_EQ(takeEvents(rows), "ends 0.4, begins 0.1");
   EXPECT_FALSE([table() sim_performSwipeActionAtIndex:2 ofRow:at(0, 1)]);
   EXPECT_FALSE([table() sim_performSwipeActionAtIndex:0 ofRow:at(0, 5)]);
   EXPECT_FALSE([table() sim_performSwipeActionAtIndex:0 ofRow:nil]);
   EXPECT_EQ(takeEvents(rows), "");
+}
+
+TEST_F(UITableViewSwipeTest, ARowStaysOpenAfterItsActionUntilTheEditingEnds) {
+  RowActionSource *rows = show<RowActionSource>({5});
+  EXPECT_OBJC_EQ([table() sim_swipedRow], nil);
+  EXPECT_FALSE([table() sim_closeSwipedRow]);
+  EXPECT_TRUE([table() sim_swipeRowAtIndexPath:at(0, 1)]);
+  EXPECT_TRUE([table() sim_swipeRowAtIndexPath:at(0, 1)]);
+  EXPECT_EQ(takeEvents(rows), "begins 0.1");
+  EXPECT_TRUE([table() sim_performSwipeActionAtIndex:0 ofRow:at(0, 1)]);
+  EXPECT_OBJC_EQ([table() sim_swipedRow], at(0, 1));
+  EXPECT_TRUE([table() isEditing]);
+  EXPECT_EQ(takeEvents(rows), "Delete 0.1");
+  [table() setEditing:NO animated:YES];
+  EXPECT_OBJC_EQ([table() sim_swipedRow], nil);
+  EXPECT_FALSE([table() isEditing]);
+  EXPECT_EQ(takeEvents(rows), "ends 0.1");
+  EXPECT_FALSE([table() sim_swipeRowAtIndexPath:at(0, 3)]) << "a row without actions";
+  EXPECT_FALSE([table() sim_swipeRowAtIndexPath:at(0, 9)]);
+  EXPECT_EQ(takeEvents(rows), "");
+}
+
+TEST_F(UITableViewSwipeTest, OneRowIsOpenAtATime) {
+  RowActionSource *rows = show<RowActionSource>({5});
+  (void)[table() sim_swipeRowAtIndexPath:at(0, 1)];
+  (void)[table() sim_swipeRowAtIndexPath:at(0, 2)];
+  EXPECT_OBJC_EQ([table() sim_swipedRow], at(0, 2));
+  EXPECT_TRUE([table() sim_closeSwipedRow]);
+  EXPECT_EQ(takeEvents(rows), "begins 0.1, ends 0.1, begins 0.2, ends 0.2");
+}
+
+TEST_F(UITableViewSwipeTest, TheEditingModeClosesAnOpenRow) {
+  RowActionSource *rows = show<RowActionSource>({5});
+  (void)[table() sim_swipeRowAtIndexPath:at(0, 1)];
+  [table() setEditing:YES animated:NO];
+  EXPECT_OBJC_EQ([table() sim_swipedRow], nil);
+  EXPECT_TRUE([table() isEditing]);
+  EXPECT_EQ(takeEvents(rows), "begins 0.1, ends 0.1");
+}
+
+TEST_F(UITableViewSwipeTest, AnOpenRowMovesAlongAndClosesWhenItGoesOrIsLoadedAnew) {
+  RowActionSource *rows = show<RowActionSource>({5});
+  const auto open = [&] {
+    EXPECT_TRUE([table() sim_swipeRowAtIndexPath:at(0, 1)]);
+    takeEvents(rows);
+  };
+  open();
+  [[rows section:0] insertObject:@"new" atIndex:0];
+  [table() insertRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:UITableViewRowAnimationFade];
+  EXPECT_OBJC_EQ([table() sim_swipedRow], at(0, 2));
+  EXPECT_EQ(takeEvents(rows), "");
+  [[rows section:0] removeObjectAtIndex:2];
+  [table() deleteRowsAtIndexPaths:@[ at(0, 2) ] withRowAnimation:UITableViewRowAnimationFade];
+  EXPECT_EQ(takeEvents(rows), "ends 0.2");
+  open();
+  [table() reloadRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:UITableViewRowAnimationFade];
+  EXPECT_EQ(takeEvents(rows), "");
+  [table() reloadRowsAtIndexPaths:@[ at(0, 1) ] withRowAnimation:UITableViewRowAnimationFade];
+  EXPECT_EQ(takeEvents(rows), "ends 0.1");
+  open();
+  [table() reloadData];
+  EXPECT_EQ(takeEvents(rows), "ends 0.1");
+  EXPECT_OBJC_EQ([table() sim_swipedRow], nil);
+}
+
+TEST_F(UITableViewSwipeTest, AnOpenRowClosesWhenTheTableLeavesTheScreen) {
+  RowActionSource *rows = show<RowActionSource>({5});
+  const auto window = adopt([[UIWindow alloc] initWithFrame:CGRectMake(0, 0, 320, 88)]);
+  [window.get() addSubview:table()];
+  (void)[table() sim_swipeRowAtIndexPath:at(0, 1)];
+  [table() removeFromSuperview];
+  EXPECT_EQ(takeEvents(rows), "begins 0.1, ends 0.1");
+}
+
+TEST_F(UITableViewSwipeTest, AContextualActionClosesItsRowWhenItIsDone) {
+  ConfigurationSource *rows = show<ConfigurationSource>({3});
+  EXPECT_TRUE([table() sim_performSwipeActionAtIndex:0 ofRow:at(0, 1)]);
+  EXPECT_OBJC_EQ([table() sim_swipedRow], nil);
+  EXPECT_TRUE([table() sim_performSwipeActionAtIndex:0 ofRow:at(0, 0)]);
+  EXPECT_OBJC_EQ([table() sim_swipedRow], at(0, 0)) << "not done yet";
+  const auto late = rows->lastDone;
+  (void)[table() sim_swipeRowAtIndexPath:at(0, 2)];
+  late(YES);
+  EXPECT_OBJC_EQ([table() sim_swipedRow], at(0, 2)) << "that was for another row";
+  EXPECT_TRUE([table() sim_performSwipeActionAtIndex:0 ofRow:at(0, 0)]);
+  const auto timely = rows->lastDone;
+  timely(NO);
+  EXPECT_OBJC_EQ([table() sim_swipedRow], nil);
+  rows->lastDone = {};
 }
 
 TEST_F(UITableViewSwipeTest, ConfigurationsHaveTwoSides) {
@@ -154,6 +252,7 @@ TEST_F(UITableViewSwipeTest, ADeleteButtonStandsWhereRowsAreDeleted) {
   EXPECT_OBJC_EQ(action(1, 0), nil);
   EXPECT_TRUE([table() sim_performSwipeActionAtIndex:0 ofRow:at(0, 2)]);
   EXPECT_EQ(describedRows(table()), "a0 a1 a3");
+  EXPECT_OBJC_EQ([table() sim_swipedRow], nil);
 }
 
 TEST_F(UITableViewSwipeTest, TheEditingModeHasNoSwipes) {

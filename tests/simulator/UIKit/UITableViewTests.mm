@@ -105,6 +105,12 @@ class UITableViewTest : public ObjCTest {
   static objcxx::Retained<Source> source(std::vector<int> counts) {
     return adopt((Source *)[[Source alloc] initWithCounts:counts]);
   }
+  /// Cells in the queue are subviews too, hidden.
+  static int shownSubviews(UITableView *table) {
+    int count = 0;
+    for (UIView *view in [table subviews]) count += ![view isHidden];
+    return count;
+  }
 };
 
 }  // namespace
@@ -237,7 +243,7 @@ TEST_F(UITableViewTest, ADescribedCellIsInTheTableView) {
                                 EXPECT_GT([[cell textLabel] frame].size.width, 0);
                               }];
   EXPECT_EQ(visits, 5);
-  EXPECT_EQ([[table.get() subviews] count], 1u);
+  EXPECT_EQ(shownSubviews(table.get()), 1);
 }
 
 TEST_F(UITableViewTest, AVisitorThatRaisesLeavesNoGuest) {
@@ -250,7 +256,7 @@ TEST_F(UITableViewTest, AVisitorThatRaisesLeavesNoGuest) {
                                           }];
             }),
             "Visitor");
-  EXPECT_EQ([[table.get() subviews] count], 1u);
+  EXPECT_EQ(shownSubviews(table.get()), 1);
   EXPECT_EQ(describedRows(table.get()), "a0 a1 a2");
 }
 
@@ -433,21 +439,87 @@ TEST_F(UITableViewTest, RegisteredClassesMakeCells) {
 }
 @end
 
-TEST_F(UITableViewTest, AReusedCellIsMadeReadyAndAddedAgain) {
-  const auto rows = source<CountingSource>({1});
-  const auto table = adopt([[UITableView alloc] initWithFrame:CGRectMake(0, 0, 320, 100)]);
+namespace {
+
+objcxx::Retained<UITableView> tableOfCountingCells(TableSource *rows) {
+  auto table = adopt([[UITableView alloc] initWithFrame:CGRectMake(0, 0, 320, 100)]);
   [table.get() registerClass:[CountingCell class] forCellReuseIdentifier:@"Counting"];
-  [table.get() setDataSource:rows.get()];
+  [table.get() setDataSource:rows];
   [table.get() sim_prepareForDescription];
+  return table;
+}
+
+}  // namespace
+
+TEST_F(UITableViewTest, AReusedCellIsMadeReadyAndShowsAgainWithoutMoving) {
+  const auto rows = source<CountingSource>({1});
+  const auto table = tableOfCountingCells(rows.get());
   const auto cell = objcxx::share((CountingCell *)[table.get() cellForRowAtIndexPath:at(0, 0)]);
   EXPECT_EQ(cell.get()->moves, 1);
   EXPECT_EQ(cell.get()->reuses, 0);
   [table.get() reloadData];
-  EXPECT_EQ([cell.get() superview], nil);
+  EXPECT_EQ([cell.get() superview], table.get());
+  EXPECT_TRUE([cell.get() isHidden]) << "a cell in the queue stays where it is";
+  EXPECT_OBJC_EQ([table.get() indexPathForCell:cell.get()], nil);
   [table.get() layoutIfNeeded];
   EXPECT_EQ([table.get() cellForRowAtIndexPath:at(0, 0)], cell.get());
-  EXPECT_EQ(cell.get()->moves, 3);
+  EXPECT_FALSE([cell.get() isHidden]);
+  EXPECT_EQ(cell.get()->moves, 1);
   EXPECT_EQ(cell.get()->reuses, 1);
+}
+
+TEST_F(UITableViewTest, AFieldInACellThatLeavesTheScreenIsNoLongerEdited) {
+  const auto rows = source<CountingSource>({1});
+  const auto table = tableOfCountingCells(rows.get());
+  const auto window = adopt([[UIWindow alloc] initWithFrame:CGRectMake(0, 0, 320, 100)]);
+  [window.get() addSubview:table.get()];
+  const auto field = adopt([[UITextField alloc] initWithFrame:CGRectMake(0, 0, 100, 30)]);
+  [[[table.get() cellForRowAtIndexPath:at(0, 0)] contentView] addSubview:field.get()];
+  ASSERT_TRUE([field.get() becomeFirstResponder]);
+  [table.get() reloadData];
+  EXPECT_FALSE([field.get() isFirstResponder]);
+}
+
+/// Keeps its one cell.
+@interface KeepingSource : CountingSource {
+ @public
+  objcxx::Retained<CountingCell> kept;
+}
+@end
+
+@implementation KeepingSource
+- (UITableViewCell *)tableView:(UITableView *)tableView cellForRowAtIndexPath:(NSIndexPath *)indexPath {
+  return kept.get();
+}
+@end
+
+TEST_F(UITableViewTest, ACellThatTheDataSourceKeepsShowsAgainAndWaitsNoMore) {
+  const auto rows = source<KeepingSource>({1});
+  for (NSString *identifier in @[ @"Counting", @"" ]) {
+    rows.get()->kept = adopt([[CountingCell alloc] initWithStyle:UITableViewCellStyleDefault
+                                                 reuseIdentifier:[identifier length] > 0 ? identifier : nil]);
+    CountingCell *cell = rows.get()->kept.get();
+    const auto table = tableOfCountingCells(rows.get());
+    [table.get() reloadData];
+    const bool canWait = [identifier length] > 0;
+    EXPECT_EQ([cell superview], canWait ? table.get() : nil) << "what nobody can ask for is not kept";
+    [table.get() layoutIfNeeded];
+    EXPECT_EQ([table.get() cellForRowAtIndexPath:at(0, 0)], cell);
+    EXPECT_FALSE([cell isHidden]);
+    EXPECT_EQ(cell->reuses, 0);
+    EXPECT_EQ(cell->moves, canWait ? 1 : 3);
+    EXPECT_NE([table.get() dequeueReusableCellWithIdentifier:@"Counting"], cell);
+  }
+}
+
+TEST_F(UITableViewTest, OnlySoManyCellsWait) {
+  const auto rows = source<CountingSource>({100});
+  const auto table = tableOfCountingCells(rows.get());
+  [table.get() setFrame:CGRectMake(0, 0, 320, 4400)];
+  [table.get() sim_prepareForDescription];
+  [rows.get()->sections.get() removeAllObjects];
+  [table.get() reloadData];
+  EXPECT_EQ([[table.get() subviews] count], 64u);
 }
 
 #pragma mark - Scrolling

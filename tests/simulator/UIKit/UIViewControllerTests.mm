@@ -2,6 +2,7 @@
 
 #import <UIKit/UIScreen+Sim.h>
 #import <UIKit/UIViewController+Sim.h>
+#import <Foundation/SIMLog.h>
 #import <dispatch/MainQueue+Sim.h>
 #import <support/objc/ObjCMatchers.h>
 #import <support/objc/ObjCTest.h>
@@ -208,9 +209,93 @@ TEST_F(UIViewControllerTest, CompletionsFollowTheAppearanceCalls) {
   [a.get() presentViewController:b.get() animated:NO completion:^{ [a.get() note:"presented" animated:NO]; }];
   EXPECT_EQ(events(), "B loads, B willAppear, B didAppear, A presented");
   [a.get() dismissViewControllerAnimated:YES completion:^{ [a.get() note:"dismissed" animated:NO]; }];
-  EXPECT_EQ(events(), "B willDisappear animated, B didDisappear animated");
+  EXPECT_EQ(events(), "B willDisappear animated");
   SIMDrainMainQueue();
-  EXPECT_EQ(events(), "A dismissed");
+  EXPECT_EQ(events(), "B didDisappear animated, A dismissed");
+}
+
+TEST_F(UIViewControllerTest, AnAnimatedDismissalTakesUntilTheNextTurn) {
+  const auto a = page("A");
+  const auto b = page("B");
+  const auto window = windowShowing(a.get());
+  [a.get() presentViewController:b.get() animated:YES completion:nil];
+  EXPECT_OBJC_EQ([b.get() transitionCoordinator], nil);
+  [b.get() dismissViewControllerAnimated:YES completion:nil];
+  EXPECT_EQ([a.get() presentedViewController], b.get());
+  EXPECT_EQ([[b.get() view] window], window.get());
+  EXPECT_TRUE([b.get() isBeingDismissed]);
+  EXPECT_NE([b.get() transitionCoordinator], nil);
+  EXPECT_EQ([b.get() transitionCoordinator], [a.get() transitionCoordinator]);
+  EXPECT_TRUE([[a.get() transitionCoordinator]
+      animateAlongsideTransition:nil
+                      completion:^(id) {
+                        [a.get() note:[a.get() presentedViewController] ? "too early" : "free" animated:NO];
+                      }]);
+  events();
+  [a.get() dismissViewControllerAnimated:YES completion:^{ [a.get() note:"twice" animated:NO]; }];
+  SIMDrainMainQueue();
+  EXPECT_EQ(events(), "B didDisappear animated, A twice, A free");
+  EXPECT_OBJC_EQ([a.get() presentedViewController], nil);
+  EXPECT_EQ([[b.get() view] superview], nil);
+  EXPECT_FALSE([b.get() isBeingDismissed]);
+  EXPECT_OBJC_EQ([a.get() transitionCoordinator], nil);
+  EXPECT_OBJC_EQ([b.get() transitionCoordinator], nil);
+}
+
+TEST_F(UIViewControllerTest, APageOnItsWayOutTakesThoseAboveItAlong) {
+  const auto a = page("A");
+  const auto b = page("B");
+  const auto c = page("C");
+  const auto window = windowShowing(a.get());
+  [a.get() presentViewController:b.get() animated:NO completion:nil];
+  [b.get() presentViewController:c.get() animated:NO completion:nil];
+  [b.get() dismissViewControllerAnimated:YES completion:nil];  // C.
+  [a.get() dismissViewControllerAnimated:NO completion:nil];   // B, and C with it.
+  EXPECT_OBJC_EQ([a.get() presentedViewController], nil);
+  EXPECT_OBJC_EQ([c.get() presentingViewController], nil);
+  SIMDrainMainQueue();
+  EXPECT_OBJC_EQ([b.get() presentedViewController], nil);
+  EXPECT_FALSE([c.get() isBeingDismissed]);
+  EXPECT_EQ([c.get() sim_appearance], SIMAppearanceDisappeared);
+}
+
+TEST_F(UIViewControllerTest, APageThatPresentsOrIsOnItsWayPresentsNothingElseAndSaysSo) {
+  std::vector<std::string> log;
+  SIMSetLogHandler([](NSString *line, void *lines) {
+    static_cast<std::vector<std::string> *>(lines)->emplace_back([line UTF8String]);
+  }, &log);
+  const auto a = page("A");
+  const auto b = page("B");
+  const auto c = page("C");
+  const auto said = [&](const char *words) {
+    const bool found = log.size() == 1 && log[0].rfind("Attempt to present <RecordingController", 0) == 0 &&
+                       log[0].find(words) != std::string::npos;
+    log.clear();
+    return found;
+  };
+  [a.get() presentViewController:c.get() animated:YES completion:nil];
+  EXPECT_TRUE(said("whose view is not in the window hierarchy"));
+  const auto window = windowShowing(a.get());
+  [a.get() presentViewController:b.get() animated:YES completion:nil];
+  [a.get() presentViewController:c.get() animated:YES completion:nil];
+  EXPECT_TRUE(said("which is already presenting <RecordingController"));
+  [a.get() dismissViewControllerAnimated:YES completion:nil];
+  [a.get() presentViewController:c.get() animated:YES completion:nil];
+  EXPECT_TRUE(said("which is already presenting <RecordingController")) << "the dismissal is not over";
+  [b.get() presentViewController:c.get() animated:YES completion:nil];
+  EXPECT_TRUE(said("while a presentation is in progress!"));
+  SIMDrainMainQueue();
+  EXPECT_OBJC_EQ([a.get() presentedViewController], nil);
+  EXPECT_OBJC_EQ([c.get() presentingViewController], nil);
+
+  const auto d = page("D");
+  [d.get() presentOnLayout:c.get()];
+  [a.get() presentViewController:d.get() animated:YES completion:nil];
+  EXPECT_TRUE(said("while a presentation is in progress!")) << "it has not appeared yet";
+  [d.get() presentViewController:c.get() animated:YES completion:nil];
+  EXPECT_TRUE(log.empty());
+  EXPECT_EQ([d.get() presentedViewController], c.get());
+  SIMSetLogHandler(nullptr, nullptr);
 }
 
 TEST_F(UIViewControllerTest, TheOutermostParentPresents) {
@@ -330,7 +415,9 @@ TEST_F(UIViewControllerTest, APopoverIsMadeForPopoversAndSheetsOnly) {
   [a.get() setModalPresentationStyle:UIModalPresentationPopover];
   UIPopoverPresentationController *popover = [a.get() popoverPresentationController];
   EXPECT_NE(popover, nil);
+  EXPECT_TRUE([popover isKindOfClass:[UIPresentationController class]]);
   EXPECT_EQ([popover presentedViewController], a.get());
+  EXPECT_EQ([popover presentingViewController], nil);
   EXPECT_EQ([a.get() popoverPresentationController], popover);
 }
 

@@ -24,6 +24,11 @@ class DispatchTest : public ObjCTest {
   }
 };
 
+TEST_F(DispatchTest, AQueueIsAnObject) {
+  NSArray<dispatch_queue_t> *queues = @[ dispatch_get_main_queue() ];
+  EXPECT_OBJC_EQ([queues objectAtIndex:0], dispatch_get_main_queue());
+}
+
 TEST_F(DispatchTest, OnceRunsOnce) {
   static dispatch_once_t predicate;
   __block int runs = 0;

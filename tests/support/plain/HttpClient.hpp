@@ -1,7 +1,7 @@
 // A client that sends exactly the bytes that a test wants.
 #pragma once
 
-#include "device/Descriptor.hpp"
+#include "files/Descriptor.hpp"
 
 #include <nlohmann/json.hpp>
 

@@ -1,7 +1,7 @@
 // Running other programs.
 #pragma once
 
-#include "device/Descriptor.hpp"
+#include "files/Descriptor.hpp"
 
 #include <sys/types.h>
 

@@ -1,4 +1,5 @@
 import { html } from '/modules/htm-preact.mjs';
+import { cssColor } from '/colors.js';
 import { RowPicture } from '/phone/RowPicture.js';
 import { SegmentedControl } from '/phone/rows/SegmentedControl.js';
 import { Slider } from '/phone/rows/Slider.js';
@@ -20,7 +21,7 @@ export function ControlRow({ row, header }) {
       <div class="row-main" data-control=${type}>
         ${row.image && html`<${RowPicture} row=${row} />`}
         <span class="row-label">${label}</span>
-        <span class="spinner" role="progressbar" aria-label=${name}></span>
+        <span class="spinner" role="progressbar" aria-label=${name} style=${{ color: cssColor(row.control.color) }}></span>
       </div>`;
   }
   // A group of radio buttons has no single element that a label could name.

@@ -1,4 +1,7 @@
 import { html, useContext, useEffect, useState } from '/modules/htm-preact.mjs';
+import { cssColor } from '/colors.js';
+import { Picture } from '/images.js';
+import { setOnly } from '/phone/look.js';
 import { SessionContext } from '/session.js';
 
 const unseenDecimals = 2;
@@ -6,7 +9,7 @@ const unseenDecimals = 2;
 /** A number within [min, max]. It is sent when the knob is let go. `row.detail` is how the device writes it, if it does. */
 export function Slider({ row, name }) {
   const session = useContext(SessionContext);
-  const { min = 0, max = 1 } = row.control;
+  const { min = 0, max = 1, minimumImage, maximumImage } = row.control;
   const stored = clamp(Number(row.value), min, max);
   const [shown, setShown] = useState(stored);
   useEffect(() => setShown(stored), [row]);
@@ -17,12 +20,22 @@ export function Slider({ row, name }) {
   };
   const share = max > min ? (shown - min) / (max - min) : 0;
   const written = row.detail ?? '';
-  const text = written && shown === stored ? written : shown.toFixed(written ? decimalsOf(written) : unseenDecimals);
+  const number = written && shown === stored ? written : shown.toFixed(written ? decimalsOf(written) : unseenDecimals);
   return html`
-    <input type="range" class="slider" data-part="main" data-own-keys aria-label=${name} aria-valuetext=${text}
+    ${minimumImage && html`<${Picture} class="slider-image" image=${minimumImage} />`}
+    <input type="range" class="slider" data-part="main" data-own-keys aria-label=${name} aria-valuetext=${(shown === stored && row.accessibilityValue) || number}
+      aria-description=${row.accessibilityHint || undefined}
       min=${min} max=${max} step="any" value=${shown} disabled=${row.enabled === false}
-      style=${{ '--share': share }} onInput=${input} onChange=${change} />
-    ${written && html`<output class="slider-value">${text}</output>`}`;
+      style=${{ '--share': share, ...tintsOf(row.control) }} onInput=${input} onChange=${change} />
+    ${maximumImage && html`<${Picture} class="slider-image" image=${maximumImage} />`}
+    ${written && html`<output class="slider-value">${number}</output>`}`;
+}
+
+function tintsOf(control) {
+  return setOnly({
+    '--control-tint': cssColor(control.minimumTrackTintColor), '--track': cssColor(control.maximumTrackTintColor),
+    '--thumb': cssColor(control.thumbTintColor),
+  });
 }
 
 function decimalsOf(text) {

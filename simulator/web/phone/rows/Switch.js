@@ -1,4 +1,6 @@
 import { html, useContext, useEffect, useState } from '/modules/htm-preact.mjs';
+import { cssColor } from '/colors.js';
+import { setOnly } from '/phone/look.js';
 import { SessionContext } from '/session.js';
 
 /** On or off. It turns at once, and turns back if the simulator did not take the change. */
@@ -15,7 +17,12 @@ export function Switch({ row, name }) {
   };
   return html`
     <input type="checkbox" role="switch" class="switch" data-part="main" aria-label=${name} checked=${shown}
-      disabled=${row.enabled === false} onChange=${change} />`;
+      aria-description=${row.accessibilityHint || undefined} disabled=${row.enabled === false} onChange=${change}
+      style=${tintsOf(row.control)} />`;
+}
+
+function tintsOf({ onTintColor, thumbTintColor }) {
+  return setOnly({ '--switch-on': cssColor(onTintColor), '--thumb': cssColor(thumbTintColor) });
 }
 
 function isOn(value) {
