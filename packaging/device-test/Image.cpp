@@ -74,7 +74,8 @@ std::vector<std::pair<std::string, std::int64_t>> importsIn(Bytes chains) {
       }
       case 3: {
         const auto word = number<std::uint64_t>(chains, at + i * 16);
-        imports.emplace_back(text(chains, names + bits(word, 32, 32), 4096), number<std::int64_t>(chains, at + i * 16 + 8));
+        const auto addend = number<std::int64_t>(chains, at + i * 16 + 8);
+        imports.emplace_back(text(chains, names + bits(word, 32, 32), 4096), addend);
         break;
       }
       default: fail("the imports have an unknown format");

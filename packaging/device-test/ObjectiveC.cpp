@@ -138,11 +138,10 @@ void check(const MethodList* list, const std::string& owner) {
 
 void check(const Class& known) {
   const auto name = nameOf(known);
-  for (const auto& [place, schema, what] :
-       {std::tuple(&known.isa, kIsa, "the isa of "), std::tuple(&known.superclass, kSuperclass, "the superclass of ")}) {
-    const auto* other = checked<const Class>(*place, schema, what + name);
-    if (!isInImage(other) && !standInOf(other)) fail(what + name + " is no class");
-  }
+  const auto* isa = checked<const Class>(known.isa, kIsa, "the isa of " + name);
+  if (!isInImage(isa) && !standInOf(isa)) fail("the isa of " + name + " is no class");
+  const auto* superclass = checked<const Class>(known.superclass, kSuperclass, "the superclass of " + name);
+  if (!isInImage(superclass) && !standInOf(superclass)) fail("the superclass of " + name + " is no class");
   check(methodsOf(dataOf(known, name).methods, name), name);
 }
 
@@ -253,13 +252,16 @@ extern "C" std::uint64_t device_test_lookup(const std::uint64_t* receiver, const
     const Method* method = nullptr;
     for (const auto* category : runtime.categories) {
       const bool isMeta = data.flags & kIsMeta;
-      if (isMeta ? checked<const Class>(category->extended->isa, kIsa, name) != known : category->extended != known) continue;
+      const auto* extended = category->extended;
+      if (isMeta) extended = checked<const Class>(extended->isa, kIsa, "the isa of " + name);
+      if (extended != known) continue;
       const auto& place = isMeta ? category->classMethods : category->instanceMethods;
       if ((method = find(methodsOf(place, name), selector))) break;
     }
     if (!method) method = find(methodsOf(data.methods, name), selector);
     if (method) {
-      return reinterpret_cast<std::uint64_t>(checked<void>(method->implementation, kImplementation, name + " " + selector));
+      const auto what = "the code of " + name + " " + selector;
+      return reinterpret_cast<std::uint64_t>(checked<void>(method->implementation, kImplementation, what));
     }
     known = checked<const Class>(known->superclass, kSuperclass, "the superclass of " + name);
   }

@@ -1,5 +1,5 @@
 // std::istringstream, as far as reading one number from it goes: the slice builds the object itself, out of virtual
-// tables of the C++ library, and calls the library and its virtual functions for the rest.
+// tables of the C++ library or its own, and calls the library and its virtual functions for the rest.
 //
 // Layouts: the Itanium C++ ABI, and libc++'s headers. What is signed how: clang's documentation of pointer
 // authentication (entries of virtual tables: key IA, place and the name of the function; entries of a VTT: key DA).
@@ -27,6 +27,13 @@ struct IosFields {
 };
 static_assert(offsetof(IosFields, buffer) == 40);
 
+/// The start of a std::streambuf; all that it has to read lies between `next` and `end`.
+struct BufferFields {
+  const void* virtualTable;
+  const void* locale;
+  const char *begin, *next, *end;
+};
+
 /// A std::locale: returned through memory, as it has a destructor.
 struct Locale {
   const void* facets = nullptr;
@@ -37,7 +44,7 @@ struct Locale {
 };
 
 Locale classicLocale;
-std::map<const void*, std::string> contents;  // By string buffer.
+std::map<const void*, std::string> contents;  // Of the string buffers that the slice does not fill itself.
 
 Locale* classic() { return &classicLocale; }
 void copyLocale(Locale* to, const Locale* from) { new (to) Locale(*from); }
@@ -56,12 +63,18 @@ void initialize(IosFields* ios, void* buffer) {
 
 Locale imbueIos(void*, const Locale*) { return {}; }
 void imbueBuffer(void*, const Locale*) {}
-void makeBuffer(void*) {}
-void destroyBuffer(void* buffer) { contents.erase(buffer); }
-void setText(void* buffer, const std::string& text) { contents[buffer] = text; }
+void makeBuffer(BufferFields* buffer) { buffer->begin = buffer->next = buffer->end = nullptr; }
+void destroyBuffer(BufferFields* buffer) { contents.erase(buffer); }
+
+void setText(BufferFields* buffer, const std::string& text) {
+  const auto& own = contents[buffer] = text;
+  buffer->begin = buffer->next = own.data();
+  buffer->end = own.data() + own.size();
+}
 
 void* readNumber(char* stream, double* number) {
-  *number = std::strtod(contents[stream + kBufferOffset].c_str(), nullptr);  // The process has no locale.
+  const auto* buffer = reinterpret_cast<const BufferFields*>(stream + kBufferOffset);
+  *number = std::strtod(std::string(buffer->next, buffer->end).c_str(), nullptr);  // The process has no locale.
   return stream;
 }
 
@@ -75,7 +88,7 @@ std::uint64_t streamTable[10], streamPartTable[3], iosPartTable[3], bufferTable[
 std::uint64_t parts[4];  // The VTT.
 
 void buildTables() {
-  // Before each address that an object points to: the offset of the virtual base or call, the offset to the top, the type.
+  // Before the address that an object points to: the offset of the virtual base or call, that to the top, the type.
   streamTable[0] = kIosOffset;
   streamTable[5] = streamTable[6] = -kIosOffset;
   streamPartTable[0] = kIosOffset;
@@ -105,6 +118,7 @@ std::map<std::string, std::uint64_t> streamStandIns() {
       {"__ZNSt3__16localeaSERKS0_", addressOf(assignLocale)},
       {"__ZNSt3__115basic_streambufIcNS_11char_traitsIcEEEC2Ev", addressOf(makeBuffer)},
       {"__ZNSt3__115basic_streambufIcNS_11char_traitsIcEEED2Ev", addressOf(destroyBuffer)},
+      {"__ZNSt3__115basic_streambufIcNS_11char_traitsIcEEE5imbueERKNS_6localeE", addressOf(imbueBuffer)},
       {"__ZNSt3__115basic_stringbufIcNS_11char_traitsIcEENS_9allocatorIcEEE3strERKNS_12basic_stringIcS2_S4_EE",
        addressOf(setText)},
       {"__ZNSt3__113basic_istreamIcNS_11char_traitsIcEEErsERd", addressOf(readNumber)},

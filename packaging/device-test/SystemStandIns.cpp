@@ -14,12 +14,15 @@ void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 template class std::basic_string<char>;
 
-// The C++ library names these in its headers and keeps them in its binary.
-extern "C" {
-void zuno_append() __asm__("_ZNSt3__112basic_stringIcNS_11char_traitsIcEENS_9allocatorIcEEE6appendEPKcm");
-void zuno_push_back() __asm__("_ZNSt3__112basic_stringIcNS_11char_traitsIcEENS_9allocatorIcEEE9push_backEc");
-void zuno_copy() __asm__("_ZNSt3__112basic_stringIcNS_11char_traitsIcEENS_9allocatorIcEEEC1ERKS5_");
-}
+// The members of std::string that the headers name and the library's binary holds, by what follows the
+// name of the class in theirs.
+#define STRING_MEMBER(id, name) extern "C" void id() __asm__("_ZN" STRING name);
+#define STRING "St3__112basic_stringIcNS_11char_traitsIcEENS_9allocatorIcEEE"
+STRING_MEMBER(string_append, "6appendEPKcm")
+STRING_MEMBER(string_push_back, "9push_backEc")
+STRING_MEMBER(string_resize, "6resizeEmc")
+STRING_MEMBER(string_assign, "aSERKS5_")
+STRING_MEMBER(string_copy, "C1ERKS5_")
 
 namespace device_test {
 namespace {
@@ -56,9 +59,11 @@ std::map<std::string, std::uint64_t> systemStandIns() {
       {"__Znwm", addressOf(static_cast<void* (*)(std::size_t)>(operator new))},
       {"__ZdlPv", addressOf(static_cast<void (*)(void*) noexcept>(operator delete))},
       {"__ZdlPvm", addressOf(static_cast<void (*)(void*, std::size_t) noexcept>(operator delete))},
-      {"__ZNSt3__112basic_stringIcNS_11char_traitsIcEENS_9allocatorIcEEE6appendEPKcm", addressOf(zuno_append)},
-      {"__ZNSt3__112basic_stringIcNS_11char_traitsIcEENS_9allocatorIcEEE9push_backEc", addressOf(zuno_push_back)},
-      {"__ZNSt3__112basic_stringIcNS_11char_traitsIcEENS_9allocatorIcEEEC1ERKS5_", addressOf(zuno_copy)},
+      {"__ZN" STRING "6appendEPKcm", addressOf(string_append)},
+      {"__ZN" STRING "9push_backEc", addressOf(string_push_back)},
+      {"__ZN" STRING "6resizeEmc", addressOf(string_resize)},
+      {"__ZN" STRING "aSERKS5_", addressOf(string_assign)},
+      {"__ZN" STRING "C1ERKS5_", addressOf(string_copy)},
   };
 }
 

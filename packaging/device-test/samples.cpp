@@ -14,7 +14,9 @@ namespace {
 constexpr int kSound = 600;
 constexpr int kDamaged = 4000;
 
-void write(std::ostream& out, std::uint32_t number) { out.write(reinterpret_cast<const char*>(&number), sizeof number); }
+void write(std::ostream& out, std::uint32_t number) {
+  out.write(reinterpret_cast<const char*>(&number), sizeof number);
+}
 
 void write(std::ostream& out, const std::string& text) {
   write(out, static_cast<std::uint32_t>(text.size()));

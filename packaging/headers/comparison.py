@@ -42,7 +42,7 @@ def facts(ours, is_ours):
 
 
 def differences(ours, theirs, is_ours, oldest):
-    """Every way in which our facts are not the platform's. oldest: the version of iOS that everything has to exist in."""
+    """Every way in which our facts are not the platform's. oldest: the version of iOS that has to know everything."""
     for fact, find in facts(ours, is_ours):
         same = find(theirs)
         if same is None:
@@ -57,7 +57,8 @@ def differences(ours, theirs, is_ours, oldest):
             continue
         superclass = theirs.containers[key].superclass
         if superclass != container.superclass:
-            yield Difference(fact, f"superclass {container.superclass or 'none'} here, {superclass or 'none'} in the SDK")
+            own = container.superclass or "none"
+            yield Difference(fact, f"superclass {own} here, {superclass or 'none'} in the SDK")
         for protocol in sorted(container.protocols):
             if not theirs.adopts(key, protocol):
                 yield Difference(fact, f"adopts {protocol} here, not in the SDK")

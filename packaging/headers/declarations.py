@@ -9,7 +9,9 @@ type names resolved.
 import ctypes
 from dataclasses import dataclass, field
 
-from clang.cindex import CursorKind, Diagnostic, Index, TranslationUnit, TranslationUnitLoadError, conf
+from clang.cindex import (
+    AvailabilityKind, CursorKind, Diagnostic, Index, TranslationUnit, TranslationUnitLoadError, conf,
+)  # fmt: skip
 
 
 class HeaderError(Exception):
@@ -56,7 +58,8 @@ _CLASS_PROPERTY = 0x1000  # CXObjCPropertyAttr_class.
 def _spelling(type_):
     """The type with all type names resolved, as it is compared.
 
-    noexcept comes from the C++ form of C headers. The 64-bit integer is a `long long` on the platform and a `long` here.
+    noexcept comes from the C++ form of C headers. The integer of 64 bits is a `long long` on the platform and a `long`
+    here.
     """
     return type_.get_canonical().spelling.removesuffix(" noexcept").replace("long long", "long")
 
@@ -79,7 +82,7 @@ def _introduced(cursor):
 
 
 class Declarations:
-    """What `source` declares with everything that it includes.
+    """What `source` declares with everything that it includes. What the platform does not have is left out.
 
     arguments: those of the compiler. files: contents by path that take the place of what lies there.
     Raises HeaderError with the compiler's first error.
@@ -153,7 +156,7 @@ class Declarations:
         return Fact(key, value, file.name if file else "", cursor.location.line, _introduced(cursor))
 
     def _add(self, kind, cursor, value):
-        if cursor.spelling:
+        if cursor.spelling and cursor.availability != AvailabilityKind.NOT_AVAILABLE:
             key = f"{kind} {cursor.spelling}"
             self.facts.setdefault(key, self._fact(key, value, cursor))
 
@@ -184,6 +187,8 @@ class Declarations:
                     self._add_member(container, key, f"property {child.spelling}", child)
 
     def _add_member(self, container, key, name, cursor):
+        if cursor.availability == AvailabilityKind.NOT_AVAILABLE:
+            return
         value = cursor.objc_type_encoding
         if cursor.kind == CursorKind.OBJC_PROPERTY_DECL and (
             _call("clang_Cursor_getObjCPropertyAttributes", cursor, 0) & _CLASS_PROPERTY

@@ -26,7 +26,8 @@ CGFloat shownFontSize(UILabel *label) {
   const CGFloat room = [label bounds].size.width;
   if (![label adjustsFontSizeToFitWidth] || [label numberOfLines] != 1 || room <= 0) return size;
   const CGFloat width = [label sizeThatFits:CGSizeZero].width;
-  return width <= room ? size : size * std::clamp<CGFloat>(room / width, std::min<CGFloat>([label minimumScaleFactor], 1), 1);
+  const CGFloat least = std::min<CGFloat>([label minimumScaleFactor], 1);
+  return width <= room ? size : size * std::clamp<CGFloat>(room / width, least, 1);
 }
 
 void writeTextShadow(JsonText &out, UILabel *label) {

@@ -17,6 +17,7 @@ FOLDERS = ['CoreFoundation', 'CoreGraphics', 'CoreImage', 'Foundation', 'UIKit',
 KEPT = {
     'PSListController.specifierID': 'for the bundle to read back',
     'PSSpecifier.userInfo': 'for the bundle to read back',
+    'CIFilter.name': 'for the bundle to read back',
     'UIBarItem.tag': 'for the bundle to read back',
     'UIView.tag': 'for viewWithTag:, which the bundle asks',
     'UIView.opaque': 'a promise for the sake of speed, without a look',

@@ -106,6 +106,13 @@ class CompareHeadersTest(unittest.TestCase):
                          self.problems("- (void)more;", "- (void)more; - (void)less;"))  # fmt: skip
         self.assertEqual(["method +[Thing more]: not in the SDK"], self.problems("- (void)more;", "+ (void)more;"))
 
+    def test_what_the_platform_calls_unavailable_is_not_there(self):
+        ours = PLATFORM.replace("- (void)more;", "- (void)more;\n- (void)less;")
+        result = self.run_on(ours, self.sdk(ours.replace("less;", "less __attribute__((unavailable));")))
+        self.assertIn("method -[Thing less]: not in the SDK", result.stderr)
+        result = self.run_on(PLATFORM, self.sdk(PLATFORM.replace("extern Root", "__attribute__((unavailable)) extern Root")))
+        self.assertIn("constant ThingName: not in the SDK", result.stderr)
+
     def test_another_encoding(self):
         self.assertEqual(["method -[Thing holds:at:]: B28@0:8@16f24 here, B32@0:8@16d24 in the SDK"],
                          self.problems("at:(double)place", "at:(float)place"))  # fmt: skip
@@ -127,9 +134,9 @@ class CompareHeadersTest(unittest.TestCase):
                                  "@protocol Strange @end")))  # fmt: skip
 
     def test_a_protocol_that_the_platform_does_not_adopt(self):
+        root = "__attribute__((objc_root_class)) @interface Root"
         self.assertEqual(["class Root: adopts Dressed here, not in the SDK"],
-                         self.problems("__attribute__((objc_root_class)) @interface Root",
-                                       "@protocol Dressed;\n__attribute__((objc_root_class)) @interface Root <Dressed>"))  # fmt: skip
+                         self.problems(root, f"@protocol Dressed;\n{root} <Dressed>"))  # fmt: skip
         self.assertEqual([], self.problems("@interface Thing : Base", "@interface Thing : Base <Dressed>"))
 
     def test_a_method_of_a_protocol_that_is_not_optional(self):

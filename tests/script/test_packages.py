@@ -175,7 +175,7 @@ class PackagesTest(unittest.TestCase):
 
     def test_an_unknown_purpose_is_refused(self):
         result = self.bootstrap("everything")
-        self.assertEqual((2, "usage: script/bootstrap run|test|bench|package|mutate\n"), (result.returncode, result.stderr))
+        self.assertEqual((2, "usage: script/bootstrap run|test|bench|mutate|package|device-test\n"), (result.returncode, result.stderr))
 
 
 if __name__ == "__main__":

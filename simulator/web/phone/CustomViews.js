@@ -50,7 +50,8 @@ function View({ view, background }) {
       ${view.text && html`<${Label} view=${view} background=${below} />`}
       ${view.image && html`
         <${Picture} alt=${view.isAccessibilityElement ? '' : view.accessibilityLabel ?? ''}
-          image=${{ ...view.image, width, height }} style=${{ objectFit: objectFitOf(view.contentMode), ...radiusOf(view) }} />`}
+          image=${{ ...view.image, width, height }}
+          style=${{ objectFit: objectFitOf(view.contentMode), ...radiusOf(view) }} />`}
       ${view.type === 'scroll' ? html`<${Scrolled} view=${view}>${children}<//>` : children}
       <${Border} layer=${view.layer} />
     </span>`;
@@ -73,7 +74,8 @@ function Scrolled({ view, children }) {
   const [width, height] = view.contentSize;
   const [top, left, bottom, right] = view.contentInset;
   const content = {
-    width: `${width + left + right}px`, height: `${height + top + bottom}px`, paddingTop: `${top}px`, paddingLeft: `${left}px`,
+    width: `${width + left + right}px`, height: `${height + top + bottom}px`, paddingTop: `${top}px`,
+    paddingLeft: `${left}px`,
   };
   return html`
     <span class="scroll-view" data-scrolls=${view.scrolls}>

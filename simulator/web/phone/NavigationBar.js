@@ -89,7 +89,8 @@ function BarButton({ button, ground }) {
   const name = button.title || known?.name || button.systemItem || 'Button';
   const symbol = !button.title && known?.symbol;
   const isStrong = known?.strong || button.style === 'done';
-  const label = button.accessibilityLabel || (button.view && textOf(button.view)) || (symbol || button.image ? name : undefined);
+  const label = button.accessibilityLabel || (button.view && textOf(button.view))
+    || (symbol || button.image ? name : undefined);
   const style = {
     color: button.enabled === false ? undefined : cssColor(button.tintColor),
     width: button.width > 0 ? `${button.width}px` : undefined,

@@ -47,7 +47,8 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
   const ground = page.backgroundColor ? pairOf(page.backgroundColor) : 'page';
   const [insetTop, insetBottom] = page.contentInset ?? [0, 0];
   const style = setOnly({
-    backgroundColor: cssColor(page.backgroundColor), '--separator': cssColor(page.separatorColor), '--inset-top': `${insetTop}px`, '--inset-bottom': `${insetBottom}px`,
+    backgroundColor: cssColor(page.backgroundColor), '--separator': cssColor(page.separatorColor),
+    '--inset-top': `${insetTop}px`, '--inset-bottom': `${insetBottom}px`,
   });
   return html`
     <div class=${`page page-${page.style ?? 'insetGrouped'}`} data-leaving=${leaving} inert=${leaving}
@@ -56,7 +57,8 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
       ${page.backgroundView && html`<${CustomViews} views=${[page.backgroundView]} on="page" />`}
       <${NavigationBar} page=${page} solid=${scrolled.bar} large=${large} showTitle=${!large || scrolled.title}
         heading=${large ? null : heading} />
-      <div class="scroller" ref=${scroller} onScroll=${follow} data-scrolls=${String(page.scrolls !== false)} tabindex=${hasStops(page) ? undefined : 0}
+      <div class="scroller" ref=${scroller} onScroll=${follow}
+        data-scrolls=${String(page.scrolls !== false)} tabindex=${hasStops(page) ? undefined : 0}
         role=${hasStops(page) ? undefined : 'region'} aria-label=${hasStops(page) ? undefined : title}>
         ${large && html`<h2 class="large-title" ref=${heading} tabindex="-1" data-page-heading
           style=${{ color: cssColor(page.bar?.largeTitleColor) }}>${title}</h2>`}

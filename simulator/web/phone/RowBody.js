@@ -27,7 +27,8 @@ export function RowBody({ row, header, isChoice, tap, tapAccessory }) {
     ${!row.accessoryView && row.accessory?.startsWith('detail') && html`
       <button type="button" class="accessory-button" data-part="accessory" disabled=${row.enabled === false}
         aria-label=${`More about ${row.label || 'this row'}`} onClick=${tapAccessory}><${Info} /></button>`}
-    ${!row.accessoryView && row.accessory === 'detailDisclosureButton' && html`<span class="accessory-beside"><${Disclosure} /></span>`}`;
+    ${!row.accessoryView && row.accessory === 'detailDisclosureButton' && html`
+      <span class="accessory-beside"><${Disclosure} /></span>`}`;
 }
 
 function Tappable({ row, isChoice, tap, children }) {
@@ -70,6 +71,8 @@ function Texts({ row }) {
 
 function AccessorySymbol({ kind, tint }) {
   if (kind === 'disclosureIndicator') return html`<span class="accessory"><${Disclosure} /></span>`;
-  if (kind === 'checkmark') return html`<span class="accessory" style=${setOnly({ '--tint': cssColor(tint) })}><${Checkmark} /></span>`;
+  if (kind === 'checkmark') {
+    return html`<span class="accessory" style=${setOnly({ '--tint': cssColor(tint) })}><${Checkmark} /></span>`;
+  }
   return null;
 }

@@ -40,7 +40,8 @@ export function layerStyle(layer, clips) {
 /** The style of an element that lies over the whole layer and draws its border; undefined without one. */
 export function borderStyle(layer) {
   if (!(layer?.borderWidth > 0) || !layer.borderColor) return undefined;
-  return { ...layerStyle({ ...layer, shadow: null }), boxShadow: `inset 0 0 0 ${layer.borderWidth}px ${cssColor(layer.borderColor)}` };
+  const boxShadow = `inset 0 0 0 ${layer.borderWidth}px ${cssColor(layer.borderColor)}`;
+  return { ...layerStyle({ ...layer, shadow: null }), boxShadow };
 }
 
 export function textShadow(shadow) {

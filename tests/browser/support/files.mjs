@@ -3,7 +3,7 @@
 /** Answers the file chooser that a click on `button` opens. */
 export async function chooseFiles(page, button, files) {
   const [chooser] = await Promise.all([page.waitForEvent('filechooser'), button.click()]);
-  await chooser.setFiles(files);
+  await chooser.setFiles(files, { timeout: 30_000 });  // Large ones take their time on the way into the browser.
 }
 
 /** What a drag of `files` from the desktop carries; to be handed to `dragOver` and `drop`. */

@@ -24,8 +24,10 @@ export function SegmentedControl({ row, name }) {
       ${titles.map((title, index) => html`
         <label class="segment" key=${index} data-chosen=${index === shown} data-disabled=${enabled[index] === false}
           style=${index === shown ? tinted : undefined}>
-          <input type="radio" name=${row.id} checked=${index === shown} disabled=${row.enabled === false || enabled[index] === false}
-            aria-label=${title || `Segment ${index + 1} of ${titles.length}`} data-part=${index === Math.max(0, shown ?? 0) ? 'main' : undefined} onChange=${() => choose(index)} />
+          <input type="radio" name=${row.id} checked=${index === shown}
+            disabled=${row.enabled === false || enabled[index] === false}
+            aria-label=${title || `Segment ${index + 1} of ${titles.length}`}
+            data-part=${index === Math.max(0, shown ?? 0) ? 'main' : undefined} onChange=${() => choose(index)} />
           ${images[index] ? html`<${Picture} image=${images[index]} />` : html`<span>${title}</span>`}
         </label>`)}
     </div>`;

@@ -23,7 +23,8 @@ export function Slider({ row, name }) {
   const number = written && shown === stored ? written : shown.toFixed(written ? decimalsOf(written) : unseenDecimals);
   return html`
     ${minimumImage && html`<${Picture} class="slider-image" image=${minimumImage} />`}
-    <input type="range" class="slider" data-part="main" data-own-keys aria-label=${name} aria-valuetext=${(shown === stored && row.accessibilityValue) || number}
+    <input type="range" class="slider" data-part="main" data-own-keys aria-label=${name}
+      aria-valuetext=${(shown === stored && row.accessibilityValue) || number}
       aria-description=${row.accessibilityHint || undefined}
       min=${min} max=${max} step="any" value=${shown} disabled=${row.enabled === false}
       style=${{ '--share': share, ...tintsOf(row.control) }} onInput=${input} onChange=${change} />
