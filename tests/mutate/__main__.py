@@ -6,6 +6,8 @@ Exit status: 0 the run is complete, whatever its result; 2 it could not be made.
 """
 
 import argparse
+import contextlib
+import fcntl
 import sys
 from collections import Counter
 from pathlib import Path
@@ -31,7 +33,8 @@ def main():
         parser.error("--jobs needs a number from 1 on")
     root = Path(__file__).resolve().parents[2]
     try:
-        run(Campaign(root), options)
+        with only_run(root / "build/mutate"):
+            run(Campaign(root), options)
     except (BuildError, FileNotFoundError) as error:
         print(f"script/mutate: {error}", file=sys.stderr)
         return 2
@@ -39,6 +42,18 @@ def main():
         print("script/mutate: stopped; --survivors goes on from here", file=sys.stderr)
         return 2
     return 0
+
+
+@contextlib.contextmanager
+def only_run(folder):
+    """Keeps other runs out of the folder."""
+    folder.mkdir(parents=True, exist_ok=True)
+    with (folder / "lock").open("w") as lock:
+        try:
+            fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+        except BlockingIOError:
+            raise BuildError("another run is going on") from None
+        yield
 
 
 def run(campaign, options):

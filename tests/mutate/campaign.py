@@ -75,21 +75,26 @@ class Judge:
         self._factor = 1
         self.coverage = coverage
 
-    def prepare(self, jobs):
-        """Builds, and makes sure that the tests pass without a change."""
+    def prepare(self, mutants, jobs):
+        """Builds, and makes sure that the tests that the mutants need pass without a change."""
         self._build.make(jobs)
         self._folder.mkdir(exist_ok=True)
         shutil.rmtree(self._folder / "plain", ignore_errors=True)
-        suites = sorted({name for names in self._by_file.values() for name in names})
         if self.coverage is None:
+            suites = sorted({name for names in self._by_file.values() for name in names})
             self.coverage = measure(self._build, self._trial, suites, self._folder)
         else:
+            suites = sorted({name for mutant in mutants for stage in self._stages(mutant) for name in stage})
             verdict = self._trial.run(self._build.bundle, suites)
             if not verdict.passed:
                 raise BuildError(f"the tests fail without a change: {verdict.reason}\n{verdict.output[-8000:]}")
-            self._factor = max(1, verdict.processor_seconds / sum(self.coverage.seconds.values()))
+            self._factor = max(1, verdict.processor_seconds / sum(self.coverage.seconds[name] for name in suites))
         for number in range(jobs):
             self._workshops.put(Workshop(self._build, self._folder / f"worker-{number}"))
+
+    def _stages(self, mutant):
+        running = self.coverage.suites_for(mutant.path, mutant.line, mutant.last_line)
+        return stages_for(mutant.path, self._by_file, running)
 
     def judge(self, mutant):
         workshop = self._workshops.get()
@@ -97,12 +102,12 @@ class Judge:
             made = workshop.make(mutant.path, mutant.content())
             if made != "built":
                 return Result(EQUIVALENT if made == "equivalent" else BROKEN)
-            running = self.coverage.suites_for(mutant.path, mutant.line, mutant.last_line)
-            for suites in stages_for(mutant.path, self._by_file, running):
+            stages = self._stages(mutant)
+            for suites in stages:
                 verdict = self._trial.run(workshop.bundle, suites, self._limits(suites))
                 if not verdict.passed:
                     return Result(KILLED, verdict.reason)
-            return Result(SURVIVED, "" if running else "no test runs it")
+            return Result(SURVIVED, "" if stages else "no test runs it")
         finally:
             self._workshops.put(workshop)
 
@@ -152,7 +157,7 @@ class Campaign:
 
     def _round(self, judge, mutants, jobs, report):
         """Judges the mutants and returns those that survived."""
-        judge.prepare(jobs)
+        judge.prepare(mutants.values(), jobs)
         report("the tests pass without a change")
         remaining = {}
         with concurrent.futures.ThreadPoolExecutor(jobs) as pool:

@@ -58,6 +58,25 @@ TEST_F(PropertyListScanFileTest, IsEmptyWithoutARegularFile) {
   }
 }
 
+// Files of the kernel give their size as a page, whatever they hold.
+TEST_F(PropertyListScanFileTest, AFileThatEndsEarlyHasWhatWasRead) {
+  const char* const path = "/sys/kernel/mm/transparent_hugepage/enabled";
+  struct stat status;
+  ASSERT_EQ(stat(path, &status), 0);
+  std::string content;
+  std::getline(std::ifstream(path), content);
+  ASSERT_GT(static_cast<std::size_t>(status.st_size), content.size());
+  EXPECT_EQ(text(FileBytes(path)), content + "\n");
+}
+
+TEST_F(PropertyListScanFileTest, AFileThatCannotBeReadIsEmpty) {
+  const char* const path = "/sys/class/net/lo/speed";  // It says that the loopback device has none.
+  struct stat status;
+  ASSERT_EQ(stat(path, &status), 0);
+  ASSERT_GT(status.st_size, 0);
+  EXPECT_TRUE(FileBytes(path).bytes().empty());
+}
+
 TEST_F(PropertyListScanFileTest, FollowsLinks) {
   write(path(), "content");
   ASSERT_EQ(symlink("file", path("link").c_str()), 0);

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "ZunoPrefs/lists/EditorTest.h"
-#include "ZunoPrefs/support/Replaced.h"
+#include "support/objc/MethodSpy.h"
 
 /// An image of any size in points.
 @interface SizedImage : UIImage {
@@ -182,23 +182,18 @@ TEST_P(IconToneTest, AnImageFromACoreImageImageIsInverted) {
   EXPECT_EQ(firstPixel([editor() invertImage:inverted]), (std::vector<int>{10, 200, 255}));
 }
 
-/// The messages that filters got, in order.
-std::vector<std::string> *filterMessages = nullptr;
-
-void noteDefaults(id, SEL) { filterMessages->push_back("setDefaults"); }
-void noteInput(id, SEL, CIImage *image) { filterMessages->push_back(image ? "an input" : "no input"); }
-
 TEST_P(IconToneTest, TheFilterTakesItsDefaultsBeforeItsInput) {
   CIImage *core = [CIImage imageWithCGImage:[image(2, 2, 1, 0) CGImage]];
   UIImage *recipe = [[[UIImage alloc] initWithCIImage:core] autorelease];
   id subject = editor();
   std::vector<std::string> messages;
-  filterMessages = &messages;
   Class filter = [[CIFilter filterWithName:@"CIColorInvert"] class];
-  const Replaced defaults(filter, @selector(setDefaults), noteDefaults);
-  const Replaced input(filter, @selector(setInputImage:), noteInput);
-  EXPECT_OBJC_EQ([subject invertImage:recipe], nil) << "the filter got nothing";
-  EXPECT_OBJC_EQ([subject invertImage:image(2, 2, 1, 0)], nil);
+  const MethodSpy<> defaults(filter, @selector(setDefaults), [&](id) { messages.push_back("setDefaults"); });
+  const MethodSpy<CIImage *> input(filter, @selector(setInputImage:), [&](id, CIImage *given) {
+    messages.push_back(given ? "an input" : "no input");
+  });
+  [subject invertImage:recipe];
+  [subject invertImage:image(2, 2, 1, 0)];
   EXPECT_EQ(messages, (std::vector<std::string>{"setDefaults", "an input", "setDefaults", "no input"}));
 }
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "ZunoPrefs/support/Replaced.h"
 #include "ZunoPrefs/support/WidgetTest.h"
+#include "support/objc/MethodSpy.h"
 
 namespace {
 
@@ -168,17 +168,11 @@ TEST_F(WidgetsPickerTest, TheWidgetsAreThoseOfTheSharedLoaderLoadedAnew) {
   EXPECT_EQ(joined([first widgetsList]), "") << "an editor keeps its own";
 }
 
-/// The identifiers that editors had when they were told to load the widgets.
-std::vector<std::string> *identifiersAtLoad = nullptr;
-
-void noteLoad(ZunoWidgetsPicker *picker, SEL) {
-  identifiersAtLoad->emplace_back([[picker prefsIdentifier] UTF8String] ?: "none");
-}
-
 TEST_F(WidgetsPickerTest, TheWidgetsAreLoadedOnceTheIdentifierIsKnown) {
   std::vector<std::string> identifiers;
-  identifiersAtLoad = &identifiers;
-  const Replaced load(classNamed("ZunoWidgetsPicker"), @selector(loadWidgets), noteLoad);
+  const MethodSpy<> load(classNamed("ZunoWidgetsPicker"), @selector(loadWidgets), [&](id picker) {
+    identifiers.emplace_back([[picker prefsIdentifier] UTF8String] ?: "none");
+  });
   editor();
   EXPECT_EQ(identifiers, std::vector<std::string>{"com.norvik.Zunoprefs"});
 }

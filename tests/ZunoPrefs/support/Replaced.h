@@ -1,20 +1,20 @@
-// Watching the messages that the bundle sends to the platform.
+// Standing in for a method of the platform that gives a result; `MethodSpy` watches those that give none.
 #pragma once
 
-#import <Foundation/Foundation.h>
-#import <objc/runtime.h>
+#include "support/objc/MethodSpy.h"
 
 namespace testing_support {
 
-/// While it lives, the function `other` stands in the place of the method `name` of `owner`, which must have it; for a
-/// class method `owner` is the metaclass. Main thread only.
+/// While it lives, the function `other` stands in the place of the method `name`, as `owner` or one of its superclasses
+/// implements it; for a class method `owner` is the metaclass. Main thread only.
 template <typename Function>
 class Replaced final {
  public:
   Replaced(Class owner, SEL name, Function *other)
-      : method_(class_getInstanceMethod(owner, name)),
-        original_(method_setImplementation(method_, reinterpret_cast<IMP>(reinterpret_cast<void *>(other)))) {}
-  ~Replaced() { method_setImplementation(method_, original_); }
+      : owner_(owner),
+        name_(name),
+        original_(exchangeImplementation(owner, name, reinterpret_cast<IMP>(reinterpret_cast<void *>(other)))) {}
+  ~Replaced() { exchangeImplementation(owner_, name_, original_); }
   Replaced(const Replaced &) = delete;
   Replaced &operator=(const Replaced &) = delete;
 
@@ -22,7 +22,8 @@ class Replaced final {
   Function *original() const { return reinterpret_cast<Function *>(reinterpret_cast<void *>(original_)); }
 
  private:
-  Method method_;
+  Class owner_;
+  SEL name_;
   IMP original_;
 };
 
