@@ -2,27 +2,21 @@ import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { eventually, focused, openPage, settled } from './support/browser.mjs';
 import { startFake } from './support/fakeSimulator.mjs';
-import { row, screen, section } from './support/screens.mjs';
+import { row, screen, section, swiped } from './support/screens.mjs';
 
 const preset = (name) => row(name, { height: 60, swipeActions: [
   { id: `delete ${name}`, title: 'Delete', color: '#ff0000ff' }, { id: `share ${name}`, title: 'Share', color: '#007affff' },
 ] });
 const names = ['Dark', 'Light'];
-const presets = (open = null) => screen(['Settings', 'Presets'], [section(null, names.map((name) => (
-  { ...preset(name), swipeOpen: name === open })))], { page: { style: 'plain' } });
+const presets = () => screen(['Settings', 'Presets'], [section(null, names.map(preset))], { page: { style: 'plain' } });
 const taps = (fake) => fake.events.filter(({ type }) => type === 'tap').map(({ id }) => id);
 const swipes = (fake) => fake.events.filter(({ type }) => type === 'swipe').map(({ id, open }) => [id, open]);
 
-/**
- * A device whose rows stay open until they are swiped back, or until the action "Delete" closes them, and that answers
- * after `delay` milliseconds.
- */
+/** A device whose action "Delete" closes its row, and that answers after `delay` milliseconds. */
 function startPresets(t, delay = 0) {
-  return startFake(t, presets(), async ({ type, id, open }, fake) => {
+  return startFake(t, presets(), async ({ id }, fake) => {
     await new Promise((resolve) => setTimeout(resolve, delay));
-    const row = names[Number(id.at(-1))];
-    if (type === 'swipe') fake.screen = presets(open ? row : null);
-    else if (id.startsWith('delete')) fake.screen = presets();
+    if (id.startsWith('delete')) fake.screen = presets();
   });
 }
 
@@ -66,7 +60,7 @@ test('A row stays open after its action until the device closes it', async (t) =
 test('A row that the device opens shows its actions', async (t) => {
   const { fake, url } = await startPresets(t);
   const page = await openPage(t, url);
-  fake.show(presets('Dark'));
+  fake.show(swiped(presets(), { id: 'row2.0.0', open: true }));
   await page.getByRole('group', { name: 'Actions for Dark' }).waitFor();
   fake.show(presets());
   await page.getByRole('group', { name: 'Actions for Dark' }).waitFor({ state: 'detached' });

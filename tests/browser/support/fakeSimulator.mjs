@@ -3,6 +3,7 @@ import { readFile } from 'node:fs/promises';
 import { extname, join, normalize } from 'node:path';
 import { fileURLToPath } from 'node:url';
 import { defer } from './cleanup.mjs';
+import { swiped } from './screens.mjs';
 
 const root = fileURLToPath(new URL('../../../', import.meta.url));
 const types = {
@@ -30,8 +31,9 @@ const picture = Buffer.from(
 /**
  * The simulator's HTTP interface over screens that a test makes up, for what no installed bundle shows.
  *
- * `screen` is the screen without its revision. `onEvent(event, fake)` may change `fake.screen` and `fake.device`; it
- * returns undefined, or `{status, error}` to refuse the event. All events are kept in `events`.
+ * `screen` is the screen without its revision. A row that is swiped stays open until it is swiped back, as on a device.
+ * `onEvent(event, fake)` may change `fake.screen` and `fake.device`; it returns undefined, or `{status, error}` to
+ * refuse the event. All events are kept in `events`.
  */
 export class FakeSimulator {
   events = [];
@@ -129,6 +131,7 @@ export class FakeSimulator {
     }
     const refused = await this.onEvent(event, this);
     if (refused) return reply(response, refused.status, { error: refused.error });
+    if (event.type === 'swipe') this.screen = swiped(this.screen, event);
     this.revision += 1;
     reply(response, 200, this.#current());
     return this.#push('screen', { revision: this.revision });

@@ -47,3 +47,10 @@ export function screen(path, sections, fields = {}) {
     alert: fields.alert ?? null, sheet: fields.sheet ?? null,
   };
 }
+
+/** `screen` once its row `id` was swiped open, which closes every other row, or closed. */
+export function swiped(screen, { id, open }) {
+  const sections = screen.page.sections.map((each) => (
+    { ...each, rows: each.rows.map((row) => ({ ...row, swipeOpen: open && row.id === id })) }));
+  return { ...screen, page: { ...screen.page, sections } };
+}
