@@ -70,7 +70,7 @@ class Judge:
         self._build = build
         self._folder = folder
         self._by_file = suites_of(build.root / "tests/ZunoPrefs")
-        self._trial = Trial(build, folder)
+        self._trial = Trial(build)
         self._workshops = queue.SimpleQueue()
         self._factor = 1
         self.coverage = coverage

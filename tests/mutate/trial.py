@@ -65,7 +65,8 @@ class Limits:
 class Trial:
     """Runs the tests of a build. Thread-safe."""
 
-    def __init__(self, build, temporary):
+    def __init__(self, build, temporary=None):
+        """Runs have their temporary folders in `temporary`, the computer's own unless given."""
         self._build = build
         self._temporary = temporary
 
@@ -73,6 +74,7 @@ class Trial:
         """Runs the suites on the bundle at `bundle` until the first failure, with more variables of the environment."""
         # What a run that ends in the middle leaves behind goes with its folder.
         with tempfile.TemporaryDirectory(dir=self._temporary, ignore_cleanup_errors=True) as scratch:
+            os.chmod(scratch, 0o755)  # Some tests act as somebody else.
             return self._run(bundle, suites, limits, variables, scratch)
 
     def _run(self, bundle, suites, limits, variables, scratch):
