@@ -37,8 +37,8 @@ class PreferenceFile final {
   id value(NSString *key) const;
 
   /// Sets `key` to `value` (a property-list object) in the current contents and writes the whole file atomically.
-  /// A nil value or key changes nothing. Returns whether the file was written; otherwise the old file stands as it was.
-  bool setValue(id value, NSString *key, Damaged damaged = Damaged::kSetAside) const;
+  /// A nil value or key changes nothing. Where the file cannot be written, the old one stands as it was.
+  void setValue(id value, NSString *key, Damaged damaged = Damaged::kSetAside) const;
 
  private:
   explicit PreferenceFile(NSString *path) : path_(objcxx::adopt((NSString *)[path copy])) {}

@@ -55,33 +55,31 @@ id PreferenceFile::value(NSString *key) const {
   return [contents() objectForKey:key];
 }
 
-bool PreferenceFile::setValue(id value, NSString *key, Damaged damaged) const {
+void PreferenceFile::setValue(id value, NSString *key, Damaged damaged) const {
   if (value == nil || key == nil) {
     NSLog(@"[Zuno] Nothing written to %@: a row without a key or a value", path());
-    return false;
+    return;
   }
   NSDictionary *current = contents();
-  if (!current && damaged == Damaged::kLeaveAlone && exists()) return false;
+  if (!current && damaged == Damaged::kLeaveAlone && exists()) return;
   NSString *aside = current ? nil : setAside();
   NSMutableDictionary *merged = [NSMutableDictionary dictionary];
   if (current) [merged addEntriesFromDictionary:current];
   [merged setObject:value forKey:key];
-  const bool written = [merged writeToFile:path() atomically:YES];
-  if (!written && aside) [[NSFileManager defaultManager] removeItemAtPath:aside error:nullptr];
-  return written;
+  if ([merged writeToFile:path() atomically:YES]) return;
+  if (aside) [[NSFileManager defaultManager] removeItemAtPath:aside error:nullptr];
 }
 
 NSString *PreferenceFile::setAside() const {
   NSFileManager *files = [NSFileManager defaultManager];
-  BOOL isFolder = NO;
-  if (![files fileExistsAtPath:path() isDirectory:&isFolder] || isFolder) return nil;
-  if ([[files attributesOfItemAtPath:path() error:nullptr] fileSize] == 0) return nil;
+  if (!exists() || [[files attributesOfItemAtPath:path() error:nullptr] fileSize] == 0) return nil;
 
   NSString *aside = [path() stringByAppendingString:@".damaged"];
   for (int number = 2; [files fileExistsAtPath:aside]; ++number) {
     aside = [NSString stringWithFormat:@"%@.damaged-%d", path(), number];
   }
   // A second name for the same file: it needs no right to read it, and the atomic write replaces the first name only.
+  // A folder gets none.
   if (::link([path() fileSystemRepresentation], [aside fileSystemRepresentation]) != 0) return nil;
   NSLog(@"[Zuno] %@ is no preference file; its content is kept as %@", path(), [aside lastPathComponent]);
   return aside;

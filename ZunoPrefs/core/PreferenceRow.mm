@@ -21,7 +21,7 @@ id rowValue(PSSpecifier *row, const PreferenceFile &file) {
 }
 
 void setRowValue(id value, PSSpecifier *row, const PreferenceFile &file) {
-  (void)file.setValue(value, [row propertyForKey:@"key"]);
+  file.setValue(value, [row propertyForKey:@"key"]);
   if (NSString *notification = rowText(row, @"PostNotification")) {
     CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(), (CFStringRef)notification,
                                          nullptr, nullptr, true);

@@ -5,8 +5,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
-
 namespace zuno {
 namespace {
 
@@ -14,9 +12,7 @@ namespace {
 class Descriptor final {
  public:
   explicit Descriptor(int number) noexcept : number_(number) {}
-  ~Descriptor() {
-    if (number_ >= 0) ::close(number_);
-  }
+  ~Descriptor() { ::close(number_); }  // Of a file that was not opened this does nothing.
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
 
@@ -32,7 +28,7 @@ FileBytes::FileBytes(const char* path) {
   // Opening a pipe would wait for its writer; O_NONBLOCK does not and changes nothing for regular files.
   const Descriptor file(::open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   struct stat status;
-  if (file.number() < 0 || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode)) return;
+  if (::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode)) return;
   const auto size = static_cast<std::size_t>(status.st_size);
   if (size < kMappedSize) {
     read(file.number(), size);
@@ -47,15 +43,8 @@ FileBytes::~FileBytes() {
 
 void FileBytes::read(int file, std::size_t size) {
   buffer_.resize(size);
-  std::size_t end = 0;
-  while (end < size) {
-    const auto count = ::read(file, buffer_.data() + end, size - end);
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return;
-    if (count == 0) break;  // It became shorter meanwhile.
-    end += static_cast<std::size_t>(count);
-  }
-  bytes_ = std::span(buffer_).first(end);
+  const auto count = ::read(file, buffer_.data(), size);  // Less than `size` only where the file has become shorter.
+  if (count > 0) bytes_ = std::span(buffer_).first(static_cast<std::size_t>(count));
 }
 
 void FileBytes::map(int file, std::size_t size) noexcept {

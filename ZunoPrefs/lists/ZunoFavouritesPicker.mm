@@ -125,7 +125,7 @@ const zuno::MovingRules kRules({.tapEvicts = true, .evictedIsDisabled = true});
 }
 
 - (void)saveLists {
-  (void)zuno::PreferenceFile::ofDomain(_prefsIdentifier)
+  zuno::PreferenceFile::ofDomain(_prefsIdentifier)
       .setValue(zuno::identifiersOf(_menuItems), kFavourites, zuno::Damaged::kLeaveAlone);
 }
 

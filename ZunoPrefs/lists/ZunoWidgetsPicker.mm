@@ -127,7 +127,7 @@ ZunoWidgetHolder *builtInPage(NSString *identifier, NSString *name) {
 }
 
 - (void)saveLists {
-  (void)zuno::PreferenceFile::ofDomain(_prefsIdentifier)
+  zuno::PreferenceFile::ofDomain(_prefsIdentifier)
       .setValue(zuno::identifiersOf(_menuItems), kWidgets, zuno::Damaged::kLeaveAlone);
 }
 

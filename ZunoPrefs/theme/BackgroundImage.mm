@@ -55,7 +55,7 @@ UIImage *pickedImage(NSDictionary *info) {
 }
 
 void storeBackgroundImage(NSString *text) {
-  (void)PreferenceFile::ofDomain(kThemeDomain).setValue(text, kBackgroundImage);
+  PreferenceFile::ofDomain(kThemeDomain).setValue(text, kBackgroundImage);
 }
 
 UIImagePickerController *photoPicker(id<UIImagePickerControllerDelegate, UINavigationControllerDelegate> delegate) {

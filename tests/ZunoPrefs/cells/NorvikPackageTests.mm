@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "ZunoPrefs/support/BundleTest.h"
+#include "support/objc/MethodSpy.h"
 
 namespace {
 
@@ -107,6 +108,20 @@ TEST_F(PackageTest, OutputThatIsNoTextIsUnknown) {
   EXPECT_EQ(versionIn("Maintainer: \\377\\nVersion: 1\\n"), "Unknown") << "wherever the bad bytes are";
   EXPECT_EQ(versionIn("Version: 1\\nMaintainer: M\\303\\n"), "Unknown");
   EXPECT_EQ(versionIn("Maintainer: M\\303\\274\\nVersion: 1\\n"), "1");
+}
+
+TEST_F(PackageTest, AVersionIsReadAsUTF8) {
+  EXPECT_EQ(versionIn("Version: 1.0-\\303\\274\\n"), "1.0-ü");
+}
+
+TEST_F(PackageTest, AnExceptionOnTheWayFromTheOutputToTheVersionIsLogged) {
+  installTool(kSystemTool, "Version: 1\\n");
+  NSException *exception = [NSException exceptionWithName:@"Odd" reason:@"an odd version" userInfo:nil];
+  MethodSpy<NSString *> spy(classNamed("NorvikPackage"), @selector(setVersion:), [&](id, NSString *given) {
+    if ([given isEqual:@"1"]) [exception raise];
+  });
+  EXPECT_EQ(version(), "Unknown");
+  EXPECT_EQ(log, std::vector<std::string>{[[exception description] UTF8String]});
 }
 
 TEST_F(PackageTest, TheToolsExitStatusDoesNotCount) {

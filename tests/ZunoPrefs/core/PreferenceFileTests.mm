@@ -103,7 +103,8 @@ TEST_F(RowWriteTest, TheNotificationIsPostedWhenTheNewValueIsInTheFile) {
 TEST_F(RowWriteTest, ARowWithoutANotificationPostsNothing) {
   set(@1, @{@"key" : @"a"});
   set(@2, @{@"key" : @"b", @"PostNotification" : @[ @"no name" ]});
-  EXPECT_OBJC_EQ(preferences(kMainFile), (@{@"a" : @1, @"b" : @2}));
+  set(@3, @{@"key" : @"c", @"PostNotification" : @""});
+  EXPECT_OBJC_EQ(preferences(kMainFile), (@{@"a" : @1, @"b" : @2, @"c" : @3}));
   EXPECT_TRUE(notifications.empty());
 }
 
@@ -112,6 +113,7 @@ TEST_F(RowWriteTest, ANotificationIsPostedEvenWhenTheWriteFails) {
   set(@1, @{@"key" : @"a", @"PostNotification" : @"com.norvik.Zuno.switcher"});
   EXPECT_EQ(notifications.size(), 1u);
   EXPECT_OBJC_EQ(preferences(kMainFile), nil);
+  EXPECT_EQ(listing(@"/var/jb/var/mobile/Library/Preferences"), "com.norvik.Zunoprefs.plist");
 }
 
 TEST_F(RowWriteTest, ADamagedFileIsKeptBesideTheNewOne) {
@@ -120,12 +122,18 @@ TEST_F(RowWriteTest, ADamagedFileIsKeptBesideTheNewOne) {
   set(@1, @{@"key" : @"a"});
   EXPECT_OBJC_EQ(preferences(kMainFile), @{@"a" : @1});
   EXPECT_EQ(read([kMainFile stringByAppendingString:@".damaged"]), damaged);
-  EXPECT_TRUE(logged(".damaged"));
+  const std::string said = std::string("[Zuno] ") + [path(kMainFile) UTF8String] +
+                           " is no preference file; its content is kept as com.norvik.Zunoprefs.plist.damaged";
+  EXPECT_EQ(log, std::vector<std::string>{said});
 
   write(kMainFile, "second");
   set(@2, @{@"key" : @"b"});
+  write(kMainFile, "third");
+  set(@3, @{@"key" : @"c"});
   EXPECT_EQ(read([kMainFile stringByAppendingString:@".damaged"]), damaged);
   EXPECT_EQ(read([kMainFile stringByAppendingString:@".damaged-2"]), "second");
+  EXPECT_EQ(read([kMainFile stringByAppendingString:@".damaged-3"]), "third");
+  EXPECT_EQ(log, (std::vector<std::string>{said, said + "-2", said + "-3"}));
 }
 
 TEST_F(RowWriteTest, AnEmptyFileHoldsNothingToKeep) {
@@ -150,6 +158,9 @@ TEST_F(RowWriteTest, ARowWithoutAKeyOrAValueChangesNothing) {
   set(@2, @{});
   set(nil, @{@"key" : @"a"});
   EXPECT_OBJC_EQ(preferences(kMainFile), @{@"a" : @1});
+  const std::string said = std::string("[Zuno] Nothing written to ") + [path(kMainFile) UTF8String] +
+                           ": a row without a key or a value";
+  EXPECT_EQ(log, (std::vector<std::string>{said, said}));
 }
 
 }  // namespace

@@ -112,12 +112,15 @@ TEST(PropertyListScanBinaryTest, ReadsIntegersOf64Bits) {
   EXPECT_EQ(valueOf("\x13" + bigEndian(UINT64_MAX, 8)), found(std::int64_t{-1}));
   EXPECT_EQ(valueOf("\x13" + bigEndian(std::uint64_t{1} << 63, 8)), found(std::int64_t{INT64_MIN}));
   EXPECT_EQ(valueOf("\x14" + bigEndian(0, 8) + bigEndian(UINT64_MAX, 8)), found(std::uint64_t{UINT64_MAX}));
+  constexpr auto kHighBit = std::uint64_t{1} << 63;
+  EXPECT_EQ(valueOf("\x14" + bigEndian(0, 8) + bigEndian(kHighBit, 8)), found(kHighBit));
 }
 
 TEST(PropertyListScanBinaryTest, LeavesIntegersThatReadersTakeDifferently) {
   for (const auto& object : {"\x14" + bigEndian(0, 8) + bigEndian(1, 8),
                              "\x14" + bigEndian(UINT64_MAX, 8) + bigEndian(UINT64_MAX, 8),
-                             "\x14" + bigEndian(1, 8) + bigEndian(UINT64_MAX, 8), "\x15" + std::string(32, '\0')}) {
+                             "\x14" + bigEndian(1, 8) + bigEndian(UINT64_MAX, 8), "\x15" + std::string(32, '\0'),
+                             "\x15" + bigEndian(0, 8) + bigEndian(UINT64_MAX, 8) + std::string(16, '\0')}) {
     EXPECT_EQ(valueOf(object), undecided());
     EXPECT_EQ(besides(object), undecided());
   }
@@ -235,8 +238,23 @@ TEST(PropertyListScanBinaryTest, LeavesObjectsThatOverlap) {
   const auto text = ascii(std::string(20'000, 'x'));
   for (const auto& object : {counted(0xa, 20'000) + items, text}) {
     EXPECT_EQ(aliased(object, 1), absent());
+    EXPECT_EQ(aliased(object, 2), undecided());
     EXPECT_EQ(aliased(object, 2000), undecided());
   }
+}
+
+// All contents together may be as large as the document, to the byte.
+TEST(PropertyListScanBinaryTest, TakesOverlappingObjectsThatAreNoLargerThanTheDocument) {
+  bool wasExact = false;
+  for (std::size_t length = 15; length < 80; ++length) {
+    Document document{{dictionary({1}, {2}), ascii("k"), array({3, 4, 5}), "\x09", ascii(std::string(length, 'x'))}};
+    document.aliases = 1;
+    const std::size_t contents = 1 + 3 + 2 * length;
+    const bool fits = contents <= document.bytes().size();
+    EXPECT_EQ(scan(document, "other"), fits ? absent() : undecided()) << length;
+    wasExact |= contents == document.bytes().size();
+  }
+  EXPECT_TRUE(wasExact);
 }
 
 TEST(PropertyListScanBinaryTest, LeavesWhatIsNestedTooDeeply) {
@@ -322,6 +340,21 @@ TEST(PropertyListScanBinaryTest, LeavesContentThatReachesIntoTheOffsetTable) {
     const Document document{{dictionary({1}, {2}), ascii("k"), object}};
     EXPECT_EQ(scan(document, "other"), undecided());
   }
+}
+
+// The first entry of the offset table would be one more reference to an object.
+TEST(PropertyListScanBinaryTest, LeavesContainersWithReferencesInTheOffsetTable) {
+  const auto ending = [](const std::string& container) {
+    Document document{{marker(0xd, 1) + references({1, 9}, 2), ascii("k")}};
+    document.referenceSize = 2;
+    while (document.objects.size() < 9) document.objects.push_back(ascii("unused"));
+    document.objects.push_back(container);
+    return scan(document, "other");
+  };
+  ASSERT_EQ(ending(counted(0xa, 2) + references({2, 3}, 2)), absent());
+  EXPECT_EQ(ending(counted(0xa, 3) + references({2, 3}, 2)), undecided());
+  ASSERT_EQ(ending(counted(0xd, 1) + references({2, 3}, 2)), absent());
+  EXPECT_EQ(ending(counted(0xd, 1) + references({2}, 2)), undecided());
 }
 
 TEST(PropertyListScanBinaryTest, LeavesTruncatedDocuments) {

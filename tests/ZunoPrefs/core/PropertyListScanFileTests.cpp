@@ -108,5 +108,31 @@ TEST_F(PropertyListScanFileTest, LeavesNoFileOpen) {
   EXPECT_EQ(openFiles(), before);
 }
 
+TEST_F(PropertyListScanFileTest, LeavesNothingMapped) {
+  const auto isMapped = [&] {
+    std::ifstream maps("/proc/self/maps");
+    const std::string content{std::istreambuf_iterator<char>(maps), {}};
+    return content.find(path("large")) != std::string::npos;
+  };
+  write(path("large"), std::string(FileBytes::kMappedSize, 'x'));
+  {
+    const FileBytes large(path("large").c_str());
+    EXPECT_TRUE(isMapped());
+  }
+  EXPECT_FALSE(isMapped());
+}
+
+// The first number that is free may be that of the standard input.
+TEST_F(PropertyListScanFileTest, ReadsAndClosesAFileWithTheNumberZero) {
+  write(path(), "content");
+  const int input = dup(0);
+  ASSERT_GE(input, 0);
+  close(0);
+  EXPECT_EQ(text(FileBytes(path().c_str())), "content");
+  EXPECT_EQ(fcntl(0, F_GETFD), -1);
+  dup2(input, 0);
+  close(input);
+}
+
 }  // namespace
 }  // namespace zuno

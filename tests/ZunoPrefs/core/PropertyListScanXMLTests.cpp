@@ -1,6 +1,7 @@
 // What a scan answers for property lists in XML.
 #include <gtest/gtest.h>
 
+#include <locale>
 #include <string>
 #include <string_view>
 
@@ -60,6 +61,19 @@ TEST(PropertyListScanXMLTest, ReadsRealsToTheNearestNumber) {
   EXPECT_EQ(valueOf("<real>1e+20</real>"), found(1e20));
   EXPECT_EQ(valueOf("<real>1.7976931348623157E-99</real>"), found(1.7976931348623157e-99));
   EXPECT_EQ(valueOf("<real>0.000000</real>"), found(0.0));
+  const std::string longest = "0." + std::string(46, '3');
+  EXPECT_EQ(valueOf("<real>" + longest + "</real>"), found(1.0 / 3));
+  EXPECT_EQ(valueOf("<real>" + longest + "3</real>"), undecided());
+}
+
+TEST(PropertyListScanXMLTest, ReadsRealsWithAPointInEveryLocale) {
+  struct Comma : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+  };
+  const auto before = std::locale::global(std::locale(std::locale::classic(), new Comma));
+  const auto scan = valueOf("<real>0.5</real>");
+  std::locale::global(before);
+  EXPECT_EQ(scan, found(0.5));
 }
 
 TEST(PropertyListScanXMLTest, LeavesRealsThatReadersTakeDifferently) {
@@ -189,6 +203,7 @@ TEST(PropertyListScanXMLTest, LeavesKeysThatOccurTwice) {
   const auto document = dictionary("<key>k</key><true/><key>k</key><false/>");
   EXPECT_EQ(scanGuarded(document, "k"), undecided());
   EXPECT_EQ(scanGuarded(document, "last"), found(true));
+  EXPECT_EQ(scanGuarded(dictionary("<key>k</key><true/><key>k</key><key>a</key><true/>"), "k"), undecided());
 }
 
 TEST(PropertyListScanXMLTest, AcceptsTheSpellingsOfTheWriters) {
@@ -199,6 +214,7 @@ TEST(PropertyListScanXMLTest, AcceptsTheSpellingsOfTheWriters) {
            "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n<plist version=\"1.0\">\n",
            "\n<!DOCTYPE plist PUBLIC \"-//GNUstep//DTD plist 0.9//EN\" \"http://www.gnustep.org/plist-0_9.xml\">\n"
            "<plist version=\"0.9\">\n",
+           "<!DOCTYPE plist PUBLIC \"a\" \"http://a/~b\"><plist version=\"1.0\">",
            "<plist version=\"1.0\">", "\r\n<plist version=\"1.0\">\r\n"}) {
     EXPECT_EQ(scanGuarded(xml + head + entries, "k"), found("v"sv)) << head;
     EXPECT_EQ(scanGuarded(xml + head + entries + "\r\n \t\n", "k"), found("v"sv)) << head;
@@ -217,6 +233,7 @@ TEST(PropertyListScanXMLTest, LeavesOtherSpellings) {
         xml + "<!DOCTYPE plist PUBLIC \"a\" \"b\" [<!ENTITY k \"v\">]>" + plist + rest,
         xml + "<!DOCTYPE plist PUBLIC \"a\" \"b>" + plist + rest,
         xml + "<!DOCTYPE plist PUBLIC \"\xff\" \"b\">" + plist + rest,
+        xml + "<!DOCTYPE plist PUBLIC \xff\"a\" \"b\">" + plist + rest,
         xml + "<!DOCTYPE plist SYSTEM \"b\">" + plist + rest, xml + "<!-- a -->" + plist + rest,
         xml + plist + "<!-- a -->" + rest, xml + plist + "<?a?>" + rest, xml + plist + rest + "<!-- a -->",
         xml + plist + rest + "x", xml + plist + rest + std::string(1, '\0'), xml + plist + rest + plist + rest}) {
@@ -263,15 +280,19 @@ TEST(PropertyListScanXMLTest, LeavesTruncatedDocuments) {
 }
 
 TEST(PropertyListScanXMLTest, LeavesWhatIsNestedTooDeeply) {
-  const auto nested = [](std::size_t containers) {  // Besides the root.
+  const auto nested = [](std::size_t containers, const char* innermost = "<true/>") {  // Besides the root.
     std::string element;
     for (std::size_t i = 0; i < containers; ++i) element += i % 2 ? "<array>" : "<dict><key>k</key>";
-    element += "<true/>";
+    element += innermost;
     for (std::size_t i = containers; i > 0; --i) element += i % 2 ? "</dict>" : "</array>";
     return element;
   };
   EXPECT_EQ(besides(nested(511)), found(true));
   EXPECT_EQ(besides(nested(512)), undecided());
+  for (const char* innermost : {"<array/>", "<dict/>"}) {
+    EXPECT_EQ(besides(nested(510, innermost)), found(true));
+    EXPECT_EQ(besides(nested(511, innermost)), undecided());
+  }
   EXPECT_EQ(besides(nested(300'000)), undecided());
 }
 
