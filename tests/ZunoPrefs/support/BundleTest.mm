@@ -24,7 +24,7 @@ NSString *const kThemeFile = @"/var/jb/var/mobile/Library/Preferences/com.norvik
 void BundleTest::SetUp() {
   DeviceTest::SetUp();
   makeFolder(@"/var/jb/var/mobile/Library/Preferences");
-  pendingRootReload() = NO;
+  EXPECT_FALSE(pendingRootReload()) << "also when the bundle has just been loaded";
   SIMSetDarwinPostHandler(append, &notifications);
   SIMSetOpenURLHandler(appendURL, &openedURLs);
   SIMSetLogHandler(append, &log);
@@ -38,6 +38,7 @@ void BundleTest::TearDown() {
   SIMSetDarwinPostHandler(nullptr, nullptr);
   SIMSetOpenURLHandler(nullptr, nullptr);
   SIMSetLogHandler(nullptr, nullptr);
+  pendingRootReload() = NO;
   DeviceTest::TearDown();
 }
 
