@@ -22,7 +22,8 @@ class CallCounter final {
   MethodSpy<NSInteger> spy_;
 };
 
-/// Notes what pages present for as long as it lives: the class of each, and "animated".
+/// Notes what pages present for as long as it lives, as it is at that moment: the class of each, the last action of an
+/// alert, and "on the full screen" and "animated" where that is so.
 class Presentations final {
  public:
   Presentations();

@@ -9,6 +9,10 @@ Presentations::Presentations()
            [this](id, UIViewController *controller, BOOL animated, void (^)(void)) {
              if (!seen_.empty()) seen_ += ", ";
              seen_ += [NSStringFromClass([controller class]) UTF8String];
+             if ([controller isKindOfClass:[UIAlertController class]]) {
+               seen_ += std::string(" with ") + [[[[(UIAlertController *)controller actions] lastObject] title] UTF8String];
+             }
+             if ([controller modalPresentationStyle] == UIModalPresentationOverFullScreen) seen_ += " on the full screen";
              if (animated) seen_ += " animated";
            }) {}
 

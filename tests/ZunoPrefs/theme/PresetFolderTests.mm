@@ -40,7 +40,10 @@ TEST_F(PresetFolderTest, AFolderThatIsMadeIsNothingToTell) {
 
 TEST_F(PresetFolderTest, AFolderThatMayNotBeWrittenIsTold) {
   showWithMode(0555);
-  EXPECT_TRUE(logged(std::string(kNotice) + [path(kPresets) UTF8String]));
+  EXPECT_FALSE(log.empty());
+  for (const auto &line : log) {
+    EXPECT_EQ(line, kNotice + std::string([path(kPresets) UTF8String]) + " is no folder that may be written");
+  }
 }
 
 TEST_F(PresetFolderTest, AFolderThatCannotBeMadeIsTold) {

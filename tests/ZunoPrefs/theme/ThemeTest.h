@@ -21,7 +21,7 @@ class ThemeTest : public BundleTest {
   /// A photo as a camera gives it that was held upright: `pixels` wide and half as high as it is stored, red above blue
   /// when it stands as it was seen.
   static UIImage *portraitPhoto(NSInteger pixels, CGFloat scale = 1);
-  /// What a photo has become: "WIDTHxHEIGHT COLOUR above COLOUR", sides in pixels as it shows.
+  /// What a photo has become: "WIDTHxHEIGHT COLOUR above COLOUR", sides in pixels as it shows, colours of its corners.
   static std::string look(UIImage *image);
 
   /// Red, green and blue of the middle of `image`, as "r,g,b"; "none" for nil.

@@ -43,9 +43,12 @@ std::string ThemeTest::look(UIImage *image) {
     UIGraphicsEndImageContext();
     return colour == "255,0,0" ? "red" : colour == "0,0,255" ? "blue" : colour;
   };
-  const CGFloat middle = size.width / 2;
-  return std::to_string(std::lround(size.width)) + "x" + std::to_string(std::lround(size.height)) + " " +
-         colourAt(middle, 1) + " above " + colourAt(middle, size.height - 2);
+  const auto row = [&](CGFloat y) {
+    const std::string left = colourAt(0, y), right = colourAt(size.width - 1, y);
+    return left == right ? left : left + " beside " + right;
+  };
+  return std::to_string(std::lround(size.width)) + "x" + std::to_string(std::lround(size.height)) + " " + row(0) +
+         " above " + row(size.height - 1);
 }
 
 UIImage *ThemeTest::storedPicture() {

@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "ZunoPrefs/support/Replaced.h"
 #include "ZunoPrefs/theme/ThemeTest.h"
 
 namespace {
@@ -71,9 +72,16 @@ TEST_F(ThemePageTest, OnlyTheLayoutSwitchesRebuildThePage) {
   (void)show(page);
   for (NSString *key in @[ @"useCustom", @"enabled" ]) {
     NSArray *before = [page specifiers];
+    [page setValue:@0 forKey:@"shouldReload"];
+    int reloads = 0;
+    const MethodSpy<> reload([PSListController class], @selector(reloadSpecifiers), [&](id receiver) {
+      if (receiver != page) return;
+      ++reloads;
+      EXPECT_TRUE([[page valueForKey:@"shouldReload"] boolValue]) << "it is said before";
+    });
     [page setPreferenceValue:@1 specifier:rowKeyed(page, key)];
+    EXPECT_EQ(reloads, 1);
     EXPECT_NE([page specifiers], before) << [key UTF8String];
-    EXPECT_TRUE([[page valueForKey:@"shouldReload"] boolValue]);
   }
   NSArray *before = [page specifiers];
   [page setPreferenceValue:@3.0 specifier:rowKeyed(page, @"spacing")];
@@ -176,6 +184,24 @@ TEST_F(ThemePageTest, TheFrameworkHearsOfTheAppearance) {
   }
 }
 
+TEST_F(ThemePageTest, ThePageIsCurrentWhenTheFrameworkHearsThatItAppearsAndNoLongerWhenItGoes) {
+  std::string moments;
+  const auto note = [&](id receiver, const char *moment) {
+    if ([receiver class] != pageClass()) return;
+    moments += std::string(moment) + ([pageClass() currentPage] == receiver ? " current " : " not current ");
+  };
+  const MethodSpy<> reloads([PSListController class], @selector(reloadSpecifiers),
+                            [&](id receiver) { note(receiver, "reloads"); });
+  const MethodSpy<BOOL> appears([PSListController class], @selector(viewWillAppear:),
+                                [&](id receiver, BOOL) { note(receiver, "appears"); });
+  const MethodSpy<BOOL> goes([PSListController class], @selector(viewWillDisappear:),
+                             [&](id receiver, BOOL) { note(receiver, "goes"); });
+  UINavigationController *navigation = show([[[UIViewController alloc] init] autorelease]);
+  [navigation pushViewController:newPage() animated:YES];
+  [navigation popViewControllerAnimated:YES];
+  EXPECT_EQ(moments, "appears current reloads current goes not current ");
+}
+
 TEST_F(ThemePageTest, APageThatWasLeftIsNotKept) {
   CallCounter ends([PSListController class], @selector(dealloc));
   UINavigationController *navigation = show([[[UIViewController alloc] init] autorelease]);
@@ -194,7 +220,7 @@ TEST_F(ThemePageTest, WhatIsPresentedComesWithAnimation) {
   [page clearSettings];
   tapAction(page, "No");
   [page selectImage];
-  EXPECT_EQ(presentations.take(), "UIAlertController animated, UIImagePickerController animated");
+  EXPECT_EQ(presentations.take(), "UIAlertController with No animated, UIImagePickerController animated");
 }
 
 TEST_F(ThemePageTest, ReappearingShowsWhatChangedElsewhere) {
@@ -222,7 +248,12 @@ TEST_F(ThemePageTest, APickedPhotoIsStoredInLinesOf64) {
   auto *picker = (UIImagePickerController *)[page presentedViewController];
   ASSERT_TRUE([picker isKindOfClass:[UIImagePickerController class]]);
   NSArray *before = [page specifiers];
-  [page imagePickerController:picker didFinishPickingMediaWithInfo:picked(picture(64, [UIColor greenColor]))];
+  {
+    const MethodSpy<> reload([PSListController class], @selector(reloadSpecifiers), [&](id) {
+      EXPECT_EQ(colourOf(storedPicture()), "0,255,0") << "the rows show what is stored";
+    });
+    [page imagePickerController:picker didFinishPickingMediaWithInfo:picked(picture(64, [UIColor greenColor]))];
+  }
   EXPECT_OBJC_EQ([page presentedViewController], nil) << "dismissed without animation";
   SIMDrainMainQueue();
   EXPECT_NE([page specifiers], before);
@@ -259,6 +290,26 @@ TEST_F(ThemePageTest, APortraitPhotoIsStoredUpright) {
     EXPECT_EQ(UIGraphicsGetCurrentContext(), nullptr);
   }
   EXPECT_EQ(look([UIImage imageWithData:UIImagePNGRepresentation(portraitPhoto(40))]).substr(0, 5), "40x20");
+}
+
+TEST_F(ThemePageTest, APhotoThatIsUprightIsEncodedAsItIs) {
+  static UIImage *encoded = nil;
+  const auto encode = +[](id, SEL, UIImage *image) -> NSString * {
+    encoded = image;
+    return nil;
+  };
+  const Replaced encoding(pageClass(), @selector(encodeToBase64String:), encode);
+  UIImage *photo = picture(8, [UIColor greenColor]);
+  [newPage() imagePickerController:(UIImagePickerController *)nil didFinishPickingMediaWithInfo:picked(photo)];
+  EXPECT_EQ(encoded, photo);
+  encoded = nil;
+}
+
+TEST_F(ThemePageTest, APhotoThatStandsOnItsHeadIsTurned) {
+  UIImage *lying = portraitPhoto(40);  // Its pixels have red on the left.
+  UIImage *headlong = [UIImage imageWithCGImage:[lying CGImage] scale:1 orientation:UIImageOrientationDown];
+  [newPage() imagePickerController:(UIImagePickerController *)nil didFinishPickingMediaWithInfo:picked(headlong)];
+  EXPECT_EQ(look(storedPicture()), "40x20 blue beside red above blue beside red");
 }
 
 TEST_F(ThemePageTest, APictureThatLetsNothingThroughStaysSoInEveryLayout) {

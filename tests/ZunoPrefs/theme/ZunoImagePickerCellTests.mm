@@ -100,11 +100,16 @@ TEST_F(ImageCellTest, PickingReplacesTheImageAndKeepsEveryOtherKey) {
   const Presentations presentations;
   [cell openImagePicker];
   EXPECT_EQ(presentations.take(), "UIImagePickerController animated");
-  EXPECT_TRUE(logged("[Zuno] openImagePicker"));
+  EXPECT_EQ(log, std::vector<std::string>{"[Zuno] openImagePicker"});
   auto *picker = (UIImagePickerController *)[page presentedViewController];
   ASSERT_TRUE([picker isKindOfClass:[UIImagePickerController class]]);
   EXPECT_EQ((id)[picker delegate], cell);
-  [cell imagePickerController:picker didFinishPickingMediaWithInfo:picked(picture(16, [UIColor greenColor]))];
+  {
+    const MethodSpy<BOOL, void (^)(void)> dismissal(
+        [UIViewController class], @selector(dismissViewControllerAnimated:completion:),
+        [&](id, BOOL, void (^)(void)) { EXPECT_OBJC_EQ([[cell imageView] image], nil) << "it changes afterwards"; });
+    [cell imagePickerController:picker didFinishPickingMediaWithInfo:picked(picture(16, [UIColor greenColor]))];
+  }
   EXPECT_OBJC_EQ([page presentedViewController], nil) << "dismissed without animation";
   SIMDrainMainQueue();
   EXPECT_EQ(colourOf([[cell imageView] image]), "0,255,0");

@@ -165,20 +165,33 @@ TEST_F(SharingTest, WhatIsNoDictionaryFailsAndLeavesNoFile) {
 }
 
 TEST_F(SharingTest, TheLogTellsWhyAStringWasNotImported) {
-  for (const char *json : {"[1]", "7"}) {
-    (void)imported(base64(json));
-    EXPECT_EQ(linesBeginning("[Zuno] importPresetWithBase64String "), 2) << "the string, and the exception";
-    EXPECT_TRUE(logged("a preset is a dictionary, not a ")) << json;
+  const std::string method = "[Zuno] importPresetWithBase64String ";
+  const auto logOf = [&](NSString *text) {
     log.clear();
+    (void)imported(text);
+    std::erase_if(log, [&](const std::string &line) { return line.rfind("[Zuno] ", 0) != 0; });
+    EXPECT_EQ(log.front(), method + "base64Str: " + [text UTF8String]);
+    return std::vector<std::string>(log.begin() + 1, log.end());
+  };
+  for (const char *json : {"[1]", "7"}) {
+    const auto lines = logOf(base64(json));
+    id decoded = [NSJSONSerialization JSONObjectWithData:[NSData dataWithBytes:json length:std::strlen(json)]
+                                                 options:NSJSONReadingFragmentsAllowed
+                                                   error:nullptr];
+    std::string said;
+    @try {
+      [NSException raise:NSInvalidArgumentException format:@"a preset is a dictionary, not a %@", [decoded class]];
+    } @catch (NSException *exception) {
+      said = [[exception description] UTF8String];
+    }
+    ASSERT_EQ(lines.size(), 1u);
+    // The description begins with the object's own address.
+    const std::string &line = lines.front();
+    EXPECT_EQ(line.rfind(method, 0), 0u);
+    EXPECT_EQ(line.substr(line.find(" NAME:")), said.substr(said.find(" NAME:")));
   }
-  (void)imported(base64(R"({"a": null})"));
-  EXPECT_EQ(linesBeginning("[Zuno] importPresetWithBase64String writeToFile FAILED"), 1);
-  EXPECT_EQ(linesBeginning("[Zuno] "), 2);
-  log.clear();
-  (void)imported(@"%");
-  EXPECT_EQ(linesBeginning("[Zuno] importPresetWithBase64String base64Str: %"), 1);
-  EXPECT_EQ(linesBeginning("[Zuno] importPresetWithBase64String NULL"), 1);
-  EXPECT_EQ(linesBeginning("[Zuno] "), 2);
+  EXPECT_EQ(logOf(base64(R"({"a": null})")), std::vector<std::string>{method + "writeToFile FAILED"});
+  EXPECT_EQ(logOf(@"%"), std::vector<std::string>{method + "NULL"});
 }
 
 TEST_F(SharingTest, WhatIsNoPresetStringFails) {
@@ -379,7 +392,7 @@ TEST_F(SharingTest, AnErrorWaitsForAPageThatGoesWithoutAnimation) {
     EXPECT_OBJC_EQ([page presentedViewController], nil);
     wait();
     EXPECT_EQ(describe(alertOf(page)), "Error|Invalid preset name|OK:default");
-    EXPECT_EQ(presentations.take(), "UIAlertController animated") << "once";
+    EXPECT_EQ(presentations.take(), "UIAlertController with OK animated") << "once";
   }
 }
 
@@ -392,15 +405,16 @@ TEST_F(SharingTest, WhatIsPresentedComesWithAnimation) {
     return presentations.take();
   };
   [page askForSharedPreset];
-  EXPECT_EQ(presented("Cancel"), "UIAlertController animated");
+  EXPECT_EQ(presented("Cancel"), "UIAlertController with Cancel animated");
   [page importViaBase64Alert];
-  EXPECT_EQ(presented("Cancel"), "UIAlertController animated");
+  EXPECT_EQ(presented("Cancel"), "UIAlertController with Cancel animated");
   [page sharePresetAlert:presetPath(@"one")];
   SIMDrainMainQueue();
-  EXPECT_EQ(presented("Share via file"), "UIAlertController animated, UIActivityViewController animated");
+  EXPECT_EQ(presented("Share via file"), "UIAlertController with Cancel animated, UIActivityViewController animated");
   page = showPage();
   [page importPresetAlert];
-  EXPECT_EQ(presented("Import from file..."), "UIAlertController animated, UIDocumentPickerViewController animated");
+  EXPECT_EQ(presented("Import from file..."),
+            "UIAlertController with Cancel animated, UIDocumentPickerViewController on the full screen animated");
 }
 
 TEST_F(SharingTest, AFileIsJudgedByThePresetOfItsName) {

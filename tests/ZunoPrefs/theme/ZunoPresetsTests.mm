@@ -10,6 +10,7 @@
 
 #include <sys/stat.h>
 
+#include "ZunoPrefs/support/Replaced.h"
 #include "ZunoPrefs/theme/PresetsTest.h"
 
 /// Notes what the page asks of it.
@@ -103,6 +104,7 @@ TEST_F(PresetStoreTest, NamesAreCleanedAndChecked) {
   ZunoPresets *page = showPage();
   const auto accepted = [&](NSString *name) { return [page validatePresetName:name]; };
   EXPECT_OBJC_EQ(accepted(@"a/b\\c?d%e*f|g\"h<i>j"), @"abcdefghij");
+  EXPECT_OBJC_EQ(accepted(@"a~b:c.d"), @"a~b:c.d");
   EXPECT_OBJC_EQ(accepted(@"my.plist"), @"my");
   EXPECT_OBJC_EQ(accepted(@"a.plistb.plist"), @"ab");
   EXPECT_OBJC_EQ(accepted(@"My Preset "), @"My Preset ");
@@ -226,6 +228,15 @@ TEST_F(PresetStoreTest, WhatRemainsOfAnInterruptedCopyIsInNobodysWay) {
   EXPECT_FALSE(exists([kPresets stringByAppendingString:@"/.copy.partial"]));
 }
 
+TEST_F(PresetStoreTest, ACopyThatCannotTakeItsPlaceIsTakenAway) {
+  write(kThemeFile, "damaged");
+  ZunoPresets *page = showPage();
+  const auto refuse = +[](id, SEL, NSString *, NSString *, NSError **) -> BOOL { return NO; };
+  const Replaced move([NSFileManager class], @selector(moveItemAtPath:toPath:error:), refuse);
+  [page savePresetWithName:@"new"];
+  EXPECT_EQ(listing(kPresets), "");
+}
+
 TEST_F(PresetStoreTest, TheFrameworkHearsOfTheLoadAndThePageDoesNotKeepItsList) {
   int deaths = 0;
   CallCounter framework([UITableViewController class], @selector(viewDidLoad));
@@ -248,13 +259,13 @@ TEST_F(PresetStoreTest, WhatIsPresentedComesWithAnimation) {
     return presentations.take();
   };
   [page newPresetAlert];
-  EXPECT_EQ(presented(), "UIAlertController animated");
+  EXPECT_EQ(presented(), "UIAlertController with Cancel animated");
   [page tableView:[page tableView] didSelectRowAtIndexPath:row];
-  EXPECT_EQ(presented(), "UIAlertController animated");
+  EXPECT_EQ(presented(), "UIAlertController with Cancel animated");
   (void)[[page tableView] sim_performSwipeActionAtIndex:0 ofRow:row];
-  EXPECT_EQ(presented(), "UIAlertController animated");
+  EXPECT_EQ(presented(), "UIAlertController with Cancel animated");
   [page validatePresetName:@""];
-  EXPECT_EQ(presentations.take(), "UIAlertController animated");
+  EXPECT_EQ(presentations.take(), "UIAlertController with OK animated");
 }
 
 TEST_F(PresetStoreTest, TheNewPresetDialogSavesUnderTheCheckedName) {
