@@ -5,29 +5,31 @@ import { after } from 'node:test';
 import playwright from 'playwright-core';
 import { defer } from './cleanup.mjs';
 
-/** The browser that the tests run in: "chromium" or "firefox", as the environment's BROWSER says. */
-export const browserName = process.env.BROWSER ?? 'chromium';
-
+/** The browser that the tests run in: "chromium" or "firefox". */
+const name = process.env.BROWSER ?? 'chromium';
 const launchers = {
   chromium: () => playwright.chromium.launch({
     executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium-headless-shell',
     // Chromium refuses to start its sandbox for the root user; the pages are our own.
     args: ['--no-sandbox', '--disable-gpu', '--host-resolver-rules=MAP * ~NOTFOUND,EXCLUDE 127.0.0.1,EXCLUDE localhost'],
   }),
-  // Debian's own Firefox, worked through WebDriver BiDi: playwright's Firefox is a build of its own.
-  firefox: () => playwright._bidiFirefox.launch({ executablePath: process.env.FIREFOX ?? '/usr/bin/firefox-esr' }),
+  // Debian's own Firefox over WebDriver BiDi: Playwright's public name means a build of its own.
+  firefox: (dark) => playwright._bidiFirefox.launch({
+    executablePath: process.env.FIREFOX ?? '/usr/bin/firefox-esr',
+    firefoxUserPrefs: { 'layout.css.prefers-color-scheme.content-override': dark ? 0 : 1 },
+  }),
 };
 const axePath = createRequire(import.meta.url).resolve('axe-core/axe.min.js');
 
-let launching = null;
+// Running browsers by what sets them apart: a page's colour scheme can be chosen in Chromium, and in Firefox only for all.
+const launched = new Map();
 let axeSource = null;
 
 after(closeBrowser);
 
 /** For programs that are no tests: lets the process end. */
 export async function closeBrowser() {
-  const browser = await launching;
-  await browser?.close();
+  for (const launching of launched.values()) await (await launching).close();
 }
 
 /**
@@ -37,8 +39,9 @@ export async function closeBrowser() {
  * `expected` matches console errors and exceptions that belong to the test.
  */
 export async function openPage(t, url, { expected = /(?!)/, ...options } = {}) {
-  launching ??= launchers[browserName]();
-  const browser = await launching;
+  const dark = name === 'firefox' && options.colorScheme === 'dark';
+  if (!launched.has(dark)) launched.set(dark, launchers[name](dark));
+  const browser = await launched.get(dark);
   const context = await browser.newContext({ viewport: { width: 1280, height: 920 }, ...options });
   const troubles = [];
   const note = (kind, text) => {
