@@ -28,6 +28,7 @@ libgtest-dev             test mutate
 libgmock-dev             test mutate
 libplist-utils           test
 chromium-headless-shell  test
+firefox-esr              test
 curl                     test
 libbenchmark-dev         bench
 python3-clang-19         test mutate package

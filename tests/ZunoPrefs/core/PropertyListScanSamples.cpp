@@ -131,6 +131,13 @@ plist_t randomDictionary(Random& random, std::size_t depth, std::string& xml, st
   return node;
 }
 
+/// Numbers are read, because what plist_new_uint makes is written in sixteen bytes by some libplists.
+plist_t readNode(const std::string& document) {
+  plist_t node = nullptr;
+  plist_from_xml(document.data(), static_cast<std::uint32_t>(document.size()), &node);
+  return node;
+}
+
 /// A node for libplist, the same in `xml`, and what a scan answers for it in `value`.
 plist_t randomNode(Random& random, std::size_t depth, std::string& xml, ScannedValue* value) {
   ScannedValue ignored;
@@ -149,9 +156,10 @@ plist_t randomNode(Random& random, std::size_t depth, std::string& xml, ScannedV
     }
     case 1: {
       const auto number = oneOf(kNumbers, random);
-      xml += "<integer>" + std::to_string(number) + "</integer>";
+      const auto text = "<integer>" + std::to_string(number) + "</integer>";
+      xml += text;
       *value = static_cast<std::int64_t>(number);
-      return plist_new_uint(number);
+      return readNode("<plist>" + text + "</plist>");
     }
     case 2: {
       const auto [number, text] = oneOf(kReals, random);

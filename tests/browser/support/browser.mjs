@@ -2,42 +2,55 @@ import assert from 'node:assert/strict';
 import { readFile } from 'node:fs/promises';
 import { createRequire } from 'node:module';
 import { after } from 'node:test';
-import { chromium } from 'playwright-core';
+import playwright from 'playwright-core';
 import { defer } from './cleanup.mjs';
 
-const executablePath = process.env.CHROMIUM ?? '/usr/bin/chromium-headless-shell';
-// Chromium refuses to start its sandbox for the root user; the pages are our own.
-const args = [
-  '--no-sandbox', '--disable-gpu', '--host-resolver-rules=MAP * ~NOTFOUND,EXCLUDE 127.0.0.1,EXCLUDE localhost',
-];
+/** The browser that the tests run in: "chromium" or "firefox". */
+const name = process.env.BROWSER ?? 'chromium';
+const launchers = {
+  chromium: () => playwright.chromium.launch({
+    executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium-headless-shell',
+    // Chromium refuses to start its sandbox for the root user; the pages are our own.
+    args: ['--no-sandbox', '--disable-gpu', '--host-resolver-rules=MAP * ~NOTFOUND,EXCLUDE 127.0.0.1,EXCLUDE localhost'],
+  }),
+  // Debian's own Firefox over WebDriver BiDi: Playwright's public name means a build of its own.
+  firefox: (dark) => playwright._bidiFirefox.launch({
+    executablePath: process.env.FIREFOX ?? '/usr/bin/firefox-esr',
+    firefoxUserPrefs: { 'layout.css.prefers-color-scheme.content-override': dark ? 0 : 1 },
+  }),
+};
 const axePath = createRequire(import.meta.url).resolve('axe-core/axe.min.js');
 
-let launching = null;
+// Running browsers by what sets them apart: a page's colour scheme can be chosen in Chromium, and in Firefox only for all.
+const launched = new Map();
 let axeSource = null;
 
 after(closeBrowser);
 
 /** For programs that are no tests: lets the process end. */
 export async function closeBrowser() {
-  const browser = await launching;
-  await browser?.close();
+  for (const launching of launched.values()) await (await launching).close();
 }
 
 /**
  * A page in a browser context of its own; `options` are those of a context.
  *
  * When the test `t` ends it fails if the page wrote an error to the console, threw one, or asked another host.
- * `expected` matches console errors that belong to the test.
+ * `expected` matches console errors and exceptions that belong to the test.
  */
 export async function openPage(t, url, { expected = /(?!)/, ...options } = {}) {
-  launching ??= chromium.launch({ executablePath, args });
-  const browser = await launching;
+  const dark = name === 'firefox' && options.colorScheme === 'dark';
+  if (!launched.has(dark)) launched.set(dark, launchers[name](dark));
+  const browser = await launched.get(dark);
   const context = await browser.newContext({ viewport: { width: 1280, height: 920 }, ...options });
   const troubles = [];
+  const note = (kind, text) => {
+    if (!expected.test(text)) troubles.push(`${kind}: ${text}`);
+  };
   context.on('console', (message) => {
-    if (message.type() === 'error' && !expected.test(message.text())) troubles.push(`console: ${message.text()}`);
+    if (message.type() === 'error') note('console', message.text());
   });
-  context.on('weberror', (error) => troubles.push(`exception: ${error.error().stack}`));
+  context.on('weberror', (error) => note('exception', String(error.error().stack)));
   context.on('request', (request) => {
     const address = new URL(request.url());
     if (!['127.0.0.1', 'localhost'].includes(address.hostname) && address.protocol !== 'blob:') {

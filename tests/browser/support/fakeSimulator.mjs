@@ -81,6 +81,11 @@ export class FakeSimulator {
     this.#push('device', { sequence: this.revision });
   }
 
+  /** Makes the device one of another display: `{kind, orientation}`, or one of them. */
+  turn(display) {
+    this.changeDevice({ display: displayLike({ ...this.device.display, ...display }) });
+  }
+
   dropStreams() {
     for (const stream of this.#streams) stream.destroy();
   }
@@ -114,7 +119,7 @@ export class FakeSimulator {
         this.appearance = body.style;
         return reply(response, 200, {});
       case 'PUT /api/device/display':
-        this.changeDevice({ display: displayLike({ ...this.device.display, ...body }) });
+        this.turn(body);
         return reply(response, 200, this.device.display);
       default: return reply(response, 404, { error: 'no such address' });
     }
