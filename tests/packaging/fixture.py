@@ -1,6 +1,7 @@
 """Made-up packages for the tests of the checker: a small bundle built with clang against a hand-written SDK."""
 
 import functools
+import json
 import plistlib
 import shutil
 import struct
@@ -139,6 +140,14 @@ exports:
 ...
 """
 
+EMPTY = """--- !tapi-tbd
+tbd-version:     4
+targets:         [ arm64-ios, arm64e-ios ]
+install-name:    '/System/Library/Frameworks/{0}.framework/{0}'
+...
+"""
+SETTINGS = {"CanonicalName": "iphoneos15.5", "Version": "15.5", "MaximumDeploymentTarget": "15.5.99"}
+
 LINK = [
     "-install_name", INSTALL_NAME, "-framework", "Preferences", "-lobjc", "-Wl,-needed-lextra",
 ]  # fmt: skip
@@ -161,6 +170,16 @@ def _folder():
 def sdk_folder():
     """An iPhoneOS SDK with what the tests link against."""
     return _folder() / "sdk"
+
+
+def whole_sdk(folder, *frameworks):
+    """Makes an SDK in a new folder that a compiler takes for one of Apple's, with empty frameworks of these names."""
+    shutil.copytree(sdk_folder(), folder)
+    write(folder / "SDKSettings.json", json.dumps(SETTINGS))
+    (folder / "usr/include/c++/v1").mkdir(parents=True)
+    for name in frameworks:
+        write(folder / f"System/Library/Frameworks/{name}.framework/{name}.tbd", EMPTY.format(name))
+    return folder
 
 
 @functools.cache

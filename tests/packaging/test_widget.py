@@ -1,17 +1,14 @@
 """packaging/widget: widgets for devices with one command."""
 
-import json
 import os
 import plistlib
 import re
-import shutil
 import subprocess
 
-from fixture import TREE, PackageTest, sdk_folder, write
+from fixture import TREE, PackageTest, whole_sdk, write
 
 from checker import macho, objc, signature
 
-SETTINGS = {"CanonicalName": "iphoneos15.5", "Version": "15.5", "MaximumDeploymentTarget": "15.5.99"}
 CODE = """
 __attribute__((objc_root_class)) @interface NSObject { Class isa; } @end
 @interface SampleWidget : NSObject
@@ -21,23 +18,12 @@ __attribute__((objc_root_class)) @interface NSObject { Class isa; } @end
 - (void)show {}
 @end
 """
-EMPTY = """--- !tapi-tbd
-tbd-version:     4
-targets:         [ arm64-ios, arm64e-ios ]
-install-name:    '/System/Library/Frameworks/{0}.framework/{0}'
-...
-"""
 
 
 class WidgetTest(PackageTest):
     def setUp(self):
         super().setUp()
-        self.sdk = self.folder / "an sdk"
-        shutil.copytree(sdk_folder(), self.sdk)
-        write(self.sdk / "SDKSettings.json", json.dumps(SETTINGS))
-        (self.sdk / "usr/include/c++/v1").mkdir(parents=True)
-        for name in ("Foundation", "UIKit", "CoreGraphics", "QuartzCore"):
-            write(self.sdk / f"System/Library/Frameworks/{name}.framework/{name}.tbd", EMPTY.format(name))
+        self.sdk = whole_sdk(self.folder / "an sdk", "Foundation", "UIKit", "CoreGraphics", "QuartzCore")
         self.widget, self.output = self.folder / "a widget", self.folder / "the output"
         write(self.widget / "Info.plist", {"CFBundleExecutable": "Sample"})
         write(self.widget / "SampleWidget.mm", CODE)
