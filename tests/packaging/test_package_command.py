@@ -103,6 +103,10 @@ class MadeTest(PackageCommandTest):
         os.utime(self.sdk / header, (1, 1))
         self.assertIn("__Z5laterv", self.exported(self.made()))
 
+    def test_a_kind_of_processor_that_is_named_twice_is_there_once(self):
+        package = Package(self.made("--arch", "arm64e", "--arch", "arm64e"))
+        self.assertEqual(["arm64e"], [image.arch for image in macho.slices(package.file(f"{BUNDLE}/ZunoPrefs"))])
+
     def test_the_tools_speak_the_language_in_which_they_are_understood(self):
         self.environment |= {"LC_ALL": "de_DE.UTF-8", "LANG": "de_DE.UTF-8", "LANGUAGE": "de"}
         self.made()

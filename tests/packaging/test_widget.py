@@ -64,6 +64,18 @@ class WidgetTest(PackageTest):
         self.made("--arch", "arm64e")
         self.assertEqual(["arm64e"], [image.arch for image in self.slices()])
 
+    def test_a_kind_of_processor_that_is_named_twice_is_there_once(self):
+        self.made("--arch", "arm64e", "--arch", "arm64e")
+        self.assertEqual(["arm64e"], [image.arch for image in self.slices()])
+
+    def test_a_folder_that_is_no_widget_does_not_take_the_place_of_the_one_before_it(self):
+        other = self.folder / "no widget"
+        write(other / "Other.mm", CODE.replace("SampleWidget", "OtherWidget"))
+        result = self.command("--sdk", self.sdk, "--output", self.output, self.widget, other, "--", "-lobjc")
+        self.assertEqual((2, f"packaging/widget: {other} has no Info.plist that names a CFBundleExecutable\n"),
+                         (result.returncode, result.stderr))  # fmt: skip
+        self.assertEqual({"SampleWidget"}, objc.names(self.slices()[0])[0])
+
     def test_flags_reach_the_linker(self):
         result = self.command("--sdk", self.sdk, "--output", self.output, self.widget, "--", "-lobjc",
                               "-Wl,-needed_framework,QuartzCore")  # fmt: skip
@@ -89,6 +101,7 @@ class WidgetTest(PackageTest):
     def test_what_it_is_given_is_checked(self):
         self.assertIn("needs an iPhoneOS SDK", self.refused(self.widget))
         self.assertIn("is no SDK", self.refused("--sdk", self.widget, self.widget))
+        self.assertIn("absent/sdk is no SDK", self.refused("--sdk", "absent/sdk", self.widget))
         self.assertIn("needs the folder of a widget", self.refused("--sdk", self.sdk))
         self.assertIn("--sdk needs a value", self.refused("--sdk"))
         self.assertIn("unknown argument --fast", self.refused("--fast"))
