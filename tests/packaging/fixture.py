@@ -65,9 +65,11 @@ __attribute__((objc_root_class)) @interface NSObject { Class isa; } @end
 @end
 @interface SamplePage (More)
 - (void)more;
++ (void)moreShared;
 @end
 @implementation SamplePage (More)
 - (void)more {}
++ (void)moreShared {}
 @end
 @interface SampleCell : SamplePage @end
 @implementation SampleCell @end
@@ -100,7 +102,7 @@ install-name:    '/usr/lib/libSystem.B.dylib'
 exports:
   - targets:         [ arm64-ios, arm64e-ios ]
     symbols:         [ dyld_stub_binder, _optional, _outside, __NSConcreteGlobalBlock,
-                       ___CFConstantStringClassReference ]
+                       ___CFConstantStringClassReference, _OBJC_CLASS_$_NSConstantIntegerNumber ]
 ...
 """
 OBJC = """--- !tapi-tbd

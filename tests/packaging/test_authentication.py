@@ -76,6 +76,7 @@ class SignedPointersTest(BothSlicesTest):
             (self.target(page + 32) + 32, "da", 0xC310, "the method list of class SamplePage"),
             (self.target(meta + 32) + 32, "da", 0xC310, "the method list of metaclass SamplePage"),
             (category + 16, "da", 0xC310, f"the method list of the category at {category:#x}"),
+            (category + 24, "da", 0xC310, f"the method list of the category at {category:#x}"),
             (methods + 8 + 16, "ia", 0, "a method of class SamplePage"),
             (methods + 8 + 24 + 16, "ia", 0, "a method of class SamplePage"),
             (strings, "da", 0x6AE1, f"the isa of the constant object at {strings:#x}"),
@@ -118,17 +119,41 @@ class SignedPointersTest(BothSlicesTest):
         self.assertEqual([f"does not sign the pointer to code at {slot:#x}"],
                          self.judged("signed_pointers", self.changed(slot, unsigned)))  # fmt: skip
 
+    def test_a_plain_pointer_to_a_stub_of_another_library_s_code(self):
+        slot, ((stubs, _),) = self.address("_kFunctions"), self.image.section("__stubs")
+        content = self.changed(slot, lambda word: unsigned(word) & ~0xFFFFFFFF | stubs)
+        self.assertEqual([f"does not sign the pointer to code at {slot:#x}"], self.judged("signed_pointers", content))
+
+    def test_a_constant_number_as_other_compilers_make_it(self):
+        source = 'extern "C" int number __asm__("_OBJC_CLASS_$_NSConstantIntegerNumber");\n'
+        source += "extern void *const kNumber[]; void *const kNumber[] = {&number, 0};\n"
+        self.slice, self.link_map = device_code("arm64e", SIGNED_SOURCE + source)
+        (image,) = macho.slices(self.slice)
+        address = image.defined["_kNumber"]
+        self.assertEqual([f"does not sign the isa of the constant object at {address:#x}"], self.judged("signed_pointers"))
+
     def test_the_flag_of_signed_class_ro(self):
         ((info, _),) = self.image.section("__objc_imageinfo")
         content = self.changed(info, lambda word: word & ~(16 << 32))
-        self.assertEqual(["does not say in __objc_imageinfo that its class_ro are signed"],
-                         self.judged("signed_pointers", content))  # fmt: skip
+        said = ["does not say in __objc_imageinfo that its class_ro are signed"]
+        self.assertEqual(said, self.judged("signed_pointers", content))
+        nowhere = self.slice.replace(b"__objc_imageinfo", b"__objc_imageinfx")
+        self.assertEqual(said, self.judged("signed_pointers", nowhere))
 
     def test_code_that_only_says_that_it_is_for_arm64e(self):
         plain = executable()
         plain = plain[:8] + struct.pack("<I", 0x80000002) + plain[12:]
         self.assertEqual(["has no chained fixups of arm64e's form: nothing in it is signed"],
                          self.judged("signed_pointers", plain))  # fmt: skip
+
+    def test_chains_of_the_form_that_came_before(self):
+        start = self.image.chained_fixups[0]
+        (segments,) = struct.unpack_from("<I", self.slice, start + 4)
+        content, segments = bytearray(self.slice), start + segments
+        for offset in filter(None, struct.unpack_from("<8I", content, segments + 4)[: content[segments]]):
+            struct.pack_into("<H", content, segments + offset + 6, 1)
+        self.assertEqual(["has no chained fixups of arm64e's form: nothing in it is signed"],
+                         self.judged("signed_pointers", bytes(content)))  # fmt: skip
 
     def test_chains_that_lead_astray_are_a_problem_and_no_crash(self):
         first = self.address("_OBJC_CLASS_$_SampleCell")

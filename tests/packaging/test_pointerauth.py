@@ -10,7 +10,7 @@ from checker.fixups import Imported
 from pointerauth import CannotTurn, chains, opcodes
 from pointerauth.chains import Bind, Import, Rebase
 from pointerauth.image import Segment, load_commands, sections
-from pointerauth.schema import Schema, split, split_addend
+from pointerauth.schema import Schema, carried, is_carried, split, split_addend
 
 
 def uleb(number):
@@ -139,9 +139,18 @@ class ChainsTest(unittest.TestCase):
 
 class SchemaTest(unittest.TestCase):
     def test_plain_words_stay(self):
-        for word in (0, 1, 0xFFFFFFFFFFFFFFFF, 0x8000000000000000, 0x80F8000000000000, (1 << 64) - 8, 0x9000000000001000):
+        for word in (0, 1, (1 << 64) - 1, 1 << 63, 0x80F8000000000000, (1 << 64) - 8, 0x9000000000001000,
+                     0xC0A8000000000000, 0x81A8000000000000, 0x00A8000000000000):  # fmt: skip
             self.assertEqual((None, word), split(word))
             self.assertEqual((None, word - (1 << 64) if word >> 63 else word), split_addend(word))
+            self.assertFalse(is_carried(word))
+
+    def test_addends_of_both_signs_are_carried(self):
+        for addend in (0, 8, -8, (1 << 31) - 1, -1 << 31):
+            word = carried(1 << 63 | 2 << 49 | 1 << 48 | 0xFFFF << 32 | addend & 0xFFFFFFFF)
+            self.assertEqual((Schema(2, 0xFFFF, True), addend), split_addend(word))
+            address = 0x80000000
+            self.assertEqual((Schema(2, 0xFFFF, True), address + addend), split(word + address & (1 << 64) - 1))
 
 
 class FrameTest(unittest.TestCase):
