@@ -250,6 +250,13 @@ class RefusedTest(Turned):
         content[self.relocation(content) + 3] = 0xCE
         self.refused(prepare, content, "has a relocation of the unknown type 12 at __DATA,__data+0x0")
 
+    def test_a_relocation_that_is_scattered(self):
+        content = bytearray(self.assembled(self.TEXT))
+        place = self.relocation(content) - 4
+        (address,) = struct.unpack_from("<I", content, place)
+        struct.pack_into("<I", content, place, address | 0x80000000)
+        self.refused(prepare, content, "has a relocation of the unknown type 11 at __DATA,__data+-")
+
     def test_a_signed_pointer_of_an_unknown_form(self):
         whole = self.assembled(self.TEXT)
         place = self.relocation(whole) + 3

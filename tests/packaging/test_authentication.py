@@ -48,6 +48,15 @@ class WholeTest(BothSlicesTest):
         self.code = fat((0, device_code("arm64")[0]), (0x80000002, self.slice))
         self.assert_problems()
 
+    def test_pointers_of_the_other_slice_are_read_as_well(self):
+        (image,) = macho.slices(device_code("arm64")[0])
+        found, _ = fixups.decode(image)
+        functions = image.defined["_kFunctions"]
+        self.assertEqual(image.defined["__Z5twicei"], found[functions].target)
+        self.assertEqual("_outside", found[functions + 8].imported.name)
+        self.assertGreater(len(found), 30)
+        self.assertEqual({None}, {fixup.signed for fixup in found.values()})
+
     def test_each_kind_of_processor_has_to_be_there(self):
         for subtype, code, missing in ((0, device_code("arm64")[0], "arm64e"), (0x80000002, self.slice, "arm64")):
             self.code = fat((subtype, code))
