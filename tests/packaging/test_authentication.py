@@ -156,13 +156,26 @@ class SignedPointersTest(BothSlicesTest):
                          self.judged("signed_pointers", plain))  # fmt: skip
 
     def test_chains_of_the_form_that_came_before(self):
-        start = self.image.chained_fixups[0]
-        (segments,) = struct.unpack_from("<I", self.slice, start + 4)
-        content, segments = bytearray(self.slice), start + segments
-        for offset in filter(None, struct.unpack_from("<8I", content, segments + 4)[: content[segments]]):
-            struct.pack_into("<H", content, segments + offset + 6, 1)
+        content = bytearray(self.slice)
+        for record in self.records():
+            struct.pack_into("<H", content, record + 6, 1)
         self.assertEqual(["has no chained fixups of arm64e's form: nothing in it is signed"],
                          self.judged("signed_pointers", bytes(content)))  # fmt: skip
+
+    def records(self):
+        """Where the chained fixups describe each segment that has some."""
+        start = self.image.chained_fixups[0]
+        segments = start + struct.unpack_from("<I", self.slice, start + 4)[0]
+        offsets = struct.unpack_from(f"<{self.slice[segments]}I", self.slice, segments + 4)
+        return [segments + offset for offset in offsets if offset]
+
+    def test_a_page_with_several_chains_and_names_that_are_compressed(self):
+        page, names = self.records()[0] + 22, self.image.chained_fixups[0] + 24
+        for place, layout, value, said in ((page, "<H", 0x8000, "a page has several chains"),
+                                           (names, "<I", 1, "the names of the imports are compressed")):  # fmt: skip
+            content = bytearray(self.slice)
+            struct.pack_into(layout, content, place, value)
+            self.assertEqual([f"cannot be judged: {said}"], self.judged("signed_pointers", bytes(content)))
 
     def test_chains_that_lead_astray_are_a_problem_and_no_crash(self):
         first = self.address("_OBJC_CLASS_$_SampleCell")
