@@ -57,6 +57,13 @@ class WholeTest(BothSlicesTest):
         self.assertGreater(len(found), 30)
         self.assertEqual({None}, {fixup.signed for fixup in found.values()})
 
+    def test_an_import_that_only_the_chains_name_is_looked_for(self):
+        start, size = self.image.chained_fixups
+        place = self.slice.index(b"_outside\0", start, start + size)
+        self.code, self.archs = self.slice[:place] + b"_nowhere" + self.slice[place + 8 :], ("arm64e",)
+        sentence = f"{WORDS} expects _nowhere of /usr/lib/libSystem.B.dylib, which does not export it"
+        self.assertIn(("undefined_symbols", sentence), self.problems())
+
     def test_each_kind_of_processor_has_to_be_there(self):
         for subtype, code, missing in ((0, device_code("arm64")[0], "arm64e"), (0x80000002, self.slice, "arm64")):
             self.code = fat((subtype, code))

@@ -47,9 +47,11 @@ class LayoutTest(PackageTest):
     def test_what_a_file_browser_leaves_behind_is_found(self):
         self.files[f"{BUNDLE}/.DS_Store"] = "x"
         self.files[f"{BUNDLE}/._icon.png"] = "x"
+        self.files[f"{BUNDLE}/Thumbs.db"] = "x"
         self.assert_problems(
             f"layout: /{BUNDLE}/.DS_Store does not belong into a package",
             f"layout: /{BUNDLE}/._icon.png does not belong into a package",
+            f"layout: /{BUNDLE}/Thumbs.db does not belong into a package",
         )
 
     def test_an_entry_is_needed(self):
@@ -102,6 +104,7 @@ class ModesTest(PackageTest):
         self.assertEqual(([], []), (named(""), named("mobile")))
         problem = f"/{USER_FOLDERS[0]} belongs to someone:, names of the machine that built it"
         self.assertEqual([problem], named("someone"))
+        self.assertEqual([problem.replace("someone", "root")], named("root"))
 
     def test_links_are_refused(self):
         folder = self.folder / "root" / BUNDLE

@@ -11,6 +11,7 @@ from pointerauth import CannotTurn, chains, opcodes
 from pointerauth.chains import Bind, Import, Rebase
 from pointerauth.image import Segment, load_commands, sections
 from pointerauth.schema import Schema, carried, is_carried, split, split_addend
+from pointerauth.signature import Signature
 
 
 def uleb(number):
@@ -151,6 +152,18 @@ class SchemaTest(unittest.TestCase):
             self.assertEqual((Schema(2, 0xFFFF, True), addend), split_addend(word))
             address = 0x80000000
             self.assertEqual((Schema(2, 0xFFFF, True), address + addend), split(word + address & (1 << 64) - 1))
+
+
+class SignatureTest(unittest.TestCase):
+    def test_its_lengths_are_those_of_its_parts(self):
+        directory = struct.pack(">9I4B", 0xFADE0C02, 0, 0x20400, 2, 96, 88, 0, 1, 1, 32, 2, 0, 12).ljust(96, b"a")
+        blob = struct.pack(">5I", 0xFADE0CC0, 0, 1, 0, 20) + directory + bytes(32)
+        for size in (1, 4096, 4097, 3 * 4096):
+            made = Signature(blob).of(bytes(size))
+            pages = -(-size // 4096)
+            self.assertEqual((20 + 96 + 32 * pages, 96 + 32 * pages),
+                             (struct.unpack_from(">I", made, 4)[0], struct.unpack_from(">I", made, 24)[0]))  # fmt: skip
+            self.assertEqual((len(made), pages, size), (Signature(blob).size(size), *struct.unpack_from(">2I", made, 48)))
 
 
 class FrameTest(unittest.TestCase):
