@@ -140,9 +140,11 @@ class SignatureTest(PackageTest):
         self.assert_problems(f"load_commands: {WORDS} has a damaged code signature")
 
     def test_a_signature_of_a_part_of_the_file_is_found(self):
-        position = self.code.index(b"\xfa\xde\x0c\x02") + 32  # The limit of the code that it covers.
-        self.code = self.code[:position] + struct.pack(">I", 4096) + self.code[position + 4 :]
-        self.assert_problems(f"load_commands: {WORDS} has a code signature that does not cover the whole file")
+        whole, position = self.code, self.code.index(b"\xfa\xde\x0c\x02") + 28
+        count, limit = struct.unpack_from(">2I", whole, position)  # The pages, and the bytes of code that it covers.
+        for changed in ((count, 4096), (count, limit - 1), (count - 1, limit)):
+            self.code = whole[:position] + struct.pack(">2I", *changed) + whole[position + 8 :]
+            self.assert_problems(f"load_commands: {WORDS} has a code signature that does not cover the whole file")
 
 
 class UndefinedSymbolsTest(PackageTest):
