@@ -30,7 +30,12 @@ $(OUT)/$(1)/%.o: ZunoPrefs/% packaging/bundle.mk packaging/clang.mk $(TOOLS)
 	packaging/device-clang $(1)-apple-ios$(ZUNO_DEPLOYMENT_TARGET) "$(SDK)" -c $$< -o $$@ \
 	  $(COMPILE_FLAGS) -MMD -MF $$(@:.o=.d) -MT $$@
 
-$(OUT)/$(1)/$(ZUNO_NAME): $(SOURCE_NAMES:%=$(OUT)/$(1)/%.o) $(wildcard packaging/stubs/*)
+# Written when the list of sources changes: one that is gone leaves nothing newer than the executable behind.
+$(OUT)/$(1)/sources: always
+	@mkdir -p $$(@D)
+	@printf '%s\n' $(SOURCE_NAMES) | cmp --silent - $$@ || printf '%s\n' $(SOURCE_NAMES) >$$@
+
+$(OUT)/$(1)/$(ZUNO_NAME): $(SOURCE_NAMES:%=$(OUT)/$(1)/%.o) $(OUT)/$(1)/sources $(wildcard packaging/stubs/*)
 	packaging/device-clang $(1)-apple-ios$(ZUNO_DEPLOYMENT_TARGET) "$(SDK)" -dynamiclib $$(filter %.o,$$^) -o $$@ \
 	  $(LINK_FLAGS)
 
@@ -39,7 +44,7 @@ endef
 $(foreach arch,$(ARCHS),$(eval $(call slice_rules,$(arch))))
 
 .DEFAULT_GOAL = stage
-.PHONY: stage
+.PHONY: stage always
 stage: $(SLICES)
 	rm -rf $(OUT)/root
 	install -d $(STAGED_BUNDLE)
@@ -56,7 +61,8 @@ stubs:
 	  $(foreach name,$(ZUNO_PRIVATE_FRAMEWORKS),System/Library/PrivateFrameworks/$(name).framework/$(name).tbd) \
 	  usr/lib/libSystem.tbd usr/lib/libc++.tbd usr/lib/libobjc.tbd
 
+# Owners are only noted: where the building user is root of a namespace, others cannot be had.
 .PHONY: deb
 deb:
-	fakeroot sh -c 'chown -R 0:0 $(OUT)/root && $(call zuno_give_to_user,$(STAGED)) && \
+	FAKEROOTDONTTRYCHOWN=1 fakeroot sh -c 'chown -R 0:0 $(OUT)/root && $(call zuno_give_to_user,$(STAGED)) && \
 	  dpkg-deb -Zxz --build $(OUT)/root $(OUT)/package.deb' >/dev/null

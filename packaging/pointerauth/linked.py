@@ -35,7 +35,7 @@ def finish(data):
         fixups = _fixups(linked)
         body = bytearray(data[: linked.segments[-1].offset])
         _mark_signed_classes(body, linked, fixups)
-        payload = chains.write(body, fixups, [*linked.segments[:-1], replace(linked.segments[-1], file_size=0)])
+        payload = chains.write(body, fixups, linked.segments)
         return _assembled(linked, body, payload)
     except struct.error as error:
         raise CannotTurn(f"is damaged: {error}") from error
@@ -85,8 +85,8 @@ class _Linked:
         return self.data[offset : offset + size]
 
     def word(self, address):
-        """The 64 bits at an address."""
-        for part in self.segments:
+        """The 64 bits at an address, which is that of a pointer: none lies in __LINKEDIT."""
+        for part in self.segments[:-1]:
             if part.address <= address <= part.address + part.file_size - 8:
                 return struct.unpack_from("<Q", self.data, part.offset + address - part.address)[0]
         raise CannotTurn(f"has a pointer at {address:#x}, where no segment has bytes")

@@ -1,6 +1,7 @@
 """Made-up packages for the tests of the checker: a small bundle built with clang against a hand-written SDK."""
 
 import functools
+import json
 import plistlib
 import shutil
 import struct
@@ -64,9 +65,11 @@ __attribute__((objc_root_class)) @interface NSObject { Class isa; } @end
 @end
 @interface SamplePage (More)
 - (void)more;
++ (void)moreShared;
 @end
 @implementation SamplePage (More)
 - (void)more {}
++ (void)moreShared {}
 @end
 @interface SampleCell : SamplePage @end
 @implementation SampleCell @end
@@ -99,7 +102,7 @@ install-name:    '/usr/lib/libSystem.B.dylib'
 exports:
   - targets:         [ arm64-ios, arm64e-ios ]
     symbols:         [ dyld_stub_binder, _optional, _outside, __NSConcreteGlobalBlock,
-                       ___CFConstantStringClassReference ]
+                       ___CFConstantStringClassReference, _OBJC_CLASS_$_NSConstantIntegerNumber ]
 ...
 """
 OBJC = """--- !tapi-tbd
@@ -139,6 +142,14 @@ exports:
 ...
 """
 
+EMPTY = """--- !tapi-tbd
+tbd-version:     4
+targets:         [ arm64-ios, arm64e-ios ]
+install-name:    '/System/Library/Frameworks/{0}.framework/{0}'
+...
+"""
+SETTINGS = {"CanonicalName": "iphoneos15.5", "Version": "15.5", "MaximumDeploymentTarget": "15.5.99"}
+
 LINK = [
     "-install_name", INSTALL_NAME, "-framework", "Preferences", "-lobjc", "-Wl,-needed-lextra",
 ]  # fmt: skip
@@ -161,6 +172,16 @@ def _folder():
 def sdk_folder():
     """An iPhoneOS SDK with what the tests link against."""
     return _folder() / "sdk"
+
+
+def whole_sdk(folder, *frameworks):
+    """Makes an SDK in a new folder that a compiler takes for one of Apple's, with empty frameworks of these names."""
+    shutil.copytree(sdk_folder(), folder)
+    write(folder / "SDKSettings.json", json.dumps(SETTINGS))
+    (folder / "usr/include/c++/v1").mkdir(parents=True)
+    for name in frameworks:
+        write(folder / f"System/Library/Frameworks/{name}.framework/{name}.tbd", EMPTY.format(name))
+    return folder
 
 
 @functools.cache

@@ -2,6 +2,7 @@
 
 
 import random
+import re
 import struct
 import subprocess
 import tempfile
@@ -13,6 +14,7 @@ from fixture import TREE, sdk_folder, write
 from checker import exports, fixups, macho, signature
 from checker.fixups import Signed
 from pointerauth import CannotTurn
+from pointerauth.image import load_commands, segment
 from pointerauth.linked import finish
 from pointerauth.objects import prepare
 
@@ -100,11 +102,11 @@ class PointersTest(Turned):
 
     def test_the_smallest_form_of_imports_that_holds_the_addends_is_taken(self):
         for value, form in (("_outside", 1), ("_outside+8", 1), ("(_outside+8)@AUTH(ia,0)", 2), ("_outside+0x80000", 2),
-                            ("_outside+0x1000000000", 3)):  # fmt: skip
+                            ("_outside-0x40000", 1), ("_outside-0x40008", 2), ("_outside+0x1000000000", 3)):  # fmt: skip
             with self.subTest(value):
                 image, found = self.finished(pointers(only=value))
                 self.assertEqual(form, struct.unpack_from("<I", image.data, image.chained_fixups[0] + 20)[0])
-                addend = int(value.strip("()").split("+")[1].split(")")[0], 0) if "+" in value else 0
+                addend = int((re.search(r"[-+]\w+", value) or ["0"])[0], 0)
                 self.assertEqual(addend, found["_only"].addend)
 
     def test_a_symbol_that_may_be_missing_stays_optional(self):
@@ -192,6 +194,41 @@ class FileTest(Turned):
 
         self.assertEqual((64 | 16, 64), (flags("@AUTH(da,25080,addr)"), flags("")))
 
+    def test_one_class_ro_that_is_not_signed_leaves_the_runtime_untold(self):
+        text = pointers(ro=0)
+        for name, signed in (("first", "@AUTH(da,25080,addr)"), ("second", "")):
+            text += f"_{name}: .quad 0, 0, 0, 0, _ro{signed}\n"
+        text += "    .section __DATA,__objc_classlist\n    .quad _first, _second\n"
+        text += "    .section __DATA,__objc_imageinfo\n    .long 0\n    .long 64\n"
+        image, _ = self.finished(text)
+        ((address, _),) = image.section("__objc_imageinfo")
+        self.assertEqual(64, image.read("II", address)[1])
+
+    def test_what_lies_behind_the_segments_is_moved_whole(self):
+        """With symbols that fill several pages, and names of several lengths, which move the signature."""
+        for length in range(1, 18, 4):
+            text = HEAD + f"    .globl _{'n' * length}\n_{'n' * length}: .quad _code@AUTH(ia,1)\n"
+            text += "".join(f"    .globl _symbol{n}\n_symbol{n}: .quad 0\n" for n in range(600))
+            text += "    .section __TEXT,__text\n    .p2align 2\n    .globl _call\n_call: b _outside\n"
+            before = self.linked(text)
+            after = finish(before)
+            tables = []
+            for content in (before, after):
+                commands = {command: position for command, position, _ in load_commands(content)}
+                offset, count = struct.unpack_from("<2I", content, commands[0xB] + 56)  # The indirect symbols.
+                starts, size = struct.unpack_from("<2I", content, commands[0x26] + 8)  # Where functions start.
+                tables.append((content[offset : offset + 4 * count], content[starts : starts + size]))
+            self.assertEqual(tables[0], tables[1])
+            self.assertGreater(min(map(len, tables[0])), 0)
+            (image,) = macho.slices(after)
+            self.assertEqual(0, image.signature[0] % 16)
+            self.assertIsNone(signature.problem(image))
+            link_edit = next(segment(after, position) for command, position, _ in load_commands(after)
+                             if command == 0x19 and segment(after, position).name == "__LINKEDIT")  # fmt: skip
+            self.assertGreater(link_edit.file_size, 0x4000)
+            self.assertEqual(-(-link_edit.file_size // 0x4000) * 0x4000, link_edit.size)
+            self.assertEqual(len(after), link_edit.offset + link_edit.file_size)
+
 
 class RefusedTest(Turned):
     TEXT = pointers(one="_code@AUTH(ia,1)", two="_outside", three="_code")
@@ -214,6 +251,13 @@ class RefusedTest(Turned):
         content[self.relocation(content) + 3] = 0xCE
         self.refused(prepare, content, "has a relocation of the unknown type 12 at __DATA,__data+0x0")
 
+    def test_a_relocation_that_is_scattered(self):
+        content = bytearray(self.assembled(self.TEXT))
+        place = self.relocation(content) - 4
+        (address,) = struct.unpack_from("<I", content, place)
+        struct.pack_into("<I", content, place, address | 0x80000000)
+        self.refused(prepare, content, "has a relocation of the unknown type 11 at __DATA,__data+-")
+
     def test_a_signed_pointer_of_an_unknown_form(self):
         whole = self.assembled(self.TEXT)
         place = self.relocation(whole) + 3
@@ -221,6 +265,18 @@ class RefusedTest(Turned):
             content = bytearray(whole)
             content[place] = facts
             self.refused(prepare, content, "has a signed pointer of an unknown form at __DATA,__data+0x0")
+
+    def test_a_signed_pointer_without_the_mark_of_one(self):
+        text = bytearray(self.assembled(self.TEXT))
+        place = text.index(struct.pack("<Q", 1 << 63 | 1 << 32))  # What it is signed with: ia, 1.
+        for word in (1 << 32, 1 << 63 | 1 << 51 | 1 << 32):
+            struct.pack_into("<Q", text, place, word)
+            self.refused(prepare, text, "has a signed pointer of an unknown form at __DATA,__data+0x0")
+
+    def test_a_difference_of_addresses_may_look_like_anything(self):
+        text = pointers(one="_two-_one+0x80A8000000000000", two="0")
+        content = self.assembled(text)
+        self.assertEqual(content, prepare(content))
 
     def test_a_plain_pointer_that_looks_like_a_signed_one(self):
         content = self.assembled(pointers(one="_code+0x80A8000000000000"))
@@ -253,6 +309,36 @@ class RefusedTest(Turned):
         struct.pack_into("<I", content, content.index(struct.pack("<2I", 0x1B, 24)), 0x31)
         self.refused(finish, content, "has the unknown load command 0x31")
 
+    def command(self, content, wanted):
+        """Where a load command stands."""
+        return next(position for command, position, _ in load_commands(content) if command == wanted)
+
+    def test_a_file_of_another_layout(self):
+        whole = self.linked(self.TEXT)
+        for place, layout, value, words in (
+            (8, "<I", 2, "is linked for the unknown processor 0x2"), (32 + 24, "<Q", 0x4000, "is not laid out as lld does"),
+            (self.command(whole, 0x1B), "<I", 0x1D, "lacks a signature"),  # A second one.
+            (self.command(whole, 0x80000022), "<I", 0x22, None),  # The same without "required".
+            *((self.command(whole, 0xB) + field, "<I", 1, "has tables in __LINKEDIT that lld does not make")
+              for field in (36, 44, 52, 68, 76)),
+        ):  # fmt: skip
+            content = bytearray(whole)
+            struct.pack_into(layout, content, place, value)
+            with self.subTest(place=place, value=value):
+                if words:
+                    self.refused(finish, content, words)
+                else:
+                    self.assertEqual(finish(whole), finish(bytes(content)))
+
+    def test_a_pointer_in_the_last_segment(self):
+        whole = self.linked(self.TEXT)
+        last = max(position for command, position, _ in load_commands(whole) if command == 0x19)
+        index = [position for command, position, _ in load_commands(whole) if command == 0x19].index(last)
+        program = bytes([0x11, 0x20 | index, 0x00, 0x51])
+        content = bytearray(whole + program)
+        struct.pack_into("<2I", content, self.command(whole, 0x80000022) + 8, len(whole), len(program))
+        self.refused(finish, content, "where no segment has bytes")
+
     def test_a_pointer_that_is_not_aligned(self):
         text = HEAD + "    .byte 1\n_odd: .quad _code@AUTH(ia,1)\n    .no_dead_strip _odd\n"
         self.refused(finish, self.linked(text), "which is not aligned to 8 bytes")
@@ -263,9 +349,10 @@ class RefusedTest(Turned):
                 self.refused(finish, self.linked(pointers(one=value)), "points outside the file")
 
     def test_a_signature_of_another_form(self):
-        content = bytearray(self.linked(self.TEXT))
-        content[content.index(b"\xfa\xde\x0c\x02") + 37] = 9
-        self.refused(finish, content, "has a signature of an unknown form")
+        for place in (27, 37):  # How many special slots there are; the kind of hash.
+            content = bytearray(self.linked(self.TEXT))
+            content[content.index(b"\xfa\xde\x0c\x02") + place] = 9
+            self.refused(finish, content, "has a signature of an unknown form")
 
     def test_opcodes_that_are_unknown_or_endless(self):
         whole = self.linked(self.TEXT)

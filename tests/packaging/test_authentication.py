@@ -48,6 +48,22 @@ class WholeTest(BothSlicesTest):
         self.code = fat((0, device_code("arm64")[0]), (0x80000002, self.slice))
         self.assert_problems()
 
+    def test_pointers_of_the_other_slice_are_read_as_well(self):
+        (image,) = macho.slices(device_code("arm64")[0])
+        found, _ = fixups.decode(image)
+        functions = image.defined["_kFunctions"]
+        self.assertEqual(image.defined["__Z5twicei"], found[functions].target)
+        self.assertEqual("_outside", found[functions + 8].imported.name)
+        self.assertGreater(len(found), 30)
+        self.assertEqual({None}, {fixup.signed for fixup in found.values()})
+
+    def test_an_import_that_only_the_chains_name_is_looked_for(self):
+        start, size = self.image.chained_fixups
+        place = self.slice.index(b"_outside\0", start, start + size)
+        self.code, self.archs = self.slice[:place] + b"_nowhere" + self.slice[place + 8 :], ("arm64e",)
+        sentence = f"{WORDS} expects _nowhere of /usr/lib/libSystem.B.dylib, which does not export it"
+        self.assertIn(("undefined_symbols", sentence), self.problems())
+
     def test_each_kind_of_processor_has_to_be_there(self):
         for subtype, code, missing in ((0, device_code("arm64")[0], "arm64e"), (0x80000002, self.slice, "arm64")):
             self.code = fat((subtype, code))
@@ -76,6 +92,7 @@ class SignedPointersTest(BothSlicesTest):
             (self.target(page + 32) + 32, "da", 0xC310, "the method list of class SamplePage"),
             (self.target(meta + 32) + 32, "da", 0xC310, "the method list of metaclass SamplePage"),
             (category + 16, "da", 0xC310, f"the method list of the category at {category:#x}"),
+            (category + 24, "da", 0xC310, f"the method list of the category at {category:#x}"),
             (methods + 8 + 16, "ia", 0, "a method of class SamplePage"),
             (methods + 8 + 24 + 16, "ia", 0, "a method of class SamplePage"),
             (strings, "da", 0x6AE1, f"the isa of the constant object at {strings:#x}"),
@@ -118,17 +135,54 @@ class SignedPointersTest(BothSlicesTest):
         self.assertEqual([f"does not sign the pointer to code at {slot:#x}"],
                          self.judged("signed_pointers", self.changed(slot, unsigned)))  # fmt: skip
 
+    def test_a_plain_pointer_to_a_stub_of_another_library_s_code(self):
+        slot, ((stubs, _),) = self.address("_kFunctions"), self.image.section("__stubs")
+        content = self.changed(slot, lambda word: unsigned(word) & ~0xFFFFFFFF | stubs)
+        self.assertEqual([f"does not sign the pointer to code at {slot:#x}"], self.judged("signed_pointers", content))
+
+    def test_a_constant_number_as_other_compilers_make_it(self):
+        source = 'extern "C" int number __asm__("_OBJC_CLASS_$_NSConstantIntegerNumber");\n'
+        source += "extern void *const kNumber[]; void *const kNumber[] = {&number, 0};\n"
+        self.slice, self.link_map = device_code("arm64e", SIGNED_SOURCE + source)
+        (image,) = macho.slices(self.slice)
+        address = image.defined["_kNumber"]
+        self.assertEqual([f"does not sign the isa of the constant object at {address:#x}"], self.judged("signed_pointers"))
+
     def test_the_flag_of_signed_class_ro(self):
         ((info, _),) = self.image.section("__objc_imageinfo")
         content = self.changed(info, lambda word: word & ~(16 << 32))
-        self.assertEqual(["does not say in __objc_imageinfo that its class_ro are signed"],
-                         self.judged("signed_pointers", content))  # fmt: skip
+        said = ["does not say in __objc_imageinfo that its class_ro are signed"]
+        self.assertEqual(said, self.judged("signed_pointers", content))
+        nowhere = self.slice.replace(b"__objc_imageinfo", b"__objc_imageinfx")
+        self.assertEqual(said, self.judged("signed_pointers", nowhere))
 
     def test_code_that_only_says_that_it_is_for_arm64e(self):
         plain = executable()
         plain = plain[:8] + struct.pack("<I", 0x80000002) + plain[12:]
         self.assertEqual(["has no chained fixups of arm64e's form: nothing in it is signed"],
                          self.judged("signed_pointers", plain))  # fmt: skip
+
+    def test_chains_of_the_form_that_came_before(self):
+        content = bytearray(self.slice)
+        for record in self.records():
+            struct.pack_into("<H", content, record + 6, 1)
+        self.assertEqual(["has no chained fixups of arm64e's form: nothing in it is signed"],
+                         self.judged("signed_pointers", bytes(content)))  # fmt: skip
+
+    def records(self):
+        """Where the chained fixups describe each segment that has some."""
+        start = self.image.chained_fixups[0]
+        segments = start + struct.unpack_from("<I", self.slice, start + 4)[0]
+        offsets = struct.unpack_from(f"<{self.slice[segments]}I", self.slice, segments + 4)
+        return [segments + offset for offset in offsets if offset]
+
+    def test_a_page_with_several_chains_and_names_that_are_compressed(self):
+        page, names = self.records()[0] + 22, self.image.chained_fixups[0] + 24
+        for place, layout, value, said in ((page, "<H", 0x8000, "a page has several chains"),
+                                           (names, "<I", 1, "the names of the imports are compressed")):  # fmt: skip
+            content = bytearray(self.slice)
+            struct.pack_into(layout, content, place, value)
+            self.assertEqual([f"cannot be judged: {said}"], self.judged("signed_pointers", bytes(content)))
 
     def test_chains_that_lead_astray_are_a_problem_and_no_crash(self):
         first = self.address("_OBJC_CLASS_$_SampleCell")

@@ -100,6 +100,25 @@ class SignatureTest(PackageTest):
         self.root_list = {}
         self.assert_problems(f"load_commands: {WORDS} was changed after it was signed (page {position // 4096})")
 
+    def test_a_change_in_the_last_page_is_found(self):
+        (image,) = macho.slices(self.code)
+        last = image.signature[0] - 1
+        self.code = self.code[:last] + bytes([self.code[last] ^ 1]) + self.code[last + 1 :]
+        self.assertIn(("load_commands", f"{WORDS} was changed after it was signed (page {last // 4096})"), self.problems())
+
+    def test_lengths_that_do_not_fit_are_found(self):
+        whole, signature = self.code, self.code.index(b"\xfa\xde\x0c\xc0")
+        directory = self.code.index(b"\xfa\xde\x0c\x02")
+        for place, change, said in (
+            (signature + 4, 0x1000, "has a code signature that is longer than its place"),
+            (signature + 4, -32, "has a code directory that ends early"),
+            (directory + 4, 32, "has a code directory that ends early"),
+            (directory + 4, -32, "has a code directory that ends early"),
+        ):
+            (length,) = struct.unpack_from(">I", whole, place)
+            self.code = whole[:place] + struct.pack(">I", length + change) + whole[place + 4 :]
+            self.assert_problems(f"load_commands: {WORDS} {said}")
+
     def test_a_signature_of_an_unknown_form_is_found(self):
         position = self.code.index(b"\xfa\xde\x0c\xc0")
         self.code = self.code[:position] + b"\0\0\0\0" + self.code[position + 4 :]
@@ -121,9 +140,11 @@ class SignatureTest(PackageTest):
         self.assert_problems(f"load_commands: {WORDS} has a damaged code signature")
 
     def test_a_signature_of_a_part_of_the_file_is_found(self):
-        position = self.code.index(b"\xfa\xde\x0c\x02") + 32  # The limit of the code that it covers.
-        self.code = self.code[:position] + struct.pack(">I", 4096) + self.code[position + 4 :]
-        self.assert_problems(f"load_commands: {WORDS} has a code signature that does not cover the whole file")
+        whole, position = self.code, self.code.index(b"\xfa\xde\x0c\x02") + 28
+        count, limit = struct.unpack_from(">2I", whole, position)  # The pages, and the bytes of code that it covers.
+        for changed in ((count, 4096), (count, limit - 1), (count - 1, limit)):
+            self.code = whole[:position] + struct.pack(">2I", *changed) + whole[position + 8 :]
+            self.assert_problems(f"load_commands: {WORDS} has a code signature that does not cover the whole file")
 
 
 class UndefinedSymbolsTest(PackageTest):

@@ -185,6 +185,10 @@ class CompareHeadersTest(unittest.TestCase):
     def test_the_two_names_of_an_integer_of_64_bits(self):
         self.assertEqual([], self.problems("typedef unsigned long long uint64_t", "typedef unsigned long uint64_t"))
 
+    def test_another_type_under_the_same_name(self):
+        found = self.problems("typedef unsigned long long uint64_t", "typedef unsigned int uint64_t")
+        self.assertIn("type uint64_t: unsigned int here, unsigned long in the SDK", found)
+
     def test_a_problem_says_where(self):
         result = self.run_on(PLATFORM.replace("- (void)more;", "- (void)less;"), self.sdk(PLATFORM))
         line = PLATFORM[: PLATFORM.index("- (void)more;")].count("\n") + 1

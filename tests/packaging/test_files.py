@@ -17,9 +17,11 @@ class ControlTest(PackageTest):
         self.control["Architecture"] = "iphoneos-arm"
         self.assert_problems("control_fields: control: the architecture is iphoneos-arm, not iphoneos-arm64")
 
-    def test_the_section_is_given(self):
-        del self.control["Section"]
-        self.assert_problems("control_fields: control: Section is missing")
+    def test_each_field_is_given(self):
+        for name in ("Section", "Name", "Author"):  # Without the others there is no package at all, or a warning.
+            kept = self.control.pop(name)
+            self.assert_problems(f"control_fields: control: {name} is missing")
+            self.control[name] = kept
 
     def test_the_preference_loader_is_a_dependency(self):
         self.control["Depends"] = "firmware (>= 15.0)"
@@ -30,9 +32,11 @@ class ControlTest(PackageTest):
         self.assert_problems("control_fields: control: Depends has firmware (>= 14.0), not firmware (>= 15.0)")
 
     def test_there_are_no_maintainer_scripts(self):
-        self.files["DEBIAN/postinst"] = "#!/bin/sh\n"
-        self.modes["DEBIAN/postinst"] = 0o755
-        self.assert_problems("control_fields: control: the maintainer script postinst is not expected")
+        names = ("postinst", "postrm", "prerm")
+        for name in names:
+            self.files[f"DEBIAN/{name}"] = "#!/bin/sh\n"
+            self.modes[f"DEBIAN/{name}"] = 0o755
+        self.assert_problems(*(f"control_fields: control: the maintainer script {name} is not expected" for name in names))
 
 
 class LayoutTest(PackageTest):
@@ -47,9 +51,11 @@ class LayoutTest(PackageTest):
     def test_what_a_file_browser_leaves_behind_is_found(self):
         self.files[f"{BUNDLE}/.DS_Store"] = "x"
         self.files[f"{BUNDLE}/._icon.png"] = "x"
+        self.files[f"{BUNDLE}/Thumbs.db"] = "x"
         self.assert_problems(
             f"layout: /{BUNDLE}/.DS_Store does not belong into a package",
             f"layout: /{BUNDLE}/._icon.png does not belong into a package",
+            f"layout: /{BUNDLE}/Thumbs.db does not belong into a package",
         )
 
     def test_an_entry_is_needed(self):
@@ -83,6 +89,8 @@ class ModesTest(PackageTest):
     def test_everything_else_belongs_to_root(self):
         self.owners[f"{BUNDLE}/Sample"] = "501:0"
         self.assert_problems(f"modes: {INSTALL_NAME} belongs to 501:0, not to 0:0")
+        self.owners[f"{BUNDLE}/Sample"] = "0:501"
+        self.assert_problems(f"modes: {INSTALL_NAME} belongs to 0:501, not to 0:0")
 
     def test_the_user_s_folders_belong_to_the_user(self):
         self.owners[USER_FOLDERS[0]] = "0:0"
@@ -102,6 +110,7 @@ class ModesTest(PackageTest):
         self.assertEqual(([], []), (named(""), named("mobile")))
         problem = f"/{USER_FOLDERS[0]} belongs to someone:, names of the machine that built it"
         self.assertEqual([problem], named("someone"))
+        self.assertEqual([problem.replace("someone", "root")], named("root"))
 
     def test_links_are_refused(self):
         folder = self.folder / "root" / BUNDLE

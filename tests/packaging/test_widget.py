@@ -1,17 +1,14 @@
 """packaging/widget: widgets for devices with one command."""
 
-import json
 import os
 import plistlib
 import re
-import shutil
 import subprocess
 
-from fixture import TREE, PackageTest, sdk_folder, write
+from fixture import TREE, PackageTest, whole_sdk, write
 
 from checker import macho, objc, signature
 
-SETTINGS = {"CanonicalName": "iphoneos15.5", "Version": "15.5", "MaximumDeploymentTarget": "15.5.99"}
 CODE = """
 __attribute__((objc_root_class)) @interface NSObject { Class isa; } @end
 @interface SampleWidget : NSObject
@@ -21,23 +18,12 @@ __attribute__((objc_root_class)) @interface NSObject { Class isa; } @end
 - (void)show {}
 @end
 """
-EMPTY = """--- !tapi-tbd
-tbd-version:     4
-targets:         [ arm64-ios, arm64e-ios ]
-install-name:    '/System/Library/Frameworks/{0}.framework/{0}'
-...
-"""
 
 
 class WidgetTest(PackageTest):
     def setUp(self):
         super().setUp()
-        self.sdk = self.folder / "an sdk"
-        shutil.copytree(sdk_folder(), self.sdk)
-        write(self.sdk / "SDKSettings.json", json.dumps(SETTINGS))
-        (self.sdk / "usr/include/c++/v1").mkdir(parents=True)
-        for name in ("Foundation", "UIKit", "CoreGraphics", "QuartzCore"):
-            write(self.sdk / f"System/Library/Frameworks/{name}.framework/{name}.tbd", EMPTY.format(name))
+        self.sdk = whole_sdk(self.folder / "an sdk", "Foundation", "UIKit", "CoreGraphics", "QuartzCore")
         self.widget, self.output = self.folder / "a widget", self.folder / "the output"
         write(self.widget / "Info.plist", {"CFBundleExecutable": "Sample"})
         write(self.widget / "SampleWidget.mm", CODE)
@@ -78,6 +64,18 @@ class WidgetTest(PackageTest):
         self.made("--arch", "arm64e")
         self.assertEqual(["arm64e"], [image.arch for image in self.slices()])
 
+    def test_a_kind_of_processor_that_is_named_twice_is_there_once(self):
+        self.made("--arch", "arm64e", "--arch", "arm64e")
+        self.assertEqual(["arm64e"], [image.arch for image in self.slices()])
+
+    def test_a_folder_that_is_no_widget_does_not_take_the_place_of_the_one_before_it(self):
+        other = self.folder / "no widget"
+        write(other / "Other.mm", CODE.replace("SampleWidget", "OtherWidget"))
+        result = self.command("--sdk", self.sdk, "--output", self.output, self.widget, other, "--", "-lobjc")
+        self.assertEqual((2, f"packaging/widget: {other} has no Info.plist that names a CFBundleExecutable\n"),
+                         (result.returncode, result.stderr))  # fmt: skip
+        self.assertEqual({"SampleWidget"}, objc.names(self.slices()[0])[0])
+
     def test_flags_reach_the_linker(self):
         result = self.command("--sdk", self.sdk, "--output", self.output, self.widget, "--", "-lobjc",
                               "-Wl,-needed_framework,QuartzCore")  # fmt: skip
@@ -103,6 +101,7 @@ class WidgetTest(PackageTest):
     def test_what_it_is_given_is_checked(self):
         self.assertIn("needs an iPhoneOS SDK", self.refused(self.widget))
         self.assertIn("is no SDK", self.refused("--sdk", self.widget, self.widget))
+        self.assertIn("absent/sdk is no SDK", self.refused("--sdk", "absent/sdk", self.widget))
         self.assertIn("needs the folder of a widget", self.refused("--sdk", self.sdk))
         self.assertIn("--sdk needs a value", self.refused("--sdk"))
         self.assertIn("unknown argument --fast", self.refused("--fast"))
