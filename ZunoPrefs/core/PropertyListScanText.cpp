@@ -125,7 +125,6 @@ std::size_t plainLength(std::string_view text) noexcept {
 bool isASCII(std::string_view text) noexcept { return asciiRun(text.data(), text.size()) == text.size(); }
 
 bool appendUTF16(std::string_view units, std::string* text) {
-  if (units.size() % 2 != 0) return false;
   const auto byte = [&](std::size_t at) -> std::uint32_t { return static_cast<unsigned char>(units[at]); };
   const auto unit = [&](std::size_t at) { return byte(at) << 8 | byte(at + 1); };
   const auto isIn = [](std::uint32_t value, std::uint32_t first) { return value >= first && value < first + 0x400; };

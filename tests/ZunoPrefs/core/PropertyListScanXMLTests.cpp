@@ -78,7 +78,7 @@ TEST(PropertyListScanXMLTest, ReadsRealsWithAPointInEveryLocale) {
 
 TEST(PropertyListScanXMLTest, LeavesRealsThatReadersTakeDifferently) {
   for (const char* text : {"", " 0.5", "0.5 ", "+0.5", ".5", "5.", "0,5", "1e", "1e+", "1e400", "1e-400", "nan", "inf",
-                           "+infinity", "0x1p3", "1.5.2", "1 2"}) {
+                           "+infinity", "0x1p3", "1.5.2", "1 2", "1~"}) {
     const auto element = "<real>" + std::string(text) + "</real>";
     EXPECT_EQ(valueOf(element), undecided()) << element;
     EXPECT_EQ(besides(element), undecided()) << element;

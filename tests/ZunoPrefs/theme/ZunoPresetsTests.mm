@@ -229,12 +229,12 @@ TEST_F(PresetStoreTest, WhatRemainsOfAnInterruptedCopyIsInNobodysWay) {
 }
 
 TEST_F(PresetStoreTest, ACopyThatCannotTakeItsPlaceIsTakenAway) {
-  write(kThemeFile, "damaged");
+  writePreset(@"one", @{@"a" : @1});
   ZunoPresets *page = showPage();
   const auto refuse = +[](id, SEL, NSString *, NSString *, NSError **) -> BOOL { return NO; };
   const Replaced move([NSFileManager class], @selector(moveItemAtPath:toPath:error:), refuse);
-  [page savePresetWithName:@"new"];
-  EXPECT_EQ(listing(kPresets), "");
+  [page applyPreset:presetPath(@"one")];
+  EXPECT_EQ(listing([kThemeFile stringByDeletingLastPathComponent]), "");
 }
 
 TEST_F(PresetStoreTest, TheFrameworkHearsOfTheLoadAndThePageDoesNotKeepItsList) {
