@@ -1,20 +1,24 @@
 // On a device every folder is a bundle of its own. GNUstep takes two folders whose Info lists have the same identifier
-// for one bundle and hands out whichever it met first. And the log says why code does not load; GNUstep tells standard
-// error.
+// for one bundle and hands out whichever it met first. And the log says why code does not load, which GNUstep tells
+// standard error, and nothing of how the frameworks are built.
 #import <Foundation/Foundation.h>
 
 #include <dlfcn.h>
 #import <objc/runtime.h>
+
+#include <string_view>
 
 namespace {
 
 using InitWithPath = id (*)(id, SEL, NSString *);
 using BundleIdentifier = NSString *(*)(id, SEL);
 using Load = BOOL (*)(id, SEL);
+using BundleForClass = NSBundle *(*)(id, SEL, Class);
 
 InitWithPath originalInitWithPath = nullptr;
 BundleIdentifier originalBundleIdentifier = nullptr;
 Load originalLoad = nullptr;
+BundleForClass originalBundleForClass = nullptr;
 thread_local bool isInitialising = false;
 
 id initWithPath(id self, SEL selector, NSString *path) {
@@ -51,10 +55,26 @@ BOOL load(id self, SEL selector) {
   return loaded;
 }
 
+/// The folder of the file that holds the code or data at `address`; empty when there is none.
+std::string_view folderOf(const void *address) {
+  Dl_info found{};
+  if (!address || dladdr(address, &found) == 0 || !found.dli_fname) return {};
+  const std::string_view file = found.dli_fname;
+  return file.substr(0, file.rfind('/') + 1);
+}
+
+/// The frameworks lie beside this one and count as the program's. GNUstep comes to the same, but newer ones look for a version
+/// in the names of their libraries and tell the log that there is none.
+NSBundle *bundleForClass(id self, SEL selector, Class kind) {
+  const auto folder = folderOf(kind);
+  if (!folder.empty() && folder == folderOf(kClassSymbol)) return [NSBundle mainBundle];
+  return originalBundleForClass(self, selector, kind);
+}
+
 template <typename Implementation>
-Implementation replace(SEL selector, Implementation implementation) {
+Implementation replace(SEL selector, Implementation implementation, Method (*find)(Class, SEL) = class_getInstanceMethod) {
   // Without a message to the class: that would start Foundation before its defaults are set.
-  Method method = class_getInstanceMethod((Class)objc_getClass("NSBundle"), selector);
+  Method method = find((Class)objc_getClass("NSBundle"), selector);
   // Every implementation is stored as a function of any arguments; the way there and back leads over void *.
   void *previous = reinterpret_cast<void *>(
       method_setImplementation(method, reinterpret_cast<IMP>(reinterpret_cast<void *>(implementation))));
@@ -72,6 +92,7 @@ Implementation replace(SEL selector, Implementation implementation) {
   originalBundleIdentifier = replace(@selector(bundleIdentifier), bundleIdentifier);
   originalLoad = replace(@selector(load), load);
   originalInitWithPath = replace(@selector(initWithPath:), initWithPath);
+  originalBundleForClass = replace(@selector(bundleForClass:), bundleForClass, class_getClassMethod);
 }
 
 + (NSBundle *)bundleWithIdentifier:(NSString *)identifier {

@@ -162,7 +162,7 @@ for (const deviceScaleFactor of [1, 2, 3]) {
       const drawn = await linesDrawn(page);
       assert.ok(drawn.length >= 4, `${drawn.length} borders are in sight, ${width} wide`);
       for (const pixels of drawn) {
-        assert.ok(pixels > 0.8 && pixels < Math.ceil(deviceScaleFactor / 2) + 0.2, `${width} wide: ${drawn.join(' ')}`);
+        assert.ok(pixels > 0.8 && pixels < Math.min(deviceScaleFactor, 2) + 0.2, `${width} wide: ${drawn.join(' ')}`);
       }
     }
   });

@@ -98,6 +98,45 @@ test('A slider shows its value and sends a number when it is let go', async (t) 
   assert.ok(fake.events[0].value > 90, String(fake.events[0].value));
 });
 
+/** A device with a slider within [min, max] that keeps what is set. */
+function startSlider(t, value, min, max) {
+  const slider = (now) => one(control('Slider', 'slider', now, { detail: now.toFixed(1) }, { min, max }));
+  return startFake(t, slider(value), (event, fake) => {
+    fake.screen = slider(event.value);
+  });
+}
+
+test('A slider keeps its length, whatever its value takes to write', async (t) => {
+  const { url } = await startSlider(t, 1, -100, 100);
+  const page = await openPage(t, url);
+  const slider = page.getByRole('slider');
+  const { width } = await slider.boundingBox();
+  for (const value of ['-100', '100', '0', '-20.5']) {
+    await slider.fill(value);
+    await eventually(async () => assert.equal(await page.locator('output').innerText(), Number(value).toFixed(1)));
+    assert.equal((await slider.boundingBox()).width, width, value);
+  }
+});
+
+test('Keys move a slider by hundredths and tenths of its range, and not beyond its ends', async (t) => {
+  let release;
+  const held = new Promise((resolve) => { release = resolve; });
+  const { fake, url } = await startFake(t, one(control('Share', 'slider', 0.5, {}, { min: 0, max: 1 })), () => held);
+  const page = await openPage(t, url);
+  const slider = page.getByRole('slider');
+  await slider.focus();
+  const values = { ArrowRight: 0.51, ArrowUp: 0.52, PageUp: 0.62, ArrowLeft: 0.61, ArrowDown: 0.6, PageDown: 0.5 };
+  for (const [key, value] of [...Object.entries(values), ['End', 1], ['ArrowRight', 1], ['Home', 0], ['ArrowLeft', 0]]) {
+    await page.keyboard.press(key);
+    await eventually(async () => {
+      const now = Number(await slider.inputValue());
+      assert.ok(Math.abs(now - value) < 1e-6, `${key}: ${now}`);
+    });
+  }
+  assert.ok(Math.abs(fake.events[0].value - 0.51) < 1e-6, 'what is set first is sent first');
+  release();
+});
+
 test('A slider without a usable value stands at its minimum and sends nothing', async (t) => {
   const { fake, url } = await startFake(t, one(control('Width', 'slider', [1], {}, { min: 2, max: 5 })));
   const page = await openPage(t, url);

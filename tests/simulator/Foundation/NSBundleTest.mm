@@ -84,6 +84,12 @@ class BundleCodeTest : public DeviceTest {
   std::vector<std::string> log_;
 };
 
+TEST_F(BundleCodeTest, AClassOfTheFrameworksIsTheProgramsAndTheLogIsNotTold) {
+  EXPECT_EQ([NSBundle bundleForClass:NSClassFromString(@"SIMMainQueue")], [NSBundle mainBundle]);
+  EXPECT_NE([NSBundle bundleForClass:[NSString class]], [NSBundle mainBundle]);
+  EXPECT_THAT(log_, ::testing::IsEmpty());
+}
+
 TEST_F(BundleCodeTest, TheLogSaysWhyCodeWasNotLoaded) {
   expectFailure(bundle(@"Empty", nil), ": its Info list names no CFBundleExecutable");
   expectFailure(bundle(@"Missing", @"Missing"),

@@ -5,6 +5,8 @@ import { setOnly } from '/phone/look.js';
 import { SessionContext } from '/session.js';
 
 const unseenDecimals = 2;
+// What a key moves the knob by, in hundredths of the range. Browsers differ in what they do where there are no steps.
+const moves = { ArrowLeft: -1, ArrowDown: -1, ArrowRight: 1, ArrowUp: 1, PageDown: -10, PageUp: 10 };
 
 /** A number within [min, max]. It is sent when the knob is let go. `row.detail` is how the device writes it, if it does. */
 export function Slider({ row, name }) {
@@ -18,18 +20,29 @@ export function Slider({ row, name }) {
   const change = async (event) => {
     if (!(await session.set(row.id, Number(event.target.value)))) setShown(stored);
   };
+  const onKeyDown = (event) => {
+    const move = moves[event.key];
+    if (!move) return;
+    event.preventDefault();
+    event.target.value = clamp(Number(event.target.value) + (move / 100) * (max - min), min, max);
+    input(event);
+    change(event);
+  };
   const share = max > min ? (shown - min) / (max - min) : 0;
   const written = row.detail ?? '';
-  const number = written && shown === stored ? written : shown.toFixed(written ? decimalsOf(written) : unseenDecimals);
+  const decimals = written ? decimalsOf(written) : unseenDecimals;
+  const number = written && shown === stored ? written : shown.toFixed(decimals);
+  const [longest] = [min, max].map((end) => end.toFixed(decimals)).sort((one, other) => other.length - one.length);
   return html`
     ${minimumImage && html`<${Picture} class="slider-image" image=${minimumImage} />`}
     <input type="range" class="slider" data-part="main" data-own-keys aria-label=${name}
       aria-valuetext=${(shown === stored && row.accessibilityValue) || number}
       aria-description=${row.accessibilityHint || undefined}
       min=${min} max=${max} step="any" value=${shown} disabled=${row.enabled === false}
-      style=${{ '--share': share, ...tintsOf(row.control) }} onInput=${input} onChange=${change} />
+      style=${{ '--share': share, ...tintsOf(row.control) }} onInput=${input} onChange=${change}
+      onKeyDown=${onKeyDown} />
     ${maximumImage && html`<${Picture} class="slider-image" image=${maximumImage} />`}
-    ${written && html`<output class="slider-value">${number}</output>`}`;
+    ${written && html`<output class="slider-value" data-longest=${longest}>${number}</output>`}`;
 }
 
 function tintsOf(control) {
