@@ -27,15 +27,12 @@ typedef struct CGVector {
   CGFloat dy;
 } CGVector;
 
-typedef NS_ENUM(uint32_t, CGRectEdge) { CGRectMinXEdge, CGRectMinYEdge, CGRectMaxXEdge, CGRectMaxYEdge };
-
 #define CGFLOAT_MAX DBL_MAX
 #define CGFLOAT_MIN DBL_MIN
 #define CGFLOAT_IS_DOUBLE 1
-#else
-/// One of CGRectMinXEdge, CGRectMinYEdge, CGRectMaxXEdge and CGRectMaxYEdge.
-typedef uint32_t CGRectEdge;
 #endif
+
+typedef NS_ENUM(uint32_t, CGRectEdge) { CGRectMinXEdge, CGRectMinYEdge, CGRectMaxXEdge, CGRectMaxYEdge };
 
 static const CGPoint CGPointZero __attribute__((unused)) = {0, 0};
 static const CGSize CGSizeZero __attribute__((unused)) = {0, 0};

@@ -1,5 +1,15 @@
 // GNUstep's Foundation and what a device's Foundation has beyond it.
 #pragma once
 
+// Newer Foundations list the edges of a rectangle without the type CGRectEdge, which CoreGraphics declares with them.
+#define CGRectMinXEdge GSRectMinXEdge
+#define CGRectMinYEdge GSRectMinYEdge
+#define CGRectMaxXEdge GSRectMaxXEdge
+#define CGRectMaxYEdge GSRectMaxYEdge
 #include_next <Foundation/Foundation.h>
+#undef CGRectMinXEdge
+#undef CGRectMinYEdge
+#undef CGRectMaxXEdge
+#undef CGRectMaxYEdge
+
 #import <Foundation/FoundationAdditions.h>

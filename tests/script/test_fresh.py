@@ -1,8 +1,10 @@
-"""What script/fresh asks for before it makes a system."""
+"""What script/fresh asks for before it makes a system, and what is left of it."""
 
 import shutil
+import signal
 import subprocess
 import tempfile
+import time
 import unittest
 from pathlib import Path
 
@@ -53,6 +55,23 @@ class FreshTest(unittest.TestCase):
         self.assertEqual("script/fresh: needs wget, of Debian's package wget.\n", self.refusal("bookworm", "test"))
         (self.programs / "debootstrap").unlink()
         self.assertEqual("script/fresh: needs debootstrap, of Debian's package debootstrap.\n", self.refusal())
+
+    def test_nothing_is_left_when_it_is_interrupted(self):
+        for tool in ("chown", "flock", "sleep"):
+            (self.programs / tool).symlink_to(shutil.which(tool))
+        self.program("wget", "")
+        self.program("setpriv", 'shift 2; exec "$@"')
+        self.program("unshare", "mkdir -p build/fresh/trixie/home; exec sleep 60")
+        system = self.tree / "build/fresh/trixie"
+        for name in (signal.SIGHUP, signal.SIGINT, signal.SIGTERM):
+            process = subprocess.Popen([self.tree / "script/fresh"], env={"PATH": str(self.programs)})
+            deadline = time.monotonic() + 30
+            while not (system / "home").exists() and time.monotonic() < deadline:
+                time.sleep(0.02)
+            self.assertTrue((system / "home").exists())
+            process.send_signal(name)
+            self.assertEqual(128 + name, process.wait(timeout=30))
+            self.assertFalse(system.exists())
 
 
 if __name__ == "__main__":
