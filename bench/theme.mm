@@ -157,7 +157,8 @@ void parseEveryRow() {
 void measurePages() {
   openPages("page without a theme file", false);
   NSString *text = zuno::encodeImage(imageOf(bench::noisyPhoto(3780, 2835)));
-  require(themeFile().setValue(text, @"backgroundImage"), "the theme file cannot be written");
+  themeFile().setValue(text, @"backgroundImage");
+  require(themeFile().value(@"backgroundImage") != nil, "the theme file cannot be written");
   std::printf("theme: the theme file is %.1f MB\n", megabytes(themeFile().path()));
   openPages("page with the theme file", true);
   parseEveryRow();
@@ -176,7 +177,7 @@ void measureSteps(NSData *jpeg) {
     measure("step: base64", [&] {
       text = [[png base64EncodedStringWithOptions:NSDataBase64Encoding64CharacterLineLength] retain];
     });
-    measure("step: writing the theme file", [&] { require(themeFile().setValue(text, @"backgroundImage"), "it fails"); });
+    measure("step: writing the theme file", [&] { themeFile().setValue(text, @"backgroundImage"); });
     measure("step: reading one row", [&] { require(!themeFile().value(@"spacing"), "there is a value"); });
     measure("step: decoding the stored text", [&] { require(zuno::storedBackgroundImage(), "there is no image"); });
     [pixels release];
