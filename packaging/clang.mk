@@ -17,6 +17,11 @@ SLICES = $(ARCHS:%=$(OUT)/%/$(ZUNO_NAME))
 SOURCE_NAMES = $(ZUNO_SOURCES:$(TREE)/ZunoPrefs/%=%)
 TOOLS = packaging/device-clang packaging/arm64e $(wildcard packaging/pointerauth/*.py)
 
+# The SDK's stubs that the bundle is linked against, as paths below it.
+STUBS = $(foreach name,$(ZUNO_FRAMEWORKS),System/Library/Frameworks/$(name).framework/$(name).tbd) \
+  $(foreach name,$(ZUNO_PRIVATE_FRAMEWORKS),System/Library/PrivateFrameworks/$(name).framework/$(name).tbd) \
+  usr/lib/libSystem.tbd usr/lib/libc++.tbd usr/lib/libobjc.tbd
+
 COMPILE_FLAGS = $(ZUNO_CFLAGS) $(ZUNO_CXXFLAGS) "-ffile-prefix-map=$(CURDIR)=."
 LINK_FLAGS = -install_name $(PREFIX)$(ZUNO_BUNDLE_FOLDER)/$(ZUNO_NAME).bundle/$(ZUNO_NAME) \
   "-F$(SDK)/System/Library/PrivateFrameworks" \
@@ -30,12 +35,14 @@ $(OUT)/$(1)/%.o: ZunoPrefs/% packaging/bundle.mk packaging/clang.mk $(TOOLS)
 	packaging/device-clang $(1)-apple-ios$(ZUNO_DEPLOYMENT_TARGET) "$(SDK)" -c $$< -o $$@ \
 	  $(COMPILE_FLAGS) -MMD -MF $$(@:.o=.d) -MT $$@
 
-# Written when the list of sources changes: one that is gone leaves nothing newer than the executable behind.
-$(OUT)/$(1)/sources: always
+# What is linked, in a file that is written when it changes: a source that is gone leaves nothing newer than the executable
+# behind, and the names of an SDK's stubs may hold what make takes for the end of a name.
+$(OUT)/$(1)/inputs: always
 	@mkdir -p $$(@D)
-	@printf '%s\n' $(SOURCE_NAMES) | cmp --silent - $$@ || printf '%s\n' $(SOURCE_NAMES) >$$@
+	@{ printf '%s\n' $(SOURCE_NAMES) && cd "$(SDK)" && cksum $(STUBS); } >$$@.new
+	@cmp --silent $$@.new $$@ && rm $$@.new || mv $$@.new $$@
 
-$(OUT)/$(1)/$(ZUNO_NAME): $(SOURCE_NAMES:%=$(OUT)/$(1)/%.o) $(OUT)/$(1)/sources $(wildcard packaging/stubs/*)
+$(OUT)/$(1)/$(ZUNO_NAME): $(SOURCE_NAMES:%=$(OUT)/$(1)/%.o) $(OUT)/$(1)/inputs $(wildcard packaging/stubs/*)
 	packaging/device-clang $(1)-apple-ios$(ZUNO_DEPLOYMENT_TARGET) "$(SDK)" -dynamiclib $$(filter %.o,$$^) -o $$@ \
 	  $(LINK_FLAGS)
 
@@ -54,12 +61,9 @@ stage: $(SLICES)
 	chmod -R u=rwX,go=rX $(OUT)/root
 	chmod 755 $(STAGED_BUNDLE)/$(ZUNO_NAME)
 
-# The SDK's stubs that the bundle is linked against, as paths below it.
 .PHONY: stubs
 stubs:
-	@printf '%s\n' $(foreach name,$(ZUNO_FRAMEWORKS),System/Library/Frameworks/$(name).framework/$(name).tbd) \
-	  $(foreach name,$(ZUNO_PRIVATE_FRAMEWORKS),System/Library/PrivateFrameworks/$(name).framework/$(name).tbd) \
-	  usr/lib/libSystem.tbd usr/lib/libc++.tbd usr/lib/libobjc.tbd
+	@printf '%s\n' $(STUBS)
 
 # Owners are only noted: where the building user is root of a namespace, others cannot be had.
 .PHONY: deb

@@ -1,10 +1,11 @@
 """Rules about code for arm64e: what is signed and how, what the compiler asked for, and that the slices are the same."""
 
 import struct
+import unittest
 
 from fixture import INSTALL_NAME, SIGNED_SOURCE, PackageTest, device_code, executable, fat
 
-from checker import fixups, macho
+from checker import assembly, fixups, macho
 from checker.fixups import KEYS, Signed
 
 WORDS = f"{INSTALL_NAME} (arm64e)"
@@ -248,6 +249,49 @@ class RequestedPointersTest(BothSlicesTest):
         self.link_map = self.folder / "absent.map"
         (problem,) = self.judged("requested_pointers")
         self.assertIn("cannot be held against its assembly", problem)
+
+
+class AssemblyTest(unittest.TestCase):
+    """What is read out of a compiler's assembly."""
+
+    def pointers(self, text, label):
+        return {offset: (pointer.symbol, pointer.addend, pointer.signed)
+                for offset, pointer in assembly.records(text)[label].pointers.items()}  # fmt: skip
+
+    def test_the_functions_that_run_first_are_one_record_whatever_lies_between(self):
+        text = "\t.section\t__DATA,__mod_init_func,mod_init_funcs\n"
+        text += "\t.p2align\t3, 0x0\n\t.quad\t_first\n\t.p2align\t3, 0x0\n\t.quad\t_second@AUTH(ia,0)\n"
+        self.assertEqual({0: ("_first", 0, None), 8: ("_second", 0, Signed("ia", 0, False))},
+                         self.pointers(text, assembly.INITIALISERS))  # fmt: skip
+
+    def test_what_is_aligned_anew_belongs_to_the_next_label(self):
+        text = "\t.section\t__DATA,__data\n_one:\n\t.quad\t_target\n\t.p2align\t3, 0x0\n"
+        self.assertEqual({0: ("_target", 0, None)}, self.pointers(text, "_one"))
+        with self.assertRaisesRegex(assembly.AssemblyError, "a pointer without a label: _lost"):
+            assembly.records(text + "\t.quad\t_lost\n")
+        with self.assertRaisesRegex(assembly.AssemblyError, "a pointer without a label: _lost"):
+            assembly.records(text + "\t.section\t__DATA,__const\n\t.quad\t_lost\n")
+
+    def test_offsets_count_everything_that_takes_room(self):
+        text = "\t.section\t__DATA,__data\n_one:\n\t.byte\t1\n\t.short\t1\n\t.space\t1\n\t.long\t0\n"
+        text += "\t.zero\t0x8\n\t.quad\t-5\n\t.quad\t0x10\n\t.quad\t_target-16 ; a remark\n"
+        self.assertEqual({32: ("_target", -16, None)}, self.pointers(text, "_one"))
+
+    def test_names_in_quotation_marks(self):
+        text = '\t.section\t__DATA,__const\n"-[A b]":\n\t.quad\t("+[A \\303\\266]"+8)@AUTH(da,27361,addr)\n'
+        self.assertEqual({0: ("+[A \u00f6]", 8, Signed("da", 27361, True))}, self.pointers(text, "-[A b]"))
+
+    def test_a_pointer_of_an_unknown_form_is_refused(self):
+        for form in ("_a-_b", "_a@GOT", "_a@AUTH(ia)", "_a@AUTH(ia,1,adr)"):
+            with self.assertRaisesRegex(assembly.AssemblyError, "a pointer of an unknown form: "):
+                assembly.records(f"\t.section\t__DATA,__data\n_one:\n\t.quad\t{form}\n")
+
+    def test_text_is_read_byte_for_byte(self):
+        text = '\t.section\t__TEXT,__cstring,cstring_literals\nl_.str:\n\t.asciz\t"a\\"b\\n\\\\\\t\\303\\0014"\n'
+        text += 'l_.two:\n\t.ascii\t"x;y"\n\t.space\t2\n'
+        records = assembly.records(text)
+        self.assertEqual(b'a"b\n\\\t\xc3\x014\0', records["l_.str"].text)
+        self.assertEqual(b"x;y\0\0", records["l_.two"].text)
 
 
 class SameSlicesTest(BothSlicesTest):

@@ -1,10 +1,12 @@
 """Rules about the executable: load commands, signature, undefined symbols."""
 
 import struct
+import unittest
+from types import SimpleNamespace
 
 from fixture import EXTRA, INSTALL_NAME, LINK, PREFERENCES, SOURCE, PackageTest, executable, fat, write
 
-from checker import macho
+from checker import exports, macho
 
 WORDS = f"{INSTALL_NAME} (arm64)"
 
@@ -185,6 +187,46 @@ class UndefinedSymbolsTest(PackageTest):
         write(sdk / (inner[1:] + ".tbd"), PREFERENCES.replace("Preferences.framework/Preferences", inner[34:]))
         self.sdk = sdk
         self.assert_problems()
+
+
+class ExportsTest(unittest.TestCase):
+    """The trie of <mach-o/loader.h>, byte for byte."""
+
+    def names(self, *trie):
+        return exports.names(SimpleNamespace(data=b"..." + bytes(trie), exports_trie=(3, len(trie))))
+
+    def test_names_are_put_together_along_the_way(self):
+        leaf = (1, 0, 0)  # One byte about the name, and no children.
+        self.assertEqual({"a", "ab", "ac"}, self.names(
+            0, 1, *b"a\0", 5, *(1, 0, 2, *b"b\0", 14, *b"c\0", 17), *leaf, *leaf))  # fmt: skip
+
+    def test_numbers_of_several_bytes_are_read(self):
+        filler = bytes(200)
+        self.assertEqual({"far"}, self.names(0, 1, *b"far\0", 0x80 | 208 & 0x7F, 208 >> 7, *filler, 1, 0, 0))
+        self.assertEqual({"", "long"}, self.names(0x82, 0x80, 0, 9, 9, 1, *b"long\0", 12, 1, 0, 0))
+
+    def test_no_exports_are_no_names(self):
+        self.assertEqual(set(), self.names())
+        self.assertEqual(set(), exports.names(SimpleNamespace(data=b"", exports_trie=None)))
+
+    def test_a_name_that_leads_back_to_where_it_began_is_damage(self):
+        for trie in ((0, 1, *b"a\0", 0), (0, 1, *b"a\0", 5, 0, 1, *b"b\0", 5)):
+            with self.assertRaisesRegex(macho.MachOError, "a name leads back to where it began"):
+                self.names(*trie)
+
+    def test_a_trie_that_ends_early_is_damage(self):
+        for trie in ((0,), (0, 1, *b"a"), (0, 1, *b"a\0"), (0, 1, *b"a\0", 0x80), (0, 1, *b"a\0", 9)):
+            with self.assertRaisesRegex(macho.MachOError, "the exports are damaged"):
+                self.names(*trie)
+
+
+class SlicesTest(unittest.TestCase):
+    def test_a_slice_that_reaches_beyond_the_end_of_the_file_is_damage(self):
+        whole = fat((0, executable()))
+        size = struct.unpack_from(">I", whole, 20)[0]
+        self.assertEqual(1, len(macho.slices(whole[: 0x4000 + size])))
+        with self.assertRaisesRegex(macho.MachOError, "a slice reaches beyond the end of the file"):
+            macho.slices(whole[: 0x4000 + size - 1])
 
 
 class DamagedCodeTest(PackageTest):

@@ -1,10 +1,16 @@
 """packaging/compare-headers on small headers: what it finds, and what it makes of the list of known differences."""
 
 import json
+import os
 import subprocess
 import tempfile
 import unittest
+from contextlib import redirect_stdout
+from importlib.machinery import SourceFileLoader
+from importlib.util import module_from_spec, spec_from_loader
+from io import StringIO
 from pathlib import Path
+from unittest import mock
 
 from fixture import TREE, write
 
@@ -245,6 +251,70 @@ class CompareHeadersTest(unittest.TestCase):
             result = self.run_on(ours, sdk)
             self.assertEqual((2, "", 1), (result.returncode, result.stdout, result.stderr.count("\n")), result.stderr)
             self.assertIn(said, result.stderr)
+
+    def test_a_runtime_with_another_truth_value_is_refused(self):
+        """What is compared would not be what the platform has."""
+        write(self.folder / "gcc/include/objc/objc.h", "typedef int BOOL;")
+        write(self.folder / "bin/gcc", f"#!/bin/sh\necho '{self.folder}/gcc/include'\n").chmod(0o755)
+        with mock.patch.dict(os.environ, PATH=f"{self.folder}/bin:{os.environ['PATH']}"):
+            result = self.run_on(PLATFORM, self.sdk(PLATFORM))
+        self.assertEqual((2, "", f"packaging/compare-headers: {self.folder}/gcc/include/objc/objc.h defines BOOL in another "
+                          "way than expected\n"), (result.returncode, result.stdout, result.stderr))  # fmt: skip
+
+
+class PrivateHeadersTest(unittest.TestCase):
+    """The report on include/, whose headers no SDK has."""
+
+    OURS = """
+        @class Elsewhere;
+        __attribute__((objc_root_class)) @interface Page
+        @property (nonatomic, copy) Page *title;
+        - (void)reload;
+        - (int)rows;
+        @end
+        @interface OursAlone : Page
+        - (void)more;
+        @end
+        extern Page *const PageName;
+        extern Page *const OursName;
+        """
+
+    def reported(self, theirs):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        folder = Path(folder.name)
+        write(folder / "include/Pages/Page.h", self.OURS)
+        write(folder / "include/Pages/Absent.h", "__attribute__((objc_root_class)) @interface Absent @end")
+        write(folder / "include/objc/Ours.h", "#error what lies here is not the platform's")
+        write(folder / "theirs/Pages/Page.h", theirs)
+        loader = SourceFileLoader("compare_headers", str(TREE / "packaging/compare-headers"))
+        command = module_from_spec(spec_from_loader(loader.name, loader))
+        loader.exec_module(command)
+        with mock.patch.object(command, "TREE", folder), redirect_stdout(StringIO()) as told:
+            command.report_private_headers(["-target", "arm64-apple-ios15.0"], folder / "theirs")
+        return [line.replace(str(folder / "theirs"), "DIR") for line in told.getvalue().splitlines()]
+
+    def test_what_is_the_same_or_ours_alone_is_not_told(self):
+        self.assertEqual(["packaging/compare-headers: 2 classes of include/ are also in DIR; 0 differences"],
+                         self.reported(self.OURS))  # fmt: skip
+        alone = self.OURS[: self.OURS.index("@interface OursAlone")] + "extern Page *const PageName;"
+        self.assertEqual(["packaging/compare-headers: 1 classes of include/ are also in DIR; 0 differences"],
+                         self.reported(alone))  # fmt: skip
+
+    def test_what_differs_is_told(self):
+        theirs = self.OURS.replace("(int)rows", "(long)rows").replace("- (void)reload;", "").replace("copy", "retain")
+        theirs = theirs.replace("Page *const PageName", "OursAlone *const PageName")
+        self.assertEqual([
+            "include/: constant PageName: Page *const here, OursAlone *const there",
+            "include/: method -[Page reload]: not there",
+            "include/: method -[Page rows]: i16@0:8 here, q16@0:8 there",
+            "include/: property Page.title: attributes C,N here, attributes &,N there",
+            "packaging/compare-headers: 2 classes of include/ are also in DIR; 4 differences",
+        ], sorted(self.reported(theirs)))  # fmt: skip
+
+    def test_one_difference_is_one(self):
+        self.assertIn("; 1 difference", self.reported(self.OURS.replace("(int)rows", "(long)rows"))[-1])
+        self.assertFalse(self.reported(self.OURS.replace("(int)rows", "(long)rows"))[-1].endswith("s"))
 
 
 if __name__ == "__main__":

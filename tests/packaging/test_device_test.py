@@ -1,9 +1,12 @@
 """script/device-test: what it says of its arguments. The run itself needs a package and an emulator."""
 
+import fcntl
 import subprocess
+import tempfile
 import unittest
+from pathlib import Path
 
-from fixture import TREE
+from fixture import TREE, write
 
 
 class DeviceTestCommandTest(unittest.TestCase):
@@ -23,6 +26,17 @@ class DeviceTestCommandTest(unittest.TestCase):
 
     def test_an_unknown_argument(self):
         self.assertIn("unknown argument --fast", self.refused("--fast"))
+
+    def test_two_runs_do_not_build_in_one_folder(self):
+        with tempfile.TemporaryDirectory() as folder:
+            command = write(Path(folder, "script/device-test"), (TREE / "script/device-test").read_text())
+            package = write(Path(folder, "sample.deb"), "")
+            lock = write(Path(folder, "build/device-test/lock"), "")
+            with lock.open() as held:
+                fcntl.flock(held, fcntl.LOCK_EX)
+                result = subprocess.run(["bash", str(command), str(package)], capture_output=True, text=True)
+            sentence = f"script/device-test: another run is building in {folder}/build/device-test\n"
+            self.assertEqual((1, "", sentence), (result.returncode, result.stdout, result.stderr))
 
 
 if __name__ == "__main__":

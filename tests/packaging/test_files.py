@@ -5,8 +5,9 @@ from types import SimpleNamespace
 
 from fixture import BUNDLE, ENTRY, INSTALL_NAME, SOURCE, USER_FOLDERS, PackageTest, executable
 
-from checker.file_rules import modes
+from checker.file_rules import layout, modes
 from checker.package import Member
+from checker.subject import BUNDLES, ENTRIES
 
 
 class ControlTest(PackageTest):
@@ -47,6 +48,14 @@ class LayoutTest(PackageTest):
             "layout: ./usr/lib lies outside ./var/jb",
             "layout: ./usr/lib/libsample.dylib lies outside ./var/jb",
         )
+
+    def test_a_path_that_leads_out_again_lies_outside(self):
+        """No tool makes such a package, so it is made of its members."""
+        name = "./var/jb/../mobile"
+        member = Member(name, name[1:], tarfile.TarInfo(), None)
+        subject = SimpleNamespace(package=SimpleNamespace(files=[member]), bundles=[(BUNDLES, {})],
+                                  property_lists=[(f"{ENTRIES}/sample.plist", {})])  # fmt: skip
+        self.assertEqual([f"{name} lies outside ./var/jb"], list(layout(subject)))
 
     def test_what_a_file_browser_leaves_behind_is_found(self):
         self.files[f"{BUNDLE}/.DS_Store"] = "x"
@@ -119,6 +128,17 @@ class ModesTest(PackageTest):
         self.assert_problems(f"modes: /{BUNDLE}/icon@3x.png is neither a file nor a folder")
 
 
+    def test_devices_and_pipes_are_refused(self):
+        """Only root can make some of them, so the package is made of its members."""
+        for kind in (tarfile.CHRTYPE, tarfile.BLKTYPE, tarfile.FIFOTYPE, tarfile.LNKTYPE):
+            with self.subTest(kind):
+                info = tarfile.TarInfo()
+                info.type, info.mode = kind, 0o644
+                package = SimpleNamespace(files=[Member(BUNDLE, f"/{BUNDLE}", info, None)])
+                self.assertEqual([f"/{BUNDLE} is neither a file nor a folder"],
+                                 list(modes(SimpleNamespace(package=package, bundles=[]))))  # fmt: skip
+
+
 class UserFoldersTest(PackageTest):
     def test_each_is_there(self):
         for folder in USER_FOLDERS:
@@ -135,11 +155,13 @@ class UserFoldersTest(PackageTest):
 
 class BuildPathsTest(PackageTest):
     def test_a_home_folder_in_a_file_is_found(self):
-        self.files["var/jb/usr/include/Sample/Sample.h"] = "// from /Users/someone/sample\n"
-        self.assert_problems(
-            "build_paths: /var/jb/usr/include/Sample/Sample.h holds the path /Users/someone/sample of the machine "
-            "that built it"
-        )
+        for home in ("Users", "home", "root", "tmp", "var/folders"):
+            with self.subTest(home):
+                self.files["var/jb/usr/include/Sample/Sample.h"] = f"// from /{home}/someone/sample\n"
+                self.assert_problems(
+                    f"build_paths: /var/jb/usr/include/Sample/Sample.h holds the path /{home}/someone/sample of the "
+                    "machine that built it"
+                )
 
     def test_a_forbidden_path_is_found_whatever_it_is(self):
         self.forbidden = ["/srv/sample", "/"]

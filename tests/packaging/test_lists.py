@@ -1,6 +1,8 @@
 """Rules about property lists and the names in them."""
 
-from fixture import BUNDLE, ENTRY, LINK, PackageTest, executable
+import struct
+
+from fixture import BUNDLE, ENTRY, LINK, SOURCE, PackageTest, executable, fat
 
 ROOT_LIST = f"/{BUNDLE}/Root.plist"
 
@@ -46,8 +48,10 @@ class IconsTest(PackageTest):
         self.assert_problems(f"icons: {ROOT_LIST} names the icon row.png, which /{BUNDLE} lacks")
 
     def test_an_icon_at_one_scale_is_enough(self):
-        self.files = {f"{BUNDLE}/icon.png": b"\x89PNG"}
-        self.assert_problems()
+        for scale in ("", "@2x", "@3x"):
+            with self.subTest(scale):
+                self.files = {f"{BUNDLE}/icon@2x.png": None, f"{BUNDLE}/icon{scale}.png": b"\x89PNG"}
+                self.assert_problems()
 
 
 class NamedClassesTest(PackageTest):
@@ -69,6 +73,18 @@ class NamedClassesTest(PackageTest):
             f"named_classes: /{BUNDLE}/Info.plist: NSPrincipalClass names PSListController, "
             "which is not in the executable"
         )
+
+
+    def test_what_one_slice_lacks_is_not_defined(self):
+        lacking = executable(SOURCE.replace("SampleCell", "OtherCell").replace("restart", "stop"))
+        other = lacking[:8] + struct.pack("<I", 0x80000002) + lacking[12:]
+        for slices in (((0, self.code), (0x80000002, other)), ((0x80000002, other), (0, self.code))):
+            self.code = fat(*slices)
+            found = self.problems()
+            self.assertIn(("named_classes", f"{ROOT_LIST}: cellClass names the class SampleCell, which nothing defines"),
+                          found)  # fmt: skip
+            self.assertIn(("named_selectors", f"{ROOT_LIST}: action names the selector restart, which no class implements"),
+                          found)  # fmt: skip
 
 
 class NamedSelectorsTest(PackageTest):

@@ -7,7 +7,7 @@ import signal
 import subprocess
 import time
 
-from fixture import TREE, PackageTest, whole_sdk, write
+from fixture import SYSTEM, TREE, PackageTest, whole_sdk, write
 
 from checker import exports, macho
 from checker.package import Package
@@ -102,6 +102,13 @@ class MadeTest(PackageCommandTest):
         write(self.sdk / header, "#define NAME later")
         os.utime(self.sdk / header, (1, 1))
         self.assertIn("__Z5laterv", self.exported(self.made()))
+
+    def test_a_stub_that_changes_inside_the_sdk_is_linked_anew(self):
+        self.made()
+        write(self.sdk / "usr/lib/libSystem.tbd", SYSTEM.replace("libSystem.B", "libSystem.C"))
+        write(self.sdk / "usr/lib/libSystem.C.tbd", SYSTEM.replace("libSystem.B", "libSystem.C"))
+        (image, _) = macho.slices(Package(self.made()).file(f"{BUNDLE}/ZunoPrefs"))
+        self.assertIn("/usr/lib/libSystem.C.dylib", image.dylibs)
 
     def test_a_kind_of_processor_that_is_named_twice_is_there_once(self):
         package = Package(self.made("--arch", "arm64e", "--arch", "arm64e"))
