@@ -30,7 +30,7 @@ def control_fields(subject):
 
 def layout(subject):
     """Everything lies below /var/jb: settings bundles, their entries, and nothing that a system leaves behind."""
-    parents = {"/", *map(str, PurePosixPath(ROOT).parents)}
+    parents = set(map(str, PurePosixPath(ROOT).parents))
     for member in subject.package.files:
         path = PurePosixPath(member.path)
         if ".." in path.parts or not (member.path in parents or path.is_relative_to(ROOT)):

@@ -65,7 +65,10 @@ class LoadCommandsTest(PackageTest):
         self.assert_problems(f"load_commands: {WORDS} does not load /var/jb/usr/lib/libextra.dylib")
 
     def test_libraries_are_searched_below_the_root_of_the_jailbreak_only(self):
-        self.code = executable(link=(*LINK, "-Wl,-rpath,/var/jb/usr/lib", "-Wl,-rpath,/usr/local/lib"))
+        allowed = [f"{root}/{folder}" for root in ("/var/jb", "@loader_path/.jbroot")
+                   for folder in ("usr/lib", "Library/Frameworks")]  # fmt: skip
+        options = [f"-Wl,-rpath,{path}" for path in (*allowed, "/usr/local/lib")]
+        self.code = executable(link=(*LINK, *options))
         self.assert_problems(f"load_commands: {WORDS} searches /usr/local/lib for libraries")
 
     def test_code_for_arm64_is_needed(self):

@@ -110,13 +110,15 @@ class ModesTest(PackageTest):
         self.assert_problems(f"modes: /{USER_FOLDERS[1]} has the mode 700, not 755")
 
     def test_a_user_of_the_building_machine_is_found(self):
-        def named(name):
+        def named(name, group="", folder=USER_FOLDERS[0], number=501):
             info = tarfile.TarInfo()
-            info.type, info.mode, info.uid, info.gid, info.uname = tarfile.DIRTYPE, 0o755, 501, 501, name
-            package = SimpleNamespace(files=[Member(USER_FOLDERS[0], f"/{USER_FOLDERS[0]}", info, None)])
+            info.type, info.mode, info.uid, info.gid = tarfile.DIRTYPE, 0o755, number, number
+            info.uname, info.gname = name, group
+            package = SimpleNamespace(files=[Member(folder, f"/{folder}", info, None)])
             return list(modes(SimpleNamespace(package=package, bundles=[])))
 
-        self.assertEqual(([], []), (named(""), named("mobile")))
+        self.assertEqual(([], [], []), (named(""), named("mobile"), named("mobile", "mobile")))
+        self.assertEqual(([], []), (named("root", "root", BUNDLE, 0), named("root", "wheel", BUNDLE, 0)))
         problem = f"/{USER_FOLDERS[0]} belongs to someone:, names of the machine that built it"
         self.assertEqual([problem], named("someone"))
         self.assertEqual([problem.replace("someone", "root")], named("root"))
