@@ -75,6 +75,41 @@ class WholeTest(BothSlicesTest):
         self.assert_problems()
 
 
+class ChainsTest(BothSlicesTest):
+    """Fixups that cannot be decoded are a problem of the symbols, which nobody can then look for."""
+
+    def said_of(self, place, layout, *values):
+        """What is said of the slice with other numbers at a place of its fixups."""
+        start, _ = self.image.chained_fixups
+        content = bytearray(self.slice)
+        struct.pack_into(layout, content, start + place, *values)
+        self.code, self.archs = bytes(content), ("arm64e",)
+        return [sentence.removeprefix(f"{WORDS}: ") for rule, sentence in self.problems()
+                if rule == "undefined_symbols" and sentence.startswith(f"{WORDS}: ")]  # fmt: skip
+
+    def starts(self):
+        """Where the first segment with pointers tells its form and its pages."""
+        start, size = self.image.chained_fixups
+        blob = self.slice[start : start + size]
+        (image,) = struct.unpack_from("<I", blob, 4)
+        offsets = struct.unpack_from(f"<{blob[image]}I", blob, image + 4)
+        return image + next(offset for offset in offsets if offset)
+
+    def test_tables_of_an_unknown_form(self):
+        self.assertEqual(["the imports have the unknown form 9"], self.said_of(20, "<I", 9))
+        self.assertEqual(["the names of the imports are compressed"], self.said_of(24, "<I", 1))
+        self.assertRegex(self.said_of(16, "<I", 1 << 20)[0], "^the chained fixups are damaged: ")
+        self.assertEqual(["the pointers have the unknown form 5"], self.said_of(self.starts() + 6, "<H", 5))
+
+    def test_a_page_of_several_chains(self):
+        self.assertEqual(["a page has several chains"], self.said_of(self.starts() + 22, "<H", 0x8000))
+
+    def test_a_chain_that_leads_astray(self):
+        place = self.starts()
+        for first in (4, 0x3FF9):  # Not aligned; beyond the end of its page.
+            self.assertRegex(self.said_of(place + 22, "<H", first)[0], "^a chain leads to 0x")
+
+
 class SignedPointersTest(BothSlicesTest):
     def places(self):
         """(address, how it is to be signed, the words for it) of one pointer of each kind."""
