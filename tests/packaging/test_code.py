@@ -3,10 +3,11 @@
 import struct
 import unittest
 from types import SimpleNamespace
+from unittest import mock
 
 from fixture import EXTRA, INSTALL_NAME, LINK, PREFERENCES, SOURCE, PackageTest, executable, fat, write
 
-from checker import exports, macho
+from checker import exports, fixups, macho
 
 WORDS = f"{INSTALL_NAME} (arm64)"
 
@@ -178,6 +179,14 @@ class UndefinedSymbolsTest(PackageTest):
             write(sdk / path.relative_to(self.sdk), path.read_text().replace(", _optional", ""))
         self.sdk = sdk
         self.assert_problems()
+
+    def test_a_symbol_of_any_library_is_defined_or_exported_by_one(self):
+        for name, found in (("_OBJC_CLASS_$_SamplePage", []), ("__objc_empty_cache", []), ("_OBJC_CLASS_$_Nowhere", [
+            f"undefined_symbols: {WORDS} expects _OBJC_CLASS_$_Nowhere of any library, and none exports it"
+        ])):  # fmt: skip
+            imported = fixups.Imported(name, fixups.WEAK_LOOKUP, False)
+            with self.subTest(name), mock.patch.object(fixups, "decode", return_value=({}, [imported])):
+                self.assert_problems(*found)
 
     def test_what_a_library_re_exports_counts(self):
         sdk = self.folder / "sdk"
