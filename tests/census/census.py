@@ -427,4 +427,6 @@ def arguments(root):
   command = next(each for each in commands if each['file'] == str(root / 'simulator/Settings/ScreenDescription.mm'))
   words = shlex.split(command['command'])
   words = words[next(at for at, word in enumerate(words) if word.endswith('clang++-19')) + 1:words.index('-o')]
-  return [word for word in words if not word.startswith('-fsanitize') and word not in ('-g', '-Werror')]
+  # Of the compiler itself: the precompiled headers, which were made with the sanitizers.
+  words = [word for before, word in zip([''] + words, words) if '-Xclang' not in (before, word)]
+  return [word for word in words if not word.startswith('-fsanitize') and word not in ('-g', '-g1', '-Werror')]

@@ -13,6 +13,7 @@
 #include "ZunoPrefs/support/BuiltBundle.h"
 #include "ZunoPrefs/support/Replaced.h"
 #include "ZunoPrefs/support/WidgetTest.h"
+#include "support/objc/LeaksIgnored.h"
 
 /// What the test widgets answer beyond the contract.
 @protocol CountingWidget <ZunoWidgetProtocol>
@@ -199,6 +200,7 @@ TEST_F(WidgetLoaderTest, WhatIsNoBundleIsOutOfDate) {
 }
 
 TEST_F(WidgetLoaderTest, CodeThatDoesNotLoadIsRejected) {
+  const testing_support::LeaksIgnored ignored;  // GNUstep's, of bundles that do not load.
   installWidget(@"good", @"FixtureWidget");
   NSString *missing = installWidget(@"missing", @"NoSuchCode");
   NSString *text = makeFolder([kWidgetsFolder stringByAppendingString:@"/text.bundle"]);
