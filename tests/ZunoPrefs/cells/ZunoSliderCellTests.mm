@@ -105,6 +105,14 @@ TEST_F(SliderCellTest, TheNumberFollowsTheDragAndTheValueIsStoredAtItsEnd) {
   EXPECT_EQ(notifications.size(), 1u);
 }
 
+TEST_F(SliderCellTest, AFingerThatLeavesTheSliderStillDragsIt) {
+  ZunoSliderCell *made = cell(@{@"max" : @60, @"unit" : @"pt"});
+  [slider(made) setValue:30];
+  EXPECT_EQ(text(made), "0 pt") << "code that sets a value sends nothing";
+  [slider(made) sendActionsForControlEvents:UIControlEventTouchDragOutside];
+  EXPECT_EQ(text(made), "30 pt");
+}
+
 TEST_F(SliderCellTest, ThereIsRoomForEveryNumberBesideTheSliderWhichKeepsItsLength) {
   ZunoSliderCell *made = cell(@{@"min" : @-100, @"max" : @100, @"unit" : @"pt"});
   [made setFrame:CGRectMake(0, 0, 358, 44)];
