@@ -35,10 +35,16 @@ class PreferenceFile final {
   /// What the dictionary holds for `key`, autoreleased; nil without a file, without the key or for a nil key. As if the
   /// whole file were read, but quick for texts, numbers and truth values beside a photo of many megabytes.
   id value(NSString *key) const;
+  /// Whether the dictionary holds something for `key`; as quick as `value`, and makes no object of what it finds.
+  bool contains(NSString *key) const;
 
   /// Sets `key` to `value` (a property-list object) in the current contents and writes the whole file atomically.
   /// A nil value or key changes nothing. Where the file cannot be written, the old one stands as it was.
   void setValue(id value, NSString *key, Damaged damaged = Damaged::kSetAside) const;
+
+  /// Takes `key` out of the current contents and writes the whole file atomically. Writes nothing when the file does not
+  /// hold the key or is no property-list dictionary. Where the file cannot be written, the old one stands as it was.
+  void removeValue(NSString *key) const;
 
  private:
   explicit PreferenceFile(NSString *path) : path_(objcxx::adopt((NSString *)[path copy])) {}

@@ -31,6 +31,11 @@ struct ObjectMaker {
   id operator()(const std::string &text) const { return (*this)(std::string_view(text)); }
 };
 
+/// Looks `key` up, which has a form in UTF-8; the result lives as long as `file`.
+PropertyListScan scanFor(NSString *key, const FileBytes &file) {
+  return scanPropertyList(file.bytes(), {[key UTF8String], [key lengthOfBytesUsingEncoding:NSUTF8StringEncoding]});
+}
+
 }  // namespace
 
 PreferenceFile PreferenceFile::ofDomain(NSString *domain) {
@@ -42,17 +47,24 @@ bool PreferenceFile::exists() const { return [[NSFileManager defaultManager] fil
 NSDictionary *PreferenceFile::contents() const { return [NSDictionary dictionaryWithContentsOfFile:path()]; }
 
 id PreferenceFile::value(NSString *key) const {
-  const char *name = [key UTF8String];
-  if (!name) return [contents() objectForKey:key];
+  if (![key UTF8String]) return [contents() objectForKey:key];
 
   const FileBytes file([path() fileSystemRepresentation]);
-  const auto scan =
-      scanPropertyList(file.bytes(), {name, [key lengthOfBytesUsingEncoding:NSUTF8StringEncoding]});
+  const auto scan = scanFor(key, file);
   if (scan.outcome == PropertyListScan::Outcome::kAbsent) return nil;
   if (scan.outcome == PropertyListScan::Outcome::kFound) {
     if (id found = std::visit(ObjectMaker{}, scan.value)) return found;
   }
   return [contents() objectForKey:key];
+}
+
+bool PreferenceFile::contains(NSString *key) const {
+  if ([key UTF8String]) {
+    const FileBytes file([path() fileSystemRepresentation]);
+    const auto outcome = scanFor(key, file).outcome;
+    if (outcome != PropertyListScan::Outcome::kUndecided) return outcome == PropertyListScan::Outcome::kFound;
+  }
+  return [contents() objectForKey:key] != nil;
 }
 
 void PreferenceFile::setValue(id value, NSString *key, Damaged damaged) const {
@@ -68,6 +80,13 @@ void PreferenceFile::setValue(id value, NSString *key, Damaged damaged) const {
   [merged setObject:value forKey:key];
   if ([merged writeToFile:path() atomically:YES]) return;
   if (aside) [[NSFileManager defaultManager] removeItemAtPath:aside error:nullptr];
+}
+
+void PreferenceFile::removeValue(NSString *key) const {
+  NSMutableDictionary *left = [[contents() mutableCopy] autorelease];
+  if (![left objectForKey:key]) return;
+  [left removeObjectForKey:key];
+  [left writeToFile:path() atomically:YES];
 }
 
 NSString *PreferenceFile::setAside() const {

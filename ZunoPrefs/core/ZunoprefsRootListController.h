@@ -9,6 +9,7 @@ extern BOOL pendingRootReload;
 /// Values live in the main preference file; each row carries its "key", "default" and "PostNotification".
 @interface ZunoprefsRootListController : PSListController {
   BOOL shouldReload;
+  NSDictionary *appNames;  // By bundle identifier; nil until the installed apps are known.
 }
 
 /// Actions of the page's rows.

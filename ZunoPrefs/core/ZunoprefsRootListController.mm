@@ -1,5 +1,6 @@
 #import "core/ZunoprefsRootListController.h"
 
+#import <NorvikAppList/NorvikAppList.h>
 #import <NorvikAppList/NorvikAppListTableViewController.h>
 #import <Preferences/PSSpecifier.h>
 #import <UIKit/UIKit.h>
@@ -7,6 +8,7 @@
 #import "core/KRBPreferenceManager.h"
 #import "core/PreferenceRow.h"
 #import "core/Respring.h"
+#import "core/RowSummaries.h"
 #import "core/TruthValue.h"
 #import "lists/ZunoFavouritesPicker.h"
 #import "lists/ZunoWidgetsPicker.h"
@@ -43,6 +45,11 @@ void openAddress(NSString *address) {
 
 @implementation ZunoprefsRootListController
 
+- (void)dealloc {
+  [appNames release];
+  [super dealloc];
+}
+
 - (NSArray *)specifiers {
   if (_specifiers) return _specifiers;
 
@@ -55,6 +62,7 @@ void openAddress(NSString *address) {
         @[ @"quickSwitcherDefaultToFavourites", @"quickSwitcherWidthModifier", @"quickSwitcherGestureModifierLabel" ],
         rows);
   }
+  zuno::summariseRows(rows, appNames);
   _specifiers = [rows copy];
   return _specifiers;
 }
@@ -66,6 +74,21 @@ void openAddress(NSString *address) {
 - (void)setPreferenceValue:(id)value specifier:(PSSpecifier *)specifier {
   zuno::setRowValue(zuno::integerForTruth(value), specifier, zuno::PreferenceFile::ofDomain(zuno::kMainDomain));
   if (zuno::isPartOfUserAgent(specifier)) [self reloadSpecifierID:zuno::kUserAgentRow];
+  if ([zuno::rowText(specifier, @"key") isEqualToString:@"Enabled"]) [self showSummaries];
+}
+
+/// Has the rows that open a list tell what is chosen there now.
+- (void)showSummaries {
+  for (PSSpecifier *row in zuno::summariseRows(_specifiers, appNames)) [self reloadSpecifier:row];
+}
+
+- (void)askForAppNames {
+  NorvikAppList *library = [[[NorvikAppList alloc] init] autorelease];
+  [library getAppList:^(NSArray *apps) {
+    [appNames autorelease];
+    appNames = [zuno::namesOfApps(apps) copy];
+    [self showSummaries];
+  }];
 }
 
 - (void)respring {
@@ -107,6 +130,7 @@ void openAddress(NSString *address) {
   [super viewWillAppear:animated];
   shouldReload = YES;
   [self reloadSpecifiers];
+  [self askForAppNames];
 }
 
 - (void)viewDidAppear:(BOOL)animated {

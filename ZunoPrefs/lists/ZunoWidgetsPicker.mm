@@ -6,6 +6,7 @@
 #import "lists/ListRecords.h"
 #import "lists/MovingRules.h"
 #import "lists/TwoSectionTable.h"
+#import "widgets/WidgetNames.h"
 #import "widgets/ZunoWidgetHolder.h"
 #import "widgets/ZunoWidgetLoader.h"
 
@@ -13,13 +14,6 @@ namespace {
 
 NSString *const kWidgets = @"EnabledWidgets";
 const zuno::MovingRules kRules({.tapEvicts = false, .evictedIsDisabled = false});
-
-ZunoWidgetHolder *builtInPage(NSString *identifier, NSString *name) {
-  ZunoWidgetHolder *page = [[[ZunoWidgetHolder alloc] init] autorelease];
-  [page setBundleIdentifier:identifier];
-  [page setDisplayName:name];
-  return page;
-}
 
 }  // namespace
 
@@ -132,10 +126,7 @@ ZunoWidgetHolder *builtInPage(NSString *identifier, NSString *name) {
 }
 
 - (NSArray *)defaultItems {
-  NSArray *builtIn = @[
-    builtInPage(@"KRBMusicView", @"Music View"), builtInPage(@"KRBFavouritesView", @"Favourites View")
-  ];
-  return [builtIn arrayByAddingObjectsFromArray:_widgetsList ?: @[]];
+  return [zuno::builtInPages() arrayByAddingObjectsFromArray:_widgetsList ?: @[]];
 }
 
 #pragma mark - Icon tone

@@ -24,6 +24,12 @@ UIImage *pickedImage(NSDictionary *info);
 /// Stores an encoded image as the background image; a failed write is not reported.
 void storeBackgroundImage(NSString *text);
 
+/// Whether the theme file holds a background image, readable or not.
+bool hasBackgroundImage();
+
+/// Takes the background image out of the theme file; a failed write is not reported.
+void removeBackgroundImage();
+
 /// A picker over the photo library, autoreleased; nil when the library is not available.
 UIImagePickerController *photoPicker(id<UIImagePickerControllerDelegate, UINavigationControllerDelegate> delegate);
 

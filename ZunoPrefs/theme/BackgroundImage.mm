@@ -58,6 +58,10 @@ void storeBackgroundImage(NSString *text) {
   PreferenceFile::ofDomain(kThemeDomain).setValue(text, kBackgroundImage);
 }
 
+bool hasBackgroundImage() { return PreferenceFile::ofDomain(kThemeDomain).contains(kBackgroundImage); }
+
+void removeBackgroundImage() { PreferenceFile::ofDomain(kThemeDomain).removeValue(kBackgroundImage); }
+
 UIImagePickerController *photoPicker(id<UIImagePickerControllerDelegate, UINavigationControllerDelegate> delegate) {
   constexpr auto source = UIImagePickerControllerSourceTypePhotoLibrary;
   if (![UIImagePickerController isSourceTypeAvailable:source]) return nil;

@@ -15,6 +15,8 @@
 - (void)respring;
 /// Opens the photo picker; does nothing when there is no photo library.
 - (void)selectImage;
+/// Asks whether to take the background image out of the theme file, and does; every other setting stays.
+- (void)removeImage;
 /// The image as the theme file stores it; nil when it cannot be encoded.
 - (NSString *)encodeToBase64String:(UIImage *)image;
 

@@ -5,6 +5,7 @@
 #import "core/PreferenceRow.h"
 #import "core/Respring.h"
 #import "theme/BackgroundImage.h"
+#import "theme/ThemeRows.h"
 
 namespace {
 
@@ -58,7 +59,12 @@ zuno::PreferenceFile themeFile() { return zuno::PreferenceFile::ofDomain(zuno::k
 }
 
 - (NSArray *)specifiers {
-  if (!_specifiers) _specifiers = [[self loadSpecifiersFromPlistName:@"Customise" target:self] copy];
+  if (_specifiers) return _specifiers;
+
+  NSMutableArray *rows = [[[self loadSpecifiersFromPlistName:@"Customise" target:self] mutableCopy] autorelease];
+  zuno::removeRowsWithoutUse(rows, zuno::hasBackgroundImage());
+  zuno::disableDependentRows(rows, themeFile());
+  _specifiers = [rows copy];
   return _specifiers;
 }
 
@@ -103,6 +109,21 @@ zuno::PreferenceFile themeFile() { return zuno::PreferenceFile::ofDomain(zuno::k
     [self reloadSpecifiers];
   }
   [picker dismissViewControllerAnimated:NO completion:nil];
+}
+
+- (void)removeImage {
+  UIAlertController *alert =
+      [UIAlertController alertControllerWithTitle:@"Remove Photo"
+                                          message:@"Are you sure you would like to remove the background image?"
+                                   preferredStyle:UIAlertControllerStyleAlert];
+  [alert addAction:[UIAlertAction actionWithTitle:@"Remove Photo"
+                                            style:UIAlertActionStyleDestructive
+                                          handler:^(UIAlertAction *) {
+                                            zuno::removeBackgroundImage();
+                                            [self reloadSpecifiers];
+                                          }]];
+  [alert addAction:[UIAlertAction actionWithTitle:@"Cancel" style:UIAlertActionStyleCancel handler:nil]];
+  [self presentViewController:alert animated:YES completion:nil];
 }
 
 - (NSString *)encodeToBase64String:(UIImage *)image {

@@ -12,7 +12,8 @@
 
 @property(nonatomic, strong) id options;
 
-/// Opens the photo picker over the current theme page; does nothing without a photo library or a page.
+/// Opens the photo picker over the current theme page; does nothing without a photo library or a page,
+/// or while the row is disabled.
 - (void)openImagePicker;
 /// The image as the theme file stores it; nil when it cannot be encoded.
 - (NSString *)encodeToBase64String:(UIImage *)image;

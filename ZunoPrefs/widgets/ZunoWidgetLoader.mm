@@ -4,21 +4,14 @@
 #import <objcxx/Retained.h>
 
 #import "core/DevicePaths.h"
+#import "widgets/WidgetInfo.h"
 #import "widgets/ZunoWidgetHolder.h"
 #import "widgets/ZunoWidgetProtocol.h"
 
 namespace {
 
-/// The Info value for `key` if it is a string, else nil.
-NSString *infoText(NSBundle *bundle, NSString *key) {
-  id text = [[bundle infoDictionary] objectForKey:key];
-  return [text isKindOfClass:[NSString class]] ? text : nil;
-}
-
-int contractVersion(NSBundle *bundle) {
-  id version = [[bundle infoDictionary] objectForKey:@"ZunoWidgetsVersion"];
-  return [version respondsToSelector:@selector(intValue)] ? [version intValue] : 0;
-}
+using zuno::contractVersion;
+using zuno::infoText;
 
 /// The widget's principal class; Nil when there is none or it does not adopt the contract. The protocol is looked up by
 /// name: only a protocol that some loaded class adopts is sure to be registered with the runtime.

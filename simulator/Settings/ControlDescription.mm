@@ -83,9 +83,13 @@ void writeSwitch(JsonText &out, UISwitch *control) {
   writeColor(out.name("thumbTintColor"), [control thumbTintColor]);
 }
 
+/// What only the steps of a drag send.
+constexpr UIControlEvents kDrags = UIControlEventTouchDragInside | UIControlEventTouchDragOutside;
+
 void writeSlider(JsonText &out, UISlider *slider, ImageStore &images) {
   out.name("min").number([slider minimumValue]);
   out.name("max").number([slider maximumValue]);
+  out.name("followed").flag([slider isContinuous] || ([slider allControlEvents] & kDrags) != 0);
   writeColor(out.name("minimumTrackTintColor"), [slider minimumTrackTintColor] ?: [slider tintColor]);
   writeColor(out.name("maximumTrackTintColor"), [slider maximumTrackTintColor]);
   writeColor(out.name("thumbTintColor"), [slider thumbTintColor]);

@@ -23,11 +23,11 @@ const char *setSwitch(UISwitch *control, const Json &value) {
   return [control sim_setOnByUser:value.get<bool>()] ? nullptr : kUnreachable;
 }
 
-const char *setSlider(UISlider *control, const Json &value) {
+const char *setSlider(UISlider *control, const Json &value, bool isFinished) {
   if (!value.is_number()) return "A slider is set to a number.";
   constexpr double most = std::numeric_limits<float>::max();
   const auto number = static_cast<float>(std::clamp(value.get<double>(), -most, most));
-  return [control sim_setValueByUser:number finished:YES] ? nullptr : kUnreachable;
+  return [control sim_setValueByUser:number finished:isFinished] ? nullptr : kUnreachable;
 }
 
 NSInteger segmentNamed(UISegmentedControl *control, const std::string &title) {
@@ -57,10 +57,11 @@ bool isTextControl(UIView *control) {
 
 }  // namespace
 
-const char *setControl(UIView *view, const Json &value) {
+const char *setControl(UIView *view, const Json &value, bool isFinished) {
   UIView *control = findControl(view);
+  if ([control isKindOfClass:[UISlider class]]) return setSlider((UISlider *)control, value, isFinished);
+  if (!isFinished) return "Only a slider is dragged.";
   if ([control isKindOfClass:[UISwitch class]]) return setSwitch((UISwitch *)control, value);
-  if ([control isKindOfClass:[UISlider class]]) return setSlider((UISlider *)control, value);
   if ([control isKindOfClass:[UISegmentedControl class]]) return setSegment((UISegmentedControl *)control, value);
 
   if (!isTextControl(control)) return "There is nothing to set here.";

@@ -76,7 +76,10 @@ class Route {
   EventResult set() const {
     const auto value = event_.find("value");
     if (hasId() && value == event_.end()) return malformed("A \"set\" event has a \"value\".");
-    return work("set", [&](UIView *control) { return setControl(control, *value); });
+    const auto finished = event_.find("finished");
+    if (finished != event_.end() && !finished->is_boolean()) return malformed("\"finished\" is true or false.");
+    const bool isFinished = finished == event_.end() || finished->get<bool>();
+    return work("set", [&](UIView *control) { return setControl(control, *value, isFinished); });
   }
 
   EventResult paste() const { return work("paste", pasteIntoControl); }

@@ -10,7 +10,8 @@
 /// This image in the shape of an application's icon, `width` points wide. Its pixels are decoded and masked on first use.
 /// nil when this image has no size.
 - (UIImage *)sim_iconOfWidth:(CGFloat)width;
-/// A number that no other image of this process has had.
+/// A number that no other image of this process has had, except one that was made from the same bytes not long before: a
+/// page may decode a stored picture each time it shows it.
 - (NSUInteger)sim_number;
 /// Pixels, upright. Read from the header: nothing is decoded.
 - (CGSize)sim_pixelSize;

@@ -138,6 +138,7 @@ constexpr CGFloat sliderHeight = 34;
   const auto kept = objcxx::share(self);
   [self setValue:value];
   if (finished || [self isContinuous]) [self sendActionsForControlEvents:UIControlEventValueChanged];
+  if (!finished) [self sendActionsForControlEvents:UIControlEventTouchDragInside];
   if (finished) [self sendActionsForControlEvents:UIControlEventTouchUpInside];
   return YES;
 }

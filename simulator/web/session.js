@@ -64,6 +64,11 @@ export class Session {
     return this.#sendTo(id, { type: 'set', id, value });
   }
 
+  /** Moves a slider while the finger stays on it. */
+  drag(id, value) {
+    return this.#sendTo(id, { type: 'set', id, value, finished: false });
+  }
+
   /** Adds what is on the device's pasteboard to the text of a field. */
   paste(id) {
     return this.#sendTo(id, { type: 'paste', id });

@@ -5,7 +5,9 @@ import { eventually, focused, openPage, settled } from './support/browser.mjs';
 import { dropFiles } from './support/files.mjs';
 import { picture } from './support/pictures.mjs';
 import { propertyListText } from './support/propertyList.mjs';
-import { bringInSight, dragTo, layFile, mainFile, open, rowOf, shownIn, startZuno, themeFile } from './support/zuno.mjs';
+import {
+  bringInSight, dragTo, layFile, mainFile, open, photoRow, rowOf, shownIn, startZuno, themeFile,
+} from './support/zuno.mjs';
 
 const dialogOf = (page, name) => page.getByRole('dialog', { name, exact: true });
 const alertOf = (page, name) => page.getByRole('alertdialog', { name, exact: true });
@@ -81,7 +83,8 @@ test('The editors: a tap and a drag move rows, and both windows show it', async 
 });
 
 test('The theme page: a text, a slider under the mouse, a chosen photo and a dropped one', async (t) => {
-  const started = await startZuno(t, { labels: ['Zuno', 'Customise'] });
+  const prepare = (folder) => layFile(folder, themeFile, propertyListText({ enabled: true, useCustom: true }));
+  const started = await startZuno(t, { labels: ['Zuno', 'Customise'], prepare });
   const { page, api } = started;
   const titles = page.getByRole('textbox', { name: 'Titles' });
   await titles.click();
@@ -95,8 +98,8 @@ test('The theme page: a text, a slider under the mouse, a chosen photo and a dro
   const photos = dialogOf(page, 'Photos');
   const take = async (hand) => {
     const before = (await theme(started)).backgroundImage;
-    await bringInSight(api, 'Choose Photo…');
-    await page.getByRole('button', { name: 'Choose Photo…' }).click();
+    await bringInSight(api, before ? 'Background Image' : 'Choose Photo…');
+    await photoRow(page).click();
     await photos.waitFor();
     const count = await photos.getByRole('button', { name: /^IMG_/ }).count();
     await hand();
@@ -145,9 +148,12 @@ for (const [name, display] of Object.entries({
   'a tablet': { kind: 'tablet' }, 'a phone on its side': { orientation: 'landscape' },
 })) {
   test(`On ${name}, which is drawn smaller: a slider, and a drag`, async (t) => {
-    const prepare = (folder) => layFile(folder, mainFile, propertyListText({
-      FavouriteApplications: ['com.apple.Maps', 'com.apple.mobilemail'],
-    }));
+    const prepare = async (folder) => {
+      await layFile(folder, mainFile, propertyListText({
+        FavouriteApplications: ['com.apple.Maps', 'com.apple.mobilemail'],
+      }));
+      await layFile(folder, themeFile, propertyListText({ enabled: true }));
+    };
     const started = await startZuno(t, { prepare });
     const { page, api, stored } = started;
     const { width } = await api('PUT', '/api/device/display', display);

@@ -63,6 +63,7 @@ test('What interrupted writes have left is removed when Settings starts, and not
   await device.home();
   await device.tapRow('Zuno');
   await device.tapRow('Respring');
+  await device.answer('Respring').catch(() => {});
   await device.screen();
   for (const each of folders) assert.deepEqual(await hidden(each), ['.simulator-write-notes'], each);
 });

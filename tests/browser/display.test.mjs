@@ -67,7 +67,9 @@ test('The page follows the display, in every tab and through a respring', async 
   const drawn = first.locator('.section-view .view').first();
   await eventually(async () => assert.equal(await drawn.evaluate((element) => element.offsetWidth), 820));
 
-  await tap(api, 'Respring').catch(() => {});
+  const { alert } = await tap(api, 'Respring');
+  const { id } = alert.actions.find(({ title }) => title === 'Respring');
+  await api('POST', '/api/events', { type: 'tap', id }).catch(() => {});
   await first.getByText('1 respring').waitFor();
   assert.equal(bannerOf(await tap(api, 'Zuno')).frame[2], 820);
   await choice(second, 'iPhone').click();

@@ -6,7 +6,7 @@ import { assertAccessible, eventually, focused, settled } from './support/browse
 import { chooseFiles, dragOver, dragged, dropFiles } from './support/files.mjs';
 import { heif, oriented, picture, readPicture, resizedHeader } from './support/pictures.mjs';
 import { propertyListText } from './support/propertyList.mjs';
-import { layFile, startZuno, themeFile } from './support/zuno.mjs';
+import { layFile, photoRow, startZuno, themeFile } from './support/zuno.mjs';
 
 const labels = ['Zuno', 'Customise'];
 const library = 'var/mobile/Media/DCIM/100APPLE';
@@ -18,7 +18,7 @@ const addButton = (page) => sheetOf(page).getByRole('button', { name: 'Add from 
 const phoneOf = (page) => page.locator('.screen');
 const noticeOf = (page, text) => page.getByRole('status').filter({ hasText: text });
 const photosIn = async ({ folder }) => (await readdir(join(folder, library))).sort();
-const openSheet = (page) => page.getByRole('button', { name: 'Choose Photo…' }).click();
+const openSheet = (page) => photoRow(page).click();
 
 /** The theme page of a device without photos whose theme has a background that is no image. */
 async function startTheme(t, options) {

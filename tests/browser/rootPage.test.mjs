@@ -16,6 +16,12 @@ const factoryRows = [
   ['Follow the Developer', 'Follow the Designer'], [],
 ];
 
+/** Taps the row, and the button that it is confirmed with. */
+async function respring(page) {
+  await page.getByRole('main').getByRole('button', { name: 'Respring', exact: true }).click();
+  await page.getByRole('alertdialog').getByRole('button', { name: 'Respring' }).click();
+}
+
 const contentOf = (page, name) => page.getByRole('region', { name: `Content of ${name}` });
 
 test('A switch that is flipped is on disk beside the older settings, posted and shown in the panel', async (t) => {
@@ -131,7 +137,7 @@ test('A respring is counted, leads back to the top of Settings and forgets what 
   const prepare = (folder) => layFile(folder, mainFile, propertyListText({ quickSwitcher: 1 }));
   const { page, stored, api } = await startZuno(t, { prepare, expected: /50\d/ });
   assert.equal((await labelsOf(api)).find(([first]) => first === 'Quick Switcher').length, 5);
-  await page.getByRole('button', { name: 'Respring', exact: true }).click();
+  await respring(page);
   await page.getByText('1 respring').waitFor();
   await page.getByRole('heading', { name: 'Settings', level: 2 }).waitFor();
   const { path, page: shown } = await api('GET', '/api/screen');
@@ -140,8 +146,60 @@ test('A respring is counted, leads back to the top of Settings and forgets what 
   await open(page, 'Zuno');
   await page.getByRole('switch', { name: 'Notification Badges' }).click();
   await eventually(async () => assert.equal((await stored()).NotificationBadges, 0));
-  await page.getByRole('button', { name: 'Respring', exact: true }).click();
+  await respring(page);
   await page.getByText('2 resprings').waitFor();
+});
+
+test('A respring is asked for first, with the mouse and with keys, and cancelled by either', async (t) => {
+  const { page, api } = await startZuno(t, { expected: /50\d/ });
+  const row = page.getByRole('main').getByRole('button', { name: 'Respring', exact: true });
+  const sheet = page.getByRole('alertdialog');
+  const resprings = async () => (await api('GET', '/api/device')).resprings;
+  await row.click();
+  await sheet.getByText('The user interface restarts, and apps that are open may lose what was not saved.').waitFor();
+  await sheet.getByRole('button', { name: 'Cancel' }).click();
+  await sheet.waitFor({ state: 'detached' });
+  await row.press('Enter');
+  await sheet.waitFor();
+  await page.keyboard.press('Escape');
+  await sheet.waitFor({ state: 'detached' });
+  assert.equal(await resprings(), 0);
+  await row.press('Enter');
+  await sheet.getByRole('button', { name: 'Respring' }).press('Enter');
+  await page.getByText('1 respring').waitFor();
+  assert.equal(await resprings(), 1);
+});
+
+test('The rows that open a list tell the names of what is chosen there, and follow', async (t) => {
+  const { page, stored } = await startZuno(t);
+  const named = (name) => page.getByRole('main').getByRole('button', { name, exact: true });
+  await named('Widgets, Suggestions, Favourites View, Music View').waitFor();
+  await named('Favourite Apps, None').waitFor();
+  await named('Default Music App, Music').waitFor();
+
+  await open(page, 'Favourite Apps');
+  for (const app of ['Camera', 'Maps', 'Notes']) {
+    await page.getByRole('main').getByRole('button', { name: new RegExp(`^${app}`) }).click();
+  }
+  await eventually(async () => assert.equal((await stored()).FavouriteApplications?.length, 3));
+  await open(page, 'Back to Zuno');
+  await named('Favourite Apps, Camera, Maps, Notes').waitFor();
+  await rowOf(page, 'Favourite Apps').getByText('Camera, Maps, +1', { exact: true }).waitFor();
+
+  await open(page, 'Default Music App');
+  await page.getByRole('main').getByRole('button', { name: /^Record Player/ }).click();
+  await open(page, 'Back to Zuno');
+  await named('Default Music App, Record Player').waitFor();
+
+  await open(page, 'Widgets');
+  await page.getByRole('main').getByRole('button', { name: /^Music View/ }).click();
+  await open(page, 'Back to Zuno');
+  await named('Widgets, Suggestions, Favourites View').waitFor();
+
+  await page.getByRole('switch', { name: 'Enabled', exact: true }).click();
+  await named('Favourite Apps, None').waitFor();
+  await named('Default Music App, Music').waitFor();
+  await named('Widgets, Suggestions, Favourites View, Music View').waitFor();
 });
 
 const broken = {

@@ -98,6 +98,37 @@ test('A slider shows its value and sends a number when it is let go', async (t) 
   assert.ok(fake.events[0].value > 90, String(fake.events[0].value));
 });
 
+test('A slider that is followed sends the steps of its drag, with the knob under the mouse, and then its value', async (t) => {
+  const slider = (value) => one(control('Width', 'slider', value, {
+    accessibilityValue: `${Math.round(value)} points`,
+    accessoryView: label(`${Math.round(value)} pt`, [0, 0, 60, 20]),
+  }, { min: 0, max: 100, followed: true }));
+  const { fake, url } = await startFake(t, slider(0), (event, it) => {
+    // The device is always behind.
+    it.screen = slider(event.finished === false ? event.value - 1 : event.value);
+  });
+  const page = await openPage(t, url);
+  const knob = page.getByRole('slider', { name: 'Width' });
+  const number = page.locator('.accessory-view');
+  const box = await knob.boundingBox();
+  const place = (share) => box.x + 14 + (box.width - 28) * share;
+  await page.mouse.move(place(0), box.y + box.height / 2);
+  await page.mouse.down();
+  for (const share of [0.3, 0.6]) {
+    await page.mouse.move(place(share), box.y + box.height / 2, { steps: 4 });
+    const shown = Number(await knob.inputValue());
+    assert.ok(Math.abs(shown - share * 100) < 2, String(shown));
+    await eventually(async () => assert.equal(await number.innerText(), `${Math.round(shown - 1)} pt`));
+    assert.equal(await knob.getAttribute('aria-valuetext'), `${Math.round(shown - 1)} points`);
+    assert.equal(Number(await knob.inputValue()), shown);
+  }
+  assert.ok(sent(fake).length > 0 && sent(fake).every(({ finished }) => finished === false));
+  await page.mouse.up();
+  await eventually(() => assert.equal(sent(fake).at(-1).finished, undefined));
+  assert.ok(Math.abs(sent(fake).at(-1).value - 60) < 2);
+  assert.equal(sent(fake).filter(({ finished }) => finished === undefined).length, 1);
+});
+
 /** A device with a slider within [min, max] that keeps what is set. */
 function startSlider(t, value, min, max) {
   const slider = (now) => one(control('Slider', 'slider', now, { detail: now.toFixed(1) }, { min, max }));

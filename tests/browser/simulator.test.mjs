@@ -61,6 +61,7 @@ test('A respring turns the screen black and starts Settings afresh', async (t) =
   const page = await openPage(t, url, { expected: /50\d/ });
   await open(page, 'Zuno');
   await page.getByRole('button', { name: 'Respring' }).click();
+  await page.getByRole('alertdialog').getByRole('button', { name: 'Respring' }).click();
   await page.locator('.respring').waitFor();
   await page.getByText('1 respring').waitFor();
   await page.getByRole('heading', { name: 'Settings', level: 2 }).waitFor();

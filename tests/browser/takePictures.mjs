@@ -45,6 +45,7 @@ async function takeTheme(stage) {
   const { device } = stage;
   await device.tapRow('Customise');
   await device.setRow('Enabled', true);
+  await device.setRow('Use Custom Look', true);
   await device.tapRow('Choose Photo…');
   await take(stage, 'photos');
   await device.pick((await device.screen()).sheet.items[0].path);

@@ -83,7 +83,7 @@ test('A photo that the button or the cell offers is stored as PNG and shown in t
   const prepare = (folder) => layFile(folder, themeFile, propertyListText({ device: 'Tablet' }));
   const started = await startZuno(t, { labels, prepare });
   const { page, folder, api } = started;
-  assert.equal(await cellOf(page).locator('img').count(), 0);
+  assert.equal(await cellOf(page).count(), 0);
   const photo = (name) => readFile(join(folder, 'var/mobile/Media/DCIM/100APPLE', name));
 
   await choose(page).click();
@@ -95,6 +95,7 @@ test('A photo that the button or the cell offers is stored as PNG and shown in t
   assert.ok(lines.slice(0, -1).every((line) => line.length === 64) && lines.at(-1).length <= 64);
   assert.deepEqual(sizeOf(Buffer.from(backgroundImage, 'base64')), sizeOf(await photo('IMG_0002.PNG')));
   await cellOf(page).locator('img').waitFor();
+  assert.equal(await choose(page).count(), 0, 'one row is enough');
   const first = await pictureIn(page);
 
   await cellOf(page).click();
@@ -110,29 +111,34 @@ test('A photo that the button or the cell offers is stored as PNG and shown in t
   assert.deepEqual(await pictureIn(page), second);
 });
 
-test('A picker that is cancelled changes nothing', async (t) => {
-  const { page, folder } = await startZuno(t, { labels });
-  for (const opener of [choose(page), cellOf(page)]) {
-    await opener.click();
+// The row that chooses a photo while there is none, and the one that does while there is one.
+const openers = { 'the button': [choose, null], 'the cell': [cellOf, { backgroundImage: 'no picture' }] };
+
+for (const [name, [openerOf, content]] of Object.entries(openers)) {
+  const prepare = (folder) => content && layFile(folder, themeFile, propertyListText(content));
+
+  test(`A picker that ${name} opens and that is cancelled changes nothing`, async (t) => {
+    const started = await startZuno(t, { labels, prepare });
+    const { page, folder } = started;
+    await openerOf(page).click();
     await page.getByRole('dialog', { name: 'Photos' }).getByRole('button', { name: 'Cancel' }).click();
     await page.getByRole('dialog').waitFor({ state: 'detached' });
-  }
-  await missing(folder, themeFile);
-});
+    if (content) assert.deepEqual(await theme(started), content);
+    else await missing(folder, themeFile);
+  });
 
-test('Without a photo library nothing is offered', async (t) => {
-  const { page, folder, api } = await startZuno(t, { labels });
-  await rm(join(folder, 'var/mobile/Media/DCIM'), { recursive: true });
-  for (const opener of [choose(page), cellOf(page)]) {
+  test(`Without a photo library ${name} offers nothing`, async (t) => {
+    const { page, folder, api } = await startZuno(t, { labels, prepare });
+    await rm(join(folder, 'var/mobile/Media/DCIM'), { recursive: true });
     const { revision } = await api('GET', '/api/screen');
-    await opener.click();
+    await openerOf(page).click();
     await eventually(async () => assert.ok((await api('GET', '/api/screen')).revision >= revision));
-  }
-  await page.getByRole('switch', { name: 'Enabled' }).click();
-  await eventually(async () => assert.equal((await api('GET', '/api/device')).notifications.length, 1));
-  assert.equal((await api('GET', '/api/screen')).sheet, null);
-  assert.equal(await page.getByRole('dialog').count(), 0);
-});
+    await page.getByRole('switch', { name: 'Enabled' }).click();
+    await eventually(async () => assert.equal((await api('GET', '/api/device')).notifications.length, 1));
+    assert.equal((await api('GET', '/api/screen')).sheet, null);
+    assert.equal(await page.getByRole('dialog').count(), 0);
+  });
+}
 
 test('Clearing asks first: No keeps everything, Yes removes the theme and nothing else', async (t) => {
   const presets = 'var/jb/Library/Zuno/Presets/Ocean.plist';

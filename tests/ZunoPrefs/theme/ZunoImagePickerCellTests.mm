@@ -132,6 +132,7 @@ TEST_F(ImageCellTest, APortraitPhotoIsStoredUpright) {
 }
 
 TEST_F(ImageCellTest, ACellThatIsUsedAgainShowsWhatIsStoredNowAndTakesItsRowsTaps) {
+  storeImage(@"no picture");
   ZunoCustomiseRootListController *page = showPage();
   ZunoImagePickerCell *cell = (ZunoImagePickerCell *)[page cachedCellForSpecifierID:@"backgroundImage"];
   ASSERT_TRUE([cell isKindOfClass:classNamed("ZunoImagePickerCell")]);

@@ -86,6 +86,11 @@ export function rowOf(page, name) {
   return page.locator('.page:not([inert])').getByRole('listitem').filter({ hasText: name }).first();
 }
 
+/** The one row of the theme page that chooses a photo: a button while there is none, and then the one that shows it. */
+export function photoRow(page) {
+  return page.getByRole('button', { name: /^(Choose Photo…|Background Image)$/ });
+}
+
 /** Writes `content` to `path` of the device folder, its parent folders included. */
 export async function layFile(folder, path, content) {
   const file = join(folder, path);

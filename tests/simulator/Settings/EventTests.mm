@@ -117,6 +117,35 @@ TEST_F(EventTest, SlidersTakeNumbersWithinTheirLimits) {
   EXPECT_EQ(row(0, 0)["control"]["max"], 10);
 }
 
+TEST_F(EventTest, ASliderIsDraggedUntilTheFingerLifts) {
+  UISlider *control = [[[UISlider alloc] initWithFrame:CGRectMake(0, 0, 100, 30)] autorelease];
+  [control setContinuous:NO];
+  ControlPage *page = startControl(control);
+  const auto drag = [&](double value, const Json &finished) {
+    return send({{"type", "set"}, {"id", rowId(0, 0)}, {"value", value}, {"finished", finished}});
+  };
+  EXPECT_EQ(row(0, 0)["control"]["followed"], false);
+  EXPECT_EQ(drag(0.25, false), 200);
+  EXPECT_EQ(row(0, 0)["value"], 0.25);
+  EXPECT_EQ(calls(page), "");
+  EXPECT_EQ(drag(0.5, true), 200);
+  EXPECT_EQ(calls(page), "changed");
+  EXPECT_EQ(drag(0.75, 1), 400);
+  EXPECT_EQ(drag(0.75, nullptr), 400);
+  EXPECT_EQ(row(0, 0)["value"], 0.5);
+  [control addTarget:page action:@selector(changed:) forControlEvents:UIControlEventTouchDragInside];
+  EXPECT_EQ(drag(0.75, false), 200);
+  EXPECT_EQ(row(0, 0)["control"]["followed"], true);
+  EXPECT_EQ(calls(page), "changed,changed");
+}
+
+TEST_F(EventTest, OnlyASliderIsDragged) {
+  UISwitch *control = [[[UISwitch alloc] initWithFrame:CGRectZero] autorelease];
+  startControl(control);
+  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", true}, {"finished", false}}, 422);
+  EXPECT_FALSE([control isOn]);
+}
+
 TEST_F(EventTest, SegmentsTakeNumbersAndTitles) {
   UISegmentedControl *control = [[[UISegmentedControl alloc] initWithItems:@[ @"one", @"two" ]] autorelease];
   startControl(control);

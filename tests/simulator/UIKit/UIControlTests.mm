@@ -226,6 +226,17 @@ TEST_F(UISliderTests, ReportsDragsAsItShould) {
   EXPECT_EQ(taken(), "");
 }
 
+TEST_F(UISliderTests, TellsOfTheStepsOfADragWithItsNewValue) {
+  UISlider *slider = make<UISlider>();
+  [slider setContinuous:NO];
+  [slider addTarget:target_ action:@selector(one:) forControlEvents:UIControlEventTouchDragInside];
+  EXPECT_TRUE([slider sim_setValueByUser:0.25f finished:NO]);
+  EXPECT_EQ(taken(), "one ");
+  EXPECT_EQ([slider value], 0.25f);
+  EXPECT_TRUE([slider sim_setValueByUser:0.5f finished:YES]);
+  EXPECT_EQ(taken(), "") << "the end is no step";
+}
+
 class UISegmentedControlTests : public UIControlTests {
  protected:
   UISegmentedControl *letters() {

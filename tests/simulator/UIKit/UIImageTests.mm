@@ -280,6 +280,16 @@ TEST_F(UIImageTests, NumbersAreUnique) {
   EXPECT_EQ([other CGImage], [one CGImage]);
 }
 
+TEST_F(UIImageTests, ImagesOfTheSameBytesHaveTheSameNumber) {
+  NSData *red = UIImagePNGRepresentation(image(marked(4, 4)));
+  NSData *other = UIImagePNGRepresentation(image(marked(5, 4)));
+  UIImage *one = [UIImage imageWithData:red];
+  EXPECT_EQ([[UIImage imageWithData:[NSData dataWithData:red]] sim_number], [one sim_number]);
+  EXPECT_NE([[UIImage imageWithData:other] sim_number], [one sim_number]);
+  EXPECT_NE([[UIImage imageWithData:red scale:2] sim_number], [one sim_number]) << "it is drawn in another size";
+  EXPECT_NE([[one imageWithRenderingMode:UIImageRenderingModeAlwaysTemplate] sim_number], [one sim_number]);
+}
+
 TEST_F(UIImageTests, BadScalesCountAsOne) {
   EXPECT_EQ([image(marked(4, 4), 0) scale], 1);
   EXPECT_EQ([image(marked(4, 4), -2) scale], 1);

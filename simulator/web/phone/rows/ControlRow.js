@@ -1,5 +1,6 @@
 import { html } from '/modules/htm-preact.mjs';
 import { cssColor } from '/colors.js';
+import { InlineView } from '/phone/CustomViews.js';
 import { RowPicture } from '/phone/RowPicture.js';
 import { SegmentedControl } from '/phone/rows/SegmentedControl.js';
 import { Slider } from '/phone/rows/Slider.js';
@@ -32,5 +33,6 @@ export function ControlRow({ row, header }) {
       ${label !== '' && html`<span class="row-label">${label}</span>`}
       ${row.detail && type === 'switch' && html`<span class="row-detail row-detail-below">${row.detail}</span>`}
       <${controls[type]} row=${row} name=${name} />
+      ${row.accessoryView && html`<${InlineView} view=${row.accessoryView} on="cell" name="accessory-view" />`}
     <//>`;
 }

@@ -1,4 +1,4 @@
-import { html, useContext, useEffect, useState } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useRef, useState } from '/modules/htm-preact.mjs';
 import { cssColor } from '/colors.js';
 import { Picture } from '/images.js';
 import { setOnly } from '/phone/look.js';
@@ -8,24 +8,51 @@ const unseenDecimals = 2;
 // What a key moves the knob by, in hundredths of the range. Browsers differ in what they do where there are no steps.
 const moves = { ArrowLeft: -1, ArrowDown: -1, ArrowRight: 1, ArrowUp: 1, PageDown: -10, PageUp: 10 };
 
-/** A number within [min, max]. It is sent when the knob is let go. `row.detail` is how the device writes it, if it does. */
+/**
+ * A number within [min, max]. It is sent when the knob is let go, and also meanwhile if something on the device follows it
+ * (`row.control.followed`). `row.detail` is how the device writes it, if it does.
+ */
 export function Slider({ row, name }) {
   const session = useContext(SessionContext);
-  const { min = 0, max = 1, minimumImage, maximumImage } = row.control;
+  const { min = 0, max = 1, minimumImage, maximumImage, followed = false } = row.control;
   const stored = clamp(Number(row.value), min, max);
   const [shown, setShown] = useState(stored);
-  useEffect(() => setShown(stored), [row]);
+  const drag = useRef({ isHeld: false, isSending: false, next: null }).current;
+  // What the device answers to a step is behind the knob.
+  useEffect(() => {
+    if (!drag.isHeld) setShown(stored);
+  }, [row]);
 
-  const input = (event) => setShown(Number(event.target.value));
+  const sendSteps = async () => {
+    if (drag.isSending) return;
+    drag.isSending = true;
+    while (drag.next !== null) {
+      const value = drag.next;
+      drag.next = null;
+      await session.drag(row.id, value);
+    }
+    drag.isSending = false;
+  };
+  const input = (event) => {
+    setShown(Number(event.target.value));
+    if (!followed) return;
+    drag.isHeld = true;
+    drag.next = Number(event.target.value);
+    sendSteps();
+  };
   const change = async (event) => {
+    drag.isHeld = false;
+    drag.next = null;
     if (!(await session.set(row.id, Number(event.target.value)))) setShown(stored);
   };
+  // A knob that is let go where it was taken tells of no change.
+  const letGo = (event) => setTimeout(() => drag.isHeld && change(event));
   const onKeyDown = (event) => {
     const move = moves[event.key];
     if (!move) return;
     event.preventDefault();
     event.target.value = clamp(Number(event.target.value) + (move / 100) * (max - min), min, max);
-    input(event);
+    setShown(Number(event.target.value));
     change(event);
   };
   const share = max > min ? (shown - min) / (max - min) : 0;
@@ -36,11 +63,11 @@ export function Slider({ row, name }) {
   return html`
     ${minimumImage && html`<${Picture} class="slider-image" image=${minimumImage} />`}
     <input type="range" class="slider" data-part="main" data-own-keys aria-label=${name}
-      aria-valuetext=${(shown === stored && row.accessibilityValue) || number}
+      aria-valuetext=${((followed || shown === stored) && row.accessibilityValue) || number}
       aria-description=${row.accessibilityHint || undefined}
       min=${min} max=${max} step="any" value=${shown} disabled=${row.enabled === false}
       style=${{ '--share': share, ...tintsOf(row.control) }} onInput=${input} onChange=${change}
-      onKeyDown=${onKeyDown} />
+      onKeyDown=${onKeyDown} onPointerUp=${letGo} onPointerCancel=${letGo} />
     ${maximumImage && html`<${Picture} class="slider-image" image=${maximumImage} />`}
     ${written && html`<output class="slider-value" data-longest=${longest}>${number}</output>`}`;
 }

@@ -1,0 +1,9 @@
+#import <Preferences/PSTableCell.h>
+#import <UIKit/UIKit.h>
+
+/// A row that opens a list, with what is chosen in that list at its end: the first names and how many more there are.
+///
+/// Property of its specifier: "names" (array of texts). Without it nothing stands there; an empty array shows as "None".
+/// VoiceOver reads all names. Main thread only.
+@interface ZunoSummaryCell : PSTableCell
+@end

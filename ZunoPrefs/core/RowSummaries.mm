@@ -1,0 +1,72 @@
+#import "core/RowSummaries.h"
+
+#import <NorvikAppList/NorvikAppList.h>
+#import <Preferences/PSSpecifier.h>
+
+#import "core/KRBPreferenceManager.h"
+#import "core/PreferenceRow.h"
+#import "widgets/WidgetNames.h"
+
+namespace zuno {
+namespace {
+
+NSString *const kNames = @"names";
+
+bool isText(id object) { return [object isKindOfClass:[NSString class]] && [object length] > 0; }
+
+/// The identifiers that a stored value chooses; one text stands for a list of one.
+NSArray *identifiersIn(id stored) {
+  if (isText(stored)) return @[ stored ];
+  NSMutableArray *identifiers = [NSMutableArray array];
+  if (![stored isKindOfClass:[NSArray class]]) return identifiers;
+  for (id identifier in (NSArray *)stored) {
+    if (isText(identifier)) [identifiers addObject:identifier];
+  }
+  return identifiers;
+}
+
+NSArray *namesOfChosenApps(NSArray *identifiers, NSDictionary *appNames) {
+  if (!appNames && [identifiers count] > 0) return nil;
+  NSMutableArray *names = [NSMutableArray array];
+  for (NSString *identifier in identifiers) [names addObject:[appNames objectForKey:identifier] ?: identifier];
+  return names;
+}
+
+NSArray *namesOfChosenWidgets(NSArray *identifiers) {
+  NSDictionary *installed = namesOfWidgets();
+  NSMutableArray *names = [NSMutableArray array];
+  for (NSString *identifier in identifiers) {
+    if (NSString *name = [installed objectForKey:identifier]) [names addObject:name];
+  }
+  return names;
+}
+
+}  // namespace
+
+NSDictionary *namesOfApps(NSArray *apps) {
+  NSMutableDictionary *names = [NSMutableDictionary dictionaryWithCapacity:[apps count]];
+  for (NorvikAppRecord *app in apps) {
+    if (isText([app bundleIdentifier]) && isText([app displayName])) {
+      [names setObject:[app displayName] forKey:[app bundleIdentifier]];
+    }
+  }
+  return names;
+}
+
+NSArray *summariseRows(NSArray *rows, NSDictionary *appNames) {
+  NSMutableArray *changed = [NSMutableArray array];
+  for (PSSpecifier *row in rows) {
+    NSString *kind = rowText(row, @"summaryOf");
+    NSString *key = rowText(row, @"summaryKey");
+    if (!kind || !key) continue;
+    NSArray *identifiers = identifiersIn([KRBPreferenceManager getPrefForKey:key]);
+    NSArray *names = [kind isEqualToString:@"widgets"] ? namesOfChosenWidgets(identifiers)
+                                                       : namesOfChosenApps(identifiers, appNames);
+    if (!names || [names isEqual:[row propertyForKey:kNames]]) continue;
+    [row setProperty:names forKey:kNames];
+    [changed addObject:row];
+  }
+  return changed;
+}
+
+}  // namespace zuno
