@@ -5,13 +5,17 @@
 #import <UIKit/UIActivityViewController+Sim.h>
 #import <UIKit/UIAlertController+Sim.h>
 #import <UIKit/UIBarButtonItem+Sim.h>
+#import <UIKit/UIColorPickerViewController+Sim.h>
 #import <UIKit/UIDocumentPickerViewController+Sim.h>
 #import <UIKit/UIImagePickerController+Sim.h>
+#import <UIKit/UIControl+Sim.h>
 #import <UIKit/UINavigationController+Sim.h>
 #import <UIKit/UITableView+Sim.h>
+#import <UIKit/UITableViewCell+Sim.h>
 #import <UIKit/UITextField+Sim.h>
 
 #import "Settings/BarButtons.hpp"
+#import "Settings/ControlDescription.hpp"
 #import "Settings/ControlEvents.hpp"
 #import "Settings/ElementId.hpp"
 
@@ -36,7 +40,7 @@ class Route {
 
   EventResult tap() const {
     if (!hasId()) return malformed("A \"tap\" event has an \"id\".");
-    if (!hasPossiblePart()) return malformed("A \"part\" is \"accessory\", \"copy\" or \"save\".");
+    if (!hasPossiblePart()) return malformed("A \"part\" is \"accessory\", \"button\", \"copy\" or \"save\".");
     const auto id = elementId();
     if (!id) return unknown();
     if (id->kind == ElementKind::kAlertAction) return tapAlert(*id);
@@ -76,6 +80,12 @@ class Route {
   EventResult set() const {
     const auto value = event_.find("value");
     if (hasId() && value == event_.end()) return malformed("A \"set\" event has a \"value\".");
+    const auto continuous = event_.find("continuous");
+    if (continuous != event_.end() && !continuous->is_boolean()) return malformed("\"continuous\" is true or false.");
+    const auto element = hasId() ? elementId() : std::nullopt;
+    if (element && element->kind == ElementKind::kSheetColor) {
+      return pickColor(*element, *value, continuous != event_.end() && continuous->get<bool>());
+    }
     return work("set", [&](UIView *control) { return setControl(control, *value); });
   }
 
@@ -111,6 +121,8 @@ class Route {
       [(UIDocumentPickerViewController *)presented_ sim_cancel];
     } else if ([presented_ isKindOfClass:[UIActivityViewController class]]) {
       [(UIActivityViewController *)presented_ sim_finishWithActivityType:nil completed:NO];
+    } else if ([presented_ isKindOfClass:[UIColorPickerViewController class]]) {
+      [(UIColorPickerViewController *)presented_ sim_close];
     } else if ([presented_ isKindOfClass:[UIAlertController class]]) {
       return dismissAlert((UIAlertController *)presented_);
     } else if (presented_) {
@@ -126,7 +138,7 @@ class Route {
 
   bool hasPossiblePart() const {
     const auto part = event_.find("part");
-    return part == event_.end() || *part == "accessory" || *part == "copy" || *part == "save";
+    return part == event_.end() || *part == "accessory" || *part == "button" || *part == "copy" || *part == "save";
   }
   bool hasPart(const char *name) const {
     const auto part = event_.find("part");
@@ -176,8 +188,15 @@ class Route {
     if (hasPart("accessory")) {
       return done([table() sim_tapAccessoryAtIndexPath:path(id)], "This row has no button.");
     }
+    if (hasPart("button")) return tapButtonOfRow(path(id));
     (void)[table() sim_tapRowAtIndexPath:path(id)];  // A row that refuses a tap stays as it is, as on a device.
     return {};
+  }
+
+  /// The button in the row's accessory view.
+  EventResult tapButtonOfRow(NSIndexPath *row) const {
+    const auto button = objcxx::share(findButton([[table() sim_cellForControlEventsAtIndexPath:row] sim_shownAccessoryView]));
+    return done([button.get() sim_tapByUser], button ? "This button is disabled." : "This row has no button.");
   }
 
   EventResult tapAlert(const ElementId &id) const {
@@ -243,6 +262,14 @@ class Route {
     }
     if (picked) return {};
     return refused(error ? utf8([error localizedDescription]) : "This cannot be picked.");
+  }
+
+  EventResult pickColor(const ElementId &id, const Json &value, bool continuously) const {
+    if (!isPresented(id, [UIColorPickerViewController class])) return unknown();
+    UIColor *color = colorFrom(value);
+    if (!color) return refused("A colour is set to \"#rrggbb\" or \"#rrggbbaa\".");
+    return done([(UIColorPickerViewController *)presented_ sim_selectColorByUser:color continuously:continuously],
+                "This picker takes opaque colours only.");
   }
 
   EventResult dismissAlert(UIAlertController *alert) const {

@@ -60,8 +60,9 @@ export class Session {
     return this.#sendTo(id, { type: 'swipe', id, open });
   }
 
-  set(id, value) {
-    return this.#sendTo(id, { type: 'set', id, value });
+  /** `more` is what the event says beside id and value. */
+  set(id, value, more) {
+    return this.#sendTo(id, { type: 'set', id, value, ...more });
   }
 
   /** Adds what is on the device's pasteboard to the text of a field. */
