@@ -113,6 +113,8 @@ UIImage *swatch(const std::optional<zuno::Colour> &colour) {
 
 - (void)removeColour {
   PSSpecifier *row = [self specifier];
+  if (!row) return;
+
   [row performSetterWithValue:@""];
   [self refreshCellContentsWithSpecifier:row];
 }

@@ -130,7 +130,7 @@ TEST_F(ColorPickerTest, OnlyThePickerOnTheScreenTakesColours) {
   session().refresh();
   expectRefused(event, 404);
   EXPECT_EQ(send({{"type", "dismiss"}}), 200);
-  EXPECT_EQ(send(event), 200);
+  EXPECT_EQ(send(setEvent("#ff0000")), 200);
   EXPECT_EQ(send({{"type", "dismiss"}}), 200);
   EXPECT_EQ(notes(), (Notes{"chose", "finished"}));
   EXPECT_TRUE(screen()["sheet"].is_null());

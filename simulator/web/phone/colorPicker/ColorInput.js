@@ -1,6 +1,6 @@
 /**
- * Sends colours one after another. Of those that a drag gives while one is on its way only the last is sent, so that
- * the device keeps up with the finger; where the finger is lifted is always sent.
+ * Sends colours one after another. Of those that come while one is on its way only the last is sent, so that the device
+ * keeps up with the finger or the key; where a finger is lifted is sent before what the next one drags.
  */
 export class ColorInput {
   #deliver;
@@ -18,7 +18,8 @@ export class ColorInput {
 
   /** Resolves, when all that waits was sent, with whether the last of it was taken. */
   send(value, continuous) {
-    if (this.#waiting.at(-1)?.continuous) this.#waiting.pop();
+    if (!continuous) this.#waiting = [];
+    else if (this.#waiting.at(-1)?.continuous) this.#waiting.pop();
     this.#waiting.push({ value, continuous });
     this.#running ??= this.#run().finally(() => {
       this.#running = null;

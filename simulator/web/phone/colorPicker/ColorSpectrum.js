@@ -1,5 +1,5 @@
 import { html, useState } from '/modules/htm-preact.mjs';
-import { format, hueAndLightness, nameOf, opaque, pureColor } from '/phone/colorPicker/colorValues.js';
+import { digitsOf, format, hueAndLightness, nameOf, opaque, pureColor } from '/phone/colorPicker/colorValues.js';
 import { dragging } from '/phone/colorPicker/dragging.js';
 
 // What an arrow key moves the knob by, as a share of the surface.
@@ -8,15 +8,14 @@ const large = 0.1;
 
 /** All pure colours: hues from left to right, from white at the top through full strength to black. */
 export function ColorSpectrum({ color, choose }) {
-  // Near white and black the digits no longer say which hue it was.
-  const [hue, setHue] = useState(() => hueAndLightness(color).hue);
-  const place = hueAndLightness(color, hue);
-  // Both edges have the same colours: the knob stays at the one to which it was moved.
-  const x = place.hue === 0 && hue === 1 ? 1 : place.hue;
+  // Where the knob was put says more than the digits: those of white have no hue, and both edges have the same.
+  const [put, setPut] = useState(null);
+  const isThere = put && digitsOf(pureColor(put)) === digitsOf(color);
+  const place = isThere ? put : hueAndLightness(color, put?.hue);
 
   const take = (next, continuous) => {
-    setHue(next.hue);
-    choose(pureColor(next, color.alpha), continuous);
+    setPut(next);
+    choose({ ...pureColor(next), alpha: color.alpha }, continuous);
   };
   const onKeyDown = (event) => {
     const step = event.shiftKey ? large : small;
@@ -24,15 +23,15 @@ export function ColorSpectrum({ color, choose }) {
     if (right === 0 && up === 0) return;
     event.preventDefault();
     const within = (share) => Math.min(Math.max(share, 0), 1);
-    take({ hue: within(x + right * step), lightness: within(place.lightness + up * step) }, false);
+    take({ hue: within(place.hue + right * step), lightness: within(place.lightness + up * step) }, false);
   };
   return html`
     <div class="color-spectrum" ...${dragging(({ x: hueThere, y }, continuous) => take({ hue: hueThere, lightness: 1 - y }, continuous))}>
       <span class="color-knob" role="slider" tabindex="0" aria-label="Hue and lightness" aria-valuemin="0"
-        aria-valuemax="360" aria-valuenow=${Math.round(x * 360)} aria-valuetext=${nameOf(color)}
+        aria-valuemax="360" aria-valuenow=${Math.round(place.hue * 360)} aria-valuetext=${nameOf(color)}
         aria-description="The arrow keys change the hue and the lightness, with the shift key by more."
         onKeyDown=${onKeyDown}
-        style=${{ left: `${x * 100}%`, top: `${(1 - place.lightness) * 100}%`, background: format(opaque(color)) }}></span>
+        style=${{ left: `${place.hue * 100}%`, top: `${(1 - place.lightness) * 100}%`, background: format(opaque(color)) }}></span>
     </div>`;
 }
 

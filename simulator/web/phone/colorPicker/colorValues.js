@@ -36,15 +36,15 @@ export function hueAndLightness({ red, green, blue }, hueOfGrey = 0) {
   return { hue: ((hue + 6) % 6) / 6, lightness };
 }
 
-/** The colour of full saturation with this hue and lightness; `alpha` goes with it. */
-export function pureColor({ hue, lightness }, alpha) {
+/** The opaque colour of full saturation with this hue and lightness. */
+export function pureColor({ hue, lightness }) {
   const strength = 1 - Math.abs(2 * lightness - 1);
   const part = (offset) => {
     const k = (offset + hue * 6) % 6;
     const share = Math.min(Math.max(Math.abs(k - 3) - 1, 0), 1);
     return Math.round((lightness + strength * (share - 0.5)) * 255);
   };
-  return { red: part(0), green: part(4), blue: part(2), alpha };
+  return { red: part(0), green: part(4), blue: part(2), alpha: 255 };
 }
 
 const hues = ['red', 'orange', 'yellow', 'lime', 'green', 'mint', 'cyan', 'azure', 'blue', 'violet', 'magenta', 'pink'];
