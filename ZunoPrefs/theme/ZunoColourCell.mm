@@ -101,7 +101,7 @@ UIImage *swatch(const std::optional<zuno::Colour> &colour) {
   [[self detailTextLabel] setText:text];
   [_removeButton setHidden:!removable];
   [_removeButton setFrame:CGRectMake(kSwatchSide + kGap, 0, kButtonSide, kButtonSide)];
-  [_removeButton setAccessibilityLabel:[NSString stringWithFormat:@"Use the system’s colour for %@", name]];
+  [_removeButton setAccessibilityLabel:[NSString stringWithFormat:@"Use System Colour for %@", name]];
   [_accessory setFrame:CGRectMake(0, 0, removable ? kSwatchSide + kGap + kButtonSide : kSwatchSide, kButtonSide)];
   [self setAccessoryView:_accessory];
 }

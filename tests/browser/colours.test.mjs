@@ -9,7 +9,7 @@ const rowOf = (page, name, value) => page.getByRole('button', { name: `${name} $
 const dialogOf = (page, name = 'Titles') => page.getByRole('dialog', { name });
 const cellOf = (page, digits) => page.getByRole('gridcell', { name: digits });
 const wayOf = (page, name) => page.getByRole('radio', { name });
-const removeOf = (page, name) => page.getByRole('button', { name: `Use the system’s colour for ${name}` });
+const removeOf = (page, name) => page.getByRole('button', { name: `Use System Colour for ${name}` });
 const spectrum = (page) => page.locator('.color-spectrum');
 const posted = 'com.norvik.Zuno.theme';
 
@@ -114,7 +114,7 @@ test('A colour is picked by the keyboard alone', async (t) => {
   await eventually(async () => assert.match(await focused(page), /^Titles/));
 });
 
-test('The sliders and the fields set the parts and the digits', async (t) => {
+test('The sliders and the fields set the parts and the digits, and every way keeps the opacity', async (t) => {
   const started = await start(t, { titleColour: '102030' });
   const { page, api } = started;
   await openPicker(page, '102030');
@@ -145,9 +145,15 @@ test('The sliders and the fields set the parts and the digits', async (t) => {
     await enter('Green, number', text);
     await eventually(async () => assert.equal(await page.getByRole('textbox', { name: 'Green, number' }).inputValue(), '205'));
   }
+  assert.equal((await notificationsOf(api)).length, before.length, 'what is no colour is not sent');
+  await wayOf(page, 'Grid').check();
+  await cellOf(page, '0061FD').click();
+  await storedIs(started, { titleColour: '0061FD80' });
+  await wayOf(page, 'Spectrum').check();
+  await page.mouse.click(...await placeIn(spectrum(page), 0.1, 0.999));
+  await eventually(async () => assert.match((await started.stored(themeFile)).titleColour, /^0[0-9]0[0-9]0080$/));
   await enter('Opacity, number', '100');
-  await storedIs(started, { titleColour: 'ABCDEF' });
-  assert.equal((await notificationsOf(api)).length, before.length + 1, 'what is no colour is not sent');
+  await eventually(async () => assert.match((await started.stored(themeFile)).titleColour, /^0[0-9]0[0-9]00$/));
 });
 
 test('A value that is no colour is said so, replaced and removed', async (t) => {

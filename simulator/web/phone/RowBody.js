@@ -1,4 +1,4 @@
-import { html, useLayoutEffect, useRef } from '/modules/htm-preact.mjs';
+import { html } from '/modules/htm-preact.mjs';
 import { cssColor, cssTextColor, paintedOver } from '/colors.js';
 import { ControlRow } from '/phone/rows/ControlRow.js';
 import { CustomViews, InlineView } from '/phone/CustomViews.js';
@@ -34,14 +34,6 @@ export function RowBody({ row, header, isChoice, tap, tapAccessory, tapButton })
 
 /** The button in the row's accessory view, which is drawn with that view, over the place where it lies. */
 function AccessoryButton({ row, tap }) {
-  const button = useRef(null);
-  // One that goes over its own tap leaves the focus to its row.
-  useLayoutEffect(() => {
-    const node = button.current;
-    return () => {
-      if (document.activeElement === node) node.closest('.row-slide')?.querySelector('[data-part="main"]')?.focus();
-    };
-  }, []);
   const { frame: [x, y, width, height], close, enabled, title, accessibilityLabel } = row.accessoryButton;
   const [, , viewWidth, viewHeight] = row.accessoryView.frame;
   const style = {
@@ -49,7 +41,7 @@ function AccessoryButton({ row, tap }) {
     top: `calc(50% + ${y - viewHeight / 2}px)`, width: `${width}px`, height: `${height}px`,
   };
   return html`
-    <button type="button" ref=${button} class="row-button" data-part="button" style=${style} onClick=${tap}
+    <button type="button" class="row-button" data-part="button" style=${style} onClick=${tap}
       disabled=${!enabled || row.enabled === false}
       aria-label=${accessibilityLabel || title || (close ? 'Close' : 'Button')}>
       ${close && html`<${CloseSymbol} />`}

@@ -111,7 +111,7 @@ TEST_F(ColourRowTest, ARowShowsItsNameItsValueAndItsColour) {
   EXPECT_EQ(shown(@"titleColour"), "00FF0033");
   EXPECT_EQ(shown(@"badgeColour"), "System");
   EXPECT_EQ(removeButton(cellOf(@"badgeColour")), nil);
-  EXPECT_OBJC_EQ([removeButton(cellOf(@"titleColour")) accessibilityLabel], @"Use the system’s colour for Titles");
+  EXPECT_OBJC_EQ([removeButton(cellOf(@"titleColour")) accessibilityLabel], @"Use System Colour for Titles");
 }
 
 TEST_F(ColourRowTest, WhatIsNotOpaqueLetsSquaresShow) {
@@ -284,7 +284,7 @@ TEST_F(ColourRowTest, ACellThatIsUsedAgainRemovesTheColourOfTheRowThatItShows) {
   [cell prepareForReuse];
   [cell setSpecifier:row(@"badgeColour")];
   EXPECT_EQ(colourOf(swatchOf(cell)), "0,255,0");
-  EXPECT_OBJC_EQ([removeButton(cell) accessibilityLabel], @"Use the system’s colour for Badges");
+  EXPECT_OBJC_EQ([removeButton(cell) accessibilityLabel], @"Use System Colour for Badges");
   EXPECT_TRUE([removeButton(cell) sim_tapByUser]);
   EXPECT_OBJC_EQ(preferences(kThemeFile), (@{@"titleColour" : @"FF0000", @"badgeColour" : @""}));
 }
