@@ -195,7 +195,8 @@ class Route {
 
   /// The button in the row's accessory view.
   EventResult tapButtonOfRow(NSIndexPath *row) const {
-    const auto button = objcxx::share(findButton([[table() sim_cellForControlEventsAtIndexPath:row] sim_shownAccessoryView]));
+    UITableViewCell *cell = [table() sim_cellForControlEventsAtIndexPath:row];
+    const auto button = objcxx::share(findButton([cell sim_shownAccessoryView]));
     return done([button.get() sim_tapByUser], button ? "This button is disabled." : "This row has no button.");
   }
 

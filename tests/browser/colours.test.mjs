@@ -48,7 +48,9 @@ test('A colour is picked in the grid by the mouse, and stored once when the butt
 
   await page.mouse.move(...await placeIn(cellOf(page, '000000')));
   await page.mouse.down();
-  for (const digits of ['263E0F', '4F5504', 'E22400']) await page.mouse.move(...await placeIn(cellOf(page, digits)), { steps: 4 });
+  for (const digits of ['263E0F', '4F5504', 'E22400']) {
+    await page.mouse.move(...await placeIn(cellOf(page, digits)), { steps: 4 });
+  }
   await eventually(async () => {
     const { sheet } = await api('GET', '/api/screen');
     assert.equal(sheet.color.value, '#e22400ff');
@@ -143,7 +145,8 @@ test('The sliders and the fields set the parts and the digits, and every way kee
   }
   for (const text of ['', '-1', '1.5', 'x']) {
     await enter('Green, number', text);
-    await eventually(async () => assert.equal(await page.getByRole('textbox', { name: 'Green, number' }).inputValue(), '205'));
+    const field = page.getByRole('textbox', { name: 'Green, number' });
+    await eventually(async () => assert.equal(await field.inputValue(), '205'));
   }
   assert.equal((await notificationsOf(api)).length, before.length, 'what is no colour is not sent');
   await wayOf(page, 'Grid').check();

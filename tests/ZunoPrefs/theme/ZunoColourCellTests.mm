@@ -122,9 +122,10 @@ TEST_F(ColourRowTest, WhatIsNotOpaqueLetsSquaresShow) {
     CFDataRef data = CGDataProviderCopyData(CGImageGetDataProvider([image CGImage]));
     const size_t width = CGImageGetWidth([image CGImage]), height = CGImageGetHeight([image CGImage]);
     std::set<int> found;
-    for (size_t x = width / 4; x < width * 3 / 4; ++x) found.insert(CFDataGetBytePtr(data)[(height * 3 / 8 * width + x) * 4]);
-    EXPECT_EQ(CFDataGetBytePtr(data)[3], 0) << "the corners are clear: it is round";
-    EXPECT_LT(CFDataGetBytePtr(data)[(height / 2 * width) * 4], 200) << "an edge sets white off from a white row";
+    const UInt8 *bytes = CFDataGetBytePtr(data);
+    for (size_t x = width / 4; x < width * 3 / 4; ++x) found.insert(bytes[(height * 3 / 8 * width + x) * 4]);
+    EXPECT_EQ(bytes[3], 0) << "the corners are clear: it is round";
+    EXPECT_LT(bytes[(height / 2 * width) * 4], 200) << "an edge sets white off from a white row";
     CFRelease(data);
     return found;
   };
@@ -188,7 +189,8 @@ TEST_F(ColourRowTest, AColourIsStoredOnceWhenTheFingerIsLifted) {
   [opened sim_selectColorByUser:colour(1, 0.5, 0) continuously:NO];
   close();
   EXPECT_EQ(notifications, kPostedOnce) << "the same colour is stored once";
-  EXPECT_NE(read(kThemeFile).find("<key>titleColour</key>\n\t<string>FF8000</string>"), std::string::npos) << read(kThemeFile);
+  const std::string entry = "<key>titleColour</key>\n\t<string>FF8000</string>";
+  EXPECT_NE(read(kThemeFile).find(entry), std::string::npos) << read(kThemeFile);
   EXPECT_FALSE(exists(kMainFile));
 }
 

@@ -75,7 +75,8 @@ TEST_F(ColorPickerTest, AColourThatFollowsTheAppearanceIsShownAsItIsNow) {
 TEST_F(ColorPickerTest, OtherSheetsHaveNone) {
   startList(@[ @[ @"a" ] ]);
   PlainPage *plain = [[[PlainPage alloc] init] autorelease];
-  [[[[UIApplication sharedApplication] keyWindow] rootViewController] presentViewController:plain animated:NO completion:nil];
+  UIViewController *root = [[[UIApplication sharedApplication] keyWindow] rootViewController];
+  [root presentViewController:plain animated:NO completion:nil];
   session().refresh();
   ASSERT_EQ(screen()["sheet"]["kind"], "page");
   EXPECT_FALSE(screen()["sheet"].contains("color"));
@@ -97,10 +98,10 @@ TEST_F(ColorPickerTest, AColourIsDraggedAndChosen) {
 TEST_F(ColorPickerTest, WhatIsNoColourIsRefused) {
   UIColorPickerViewController *picker = present();
   for (const Json &value :
-       {Json(nullptr), Json(true), Json(7), Json(""), Json("#"), Json("red"), Json("ff0000"), Json("xff0000"), Json("0ff0000ff"),
-        Json("#ff000"), Json("#ff00000"),
-        Json("#ff0000fff"), Json("#gg0000"), Json("#-10000"), Json("#+10000"), Json("# 10000"), Json("#ff00 0"),
-        Json("#ff00é"), Json::array({255, 0, 0}), Json::object({{"light", "#ff0000"}})}) {
+       {Json(nullptr), Json(true), Json(7), Json(""), Json("#"), Json("red"), Json("ff0000"), Json("xff0000"),
+        Json("0ff0000ff"), Json("#ff000"), Json("#ff00000"), Json("#ff0000fff"), Json("#gg0000"), Json("#-10000"),
+        Json("#+10000"), Json("# 10000"), Json("#ff00 0"), Json("#ff00é"), Json::array({255, 0, 0}),
+        Json::object({{"light", "#ff0000"}})}) {
     expectRefused(setEvent(value), 422);
   }
   Json event = setEvent("#ff0000");

@@ -25,13 +25,15 @@ export function ColorSpectrum({ color, choose }) {
     const within = (share) => Math.min(Math.max(share, 0), 1);
     take({ hue: within(place.hue + right * step), lightness: within(place.lightness + up * step) }, false);
   };
+  const style = {
+    left: `${place.hue * 100}%`, top: `${(1 - place.lightness) * 100}%`, background: format(opaque(color)),
+  };
   return html`
-    <div class="color-spectrum" ...${dragging(({ x: hueThere, y }, continuous) => take({ hue: hueThere, lightness: 1 - y }, continuous))}>
+    <div class="color-spectrum" ...${dragging(({ x, y }, continuous) => take({ hue: x, lightness: 1 - y }, continuous))}>
       <span class="color-knob" role="slider" tabindex="0" aria-label="Hue and lightness" aria-valuemin="0"
         aria-valuemax="360" aria-valuenow=${Math.round(place.hue * 360)} aria-valuetext=${nameOf(color)}
         aria-description="The arrow keys change the hue and the lightness, with the shift key by more."
-        onKeyDown=${onKeyDown}
-        style=${{ left: `${place.hue * 100}%`, top: `${(1 - place.lightness) * 100}%`, background: format(opaque(color)) }}></span>
+        onKeyDown=${onKeyDown} style=${style}></span>
     </div>`;
 }
 
