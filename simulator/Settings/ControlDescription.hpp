@@ -13,6 +13,9 @@ class ImageStore;
 /// spinner, depth first; nil when there is none.
 UIView *findControl(UIView *view);
 
+/// The button at or below `view` that can be seen, depth first; nil when there is none.
+UIButton *findButton(UIView *view);
+
 /// Writes a control's kind, its limits and its look; null for nil.
 void writeControl(JsonText &out, UIView *control, ImageStore &images);
 

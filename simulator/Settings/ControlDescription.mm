@@ -189,6 +189,15 @@ UIView *findControl(UIView *view) {
   return nil;
 }
 
+UIButton *findButton(UIView *view) {
+  if (!view || [view isHidden]) return nil;
+  if ([view isKindOfClass:[UIButton class]]) return (UIButton *)view;
+  for (UIView *child in [view subviews]) {
+    if (UIButton *found = findButton(child)) return found;
+  }
+  return nil;
+}
+
 void writeControl(JsonText &out, UIView *control, ImageStore &images) {
   const char *type = controlType(control);
   if (!type) return out.null();

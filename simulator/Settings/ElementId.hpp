@@ -17,6 +17,7 @@ enum class ElementKind : std::uint8_t {
   kAlertAction,  ///< "action5.0": an action of alert 5.
   kAlertField,   ///< "field5.0": a text field of alert 5.
   kSheetItem,    ///< "item6.0": an entry of sheet 6.
+  kSheetColor,   ///< "color6": the colour of sheet 6.
 };
 
 /// The place of an element on one page, alert or sheet. `owner` is the number of that page, unique in the process, so that
@@ -26,7 +27,7 @@ struct ElementId {
   std::uint32_t owner = 0;
   std::uint32_t section = 0;  ///< Rows and swipe actions only.
   std::uint32_t row = 0;      ///< Rows and swipe actions only.
-  std::uint32_t index = 0;    ///< Everything but rows and back buttons.
+  std::uint32_t index = 0;    ///< Everything but rows, back buttons and colours.
 
   std::string text() const;
   /// nullopt for anything that `text()` does not produce.

@@ -5,13 +5,17 @@
 #import <UIKit/UIActivityViewController+Sim.h>
 #import <UIKit/UIAlertController+Sim.h>
 #import <UIKit/UIBarButtonItem+Sim.h>
+#import <UIKit/UIColorPickerViewController+Sim.h>
 #import <UIKit/UIDocumentPickerViewController+Sim.h>
 #import <UIKit/UIImagePickerController+Sim.h>
+#import <UIKit/UIControl+Sim.h>
 #import <UIKit/UINavigationController+Sim.h>
 #import <UIKit/UITableView+Sim.h>
+#import <UIKit/UITableViewCell+Sim.h>
 #import <UIKit/UITextField+Sim.h>
 
 #import "Settings/BarButtons.hpp"
+#import "Settings/ControlDescription.hpp"
 #import "Settings/ControlEvents.hpp"
 #import "Settings/ElementId.hpp"
 
@@ -36,7 +40,7 @@ class Route {
 
   EventResult tap() const {
     if (!hasId()) return malformed("A \"tap\" event has an \"id\".");
-    if (!hasPossiblePart()) return malformed("A \"part\" is \"accessory\", \"copy\" or \"save\".");
+    if (!hasPossiblePart()) return malformed("A \"part\" is \"accessory\", \"button\", \"copy\" or \"save\".");
     const auto id = elementId();
     if (!id) return unknown();
     if (id->kind == ElementKind::kAlertAction) return tapAlert(*id);
@@ -79,6 +83,8 @@ class Route {
     const auto finished = event_.find("finished");
     if (finished != event_.end() && !finished->is_boolean()) return malformed("\"finished\" is true or false.");
     const bool isFinished = finished == event_.end() || finished->get<bool>();
+    const auto element = hasId() ? elementId() : std::nullopt;
+    if (element && element->kind == ElementKind::kSheetColor) return pickColor(*element, *value, isFinished);
     return work("set", [&](UIView *control) { return setControl(control, *value, isFinished); });
   }
 
@@ -114,6 +120,8 @@ class Route {
       [(UIDocumentPickerViewController *)presented_ sim_cancel];
     } else if ([presented_ isKindOfClass:[UIActivityViewController class]]) {
       [(UIActivityViewController *)presented_ sim_finishWithActivityType:nil completed:NO];
+    } else if ([presented_ isKindOfClass:[UIColorPickerViewController class]]) {
+      [(UIColorPickerViewController *)presented_ sim_close];
     } else if ([presented_ isKindOfClass:[UIAlertController class]]) {
       return dismissAlert((UIAlertController *)presented_);
     } else if (presented_) {
@@ -129,7 +137,7 @@ class Route {
 
   bool hasPossiblePart() const {
     const auto part = event_.find("part");
-    return part == event_.end() || *part == "accessory" || *part == "copy" || *part == "save";
+    return part == event_.end() || *part == "accessory" || *part == "button" || *part == "copy" || *part == "save";
   }
   bool hasPart(const char *name) const {
     const auto part = event_.find("part");
@@ -179,8 +187,16 @@ class Route {
     if (hasPart("accessory")) {
       return done([table() sim_tapAccessoryAtIndexPath:path(id)], "This row has no button.");
     }
+    if (hasPart("button")) return tapButtonOfRow(path(id));
     (void)[table() sim_tapRowAtIndexPath:path(id)];  // A row that refuses a tap stays as it is, as on a device.
     return {};
+  }
+
+  /// The button in the row's accessory view.
+  EventResult tapButtonOfRow(NSIndexPath *row) const {
+    UITableViewCell *cell = [table() sim_cellForControlEventsAtIndexPath:row];
+    const auto button = objcxx::share(findButton([cell sim_shownAccessoryView]));
+    return done([button.get() sim_tapByUser], button ? "This button is disabled." : "This row has no button.");
   }
 
   EventResult tapAlert(const ElementId &id) const {
@@ -246,6 +262,14 @@ class Route {
     }
     if (picked) return {};
     return refused(error ? utf8([error localizedDescription]) : "This cannot be picked.");
+  }
+
+  EventResult pickColor(const ElementId &id, const Json &value, bool isFinished) const {
+    if (!isPresented(id, [UIColorPickerViewController class])) return unknown();
+    UIColor *color = colorFrom(value);
+    if (!color) return refused("A colour is set to \"#rrggbb\" or \"#rrggbbaa\".");
+    return done([(UIColorPickerViewController *)presented_ sim_selectColorByUser:color continuously:!isFinished],
+                "This picker takes opaque colours only.");
   }
 
   EventResult dismissAlert(UIAlertController *alert) const {

@@ -35,6 +35,9 @@ void writeValue(JsonText &out, id value);
 /// "#rrggbbaa", or {"light","dark"} for a colour that differs between the two; null for nil.
 void writeColor(JsonText &out, UIColor *color);
 
+/// The colour that "#rrggbb" or "#rrggbbaa" names, in either case, autoreleased; nil for anything else.
+UIColor *colorFrom(const Json &value);
+
 /// The string for a JSON text, autoreleased; nil for any other value and for bytes that are no UTF-8.
 NSString *stringFrom(const Json &value);
 

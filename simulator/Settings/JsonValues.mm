@@ -4,6 +4,7 @@
 #import <objcxx/Retained.h>
 
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 
@@ -92,6 +93,19 @@ void writeColor(JsonText &out, UIColor *color) {
   out.name("light").string(hex(pair.light).data());
   out.name("dark").string(hex(pair.dark).data());
   out.endObject();
+}
+
+UIColor *colorFrom(const Json &value) {
+  if (!value.is_string()) return nil;
+  const std::string &text = value.get_ref<const std::string &>();
+  if ((text.size() != 7 && text.size() != 9) || text.front() != '#') return nil;
+  std::array<unsigned, 4> parts{0, 0, 0, 255};
+  for (std::size_t index = 0; index * 2 + 1 < text.size(); ++index) {
+    const char *const digits = text.data() + index * 2 + 1;
+    const auto [end, error] = std::from_chars(digits, digits + 2, parts[index], 16);
+    if (error != std::errc() || end != digits + 2) return nil;
+  }
+  return [UIColor colorWithRed:parts[0] / 255.0 green:parts[1] / 255.0 blue:parts[2] / 255.0 alpha:parts[3] / 255.0];
 }
 
 NSString *stringFrom(const Json &value) {

@@ -196,8 +196,23 @@ class RowWriter {
     writeColor(out_.name("backgroundColor"), [cell backgroundColor]);
     writeOptionalView(out_.name("backgroundView"), [cell backgroundView], images_);
     writeOptionalView(out_.name("accessoryView"), accessory, images_);
+    writeAccessoryButton(accessory);
     writeSeparatorInset(out_.name("separatorInset"), table_, cell);
     out_.name("highlighted").flag([cell isHighlighted]);
+  }
+
+  /// The button in the accessory view, and where it lies in it; null without one.
+  void writeAccessoryButton(UIView *accessory) {
+    UIButton *button = findButton(accessory);
+    out_.name("accessoryButton");
+    if (!button) return out_.null();
+    out_.beginObject();
+    out_.name("close").flag([button buttonType] == UIButtonTypeClose);
+    out_.name("enabled").flag([button isEnabled]);
+    writeText(out_.name("title"), [button currentTitle]);
+    writeText(out_.name("accessibilityLabel"), [button accessibilityLabel]);
+    writeFrame(out_.name("frame"), [button convertRect:[button bounds] toView:accessory]);
+    out_.endObject();
   }
 
   void writeSwipeActions(NSIndexPath *path, ElementId row) {

@@ -146,6 +146,19 @@ void writeShareSheet(JsonText &out, UIActivityViewController *sheet, std::uint32
   writeSharedItems(out.name("items"), sheet, number);
 }
 
+/// The kind, the title and the colour.
+void writeColorPicker(JsonText &out, UIColorPickerViewController *picker, std::uint32_t number) {
+  out.name("kind").string("color");
+  writeText(out.name("title"), [picker title] ?: @"Colors");
+  out.name("items").beginArray();
+  out.endArray();
+  out.name("color").beginObject();
+  out.name("id").string(ElementId{ElementKind::kSheetColor, number, 0, 0, 0}.text());
+  writeColor(out.name("value"), [[picker selectedColor] resolvedColorWithTraitCollection:[picker traitCollection]]);
+  out.name("supportsAlpha").flag([picker supportsAlpha]);
+  out.endObject();
+}
+
 void writeOffer(JsonText &out, const Offer &offer, std::uint32_t number, ImageStore &images) {
   out.name("kind").string(offer.kind);
   writeText(out.name("title"), offer.title);
@@ -174,6 +187,8 @@ void writeSheet(JsonText &out, UIViewController *presented, PageNumbers &numbers
   writeAnchor(out.name("anchor"), presented);
   if ([presented isKindOfClass:[UIActivityViewController class]]) {
     writeShareSheet(out, (UIActivityViewController *)presented, numbers.of(presented));
+  } else if ([presented isKindOfClass:[UIColorPickerViewController class]]) {
+    writeColorPicker(out, (UIColorPickerViewController *)presented, numbers.of(presented));
   } else {
     writeOffer(out, offerOf(presented), numbers.of(presented), images);
   }

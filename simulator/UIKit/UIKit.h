@@ -42,6 +42,7 @@
 #import <UIKit/UIApplication.h>
 #import <UIKit/UIBarButtonItem.h>
 #import <UIKit/UIBarItem.h>
+#import <UIKit/UIColorPickerViewController.h>
 #import <UIKit/UIContextualAction.h>
 #import <UIKit/UIDocumentPickerViewController.h>
 #import <UIKit/UIImagePickerController.h>

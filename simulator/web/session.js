@@ -64,7 +64,7 @@ export class Session {
     return this.#sendTo(id, { type: 'set', id, value });
   }
 
-  /** Moves a slider while the finger stays on it. */
+  /** Moves a slider, or a colour in its picker, while the finger stays on it. */
   drag(id, value) {
     return this.#sendTo(id, { type: 'set', id, value, finished: false });
   }

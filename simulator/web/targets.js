@@ -29,6 +29,7 @@ function* targetsOf({ page, alert, sheet }) {
   for (const field of alert?.fields ?? []) yield [field.id, ['field', alert.title, field.placeholder]];
   for (const action of alert?.actions ?? []) yield [action.id, ['action', alert.title, alert.message, action.title]];
   for (const item of sheet?.items ?? []) yield [item.id, ['item', sheet.kind, item.title]];
+  if (sheet?.color) yield [sheet.color.id, ['color', sheet.title]];
   if (!page) return;
   if (page.back) yield [page.back.id, ['back', page.title]];
   for (const button of page.buttons ?? []) yield [button.id, ['button', page.title, button.title, button.systemItem]];

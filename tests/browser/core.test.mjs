@@ -82,15 +82,19 @@ test('The editors: a tap and a drag move rows, and both windows show it', async 
   await eventually(async () => assert.equal((await shownIn(second, /^Enabled/))[0], 'Clock'));
 });
 
-test('The theme page: a text, a slider under the mouse, a chosen photo and a dropped one', async (t) => {
+test('The theme page: a colour, a text, a slider under the mouse, a chosen photo and a dropped one', async (t) => {
   const prepare = (folder) => layFile(folder, themeFile, propertyListText({ enabled: true, useCustom: true }));
   const started = await startZuno(t, { labels: ['Zuno', 'Customise'], prepare });
   const { page, api } = started;
-  const titles = page.getByRole('textbox', { name: 'Titles' });
-  await titles.click();
-  await page.keyboard.type('00FF7F');
+  await page.getByRole('button', { name: 'Titles System' }).click();
+  await page.getByRole('gridcell', { name: 'B51A00' }).click();
+  await eventually(async () => assert.equal((await theme(started)).titleColour, 'B51A00'));
+  await page.getByRole('dialog', { name: 'Titles' }).getByRole('button', { name: 'Close' }).click();
+  const device = page.getByRole('textbox', { name: 'Device' });
+  await device.click();
+  await page.keyboard.type('iPhone15,2');
   await page.keyboard.press('Enter');
-  await eventually(async () => assert.equal((await theme(started)).titleColour, '00FF7F'));
+  await eventually(async () => assert.equal((await theme(started)).device, 'iPhone15,2'));
   await slideToMiddle(started);
 
   const file = async (mimeType) => ({ name: 'halves', mimeType, buffer: await picture(page, mimeType) });

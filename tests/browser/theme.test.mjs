@@ -45,10 +45,10 @@ test('Switches, a colour, a segment and a slider are stored in the theme file al
     await eventually(async () => assert.equal(await page.getByRole('switch', { name }).isChecked(), true));
   }
   await eventually(async () => assert.deepEqual(await theme(started), { enabled: true, useCustom: true }));
-  const titles = page.getByRole('textbox', { name: 'Titles' });
-  await titles.fill('00FF7F');
-  await titles.press('Enter');
-  await eventually(async () => assert.equal((await theme(started)).titleColour, '00FF7F'));
+  await page.getByRole('button', { name: 'Titles System' }).click();
+  await page.getByRole('gridcell', { name: 'B51A00' }).click();
+  await eventually(async () => assert.equal((await theme(started)).titleColour, 'B51A00'));
+  await page.getByRole('dialog', { name: 'Titles' }).getByRole('button', { name: 'Close' }).click();
   await page.getByRole('radio', { name: 'Dark' }).click();
   await eventually(async () => assert.equal((await theme(started)).appearance, 2));
   const dimming = page.getByRole('slider', { name: 'Dimming' });
@@ -162,7 +162,7 @@ test('Clearing asks first: No keeps everything, Yes removes the theme and nothin
   await alert.getByRole('button', { name: 'Yes' }).click();
   await alert.waitFor({ state: 'detached' });
   await rowOf(page, 'User-Agent').getByText('(null)/(null)').waitFor();
-  assert.equal(await page.getByRole('textbox', { name: 'Titles' }).inputValue(), '');
+  await page.getByRole('button', { name: 'Titles System' }).waitFor();
   assert.equal(await page.getByRole('switch', { name: 'Enabled' }).isChecked(), false);
   await missing(folder, themeFile);
   for (const file of others) assert.deepEqual(await started.stored(file), { kept: file });

@@ -51,7 +51,8 @@ export function Row({ row, section, index, header, isChoice, reordering, swipeOp
         })}>
         ${row.backgroundView && html`<${CustomViews} views=${[row.backgroundView]} on="cell" />`}
         <${RowBody} row=${row} isChoice=${isChoice} tap=${tap}
-          header=${header} tapAccessory=${() => session.tap(row.id, { part: 'accessory' })} />
+          header=${header} tapAccessory=${() => session.tap(row.id, { part: 'accessory' })}
+          tapButton=${() => session.tap(row.id, { part: 'button' })} />
         ${actions.length > 0 && html`
           <${SwipeMenuButton} row=${row} open=${swipeOpen} setOpen=${setSwipeOpen} />`}
         ${row.canMove && html`

@@ -4,7 +4,7 @@ import { ControlRow } from '/phone/rows/ControlRow.js';
 import { CustomViews, InlineView } from '/phone/CustomViews.js';
 import { alignments, setOnly } from '/phone/look.js';
 import { RowPicture } from '/phone/RowPicture.js';
-import { Checkmark, Disclosure, Info } from '/phone/symbols.js';
+import { Checkmark, Close as CloseSymbol, Disclosure, Info } from '/phone/symbols.js';
 import { cellBackground } from '/phone/surfaces.js';
 
 // The system's label, which the style sheet has.
@@ -12,7 +12,7 @@ const plainSize = 17;
 const plainWeight = 400;
 
 /** What a row shows and does: a control, a button, a custom cell, or plain text. `header` is its section's. */
-export function RowBody({ row, header, isChoice, tap, tapAccessory }) {
+export function RowBody({ row, header, isChoice, tap, tapAccessory, tapButton }) {
   if (row.control) return html`<${ControlRow} row=${row} header=${header} />`;
   const isCustom = row.views?.length > 0;
   return html`
@@ -24,11 +24,28 @@ export function RowBody({ row, header, isChoice, tap, tapAccessory }) {
         ? html`<${InlineView} view=${row.accessoryView} on="cell" name="accessory-view" />`
         : html`<${AccessorySymbol} kind=${row.accessory} tint=${row.tintColor} />`}
     <//>
+    ${row.accessoryButton && html`<${AccessoryButton} row=${row} tap=${tapButton} />`}
     ${!row.accessoryView && row.accessory?.startsWith('detail') && html`
       <button type="button" class="accessory-button" data-part="accessory" disabled=${row.enabled === false}
         aria-label=${`More about ${row.label || 'this row'}`} onClick=${tapAccessory}><${Info} /></button>`}
     ${!row.accessoryView && row.accessory === 'detailDisclosureButton' && html`
       <span class="accessory-beside"><${Disclosure} /></span>`}`;
+}
+
+/** The button in the row's accessory view, which is drawn with that view, over the place where it lies. */
+function AccessoryButton({ row, tap }) {
+  const { frame: [x, y, width, height], close, enabled, title, accessibilityLabel } = row.accessoryButton;
+  const [, , viewWidth, viewHeight] = row.accessoryView.frame;
+  const style = {
+    right: `calc(var(--covered-right) + var(--margin) + ${viewWidth - x - width}px)`,
+    top: `calc(50% + ${y - viewHeight / 2}px)`, width: `${width}px`, height: `${height}px`,
+  };
+  return html`
+    <button type="button" class="row-button" data-part="button" style=${style} onClick=${tap}
+      disabled=${!enabled || row.enabled === false}
+      aria-label=${accessibilityLabel || title || (close ? 'Close' : 'Button')}>
+      ${close && html`<${CloseSymbol} />`}
+    </button>`;
 }
 
 function Tappable({ row, isChoice, tap, children }) {

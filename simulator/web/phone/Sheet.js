@@ -1,9 +1,10 @@
 import { html, useContext, useEffect, useRef, useState } from '/modules/htm-preact.mjs';
 import { LazyPicture, Picture } from '/images.js';
+import { ColorPicker } from '/phone/ColorPicker.js';
 import { FileChooser } from '/phone/FileChooser.js';
 import { trapTab } from '/phone/focusTrap.js';
 import { ShareList } from '/phone/ShareList.js';
-import { Page as DocumentSymbol } from '/phone/symbols.js';
+import { Close as CloseSymbol, Page as DocumentSymbol } from '/phone/symbols.js';
 import { UploadProgress } from '/phone/UploadProgress.js';
 import { SessionContext } from '/session.js';
 
@@ -11,6 +12,7 @@ const kinds = {
   photos: { title: 'Photos', content: PhotoGrid, empty: 'No Photos' },
   documents: { title: 'Documents', content: DocumentList, empty: 'No Documents' },
   share: { title: 'Share', content: ShareList, empty: 'Nothing to Share', leave: 'Close' },
+  color: { title: 'Colors' },
   page: { title: 'Page', content: DocumentList, empty: 'The simulator cannot show this page.' },
 };
 
@@ -23,7 +25,7 @@ const sources = {
   documents: { label: 'Choose from this computer…', choose: (session, files) => session.uploads.pickFile(files) },
 };
 
-/** A sheet over the page: photos or documents to pick from, or things to share. `covered`: an alert lies over it. */
+/** A sheet over the page: photos, documents or a colour to pick, or things to share. `covered`: an alert lies over it. */
 export function Sheet({ sheet, covered }) {
   const session = useContext(SessionContext);
   const card = useRef(null);
@@ -58,16 +60,21 @@ export function Sheet({ sheet, covered }) {
       <div class="card" data-kind=${sheet.kind} role="dialog" aria-modal="true" aria-labelledby="sheet-title"
         aria-busy=${working !== null} tabindex="-1" ref=${card} onKeyDown=${onKeyDown}>
         <header class="card-bar">
-          <button type="button" class="bar-button" onClick=${dismiss}>${kind.leave ?? 'Cancel'}</button>
+          ${sheet.color
+            ? html`<span></span>`
+            : html`<button type="button" class="bar-button" onClick=${dismiss}>${kind.leave ?? 'Cancel'}</button>`}
           <h2 class="bar-title" id="sheet-title">${title}</h2>
-          <span></span>
+          ${sheet.color
+            ? html`
+              <button type="button" class="card-close" aria-label="Close" onClick=${dismiss}><${CloseSymbol} /></button>`
+            : html`<span></span>`}
         </header>
         ${source && html`
           <${FileChooser} label=${source.label} accept=${source.accept} multiple=${source.multiple}
             choose=${(files) => source.choose(session, files)} />`}
-        ${items.length === 0
-          ? html`<p class="card-empty">${kind.empty}</p>`
-          : html`<${kind.content} items=${items} choose=${choose} working=${working} />`}
+        ${sheet.color && html`<${ColorPicker} color=${sheet.color} />`}
+        ${!sheet.color && items.length === 0 && html`<p class="card-empty">${kind.empty}</p>`}
+        ${items.length > 0 && html`<${kind.content} items=${items} choose=${choose} working=${working} />`}
         <${UploadProgress} />
       </div>
     </div>`;

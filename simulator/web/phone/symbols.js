@@ -29,6 +29,11 @@ export const Plus = () => drawing('symbol plus', '0 0 20 20',
   html`<path d="M10 1.5 V18.5 M1.5 10 H18.5" fill="none" stroke="currentColor" stroke-width="2"
     stroke-linecap="round" />`);
 
+export const Close = () => drawing('symbol close', '0 0 30 30', html`
+  <circle cx="15" cy="15" r="15" class="close-ground" />
+  <path d="M10.2 10.2 L19.8 19.8 M19.8 10.2 L10.2 19.8" fill="none" stroke="currentColor" stroke-width="2.4"
+    stroke-linecap="round" />`);
+
 export const More = () => drawing('symbol more', '0 0 20 6', html`
   <circle cx="3" cy="3" r="2" fill="currentColor" />
   <circle cx="10" cy="3" r="2" fill="currentColor" />

@@ -6,6 +6,7 @@
 #include "core/PropertyListScanFile.hpp"
 #include "lists/ToneKernel.hpp"
 #include "lists/ToneKernelVariants.hpp"
+#include "theme/ColourText.hpp"
 
 namespace {
 
@@ -39,6 +40,17 @@ std::int32_t countDarkGroups(std::span<const std::uint8_t> bytes) noexcept {
 std::span<const detail::ToneVariant> detail::toneVariants() noexcept {
   static auto *const function = built<decltype(toneVariants)>("_ZN4zuno6detail12toneVariantsEv");
   return function();
+}
+
+std::optional<Colour> parseColour(std::string_view text) {
+  static auto *const function =
+      built<decltype(parseColour)>("_ZN4zuno11parseColourESt17basic_string_viewIcSt11char_traitsIcEE");
+  return function(text);
+}
+
+std::string colourText(const Colour &colour) {
+  static auto *const function = built<decltype(colourText)>("_ZN4zuno10colourTextB5cxx11ERKNS_6ColourE");
+  return function(colour);
 }
 
 }  // namespace zuno

@@ -6,10 +6,12 @@ namespace sim {
 namespace {
 
 TEST(ElementId, EveryKindSurvivesARoundTrip) {
-  for (int kind = 0; kind <= static_cast<int>(ElementKind::kSheetItem); ++kind) {
+  for (int kind = 0; kind <= static_cast<int>(ElementKind::kSheetColor); ++kind) {
     ElementId id{static_cast<ElementKind>(kind), 7, 0, 0, 0};
     if (id.kind == ElementKind::kRow || id.kind == ElementKind::kSwipe) id.section = 1, id.row = 10000;
-    if (id.kind != ElementKind::kRow && id.kind != ElementKind::kBack) id.index = 3;
+    const bool isOneOfSeveral =
+        id.kind != ElementKind::kRow && id.kind != ElementKind::kBack && id.kind != ElementKind::kSheetColor;
+    if (isOneOfSeveral) id.index = 3;
     EXPECT_EQ(ElementId::parse(id.text()), id) << id.text();
   }
 }
@@ -17,7 +19,8 @@ TEST(ElementId, EveryKindSurvivesARoundTrip) {
 TEST(ElementId, RefusesEverythingElse) {
   for (const char* text :
        {"", "row", "row3", "row3.0", "row3.0.", "row3.0.2.1", "row3.0.2 ", " row3.0.2", "row-3.0.2", "row03.0.2",
-        "row3.0.99999999999", "back3.0", "back", "button3", "buttons3.0", "swipe3.0.2", "ROW3.0.2", "action5.x"}) {
+        "row3.0.99999999999", "back3.0", "back", "button3", "buttons3.0", "swipe3.0.2", "ROW3.0.2", "action5.x",
+        "color", "color3.0"}) {
     EXPECT_FALSE(ElementId::parse(text)) << text;
   }
 }

@@ -1,6 +1,7 @@
 import { html, useContext, useEffect, useRef, useState } from '/modules/htm-preact.mjs';
 import { cssColor } from '/colors.js';
 import { Picture } from '/images.js';
+import { DragInput } from '/phone/DragInput.js';
 import { setOnly } from '/phone/look.js';
 import { SessionContext } from '/session.js';
 
@@ -17,36 +18,26 @@ export function Slider({ row, name }) {
   const { min = 0, max = 1, minimumImage, maximumImage, followed = false } = row.control;
   const stored = clamp(Number(row.value), min, max);
   const [shown, setShown] = useState(stored);
-  const drag = useRef({ isHeld: false, isSending: false, next: null }).current;
+  const isHeld = useRef(false);
+  const values = useRef(null);
+  if (values.current?.id !== row.id) values.current = { id: row.id, input: new DragInput(session, row.id) };
   // What the device answers to a step is behind the knob.
   useEffect(() => {
-    if (!drag.isHeld) setShown(stored);
+    if (!isHeld.current) setShown(stored);
   }, [row]);
 
-  const sendSteps = async () => {
-    if (drag.isSending) return;
-    drag.isSending = true;
-    while (drag.next !== null) {
-      const value = drag.next;
-      drag.next = null;
-      await session.drag(row.id, value);
-    }
-    drag.isSending = false;
-  };
   const input = (event) => {
     setShown(Number(event.target.value));
     if (!followed) return;
-    drag.isHeld = true;
-    drag.next = Number(event.target.value);
-    sendSteps();
+    isHeld.current = true;
+    values.current.input.send(Number(event.target.value), true);
   };
   const change = async (event) => {
-    drag.isHeld = false;
-    drag.next = null;
-    if (!(await session.set(row.id, Number(event.target.value)))) setShown(stored);
+    isHeld.current = false;
+    if (!(await values.current.input.send(Number(event.target.value), false))) setShown(stored);
   };
   // A knob that is let go where it was taken tells of no change.
-  const letGo = (event) => setTimeout(() => drag.isHeld && change(event));
+  const letGo = (event) => setTimeout(() => isHeld.current && change(event));
   const onKeyDown = (event) => {
     const move = moves[event.key];
     if (!move) return;

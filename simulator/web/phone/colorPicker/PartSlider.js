@@ -1,0 +1,31 @@
+import { html, useEffect, useState } from '/modules/htm-preact.mjs';
+
+/**
+ * A slider over the colours that it leads to, and its number in a field. `track` and `knob` are CSS backgrounds,
+ * `set(value, continuous)` gets whole numbers from 0 to `most`.
+ */
+export function PartSlider({ name, value, most, unit = '', track, knob, set }) {
+  const [text, setText] = useState(String(value));
+  useEffect(() => setText(String(value)), [value]);
+
+  const slide = (continuous) => (event) => set(Number(event.target.value), continuous);
+  const type = (event) => {
+    const entered = event.target.value.trim().replace(/\s*%$/, '');
+    const number = /^\d{1,3}$/.test(entered) ? Math.min(Number(entered), most) : value;
+    setText(String(number));
+    event.target.value = number;
+    if (number !== value) set(number, false);
+  };
+  return html`
+    <div class="color-part">
+      <span class="color-part-name" aria-hidden="true">${name}</span>
+      <input type="range" class="slider color-slider" min="0" max=${most} step="1" value=${value} aria-label=${name}
+        aria-valuetext=${`${value}${unit}`} style=${{ '--colors': track, '--knob': knob }}
+        onInput=${slide(true)} onChange=${slide(false)} />
+      <span class="color-amount">
+        <input type="text" inputmode="numeric" class="color-number" value=${text} maxlength="4"
+          aria-label=${`${name}, number`} onInput=${(event) => setText(event.target.value)} onChange=${type} />
+        ${unit && html`<span aria-hidden="true">${unit}</span>`}
+      </span>
+    </div>`;
+}
