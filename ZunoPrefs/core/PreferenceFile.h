@@ -5,6 +5,8 @@
 
 #import <objcxx/Retained.h>
 
+#include <cstddef>
+
 namespace zuno {
 
 /// The preference domain of everything but the theme; names the main preference file.
@@ -35,6 +37,10 @@ class PreferenceFile final {
   /// What the dictionary holds for `key`, autoreleased; nil without a file, without the key or for a nil key. As if the
   /// whole file were read, but quick for texts, numbers and truth values beside a photo of many megabytes.
   id value(NSString *key) const;
+
+  /// Tells one text from another without giving it: the same number for the same text under `key`, most likely another
+  /// for another; 0 where the file holds no text for it. Quick for a photo of many megabytes.
+  std::size_t fingerprint(NSString *key) const;
 
   /// Sets `key` to `value` (a property-list object) in the current contents and writes the whole file atomically.
   /// A nil value or key changes nothing. Where the file cannot be written, the old one stands as it was.

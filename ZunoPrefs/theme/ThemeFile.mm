@@ -1,0 +1,29 @@
+#import "theme/ThemeFile.h"
+
+#import "core/PreferenceFile.h"
+
+namespace zuno {
+
+NSString *const kThemeChanged = @"ZunoThemeChanged";
+
+namespace {
+
+ThemeValue themeValue(id value) {
+  if ([value isKindOfClass:[NSNumber class]]) return [value doubleValue];
+  if ([value isKindOfClass:[NSString class]]) return std::string([value UTF8String] ?: "");
+  return {};
+}
+
+}  // namespace
+
+void tellThemeChanged() { [[NSNotificationCenter defaultCenter] postNotificationName:kThemeChanged object:nil]; }
+
+Theme storedTheme() {
+  const auto file = PreferenceFile::ofDomain(kThemeDomain);
+  return themeFrom([&](std::string_view key) {
+    NSString *name = [[[NSString alloc] initWithBytes:key.data() length:key.size() encoding:NSASCIIStringEncoding] autorelease];
+    return themeValue(file.value(name));
+  });
+}
+
+}  // namespace zuno
