@@ -11,6 +11,7 @@
 #import "Settings/Session.hpp"
 #import "core/PreferenceFile.h"
 #import "theme/BackgroundImage.h"
+#import "theme/ThemeChange.h"
 #import "theme/ThemeFile.h"
 
 #include <malloc.h>

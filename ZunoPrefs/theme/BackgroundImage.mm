@@ -1,7 +1,7 @@
 #import "theme/BackgroundImage.h"
 
 #import "core/PreferenceFile.h"
-#import "theme/ThemeFile.h"
+#import "theme/ThemeChange.h"
 
 namespace zuno {
 

@@ -2,7 +2,7 @@
 
 #import "core/DevicePaths.h"
 #import "core/PreferenceFile.h"
-#import "theme/ThemeFile.h"
+#import "theme/ThemeChange.h"
 
 namespace zuno {
 namespace {

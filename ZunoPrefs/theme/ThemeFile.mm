@@ -3,9 +3,6 @@
 #import "core/PreferenceFile.h"
 
 namespace zuno {
-
-NSString *const kThemeChanged = @"ZunoThemeChanged";
-
 namespace {
 
 ThemeValue themeValue(id value) {
@@ -15,8 +12,6 @@ ThemeValue themeValue(id value) {
 }
 
 }  // namespace
-
-void tellThemeChanged() { [[NSNotificationCenter defaultCenter] postNotificationName:kThemeChanged object:nil]; }
 
 Theme storedTheme() {
   const auto file = PreferenceFile::ofDomain(kThemeDomain);

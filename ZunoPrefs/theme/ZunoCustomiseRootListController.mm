@@ -5,7 +5,7 @@
 #import "core/PreferenceRow.h"
 #import "core/Respring.h"
 #import "theme/BackgroundImage.h"
-#import "theme/ThemeFile.h"
+#import "theme/ThemeChange.h"
 
 namespace {
 

@@ -7,6 +7,7 @@
 
 #import "core/PreferenceFile.h"
 #import "theme/BackgroundPicture.h"
+#import "theme/ThemeChange.h"
 #import "theme/ThemeFile.h"
 
 namespace {
@@ -16,7 +17,7 @@ using zuno::Look;
 
 // Points of the page.
 constexpr CGFloat kTop = 16;
-constexpr CGFloat kBottom = 8;
+constexpr CGFloat kBottom = 16;
 constexpr CGFloat kSide = 16;
 
 /// How much smaller than the screen the preview is where there is room for it.
@@ -35,11 +36,11 @@ constexpr CGFloat kLineGap = 18;
 constexpr CGFloat kCardMargin = 24;
 
 // Shares of the screen's sides.
-constexpr CGFloat kCardSide = 0.6;
+constexpr CGFloat kCardSide = 0.56;
 constexpr CGFloat kCardsMiddle = 0.55;
 
-/// The lines on a card, as shares of its width between the margins.
-constexpr CGFloat kLines[] = {0.55, 1, 0.92, 0.97, 0.6};
+/// The lines on a card, as shares of its width between the margins. Those that it has no room for are not seen.
+constexpr CGFloat kLines[] = {0.55, 1, 0.92, 0.97, 0.6, 0, 1, 0.94, 0.98, 0.4};
 
 constexpr NSUInteger kMiddle = 2;  // Of the cards.
 
@@ -239,12 +240,14 @@ NSString *description(const Look &look, bool hasPicture, bool isDark) {
 - (void)layOutCard:(UIView *)card at:(CGRect)frame scale:(CGFloat)scale {
   [card setFrame:frame];
   [[card layer] setCornerRadius:_look.cornerRadius * scale];
-  const CGFloat width = frame.size.width - 2 * kCardMargin * scale;
-  CGFloat top = kCardMargin * scale;
+  const CGFloat margin = onPixel(kCardMargin * scale), height = onPixel(kLine * scale);
+  CGFloat top = margin;
   NSUInteger number = 0;
   for (UIView *line in [card subviews]) {
-    [line setFrame:onPixels(CGRectMake(kCardMargin * scale, top, width * kLines[number++], kLine * scale))];
-    [[line layer] setCornerRadius:[line frame].size.height / 2];
+    const CGFloat width = (frame.size.width - 2 * margin) * kLines[number++];
+    [line setFrame:CGRectMake(margin, onPixel(top), onPixel(width), height)];
+    [[line layer] setCornerRadius:height / 2];
+    [line setHidden:top + height > frame.size.height - margin];
     top += (kLine + kLineGap) * scale;
   }
 }

@@ -4,6 +4,7 @@ import { readFile } from 'node:fs/promises';
 import { join } from 'node:path';
 import { test } from 'node:test';
 import { assertAccessible, eventually, settled } from './support/browser.mjs';
+import { Device } from './support/device.mjs';
 import { propertyListText } from './support/propertyList.mjs';
 import { layFile, open, startZuno, themeFile } from './support/zuno.mjs';
 
@@ -12,11 +13,11 @@ const previewOf = (page) => page.getByRole('img', { name: /^Preview of the switc
 const screenOf = (page) => previewOf(page).locator('> .view').first();
 const expected = /404/; // Pictures of a screen that the next event replaced before it was drawn.
 
-const photo = { x: 0.04, y: 0.3 }; // Above the cards, at the side.
-const card = { x: 0.5, y: 0.75 };
-const gap = { x: 0.19, y: 0.6 }; // Between the middle card and the left one when they are apart.
-const corner = { x: 0.215, y: 0.83 }; // At the middle card's lower left.
-const badge = { x: 0.83, y: 0.25 };
+const photo = { x: 0.06, y: 0.12 }; // Above the cards.
+const card = { x: 0.5, y: 0.79 };
+const gap = { x: 0.185, y: 0.6 }; // Between the middle card and the left one when they are apart.
+const corner = { x: 0.228, y: 0.825 }; // At the middle card's lower left.
+const badge = { x: 0.83, y: 0.27 };
 
 /** The colours of the preview's screen as it is drawn, at places given as shares of its sides: [[red, green, blue], …]. */
 async function coloursAt(page, ...places) {
@@ -116,7 +117,7 @@ test('Sliders that are dragged change the preview', async (t) => {
 });
 
 test('The preview follows a photo that is picked in the cell, and clearing', async (t) => {
-  const { page } = await startThemed(t, { blurRadius: 0, dimming: 0 }, { photo: false });
+  const { page, api } = await startThemed(t, { blurRadius: 0, dimming: 0 }, { photo: false });
   const [plain] = await coloursAt(page, photo);
   assert.equal(await screenOf(page).locator('img').count(), 0);
   await page.getByRole('button', { name: 'Background Image', exact: true }).click();
@@ -125,9 +126,9 @@ test('The preview follows a photo that is picked in the cell, and clearing', asy
   await screenOf(page).scrollIntoViewIfNeeded();
   await screenOf(page).locator('img').waitFor();
   await eventually(async () => assert.ok(!near((await coloursAt(page, photo))[0], plain)));
-  await page.getByRole('button', { name: 'Clear All Settings' }).click();
-  await page.getByRole('alertdialog').getByRole('button', { name: 'Yes' }).click();
-  await page.getByRole('alertdialog').waitFor({ state: 'detached' });
+  const device = new Device(api);
+  await device.tapRow('Clear All Settings');
+  await device.answer('Yes');
   await screenOf(page).locator('img').waitFor({ state: 'detached' });
   await eventually(async () => assert.ok(near((await coloursAt(page, photo))[0], plain)));
 });

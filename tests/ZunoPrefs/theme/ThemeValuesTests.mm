@@ -91,20 +91,23 @@ TEST(LookTests, EachSwitchLetsItsPartOfTheThemeThrough) {
   Theme theme = themeOf({{"blurRadius", 30.0}, {"dimming", 50.0}, {"cornerRadius", 5.0}, {"spacing", 40.0},
                          {"appearance", 2.0}, {"backgroundColour", "102030"}, {"titleColour", "405060"},
                          {"badgeColour", "708090"}});
-  const Look system{.cornerRadius = 20, .spacing = 16};
+  Look system;
+  system.cornerRadius = 20;
+  system.spacing = 16;
   EXPECT_EQ(zuno::lookOf(theme), system);
   theme.useCustom = true;
   EXPECT_EQ(zuno::lookOf(theme), system) << "of a theme that is off";
 
   theme.enabled = true;
   theme.useCustom = false;
-  EXPECT_EQ(zuno::lookOf(theme),
-            (Look{.hasPicture = true, .blurRadius = 30, .dimming = 50, .cornerRadius = 20, .spacing = 16}));
+  Look pictured = system;
+  pictured.hasPicture = true;
+  pictured.blurRadius = 30;
+  pictured.dimming = 50;
+  EXPECT_EQ(zuno::lookOf(theme), pictured);
   theme.useCustom = true;
-  EXPECT_EQ(zuno::lookOf(theme),
-            (Look{.hasPicture = true, .blurRadius = 30, .dimming = 50, .cornerRadius = 5, .spacing = 40,
-                  .appearance = Appearance::kDark, .backgroundColour = theme.backgroundColour,
-                  .titleColour = theme.titleColour, .badgeColour = theme.badgeColour}));
+  const Look whole{true, 30, 50, 5, 40, Appearance::kDark, theme.backgroundColour, theme.titleColour, theme.badgeColour};
+  EXPECT_EQ(zuno::lookOf(theme), whole);
 }
 
 std::string text(double number) {
@@ -127,6 +130,7 @@ std::map<std::string, std::string> documented() {
       const auto first = cell.find_first_not_of(' '), last = cell.find_last_not_of(' ');
       cells.push_back(first == cell.npos ? "" : cell.substr(first, last - first + 1));
     }
+    if (cells.size() < 5) continue;  // A table of another kind.
     std::istringstream names(cells.at(0));
     for (std::string name; std::getline(names, name, '`');) {
       if (std::isalpha(static_cast<unsigned char>(name.front()))) result[name] = cells.at(3) + "; " + cells.at(4);

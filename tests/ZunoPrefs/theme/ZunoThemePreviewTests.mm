@@ -103,6 +103,7 @@ class ThemePreviewTest : public ThemeTest {
   Parts shown() {
     Parts parts;
     parts["picture"] = colourOf(picture());
+    if (picture()) parts["picture"] += " " + std::to_string(red(int(CGImageGetWidth([picture() CGImage]) * 45 / 100), 100));
     parts["dimming"] = text([part(@"dimming") alpha]);
     parts["background"] = text([part(@"screen") backgroundColor]);
     parts["cards"] = text([card(2) backgroundColor]);
@@ -135,6 +136,10 @@ class ThemePreviewTest : public ThemeTest {
     UIGraphicsEndImageContext();
     return image;
   }
+  static void expectSize(CGSize size, CGSize expected) {
+    EXPECT_NEAR(size.width, expected.width, 1e-9);
+    EXPECT_NEAR(size.height, expected.height, 1e-9);
+  }
   /// The red of the picture's pixel at (x, y).
   int red(int x, int y) {
     return sim::sourceOf([picture() CGImage])->bitmap()->row(y)[std::size_t(x) * 4];
@@ -161,7 +166,7 @@ TEST_F(ThemePreviewTest, StandsAboveTheFirstRowsInTheProportionsOfTheScreen) {
   EXPECT_NEAR(screen.size.width, 0.3 * 390, 0.34);
   EXPECT_NEAR(screen.size.height, 0.3 * 844, 0.34);
   EXPECT_NEAR(CGRectGetMidX(screen), [preview() bounds].size.width / 2, 0.34);
-  EXPECT_NEAR([preview() frame].size.height, screen.size.height + 24, 0.01);
+  EXPECT_NEAR([preview() frame].size.height, screen.size.height + 32, 0.01);
   EXPECT_TRUE([part(@"screen") clipsToBounds]);
   // The middle card stands in front, between two that are as large.
   EXPECT_EQ([[part(@"screen") subviews] indexOfObject:card(2)], [[part(@"screen") subviews] indexOfObject:card(1)] + 1);
@@ -175,10 +180,10 @@ TEST_F(ThemePreviewTest, StandsAboveTheFirstRowsInTheProportionsOfTheScreen) {
 
 TEST_F(ThemePreviewTest, ATooNarrowPageMakesItSmaller) {
   ZunoThemePreview *view = preview();
-  EXPECT_NEAR([view preferredHeightForWidth:390], 24 + 253.2, 0.34);
-  EXPECT_NEAR([view preferredHeightForWidth:110], 24 + 78.0 / 390 * 844, 0.34);
+  EXPECT_NEAR([view preferredHeightForWidth:390], 32 + 253.2, 0.34);
+  EXPECT_NEAR([view preferredHeightForWidth:110], 32 + 78.0 / 390 * 844, 0.34);
   EXPECT_EQ([view preferredHeightForWidth:110], [view preferredHeightForWidth:110 inTableView:nil]);
-  for (const CGFloat width : {32.0, 0.0, -5.0}) EXPECT_EQ([view preferredHeightForWidth:width], 24) << width;
+  for (const CGFloat width : {32.0, 0.0, -5.0}) EXPECT_EQ([view preferredHeightForWidth:width], 32) << width;
   [view setFrame:CGRectMake(0, 0, 20, 100)];
   [view layoutIfNeeded];
   EXPECT_EQ([[view valueForKey:@"screen"] frame].size.width, 0);
@@ -250,7 +255,7 @@ TEST_F(ThemePreviewTest, AThemeThatIsOffShowsTheSystemsLookAndUseCustomTheCards)
 TEST_F(ThemePreviewTest, ThePictureFillsTheScreenCutInTheMiddle) {
   writeOn(@{@"backgroundImage" : stored(halves(400, 100)), @"blurRadius" : @0});
   const CGSize size = [part(@"picture") frame].size;
-  EXPECT_TRUE(CGSizeEqualToSize([picture() size], size));
+  expectSize([picture() size], size);
   EXPECT_EQ([picture() scale], 3);
   const int width = int(std::lround(size.width * 3)), height = int(std::lround(size.height * 3));
   EXPECT_EQ(CGImageGetWidth([picture() CGImage]), size_t(width));
@@ -347,7 +352,8 @@ TEST_F(ThemePreviewTest, PicturesThatCannotBeDecodedShowNone) {
 TEST_F(ThemePreviewTest, PicturesOfExtremeShapesAreShownAndSoAreTransparentOnes) {
   for (const auto &[width, height] : {std::pair{4000, 1}, {1, 4000}, {1, 1}}) {
     writeOn(@{@"backgroundImage" : stored(halves(width, height))});
-    EXPECT_TRUE(CGSizeEqualToSize([picture() size], [part(@"picture") frame].size)) << width << " by " << height;
+    SCOPED_TRACE(testing::Message() << width << " by " << height);
+    expectSize([picture() size], [part(@"picture") frame].size);
   }
   UIGraphicsBeginImageContextWithOptions(CGSizeMake(8, 8), NO, 1);
   UIImage *clear = UIGraphicsGetImageFromCurrentImageContext();
@@ -422,7 +428,7 @@ TEST_F(ThemePreviewTest, FollowsTheTurnedDeviceAndAnotherWidth) {
   ZunoThemePreview *lying = preview();
   EXPECT_NEAR([part(@"screen") frame].size.width, 0.3 * 844, 0.34);
   EXPECT_NEAR([part(@"screen") frame].size.height, 0.3 * 390, 0.34);
-  EXPECT_NEAR([lying frame].size.height, [part(@"screen") frame].size.height + 24, 0.01);
+  EXPECT_NEAR([lying frame].size.height, [part(@"screen") frame].size.height + 32, 0.01);
   EXPECT_NEAR(CGRectGetMidX([part(@"screen") frame]), [lying bounds].size.width / 2, 0.34);
   EXPECT_EQ(CGImageGetWidth([picture() CGImage]), 760u);
   EXPECT_EQ(CGImageGetHeight([picture() CGImage]), 351u);
