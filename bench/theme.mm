@@ -244,7 +244,9 @@ std::size_t allocated() {
 
 /// Stores `value` and measures from then until the preview is drawn.
 void measurePreviewAfter(const std::string& name, Settings& settings, id value, NSString *key) {
-  themeFile().setValue(value, key);
+  @autoreleasepool {
+    themeFile().setValue(value, key);
+  }
   measure(name, [&] {
     zuno::tellThemeChanged();
     require(settings.session().refresh(), "the preview does not follow");

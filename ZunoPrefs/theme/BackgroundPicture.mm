@@ -107,10 +107,11 @@ UIImage *storedFilling(CGSize size, CGFloat scale) {
 
 }  // namespace
 
-UIImage *backgroundPicture(CGSize size, CGFloat blur) {
+std::size_t backgroundFingerprint() { return PreferenceFile::ofDomain(kThemeDomain).fingerprint(kBackgroundImage); }
+
+UIImage *backgroundPicture(std::size_t text, CGSize size, CGFloat blur) {
   if (!(size.width > 0 && size.height > 0)) return nil;
   const CGFloat scale = [[UIScreen mainScreen] scale];
-  const std::size_t text = PreferenceFile::ofDomain(kThemeDomain).fingerprint(kBackgroundImage);
   Made &made = lastMade();
   if (text != made.text || !CGSizeEqualToSize(size, made.size) || scale != made.scale) {
     UIImage *sharp = text ? storedFilling(size, scale) : nil;

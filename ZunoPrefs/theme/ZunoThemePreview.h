@@ -17,6 +17,7 @@
   UILabel *_title;
   UILabel *_badge;
   zuno::Look _look;
+  std::size_t _photo;  // The stored photo's fingerprint; 0 while none is shown.
   BOOL _isStale;
 }
 

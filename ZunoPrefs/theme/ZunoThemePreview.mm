@@ -201,6 +201,7 @@ NSString *description(const Look &look, bool hasPicture, bool isDark) {
   if (_isStale) {
     _isStale = NO;
     _look = zuno::lookOf(zuno::storedTheme());
+    _photo = _look.hasPicture ? zuno::backgroundFingerprint() : 0;
   }
   const CGFloat scale = scaleForWidth([self bounds].size.width);
   [self layOutAtScale:scale];
@@ -266,7 +267,7 @@ NSString *description(const Look &look, bool hasPicture, bool isDark) {
 }
 
 - (void)showPictureAtScale:(CGFloat)scale {
-  [_picture setImage:_look.hasPicture ? zuno::backgroundPicture([_picture bounds].size, _look.blurRadius * scale) : nil];
+  [_picture setImage:_photo ? zuno::backgroundPicture(_photo, [_picture bounds].size, _look.blurRadius * scale) : nil];
   [_dimming setAlpha:_look.dimming / 100];
 }
 

@@ -8,7 +8,7 @@ namespace sim {
 namespace {
 
 constexpr double kReach = 4;        // Standard deviations.
-constexpr double kLeastBlocks = 4;  // Blocks in a standard deviation.
+constexpr double kLeastBlocks = 5;  // Blocks in a standard deviation.
 
 /// Four components a pixel.
 struct Plane {

@@ -12,7 +12,7 @@ int blurReach(double sigma) noexcept;
 /// `bitmap` (premultiplied or without alpha) under a Gaussian of `sigma` pixels, above 0, without the outermost `margin`
 /// pixels of every side, which must be `blurReach(sigma)` at least. Every component is within one of the exact value.
 ///
-/// Above a sigma of eight it is computed from averages of blocks, a quarter of sigma wide at most, so that the time hardly
+/// From a sigma of ten on it is computed from averages of blocks, a fifth of sigma wide at most, so that the time hardly
 /// grows with it. Null when nothing is left.
 BitmapPtr blurred(const Bitmap& bitmap, double sigma, int margin);
 
