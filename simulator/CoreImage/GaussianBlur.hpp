@@ -10,7 +10,7 @@ namespace sim {
 int blurReach(double sigma) noexcept;
 
 /// `bitmap` (premultiplied or without alpha) under a Gaussian of `sigma` pixels, above 0, without the outermost `margin`
-/// pixels of every side, which must be `blurReach(sigma)` at least. Every component is within one of the exact value.
+/// pixels of every side, which must be `blurReach(sigma)` at least. Every component is within 1.25 of the exact value.
 ///
 /// From a sigma of ten on it is computed from averages of blocks, a fifth of sigma wide at most, so that the time hardly
 /// grows with it. Null when nothing is left.
