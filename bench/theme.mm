@@ -1,5 +1,5 @@
 // What the theme page costs with a large background image, and where the time goes: opening it with a theme file of 20 MB,
-// and picking a photo of 12 megapixels. "goal" is the time that a person does not notice.
+// picking a photo of 12 megapixels, and drawing its preview anew with such a photo stored. "goal" is the time that a person does not notice.
 #import <Foundation/SIMDevice.h>
 #import <UIKit/UIImage+Sim.h>
 #import <UIKit/UIKit.h>
@@ -11,6 +11,10 @@
 #import "Settings/Session.hpp"
 #import "core/PreferenceFile.h"
 #import "theme/BackgroundImage.h"
+#import "theme/ThemeChange.h"
+#import "theme/ThemeFile.h"
+
+#include <malloc.h>
 
 #include "Claims.hpp"
 #include "lists_device.h"
@@ -34,7 +38,7 @@ using bench::bundleClass;
 using bench::require;
 
 constexpr int kRepetitions = 5;
-constexpr double kPageGoal = 100, kPickGoal = 2000;  // Milliseconds.
+constexpr double kPageGoal = 100, kPickGoal = 2000, kPreviewGoal = 50;  // Milliseconds.
 
 /// Milliseconds of one run of something.
 struct Cost {
@@ -232,6 +236,65 @@ void measurePick(NSData *jpeg) {
   }
 }
 
+/// Bytes that this process has allocated.
+std::size_t allocated() {
+  const auto state = mallinfo2();
+  return state.uordblks + state.hblkhd;
+}
+
+/// Stores `value` and measures from then until the preview is drawn.
+void measurePreviewAfter(const std::string& name, Settings& settings, id value, NSString *key) {
+  @autoreleasepool {
+    themeFile().setValue(value, key);
+  }
+  measure(name, [&] {
+    zuno::tellThemeChanged();
+    require(settings.session().refresh(), "the preview does not follow");
+  });
+}
+
+/// Draws the preview after each kind of change, with a photo of 12 megapixels stored. Returns the bytes that the page keeps
+/// for it: the difference to the page with a photo of one pixel.
+double measurePreview(const sim::BitmapPtr& photo) {
+  UIImage *one = imageOf(photo);
+  UIImage *other = imageOf(sim::inverted(*photo));
+  NSString *texts[] = {zuno::encodeImage(one), zuno::encodeImage(other)};
+  NSString *small = zuno::encodeImage(imageOf(bench::noisyPhoto(1, 1)));
+  NSString *file = SIMDevicePath(@"/var/jb/var/mobile/Library/Preferences/com.norvik.Zunoprefs.theme.plist");
+  [[NSFileManager defaultManager] removeItemAtPath:file error:nullptr];
+  themeFile().setValue(@1, @"enabled");
+  themeFile().setValue(@1, @"useCustom");
+  themeFile().setValue(small, @"backgroundImage");
+  Settings settings;
+  settings.openThemePage();
+  std::size_t before = 0, after = 0;
+  @autoreleasepool {
+    zuno::tellThemeChanged();
+    settings.session().refresh();
+    before = allocated();
+  }
+  for (int repetition = 0; repetition < kRepetitions; ++repetition) {
+    measurePreviewAfter("preview: another photo", settings, texts[repetition % 2], @"backgroundImage");
+    measurePreviewAfter("preview: dimming", settings, [NSNumber numberWithInt:repetition], @"dimming");
+    measurePreviewAfter("preview: blur", settings, [NSNumber numberWithInt:10 + repetition], @"blurRadius");
+    measure("preview step: the whole theme", [&] { require(zuno::storedTheme().enabled, "the theme is off"); });
+    measure("preview step: telling the photo", [&] { require(themeFile().fingerprint(@"backgroundImage"), "no photo"); });
+    NSData *png = nil;
+    measure("preview step: base64", [&] {
+      png = [zuno::imageFile(themeFile().value(@"backgroundImage")) retain];
+      require(png, "no photo");
+    });
+    measure("preview step: decoding alone", [&] {
+      require(sim::sourceOf([[UIImage imageWithData:png] CGImage])->bitmap() != nullptr, "no pixels");
+    });
+    [png release];
+  }
+  after = allocated();
+  std::printf("theme: the preview keeps %.2f MB for a photo of %.1f MB of pixels\n",
+              (static_cast<double>(after) - static_cast<double>(before)) / 1e6, static_cast<double>(photo->bytes().size()) / 1e6);
+  return static_cast<double>(after) - static_cast<double>(before);
+}
+
 }  // namespace
 
 int main() {
@@ -249,6 +312,11 @@ int main() {
     measureEncoders(photo);
     measurePick(jpeg);
   }
+  double kept = 0;
+  @autoreleasepool {
+    bench::DeviceFolder device;
+    kept = measurePreview(bench::noisyPhoto(4032, 3024));
+  }
   std::printf("  %-45s %12s %12s\n", "median of 5, ms", "processor", "elapsed");
   for (const auto& name : names) {
     std::printf("  %-45s %12.1f %12.1f\n", name.c_str(), median(name), median(name, &Cost::elapsed));
@@ -261,5 +329,12 @@ int main() {
   claims.ratio("theme page, every row", "page/parses", page, median("reading every row by a full parse"),
                bench::atMost(0.25));
   claims.ratio("theme PNG", "ours/defaults", median("encoder: ours"), median("encoder: defaults"), bench::atMost(0.1));
+  claims.time("theme preview, a slider", "drawn/goal", median("preview: dimming"), kPreviewGoal);
+  claims.time("theme preview, the blur", "drawn/goal", median("preview: blur"), kPreviewGoal);
+  claims.ratio("theme preview, another photo", "drawn/decoding", median("preview: another photo"),
+               median("preview step: decoding alone"), bench::atMost(1.5));
+  const CGSize screen = [[UIScreen mainScreen] nativeBounds].size;
+  claims.ratio("theme preview, memory", "kept/screen", std::max(kept, 1.0), screen.width * screen.height * 4,
+               bench::atMost(1));
   return claims.report(std::cout);
 }

@@ -9,7 +9,7 @@ ZUNO_DEPLOYMENT_TARGET = 15.0
 ZUNO_SOURCES := $(sort $(wildcard $(TREE)/ZunoPrefs/*/*.mm $(TREE)/ZunoPrefs/*/*.cpp))
 ZUNO_RESOURCES = $(TREE)/ZunoPrefs/Resources
 
-ZUNO_FRAMEWORKS = Foundation UIKit CoreGraphics CoreImage CoreFoundation
+ZUNO_FRAMEWORKS = Foundation UIKit CoreGraphics CoreImage CoreFoundation ImageIO
 ZUNO_PRIVATE_FRAMEWORKS = Preferences
 ZUNO_LIBRARIES = norvikapplist
 # Loaded with the bundle although nothing of it is called.

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -17,6 +18,11 @@ NSString *const kMainDomain = @"com.norvik.Zunoprefs";
 NSString *const kThemeDomain = @"com.norvik.Zunoprefs.theme";
 
 namespace {
+
+std::size_t hashOf(std::string_view text) {
+  const std::size_t hash = std::hash<std::string_view>()(text);
+  return hash != 0 ? hash : 1;  // 0 is for no text.
+}
 
 /// Makes the Foundation object of a scanned value, autoreleased.
 struct ObjectMaker {
@@ -65,6 +71,19 @@ bool PreferenceFile::contains(NSString *key) const {
     if (outcome != PropertyListScan::Outcome::kUndecided) return outcome == PropertyListScan::Outcome::kFound;
   }
   return [contents() objectForKey:key] != nil;
+}
+
+std::size_t PreferenceFile::fingerprint(NSString *key) const {
+  const FileBytes file([path() fileSystemRepresentation]);
+  const auto scan = scanFor(key, file);
+  if (scan.outcome == PropertyListScan::Outcome::kAbsent) return 0;
+  if (scan.outcome == PropertyListScan::Outcome::kFound) {
+    if (const auto *lent = std::get_if<std::string_view>(&scan.value)) return hashOf(*lent);
+    const auto *decoded = std::get_if<std::string>(&scan.value);
+    return decoded ? hashOf(*decoded) : 0;
+  }
+  id value = [contents() objectForKey:key];
+  return [value isKindOfClass:[NSString class]] ? hashOf([value UTF8String] ?: "") : 0;
 }
 
 void PreferenceFile::setValue(id value, NSString *key, Damaged damaged) const {

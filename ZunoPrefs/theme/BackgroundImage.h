@@ -10,6 +10,13 @@ namespace zuno {
 /// be encoded. Autoreleased.
 NSString *encodeImage(UIImage *image);
 
+/// The key of the theme file under which the image is stored.
+extern NSString *const kBackgroundImage;
+
+/// The file that `text` stores; characters outside the base64 alphabet are passed over. nil when `text` is no string. It
+/// need not be an image. Autoreleased.
+NSData *imageFile(id text);
+
 /// The image that `text` stores; characters outside the base64 alphabet are passed over. nil when it is none, or when
 /// `text` is no string. Autoreleased.
 UIImage *decodeImage(id text);
@@ -21,13 +28,13 @@ UIImage *storedBackgroundImage();
 /// held. nil when there is none or it cannot be decoded. Autoreleased.
 UIImage *pickedImage(NSDictionary *info);
 
-/// Stores an encoded image as the background image; a failed write is not reported.
+/// Stores an encoded image as the background image, and tells that the theme has changed; a failed write is not reported.
 void storeBackgroundImage(NSString *text);
 
 /// Whether the theme file holds a background image, readable or not.
 bool hasBackgroundImage();
 
-/// Takes the background image out of the theme file; a failed write is not reported.
+/// Takes the background image out of the theme file, and tells that the theme has changed; a failed write is not reported.
 void removeBackgroundImage();
 
 /// A picker over the photo library, autoreleased; nil when the library is not available.

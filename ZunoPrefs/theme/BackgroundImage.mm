@@ -1,11 +1,13 @@
 #import "theme/BackgroundImage.h"
 
 #import "core/PreferenceFile.h"
+#import "theme/ThemeChange.h"
 
 namespace zuno {
-namespace {
 
 NSString *const kBackgroundImage = @"backgroundImage";
+
+namespace {
 
 bool isOpaque(CGImageRef image) {
   const CGImageAlphaInfo alpha = CGImageGetAlphaInfo(image);
@@ -37,11 +39,14 @@ NSString *encodeImage(UIImage *image) {
   return [UIImagePNGRepresentation(image) base64EncodedStringWithOptions:NSDataBase64Encoding64CharacterLineLength];
 }
 
-UIImage *decodeImage(id text) {
+NSData *imageFile(id text) {
   if (![text isKindOfClass:[NSString class]]) return nil;
-  NSData *png =
-      [[[NSData alloc] initWithBase64EncodedString:text
-                                           options:NSDataBase64DecodingIgnoreUnknownCharacters] autorelease];
+  return [[[NSData alloc] initWithBase64EncodedString:text
+                                              options:NSDataBase64DecodingIgnoreUnknownCharacters] autorelease];
+}
+
+UIImage *decodeImage(id text) {
+  NSData *png = imageFile(text);
   return png ? [UIImage imageWithData:png] : nil;
 }
 
@@ -56,11 +61,15 @@ UIImage *pickedImage(NSDictionary *info) {
 
 void storeBackgroundImage(NSString *text) {
   PreferenceFile::ofDomain(kThemeDomain).setValue(text, kBackgroundImage);
+  tellThemeChanged();
 }
 
 bool hasBackgroundImage() { return PreferenceFile::ofDomain(kThemeDomain).contains(kBackgroundImage); }
 
-void removeBackgroundImage() { PreferenceFile::ofDomain(kThemeDomain).removeValue(kBackgroundImage); }
+void removeBackgroundImage() {
+  PreferenceFile::ofDomain(kThemeDomain).removeValue(kBackgroundImage);
+  tellThemeChanged();
+}
 
 UIImagePickerController *photoPicker(id<UIImagePickerControllerDelegate, UINavigationControllerDelegate> delegate) {
   constexpr auto source = UIImagePickerControllerSourceTypePhotoLibrary;

@@ -2,6 +2,7 @@
 
 #import "core/DevicePaths.h"
 #import "core/PreferenceFile.h"
+#import "theme/ThemeChange.h"
 
 namespace zuno {
 namespace {
@@ -100,6 +101,7 @@ bool applyPreset(NSString *path) {
     [files() moveItemAtPath:theme.path() toPath:backup error:nullptr];
   }
   copyWhole(path, theme.path());
+  tellThemeChanged();
   return true;
 }
 

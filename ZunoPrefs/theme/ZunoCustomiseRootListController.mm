@@ -5,6 +5,7 @@
 #import "core/PreferenceRow.h"
 #import "core/Respring.h"
 #import "theme/BackgroundImage.h"
+#import "theme/ThemeChange.h"
 #import "theme/ThemeRows.h"
 
 namespace {
@@ -52,6 +53,7 @@ zuno::PreferenceFile themeFile() { return zuno::PreferenceFile::ofDomain(zuno::k
                                               [[NSFileManager defaultManager] removeItemAtPath:file.path()
                                                                                          error:nullptr];
                                             }
+                                            zuno::tellThemeChanged();
                                             [self reloadSpecifiers];
                                           }]];
   [alert addAction:[UIAlertAction actionWithTitle:@"No" style:UIAlertActionStyleCancel handler:nil]];
@@ -86,6 +88,7 @@ zuno::PreferenceFile themeFile() { return zuno::PreferenceFile::ofDomain(zuno::k
 
 - (void)setPreferenceValue:(id)value specifier:(PSSpecifier *)specifier {
   zuno::setRowValue(value, specifier, themeFile());
+  zuno::tellThemeChanged();
   if (zuno::isPartOfUserAgent(specifier)) [self reloadSpecifierID:zuno::kUserAgentRow];
   NSString *key = zuno::rowText(specifier, @"key");
   if (![key isEqualToString:@"useCustom"] && ![key isEqualToString:@"enabled"]) return;

@@ -3,6 +3,13 @@
 
 #import <CoreImage/CIImage.h>
 
+typedef NSString *CIContextOption;
+
+/// The colour space in which filters compute. Here they compute on the colours as they are stored, as with NSNull.
+CG_EXTERN CIContextOption const kCIContextWorkingColorSpace;
+/// Whether what a filter has computed is kept for the next rendering.
+CG_EXTERN CIContextOption const kCIContextCacheIntermediates;
+
 @interface CIContext : NSObject
 + (CIContext *)context;
 + (CIContext *)contextWithOptions:(NSDictionary *)options;

@@ -2,23 +2,38 @@
 #import <CoreImage/CIImage+Sim.h>
 
 NSString *const kCIInputImageKey = @"inputImage";
+NSString *const kCIInputRadiusKey = @"inputRadius";
 NSString *const kCIOutputImageKey = @"outputImage";
 
 namespace {
 
-NSString *const colorInvert = @"CIColorInvert";
+/// Pixels.
+constexpr double kDefaultRadius = 10;
 
 }  // namespace
+
+@interface SIMColorInvert : CIFilter
+@end
+
+@interface SIMGaussianBlur : CIFilter {
+ @private
+  objcxx::Retained<NSNumber> _inputRadius;
+}
+@end
 
 @implementation CIFilter
 
 + (CIFilter *)filterWithName:(NSString *)name {
-  if (![name isEqualToString:colorInvert]) {
+  Class kind = Nil;
+  if ([name isEqualToString:@"CIColorInvert"]) kind = [SIMColorInvert class];
+  if ([name isEqualToString:@"CIGaussianBlur"]) kind = [SIMGaussianBlur class];
+  if (!kind) {
     NSLog(@"CIFilter: there is no filter \"%@\".", name);
     return nil;
   }
-  CIFilter *filter = [[[self alloc] init] autorelease];
+  CIFilter *filter = [[[kind alloc] init] autorelease];
   [filter setName:name];
+  [filter setDefaults];
   return filter;
 }
 
@@ -55,13 +70,52 @@ NSString *const colorInvert = @"CIColorInvert";
 }
 
 - (CIImage *)outputImage {
-  return [_inputImage.get() sim_colorInverted];
+  return nil;
 }
 
 - (id)copyWithZone:(NSZone *)zone {
-  CIFilter *copy = [[CIFilter allocWithZone:zone] init];
+  CIFilter *copy = [[[self class] allocWithZone:zone] init];
   copy->_name = _name;
   copy->_inputImage = _inputImage;
+  return copy;
+}
+
+@end
+
+@implementation SIMColorInvert
+
+- (CIImage *)outputImage {
+  return [[self inputImage] sim_colorInverted];
+}
+
+@end
+
+@implementation SIMGaussianBlur
+
+- (NSArray *)inputKeys {
+  return @[ kCIInputImageKey, kCIInputRadiusKey ];
+}
+
+- (void)setDefaults {
+  [super setDefaults];
+  [self setInputRadius:[NSNumber numberWithDouble:kDefaultRadius]];
+}
+
+- (NSNumber *)inputRadius {
+  return _inputRadius.get();
+}
+
+- (void)setInputRadius:(NSNumber *)radius {
+  _inputRadius = objcxx::share(radius);
+}
+
+- (CIImage *)outputImage {
+  return [[self inputImage] sim_blurredBySigma:[[self inputRadius] doubleValue]];
+}
+
+- (id)copyWithZone:(NSZone *)zone {
+  SIMGaussianBlur *copy = [super copyWithZone:zone];
+  copy->_inputRadius = _inputRadius;
   return copy;
 }
 

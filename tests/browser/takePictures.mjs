@@ -49,6 +49,7 @@ async function takeTheme(stage) {
   await device.tapRow('Choose Photo…');
   await take(stage, 'photos');
   await device.pick((await device.screen()).sheet.items[0].path);
+  await device.setRow('Use Custom Look', true);
   await take(stage, 'customise');
   await take(stage, 'customise-middle', 560);
   await take(stage, 'customise-end', 5000);

@@ -10,8 +10,9 @@ import census
 ROOT = Path(__file__).resolve().parents[2]
 INCLUDE = [ROOT / 'simulator', ROOT / 'include']
 UMBRELLAS = ['UIKit/UIKit.h', 'Preferences/Preferences.h', 'NorvikAppList/NorvikAppList.h',
-             'NorvikAppList/NorvikAppListTableViewController.h', 'PrivateFoundation/NSTask.h', 'CoreFoundation/CoreFoundation.h']
-FOLDERS = ['CoreFoundation', 'CoreGraphics', 'CoreImage', 'Foundation', 'UIKit', 'Preferences', 'AppList', 'Settings']
+             'NorvikAppList/NorvikAppListTableViewController.h', 'PrivateFoundation/NSTask.h', 'CoreFoundation/CoreFoundation.h',
+             'ImageIO/ImageIO.h']
+FOLDERS = ['CoreFoundation', 'CoreGraphics', 'CoreImage', 'ImageIO', 'Foundation', 'UIKit', 'Preferences', 'AppList', 'Settings']
 
 # A device does no more with these either than the simulator does. Each has its reason.
 KEPT = {

@@ -44,7 +44,8 @@ class PackageCommandTest(PackageTest):
         self.environment = {**os.environ, "SOURCE_DATE_EPOCH": "1700000000"}
 
     def made_sdk(self, name):
-        return whole_sdk(self.folder / name, "Foundation", "UIKit", "CoreGraphics", "CoreImage", "CoreFoundation")
+        return whole_sdk(self.folder / name, "Foundation", "UIKit", "CoreGraphics", "CoreImage", "CoreFoundation",
+                         "ImageIO")
 
     def command(self, *arguments):
         return [str(part) for part in (self.tree / "script/package", "--sdk", self.sdk, *arguments)]

@@ -35,7 +35,8 @@ export function textOf(view) {
   return [view.accessibilityLabel || view.text, ...(view.views ?? []).map(textOf)].filter(Boolean).join(' ');
 }
 
-function View({ view, background }) {
+/** `isDepicted`: the view is part of one that is told as a whole, so a picture, and its texts keep their colours. */
+function View({ view, background, isDepicted }) {
   if (view.hidden) return null;
   const [x, y, width, height] = view.frame;
   const below = paintedOver(background, view.backgroundColor);
@@ -44,10 +45,13 @@ function View({ view, background }) {
     backgroundColor: cssColor(view.backgroundColor), opacity: view.alpha ?? undefined,
     ...layerStyle(view.layer, view.clips),
   };
-  const children = (view.views ?? []).map((child, at) => html`<${View} key=${at} view=${child} background=${below} />`);
+  const names = namesOf(view);
+  const depicts = isDepicted || Boolean(names.role);
+  const children = (view.views ?? []).map((child, at) => html`
+    <${View} key=${at} view=${child} background=${below} isDepicted=${depicts} />`);
   return html`
-    <span class="view" data-identifier=${view.accessibilityIdentifier ?? undefined} style=${style} ...${namesOf(view)}>
-      ${view.text && html`<${Label} view=${view} background=${below} />`}
+    <span class="view" data-identifier=${view.accessibilityIdentifier ?? undefined} style=${style} ...${names}>
+      ${view.text && html`<${Label} view=${view} background=${isDepicted ? null : below} />`}
       ${view.image && html`
         <${Picture} alt=${view.isAccessibilityElement ? '' : view.accessibilityLabel ?? ''}
           image=${{ ...view.image, width, height }}
@@ -83,11 +87,12 @@ function Scrolled({ view, children }) {
     </span>`;
 }
 
+/** `background`: the text's colour is kept legible on it; null leaves the colour as it is. */
 function Label({ view, background }) {
   const size = view.fontSize ?? 17;
   const style = {
     fontSize: `${size}px`, fontWeight: view.fontWeight ?? undefined, textAlign: alignments[view.alignment],
-    color: cssTextColor(view.color, background, size >= largeText), textShadow: textShadow(view.textShadow),
+    color: background ? cssTextColor(view.color, background, size >= largeText) : cssColor(view.color), textShadow: textShadow(view.textShadow),
     whiteSpace: view.lines === 1 ? 'nowrap' : undefined,
   };
   return html`<span class="view-label" style=${style}><span>${view.text}</span></span>`;

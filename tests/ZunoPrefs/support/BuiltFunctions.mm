@@ -7,6 +7,7 @@
 #include "lists/ToneKernel.hpp"
 #include "lists/ToneKernelVariants.hpp"
 #include "theme/ColourText.hpp"
+#include "theme/Theme.hpp"
 
 namespace {
 
@@ -51,6 +52,18 @@ std::optional<Colour> parseColour(std::string_view text) {
 std::string colourText(const Colour &colour) {
   static auto *const function = built<decltype(colourText)>("_ZN4zuno10colourTextB5cxx11ERKNS_6ColourE");
   return function(colour);
+}
+
+Theme themeFrom(const ThemeReader &read) {
+  static auto *const function = built<decltype(themeFrom)>(
+      "_ZN4zuno9themeFromERKSt8functionIFSt7variantIJSt9monostatedNSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEEEES"
+      "t17basic_string_viewIcS6_EEE");
+  return function(read);
+}
+
+Look lookOf(const Theme &theme) {
+  static auto *const function = built<decltype(lookOf)>("_ZN4zuno6lookOfERKNS_5ThemeE");
+  return function(theme);
 }
 
 }  // namespace zuno

@@ -1,0 +1,4 @@
+// ImageIO: thumbnails of image files.
+#pragma once
+
+#import <ImageIO/CGImageSource.h>
