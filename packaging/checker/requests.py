@@ -23,7 +23,8 @@ def requested_pointers(subject):
 def _problems(image, link_map):
     placed = read_map(link_map.read_text(encoding="utf-8"))
     found, _ = fixups.decode(image)
-    by_name = {label: address for (_, label), address in placed.places.items()}
+    # By name alone only what other objects can see: each has private labels, which begin with an l, of its own.
+    by_name = {label: address for (_, label), address in placed.places.items() if label[0] not in "lL"}
     explained, initialisers = set(), []
     for number, path in placed.objects.items():
         if not path.endswith(".o"):

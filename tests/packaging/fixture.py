@@ -200,14 +200,15 @@ def executable(source=SOURCE, target="arm64-apple-ios15.0", form="-dynamiclib", 
 
 
 @functools.cache
-def device_code(arch, source=SIGNED_SOURCE):
+def device_code(arch, *sources):
     """(bytes, path of the linker's map) of what packaging/device-clang makes; the map is there for arm64e only."""
     folder = Path(tempfile.mkdtemp(dir=_folder()))
-    sdk, code, built = _folder() / "sdk", write(folder / "Sample.mm", source), folder / "Sample"
+    sdk, built = _folder() / "sdk", folder / "Sample"
     clang = [TREE / "packaging/device-clang", f"{arch}-apple-ios15.0", sdk]
     link = [f"-F{sdk}/System/Library/PrivateFrameworks", f"-L{_folder()}/stubs", *LINK]
-    for command in ([*clang, "-c", code, "-w", "-fblocks", "-nostdinc++", "-o", f"{built}.o"],
-                    [*clang, "-dynamiclib", f"{built}.o", "-o", built, *link]):  # fmt: skip
+    codes = [write(folder / f"Sample{n}.mm", source) for n, source in enumerate(sources or (SIGNED_SOURCE,))]
+    commands = [[*clang, "-c", code, "-w", "-fblocks", "-nostdinc++", "-o", f"{code}.o"] for code in codes]
+    for command in (*commands, [*clang, "-dynamiclib", *(f"{code}.o" for code in codes), "-o", built, *link]):
         subprocess.run(command, check=True, capture_output=True, text=True)
     return built.read_bytes(), Path(f"{built}.map")
 

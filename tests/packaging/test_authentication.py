@@ -280,6 +280,14 @@ class RequestedPointersTest(BothSlicesTest):
         self.assertEqual(["does not run the functions first that are to initialise it"],
                          self.judged("requested_pointers", content))  # fmt: skip
 
+    def test_a_label_of_one_object_is_not_that_of_another(self):
+        """Strings that the linker merges are not in its map, and each object numbers its own from the same beginning."""
+        page = "__attribute__((objc_root_class)) @interface NSObject { Class isa; } @end\n@interface NSString : NSObject @end\n"
+        page += "@interface %s : NSObject @end\n@implementation %s\n- (id)text { return @\"%s\"; }\n@end\n"
+        self.slice, self.link_map = device_code("arm64e", page % ("One", "One", "it\u2019s"), page % ("Two", "Two", "plain"))
+        self.assertIn("] l_.str\n", self.link_map.read_text())
+        self.assertEqual([], self.judged("requested_pointers"))
+
     def test_assembly_that_is_not_there_is_a_problem(self):
         self.link_map = self.folder / "absent.map"
         (problem,) = self.judged("requested_pointers")
