@@ -120,10 +120,11 @@ std::string identifierOf(const sim::Json& image) {
   return url.substr(url.rfind('/') + 1);
 }
 
-/// The identifier of the row labelled `label`.
-std::string rowLabelled(const std::string& screen, const std::string& label) {
+/// The identifier of the row that a photo is chosen with: the picture of the one that is stored, or a button.
+std::string photoRow(const std::string& screen) {
   const auto labels = inRows(screen, "label");
-  const auto found = std::find(labels.begin(), labels.end(), sim::Json(label));
+  const sim::Json choosing[] = {"Background Image", "Choose Photo…"};
+  const auto found = std::find_first_of(labels.begin(), labels.end(), std::begin(choosing), std::end(choosing));
   require(found != labels.end(), "the page lacks a row");
   return inRows(screen, "id")[static_cast<std::size_t>(found - labels.begin())].get<std::string>();
 }
@@ -220,7 +221,7 @@ void measurePick(NSData *jpeg) {
       Settings settings;
       settings.openThemePage();
       sim::Session& session = settings.session();
-      const sim::Json tap{{"type", "tap"}, {"id", rowLabelled(session.screen(), "Choose Photo…")}};
+      const sim::Json tap{{"type", "tap"}, {"id", photoRow(session.screen())}};
       measure("photo sheet", [&] { require(session.perform(tap).status == 200, "the sheet does not open"); });
       const sim::Json screen = sim::Json::parse(session.screen(), nullptr, false);
       const std::string thumbnail = identifierOf(screen["sheet"]["items"][0]["image"]);

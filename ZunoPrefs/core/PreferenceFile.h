@@ -6,6 +6,8 @@
 #import <objcxx/Retained.h>
 
 #include <cstddef>
+#include <span>
+#include <string_view>
 
 namespace zuno {
 
@@ -39,6 +41,9 @@ class PreferenceFile final {
   id value(NSString *key) const;
   /// Whether the dictionary holds something for `key`; as quick as `value`, and makes no object of what it finds.
   bool contains(NSString *key) const;
+
+  /// What the dictionary holds for each of `keys` (ASCII), by key, autoreleased: as `value` gives it, in one pass.
+  NSDictionary *values(std::span<const std::string_view> keys) const;
 
   /// Tells one text from another without giving it: the same number for the same text under `key`, most likely another
   /// for another; 0 where the file holds no text for it. Quick for a photo of many megabytes.

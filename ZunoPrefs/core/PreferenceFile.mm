@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #import "core/DevicePaths.h"
 #include "core/PropertyListScan.hpp"
@@ -62,6 +63,23 @@ id PreferenceFile::value(NSString *key) const {
     if (id found = std::visit(ObjectMaker{}, scan.value)) return found;
   }
   return [contents() objectForKey:key];
+}
+
+NSDictionary *PreferenceFile::values(std::span<const std::string_view> keys) const {
+  const FileBytes file([path() fileSystemRepresentation]);
+  std::vector<PropertyListScan> scans(keys.size());
+  scanPropertyList(file.bytes(), keys, scans);
+  NSMutableDictionary *found = [NSMutableDictionary dictionaryWithCapacity:keys.size()];
+  NSDictionary *all = nil;  // Read when the scan has not decided.
+  for (std::size_t place = 0; place < keys.size(); ++place) {
+    const auto &[outcome, scanned] = scans[place];
+    if (outcome == PropertyListScan::Outcome::kAbsent) continue;
+    NSString *key = ObjectMaker{}(keys[place]);
+    id value = outcome == PropertyListScan::Outcome::kFound ? std::visit(ObjectMaker{}, scanned) : nil;
+    if (!value) value = [(all = all ?: contents()) objectForKey:key];
+    if (value) [found setObject:value forKey:key];
+  }
+  return found;
 }
 
 bool PreferenceFile::contains(NSString *key) const {

@@ -25,21 +25,19 @@ enum Kind : unsigned {
 
 class Scanner final {
  public:
-  Scanner(std::string_view document, std::string_view key) : document_(document), key_(key) {}
+  Scanner(std::string_view document, const Lookups& lookups) : document_(document), lookups_(lookups) {}
 
-  PropertyListScan run() && {
-    if (!readTrailer() || !readRoot()) return {};
+  bool readDocument() {
+    if (!readTrailer() || !readRoot()) return false;
     while (!pending_.empty()) {
       const auto container = pending_.back();
       pending_.pop_back();
-      if (!checkEntries(container)) return {};
+      if (!checkEntries(container)) return false;
     }
-    return std::move(result_);
+    return true;
   }
 
  private:
-  using Outcome = PropertyListScan::Outcome;
-
   struct Object {
     Kind kind;
     unsigned low;             // The lower half of the first byte.
@@ -144,33 +142,36 @@ class Scanner final {
     return true;
   }
 
-  /// Looks for the key among the root's, which are checked with all other objects.
+  /// Looks for the keys among the root's, which are checked with all other objects.
   bool readRoot() {
     Object root;
     if (!readObject(root_, root) || root.kind != kDictionary) return false;
     isChecked_.resize(objects_);
     pending_.push_back({root, 1});
-    result_.outcome = Outcome::kAbsent;
+    lookups_.setAbsent();
     for (std::uint64_t i = 0; i < root.count; ++i) {
       Object key;
-      if (!readObject(reference(root.content, i), key) || !equalsKey(key)) continue;
-      if (std::exchange(result_.outcome, Outcome::kFound) == Outcome::kFound) return false;
+      if (!readObject(reference(root.content, i), key)) continue;
+      const auto place = lookups_.find([&](std::string_view wanted) { return equals(key, wanted); });
+      if (place == lookups_.keys.size()) continue;
       Object value;
-      if (!readObject(reference(root.content, root.count + i), value) || !readValue(value)) return false;
+      if (!lookups_.setFound(place) || !readObject(reference(root.content, root.count + i), value) ||
+          !readValue(value, lookups_.results[place].value)) {
+        return false;
+      }
     }
     return true;
   }
 
-  bool equalsKey(const Object& object) const {
-    if (object.kind == kASCII) return object.bytesIn(document_) == key_;
-    if (object.kind != kUTF16 || object.count > key_.size()) return false;
+  bool equals(const Object& object, std::string_view key) const {
+    if (object.kind == kASCII) return object.bytesIn(document_) == key;
+    if (object.kind != kUTF16 || object.count > key.size()) return false;
     std::string text;
-    return appendUTF16(object.bytesIn(document_), &text) && text == key_;
+    return appendUTF16(object.bytesIn(document_), &text) && text == key;
   }
 
   /// Gives the value of `object`, which is checked with all the others.
-  bool readValue(const Object& object) {
-    auto& value = result_.value;
+  bool readValue(const Object& object, ScannedValue& value) const {
     switch (object.kind) {
       case kBoolean:
         value = object.low == 9;
@@ -259,7 +260,7 @@ class Scanner final {
   }
 
   const std::string_view document_;
-  const std::string_view key_;
+  const Lookups& lookups_;
   std::size_t offsetSize_ = 0;
   std::size_t referenceSize_ = 0;
   std::size_t table_ = 0;  // Where the offset table starts; the objects lie before it.
@@ -268,13 +269,12 @@ class Scanner final {
   std::vector<bool> isChecked_;      // By reference.
   std::vector<Container> pending_;   // Checked containers whose entries are not.
   std::size_t spent_ = 0;            // The bytes in the content of all checked objects.
-  PropertyListScan result_;
 };
 
 }  // namespace
 
-PropertyListScan scanBinaryPropertyList(std::string_view document, std::string_view key) {
-  return Scanner(document, key).run();
+bool scanBinaryPropertyList(std::string_view document, const Lookups& lookups) {
+  return Scanner(document, lookups).readDocument();
 }
 
 }  // namespace zuno::detail

@@ -107,28 +107,13 @@ double realNumber(std::string_view text) {
 
 class Scanner final {
  public:
-  Scanner(std::string_view document, std::string_view key) : rest_(document), key_(key) {}
-
-  PropertyListScan run() && {
-    if (!readDocument()) return {};
-    return std::move(result_);
-  }
-
- private:
-  using Outcome = PropertyListScan::Outcome;
-
-  void skipSpace() { rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t\r\n"), rest_.size())); }
-
-  bool takeAfterSpace(std::string_view start) {
-    skipSpace();
-    return take(rest_, start);
-  }
+  Scanner(std::string_view document, const Lookups& lookups) : rest_(document), lookups_(lookups) {}
 
   bool readDocument() {
     if (!take(rest_, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>")) return false;
     if (takeAfterSpace("<!DOCTYPE plist PUBLIC ") && !skipDoctype()) return false;
     if (!takeAfterSpace("<plist version=\"1.0\">") && !take(rest_, "<plist version=\"0.9\">")) return false;
-    result_.outcome = Outcome::kAbsent;
+    lookups_.setAbsent();
     if (!takeAfterSpace("<dict/>")) {
       if (!take(rest_, "<dict>") || !open(Container::kDictionary)) return false;
       while (depth_ > 0) {
@@ -138,6 +123,14 @@ class Scanner final {
     if (!takeAfterSpace("</plist>")) return false;
     skipSpace();
     return rest_.empty();
+  }
+
+ private:
+  void skipSpace() { rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t\r\n"), rest_.size())); }
+
+  bool takeAfterSpace(std::string_view start) {
+    skipSpace();
+    return take(rest_, start);
   }
 
   /// Skips two quoted names and the end of the tag; declarations in brackets are not for this scanner.
@@ -169,9 +162,10 @@ class Scanner final {
     RawText key;
     if (!take(rest_, "<key>") || !readText(key) || !take(rest_, "</key>")) return false;
     skipSpace();
-    if (depth_ > 1 || !key.equals(key_)) return readValue(nullptr);
-    if (std::exchange(result_.outcome, Outcome::kFound) == Outcome::kFound) return false;
-    return readValue(&result_.value);
+    if (depth_ > 1) return readValue(nullptr);
+    const auto place = lookups_.find([&](std::string_view wanted) { return key.equals(wanted); });
+    if (place == lookups_.keys.size()) return readValue(nullptr);
+    return lookups_.setFound(place) && readValue(&lookups_.results[place].value);
   }
 
   /// Reads one value, or the start of one that is a container. `wanted` takes the value, which must be no container.
@@ -229,16 +223,15 @@ class Scanner final {
   }
 
   std::string_view rest_;
-  const std::string_view key_;
+  const Lookups& lookups_;
   std::size_t depth_ = 0;
   std::bitset<kMaximumDepth> isDictionary_;  // The open containers, the root first.
-  PropertyListScan result_;
 };
 
 }  // namespace
 
-PropertyListScan scanXMLPropertyList(std::string_view document, std::string_view key) {
-  return Scanner(document, key).run();
+bool scanXMLPropertyList(std::string_view document, const Lookups& lookups) {
+  return Scanner(document, lookups).readDocument();
 }
 
 }  // namespace zuno::detail

@@ -22,6 +22,14 @@ Appearance appearanceFrom(const ThemeValue &value) {
 
 }  // namespace
 
+std::vector<std::string_view> themeKeys() {
+  std::vector<std::string_view> keys{kThemeAppearance};
+  for (const auto &row : kThemeSwitches) keys.push_back(row.key);
+  for (const auto &row : kThemeNumbers) keys.push_back(row.key);
+  for (const auto &row : kThemeColours) keys.push_back(row.key);
+  return keys;
+}
+
 Theme themeFrom(const ThemeReader &read) {
   Theme theme;
   for (const auto &[key, initial, member] : kThemeSwitches) {

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "theme/ColourText.hpp"
 
@@ -68,6 +69,9 @@ inline constexpr std::array kThemeColours = {
 };
 inline constexpr std::string_view kThemeAppearance = "appearance";
 inline constexpr Appearance kInitialAppearance = Appearance::kSystem;
+
+/// Every key of the table.
+std::vector<std::string_view> themeKeys();
 
 /// A value of the theme file: a number (truth values are 0 and 1), a text, or something that no key takes.
 using ThemeValue = std::variant<std::monostate, double, std::string>;

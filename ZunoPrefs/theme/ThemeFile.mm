@@ -14,10 +14,10 @@ ThemeValue themeValue(id value) {
 }  // namespace
 
 Theme storedTheme() {
-  const auto file = PreferenceFile::ofDomain(kThemeDomain);
+  NSDictionary *values = PreferenceFile::ofDomain(kThemeDomain).values(themeKeys());
   return themeFrom([&](std::string_view key) {
     NSString *name = [[[NSString alloc] initWithBytes:key.data() length:key.size() encoding:NSASCIIStringEncoding] autorelease];
-    return themeValue(file.value(name));
+    return themeValue([values objectForKey:name]);
   });
 }
 

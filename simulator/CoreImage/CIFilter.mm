@@ -8,7 +8,7 @@ NSString *const kCIOutputImageKey = @"outputImage";
 namespace {
 
 /// Pixels.
-constexpr double kDefaultRadius = 10;
+objcxx::Retained<NSNumber> defaultRadius() { return objcxx::share([NSNumber numberWithDouble:10]); }
 
 }  // namespace
 
@@ -33,7 +33,6 @@ constexpr double kDefaultRadius = 10;
   }
   CIFilter *filter = [[[kind alloc] init] autorelease];
   [filter setName:name];
-  [filter setDefaults];
   return filter;
 }
 
@@ -92,13 +91,20 @@ constexpr double kDefaultRadius = 10;
 
 @implementation SIMGaussianBlur
 
+// A filter has its defaults from the beginning, without being told.
+- (instancetype)init {
+  if (!(self = [super init])) return nil;
+  _inputRadius = defaultRadius();
+  return self;
+}
+
 - (NSArray *)inputKeys {
   return @[ kCIInputImageKey, kCIInputRadiusKey ];
 }
 
 - (void)setDefaults {
   [super setDefaults];
-  [self setInputRadius:[NSNumber numberWithDouble:kDefaultRadius]];
+  _inputRadius = defaultRadius();
 }
 
 - (NSNumber *)inputRadius {

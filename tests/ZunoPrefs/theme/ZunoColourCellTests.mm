@@ -43,6 +43,22 @@ class ColourRowTest : public ThemeTest {
     navigation_ = show(page_.get());
     return page_.get();
   }
+  void SetUp() override {
+    ThemeTest::SetUp();
+    writeTheme(@{});
+  }
+  void TearDown() override {
+    UIWindow *window = [[UIApplication sharedApplication] keyWindow];
+    [window sim_changeScreenToSize:CGSizeMake(390, 844) scale:3 safeArea:UIEdgeInsetsZero];
+    ThemeTest::TearDown();
+  }
+  /// Values beside the switches that let colours be chosen.
+  static NSDictionary *withSwitches(NSDictionary *values) {
+    NSMutableDictionary *theme = [NSMutableDictionary dictionaryWithDictionary:values];
+    [theme addEntriesFromDictionary:@{@"enabled" : @1, @"useCustom" : @1}];
+    return theme;
+  }
+  void writeTheme(NSDictionary *values) { writePreferences(kThemeFile, withSwitches(values)); }
   PSSpecifier *row(NSString *key) { return [page_.get() specifierForID:key]; }
   /// The row's cell, once it is in sight.
   ZunoColourCell *cellOf(NSString *key) {
@@ -103,7 +119,7 @@ class ColourRowTest : public ThemeTest {
 };
 
 TEST_F(ColourRowTest, ARowShowsItsNameItsValueAndItsColour) {
-  writePreferences(kThemeFile, @{@"backgroundColour" : @"ff8000", @"titleColour" : @"00FF0033"});
+  writeTheme(@{@"backgroundColour" : @"ff8000", @"titleColour" : @"00FF0033"});
   (void)showPage();
   EXPECT_OBJC_EQ([[cellOf(@"backgroundColour") textLabel] text], @"Background");
   EXPECT_EQ(shown(@"backgroundColour"), "FF8000");
@@ -115,7 +131,7 @@ TEST_F(ColourRowTest, ARowShowsItsNameItsValueAndItsColour) {
 }
 
 TEST_F(ColourRowTest, WhatIsNotOpaqueLetsSquaresShow) {
-  writePreferences(kThemeFile, @{@"backgroundColour" : @"00000000", @"titleColour" : @"FFFFFF"});
+  writeTheme(@{@"backgroundColour" : @"00000000", @"titleColour" : @"FFFFFF"});
   (void)showPage();
   const auto tones = [&](NSString *key) {
     UIImage *image = swatchOf(cellOf(key));
@@ -143,7 +159,7 @@ TEST_F(ColourRowTest, AValueThatIsNoColourIsSaidSoAndCanBeReplacedAndRemoved) {
   for (id value in odd) {
     NSString *hint = [[value description] length] > 40 ? @"a long text" : [value description];
     for (const bool replaces : {true, false}) {
-      writePreferences(kThemeFile, @{@"titleColour" : value, @"spacing" : @3});
+      writeTheme(@{@"titleColour" : value, @"spacing" : @3});
       [page_.get() reloadSpecifiers];
       EXPECT_EQ(shown(@"titleColour"), "Not a colour") << [hint UTF8String];
       if (replaces) {
@@ -153,7 +169,7 @@ TEST_F(ColourRowTest, AValueThatIsNoColourIsSaidSoAndCanBeReplacedAndRemoved) {
       } else {
         EXPECT_TRUE([removeButton(cellOf(@"titleColour")) sim_tapByUser]);
       }
-      EXPECT_OBJC_EQ(preferences(kThemeFile), (@{@"titleColour" : replaces ? @"0000FF" : @"", @"spacing" : @3}))
+      EXPECT_OBJC_EQ(preferences(kThemeFile), withSwitches(@{@"titleColour" : replaces ? @"0000FF" : @"", @"spacing" : @3}))
           << [hint UTF8String];
       EXPECT_EQ(shown(@"titleColour"), replaces ? "0000FF" : "System");
     }
@@ -161,7 +177,7 @@ TEST_F(ColourRowTest, AValueThatIsNoColourIsSaidSoAndCanBeReplacedAndRemoved) {
 }
 
 TEST_F(ColourRowTest, ATapOpensThePickerWithTheColour) {
-  writePreferences(kThemeFile, @{@"backgroundColour" : @"FF800033"});
+  writeTheme(@{@"backgroundColour" : @"FF800033"});
   (void)showPage();
   UIColorPickerViewController *opened = open(@"backgroundColour");
   ASSERT_NE(opened, nil);
@@ -171,19 +187,19 @@ TEST_F(ColourRowTest, ATapOpensThePickerWithTheColour) {
   close();
   EXPECT_EQ(text([open(@"badgeColour") selectedColor]), "255,59,48,255") << "a row without a colour suggests one";
   close();
-  EXPECT_OBJC_EQ(preferences(kThemeFile), @{@"backgroundColour" : @"FF800033"}) << "looking stores nothing";
+  EXPECT_OBJC_EQ(preferences(kThemeFile), withSwitches(@{@"backgroundColour" : @"FF800033"})) << "looking stores nothing";
   EXPECT_TRUE(notifications.empty());
 }
 
 TEST_F(ColourRowTest, AColourIsStoredOnceWhenTheFingerIsLifted) {
-  writePreferences(kThemeFile, @{@"unknown" : @"kept"});
+  writeTheme(@{@"unknown" : @"kept"});
   (void)showPage();
   UIColorPickerViewController *opened = open(@"titleColour");
   [opened sim_selectColorByUser:colour(1, 0, 0) continuously:YES];
   [opened sim_selectColorByUser:colour(1, 0.5, 0) continuously:YES];
-  EXPECT_OBJC_EQ(preferences(kThemeFile), @{@"unknown" : @"kept"});
+  EXPECT_OBJC_EQ(preferences(kThemeFile), withSwitches(@{@"unknown" : @"kept"}));
   [opened sim_selectColorByUser:colour(1, 0.5, 0) continuously:NO];
-  EXPECT_OBJC_EQ(preferences(kThemeFile), (@{@"unknown" : @"kept", @"titleColour" : @"FF8000"}));
+  EXPECT_OBJC_EQ(preferences(kThemeFile), withSwitches(@{@"unknown" : @"kept", @"titleColour" : @"FF8000"}));
   EXPECT_EQ(notifications, kPostedOnce);
   EXPECT_EQ(shown(@"titleColour"), "FF8000") << "at once, below the picker";
   [opened sim_selectColorByUser:colour(1, 0.5, 0) continuously:NO];
@@ -235,10 +251,10 @@ TEST_F(ColourRowTest, WideColoursAreBroughtIntoTheRange) {
 }
 
 TEST_F(ColourRowTest, RemovingLeavesTheColourToTheSystem) {
-  writePreferences(kThemeFile, @{@"titleColour" : @"FF0000", @"spacing" : @3});
+  writeTheme(@{@"titleColour" : @"FF0000", @"spacing" : @3});
   (void)showPage();
   EXPECT_TRUE([removeButton(cellOf(@"titleColour")) sim_tapByUser]);
-  EXPECT_OBJC_EQ(preferences(kThemeFile), (@{@"titleColour" : @"", @"spacing" : @3}));
+  EXPECT_OBJC_EQ(preferences(kThemeFile), withSwitches(@{@"titleColour" : @"", @"spacing" : @3}));
   EXPECT_EQ(notifications, kPostedOnce);
   EXPECT_EQ(shown(@"titleColour"), "System");
   EXPECT_EQ(removeButton(cellOf(@"titleColour")), nil);
@@ -247,7 +263,7 @@ TEST_F(ColourRowTest, RemovingLeavesTheColourToTheSystem) {
 }
 
 TEST_F(ColourRowTest, ARowThatIsOffTakesNoTaps) {
-  writePreferences(kThemeFile, @{@"titleColour" : @"FF0000"});
+  writeTheme(@{@"titleColour" : @"FF0000"});
   (void)showPage();
   [row(@"titleColour") setProperty:@(NO) forKey:PSEnabledKey];
   [page_.get() reloadSpecifierID:@"titleColour"];
@@ -276,11 +292,11 @@ TEST_F(ColourRowTest, ACellThatShowsAnotherRowMeanwhileDoesNotMatter) {
   [cell setSpecifier:row(@"badgeColour")];
   EXPECT_OBJC_EQ([[cell textLabel] text], @"Badges");
   [opened sim_selectColorByUser:colour(0, 1, 0) continuously:NO];
-  EXPECT_OBJC_EQ(preferences(kThemeFile), @{@"titleColour" : @"00FF00"}) << "the row that was tapped";
+  EXPECT_OBJC_EQ(preferences(kThemeFile), withSwitches(@{@"titleColour" : @"00FF00"})) << "the row that was tapped";
 }
 
 TEST_F(ColourRowTest, ACellThatIsUsedAgainRemovesTheColourOfTheRowThatItShows) {
-  writePreferences(kThemeFile, @{@"titleColour" : @"FF0000", @"badgeColour" : @"00FF00"});
+  writeTheme(@{@"titleColour" : @"FF0000", @"badgeColour" : @"00FF00"});
   (void)showPage();
   ZunoColourCell *cell = cellOf(@"titleColour");
   [cell prepareForReuse];
@@ -288,7 +304,7 @@ TEST_F(ColourRowTest, ACellThatIsUsedAgainRemovesTheColourOfTheRowThatItShows) {
   EXPECT_EQ(colourOf(swatchOf(cell)), "0,255,0");
   EXPECT_OBJC_EQ([removeButton(cell) accessibilityLabel], @"Use System Colour for Badges");
   EXPECT_TRUE([removeButton(cell) sim_tapByUser]);
-  EXPECT_OBJC_EQ(preferences(kThemeFile), (@{@"titleColour" : @"FF0000", @"badgeColour" : @""}));
+  EXPECT_OBJC_EQ(preferences(kThemeFile), withSwitches(@{@"titleColour" : @"FF0000", @"badgeColour" : @""}));
 }
 
 TEST_F(ColourRowTest, APageThatGoesLeavesThePickerAtWork) {
@@ -334,11 +350,10 @@ TEST_F(ColourRowTest, OnALargeScreenThePickerPointsToItsRow) {
   EXPECT_EQ([[opened popoverPresentationController] sourceView], cellOf(@"titleColour"));
   EXPECT_GT([[opened popoverPresentationController] sourceRect].size.width, 100);
   close();
-  [window sim_changeScreenToSize:CGSizeMake(390, 844) scale:3 safeArea:UIEdgeInsetsZero];
 }
 
 TEST_F(ColourRowTest, ACellOutlivesItsRowAndItsPage) {
-  writePreferences(kThemeFile, @{@"titleColour" : @"FF0000"});
+  writeTheme(@{@"titleColour" : @"FF0000"});
   objcxx::Retained<ZunoColourCell> cell;
   @autoreleasepool {
     (void)showPage();
