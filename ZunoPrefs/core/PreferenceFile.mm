@@ -68,7 +68,7 @@ id PreferenceFile::value(NSString *key) const {
 NSDictionary *PreferenceFile::values(std::span<const std::string_view> keys) const {
   const FileBytes file([path() fileSystemRepresentation]);
   std::vector<PropertyListScan> scans(keys.size());
-  scanPropertyList(file.bytes(), keys, scans);
+  scanPropertyListKeys(file.bytes(), keys, scans);
   NSMutableDictionary *found = [NSMutableDictionary dictionaryWithCapacity:keys.size()];
   NSDictionary *all = nil;  // Read when the scan has not decided.
   for (std::size_t place = 0; place < keys.size(); ++place) {

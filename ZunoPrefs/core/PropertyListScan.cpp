@@ -17,12 +17,12 @@ bool scan(std::string_view document, const detail::Lookups& lookups) {
 
 PropertyListScan scanPropertyList(std::span<const std::byte> document, std::string_view key) noexcept {
   PropertyListScan result;
-  scanPropertyList(document, {&key, 1}, {&result, 1});
+  scanPropertyListKeys(document, {&key, 1}, {&result, 1});
   return result;
 }
 
-void scanPropertyList(std::span<const std::byte> document, std::span<const std::string_view> keys,
-                      std::span<PropertyListScan> results) noexcept {
+void scanPropertyListKeys(std::span<const std::byte> document, std::span<const std::string_view> keys,
+                          std::span<PropertyListScan> results) noexcept {
   try {
     if (scan({reinterpret_cast<const char*>(document.data()), document.size()}, {keys, results})) return;
   } catch (const std::bad_alloc&) {

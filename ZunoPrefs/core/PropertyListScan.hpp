@@ -40,7 +40,7 @@ PropertyListScan scanPropertyList(std::span<const std::byte> document, std::stri
 
 /// As above for several keys, which differ, in one pass: `results` holds as many, in the same order. They are undecided all
 /// or not at all.
-void scanPropertyList(std::span<const std::byte> document, std::span<const std::string_view> keys,
-                      std::span<PropertyListScan> results) noexcept;
+void scanPropertyListKeys(std::span<const std::byte> document, std::span<const std::string_view> keys,
+                          std::span<PropertyListScan> results) noexcept;
 
 }  // namespace zuno

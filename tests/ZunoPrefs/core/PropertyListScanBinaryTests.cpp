@@ -105,6 +105,15 @@ TEST(PropertyListScanBinaryTest, FindsEveryKindOfScalar) {
   EXPECT_EQ(valueOf("\x22" + bigEndian(0xc1a00000, 4)), found(-20.0f));
 }
 
+TEST(PropertyListScanBinaryTest, FindsSeveralKeysInOnePass) {
+  using Scans = std::vector<zuno::PropertyListScan>;
+  const auto document = holding(ascii("two")).bytes();
+  EXPECT_EQ(scanGuardedKeys(document, {"none", "last", "k"}), (Scans{absent(), found(true), found("two"sv)}));
+  EXPECT_EQ(scanGuardedKeys(document, {}), Scans{});
+  EXPECT_EQ(scanGuardedKeys(holding("\xa0").bytes(), {"last", "k"}), Scans(2)) << "one that is undecided leaves all so";
+  EXPECT_EQ(scanGuardedKeys(holding("\xa0").bytes(), {"none", "last"}), (Scans{absent(), found(true)}));
+}
+
 TEST(PropertyListScanBinaryTest, ReadsIntegersOf64Bits) {
   EXPECT_EQ(valueOf("\x10\xff"), found(std::int64_t{255}));
   EXPECT_EQ(valueOf("\x11\xff\xfe"), found(std::int64_t{0xfffe}));

@@ -278,7 +278,15 @@ GuardedCopy::GuardedCopy(std::string_view document) : size_(document.size()) {
 GuardedCopy::~GuardedCopy() { munmap(memory_, mappedSize_); }
 
 PropertyListScan GuardedCopy::scan(std::string_view key) const {
-  return zuno::scanPropertyList(std::as_bytes(std::span(content_, size_)), key);
+  auto result = zuno::scanPropertyList(bytes(), key);
+  // Beside other keys it is the same.
+  const std::string_view keys[] = {"\x01 none has this key", key};
+  PropertyListScan results[] = {found(true), found(true)};
+  zuno::scanPropertyListKeys(bytes(), keys, results);
+  if (!(results[1] == result)) std::abort();
+  const bool isDecided = result.outcome != PropertyListScan::Outcome::kUndecided;
+  if (!(results[0] == (isDecided ? absent() : undecided()))) std::abort();
+  return result;
 }
 
 PropertyListScan scanGuarded(std::string_view document, std::string_view key) {
@@ -286,6 +294,16 @@ PropertyListScan scanGuarded(std::string_view document, std::string_view key) {
   auto result = copy.scan(key);
   if (const auto* lent = std::get_if<std::string_view>(&result.value)) result.value = std::string(*lent);
   return result;
+}
+
+std::vector<PropertyListScan> scanGuardedKeys(std::string_view document, std::vector<std::string_view> keys) {
+  std::vector<PropertyListScan> results(keys.size());
+  const GuardedCopy copy(document);
+  zuno::scanPropertyListKeys(copy.bytes(), keys, results);
+  for (auto& result : results) {
+    if (const auto* lent = std::get_if<std::string_view>(&result.value)) result.value = std::string(*lent);
+  }
+  return results;
 }
 
 }  // namespace testing_support

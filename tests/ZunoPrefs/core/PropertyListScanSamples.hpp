@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <ostream>
 #include <random>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -59,6 +60,7 @@ class GuardedCopy final {
   GuardedCopy(const GuardedCopy&) = delete;
   GuardedCopy& operator=(const GuardedCopy&) = delete;
 
+  std::span<const std::byte> bytes() const { return std::as_bytes(std::span(content_, size_)); }
   /// The scan of the copy, whose texts may lie in it.
   zuno::PropertyListScan scan(std::string_view key) const;
 
@@ -71,5 +73,8 @@ class GuardedCopy final {
 
 /// Scans a copy that ends where readable memory ends. The result holds its texts itself.
 zuno::PropertyListScan scanGuarded(std::string_view document, std::string_view key);
+
+/// The same for several keys in one pass.
+std::vector<zuno::PropertyListScan> scanGuardedKeys(std::string_view document, std::vector<std::string_view> keys);
 
 }  // namespace testing_support

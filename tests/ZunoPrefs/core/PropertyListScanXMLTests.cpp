@@ -4,6 +4,7 @@
 #include <locale>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "ZunoPrefs/core/PropertyListScanSamples.hpp"
 
@@ -21,6 +22,8 @@ std::string dictionary(std::string_view entries) {
 /// A dictionary whose key "k" has the value `element`.
 std::string holding(std::string_view element) { return dictionary("\t<key>k</key>\n\t" + std::string(element) + "\n"); }
 
+using Scans = std::vector<zuno::PropertyListScan>;
+
 /// The value of "k" in a dictionary that holds `element` for it.
 zuno::PropertyListScan valueOf(std::string_view element) { return scanGuarded(holding(element), "k"); }
 
@@ -33,6 +36,18 @@ TEST(PropertyListScanXMLTest, FindsEveryKindOfScalar) {
   EXPECT_EQ(valueOf("<string>iPhone</string>"), found("iPhone"sv));
   EXPECT_EQ(valueOf("<integer>42</integer>"), found(std::int64_t{42}));
   EXPECT_EQ(valueOf("<real>0.5</real>"), found(0.5));
+}
+
+TEST(PropertyListScanXMLTest, FindsSeveralKeysInOnePass) {
+  const auto document = dictionary("\t<key>a</key>\n\t<integer>1</integer>\n\t<key>b</key>\n\t<string>two</string>\n"
+                                   "\t<key>c</key>\n\t<dict>\n\t<key>d</key>\n\t<true/>\n\t</dict>\n");
+  const Scans all{found(true), found("two"sv), absent(), found(std::int64_t{1})};
+  EXPECT_EQ(scanGuardedKeys(document, {"last", "b", "d", "a"}), all);
+  EXPECT_EQ(scanGuardedKeys(document, {}), Scans{});
+  EXPECT_EQ(scanGuardedKeys(document, {"a", "c", "none"}), Scans(3)) << "one that is undecided leaves all so";
+  const auto twice = dictionary("\t<key>a</key>\n\t<true/>\n\t<key>a</key>\n\t<true/>\n");
+  EXPECT_EQ(scanGuardedKeys(twice, {"last", "a"}), Scans(2));
+  EXPECT_EQ(scanGuardedKeys(twice, {"last", "b"}), (Scans{found(true), absent()}));
 }
 
 TEST(PropertyListScanXMLTest, ReadsIntegersOf64Bits) {

@@ -32,6 +32,14 @@ PropertyListScan scanPropertyList(std::span<const std::byte> document, std::stri
   return function(document, key);
 }
 
+void scanPropertyListKeys(std::span<const std::byte> document, std::span<const std::string_view> keys,
+                          std::span<PropertyListScan> results) noexcept {
+  static auto *const function = built<decltype(scanPropertyListKeys)>(
+      "_ZN4zuno20scanPropertyListKeysESt4spanIKSt4byteLm18446744073709551615EES0_IKSt17basic_string_viewIcSt11char_traits"
+      "IcEELm18446744073709551615EES0_INS_16PropertyListScanELm18446744073709551615EE");
+  function(document, keys, results);
+}
+
 std::int32_t countDarkGroups(std::span<const std::uint8_t> bytes) noexcept {
   static auto *const function =
       built<decltype(countDarkGroups)>("_ZN4zuno15countDarkGroupsESt4spanIKhLm18446744073709551615EE");
@@ -59,6 +67,11 @@ Theme themeFrom(const ThemeReader &read) {
       "_ZN4zuno9themeFromERKSt8functionIFSt7variantIJSt9monostatedNSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEEEES"
       "t17basic_string_viewIcS6_EEE");
   return function(read);
+}
+
+std::vector<std::string_view> themeKeys() {
+  static auto *const function = built<decltype(themeKeys)>("_ZN4zuno9themeKeysEv");
+  return function();
 }
 
 Look lookOf(const Theme &theme) {
