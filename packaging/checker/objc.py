@@ -21,16 +21,16 @@ def methods(image):
     found = {}
     try:
         for entry in _pointers(image, "__objc_classlist"):
-            metaclass, data = _fields(image, entry, 0, 1)[0], _fields(image, entry, 4, 1)[0] & ~_META_FLAGS
-            name, instance = _fields(image, data, 3, 2)
+            metaclass, data = _field(image, entry, 0), _field(image, entry, 4) & ~_META_FLAGS
+            name, instance = _field(image, data, 3), _field(image, data, 4)
             found["-" + image.text(name)] = set(_selectors(image, instance))
             if metaclass is not None:
-                data = _fields(image, metaclass, 4, 1)[0] & ~_META_FLAGS
-                found["+" + image.text(name)] = set(_selectors(image, _fields(image, data, 4, 1)[0]))
+                data = _field(image, metaclass, 4) & ~_META_FLAGS
+                found["+" + image.text(name)] = set(_selectors(image, _field(image, data, 4)))
         for entry in _pointers(image, "__objc_catlist"):
-            name, _, instance, of_class = _fields(image, entry, 0, 4)
-            for sign, selectors in (("(", instance), ("+(", of_class)):
-                found.setdefault(sign + image.text(name), set()).update(_selectors(image, selectors))
+            name = image.text(_field(image, entry, 0))
+            for sign, selectors in (("(", _field(image, entry, 2)), ("+(", _field(image, entry, 3))):
+                found.setdefault(sign + name, set()).update(_selectors(image, selectors))
     except (struct.error, ValueError, TypeError) as error:
         raise MachOError(f"the Objective-C data is damaged: {error}") from error
     return found
@@ -42,9 +42,9 @@ def _pointers(image, section):
             yield image.pointer(slot)
 
 
-def _fields(image, address, first, count):
-    """`count` pointers from the `first`-th eight bytes of the record at `address`."""
-    return [image.pointer(address + 8 * index) for index in range(first, first + count)]
+def _field(image, address, index):
+    """The pointer in the `index`-th eight bytes, from 0, of the record at `address`."""
+    return image.pointer(address + 8 * index)
 
 
 def _selectors(image, methods):

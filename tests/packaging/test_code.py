@@ -249,6 +249,14 @@ class DamagedCodeTest(PackageTest):
         self.code = self.code[:position] + struct.pack("<Q", 0xFFFFFF00) + self.code[position + 8 :]
         self.assertIn(("load_commands", f"{WORDS}: address 0xffffff00 lies in no section"), self.problems())
 
+    def test_a_class_that_is_not_there_is_a_problem(self):
+        (image,) = macho.slices(self.code)
+        ((address, _),) = image.section("__objc_classlist")
+        position = image.offset(address)
+        self.code = self.code[:position] + bytes(8) + self.code[position + 8 :]
+        words = f"{WORDS}: the Objective-C data is damaged: "
+        self.assertTrue(any(sentence.startswith(words) for _, sentence in self.problems()))
+
     def test_a_file_that_ends_early_is_a_problem_and_no_crash(self):
         whole = self.code
         for size in [*range(0, 4096, 509), *range(4096, len(whole), 8191)]:

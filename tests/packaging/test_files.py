@@ -2,11 +2,12 @@
 
 import tarfile
 from types import SimpleNamespace
+from unittest import mock
 
 from fixture import BUNDLE, ENTRY, INSTALL_NAME, SOURCE, USER_FOLDERS, PackageTest, executable
 
 from checker.file_rules import layout, modes
-from checker.package import Member
+from checker.package import Member, Package, PackageError
 from checker.subject import BUNDLES, ENTRIES
 
 
@@ -38,6 +39,19 @@ class ControlTest(PackageTest):
             self.files[f"DEBIAN/{name}"] = "#!/bin/sh\n"
             self.modes[f"DEBIAN/{name}"] = 0o755
         self.assert_problems(*(f"control_fields: control: the maintainer script {name} is not expected" for name in names))
+
+
+class ReadingTest(PackageTest):
+    def test_only_the_first_colon_of_a_line_ends_a_name_and_more_lines_belong_to_the_one_before(self):
+        self.control["Description"] = "A: sample: of a kind\n Note: this is no field\n  nor: this"
+        fields = Package(self.build()).control
+        self.assertEqual("A: sample: of a kind", fields["Description"])
+        self.assertEqual(set(self.control), set(fields))
+
+    def test_what_the_tool_gives_and_is_no_archive_is_told(self):
+        result = SimpleNamespace(stdout=b"no archive at all")
+        with mock.patch("checker.package.subprocess.run", return_value=result), self.assertRaises(PackageError):
+            Package("sample.deb")
 
 
 class LayoutTest(PackageTest):

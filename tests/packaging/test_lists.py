@@ -67,6 +67,10 @@ class NamedClassesTest(PackageTest):
         self.root_list = {"items": [{"detail": "PSListItemsController"}]}
         self.assert_problems()
 
+    def test_a_category_is_no_class(self):
+        self.root_list = {"items": [{"cellClass": "Writing"}]}
+        self.assert_problems(f"named_classes: {ROOT_LIST}: cellClass names the class Writing, which nothing defines")
+
     def test_the_principal_class_has_to_be_the_bundle_s_own(self):
         self.info["NSPrincipalClass"] = "PSListController"
         self.assert_problems(

@@ -60,6 +60,25 @@ class WidgetTest(PackageTest):
             self.assertEqual(({"SampleWidget"}, {"show"}), objc.names(image))
         self.assertEqual(["arm64", "arm64e"], [image.arch for image in self.slices()])
 
+    def test_the_contract_is_found_where_the_device_has_it(self):
+        check = "#if !__has_include(<Zuno/ZunoWidgetProtocol.h>)\n#error no contract\n#endif\n"
+        write(self.widget / "SampleWidget.mm", check + CODE)
+        self.made()
+
+    def test_an_sdk_is_found_from_where_the_command_was_given(self):
+        result = self.command("--sdk", self.sdk.name, "--output", self.output, self.widget, "--", "-lobjc",
+                              cwd=self.sdk.parent)  # fmt: skip
+        self.assertEqual((0, ""), (result.returncode, result.stderr))
+
+    def test_nothing_is_left_of_the_build(self):
+        scratch = self.folder / "scratch"
+        scratch.mkdir()
+        for source in (CODE, "broken"):
+            write(self.widget / "SampleWidget.mm", source)
+            self.command("--sdk", self.sdk, "--output", self.output, self.widget, "--", "-lobjc",
+                         env={**os.environ, "TMPDIR": str(scratch)})  # fmt: skip
+            self.assertEqual([], os.listdir(scratch))
+
     def test_one_kind_of_processor(self):
         self.made("--arch", "arm64e")
         self.assertEqual(["arm64e"], [image.arch for image in self.slices()])
