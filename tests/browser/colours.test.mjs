@@ -13,8 +13,12 @@ const removeOf = (page, name) => page.getByRole('button', { name: `Use System Co
 const spectrum = (page) => page.locator('.color-spectrum');
 const posted = 'com.norvik.Zuno.theme';
 
+/** The switches that let colours be chosen. */
+const switches = { enabled: true, useCustom: true };
+
+/** `content` is what the theme file holds beside the switches. */
 function start(t, content, options) {
-  const prepare = content ? ((folder) => layFile(folder, themeFile, propertyListText(content))) : undefined;
+  const prepare = (folder) => layFile(folder, themeFile, propertyListText({ ...switches, ...content }));
   return startZuno(t, { labels, prepare, ...options });
 }
 
@@ -35,7 +39,8 @@ async function placeIn(locator, across = 0.5, down = 0.5) {
   return [x + width * across, y + height * down];
 }
 
-const storedIs = ({ stored }, content) => eventually(async () => assert.deepEqual(await stored(themeFile), content));
+const storedIs = ({ stored }, content) =>
+  eventually(async () => assert.deepEqual(await stored(themeFile), { ...switches, ...content }));
 
 test('A colour is picked in the grid by the mouse, and stored once when the button is let go', async (t) => {
   const started = await start(t, { unknown: 'kept' });
