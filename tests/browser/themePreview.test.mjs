@@ -116,16 +116,20 @@ test('Sliders that are dragged change the preview', async (t) => {
   });
 });
 
-test('The preview follows a photo that is picked in the cell, and clearing', async (t) => {
+test('The preview follows a photo that is picked by the button, another one picked in the cell, and clearing', async (t) => {
   const { page, api } = await startThemed(t, { blurRadius: 0, dimming: 0 }, { photo: false });
   const [plain] = await coloursAt(page, photo);
   assert.equal(await screenOf(page).locator('img').count(), 0);
-  await page.getByRole('button', { name: 'Background Image', exact: true }).click();
-  await page.getByRole('dialog', { name: 'Photos' }).getByRole('button', { name: 'IMG_0003.PNG' }).click();
-  await page.getByRole('dialog').waitFor({ state: 'detached' });
-  await screenOf(page).scrollIntoViewIfNeeded();
-  await screenOf(page).locator('img').waitFor();
-  await eventually(async () => assert.ok(!near((await coloursAt(page, photo))[0], plain)));
+  let before = plain;
+  for (const [row, name] of [['Choose Photo…', 'IMG_0003.PNG'], ['Background Image', 'IMG_0002.PNG']]) {
+    await page.getByRole('button', { name: row, exact: true }).click();
+    await page.getByRole('dialog', { name: 'Photos' }).getByRole('button', { name }).click();
+    await page.getByRole('dialog').waitFor({ state: 'detached' });
+    await screenOf(page).scrollIntoViewIfNeeded();
+    await screenOf(page).locator('img').waitFor();
+    await eventually(async () => assert.ok(!near((await coloursAt(page, photo))[0], before)));
+    [before] = await coloursAt(page, photo);
+  }
   const device = new Device(api);
   await device.tapRow('Clear All Settings');
   await device.answer('Yes');
