@@ -329,6 +329,17 @@ class AssemblyTest(unittest.TestCase):
             with self.assertRaisesRegex(assembly.AssemblyError, "a pointer of an unknown form: "):
                 assembly.records(f"\t.section\t__DATA,__data\n_one:\n\t.quad\t{form}\n")
 
+    def test_a_map_names_objects_and_places(self):
+        objects = "# Object files:\n[  0] linker synthesized\n[ 12] /a b/one.o\n"
+        places = "# Symbols:\n# Address\tSize    \tFile  Name\n0x00004164\t0x0000001E\t[ 12] -[A b:]\n"
+        found = assembly.read_map(objects + places)
+        self.assertEqual({0: "linker synthesized", 12: "/a b/one.o"}, found.objects)
+        self.assertEqual({(12, "-[A b:]"): 0x4164}, found.places)
+        self.assertEqual({(12, "-[A b:]"): 0x1E}, found.sizes)
+        for text in ("", objects, places):
+            with self.assertRaisesRegex(assembly.AssemblyError, "no map of the linker"):
+                assembly.read_map(text)
+
     def test_text_is_read_byte_for_byte(self):
         text = '\t.section\t__TEXT,__cstring,cstring_literals\nl_.str:\n\t.asciz\t"a\\"b\\n\\\\\\t\\303\\0014"\n'
         text += 'l_.two:\n\t.ascii\t"x;y"\n\t.space\t2\n'
