@@ -84,6 +84,7 @@ class PackageTest(BuildTest):
 
     def test_a_full_disk(self):
         """On a disk of each of these sizes another step is the one that fails."""
+        self.package(TREE, "--output", self.folder / "out")
         tree = self.copy_of_the_tree("tree")
         (tree / "build").mkdir()
         shutil.copytree(TREE / "build/package", self.folder / "compiled")
