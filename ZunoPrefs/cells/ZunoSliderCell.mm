@@ -47,6 +47,11 @@ constexpr UIControlEvents kMoves =
   [self showNumber];
 }
 
+- (void)setValue:(id)value {
+  const bool isUsable = [value isKindOfClass:[NSNumber class]] && std::isfinite([value doubleValue]);
+  [super setValue:isUsable ? value : [[self specifier] propertyForKey:PSDefaultValueKey]];
+}
+
 - (void)setCellEnabled:(BOOL)enabled {
   [super setCellEnabled:enabled];
   [_number setTextColor:enabled ? [UIColor secondaryLabelColor] : [UIColor tertiaryLabelColor]];

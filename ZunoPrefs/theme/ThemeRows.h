@@ -14,10 +14,8 @@ void removeRowsWithoutUse(NSMutableArray *rows, bool hasPhoto);
 /// Disables (property "enabled") every row that depends on a switch which is off.
 ///
 /// The property "dependsOn" of a row, or else of its group, names the key of a switch that stands before it among `rows`. A
-/// switch that is disabled itself counts as off. What a switch shows decides: the file's value, else its "default".
+/// switch that is disabled itself counts as off. The file's value decides, on for every number but 0; what is missing or
+/// no number counts as the "default".
 void disableDependentRows(NSArray *rows, const PreferenceFile &file);
-
-/// Whether the row can be used, as its property "enabled" says; a row without it can.
-bool isRowEnabled(PSSpecifier *row);
 
 }  // namespace zuno

@@ -2,6 +2,8 @@
 
 #import <Preferences/PSSpecifier.h>
 
+#include <cmath>
+
 #import "core/PreferenceRow.h"
 
 namespace zuno {
@@ -9,9 +11,13 @@ namespace {
 
 NSString *const kEnabled = @"enabled";
 
+bool isFinite(id value) { return [value isKindOfClass:[NSNumber class]] && std::isfinite([value doubleValue]); }
+
+/// As readers of the file take a switch: on for every number but 0; the "default" stands in for what is no number.
 bool isOn(PSSpecifier *row, const PreferenceFile &file) {
   id value = rowValue(row, file);
-  return [value respondsToSelector:@selector(boolValue)] && [value boolValue];
+  if (!isFinite(value)) value = [row propertyForKey:PSDefaultValueKey];
+  return isFinite(value) && [value doubleValue] != 0;
 }
 
 }  // namespace
@@ -40,11 +46,6 @@ void disableDependentRows(NSArray *rows, const PreferenceFile &file) {
     NSString *key = rowText(row, @"key");
     if ([row cellType] == PSSwitchCell && key && isOn(row, file)) [on addObject:key];
   }
-}
-
-bool isRowEnabled(PSSpecifier *row) {
-  id enabled = [row propertyForKey:kEnabled];
-  return ![enabled respondsToSelector:@selector(boolValue)] || [enabled boolValue];
 }
 
 }  // namespace zuno

@@ -3,14 +3,7 @@
 #import <Preferences/PSSpecifier.h>
 
 #import "theme/BackgroundImage.h"
-#import "theme/ThemeRows.h"
 #import "theme/ZunoCustomiseRootListController.h"
-
-namespace {
-
-constexpr CGFloat kDisabledAlpha = 0.4;
-
-}  // namespace
 
 @implementation ZunoImagePickerCell
 
@@ -69,7 +62,6 @@ constexpr CGFloat kDisabledAlpha = 0.4;
 }
 
 - (void)openImagePicker {
-  if (!zuno::isRowEnabled([self specifier])) return;
   NSLog(@"[Zuno] openImagePicker");
   if (UIImagePickerController *picker = zuno::photoPicker(self)) {
     [[ZunoCustomiseRootListController currentPage] presentViewController:picker animated:YES completion:nil];
@@ -88,11 +80,6 @@ constexpr CGFloat kDisabledAlpha = 0.4;
 
 - (UIImage *)decodeBase64ToImage:(NSString *)text {
   return zuno::decodeImage(text);
-}
-
-- (void)setCellEnabled:(BOOL)enabled {
-  [super setCellEnabled:enabled];
-  [[self imageView] setAlpha:enabled ? 1 : kDisabledAlpha];
 }
 
 - (void)setCurrentImage:(UIImage *)image {

@@ -102,13 +102,15 @@ NSString *whole(double number) { return [NSString stringWithFormat:@"%ld", std::
 NSString *description(const Look &look, bool hasPicture, bool isDark) {
   NSMutableArray *parts = [NSMutableArray array];
   if (hasPicture) {
-    [parts addObject:look.blurRadius > 0
+    [parts addObject:std::lround(look.blurRadius) > 0
                          ? [NSString stringWithFormat:@"photo blurred by %@ points", whole(look.blurRadius)]
                          : @"sharp photo"];
   } else {
     [parts addObject:look.backgroundColour ? @"background in a colour of its own" : @"background of the system"];
   }
-  if (look.dimming > 0) [parts addObject:[NSString stringWithFormat:@"darkened by %@ percent", whole(look.dimming)]];
+  if (std::lround(look.dimming) > 0) {
+    [parts addObject:[NSString stringWithFormat:@"darkened by %@ percent", whole(look.dimming)]];
+  }
   [parts addObject:[NSString stringWithFormat:@"cards with corners of %@ points, %@ points apart",
                                               whole(look.cornerRadius), whole(look.spacing)]];
   if (look.titleColour) [parts addObject:@"titles in a colour of their own"];

@@ -5,6 +5,7 @@
 #import <Preferences/PSSpecifier.h>
 #import <UIKit/UISlider+Sim.h>
 
+#include <cmath>
 #include <string>
 
 #include "ZunoPrefs/support/BundleTest.h"
@@ -103,6 +104,30 @@ TEST_F(SliderCellTest, TheNumberFollowsTheDragAndTheValueIsStoredAtItsEnd) {
   EXPECT_EQ(text(made), "50 pt");
   EXPECT_OBJC_EQ([preferences(kMainFile) objectForKey:@"quickSwitcherWidthModifier"], @50.0);
   EXPECT_EQ(notifications.size(), 1u);
+}
+
+TEST_F(SliderCellTest, AStoredValueThatIsNoFiniteNumberShowsAsTheDefault) {
+  PSListController *page =
+      [[(PSListController *)[classNamed("ZunoCustomiseRootListController") alloc] init] autorelease];
+  (void)show(page);
+  const auto shownFor = [&](id stored) {
+    writePreferences(kThemeFile, @{@"enabled" : @1, @"blurRadius" : stored});
+    [page reloadSpecifiers];
+    [[page table] scrollToRowAtIndexPath:[page indexPathForSpecifier:[page specifierForID:@"blurRadius"]]
+                        atScrollPosition:UITableViewScrollPositionMiddle
+                                animated:NO];
+    [[page table] layoutIfNeeded];
+    auto *made = (PSControlTableCell *)[page cachedCellForSpecifierID:@"blurRadius"];
+    EXPECT_EQ(text(made), std::to_string(std::lround([slider(made) value])) + " pt");
+    return text(made);
+  };
+  for (id odd in @[ @"40", @[ @40 ], @{}, [NSData data], [NSNumber numberWithDouble:NAN],
+                    [NSNumber numberWithDouble:INFINITY], [NSNumber numberWithDouble:-INFINITY] ]) {
+    EXPECT_EQ(shownFor(odd), "12 pt") << [[odd description] UTF8String];
+  }
+  EXPECT_EQ(shownFor(@1e30), "60 pt") << "beyond the range the nearer end";
+  EXPECT_EQ(shownFor(@-3), "0 pt");
+  EXPECT_EQ(shownFor(@40), "40 pt");
 }
 
 TEST_F(SliderCellTest, AFingerThatLeavesTheSliderStillDragsIt) {

@@ -70,13 +70,14 @@ TEST_F(ThemeRowsTest, TheSwitchesDisableWhatDependsOnThem) {
   EXPECT_EQ(disabledFor(@{@"useCustom" : @1}), all);
 }
 
-TEST_F(ThemeRowsTest, ValuesThatAreNoTruthCountAsOff) {
-  for (id odd in @[ @[ @1 ], @{}, @"no", [NSData data] ]) {
+TEST_F(ThemeRowsTest, ASwitchIsTakenAsThePreviewAndTheSwitcherTakeIt) {
+  for (id odd in @[ @[ @1 ], @{}, @"no", @"1", [NSData data], [NSNumber numberWithDouble:NAN] ]) {
     EXPECT_EQ(disabledFor(@{@"enabled" : odd}).substr(0, 10), "useCustom,") << [[odd description] UTF8String];
   }
   write(kThemeFile, "damaged");
   EXPECT_EQ(disabled(newPage()).substr(0, 10), "useCustom,");
-  EXPECT_EQ(disabledFor(@{@"enabled" : @"1", @"useCustom" : @2}), "");
+  EXPECT_EQ(disabledFor(@{@"enabled" : @1, @"useCustom" : @"1"}), kCards) << "a text is no truth value";
+  EXPECT_EQ(disabledFor(@{@"enabled" : @-0.5, @"useCustom" : @2}), "") << "on for every number but 0";
 }
 
 TEST_F(ThemeRowsTest, AFlippedSwitchEnablesItsRowsAtOnce) {
@@ -239,26 +240,6 @@ TEST_F(ThemeRowsTest, ARemovalKilledAtAnyChangeOfTheDiskLeavesTheOldFileOrTheNew
     ++kills;
   }
   EXPECT_GE(kills, 3) << "opening, writing and moving are changes of their own";
-}
-
-TEST_F(ThemeRowsTest, AnImageCellThatIsDisabledOpensNothingAndIsPaler) {
-  makePhotoLibrary();
-  writePreferences(kThemeFile, @{@"backgroundImage" : encoded([UIColor redColor])});
-  ZunoCustomiseRootListController *page = shownPage();
-  PSSpecifier *row = [page specifierForID:@"backgroundImage"];
-  auto *cell = (ZunoImagePickerCell *)[page cachedCellForSpecifier:row];
-  EXPECT_EQ([[cell imageView] alpha], 1);
-  [row setProperty:@(NO) forKey:@"enabled"];
-  [cell refreshCellContentsWithSpecifier:row];
-  EXPECT_LT([[cell imageView] alpha], 0.5);
-  [cell openImagePicker];
-  EXPECT_OBJC_EQ([page presentedViewController], nil);
-  EXPECT_FALSE(logged("openImagePicker"));
-  [row setProperty:@(YES) forKey:@"enabled"];
-  [cell refreshCellContentsWithSpecifier:row];
-  EXPECT_EQ([[cell imageView] alpha], 1);
-  [cell openImagePicker];
-  EXPECT_TRUE([page presentedViewController] != nil);
 }
 
 TEST_F(ThemeRowsTest, AQuickLookForThePhotoFindsWhatAWholeReadingFinds) {

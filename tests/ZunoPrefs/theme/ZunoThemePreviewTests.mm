@@ -450,6 +450,8 @@ TEST_F(ThemePreviewTest, IsDescribedInWords) {
                  @"titles in a colour of their own, badges in a colour of their own, dark");
   writeOn(@{@"backgroundImage" : stored(halves(30, 30)), @"blurRadius" : @0, @"dimming" : @0});
   EXPECT_OBJC_EQ([preview() accessibilityValue], @"sharp photo, cards with corners of 20 points, 16 points apart, light");
+  writeOn(@{@"backgroundImage" : stored(halves(30, 30)), @"blurRadius" : @0.4, @"dimming" : @0.4});
+  EXPECT_OBJC_EQ([preview() accessibilityValue], @"sharp photo, cards with corners of 20 points, 16 points apart, light");
   writeOn(@{@"backgroundColour" : @"112233", @"dimming" : @0});
   EXPECT_OBJC_EQ([preview() accessibilityValue],
                  @"background in a colour of its own, cards with corners of 20 points, 16 points apart, light");
