@@ -171,11 +171,21 @@ test('A respring is asked for first, with the mouse and with keys, and cancelled
 });
 
 test('The rows that open a list tell the names of what is chosen there, and follow', async (t) => {
-  const { page, stored } = await startZuno(t);
+  const { page, stored, api } = await startZuno(t);
   const named = (name) => page.getByRole('main').getByRole('button', { name, exact: true });
+  const shown = async (row, text) => {
+    const value = rowOf(page, row).getByText(text, { exact: true });
+    await value.waitFor();
+    assert.equal(await value.evaluate(({ scrollWidth, clientWidth }) => scrollWidth - clientWidth), 0, 'it is not cut');
+  };
   await named('Widgets, Suggestions, Favourites View, Music View').waitFor();
   await named('Favourite Apps, None').waitFor();
   await named('Default Music App, Music').waitFor();
+  await shown('Widgets', 'Suggestions, +2');
+  await api('PUT', '/api/device/display', { orientation: 'landscape' });
+  await shown('Widgets', 'Suggestions, Favourites View, Music View');
+  await api('PUT', '/api/device/display', { orientation: 'portrait' });
+  await shown('Widgets', 'Suggestions, +2');
 
   await open(page, 'Favourite Apps');
   for (const app of ['Camera', 'Maps', 'Notes']) {
@@ -184,7 +194,7 @@ test('The rows that open a list tell the names of what is chosen there, and foll
   await eventually(async () => assert.equal((await stored()).FavouriteApplications?.length, 3));
   await open(page, 'Back to Zuno');
   await named('Favourite Apps, Camera, Maps, Notes').waitFor();
-  await rowOf(page, 'Favourite Apps').getByText('Camera, Maps, +1', { exact: true }).waitFor();
+  await shown('Favourite Apps', 'Camera, Maps, Notes');
 
   await open(page, 'Default Music App');
   await page.getByRole('main').getByRole('button', { name: /^Record Player/ }).click();

@@ -31,6 +31,18 @@ TEST_F(StartTest, UserDefaultsStayInMemory) {
   [defaults removeObjectForKey:@"StartTest"];
 }
 
+TEST_F(StartTest, KeepingUserDefaultsInMemoryWritesNothingToTheLog) {
+  std::vector<std::string> lines;
+  SIMSetLogHandler(collect, &lines);
+  NSUserDefaults *defaults = [NSUserDefaults standardUserDefaults];
+  [defaults setObject:@"kept" forKey:@"StartTest"];
+  EXPECT_TRUE([defaults synchronize]);
+  [[NSNotificationCenter defaultCenter] postNotificationName:@"GSHousekeeping" object:nil];  // Every half minute.
+  SIMSetLogHandler(nullptr, nullptr);
+  EXPECT_EQ(lines, std::vector<std::string>());
+  [defaults removeObjectForKey:@"StartTest"];
+}
+
 TEST_F(StartTest, TextIsUTF8WhateverTheLocale) {
   EXPECT_EQ([NSString defaultCStringEncoding], static_cast<NSStringEncoding>(NSUTF8StringEncoding));
   EXPECT_STREQ([@"Größe 😀" fileSystemRepresentation], "Größe 😀");
