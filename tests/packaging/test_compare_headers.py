@@ -221,6 +221,11 @@ class CompareHeadersTest(unittest.TestCase):
         self.assertEqual((2, "packaging/compare-headers: a difference needs a reason and lines\n"),
                          (result.returncode, result.stderr))  # fmt: skip
 
+    def test_a_list_that_cannot_be_read_is_refused(self):
+        for self.known in ("[[", '[[later]]\nversion = "15.0"\n', '[[later]]\nnames = ["class Thing"]\n'):
+            result = self.run_on(PLATFORM, self.sdk(PLATFORM))
+            self.assertEqual((2, "", 1), (result.returncode, result.stdout, result.stderr.count("\n")), result.stderr)
+
     def test_what_came_later_is_missing_in_older_sdks_only(self):
         self.known = '[[later]]\nversion = "15.0"\nnames = ["method -[Thing less]"]\n'
         ours = PLATFORM.replace("- (void)more;", "- (void)more;\n- (void)less since(15.0);")
