@@ -1,5 +1,6 @@
 // What the theme page costs with a large background image, and where the time goes: opening it with a theme file of 20 MB,
-// picking a photo of 12 megapixels, and drawing its preview anew with such a photo stored. "goal" is the time that a person does not notice.
+// picking a photo of 12 megapixels, and drawing its preview anew with such a photo stored. "goal" is the time that a person
+// does not notice.
 #import <Foundation/SIMDevice.h>
 #import <UIKit/UIImage+Sim.h>
 #import <UIKit/UIKit.h>
@@ -268,7 +269,7 @@ double measurePreview(const sim::BitmapPtr& photo) {
   themeFile().setValue(small, @"backgroundImage");
   Settings settings;
   settings.openThemePage();
-  std::size_t before = 0, after = 0;
+  std::size_t before = 0;
   @autoreleasepool {
     zuno::tellThemeChanged();
     settings.session().refresh();
@@ -290,10 +291,10 @@ double measurePreview(const sim::BitmapPtr& photo) {
     });
     [png release];
   }
-  after = allocated();
-  std::printf("theme: the preview keeps %.2f MB for a photo of %.1f MB of pixels\n",
-              (static_cast<double>(after) - static_cast<double>(before)) / 1e6, static_cast<double>(photo->bytes().size()) / 1e6);
-  return static_cast<double>(after) - static_cast<double>(before);
+  const double kept = static_cast<double>(allocated()) - static_cast<double>(before);
+  std::printf("theme: the preview keeps %.2f MB for a photo of %.1f MB of pixels\n", kept / 1e6,
+              static_cast<double>(photo->bytes().size()) / 1e6);
+  return kept;
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #import "theme/ThemeFile.h"
 
+#import <objcxx/Retained.h>
+
 #import "core/PreferenceFile.h"
 
 namespace zuno {
@@ -16,8 +18,10 @@ ThemeValue themeValue(id value) {
 Theme storedTheme() {
   NSDictionary *values = PreferenceFile::ofDomain(kThemeDomain).values(themeKeys());
   return themeFrom([&](std::string_view key) {
-    NSString *name = [[[NSString alloc] initWithBytes:key.data() length:key.size() encoding:NSASCIIStringEncoding] autorelease];
-    return themeValue([values objectForKey:name]);
+    const auto name = objcxx::adopt([[NSString alloc] initWithBytes:key.data()
+                                                             length:key.size()
+                                                           encoding:NSASCIIStringEncoding]);
+    return themeValue([values objectForKey:name.get()]);
   });
 }
 

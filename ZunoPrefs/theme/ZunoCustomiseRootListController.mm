@@ -4,6 +4,7 @@
 
 #import "core/PreferenceRow.h"
 #import "core/Respring.h"
+#import "theme/Alerts.h"
 #import "theme/BackgroundImage.h"
 #import "theme/ThemeChange.h"
 #import "theme/ThemeRows.h"
@@ -41,22 +42,14 @@ zuno::PreferenceFile themeFile() { return zuno::PreferenceFile::ofDomain(zuno::k
 }
 
 - (void)clearSettings {
-  UIAlertController *alert =
-      [UIAlertController alertControllerWithTitle:@"Clear"
-                                          message:@"Are you sure you would like to clear all settings?"
-                                   preferredStyle:UIAlertControllerStyleAlert];
-  [alert addAction:[UIAlertAction actionWithTitle:@"Yes"
-                                            style:UIAlertActionStyleDestructive
-                                          handler:^(UIAlertAction *) {
-                                            const auto file = themeFile();
-                                            if (file.exists()) {
-                                              [[NSFileManager defaultManager] removeItemAtPath:file.path()
-                                                                                         error:nullptr];
-                                            }
-                                            zuno::tellThemeChanged();
-                                            [self reloadSpecifiers];
-                                          }]];
-  [alert addAction:[UIAlertAction actionWithTitle:@"No" style:UIAlertActionStyleCancel handler:nil]];
+  UIAlertController *alert = zuno::alertTitled(@"Clear", @"Are you sure you would like to clear all settings?");
+  zuno::addAction(alert, @"Yes", UIAlertActionStyleDestructive, ^{
+    const auto file = themeFile();
+    if (file.exists()) [[NSFileManager defaultManager] removeItemAtPath:file.path() error:nullptr];
+    zuno::tellThemeChanged();
+    [self reloadSpecifiers];
+  });
+  zuno::addAction(alert, @"No", UIAlertActionStyleCancel, nil);
   [self presentViewController:alert animated:YES completion:nil];
 }
 
@@ -116,16 +109,12 @@ zuno::PreferenceFile themeFile() { return zuno::PreferenceFile::ofDomain(zuno::k
 
 - (void)removeImage {
   UIAlertController *alert =
-      [UIAlertController alertControllerWithTitle:@"Remove Photo"
-                                          message:@"Are you sure you would like to remove the background image?"
-                                   preferredStyle:UIAlertControllerStyleAlert];
-  [alert addAction:[UIAlertAction actionWithTitle:@"Remove Photo"
-                                            style:UIAlertActionStyleDestructive
-                                          handler:^(UIAlertAction *) {
-                                            zuno::removeBackgroundImage();
-                                            [self reloadSpecifiers];
-                                          }]];
-  [alert addAction:[UIAlertAction actionWithTitle:@"Cancel" style:UIAlertActionStyleCancel handler:nil]];
+      zuno::alertTitled(@"Remove Photo", @"Are you sure you would like to remove the background image?");
+  zuno::addAction(alert, @"Remove Photo", UIAlertActionStyleDestructive, ^{
+    zuno::removeBackgroundImage();
+    [self reloadSpecifiers];
+  });
+  zuno::addAction(alert, @"Cancel", UIAlertActionStyleCancel, nil);
   [self presentViewController:alert animated:YES completion:nil];
 }
 

@@ -2,7 +2,7 @@
 
 #import <dispatch/dispatch.h>
 
-#import "theme/PresetAlerts.h"
+#import "theme/Alerts.h"
 #import "theme/PresetFileImport.h"
 #import "theme/PresetStore.h"
 #import "theme/PresetString.h"

@@ -2,7 +2,7 @@
 
 #import "core/DevicePaths.h"
 #import "core/ZunoprefsRootListController.h"
-#import "theme/PresetAlerts.h"
+#import "theme/Alerts.h"
 #import "theme/PresetStore.h"
 #import "theme/ZunoPresets+Sharing.h"
 

@@ -213,7 +213,7 @@ NSString *description(const Look &look, bool hasPicture, bool isDark) {
 
 - (bool)isDark {
   if (_look.appearance != Appearance::kSystem) return _look.appearance == Appearance::kDark;
-  return [[self traitCollection] userInterfaceStyle] == UIUserInterfaceStyleDark;
+  return [self isPageDark];
 }
 
 /// Places everything; `scale` is points of the page for one of the screen.

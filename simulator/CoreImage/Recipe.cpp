@@ -14,12 +14,17 @@ namespace {
 constexpr double kVisibleReach = 3;
 constexpr double kLargestSigma = 5000;
 
+/// Transparent pixels for all of `area`, which is drawable.
+std::shared_ptr<Bitmap> transparent(const PixelArea& area, Alpha alpha) {
+  const auto result = Bitmap::make(area.width, area.height, alpha);
+  std::fill(result->bytes().begin(), result->bytes().end(), 0);
+  return result;
+}
+
 /// `pixels`, which lie below `from`, among the transparent ones of `area`, which contains `from`.
 BitmapPtr placed(BitmapPtr pixels, const PixelArea& from, const PixelArea& area) {
   const Alpha alpha = pixels->alpha() == Alpha::ignored ? Alpha::straight : pixels->alpha();
-  const auto result = Bitmap::make(area.width, area.height, alpha);
-  if (!result) return nullptr;
-  std::fill(result->bytes().begin(), result->bytes().end(), 0);
+  const auto result = transparent(area, alpha);
   for (int line = 0; line < pixels->height(); ++line) {
     std::uint8_t* to = result->row(int(area.top() - from.top()) + line) + std::size_t(from.left - area.left) * 4;
     std::memcpy(to, pixels->row(line), pixels->bytesPerRow());
@@ -59,7 +64,8 @@ class Inverted final : public Recipe {
 
 class Cropped final : public Recipe {
  public:
-  Cropped(RecipePtr input, const PixelArea& area) : input_(std::move(input)), extent_(intersection(input_->extent(), area)) {}
+  Cropped(RecipePtr input, const PixelArea& area)
+      : input_(std::move(input)), extent_(intersection(input_->extent(), area)) {}
   PixelArea extent() const noexcept override { return extent_; }
 
  private:
@@ -136,11 +142,7 @@ PixelArea outset(const PixelArea& area, std::int64_t margin) noexcept {
 BitmapPtr Recipe::render(const PixelArea& area) const {
   if (!isDrawableSize(area.width, area.height)) return nullptr;
   const PixelArea shared = intersection(area, extent());
-  if (shared.isEmpty()) {
-    const auto nothing = Bitmap::make(area.width, area.height, Alpha::straight);
-    std::fill(nothing->bytes().begin(), nothing->bytes().end(), 0);
-    return nothing;
-  }
+  if (shared.isEmpty()) return transparent(area, Alpha::straight);
   const BitmapPtr pixels = renderWithin(shared);
   return !pixels || shared == area ? pixels : placed(pixels, shared, area);
 }

@@ -4,7 +4,7 @@
 // Replacing the method of the class is what this file is for.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 
-@implementation NSUserDefaults (Memory)
+@implementation NSUserDefaults (Device)
 
 /// There is no file to read or to write. GNUstep's own, which also comes every half minute by itself, would
 /// make a folder for one.

@@ -9,8 +9,45 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <string_view>
 
 namespace {
+
+/// What tells the bytes of one image file from those of another.
+struct FileKey {
+  std::size_t length;
+  std::size_t hash;
+  CGFloat scale;
+
+  bool operator==(const FileKey &) const = default;
+};
+
+FileKey keyOf(NSData *data, CGFloat scale) {
+  const std::string_view bytes(static_cast<const char *>([data bytes]), [data length]);
+  return {bytes.size(), std::hash<std::string_view>{}(bytes), scale};
+}
+
+struct NumberedFile {
+  FileKey key;
+  NSUInteger number;
+};
+
+/// How many files are remembered.
+constexpr std::size_t filesKept = 64;
+
+/// The number of the last image that was made from the same bytes and was asked for it; `number`, which is remembered for
+/// them, when there was none.
+NSUInteger numberOfFile(const FileKey &key, NSUInteger number) {
+  static std::deque<NumberedFile> files;
+  const auto found = std::find_if(files.begin(), files.end(), [&](const auto &each) { return each.key == key; });
+  if (found != files.end()) return found->number;
+  files.push_back({key, number});
+  if (files.size() > filesKept) files.pop_front();
+  return number;
+}
 
 NSData *dataOf(const std::vector<std::uint8_t> &bytes) {
   return bytes.empty() ? nil : [NSData dataWithBytes:bytes.data() length:bytes.size()];
@@ -56,6 +93,8 @@ NSData *dataOf(const std::vector<std::uint8_t> &bytes) {
 }
 
 - (NSUInteger)sim_number {
+  if (_state->file) _state->number = numberOfFile(keyOf(_state->file.get(), _state->scale), _state->number);
+  _state->file = nullptr;
   return _state->number;
 }
 

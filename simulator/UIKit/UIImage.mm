@@ -10,10 +10,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstddef>
-#include <deque>
-#include <functional>
-#include <string_view>
 
 namespace {
 
@@ -24,39 +20,6 @@ constexpr sim::Orientation orientations[] = {sim::Orientation::up,           sim
 
 UIImageOrientation imageOrientation(sim::Orientation orientation) {
   return UIImageOrientation(std::find(std::begin(orientations), std::end(orientations), orientation) - orientations);
-}
-
-/// What tells the bytes of one image file from those of another.
-struct FileKey {
-  std::size_t length;
-  std::size_t hash;
-  CGFloat scale;
-
-  bool operator==(const FileKey &) const = default;
-};
-
-FileKey keyOf(NSData *data, CGFloat scale) {
-  const std::string_view bytes(static_cast<const char *>([data bytes]), [data length]);
-  return {bytes.size(), std::hash<std::string_view>{}(bytes), scale};
-}
-
-struct NumberedFile {
-  FileKey key;
-  NSUInteger number;
-};
-
-/// How many files are remembered.
-constexpr std::size_t filesKept = 64;
-
-/// The number of the last image that was made from the same bytes; `number`, which is remembered for them, when there was
-/// none.
-NSUInteger numberOfFile(const FileKey &key, NSUInteger number) {
-  static std::deque<NumberedFile> files;
-  const auto found = std::find_if(files.begin(), files.end(), [&](const auto &each) { return each.key == key; });
-  if (found != files.end()) return found->number;
-  files.push_back({key, number});
-  if (files.size() > filesKept) files.pop_front();
-  return number;
 }
 
 CGFloat usableScale(CGFloat scale) { return scale > 0 && std::isfinite(scale) ? scale : 1; }
@@ -100,6 +63,7 @@ DecodedImage openImage(NSData *data) {
   const NSUInteger number = _state->number;
   *_state = state;
   _state->number = number;
+  _state->file = nullptr;
   return self;
 }
 
@@ -122,7 +86,7 @@ DecodedImage openImage(NSData *data) {
 
 - (instancetype)initWithData:(NSData *)data scale:(CGFloat)scale {
   if (!(self = [self sim_initWithDecoded:sim::openImage(data) scale:scale])) return nil;
-  _state->number = numberOfFile(keyOf(data, scale), _state->number);
+  _state->file = objcxx::adopt((NSData *)[data copy]);
   return self;
 }
 

@@ -17,6 +17,7 @@ struct UIImageState {
   UIImageRenderingMode renderingMode = UIImageRenderingModeAutomatic;
   objcxx::Retained<UIColor> tint;
   NSUInteger number = 0;
+  objcxx::Retained<NSData> file;  ///< What this very image was made from, until its number is asked for.
 
   CGImageRef image() const { return (CGImageRef)bitmap.get(); }
 };

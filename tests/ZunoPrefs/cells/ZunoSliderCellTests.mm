@@ -14,17 +14,7 @@ namespace {
 
 class SliderCellTest : public BundleTest {
  protected:
-  PSSpecifier *row(NSDictionary *properties) {
-    PSSpecifier *row = [PSSpecifier preferenceSpecifierNamed:@"Width"
-                                                      target:nil
-                                                         set:@selector(setPreferenceValue:specifier:)
-                                                         get:nullptr
-                                                      detail:Nil
-                                                        cell:PSSliderCell
-                                                        edit:Nil];
-    for (NSString *key in properties) [row setProperty:[properties objectForKey:key] forKey:key];
-    return row;
-  }
+  PSSpecifier *row(NSDictionary *properties) { return rowNamed(@"Width", PSSliderCell, properties); }
   ZunoSliderCell *cell(NSDictionary *properties) {
     ZunoSliderCell *cell = [[(ZunoSliderCell *)[classNamed("ZunoSliderCell") alloc]
         initWithStyle:UITableViewCellStyleValue1

@@ -13,17 +13,7 @@ namespace {
 
 class SummaryCellTest : public BundleTest {
  protected:
-  static PSSpecifier *row(NSDictionary *properties) {
-    PSSpecifier *row = [PSSpecifier preferenceSpecifierNamed:@"Apps"
-                                                      target:nil
-                                                         set:@selector(setPreferenceValue:specifier:)
-                                                         get:nullptr
-                                                      detail:Nil
-                                                        cell:PSLinkCell
-                                                        edit:Nil];
-    for (NSString *key in properties) [row setProperty:[properties objectForKey:key] forKey:key];
-    return row;
-  }
+  static PSSpecifier *row(NSDictionary *properties) { return rowNamed(@"Apps", PSLinkCell, properties); }
   ZunoSummaryCell *cell(NSDictionary *properties) {
     ZunoSummaryCell *cell = [[(ZunoSummaryCell *)[classNamed("ZunoSummaryCell") alloc]
         initWithStyle:UITableViewCellStyleDefault

@@ -19,17 +19,7 @@ class RowWriteTest : public BundleTest {
     BundleTest::TearDown();
   }
 
-  PSSpecifier *row(NSDictionary *properties) {
-    PSSpecifier *row = [PSSpecifier preferenceSpecifierNamed:@"Row"
-                                                      target:page_.get()
-                                                         set:nullptr
-                                                         get:nullptr
-                                                      detail:Nil
-                                                        cell:PSSwitchCell
-                                                        edit:Nil];
-    for (NSString *key in properties) [row setProperty:[properties objectForKey:key] forKey:key];
-    return row;
-  }
+  PSSpecifier *row(NSDictionary *properties) { return rowNamed(@"Row", PSSwitchCell, properties, page_.get()); }
   using DeviceTest::read;
   id read(NSDictionary *properties) { return [page_.get() readPreferenceValue:row(properties)]; }
   void set(id value, NSDictionary *properties) { [page_.get() setPreferenceValue:value specifier:row(properties)]; }

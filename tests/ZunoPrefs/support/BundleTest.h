@@ -2,6 +2,8 @@
 #pragma once
 
 #import <Foundation/Foundation.h>
+#import <Preferences/PSSpecifier.h>
+#import <Preferences/PSTableCell.h>
 #import <UIKit/UIKit.h>
 #import <objcxx/Retained.h>
 
@@ -32,6 +34,9 @@ class BundleTest : public DeviceTest {
   void writePreferences(NSString *devicePath, NSDictionary *contents);
   /// The preference file at `devicePath`; nil when it is none.
   NSDictionary *preferences(NSString *devicePath);
+
+  /// A row with these properties, whose setter is the usual one; autoreleased.
+  static PSSpecifier *rowNamed(NSString *name, PSCellType type, NSDictionary *properties, id target = nil);
 
   /// Shows `controller` as the root of a window, in a navigation controller, which is returned.
   UINavigationController *show(UIViewController *controller);

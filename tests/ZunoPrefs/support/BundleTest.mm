@@ -60,6 +60,18 @@ NSDictionary *BundleTest::preferences(NSString *devicePath) {
   return [NSDictionary dictionaryWithContentsOfFile:path(devicePath)];
 }
 
+PSSpecifier *BundleTest::rowNamed(NSString *name, PSCellType type, NSDictionary *properties, id target) {
+  PSSpecifier *row = [PSSpecifier preferenceSpecifierNamed:name
+                                                    target:target
+                                                       set:@selector(setPreferenceValue:specifier:)
+                                                       get:nullptr
+                                                    detail:Nil
+                                                      cell:type
+                                                      edit:Nil];
+  for (NSString *key in properties) [row setProperty:[properties objectForKey:key] forKey:key];
+  return row;
+}
+
 UINavigationController *BundleTest::show(UIViewController *controller) {
   UINavigationController *navigation =
       [[[UINavigationController alloc] initWithRootViewController:controller] autorelease];

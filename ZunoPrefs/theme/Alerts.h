@@ -1,4 +1,4 @@
-// The alerts of the presets screen.
+// The alerts of the theme page and the presets screen.
 #pragma once
 
 #import <UIKit/UIKit.h>

@@ -1,4 +1,4 @@
-#import "theme/PresetAlerts.h"
+#import "theme/Alerts.h"
 
 #import <dispatch/dispatch.h>
 
