@@ -3,6 +3,9 @@
 
 #include <CoreGraphics/Bitmap.hpp>
 #include <CoreGraphics/CGImage.h>
+#include <CoreGraphics/ImageDecoder.hpp>
+
+#import <Foundation/Foundation.h>
 
 namespace sim {
 
@@ -10,5 +13,9 @@ namespace sim {
 CGImageRef createImage(PixelSourcePtr source);
 /// Where the image's pixels come from; null for NULL.
 PixelSourcePtr sourceOf(CGImageRef image);
+
+/// The bytes of `data`, which stay as they are now: a copy of data that can change, else `data` itself. None for nil and for
+/// data without bytes.
+SharedBytes sharedBytes(NSData *data);
 
 }  // namespace sim

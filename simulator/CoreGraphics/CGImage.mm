@@ -1,6 +1,8 @@
 #import <CoreGraphics/CGDataProvider+Sim.h>
 #import <CoreGraphics/CGImage+Sim.h>
 
+#include <objcxx/Retained.h>
+
 #include <algorithm>
 #include <array>
 
@@ -156,6 +158,12 @@ CGColorSpaceRef CGImageGetColorSpace(CGImageRef image) { return image ? ((SIMIma
 CGDataProviderRef CGImageGetDataProvider(CGImageRef image) { return image ? ((SIMImage *)image)->_provider : nullptr; }
 
 namespace sim {
+
+SharedBytes sharedBytes(NSData *data) {
+  if ([data length] == 0) return nullptr;
+  const auto owner = std::make_shared<const objcxx::Retained<NSData>>(objcxx::adopt((NSData *)[data copy]));
+  return {owner, {static_cast<const std::uint8_t *>([owner->get() bytes]), [data length]}};
+}
 
 CGImageRef createImage(PixelSourcePtr source) {
   if (!source) return nullptr;

@@ -45,9 +45,7 @@ struct CIImageState {
 }
 
 - (instancetype)initWithData:(NSData *)data {
-  const auto *bytes = static_cast<const std::uint8_t *>([data bytes]);
-  const auto file = std::make_shared<const std::vector<std::uint8_t>>(bytes, bytes + [data length]);
-  return [self sim_initWithRecipe:sim::recipeOf(sim::openImage(file).source)];
+  return [self sim_initWithRecipe:sim::recipeOf(sim::openImage(sim::sharedBytes(data)).source)];
 }
 
 - (instancetype)initWithImage:(UIImage *)image {

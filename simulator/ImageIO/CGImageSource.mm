@@ -1,8 +1,6 @@
 #import <ImageIO/CGImageSource.h>
 
 #import <CoreGraphics/CGImage+Sim.h>
-#import <CoreGraphics/ImageDecoder.hpp>
-#import <objcxx/Retained.h>
 
 #include <algorithm>
 #include <climits>
@@ -14,7 +12,7 @@ const CFStringRef kCGImageSourceCreateThumbnailWithTransform = CFSTR("kCGImageSo
 
 @interface SIMImageSource : NSObject {
  @public
-  objcxx::Retained<NSData> _data;
+  sim::SharedBytes _file;
 }
 @end
 
@@ -40,16 +38,14 @@ int longestSide(CFDictionaryRef options) {
 CGImageSourceRef CGImageSourceCreateWithData(CFDataRef data, CFDictionaryRef) {
   if (!data) return nullptr;
   SIMImageSource *source = [[SIMImageSource alloc] init];
-  source->_data = objcxx::adopt((NSData *)[(NSData *)data copy]);
+  source->_file = sim::sharedBytes((NSData *)data);
   return (CGImageSourceRef)source;
 }
 
 CGImageRef CGImageSourceCreateThumbnailAtIndex(CGImageSourceRef source, size_t index, CFDictionaryRef options) {
   if (!source || index != 0) return nullptr;
   if (![number(options, kCGImageSourceCreateThumbnailFromImageAlways) boolValue]) return nullptr;
-  const auto data = std::make_shared<const objcxx::Retained<NSData>>(((SIMImageSource *)source)->_data);
-  const auto *bytes = static_cast<const std::uint8_t *>([data->get() bytes]);
-  const sim::DecodedImage image = sim::openImage({data, {bytes, [data->get() length]}});
+  const sim::DecodedImage image = sim::openImage(((SIMImageSource *)source)->_file);
   if (!image.source) return nullptr;
   const bool turns = [number(options, kCGImageSourceCreateThumbnailWithTransform) boolValue];
   const sim::BitmapPtr pixels = image.source->thumbnail(longestSide(options));

@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <deque>
 #include <functional>
+#include <span>
 #include <string_view>
 
 namespace {
@@ -25,8 +26,8 @@ struct FileKey {
   bool operator==(const FileKey &) const = default;
 };
 
-FileKey keyOf(NSData *data, CGFloat scale) {
-  const std::string_view bytes(static_cast<const char *>([data bytes]), [data length]);
+FileKey keyOf(std::span<const std::uint8_t> file, CGFloat scale) {
+  const std::string_view bytes(reinterpret_cast<const char *>(file.data()), file.size());
   return {bytes.size(), std::hash<std::string_view>{}(bytes), scale};
 }
 
@@ -78,7 +79,8 @@ NSData *dataOf(const std::vector<std::uint8_t> &bytes) {
 
 + (NSData *)sim_PNGThumbnailOfFile:(NSString *)path side:(NSUInteger)side {
   const auto limit = int(std::clamp<NSUInteger>(side, 1, INT_MAX));
-  return dataOf(sim::encodePng(sim::squareThumbnail(sim::openImage([NSData dataWithContentsOfFile:path]), limit)));
+  const auto file = sim::sharedBytes([NSData dataWithContentsOfFile:path]);
+  return dataOf(sim::encodePng(sim::squareThumbnail(sim::openImage(file), limit)));
 }
 
 - (UIImage *)sim_iconOfWidth:(CGFloat)width {
@@ -93,7 +95,7 @@ NSData *dataOf(const std::vector<std::uint8_t> &bytes) {
 }
 
 - (NSUInteger)sim_number {
-  if (_state->file) _state->number = numberOfFile(keyOf(_state->file.get(), _state->scale), _state->number);
+  if (_state->file) _state->number = numberOfFile(keyOf(*_state->file, _state->scale), _state->number);
   _state->file = nullptr;
   return _state->number;
 }

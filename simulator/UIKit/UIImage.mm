@@ -33,13 +33,6 @@ Orientation storedOrientation(UIImageOrientation orientation) {
   return place < std::size(orientations) ? orientations[place] : Orientation::up;
 }
 
-DecodedImage openImage(NSData *data) {
-  if ([data length] == 0) return {};
-  // A copy of immutable data is the data itself.
-  const auto owner = std::make_shared<const objcxx::Retained<NSData>>(objcxx::adopt((NSData *)[data copy]));
-  return openImage({owner, {static_cast<const std::uint8_t *>([owner->get() bytes]), [data length]}});
-}
-
 }  // namespace sim
 
 @implementation UIImage
@@ -85,8 +78,9 @@ DecodedImage openImage(NSData *data) {
 }
 
 - (instancetype)initWithData:(NSData *)data scale:(CGFloat)scale {
-  if (!(self = [self sim_initWithDecoded:sim::openImage(data) scale:scale])) return nil;
-  _state->file = objcxx::adopt((NSData *)[data copy]);
+  const sim::SharedBytes file = sim::sharedBytes(data);
+  if (!(self = [self sim_initWithDecoded:sim::openImage(file) scale:scale])) return nil;
+  _state->file = file;
   return self;
 }
 

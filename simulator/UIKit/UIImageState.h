@@ -17,13 +17,10 @@ struct UIImageState {
   UIImageRenderingMode renderingMode = UIImageRenderingModeAutomatic;
   objcxx::Retained<UIColor> tint;
   NSUInteger number = 0;
-  objcxx::Retained<NSData> file;  ///< What this very image was made from, until its number is asked for.
+  SharedBytes file;  ///< What this very image was made from, until its number is asked for.
 
   CGImageRef image() const { return (CGImageRef)bitmap.get(); }
 };
-
-/// The image in a file's bytes; nothing for nil and for data that is no image.
-DecodedImage openImage(NSData *data);
 
 /// How the stored pixels of an image with that orientation lie.
 Orientation storedOrientation(UIImageOrientation orientation);
