@@ -31,8 +31,8 @@ void Claims::time(std::string name, std::string kind, double milliseconds, doubl
 
 Claims::Outcome Claims::outcomeOf(const Claim& claim) {
   if (std::isnan(claim.value)) return Outcome::kMissedByFar;
-  const double miss = claim.bound.side == Bound::Side::kAtLeast ? claim.bound.value / claim.value
-                                                                : claim.value / claim.bound.value;
+  const double miss =
+      claim.bound.side == Bound::Side::kAtLeast ? claim.bound.value / claim.value : claim.value / claim.bound.value;
   if (miss >= kFar) return Outcome::kMissedByFar;
   return miss > 1 ? Outcome::kMissed : Outcome::kKept;
 }

@@ -24,15 +24,15 @@ constexpr double kLinear = 2.5;
 /// The claims of one program, in the order in which they were made.
 class Claims final {
  public:
-  /// Claims that `numerator / denominator`, which `kind` ("kernel/read") names, keeps `bound`. Both are measurements above
-  /// 0 in the same unit; with any other the claim counts as missed by far.
+  /// Claims that `numerator / denominator`, which `kind` ("kernel/read") names, keeps `bound`. Both are measurements
+  /// above 0 in the same unit; with any other the claim counts as missed by far.
   void ratio(std::string name, std::string kind, double numerator, double denominator, Bound bound);
 
   /// Claims that something takes at most `goal` milliseconds. The line gives both, and the ratio as `kind`.
   void time(std::string name, std::string kind, double milliseconds, double goal);
 
-  /// Writes a line for each claim, "NAME: KIND RATIO (at least BOUND)" or "(at most BOUND)", followed by what was measured
-  /// where it is a time, and by ", missed" or ", MISSED BY FAR".
+  /// Writes a line for each claim, "NAME: KIND RATIO (at least BOUND)" or "(at most BOUND)", followed by what was
+  /// measured where it is a time, and by ", missed" or ", MISSED BY FAR".
   ///
   /// Returns the program's exit status: 1 when a claim misses its bound by a factor of two or more, 0 otherwise. Twice,
   /// because timings on a busy machine are a good deal off.

@@ -1,5 +1,5 @@
-// How the time that the two list editors need grows with the number of apps and widgets. The claims are the ratios of the
-// medians for twice as much: about 2 means that the time is linear, about 4 that it is quadratic.
+// How the time that the two list editors need grows with the number of apps and widgets. The claims are the ratios of
+// the medians for twice as much: about 2 means that the time is linear, about 4 that it is quadratic.
 #import <Foundation/SIMDevice.h>
 #import <NorvikAppList/NorvikAppList.h>
 #import <UIKit/UIKit.h>
@@ -32,8 +32,8 @@
 namespace {
 
 using Editor = UITableViewController<ListEditor>;
-using bench::DeviceFolder;
 using bench::bundleClass;
+using bench::DeviceFolder;
 using bench::median;
 using bench::require;
 
@@ -43,7 +43,7 @@ constexpr int kRepetitions = 7;
 using Times = std::map<std::string, std::vector<double>>;
 
 template <typename Body>
-void measure(Times& times, const std::string& name, Body body) {
+void measure(Times &times, const std::string &name, Body body) {
   @autoreleasepool {
     const auto start = std::chrono::steady_clock::now();
     body();
@@ -64,16 +64,17 @@ NSIndexPath *at(NSInteger section, NSUInteger row) {
 }
 
 /// Moves a row from the middle of the disabled ones by a tap, by a drag, and writes the list.
-void change(Editor *editor, Times& times, const std::string& prefix) {
+void change(Editor *editor, Times &times, const std::string &prefix) {
   UITableView *table = [editor tableView];
   const NSUInteger middle = [[editor menuItemsDisabled] count] / 2;
   measure(times, prefix + "tap", [&] { [editor tableView:table didSelectRowAtIndexPath:at(1, middle)]; });
-  measure(times, prefix + "drag", [&] { [editor tableView:table moveRowAtIndexPath:at(1, middle) toIndexPath:at(0, 0)]; });
+  measure(times, prefix + "drag",
+          [&] { [editor tableView:table moveRowAtIndexPath:at(1, middle) toIndexPath:at(0, 0)]; });
   measure(times, prefix + "save", [&] { [editor saveLists]; });
 }
 
 /// One event on the page that shows the editor, with the whole screen as the answer.
-void changeByEvent(Editor *editor, Times& times, std::size_t count) {
+void changeByEvent(Editor *editor, Times &times, std::size_t count) {
   sim::Session session(editor, 1);
   const std::string row = "row1.1." + std::to_string(count / 2);
   for (int repetition = 0; repetition < kRepetitions; ++repetition) {
@@ -126,7 +127,8 @@ Times measureWidgets(int count) {
   for (int repetition = 0; repetition < kRepetitions; ++repetition) {
     @autoreleasepool {
       DeviceFolder device;  // Bundles that this process has not met.
-      device.addWidgets(count, BUILD_FOLDER "/device-root/var/jb/Library/Zuno/Widgets/NoteWidget.bundle/NoteWidget", @"NoteWidget");
+      device.addWidgets(count, BUILD_FOLDER "/device-root/var/jb/Library/Zuno/Widgets/NoteWidget.bundle/NoteWidget",
+                        @"NoteWidget");
       objcxx::Retained<Editor> editor;
       measure(times, "widgets opening", [&] { editor = openEditor(@"ZunoWidgetsPicker"); });
       require([[editor.get() menuItemsDisabled] count] >= static_cast<NSUInteger>(count), "widgets are missing");
@@ -136,16 +138,16 @@ Times measureWidgets(int count) {
   return times;
 }
 
-void report(const Times& many, const Times& few, int manyCount, int fewCount) {
-  for (const auto& [name, times] : few) {
+void report(const Times &many, const Times &few, int manyCount, int fewCount) {
+  for (const auto &[name, times] : few) {
     std::printf("  %-20s %6d: %10.3f ms %6d: %10.3f ms\n", name.c_str(), fewCount, median(times), manyCount,
                 median(many.at(name)));
   }
 }
 
-void claim(bench::Claims& claims, const Times& many, const Times& few, int manyCount, int fewCount) {
+void claim(bench::Claims &claims, const Times &many, const Times &few, int manyCount, int fewCount) {
   const std::string kind = std::to_string(manyCount) + "/" + std::to_string(fewCount);
-  for (const auto& [name, times] : few) {
+  for (const auto &[name, times] : few) {
     claims.ratio("lists " + name, kind, median(many.at(name)), median(times), bench::atMost(bench::kLinear));
   }
 }

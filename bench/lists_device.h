@@ -9,7 +9,7 @@
 namespace bench {
 
 /// Ends the program with `what` unless `condition` holds: nothing that follows would measure what it says.
-void require(bool condition, const std::string& what);
+void require(bool condition, const std::string &what);
 
 /// The class of the settings bundle, which is loaded as Settings loads it. Ends the program when it is not there.
 Class bundleClass(NSString *name);
@@ -19,15 +19,15 @@ class DeviceFolder final {
  public:
   DeviceFolder();
   ~DeviceFolder();
-  DeviceFolder(const DeviceFolder&) = delete;
-  DeviceFolder& operator=(const DeviceFolder&) = delete;
+  DeviceFolder(const DeviceFolder &) = delete;
+  DeviceFolder &operator=(const DeviceFolder &) = delete;
 
   /// Lays out `count` apps "bench.app.<n>", each an Info.plist and a link to one shared icon. Returns their
   /// identifiers, autoreleased.
   NSArray *addApps(int count);
 
   /// Lays out `count` widget bundles "bench.widget.<n>" around links to the code of the class `className` at `code`.
-  void addWidgets(int count, const std::filesystem::path& code, NSString *className);
+  void addWidgets(int count, const std::filesystem::path &code, NSString *className);
 
   /// Writes the preference file of the bundle with `value` under `key` and nothing else; nil removes the file.
   void setPreference(NSString *key, id value);

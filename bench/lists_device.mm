@@ -10,7 +10,7 @@
 
 namespace bench {
 
-void require(bool condition, const std::string& what) {
+void require(bool condition, const std::string &what) {
   if (condition) return;
   std::printf("benchmark: %s\n", what.c_str());
   std::exit(1);
@@ -30,25 +30,25 @@ namespace fs = std::filesystem;
 
 constexpr CGFloat kIconSide = 60;
 
-NSString *text(const fs::path& path) { return [NSString stringWithUTF8String:path.c_str()]; }
+NSString *text(const fs::path &path) { return [NSString stringWithUTF8String:path.c_str()]; }
 
-void makeFolder(const fs::path& path) {
+void makeFolder(const fs::path &path) {
   std::error_code error;
   fs::create_directories(path, error);
   require(!error, "cannot make " + path.string());
 }
 
-void link(const fs::path& target, const fs::path& place) {
+void link(const fs::path &target, const fs::path &place) {
   std::error_code error;
   fs::create_symlink(target, place, error);
   require(!error, "cannot link " + place.string());
 }
 
-void writeList(NSDictionary *list, const fs::path& path) {
+void writeList(NSDictionary *list, const fs::path &path) {
   require([list writeToFile:text(path) atomically:NO], "cannot write " + path.string());
 }
 
-void writeIcon(const fs::path& path) {
+void writeIcon(const fs::path &path) {
   UIGraphicsBeginImageContext(CGSizeMake(kIconSide, kIconSide));
   [[UIColor blueColor] set];
   UIRectFill(CGRectMake(0, 0, kIconSide, kIconSide));
@@ -85,8 +85,8 @@ NSArray *DeviceFolder::addApps(int count) {
       const fs::path folder = root_ / "Applications" / ("Bench" + std::to_string(number) + ".app");
       makeFolder(folder);
       NSString *name = [NSString stringWithFormat:@"Bench App %d", number];
-      writeList([NSDictionary dictionaryWithObjectsAndKeys:identifier, @"CFBundleIdentifier", name,
-                                                           @"CFBundleDisplayName", nil],
+      writeList([NSDictionary
+                    dictionaryWithObjectsAndKeys:identifier, @"CFBundleIdentifier", name, @"CFBundleDisplayName", nil],
                 folder / "Info.plist");
       link(icon, folder / "AppIcon60x60.png");
       [identifiers addObject:identifier];
@@ -95,18 +95,18 @@ NSArray *DeviceFolder::addApps(int count) {
   return identifiers;
 }
 
-void DeviceFolder::addWidgets(int count, const fs::path& code, NSString *className) {
+void DeviceFolder::addWidgets(int count, const fs::path &code, NSString *className) {
   const fs::path executable = code.filename();
   for (int number = 0; number < count; ++number) {
     @autoreleasepool {
       const fs::path folder = root_ / "var/jb/Library/Zuno/Widgets" / (std::to_string(number) + ".bundle");
       makeFolder(folder);
       NSString *identifier = [NSString stringWithFormat:@"bench.widget.%d", number];
-      writeList([NSDictionary dictionaryWithObjectsAndKeys:identifier, @"CFBundleIdentifier", identifier,
-                                                           @"CFBundleDisplayName", text(executable),
-                                                           @"CFBundleExecutable", className, @"ZunoWidgetClass", @1,
-                                                           @"ZunoWidgetsVersion", nil],
-                folder / "Info.plist");
+      writeList(
+          [NSDictionary dictionaryWithObjectsAndKeys:identifier, @"CFBundleIdentifier", identifier,
+                                                     @"CFBundleDisplayName", text(executable), @"CFBundleExecutable",
+                                                     className, @"ZunoWidgetClass", @1, @"ZunoWidgetsVersion", nil],
+          folder / "Info.plist");
       link(code, folder / executable);
     }
   }

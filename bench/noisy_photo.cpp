@@ -15,7 +15,9 @@ std::uint32_t hashed(std::uint32_t number) {
 
 /// From 0 to 1, the same for the same place.
 float randomAt(int x, int y, unsigned layer) {
-  return static_cast<float>(hashed(static_cast<std::uint32_t>(x) * 0x9E3779B1u ^ hashed(static_cast<std::uint32_t>(y) + layer * 131u)) >> 8) /
+  return static_cast<float>(hashed(static_cast<std::uint32_t>(x) * 0x9E3779B1u ^
+                                   hashed(static_cast<std::uint32_t>(y) + layer * 131u)) >>
+                            8) /
          static_cast<float>(1 << 24);
 }
 

@@ -40,7 +40,7 @@ constexpr int kRepetitions = 7;
 using Times = std::map<std::string, std::vector<double>>;
 
 template <typename Body>
-void measure(Times& times, const std::string& name, Body body) {
+void measure(Times &times, const std::string &name, Body body) {
   @autoreleasepool {
     const std::clock_t start = std::clock();
     body();
@@ -81,7 +81,8 @@ Times measurePresets(int count) {
   for (int repetition = 0; repetition < kRepetitions; ++repetition) {
     measure(times, "describe", [&] { require(!session.refresh(), "the screen changed by itself"); });
   }
-  std::printf("presets: a screen of %d presets is %.1f MB\n", count, static_cast<double>(session.screen().size()) / 1e6);
+  std::printf("presets: a screen of %d presets is %.1f MB\n", count,
+              static_cast<double>(session.screen().size()) / 1e6);
   return times;
 }
 
@@ -94,13 +95,13 @@ int main() {
   @autoreleasepool {
     const Times few = measurePresets(kFew);
     const Times many = measurePresets(kMany);
-    for (const auto& [name, times] : few) {
+    for (const auto &[name, times] : few) {
       std::printf("  %-10s %6d: %10.3f ms %6d: %10.3f ms\n", name.c_str(), kFew, median(times), kMany,
                   median(many.at(name)));
     }
     bench::Claims claims;
     const std::string kind = std::to_string(kMany) + "/" + std::to_string(kFew);
-    for (const auto& [name, times] : few) {
+    for (const auto &[name, times] : few) {
       claims.ratio("presets " + name, kind, median(many.at(name)), median(times), bench::atMost(bench::kLinear));
     }
     return claims.report(std::cout);

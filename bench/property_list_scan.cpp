@@ -96,10 +96,8 @@ bool lookUpWithLibplist(const std::string& path, const std::string& key) {
   plist_t root = nullptr;
   const auto* bytes = reinterpret_cast<const char*>(file.bytes().data());
   const auto size = static_cast<std::uint32_t>(file.bytes().size());
-  if (plist_is_binary(bytes, size))
-    plist_from_bin(bytes, size, &root);
-  else
-    plist_from_xml(bytes, size, &root);
+  if (plist_is_binary(bytes, size)) plist_from_bin(bytes, size, &root);
+  else plist_from_xml(bytes, size, &root);
   const Node owner(root, plist_free);
   return root && plist_dict_get_item(root, key.c_str());
 }

@@ -1,6 +1,6 @@
-// What the theme page costs with a large background image, and where the time goes: opening it with a theme file of 20 MB,
-// picking a photo of 12 megapixels, and drawing its preview anew with such a photo stored. "goal" is the time that a person
-// does not notice.
+// What the theme page costs with a large background image, and where the time goes: opening it with a theme file of 20
+// MB, picking a photo of 12 megapixels, and drawing its preview anew with such a photo stored. "goal" is the time that
+// a person does not notice.
 #import <Foundation/SIMDevice.h>
 #import <UIKit/UIImage+Sim.h>
 #import <UIKit/UIKit.h>
@@ -53,7 +53,7 @@ std::map<std::string, std::vector<Cost>> costs;
 std::vector<std::string> names;
 
 template <typename Body>
-void measure(const std::string& name, Body body) {
+void measure(const std::string &name, Body body) {
   @autoreleasepool {
     const auto start = std::chrono::steady_clock::now();
     const std::clock_t processorStart = std::clock();
@@ -65,9 +65,9 @@ void measure(const std::string& name, Body body) {
   }
 }
 
-double median(const std::string& name, double Cost::*kind = &Cost::processor) {
+double median(const std::string &name, double Cost::*kind = &Cost::processor) {
   std::vector<double> values;
-  for (const Cost& cost : costs.at(name)) values.push_back(cost.*kind);
+  for (const Cost &cost : costs.at(name)) values.push_back(cost.*kind);
   return bench::median(std::move(values));
 }
 
@@ -83,8 +83,8 @@ class Settings final {
     session_.refresh();
   }
 
-  sim::Session& session() { return session_; }
-  const std::string& screen() const { return session_.screen(); }
+  sim::Session &session() { return session_; }
+  const std::string &screen() const { return session_.screen(); }
 
  private:
   objcxx::Retained<UIViewController> root_;
@@ -94,10 +94,11 @@ class Settings final {
 zuno::PreferenceFile themeFile() { return zuno::PreferenceFile::ofDomain(zuno::kThemeDomain); }
 
 double megabytes(NSString *path) {
-  return static_cast<double>([[[NSFileManager defaultManager] attributesOfItemAtPath:path error:nullptr] fileSize]) / 1e6;
+  return static_cast<double>([[[NSFileManager defaultManager] attributesOfItemAtPath:path error:nullptr] fileSize]) /
+         1e6;
 }
 
-UIImage *imageOf(const sim::BitmapPtr& bitmap) {
+UIImage *imageOf(const sim::BitmapPtr &bitmap) {
   const CGImageRef pixels = sim::createImage(sim::sourceOf(bitmap));
   UIImage *image = [UIImage imageWithCGImage:pixels];
   CGImageRelease(pixels);
@@ -105,24 +106,24 @@ UIImage *imageOf(const sim::BitmapPtr& bitmap) {
 }
 
 /// The values of `row.name` in a screen, in the order of the rows.
-std::vector<sim::Json> inRows(const std::string& screen, const char *name) {
+std::vector<sim::Json> inRows(const std::string &screen, const char *name) {
   std::vector<sim::Json> values;
   const sim::Json parsed = sim::Json::parse(screen, nullptr, false);
-  for (const auto& section : parsed["page"]["sections"]) {
-    for (const auto& row : section["rows"]) values.push_back(row[name]);
+  for (const auto &section : parsed["page"]["sections"]) {
+    for (const auto &row : section["rows"]) values.push_back(row[name]);
   }
   return values;
 }
 
 /// The identifier at the end of a picture's address.
-std::string identifierOf(const sim::Json& image) {
+std::string identifierOf(const sim::Json &image) {
   require(image.is_object(), "a picture is missing");
   const std::string url = image.value("url", "");
   return url.substr(url.rfind('/') + 1);
 }
 
 /// The identifier of the row that a photo is chosen with: the picture of the one that is stored, or a button.
-std::string photoRow(const std::string& screen) {
+std::string photoRow(const std::string &screen) {
   const auto labels = inRows(screen, "label");
   const sim::Json choosing[] = {"Background Image", "Choose Photo…"};
   const auto found = std::find_first_of(labels.begin(), labels.end(), std::begin(choosing), std::end(choosing));
@@ -131,14 +132,14 @@ std::string photoRow(const std::string& screen) {
 }
 
 /// The identifier of the first picture on a screen; "" when it shows none.
-std::string pictureOn(const std::string& screen) {
-  for (const auto& image : inRows(screen, "image")) {
+std::string pictureOn(const std::string &screen) {
+  for (const auto &image : inRows(screen, "image")) {
     if (image.is_object()) return identifierOf(image);
   }
   return "";
 }
 
-void openPages(const std::string& kind, bool hasPicture) {
+void openPages(const std::string &kind, bool hasPicture) {
   for (int repetition = 0; repetition < kRepetitions; ++repetition) {
     Settings settings;
     measure(kind, [&] { settings.openThemePage(); });
@@ -146,7 +147,8 @@ void openPages(const std::string& kind, bool hasPicture) {
     require(picture.empty() != hasPicture, "the page's picture is not what the theme file holds");
     measure(kind + ", described again", [&] { require(!settings.session().refresh(), "the page changed by itself"); });
     if (!hasPicture) continue;
-    measure(kind + ", its picture", [&] { require([settings.session().pngOf(picture) length] > 0, "there is no picture"); });
+    measure(kind + ", its picture",
+            [&] { require([settings.session().pngOf(picture) length] > 0, "there is no picture"); });
   }
 }
 
@@ -180,9 +182,8 @@ void measureSteps(NSData *jpeg) {
       pixels = [imageOf(source->bitmap()) retain];
     });
     measure("step: encoding the PNG", [&] { png = [UIImagePNGRepresentation(pixels) retain]; });
-    measure("step: base64", [&] {
-      text = [[png base64EncodedStringWithOptions:NSDataBase64Encoding64CharacterLineLength] retain];
-    });
+    measure("step: base64",
+            [&] { text = [[png base64EncodedStringWithOptions:NSDataBase64Encoding64CharacterLineLength] retain]; });
     measure("step: writing the theme file", [&] { themeFile().setValue(text, @"backgroundImage"); });
     measure("step: reading one row", [&] { require(!themeFile().value(@"spacing"), "there is a value"); });
     measure("step: decoding the stored text", [&] { require(zuno::storedBackgroundImage(), "there is no image"); });
@@ -193,7 +194,7 @@ void measureSteps(NSData *jpeg) {
 }
 
 /// libpng as it comes.
-std::size_t encodeWithDefaults(const sim::Bitmap& bitmap) {
+std::size_t encodeWithDefaults(const sim::Bitmap &bitmap) {
   png_image image{};
   image.version = PNG_IMAGE_VERSION;
   image.width = static_cast<png_uint_32>(bitmap.width());
@@ -205,7 +206,7 @@ std::size_t encodeWithDefaults(const sim::Bitmap& bitmap) {
   return size;
 }
 
-void measureEncoders(const sim::BitmapPtr& photo) {
+void measureEncoders(const sim::BitmapPtr &photo) {
   std::size_t ours = 0, defaults = 0;
   measure("encoder: ours", [&] { ours = sim::encodePng(photo).size(); });
   measure("encoder: defaults", [&] { defaults = encodeWithDefaults(*photo); });
@@ -215,20 +216,22 @@ void measureEncoders(const sim::BitmapPtr& photo) {
 
 void measurePick(NSData *jpeg) {
   NSString *folder = SIMDevicePath(@"/var/mobile/Media/DCIM/100APPLE");
-  [[NSFileManager defaultManager] createDirectoryAtPath:folder withIntermediateDirectories:YES attributes:nil error:nullptr];
+  [[NSFileManager defaultManager] createDirectoryAtPath:folder
+                            withIntermediateDirectories:YES
+                                             attributes:nil
+                                                  error:nullptr];
   require([jpeg writeToFile:[folder stringByAppendingPathComponent:@"IMG_0001.JPG"] atomically:NO], "no photo library");
   for (int repetition = 0; repetition < kRepetitions; ++repetition) {
     @autoreleasepool {
       Settings settings;
       settings.openThemePage();
-      sim::Session& session = settings.session();
+      sim::Session &session = settings.session();
       const sim::Json tap{{"type", "tap"}, {"id", photoRow(session.screen())}};
       measure("photo sheet", [&] { require(session.perform(tap).status == 200, "the sheet does not open"); });
       const sim::Json screen = sim::Json::parse(session.screen(), nullptr, false);
       const std::string thumbnail = identifierOf(screen["sheet"]["items"][0]["image"]);
-      measure("photo sheet, its thumbnail", [&] {
-        require([session.pngOf(thumbnail) length] > 0, "there is no thumbnail");
-      });
+      measure("photo sheet, its thumbnail",
+              [&] { require([session.pngOf(thumbnail) length] > 0, "there is no thumbnail"); });
       const sim::Json pick{{"type", "pick"}, {"path", "100APPLE/IMG_0001.JPG"}};
       measure("pick to page", [&] {
         require(session.perform(pick).status == 200, "the photo is refused");
@@ -245,7 +248,7 @@ std::size_t allocated() {
 }
 
 /// Stores `value` and measures from then until the preview is drawn.
-void measurePreviewAfter(const std::string& name, Settings& settings, id value, NSString *key) {
+void measurePreviewAfter(const std::string &name, Settings &settings, id value, NSString *key) {
   @autoreleasepool {
     themeFile().setValue(value, key);
   }
@@ -255,9 +258,9 @@ void measurePreviewAfter(const std::string& name, Settings& settings, id value, 
   });
 }
 
-/// Draws the preview after each kind of change, with a photo of 12 megapixels stored. Returns the bytes that the page keeps
-/// for it: the difference to the page with a photo of one pixel.
-double measurePreview(const sim::BitmapPtr& photo) {
+/// Draws the preview after each kind of change, with a photo of 12 megapixels stored. Returns the bytes that the page
+/// keeps for it: the difference to the page with a photo of one pixel.
+double measurePreview(const sim::BitmapPtr &photo) {
   UIImage *one = imageOf(photo);
   UIImage *other = imageOf(sim::inverted(*photo));
   NSString *texts[] = {zuno::encodeImage(one), zuno::encodeImage(other)};
@@ -280,15 +283,15 @@ double measurePreview(const sim::BitmapPtr& photo) {
     measurePreviewAfter("preview: dimming", settings, [NSNumber numberWithInt:repetition], @"dimming");
     measurePreviewAfter("preview: blur", settings, [NSNumber numberWithInt:10 + repetition], @"blurRadius");
     measure("preview step: the whole theme", [&] { require(zuno::storedTheme().enabled, "the theme is off"); });
-    measure("preview step: telling the photo", [&] { require(themeFile().fingerprint(@"backgroundImage"), "no photo"); });
+    measure("preview step: telling the photo",
+            [&] { require(themeFile().fingerprint(@"backgroundImage"), "no photo"); });
     NSData *png = nil;
     measure("preview step: base64", [&] {
       png = [zuno::imageFile(themeFile().value(@"backgroundImage")) retain];
       require(png, "no photo");
     });
-    measure("preview step: decoding alone", [&] {
-      require(sim::sourceOf([[UIImage imageWithData:png] CGImage])->bitmap() != nullptr, "no pixels");
-    });
+    measure("preview step: decoding alone",
+            [&] { require(sim::sourceOf([[UIImage imageWithData:png] CGImage])->bitmap() != nullptr, "no pixels"); });
     [png release];
   }
   const double kept = static_cast<double>(allocated()) - static_cast<double>(before);
@@ -320,7 +323,7 @@ int main() {
     kept = measurePreview(bench::noisyPhoto(4032, 3024));
   }
   std::printf("  %-45s %12s %12s\n", "median of 5, ms", "processor", "elapsed");
-  for (const auto& name : names) {
+  for (const auto &name : names) {
     std::printf("  %-45s %12.1f %12.1f\n", name.c_str(), median(name), median(name, &Cost::elapsed));
   }
   const double page = median("page with the theme file");

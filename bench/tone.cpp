@@ -1,7 +1,7 @@
 // How fast the tone test's pixel walk is, next to a plain read of the same buffer and to the definition in floating
 // point. All are measured in one run, their repetitions shuffled, so that other load on the machine falls on all alike.
-// The claims are the kernel's speed divided by the alternative's. A large picture is read at the speed of the memory, which
-// is some 17 times that of the definition: the kernel cannot be faster there. Their bounds are those of x86-64.
+// The claims are the kernel's speed divided by the alternative's. A large picture is read at the speed of the memory,
+// which is some 17 times that of the definition: the kernel cannot be faster there. Their bounds are those of x86-64.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -50,7 +50,8 @@ std::int32_t countAsTheCompilerVectorises(Bytes bytes) noexcept {
 #if defined(__x86_64__)
 __attribute__((target_clones("avx512f", "avx2", "default")))
 #endif
-std::uint64_t exclusiveOr(const std::uint8_t* data, std::size_t length) noexcept {
+std::uint64_t
+exclusiveOr(const std::uint8_t* data, std::size_t length) noexcept {
   using Wide = std::uint64_t __attribute__((vector_size(64)));
   Wide sums[4] = {};
   const std::uint8_t* const end = data + length / sizeof sums * sizeof sums;

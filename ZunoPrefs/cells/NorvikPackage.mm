@@ -41,8 +41,7 @@ NSString *versionIn(NSData *record) {
   const auto value =
       zuno::statusField(std::string_view(static_cast<const char *>([record bytes]), [record length]), "Version");
   if (!value) return nil;
-  return [[[NSString alloc] initWithBytes:value->data()
-                                   length:value->size()
+  return [[[NSString alloc] initWithBytes:value->data() length:value->size()
                                  encoding:NSUTF8StringEncoding] autorelease];
 }
 

@@ -10,7 +10,8 @@ std::optional<std::string_view> statusField(std::string_view record, std::string
     const std::string_view line = record.substr(0, end);
     record.remove_prefix(end == std::string_view::npos ? record.size() : end + 1);
     const std::size_t split = line.find(kSeparator);
-    if (split != std::string_view::npos && line.substr(0, split) == name) value = line.substr(split + kSeparator.size());
+    if (split != std::string_view::npos && line.substr(0, split) == name)
+      value = line.substr(split + kSeparator.size());
   }
   return value;
 }

@@ -8,10 +8,10 @@
 @interface ZunoBannerCell : PSTableCell <PreferencesTableCustomView> {
   UILabel *mainTitleLabel;
   UILabel *subTitleLabel;
-  UILabel *subSubTitleLabel;      // For a third line; not made.
-  UIImage *unmaskedImage;         // A second copy of the icon, kept as it is.
-  NSString *prevRadiusRequest;    // For the last rounding request; not set.
-  NSString *prevScaleRequest;     // For the last rounding request; not set.
+  UILabel *subSubTitleLabel;    // For a third line; not made.
+  UIImage *unmaskedImage;       // A second copy of the icon, kept as it is.
+  NSString *prevRadiusRequest;  // For the last rounding request; not set.
+  NSString *prevScaleRequest;   // For the last rounding request; not set.
   UIImageView *_bannerView;
 }
 

@@ -14,7 +14,8 @@ constexpr CGFloat kGap = 5;
 constexpr CGFloat kLineHeight = 50;  // Until the text has been measured.
 
 UIImage *loadIcon() {
-  return [UIImage imageWithContentsOfFile:[zuno::settingsBundleFolder() stringByAppendingPathComponent:@"icon-large.png"]];
+  return
+      [UIImage imageWithContentsOfFile:[zuno::settingsBundleFolder() stringByAppendingPathComponent:@"icon-large.png"]];
 }
 
 /// Gives the label the height of its text and the whole width.

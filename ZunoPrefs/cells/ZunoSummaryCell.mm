@@ -15,7 +15,8 @@ NSString *shortened(NSArray *names, NSUInteger shown) {
   if (shown >= [names count]) return joined(names);
   const auto others = static_cast<unsigned long>([names count] - shown);
   if (shown == 0) return [NSString stringWithFormat:@"%lu", others];
-  return [joined([names subarrayWithRange:NSMakeRange(0, shown)]) stringByAppendingFormat:@"%@+%lu", kSeparator, others];
+  return
+      [joined([names subarrayWithRange:NSMakeRange(0, shown)]) stringByAppendingFormat:@"%@+%lu", kSeparator, others];
 }
 
 CGFloat widthOf(NSString *text, UILabel *label) {
@@ -64,8 +65,8 @@ CGFloat widthOf(NSString *text, UILabel *label) {
 - (NSString *)textThatFits {
   NSArray *names = [self names];
   UILabel *title = [self textLabel], *value = [self detailTextLabel];
-  const CGFloat room = CGRectGetWidth([[self contentView] bounds]) - CGRectGetMinX([title frame]) -
-                       widthOf([title text], title) - kGaps;
+  const CGFloat room =
+      CGRectGetWidth([[self contentView] bounds]) - CGRectGetMinX([title frame]) - widthOf([title text], title) - kGaps;
   NSUInteger shown = [names count];
   // A single name is cut by its label.
   while (shown > 0 && [names count] > 1 && widthOf(shortened(names, shown), value) > room) --shown;

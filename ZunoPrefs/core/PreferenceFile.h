@@ -53,8 +53,9 @@ class PreferenceFile final {
   /// A nil value or key changes nothing. Where the file cannot be written, the old one stands as it was.
   void setValue(id value, NSString *key, Damaged damaged = Damaged::kSetAside) const;
 
-  /// Takes `key` out of the current contents and writes the whole file atomically. Writes nothing when the file does not
-  /// hold the key or is no property-list dictionary. Where the file cannot be written, the old one stands as it was.
+  /// Takes `key` out of the current contents and writes the whole file atomically. Writes nothing when the file does
+  /// not hold the key or is no property-list dictionary. Where the file cannot be written, the old one stands as it
+  /// was.
   void removeValue(NSString *key) const;
 
  private:

@@ -38,8 +38,8 @@ struct PropertyListScan {
 /// Needs no more stack for deeper documents. Never throws; without memory the outcome is undecided. Any thread.
 PropertyListScan scanPropertyList(std::span<const std::byte> document, std::string_view key) noexcept;
 
-/// As above for several keys, which differ, in one pass: `results` holds as many, in the same order. They are undecided all
-/// or not at all.
+/// As above for several keys, which differ, in one pass: `results` holds as many, in the same order. They are undecided
+/// all or not at all.
 void scanPropertyListKeys(std::span<const std::byte> document, std::span<const std::string_view> keys,
                           std::span<PropertyListScan> results) noexcept;
 

@@ -103,27 +103,16 @@ class Scanner final {
     const auto marker = number(at, 1);
     object = {static_cast<Kind>(marker >> 4), static_cast<unsigned>(marker & 0x0f), at + 1};
     switch (object.kind) {
-      case kBoolean:
-        return object.low == 8 || object.low == 9;
-      case kInteger:
-        object.count = std::uint64_t{1} << object.low;
-        return object.low <= 4 && contentFits(object);
+      case kBoolean: return object.low == 8 || object.low == 9;
+      case kInteger: object.count = std::uint64_t{1} << object.low; return object.low <= 4 && contentFits(object);
       case kReal:
         object.count = std::uint64_t{1} << object.low;
         return (object.low == 2 || object.low == 3) && contentFits(object);
-      case kASCII:
-        break;
-      case kUTF16:
-        object.unit = 2;
-        break;
-      case kArray:
-        object.unit = referenceSize_;
-        break;
-      case kDictionary:
-        object.unit = 2 * referenceSize_;
-        break;
-      default:
-        return false;
+      case kASCII: break;
+      case kUTF16: object.unit = 2; break;
+      case kArray: object.unit = referenceSize_; break;
+      case kDictionary: object.unit = 2 * referenceSize_; break;
+      default: return false;
     }
     return readCount(object) && contentFits(object);
   }
@@ -173,9 +162,7 @@ class Scanner final {
   /// Gives the value of `object`, which is checked with all the others.
   bool readValue(const Object& object, ScannedValue& value) const {
     switch (object.kind) {
-      case kBoolean:
-        value = object.low == 9;
-        return true;
+      case kBoolean: value = object.low == 9; return true;
       case kInteger:
         if (object.low == 4) {
           value = number(object.content + 8, 8);
@@ -190,17 +177,14 @@ class Scanner final {
           value = floating<double>(number(object.content, 8));
         }
         return true;
-      case kASCII:
-        value = object.bytesIn(document_);
-        return true;
+      case kASCII: value = object.bytesIn(document_); return true;
       case kUTF16: {
         std::string text;
         (void)appendUTF16(object.bytesIn(document_), &text);
         value = std::move(text);
         return true;
       }
-      default:
-        return false;
+      default: return false;
     }
   }
 
@@ -266,9 +250,9 @@ class Scanner final {
   std::size_t table_ = 0;  // Where the offset table starts; the objects lie before it.
   std::uint64_t objects_ = 0;
   std::uint64_t root_ = 0;
-  std::vector<bool> isChecked_;      // By reference.
-  std::vector<Container> pending_;   // Checked containers whose entries are not.
-  std::size_t spent_ = 0;            // The bytes in the content of all checked objects.
+  std::vector<bool> isChecked_;     // By reference.
+  std::vector<Container> pending_;  // Checked containers whose entries are not.
+  std::size_t spent_ = 0;           // The bytes in the content of all checked objects.
 };
 
 }  // namespace

@@ -14,8 +14,8 @@ std::size_t plainLength(std::string_view text) noexcept;
 /// Whether every byte of `text` is an ASCII character other than zero.
 bool isASCII(std::string_view text) noexcept;
 
-/// Turns big-endian UTF-16, of an even number of bytes, into UTF-8, appended to `text`. False when half a surrogate pair, a
-/// zero or a byte order mark is among the units. With a null `text` it only checks. Throws std::bad_alloc.
+/// Turns big-endian UTF-16, of an even number of bytes, into UTF-8, appended to `text`. False when half a surrogate
+/// pair, a zero or a byte order mark is among the units. With a null `text` it only checks. Throws std::bad_alloc.
 bool appendUTF16(std::string_view units, std::string* text);
 
 }  // namespace zuno::detail

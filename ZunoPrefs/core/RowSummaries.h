@@ -8,13 +8,14 @@ namespace zuno {
 /// The names of apps (`NorvikAppRecord`), by bundle identifier. Autoreleased.
 NSDictionary *namesOfApps(NSArray *apps);
 
-/// Sets the property "names" of every row that has a "summaryOf" ("apps" or "widgets") and a "summaryKey" to the names of
-/// what the preference in force under that key chooses, in its order. Returns the rows whose names have changed;
+/// Sets the property "names" of every row that has a "summaryOf" ("apps" or "widgets") and a "summaryKey" to the names
+/// of what the preference in force under that key chooses, in its order. Returns the rows whose names have changed;
 /// autoreleased.
 ///
 /// An app that is not installed has its identifier for a name; a widget that is not installed is passed over, as the
 /// widgets editor does. While the names of the apps are not known (`appNames` is nil) rows that would need one are left
-/// as they are. Reads the main preference file and the Info lists of the installed widgets, whose code it does not load.
+/// as they are. Reads the main preference file and the Info lists of the installed widgets, whose code it does not
+/// load.
 NSArray *summariseRows(NSArray *rows, NSDictionary *appNames);
 
 }  // namespace zuno

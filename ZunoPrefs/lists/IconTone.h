@@ -5,8 +5,8 @@
 
 namespace zuno {
 
-/// Whether the image counts as dark: its dark pixels are at least 45 % of its area in points (not in pixels, so the share
-/// of pixels that it takes falls with the image's scale).
+/// Whether the image counts as dark: its dark pixels are at least 45 % of its area in points (not in pixels, so the
+/// share of pixels that it takes falls with the image's scale).
 ///
 /// The bitmap is walked as red, green, blue and one more byte per pixel, whatever its layout says. An image without a
 /// bitmap has no dark pixels.

@@ -16,10 +16,8 @@ namespace {
 
 /// Adds -1 to `counts` for every dark group among eight.
 inline int32x4_t countEight(int32x4_t counts, uint8x8_t b0, uint8x8_t b1, uint8x8_t b2) noexcept {
-  const uint16x8_t high =
-      vmlal_u8(vmlal_u8(vmull_u8(b0, vdup_n_u8(18)), b1, vdup_n_u8(36)), b2, vdup_n_u8(7));
-  const uint16x8_t low =
-      vmlal_u8(vmlal_u8(vmull_u8(b0, vdup_n_u8(11)), b1, vdup_n_u8(11)), b2, vdup_n_u8(2));
+  const uint16x8_t high = vmlal_u8(vmlal_u8(vmull_u8(b0, vdup_n_u8(18)), b1, vdup_n_u8(36)), b2, vdup_n_u8(7));
+  const uint16x8_t low = vmlal_u8(vmlal_u8(vmull_u8(b0, vdup_n_u8(11)), b1, vdup_n_u8(11)), b2, vdup_n_u8(2));
   const uint16x8_t dark = vcltq_u16(vsraq_n_u16(high, low, 4), vdupq_n_u16(9375));
   return vpadalq_s16(counts, vreinterpretq_s16_u16(dark));
 }

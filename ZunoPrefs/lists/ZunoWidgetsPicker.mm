@@ -69,9 +69,7 @@ const zuno::MovingRules kRules({.tapEvicts = false, .evictedIsDisabled = false})
   return zuno::canEditRows([indexPath section], _menuItems, _menuItemsDisabled);
 }
 
-- (void)tableView:(UITableView *)tableView
-    moveRowAtIndexPath:(NSIndexPath *)from
-           toIndexPath:(NSIndexPath *)to {
+- (void)tableView:(UITableView *)tableView moveRowAtIndexPath:(NSIndexPath *)from toIndexPath:(NSIndexPath *)to {
   kRules.drag(from, to, _menuItems, _menuItemsDisabled);
   [[self tableView] reloadData];
   [self saveLists];

@@ -17,8 +17,8 @@ void addField(UIAlertController *alert, NSString *placeholder);
 /// The text of the alert's field number `index`.
 NSString *fieldText(UIAlertController *alert, NSUInteger index);
 
-/// Presents an alert titled "Error" with the single action "OK": at once, or when what `page` presents has gone. That is
-/// dismissed if it is not on its way out already.
+/// Presents an alert titled "Error" with the single action "OK": at once, or when what `page` presents has gone. That
+/// is dismissed if it is not on its way out already.
 void presentError(UIViewController *page, NSString *message, UIAlertActionStyle okStyle = UIAlertActionStyleDefault);
 
 }  // namespace zuno

@@ -6,15 +6,15 @@
 
 namespace zuno {
 
-/// The image as it is stored: PNG, in base64 with line breaks every 64 characters. nil when there is no image or it cannot
-/// be encoded. Autoreleased.
+/// The image as it is stored: PNG, in base64 with line breaks every 64 characters. nil when there is no image or it
+/// cannot be encoded. Autoreleased.
 NSString *encodeImage(UIImage *image);
 
 /// The key of the theme file under which the image is stored.
 extern NSString *const kBackgroundImage;
 
-/// The file that `text` stores; characters outside the base64 alphabet are passed over. nil when `text` is no string. It
-/// need not be an image. Autoreleased.
+/// The file that `text` stores; characters outside the base64 alphabet are passed over. nil when `text` is no string.
+/// It need not be an image. Autoreleased.
 NSData *imageFile(id text);
 
 /// The image that `text` stores; characters outside the base64 alphabet are passed over. nil when it is none, or when
@@ -24,17 +24,19 @@ UIImage *decodeImage(id text);
 /// The stored background image; nil when the theme file has none that can be read. Autoreleased.
 UIImage *storedBackgroundImage();
 
-/// The picture of a photo picker's result, its pixels lying as they are seen: an encoded PNG does not say how a camera was
-/// held. nil when there is none or it cannot be decoded. Autoreleased.
+/// The picture of a photo picker's result, its pixels lying as they are seen: an encoded PNG does not say how a camera
+/// was held. nil when there is none or it cannot be decoded. Autoreleased.
 UIImage *pickedImage(NSDictionary *info);
 
-/// Stores an encoded image as the background image, and tells that the theme has changed; a failed write is not reported.
+/// Stores an encoded image as the background image, and tells that the theme has changed; a failed write is not
+/// reported.
 void storeBackgroundImage(NSString *text);
 
 /// Whether the theme file holds a background image, readable or not.
 bool hasBackgroundImage();
 
-/// Takes the background image out of the theme file, and tells that the theme has changed; a failed write is not reported.
+/// Takes the background image out of the theme file, and tells that the theme has changed; a failed write is not
+/// reported.
 void removeBackgroundImage();
 
 /// A picker over the photo library, autoreleased; nil when the library is not available.

@@ -50,9 +50,7 @@ UIImage *decodeImage(id text) {
   return png ? [UIImage imageWithData:png] : nil;
 }
 
-UIImage *storedBackgroundImage() {
-  return decodeImage(PreferenceFile::ofDomain(kThemeDomain).value(kBackgroundImage));
-}
+UIImage *storedBackgroundImage() { return decodeImage(PreferenceFile::ofDomain(kThemeDomain).value(kBackgroundImage)); }
 
 UIImage *pickedImage(NSDictionary *info) {
   UIImage *image = [info objectForKey:UIImagePickerControllerOriginalImage];

@@ -38,7 +38,7 @@ std::optional<Colour> parseColour(std::string_view text) {
   return Colour{parts[0], parts[1], parts[2], parts[3]};
 }
 
-std::string colourText(const Colour &colour) {
+std::string colourText(const Colour& colour) {
   constexpr std::string_view kCapitals = "0123456789ABCDEF";
   const std::array<std::uint8_t, 4> bytes = {eightBits(colour.red), eightBits(colour.green), eightBits(colour.blue),
                                              eightBits(colour.alpha)};

@@ -14,18 +14,18 @@ struct Colour {
   double blue = 0;
   double alpha = 1;
 
-  friend bool operator==(const Colour &, const Colour &) = default;
+  friend bool operator==(const Colour&, const Colour&) = default;
 };
 
 /// The colour that `text` names: six hexadecimal digits, RRGGBB, or eight, RRGGBBAA, in either case.
 ///
-/// Nothing else is a colour: no '#' before the digits, no space around them, no short form of three digits. nullopt then,
-/// and for an empty text, which leaves the colour to the system.
+/// Nothing else is a colour: no '#' before the digits, no space around them, no short form of three digits. nullopt
+/// then, and for an empty text, which leaves the colour to the system.
 std::optional<Colour> parseColour(std::string_view text);
 
 /// The text of `colour`, in capitals: RRGGBB when it is opaque to eight bits, else RRGGBBAA.
 ///
 /// Each part is rounded to eight bits. What is out of range becomes the nearer end of it, a part that is no number 0.
-std::string colourText(const Colour &colour);
+std::string colourText(const Colour& colour);
 
 }  // namespace zuno

@@ -13,8 +13,8 @@ enum class FileImport {
 
 /// Copies the picked file at `path` into the presets folder, as "<name>_<n>.plist" with the first free n from 1.
 ///
-/// A file is accepted only when a preset of the same file name already stands in the presets folder, and that preset is a
-/// dictionary with a version of 1 or more: the picked file itself is not read.
+/// A file is accepted only when a preset of the same file name already stands in the presets folder, and that preset is
+/// a dictionary with a version of 1 or more: the picked file itself is not read.
 FileImport importPresetFile(NSString *path);
 
 }  // namespace zuno

@@ -21,8 +21,8 @@ FileImport importPresetFile(NSString *path) {
 
   NSString *base = [name stringByDeletingPathExtension];
   for (int number = 1; [files fileExistsAtPath:destination]; ++number) {
-    destination = [presetsFolder()
-        stringByAppendingPathComponent:[NSString stringWithFormat:@"%@_%d.plist", base, number]];
+    destination =
+        [presetsFolder() stringByAppendingPathComponent:[NSString stringWithFormat:@"%@_%d.plist", base, number]];
   }
   return copyWhole(path, destination) ? FileImport::kImported : FileImport::kCopyFailed;
 }

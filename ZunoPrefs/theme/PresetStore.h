@@ -26,8 +26,8 @@ bool presetExists(NSString *name);
 /// not taken.
 PresetName checkPresetName(NSString *name);
 
-/// Stores the current theme as the preset `name` (nil: a random name), in place of one of that name. Without a theme file
-/// nothing is stored and false returned. A theme file that is no dictionary is stored as it is.
+/// Stores the current theme as the preset `name` (nil: a random name), in place of one of that name. Without a theme
+/// file nothing is stored and false returned. A theme file that is no dictionary is stored as it is.
 bool savePreset(NSString *name);
 
 /// Makes the preset at `path` the theme; the theme until now becomes the one backup. Without a file at `path` nothing
@@ -41,8 +41,8 @@ void deletePreset(NSString *path);
 /// list; then no file is left.
 bool writePreset(NSDictionary *contents, NSString *name);
 
-/// Copies the item at `from` to `to`, where nothing lies: whole or, when it fails or the process ends, not at all. Whether
-/// it was copied.
+/// Copies the item at `from` to `to`, where nothing lies: whole or, when it fails or the process ends, not at all.
+/// Whether it was copied.
 bool copyWhole(NSString *from, NSString *to);
 
 }  // namespace zuno

@@ -25,7 +25,8 @@ NSString *cleaned(NSString *name) {
   return [kept stringByReplacingOccurrencesOfString:kExtension withString:@""];
 }
 
-/// Where a copy on its way into `folder` lies. A name of its own length: the longest file names leave no room for a suffix.
+/// Where a copy on its way into `folder` lies. A name of its own length: the longest file names leave no room for a
+/// suffix.
 NSString *partialCopyIn(NSString *folder) { return [folder stringByAppendingPathComponent:@".copy.partial"]; }
 
 }  // namespace
@@ -33,8 +34,9 @@ NSString *partialCopyIn(NSString *folder) { return [folder stringByAppendingPath
 bool copyWhole(NSString *from, NSString *to) {
   NSString *partial = partialCopyIn([to stringByDeletingLastPathComponent]);
   [files() removeItemAtPath:partial error:nullptr];
-  if ([files() copyItemAtPath:from toPath:partial error:nullptr] &&
-      [files() moveItemAtPath:partial toPath:to error:nullptr]) {
+  if ([files() copyItemAtPath:from toPath:partial error:nullptr] && [files() moveItemAtPath:partial
+                                                                                     toPath:to
+                                                                                      error:nullptr]) {
     return true;
   }
   [files() removeItemAtPath:partial error:nullptr];

@@ -1,5 +1,5 @@
-// What the theme file says about the look of the switcher: the keys with their defaults and ranges, and what a file with
-// these keys makes of the switcher. Plain C++.
+// What the theme file says about the look of the switcher: the keys with their defaults and ranges, and what a file
+// with these keys makes of the switcher. Plain C++.
 #pragma once
 
 #include <array>
@@ -29,13 +29,13 @@ struct Theme {
   std::optional<Colour> titleColour;
   std::optional<Colour> badgeColour;
 
-  friend bool operator==(const Theme &, const Theme &) = default;
+  friend bool operator==(const Theme&, const Theme&) = default;
 };
 
 struct ThemeSwitch {
   std::string_view key;
   bool initial;
-  bool Theme::*member;
+  bool Theme::* member;
 };
 
 struct ThemeNumber {
@@ -43,12 +43,12 @@ struct ThemeNumber {
   double initial;
   double least;
   double most;
-  double Theme::*member;
+  double Theme::* member;
 };
 
 struct ThemeColour {
   std::string_view key;
-  std::optional<Colour> Theme::*member;
+  std::optional<Colour> Theme::* member;
 };
 
 /// The table of the theme's keys. `docs/preferences.md` and the rows of the theme page say the same.
@@ -82,9 +82,9 @@ using ThemeReader = std::function<ThemeValue(std::string_view key)>;
 /// Reads every key of the table.
 ///
 /// What is missing, of another type or no finite number counts as the default. A number out of its range becomes the
-/// nearer end of it; an appearance that there is not is the system's; a switch is on for every number but 0; a text that
-/// names no colour leaves the colour to the system.
-Theme themeFrom(const ThemeReader &read);
+/// nearer end of it; an appearance that there is not is the system's; a switch is on for every number but 0; a text
+/// that names no colour leaves the colour to the system.
+Theme themeFrom(const ThemeReader& read);
 
 /// What the switcher looks like.
 struct Look {
@@ -98,11 +98,11 @@ struct Look {
   std::optional<Colour> titleColour;
   std::optional<Colour> badgeColour;
 
-  friend bool operator==(const Look &, const Look &) = default;
+  friend bool operator==(const Look&, const Look&) = default;
 };
 
 /// While a theme is off the look is the system's: no picture, and everything else as by default. While it is on, its
 /// picture is shown with its blur and dimming; its cards, colours and appearance count only with "useCustom".
-Look lookOf(const Theme &theme);
+Look lookOf(const Theme& theme);
 
 }  // namespace zuno

@@ -5,8 +5,8 @@
 
 namespace zuno {
 
-/// Posted on the default notification centre, without an object, after this process wrote, replaced or removed the theme
-/// file.
+/// Posted on the default notification centre, without an object, after this process wrote, replaced or removed the
+/// theme file.
 extern NSString *const kThemeChanged;
 
 /// Posts it.

@@ -18,8 +18,8 @@ bool isSystemColour(id value);
 /// In the sRGB space, autoreleased.
 UIColor *screenColour(const Colour &colour);
 
-/// `colour` in the sRGB space, beyond whose ends a picked colour may lie; nullopt for nil, and for a colour that cannot be
-/// had by its parts, such as a pattern.
+/// `colour` in the sRGB space, beyond whose ends a picked colour may lie; nullopt for nil, and for a colour that cannot
+/// be had by its parts, such as a pattern.
 std::optional<Colour> pickedColour(UIColor *colour);
 
 /// The text by which the theme file names `colour`, autoreleased.

@@ -14,9 +14,7 @@ std::optional<Colour> storedColour(id value) {
   return text ? parseColour({static_cast<const char *>([text bytes]), [text length]}) : std::nullopt;
 }
 
-bool isSystemColour(id value) {
-  return !value || ([value isKindOfClass:[NSString class]] && [value length] == 0);
-}
+bool isSystemColour(id value) { return !value || ([value isKindOfClass:[NSString class]] && [value length] == 0); }
 
 UIColor *screenColour(const Colour &colour) {
   return [UIColor colorWithRed:colour.red green:colour.green blue:colour.blue alpha:colour.alpha];

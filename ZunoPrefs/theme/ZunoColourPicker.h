@@ -3,10 +3,10 @@
 
 /// The system's colour picker for the value of one row, which it opens with.
 ///
-/// A colour is stored, through the row's own setter, when the finger that chose it is lifted, and at the latest when the
-/// picker goes; a picker in which nothing was chosen stores nothing. It is its own delegate and keeps the row and what
-/// the row writes to, so that neither a page that goes nor a cell that shows another row meanwhile matters to it. Main
-/// thread only.
+/// A colour is stored, through the row's own setter, when the finger that chose it is lifted, and at the latest when
+/// the picker goes; a picker in which nothing was chosen stores nothing. It is its own delegate and keeps the row and
+/// what the row writes to, so that neither a page that goes nor a cell that shows another row meanwhile matters to it.
+/// Main thread only.
 @interface ZunoColourPicker : UIColorPickerViewController <UIColorPickerViewControllerDelegate> {
   PSSpecifier *_row;
   id _owner;

@@ -51,8 +51,8 @@
   [self fillInRow];
 }
 
-/// Shows the stored image and takes the row's taps. Nothing while the cell is in no table: it is filled in when it comes
-/// into one.
+/// Shows the stored image and takes the row's taps. Nothing while the cell is in no table: it is filled in when it
+/// comes into one.
 - (void)fillInRow {
   if (![self superview]) return;
 

@@ -10,7 +10,8 @@
 - (void)importViaFileAlert;
 - (void)importViaBase64Alert;
 
-/// Stores the preset that `text` holds under `name`, which has been checked. An error alert and no file when it holds none.
+/// Stores the preset that `text` holds under `name`, which has been checked. An error alert and no file when it holds
+/// none.
 - (void)importPresetWithBase64String:(NSString *)text andName:(NSString *)name;
 
 - (NSString *)base64StringFromDict:(NSDictionary *)dictionary;

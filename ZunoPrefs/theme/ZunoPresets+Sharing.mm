@@ -75,11 +75,8 @@ void presentLater(UIViewController *page, UIViewController *presented) {
     case zuno::FileImport::kInvalid:
       zuno::presentError(self, @"Invalid file selected.");
       return;  // The access stays open.
-    case zuno::FileImport::kCopyFailed:
-      zuno::presentError(self, @"Failed to import preset");
-      break;
-    case zuno::FileImport::kImported:
-      break;
+    case zuno::FileImport::kCopyFailed: zuno::presentError(self, @"Failed to import preset"); break;
+    case zuno::FileImport::kImported: break;
   }
   [url stopAccessingSecurityScopedResource];
   [[self tableView] reloadData];
@@ -131,9 +128,8 @@ void presentLater(UIViewController *page, UIViewController *presented) {
 #pragma mark - Share
 
 - (void)sharePresetAlert:(NSString *)path {
-  UIAlertController *alert =
-      zuno::alertTitled([NSString stringWithFormat:@"Share \"%@\"...", zuno::presetNameOf(path)],
-                        @"Choose sharing option...");
+  UIAlertController *alert = zuno::alertTitled([NSString stringWithFormat:@"Share \"%@\"...", zuno::presetNameOf(path)],
+                                               @"Choose sharing option...");
   zuno::addAction(alert, @"Share via string", UIAlertActionStyleDefault, ^{
     [self shareViaBase64:path];
   });

@@ -1,6 +1,7 @@
 #import <UIKit/UIKit.h>
 
-/// The presets screen: lists, saves, applies and deletes presets, and shares and imports them (see the Sharing category).
+/// The presets screen: lists, saves, applies and deletes presets, and shares and imports them (see the Sharing
+/// category).
 ///
 /// The settings framework can push it as the detail page of a row. Main thread only.
 @interface ZunoPresets : UITableViewController <UIDocumentPickerDelegate> {

@@ -134,21 +134,20 @@ constexpr CGFloat kRowHeight = 60;  // Points.
                                          [self deletePresetAlert:path];
                                        }];
   [remove setBackgroundColor:[UIColor redColor]];
-  UITableViewRowAction *share =
-      [UITableViewRowAction rowActionWithStyle:UITableViewRowActionStyleNormal
-                                         title:@"Share"
-                                       handler:^(UITableViewRowAction *, NSIndexPath *) {
-                                         [tableView setEditing:NO animated:YES];
-                                         [self sharePresetAlert:path];
-                                       }];
+  UITableViewRowAction *share = [UITableViewRowAction rowActionWithStyle:UITableViewRowActionStyleNormal
+                                                                   title:@"Share"
+                                                                 handler:^(UITableViewRowAction *, NSIndexPath *) {
+                                                                   [tableView setEditing:NO animated:YES];
+                                                                   [self sharePresetAlert:path];
+                                                                 }];
   [share setBackgroundColor:[UIColor colorWithRed:0.0 green:0.48 blue:1.0 alpha:1.0]];
   return @[ remove, share ];
 }
 
 - (void)deletePresetAlert:(NSString *)path {
   UIAlertController *alert = zuno::alertTitled(
-      @"Delete Preset", [NSString stringWithFormat:@"Are you sure you would like to delete preset \"%@\"?",
-                                                   zuno::presetNameOf(path)]);
+      @"Delete Preset",
+      [NSString stringWithFormat:@"Are you sure you would like to delete preset \"%@\"?", zuno::presetNameOf(path)]);
   zuno::addAction(alert, @"Confirm", UIAlertActionStyleDestructive, ^{
     zuno::deletePreset(path);
     [self loadPresets];

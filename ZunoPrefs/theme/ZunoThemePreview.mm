@@ -31,7 +31,7 @@ constexpr CGFloat kTitleGap = 14;  // Between the icon, its title and the card.
 constexpr CGFloat kTitleSize = 40;
 constexpr CGFloat kBadge = 60;
 constexpr CGFloat kBadgeTextSize = 38;
-constexpr CGFloat kLine = 16;     // A line of the text on a card, drawn as a bar.
+constexpr CGFloat kLine = 16;  // A line of the text on a card, drawn as a bar.
 constexpr CGFloat kLineGap = 18;
 constexpr CGFloat kCardMargin = 24;
 
@@ -264,7 +264,8 @@ NSString *description(const Look &look, bool hasPicture, bool isDark) {
   const CGFloat left = CGRectGetMaxX([_icon frame]) + gap;
   [_title setFrame:onPixels(CGRectMake(left, top, CGRectGetMaxX(card) - left, icon))];
   [_badge setFont:[UIFont systemFontOfSize:kBadgeTextSize * scale]];
-  [_badge setFrame:onPixels(CGRectMake(CGRectGetMaxX(card) - badge / 2, CGRectGetMinY(card) - badge / 2, badge, badge))];
+  [_badge
+      setFrame:onPixels(CGRectMake(CGRectGetMaxX(card) - badge / 2, CGRectGetMinY(card) - badge / 2, badge, badge))];
   [[_badge layer] setCornerRadius:[_badge frame].size.height / 2];
 }
 

@@ -10,8 +10,9 @@ namespace zuno {
 NSArray *builtInPages();
 
 /// The names of the built-in pages and of the widgets installed, by identifier; a widget without a name has its
-/// identifier for one. Of two with the same identifier the first in the order of the editor counts. Reads the Info lists
-/// in the widgets folder and loads no code, so that a widget counts also when its code could not be loaded. Autoreleased.
+/// identifier for one. Of two with the same identifier the first in the order of the editor counts. Reads the Info
+/// lists in the widgets folder and loads no code, so that a widget counts also when its code could not be loaded.
+/// Autoreleased.
 NSDictionary *namesOfWidgets();
 
 }  // namespace zuno

@@ -14,11 +14,11 @@
   UIImage *_icon;
 }
 /// The name under the icon. Never nil.
-@property (nonatomic, readonly, copy) NSString *displayName;
+@property(nonatomic, readonly, copy) NSString *displayName;
 /// Never nil, never empty.
-@property (nonatomic, readonly, copy) NSString *bundleIdentifier;
+@property(nonatomic, readonly, copy) NSString *bundleIdentifier;
 /// 29 points wide, loaded on first use; nil when the application has none that can be read.
-@property (nonatomic, readonly, retain) UIImage *icon;
+@property(nonatomic, readonly, retain) UIImage *icon;
 @end
 
 /// Lists the installed applications. Main thread only.

@@ -16,7 +16,7 @@ struct NorvikAppListPageState;
 /// `identifier` names the preference file, `key` the entry in it.
 - (instancetype)initWithIdentifier:(NSString *)identifier andKey:(NSString *)key;
 /// At most this many applications; 0, as at first, is no limit. With 1 a new choice replaces the old one.
-@property (nonatomic) NSInteger maxEnabled;
+@property(nonatomic) NSInteger maxEnabled;
 /// Shows a tapped application's bundle identifier below its name. NO at first.
-@property (nonatomic) BOOL showBundleIdentifierOnTap;
+@property(nonatomic) BOOL showBundleIdentifierOnTap;
 @end

@@ -8,7 +8,7 @@
   UIControl *_control;
 }
 /// Also the specifier's property "control".
-@property (nonatomic, retain) UIControl *control;
+@property(nonatomic, retain) UIControl *control;
 /// A new control, owned by the caller.
 - (UIControl *)newControl;
 /// The control's value as it is stored.

@@ -16,7 +16,7 @@ struct PSListControllerState;
  @private
   struct PSListControllerState *_listState;
 }
-@property (nonatomic, copy) NSString *specifierID;
+@property(nonatomic, copy) NSString *specifierID;
 
 /// nil until the view is loaded.
 - (UITableView *)table;
@@ -69,7 +69,8 @@ struct PSListControllerState;
 @end
 
 @interface PSListController (Updates)
-/// Shows the specifier's current state. A group reloads its section; a specifier that the page does not hold is ignored.
+/// Shows the specifier's current state. A group reloads its section; a specifier that the page does not hold is
+/// ignored.
 - (void)reloadSpecifier:(PSSpecifier *)specifier;
 - (void)reloadSpecifier:(PSSpecifier *)specifier animated:(BOOL)animated;
 - (void)reloadSpecifierID:(NSString *)identifier;
@@ -94,7 +95,9 @@ struct PSListControllerState;
 - (void)insertContiguousSpecifiers:(NSArray *)specifiers afterSpecifier:(PSSpecifier *)other;
 - (void)insertContiguousSpecifiers:(NSArray *)specifiers afterSpecifier:(PSSpecifier *)other animated:(BOOL)animated;
 - (void)insertContiguousSpecifiers:(NSArray *)specifiers afterSpecifierID:(NSString *)identifier;
-- (void)insertContiguousSpecifiers:(NSArray *)specifiers afterSpecifierID:(NSString *)identifier animated:(BOOL)animated;
+- (void)insertContiguousSpecifiers:(NSArray *)specifiers
+                  afterSpecifierID:(NSString *)identifier
+                          animated:(BOOL)animated;
 - (void)removeSpecifier:(PSSpecifier *)specifier;
 - (void)removeSpecifier:(PSSpecifier *)specifier animated:(BOOL)animated;
 - (void)removeSpecifierID:(NSString *)identifier;
@@ -107,7 +110,9 @@ struct PSListControllerState;
 - (void)removeContiguousSpecifiers:(NSArray *)specifiers;
 - (void)removeContiguousSpecifiers:(NSArray *)specifiers animated:(BOOL)animated;
 - (void)replaceContiguousSpecifiers:(NSArray *)specifiers withSpecifiers:(NSArray *)replacements;
-- (void)replaceContiguousSpecifiers:(NSArray *)specifiers withSpecifiers:(NSArray *)replacements animated:(BOOL)animated;
+- (void)replaceContiguousSpecifiers:(NSArray *)specifiers
+                     withSpecifiers:(NSArray *)replacements
+                           animated:(BOOL)animated;
 /// Between the two, changes reach the table at once and at the end.
 - (void)beginUpdates;
 - (void)endUpdates;

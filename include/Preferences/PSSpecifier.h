@@ -30,10 +30,10 @@ typedef NS_ENUM(NSInteger, PSCellType) {
 /// Everything that is not an instance variable is in `properties`; rows and pages read their own keys from there.
 @interface PSSpecifier : NSObject {
  @public
-  id target;    // Not owned.
-  SEL getter;   // Takes the specifier, returns an object.
-  SEL setter;   // Takes the value and the specifier.
-  SEL action;   // Takes nothing or the specifier.
+  id target;   // Not owned.
+  SEL getter;  // Takes the specifier, returns an object.
+  SEL setter;  // Takes the value and the specifier.
+  SEL action;  // Takes nothing or the specifier.
   SEL cancel;
   Class detailControllerClass;
   PSCellType cellType;  // -1 when the type is unknown.
@@ -57,26 +57,26 @@ typedef NS_ENUM(NSInteger, PSCellType) {
 }
 
 /// The row's localised title.
-@property (nonatomic, copy) NSString *name;
+@property(nonatomic, copy) NSString *name;
 /// Unique on its page. Setting nil removes it.
-@property (nonatomic, copy) NSString *identifier;
+@property(nonatomic, copy) NSString *identifier;
 /// Receives every selector of the specifier. Not owned.
-@property (nonatomic, assign) id target;
-@property (nonatomic) PSCellType cellType;
-@property (nonatomic) Class detailControllerClass;
-@property (nonatomic) Class editPaneClass;
+@property(nonatomic, assign) id target;
+@property(nonatomic) PSCellType cellType;
+@property(nonatomic) Class detailControllerClass;
+@property(nonatomic) Class editPaneClass;
 /// The live dictionary behind `propertyForKey:`.
-@property (nonatomic, readonly, retain) NSMutableDictionary *properties;
-@property (nonatomic, retain) NSArray *values;
+@property(nonatomic, readonly, retain) NSMutableDictionary *properties;
+@property(nonatomic, retain) NSArray *values;
 /// Value to title.
-@property (nonatomic, retain) NSDictionary *titleDictionary;
+@property(nonatomic, retain) NSDictionary *titleDictionary;
 /// Value to the short title that a link list row shows.
-@property (nonatomic, retain) NSDictionary *shortTitleDictionary;
-@property (nonatomic, retain) id userInfo;
-@property (nonatomic) SEL buttonAction;
-@property (nonatomic) SEL confirmationAction;
-@property (nonatomic) SEL confirmationCancelAction;
-@property (nonatomic) SEL controllerLoadAction;
+@property(nonatomic, retain) NSDictionary *shortTitleDictionary;
+@property(nonatomic, retain) id userInfo;
+@property(nonatomic) SEL buttonAction;
+@property(nonatomic) SEL confirmationAction;
+@property(nonatomic) SEL confirmationCancelAction;
+@property(nonatomic) SEL controllerLoadAction;
 
 + (instancetype)preferenceSpecifierNamed:(NSString *)name
                                   target:(id)target

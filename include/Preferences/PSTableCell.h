@@ -12,18 +12,18 @@ struct PSTableCellState;
   struct PSTableCellState *_tableCellState;
 }
 /// The row shown. Setting another one refreshes the cell.
-@property (nonatomic, retain) PSSpecifier *specifier;
+@property(nonatomic, retain) PSSpecifier *specifier;
 /// -1 when unknown.
-@property (nonatomic) PSCellType type;
+@property(nonatomic) PSCellType type;
 /// Where a control sends its new value: (value, specifier). The target is not owned.
-@property (nonatomic, assign) id cellTarget;
-@property (nonatomic) SEL cellAction;
+@property(nonatomic, assign) id cellTarget;
+@property(nonatomic) SEL cellAction;
 /// Older names of the two above.
-@property (nonatomic, assign) id target;
-@property (nonatomic) SEL action;
+@property(nonatomic, assign) id target;
+@property(nonatomic) SEL action;
 /// The value shown; what that means is the cell type's affair.
-@property (nonatomic, retain) id value;
-@property (nonatomic, getter=isChecked) BOOL checked;
+@property(nonatomic, retain) id value;
+@property(nonatomic, getter=isChecked) BOOL checked;
 
 /// Type for a name such as "PSSwitchCell"; -1 when there is none.
 + (PSCellType)cellTypeFromString:(NSString *)name;

@@ -12,7 +12,7 @@
   id _rootController;    // Not owned.
 }
 /// The row that opened the page; nil for the first page. Its name becomes the title of a page that has none.
-@property (nonatomic, retain) PSSpecifier *specifier;
+@property(nonatomic, retain) PSSpecifier *specifier;
 
 - (id)parentController;
 - (void)setParentController:(id)controller;

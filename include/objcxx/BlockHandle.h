@@ -18,12 +18,10 @@ class [[nodiscard]] BlockHandle final {
 
   BlockHandle() noexcept = default;
   explicit BlockHandle(Type block) noexcept : block_(Block_copy(block)) {}
-  BlockHandle(const BlockHandle& other) noexcept : BlockHandle(other.block_) {}
-  BlockHandle(BlockHandle&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
-  ~BlockHandle() {
-    Block_release(block_);
-  }
-  BlockHandle& operator=(BlockHandle other) noexcept {
+  BlockHandle(const BlockHandle &other) noexcept : BlockHandle(other.block_) {}
+  BlockHandle(BlockHandle &&other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
+  ~BlockHandle() { Block_release(block_); }
+  BlockHandle &operator=(BlockHandle other) noexcept {
     std::swap(block_, other.block_);
     return *this;
   }

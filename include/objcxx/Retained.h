@@ -18,39 +18,39 @@ class [[nodiscard]] Retained final {
  public:
   Retained() noexcept = default;
   Retained(std::nullptr_t) noexcept {}
-  Retained(const Retained& other) noexcept : object_([other.object_ retain]) {}
-  Retained(Retained&& other) noexcept : object_(std::exchange(other.object_, nil)) {}
+  Retained(const Retained &other) noexcept : object_([other.object_ retain]) {}
+  Retained(Retained &&other) noexcept : object_(std::exchange(other.object_, nil)) {}
   ~Retained() { [object_ release]; }
-  Retained& operator=(Retained other) noexcept {  // Copy or move; safe against self and against re-entrant release.
+  Retained &operator=(Retained other) noexcept {  // Copy or move; safe against self and against re-entrant release.
     std::swap(object_, other.object_);
     return *this;
   }
 
   /// A borrowed look; ownership stays here.
-  T* get() const noexcept { return object_; }
+  T *get() const noexcept { return object_; }
   explicit operator bool() const noexcept { return object_ != nil; }
   /// Ends this handle's ownership and gives the object at +0, for `return handle.autoreleased();`.
-  T* autoreleased() noexcept { return [std::exchange(object_, nil) autorelease]; }
+  T *autoreleased() noexcept { return [std::exchange(object_, nil) autorelease]; }
 
   template <typename U>
-  friend Retained<U> adopt(U* object) noexcept;
+  friend Retained<U> adopt(U *object) noexcept;
   template <typename U>
-  friend Retained<U> share(U* object) noexcept;
+  friend Retained<U> share(U *object) noexcept;
 
  private:
-  explicit Retained(T* owned) noexcept : object_(owned) {}
-  T* object_ = nil;
+  explicit Retained(T *owned) noexcept : object_(owned) {}
+  T *object_ = nil;
 };
 
 /// Takes over the +1 that the caller owns.
 template <typename U>
-[[nodiscard]] Retained<U> adopt(U* object) noexcept {
+[[nodiscard]] Retained<U> adopt(U *object) noexcept {
   return Retained<U>(object);
 }
 
 /// Adds a reference of its own to an object that the caller was lent.
 template <typename U>
-[[nodiscard]] Retained<U> share(U* object) noexcept {
+[[nodiscard]] Retained<U> share(U *object) noexcept {
   return Retained<U>([object retain]);
 }
 

@@ -24,10 +24,10 @@ std::string decimal(std::int64_t number);
 
 /// One place of the slice that holds a pointer.
 struct Fixup {
-  std::size_t offset = 0;  ///< From the start of the image.
-  std::optional<Schema> schema;  ///< How the pointer is signed; a plain pointer has none.
+  std::size_t offset = 0;             ///< From the start of the image.
+  std::optional<Schema> schema;       ///< How the pointer is signed; a plain pointer has none.
   std::optional<std::string> symbol;  ///< What it is bound to; else `target` lies in the image.
-  std::uint64_t target = 0;  ///< Offset from the start of the image, or what is added to the symbol.
+  std::uint64_t target = 0;           ///< Offset from the start of the image, or what is added to the symbol.
   std::uint8_t highByte = 0;
 };
 

@@ -62,8 +62,7 @@ std::string testLookUp(const Image& image, std::span<const std::uint8_t> samples
     }
     ++documents;
   }
-  return decimal(answers) + " look-ups in " + decimal(documents) +
-         " property lists answer as on this computer";
+  return decimal(answers) + " look-ups in " + decimal(documents) + " property lists answer as on this computer";
 }
 
 }  // namespace device_test

@@ -61,8 +61,7 @@ void compareEveryLength(zuno::detail::ToneCount* count, std::size_t longest) {
   for (std::size_t alignment = 0; alignment < 16; ++alignment) {
     for (std::size_t length = 0; length <= longest; ++length) {
       const Bytes bytes(buffer.data() + alignment, length);
-      if (count(bytes) != countByDefinition(bytes))
-        fail("the tone kernel is wrong for " + decimal(length) + " bytes");
+      if (count(bytes) != countByDefinition(bytes)) fail("the tone kernel is wrong for " + decimal(length) + " bytes");
     }
   }
 }

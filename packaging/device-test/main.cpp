@@ -45,7 +45,7 @@ void catchFaults() {
   static char stack[1 << 16];
   const stack_t alternate{.ss_sp = stack, .ss_flags = 0, .ss_size = sizeof stack};
   sigaltstack(&alternate, nullptr);
-  struct sigaction action {};
+  struct sigaction action{};
   action.sa_sigaction = reportFault;
   action.sa_flags = SA_SIGINFO | SA_ONSTACK;
   for (const int signal : {SIGSEGV, SIGBUS, SIGILL, SIGTRAP}) sigaction(signal, &action, nullptr);

@@ -17,9 +17,9 @@ class AppSelection final {
   /// The stored array as it is; a bare string counts as an array of one, anything else as an empty one.
   NSArray *stored() const;
 
-  /// Chooses the application, or drops it when it was chosen. At most `limit` strings are kept, 0 is no limit; with 1 the
-  /// new choice replaces the old one, otherwise chosen applications that are not in `installed` make room first.
-  /// NO when the limit refuses the choice or the file cannot be written.
+  /// Chooses the application, or drops it when it was chosen. At most `limit` strings are kept, 0 is no limit; with 1
+  /// the new choice replaces the old one, otherwise chosen applications that are not in `installed` make room first. NO
+  /// when the limit refuses the choice or the file cannot be written.
   bool toggle(NSString *application, NSInteger limit, NSSet *installed) const;
 
  private:

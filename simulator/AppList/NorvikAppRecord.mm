@@ -122,8 +122,7 @@ struct Entry {
 
 + (instancetype)sim_recordOfApplicationAtPath:(NSString *)path {
   NSString *folderName = [path lastPathComponent];
-  NSDictionary *info =
-      [NSDictionary dictionaryWithContentsOfFile:[path stringByAppendingPathComponent:@"Info.plist"]];
+  NSDictionary *info = [NSDictionary dictionaryWithContentsOfFile:[path stringByAppendingPathComponent:@"Info.plist"]];
   if (!info) {
     NSLog(@"[NorvikAppList] %@ has no Info.plist that can be read; it is left out.", folderName);
     return nil;
@@ -152,9 +151,9 @@ struct Entry {
       NorvikAppRecord *record = [self sim_recordOfApplicationAtPath:path];
       if (!record || [taken containsObject:[record bundleIdentifier]]) continue;
       [taken addObject:[record bundleIdentifier]];
-      NSString *key = [[record displayName] stringByFoldingWithOptions:NSCaseInsensitiveSearch |
-                                                                       NSDiacriticInsensitiveSearch
-                                                                locale:nil];
+      NSString *key =
+          [[record displayName] stringByFoldingWithOptions:NSCaseInsensitiveSearch | NSDiacriticInsensitiveSearch
+                                                    locale:nil];
       entries.push_back({objcxx::share(key), objcxx::share(record)});
     }
   }

@@ -15,13 +15,13 @@
 #define CF_EXPORT extern
 #endif
 
-typedef const void *CFTypeRef;
-typedef const struct __CFString *CFStringRef;
-typedef const struct __CFData *CFDataRef;
-typedef const struct __CFDictionary *CFDictionaryRef;
-typedef const struct __CFArray *CFArrayRef;
-typedef const struct __CFURL *CFURLRef;
-typedef const struct __CFAllocator *CFAllocatorRef;
+typedef const void* CFTypeRef;
+typedef const struct __CFString* CFStringRef;
+typedef const struct __CFData* CFDataRef;
+typedef const struct __CFDictionary* CFDictionaryRef;
+typedef const struct __CFArray* CFArrayRef;
+typedef const struct __CFURL* CFURLRef;
+typedef const struct __CFAllocator* CFAllocatorRef;
 
 typedef unsigned char Boolean;
 typedef uint8_t UInt8;
@@ -32,7 +32,7 @@ typedef unsigned long CFHashCode;
 typedef unsigned long CFTypeID;
 
 /// A constant string. Objective-C sources only.
-#define CFSTR(text) ((CFStringRef)(const void *)@text)
+#define CFSTR(text) ((CFStringRef)(const void*)@text)
 
 CF_EXTERN_C_BEGIN
 

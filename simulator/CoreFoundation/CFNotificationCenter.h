@@ -3,10 +3,10 @@
 
 #import <CoreFoundation/CFBase.h>
 
-typedef struct __CFNotificationCenter *CFNotificationCenterRef;
+typedef struct __CFNotificationCenter* CFNotificationCenterRef;
 typedef CFStringRef CFNotificationName;
-typedef void (*CFNotificationCallback)(CFNotificationCenterRef center, void *observer, CFNotificationName name,
-                                       const void *object, CFDictionaryRef userInfo);
+typedef void (*CFNotificationCallback)(CFNotificationCenterRef center, void* observer, CFNotificationName name,
+                                       const void* object, CFDictionaryRef userInfo);
 
 typedef enum : CFIndex {
   CFNotificationSuspensionBehaviorDrop = 1,
@@ -22,18 +22,18 @@ CFNotificationCenterRef CFNotificationCenterGetDarwinNotifyCenter(void);
 
 /// Posts `name`. Observers are called from the main run loop, not inside this call. `object` and `userInfo` are
 /// dropped, as the Darwin centre does. A NULL name or centre is logged and ignored.
-void CFNotificationCenterPostNotification(CFNotificationCenterRef center, CFNotificationName name, const void *object,
+void CFNotificationCenterPostNotification(CFNotificationCenterRef center, CFNotificationName name, const void* object,
                                           CFDictionaryRef userInfo, Boolean deliverImmediately);
 
 /// Calls `callback` on the main thread for every later post of `name`. `observer` is a mere address: not owned, may be
 /// NULL. `object` and the suspension behaviour are ignored. A NULL name, callback or centre is logged and ignored.
-void CFNotificationCenterAddObserver(CFNotificationCenterRef center, const void *observer,
-                                     CFNotificationCallback callback, CFStringRef name, const void *object,
+void CFNotificationCenterAddObserver(CFNotificationCenterRef center, const void* observer,
+                                     CFNotificationCallback callback, CFStringRef name, const void* object,
                                      CFNotificationSuspensionBehavior suspensionBehavior);
 
 /// Ends the observations of `name` by `observer`; a NULL name means every name. Posts on their way to it are dropped.
-void CFNotificationCenterRemoveObserver(CFNotificationCenterRef center, const void *observer, CFNotificationName name,
-                                        const void *object);
-void CFNotificationCenterRemoveEveryObserver(CFNotificationCenterRef center, const void *observer);
+void CFNotificationCenterRemoveObserver(CFNotificationCenterRef center, const void* observer, CFNotificationName name,
+                                        const void* object);
+void CFNotificationCenterRemoveEveryObserver(CFNotificationCenterRef center, const void* observer);
 
 CF_EXTERN_C_END

@@ -52,7 +52,8 @@ void BoxReducer::finishBlocks() {
     const std::uint64_t* sum = sums_.data() + std::size_t(x) * 4;
     const std::uint64_t area = std::uint64_t(std::min(block_.width, size_.width - x * block_.width)) * height;
     const std::uint64_t whole = area * weight;
-    for (int component = 0; component < 3; ++component) to[component] = std::uint8_t((sum[component] + whole / 2) / whole);
+    for (int component = 0; component < 3; ++component)
+      to[component] = std::uint8_t((sum[component] + whole / 2) / whole);
     to[3] = alpha_ == Alpha::ignored ? 255 : std::uint8_t((sum[3] + area / 2) / area);
   }
   std::fill(sums_.begin(), sums_.end(), 0);

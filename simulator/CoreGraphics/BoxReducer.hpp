@@ -8,8 +8,8 @@
 
 namespace sim {
 
-/// Takes the rows of a picture and keeps the averages of equal blocks, so that neither side becomes smaller than wanted.
-/// The blocks at the right and bottom edge may be smaller.
+/// Takes the rows of a picture and keeps the averages of equal blocks, so that neither side becomes smaller than
+/// wanted. The blocks at the right and bottom edge may be smaller.
 class BoxReducer final {
  public:
   /// `size` is the picture's; no side of `smallest` is larger than the picture's or 0. `alpha` tells of the rows.

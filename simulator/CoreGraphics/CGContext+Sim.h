@@ -20,7 +20,7 @@ cairo_t *cairoOf(CGContextRef context);
 struct ImageDrawing {
   CGRect rect{};
   Orientation orientation = Orientation::up;
-  bool bottomUp = false;           ///< The first row at the greatest y.
+  bool bottomUp = false;            ///< The first row at the greatest y.
   const RGBA *template_ = nullptr;  ///< Where set: the image's alpha in that colour.
 };
 /// Draws the pixels with the context's alpha, blend mode and interpolation.

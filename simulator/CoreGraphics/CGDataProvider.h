@@ -5,15 +5,15 @@
 #include <CoreGraphics/CGBase.h>
 
 /// A Core Foundation object; ownership by CGDataProviderRetain/Release or CFRetain/CFRelease.
-typedef struct CGDataProvider *CGDataProviderRef;
+typedef struct CGDataProvider* CGDataProviderRef;
 
 /// Called once, when the provider no longer needs the bytes.
-typedef void (*CGDataProviderReleaseDataCallback)(void *info, const void *data, size_t size);
+typedef void (*CGDataProviderReleaseDataCallback)(void* info, const void* data, size_t size);
 
 /// Retains `data`. NULL for NULL.
 CG_EXTERN CGDataProviderRef CGDataProviderCreateWithCFData(CFDataRef data);
 /// Reads `data` in place until `releaseData` is called.
-CG_EXTERN CGDataProviderRef CGDataProviderCreateWithData(void *info, const void *data, size_t size,
+CG_EXTERN CGDataProviderRef CGDataProviderCreateWithData(void* info, const void* data, size_t size,
                                                          CGDataProviderReleaseDataCallback releaseData);
 CG_EXTERN CGDataProviderRef CGDataProviderRetain(CGDataProviderRef provider);
 CG_EXTERN void CGDataProviderRelease(CGDataProviderRef provider);

@@ -14,8 +14,8 @@ CGImageRef createImage(PixelSourcePtr source);
 /// Where the image's pixels come from; null for NULL.
 PixelSourcePtr sourceOf(CGImageRef image);
 
-/// The bytes of `data`, which stay as they are now: a copy of data that can change, else `data` itself. None for nil and for
-/// data without bytes.
+/// The bytes of `data`, which stay as they are now: a copy of data that can change, else `data` itself. None for nil
+/// and for data without bytes.
 SharedBytes sharedBytes(NSData *data);
 
 }  // namespace sim

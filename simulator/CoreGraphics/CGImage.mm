@@ -109,9 +109,9 @@ CGImageRef CGImageCreate(size_t width, size_t height, size_t bitsPerComponent, s
                          const CGFloat *decode, bool, CGColorRenderingIntent) {
   const auto alpha = bitmapInfo & kCGBitmapAlphaInfoMask;
   const auto order = bitmapInfo & kCGBitmapByteOrderMask;
-  const bool knownLayout = alpha >= kCGImageAlphaPremultipliedLast && alpha <= kCGImageAlphaNoneSkipFirst &&
-                           (order == kCGBitmapByteOrderDefault || order == kCGBitmapByteOrder32Big ||
-                            order == kCGBitmapByteOrder32Little);
+  const bool knownLayout =
+      alpha >= kCGImageAlphaPremultipliedLast && alpha <= kCGImageAlphaNoneSkipFirst &&
+      (order == kCGBitmapByteOrderDefault || order == kCGBitmapByteOrder32Big || order == kCGBitmapByteOrder32Little);
   if (!provider || decode || !knownLayout || bitsPerComponent != 8 || bitsPerPixel != 32 ||
       CGColorSpaceGetModel(space) != kCGColorSpaceModelRGB || width > size_t(sim::maxPixels) ||
       height > size_t(sim::maxPixels) || !sim::isDrawableSize(std::int64_t(width), std::int64_t(height)) ||
@@ -135,8 +135,8 @@ CGImageRef CGImageCreateWithImageInRect(CGImageRef image, CGRect rect) {
   if (CGRectIsEmpty(part)) return nullptr;
   const sim::BitmapPtr bitmap = sim::sourceOf(image)->bitmap();
   if (!bitmap) return nullptr;
-  return sim::createImage(sim::sourceOf(sim::cropped(*bitmap, int(part.origin.x), int(part.origin.y),
-                                                     int(part.size.width), int(part.size.height))));
+  return sim::createImage(sim::sourceOf(
+      sim::cropped(*bitmap, int(part.origin.x), int(part.origin.y), int(part.size.width), int(part.size.height))));
 }
 
 CGImageRef CGImageCreateCopy(CGImageRef image) { return CGImageRetain(image); }

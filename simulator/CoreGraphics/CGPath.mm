@@ -117,9 +117,7 @@ void CGPathAddPath(CGMutablePathRef path, const CGAffineTransform *m, CGPathRef 
 
 bool CGPathIsEmpty(CGPathRef path) { return !path || sim::pathOf(path).empty(); }
 
-bool CGPathEqualToPath(CGPathRef a, CGPathRef b) {
-  return a == b || (a && b && sim::pathOf(a) == sim::pathOf(b));
-}
+bool CGPathEqualToPath(CGPathRef a, CGPathRef b) { return a == b || (a && b && sim::pathOf(a) == sim::pathOf(b)); }
 
 CGPoint CGPathGetCurrentPoint(CGPathRef path) {
   const auto point = path ? sim::pathOf(path).current() : std::nullopt;

@@ -1,6 +1,5 @@
 #include "CoreGraphics/CairoSurface.hpp"
 
-
 namespace sim {
 namespace {
 

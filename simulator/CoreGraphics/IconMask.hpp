@@ -5,8 +5,8 @@
 
 namespace sim {
 
-/// The pixels of `source` within the outline of an icon, transparent beyond it. Masked when they are first asked for; null
-/// for null.
+/// The pixels of `source` within the outline of an icon, transparent beyond it. Masked when they are first asked for;
+/// null for null.
 PixelSourcePtr maskedAsIcon(PixelSourcePtr source);
 
 }  // namespace sim

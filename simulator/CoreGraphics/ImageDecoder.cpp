@@ -122,8 +122,7 @@ DecodedImage openImage(SharedBytes file) {
   switch (header->format) {
     case ImageFormat::png:
     case ImageFormat::jpeg:
-    case ImageFormat::webp:
-      return {std::make_shared<EncodedSource>(std::move(file), *header), header->orientation};
+    case ImageFormat::webp: return {std::make_shared<EncodedSource>(std::move(file), *header), header->orientation};
     case ImageFormat::gif:
     case ImageFormat::tiff:
     case ImageFormat::heif: {

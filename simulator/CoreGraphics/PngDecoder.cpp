@@ -70,12 +70,12 @@ BitmapPtr readPixels(png_structp png, png_infop info, int longestSide) {
   const png_uint_32 width = png_get_image_width(png, info);
   const png_uint_32 height = png_get_image_height(png, info);
   if (!isDrawableSize(width, height)) return nullptr;
-  const bool hasAlpha = (png_get_color_type(png, info) & PNG_COLOR_MASK_ALPHA) || png_get_valid(png, info, PNG_INFO_tRNS);
+  const bool hasAlpha =
+      (png_get_color_type(png, info) & PNG_COLOR_MASK_ALPHA) || png_get_valid(png, info, PNG_INFO_tRNS);
   const Alpha alpha = hasAlpha ? Alpha::straight : Alpha::ignored;
   const PixelSize size{int(width), int(height)};
   const PixelSize smallest = fitted(size, longestSide);
-  const bool isReduced =
-      BoxReducer::reduces(size, smallest) && png_get_interlace_type(png, info) == PNG_INTERLACE_NONE;
+  const bool isReduced = BoxReducer::reduces(size, smallest) && png_get_interlace_type(png, info) == PNG_INTERLACE_NONE;
   return isReduced ? readReduced(png, info, size, smallest, alpha) : readWhole(png, info, size, alpha);
 }
 

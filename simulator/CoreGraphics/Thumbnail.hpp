@@ -5,8 +5,8 @@
 
 namespace sim {
 
-/// The middle square of `image`, upright, at most `side` pixels (above 0) wide and high; smaller where the image is. Null
-/// for an image whose pixels cannot be had. What is decoded is not kept.
+/// The middle square of `image`, upright, at most `side` pixels (above 0) wide and high; smaller where the image is.
+/// Null for an image whose pixels cannot be had. What is decoded is not kept.
 BitmapPtr squareThumbnail(const DecodedImage& image, int side);
 
 }  // namespace sim

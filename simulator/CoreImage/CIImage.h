@@ -23,9 +23,9 @@ struct CIImageState;
 /// nil for NULL.
 - (instancetype)initWithCGImage:(CGImageRef)image;
 - (instancetype)initWithData:(NSData *)data;
-/// Pixels; y counts upwards. That of a bitmap has its origin at (0, 0). CGRectInfinite for an image without end, CGRectNull
-/// for one with nothing in it.
-@property (nonatomic, readonly) CGRect extent;
+/// Pixels; y counts upwards. That of a bitmap has its origin at (0, 0). CGRectInfinite for an image without end,
+/// CGRectNull for one with nothing in it.
+@property(nonatomic, readonly) CGRect extent;
 /// The receiver, with its outermost pixels going on in every direction.
 - (CIImage *)imageByClampingToExtent;
 /// What lies below `rect`, widened to whole pixels.

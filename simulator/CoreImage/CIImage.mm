@@ -97,7 +97,9 @@ namespace sim {
 
 BitmapPtr render(CIImage *image) { return image ? *[image sim_rendered] : nullptr; }
 
-BitmapPtr render(CIImage *image, const PixelArea &area) { return image ? (*[image sim_recipe])->render(area) : nullptr; }
+BitmapPtr render(CIImage *image, const PixelArea &area) {
+  return image ? (*[image sim_recipe])->render(area) : nullptr;
+}
 
 PixelArea areaOf(CGRect rect) {
   if (!(rect.size.width > 0 && rect.size.height > 0)) return {};

@@ -1,5 +1,5 @@
-// What a Core Image image is made of: pixels and the steps to be applied to them, computed for the part that is asked for.
-// Plain C++.
+// What a Core Image image is made of: pixels and the steps to be applied to them, computed for the part that is asked
+// for. Plain C++.
 #pragma once
 
 #include <cstdint>
@@ -38,7 +38,8 @@ class Recipe {
   virtual ~Recipe() = default;
   /// Outside of it there is nothing but transparent pixels.
   virtual PixelArea extent() const noexcept = 0;
-  /// The pixels below `area`, its top row first. Null for an area that is not drawable and for pixels that cannot be had.
+  /// The pixels below `area`, its top row first. Null for an area that is not drawable and for pixels that cannot be
+  /// had.
   BitmapPtr render(const PixelArea& area) const;
 
  private:

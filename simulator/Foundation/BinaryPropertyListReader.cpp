@@ -150,21 +150,15 @@ class Reader final {
       case 0x0:
         if (marker != 0x08 && marker != 0x09) return fail("An object is of an unknown kind");
         return spend(0) && tell(sink_.boolean(marker == 0x09));
-      case 0x1:
-        return spend(0) && readInteger(at + 1, marker & 0x0f);
+      case 0x1: return spend(0) && readInteger(at + 1, marker & 0x0f);
       case 0x2:
-      case 0x3:
-        return spend(0) && readReal(at + 1, static_cast<unsigned>(marker));
-      case 0x4:
-        return readData(at);
+      case 0x3: return spend(0) && readReal(at + 1, static_cast<unsigned>(marker));
+      case 0x4: return readData(at);
       case 0x5:
-      case 0x6:
-        return readText(at, marker >> 4 == 6) && spend(text_.size()) && tell(sink_.string(text_));
+      case 0x6: return readText(at, marker >> 4 == 6) && spend(text_.size()) && tell(sink_.string(text_));
       case 0xa:
-      case 0xd:
-        return openContainer(at, marker >> 4 == 0xd);
-      default:
-        return fail("An object is of an unknown kind");
+      case 0xd: return openContainer(at, marker >> 4 == 0xd);
+      default: return fail("An object is of an unknown kind");
     }
   }
 

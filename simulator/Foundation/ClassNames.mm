@@ -26,7 +26,8 @@ extern "C" Class NSClassFromString(NSString *name) {
   Class found = next(name);
   if (found || !name) return found;
   if (NSString *file = SIMDeviceCodeFile(__builtin_return_address(0))) {
-    NSString *line = [NSString stringWithFormat:@"[Foundation] There is no class \"%@\", for which %@ asks", name, file];
+    NSString *line =
+        [NSString stringWithFormat:@"[Foundation] There is no class \"%@\", for which %@ asks", name, file];
     if (isFirst(line)) NSLog(@"%@", line);
   }
   return found;

@@ -17,37 +17,26 @@ constexpr NSInteger kFileWriteVolumeReadOnlyError = 642;
 NSInteger readCode(int number) {
   switch (number) {
     case ENOENT:
-    case ENOTDIR:
-      return NSFileReadNoSuchFileError;
+    case ENOTDIR: return NSFileReadNoSuchFileError;
     case EACCES:
-    case EPERM:
-      return NSFileReadNoPermissionError;
-    case ENAMETOOLONG:
-      return NSFileReadInvalidFileNameError;
-    default:
-      return NSFileReadUnknownError;
+    case EPERM: return NSFileReadNoPermissionError;
+    case ENAMETOOLONG: return NSFileReadInvalidFileNameError;
+    default: return NSFileReadUnknownError;
   }
 }
 
 NSInteger writeCode(int number) {
   switch (number) {
     case ENOENT:
-    case ENOTDIR:
-      return NSFileNoSuchFileError;
+    case ENOTDIR: return NSFileNoSuchFileError;
     case EACCES:
-    case EPERM:
-      return NSFileWriteNoPermissionError;
+    case EPERM: return NSFileWriteNoPermissionError;
     case ENOSPC:
-    case EDQUOT:
-      return NSFileWriteOutOfSpaceError;
-    case EROFS:
-      return kFileWriteVolumeReadOnlyError;
-    case EEXIST:
-      return NSFileWriteFileExistsError;
-    case ENAMETOOLONG:
-      return NSFileWriteInvalidFileNameError;
-    default:
-      return NSFileWriteUnknownError;
+    case EDQUOT: return NSFileWriteOutOfSpaceError;
+    case EROFS: return kFileWriteVolumeReadOnlyError;
+    case EEXIST: return NSFileWriteFileExistsError;
+    case ENAMETOOLONG: return NSFileWriteInvalidFileNameError;
+    default: return NSFileWriteUnknownError;
   }
 }
 

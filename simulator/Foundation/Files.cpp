@@ -36,7 +36,7 @@ std::string folderOf(const std::string& path) {
 }
 
 bool isPresent(const std::string& path) {
-  struct stat status {};
+  struct stat status{};
   return ::lstat(path.c_str(), &status) == 0;
 }
 
@@ -68,7 +68,7 @@ int copyFile(const std::string& from, const std::string& to, const struct stat& 
 }
 
 int copyTree(const std::string& from, const std::string& to) {
-  struct stat status {};
+  struct stat status{};
   if (::lstat(from.c_str(), &status) != 0) return errno;
   if (S_ISLNK(status.st_mode)) return copyLink(from, to);
   if (S_ISREG(status.st_mode)) return copyFile(from, to, status);
@@ -87,7 +87,7 @@ int copyTree(const std::string& from, const std::string& to) {
 /// Fills the new file and puts it at `path`.
 int fillAndMove(TemporaryFile& file, const std::string& path, std::span<const std::byte> bytes) {
   const int descriptor = file.descriptor();
-  struct stat old {};
+  struct stat old{};
   const bool replaces = ::lstat(path.c_str(), &old) == 0;
   if (replaces && S_ISDIR(old.st_mode)) return EISDIR;
   const bool keepsMode = replaces && S_ISREG(old.st_mode);
@@ -103,7 +103,7 @@ int fillAndMove(TemporaryFile& file, const std::string& path, std::span<const st
 std::variant<FileContent, int> readFile(const std::string& path) {
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (!file) return errno;
-  struct stat status {};
+  struct stat status{};
   if (::fstat(file.get(), &status) != 0) return errno;
   if (S_ISDIR(status.st_mode)) return EISDIR;
   if (!S_ISREG(status.st_mode)) return EINVAL;

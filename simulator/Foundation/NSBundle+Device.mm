@@ -63,8 +63,8 @@ std::string_view folderOf(const void *address) {
   return file.substr(0, file.rfind('/') + 1);
 }
 
-/// The frameworks lie beside this one and count as the program's. GNUstep comes to the same, but newer ones look for a version
-/// in the names of their libraries and tell the log that there is none.
+/// The frameworks lie beside this one and count as the program's. GNUstep comes to the same, but newer ones look for a
+/// version in the names of their libraries and tell the log that there is none.
 NSBundle *bundleForClass(id self, SEL selector, Class kind) {
   const auto folder = folderOf(kind);
   if (!folder.empty() && folder == folderOf(kClassSymbol)) return [NSBundle mainBundle];
@@ -72,7 +72,8 @@ NSBundle *bundleForClass(id self, SEL selector, Class kind) {
 }
 
 template <typename Implementation>
-Implementation replace(SEL selector, Implementation implementation, Method (*find)(Class, SEL) = class_getInstanceMethod) {
+Implementation replace(SEL selector, Implementation implementation,
+                       Method (*find)(Class, SEL) = class_getInstanceMethod) {
   // Without a message to the class: that would start Foundation before its defaults are set.
   Method method = find((Class)objc_getClass("NSBundle"), selector);
   // Every implementation is stored as a function of any arguments; the way there and back leads over void *.

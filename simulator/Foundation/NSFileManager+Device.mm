@@ -8,16 +8,11 @@ constexpr char kHome[] = "/var/mobile";
 /// Below the user's home; nil for a directory that a device does not have.
 NSString *directoryName(NSSearchPathDirectory directory) {
   switch (directory) {
-    case NSDocumentDirectory:
-      return @"Documents";
-    case NSLibraryDirectory:
-      return @"Library";
-    case NSCachesDirectory:
-      return @"Library/Caches";
-    case NSApplicationSupportDirectory:
-      return @"Library/Application Support";
-    default:
-      return nil;
+    case NSDocumentDirectory: return @"Documents";
+    case NSLibraryDirectory: return @"Library";
+    case NSCachesDirectory: return @"Library/Caches";
+    case NSApplicationSupportDirectory: return @"Library/Application Support";
+    default: return nil;
   }
 }
 

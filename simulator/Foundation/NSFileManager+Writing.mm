@@ -1,5 +1,5 @@
-// Making, copying, moving and removing files and folders as on a device: GNUstep's own take a file for the folder that is wanted,
-// leave part of a copy behind, and have the reason of a failure wrong.
+// Making, copying, moving and removing files and folders as on a device: GNUstep's own take a file for the folder that
+// is wanted, leave part of a copy behind, and have the reason of a failure wrong.
 #import <Foundation/Foundation.h>
 
 #import "Foundation/FileAccess.h"

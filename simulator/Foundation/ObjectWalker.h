@@ -22,6 +22,6 @@ inline constexpr std::string_view kBrokenText = "A text holds half of a surrogat
 /// Streams `root` and all that it holds to `sink`. Refuses nil, objects outside the vocabulary, keys that are not
 /// NSString, halves of surrogate pairs, and containers that lie too deep, which those that hold themselves do. Returns
 /// what is wrong.
-Problem walkObject(id root, Vocabulary vocabulary, KeyOrder order, ValueSink &sink);
+Problem walkObject(id root, Vocabulary vocabulary, KeyOrder order, ValueSink& sink);
 
 }  // namespace sim

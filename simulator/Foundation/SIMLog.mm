@@ -6,8 +6,8 @@ SIMLogHandler logHandler = nullptr;
 void *logContext = nullptr;
 NSLog_printf_handler *standardHandler = nullptr;
 
-/// UTF-16 units; the rest is cut off. The log of a device carries 1,024 bytes of a line, and a bundle that logs what was
-/// pasted into it must not flood the terminal.
+/// UTF-16 units; the rest is cut off. The log of a device carries 1,024 bytes of a line, and a bundle that logs what
+/// was pasted into it must not flood the terminal.
 constexpr NSUInteger longestLine = 8'192;
 
 /// `line` is "<date> <process>[<numbers>] <message>\n". Foundation calls this with its log lock held.

@@ -5,7 +5,7 @@
 #include <CoreGraphics/CGImage.h>
 
 /// A Core Foundation object; ownership by CFRetain/CFRelease.
-typedef struct CGImageSource *CGImageSourceRef;
+typedef struct CGImageSource* CGImageSourceRef;
 
 /// Keys of `options`. The thumbnail is made of the image (true), or taken out of the file (not carried).
 CG_EXTERN const CFStringRef kCGImageSourceCreateThumbnailFromImageAlways;
@@ -18,7 +18,8 @@ CG_EXTERN const CFStringRef kCGImageSourceCreateThumbnailWithTransform;
 /// without images. `options` are not read.
 CG_EXTERN CGImageSourceRef CGImageSourceCreateWithData(CFDataRef data, CFDictionaryRef options);
 
-/// The image made smaller, with its proportions kept, never larger; owned by the caller. The image's pixels are not kept.
-/// NULL for NULL, for data that are no image or whose pixels cannot be decoded, for an `index` other than 0, and without
-/// kCGImageSourceCreateThumbnailFromImageAlways: no thumbnail is taken out of a file.
-CG_EXTERN CGImageRef CGImageSourceCreateThumbnailAtIndex(CGImageSourceRef source, size_t index, CFDictionaryRef options);
+/// The image made smaller, with its proportions kept, never larger; owned by the caller. The image's pixels are not
+/// kept. NULL for NULL, for data that are no image or whose pixels cannot be decoded, for an `index` other than 0, and
+/// without kCGImageSourceCreateThumbnailFromImageAlways: no thumbnail is taken out of a file.
+CG_EXTERN CGImageRef CGImageSourceCreateThumbnailAtIndex(CGImageSourceRef source, size_t index,
+                                                         CFDictionaryRef options);

@@ -5,8 +5,7 @@
 #include <algorithm>
 #include <climits>
 
-const CFStringRef kCGImageSourceCreateThumbnailFromImageAlways =
-    CFSTR("kCGImageSourceCreateThumbnailFromImageAlways");
+const CFStringRef kCGImageSourceCreateThumbnailFromImageAlways = CFSTR("kCGImageSourceCreateThumbnailFromImageAlways");
 const CFStringRef kCGImageSourceThumbnailMaxPixelSize = CFSTR("kCGImageSourceThumbnailMaxPixelSize");
 const CFStringRef kCGImageSourceCreateThumbnailWithTransform = CFSTR("kCGImageSourceCreateThumbnailWithTransform");
 

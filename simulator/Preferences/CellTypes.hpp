@@ -9,10 +9,10 @@ namespace sim {
 constexpr PSCellType kNoCellType = static_cast<PSCellType>(-1);
 
 /// The type of a name such as "PSSwitchCell"; `kNoCellType` for nil and for any other text.
-PSCellType cellTypeNamed(NSString *name);
+PSCellType cellTypeNamed(NSString* name);
 
 /// nil for what is no type.
-NSString *nameOfCellType(PSCellType type);
+NSString* nameOfCellType(PSCellType type);
 
 /// The framework's class for the type; that of a plain row for what is no type.
 Class classOfCellType(PSCellType type);

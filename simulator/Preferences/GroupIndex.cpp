@@ -4,7 +4,7 @@
 
 namespace sim {
 
-GroupIndex::GroupIndex(const std::vector<bool> &isGroup) : count_(isGroup.size()) {
+GroupIndex::GroupIndex(const std::vector<bool>& isGroup) : count_(isGroup.size()) {
   for (std::size_t index = 0; index < count_; ++index) {
     if (isGroup[index]) starts_.push_back(index);
   }

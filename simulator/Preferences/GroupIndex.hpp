@@ -19,7 +19,7 @@ class GroupIndex final {
 
   GroupIndex() = default;
   /// `isGroup` says for each entry whether it is a group.
-  explicit GroupIndex(const std::vector<bool> &isGroup);
+  explicit GroupIndex(const std::vector<bool>& isGroup);
 
   std::size_t groups() const noexcept { return starts_.size(); }
   /// 0 for a group that is not there.

@@ -20,7 +20,8 @@ NSString *const kDefaultOKTitle = @"OK";
 bool canBePage(UIViewController *page, PSSpecifier *specifier) {
   for (NSString *name in @[ @"setRootController:", @"setParentController:", @"setSpecifier:" ]) {
     if ([page respondsToSelector:NSSelectorFromString(name)]) continue;
-    sim::logPreferences(@"%@: %@ does not answer %@; a device cannot open it.", [specifier sim_label], [page class], name);
+    sim::logPreferences(@"%@: %@ does not answer %@; a device cannot open it.", [specifier sim_label], [page class],
+                        name);
     return false;
   }
   return true;
@@ -38,7 +39,7 @@ bool canBePage(UIViewController *page, PSSpecifier *specifier) {
 }
 
 - (BOOL)performActionForSpecifier:(PSSpecifier *)specifier {
-  return specifier->action && sim::performAction([specifier target], specifier->action, specifier);
+  return specifier->action && sim::performAction([specifier target], specifier -> action, specifier);
 }
 
 - (BOOL)performLoadActionForSpecifier:(PSSpecifier *)specifier {
@@ -62,18 +63,16 @@ bool canBePage(UIViewController *page, PSSpecifier *specifier) {
 - (void)showConfirmationViewForSpecifier:(PSConfirmationSpecifier *)specifier {
   const bool isPhone = [[UIDevice currentDevice] userInterfaceIdiom] != UIUserInterfaceIdiomPad;
   NSString *okTitle = isPhone ? ([specifier title] ?: [specifier okButton]) : [specifier okButton];
-  UIAlertController *alert =
-      [UIAlertController alertControllerWithTitle:isPhone ? [specifier prompt] : [specifier title]
-                                          message:isPhone ? nil : [specifier prompt]
-                                   preferredStyle:isPhone ? UIAlertControllerStyleActionSheet
-                                                          : UIAlertControllerStyleAlert];
-  [alert addAction:[UIAlertAction
-                       actionWithTitle:okTitle ?: kDefaultOKTitle
-                                 style:[specifier isDestructive] ? UIAlertActionStyleDestructive
-                                                                 : UIAlertActionStyleDefault
-                               handler:^(UIAlertAction *) {
-                                 [self sim_confirm:specifier];
-                               }]];
+  UIAlertController *alert = [UIAlertController
+      alertControllerWithTitle:isPhone ? [specifier prompt] : [specifier title]
+                       message:isPhone ? nil : [specifier prompt]
+                preferredStyle:isPhone ? UIAlertControllerStyleActionSheet : UIAlertControllerStyleAlert];
+  [alert addAction:[UIAlertAction actionWithTitle:okTitle ?: kDefaultOKTitle
+                                            style:[specifier isDestructive] ? UIAlertActionStyleDestructive
+                                                                            : UIAlertActionStyleDefault
+                                          handler:^(UIAlertAction *) {
+                                            [self sim_confirm:specifier];
+                                          }]];
   [alert addAction:[UIAlertAction actionWithTitle:[specifier cancelButton] ?: kDefaultCancelTitle
                                             style:UIAlertActionStyleCancel
                                           handler:^(UIAlertAction *) {
@@ -142,10 +141,8 @@ bool canBePage(UIViewController *page, PSSpecifier *specifier) {
     case PSLinkCell:
     case PSLinkListCell:
     case PSGiantIconCell:
-    case PSGiantCell:
-      return [self sim_detailControllerForSpecifier:specifier];
-    default:
-      return nil;
+    case PSGiantCell: return [self sim_detailControllerForSpecifier:specifier];
+    default: return nil;
   }
 }
 

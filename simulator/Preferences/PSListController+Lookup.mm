@@ -101,8 +101,8 @@ NSInteger numberFrom(std::optional<std::size_t> position) {
 - (NSArray *)specifiersInGroup:(NSInteger)group {
   const NSInteger first = [self indexOfGroup:group];
   if (first == NSNotFound) return [NSArray array];
-  const NSRange range = NSMakeRange(static_cast<NSUInteger>(first),
-                                    static_cast<NSUInteger>([self rowsForGroup:group]) + 1);
+  const NSRange range =
+      NSMakeRange(static_cast<NSUInteger>(first), static_cast<NSUInteger>([self rowsForGroup:group]) + 1);
   return [[self sim_listState].list.get() subarrayWithRange:range];
 }
 

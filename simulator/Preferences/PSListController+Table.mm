@@ -32,8 +32,8 @@ const HeaderKeys &footerKeys() {
   return keys;
 }
 
-/// A cell on its way into the table. Ends with the scope, also when the cell's code raises: the row is then as if it had
-/// never had that cell.
+/// A cell on its way into the table. Ends with the scope, also when the cell's code raises: the row is then as if it
+/// had never had that cell.
 class CellInMaking final {
  public:
   /// The page outlives the scope; the specifier is owned.
@@ -67,7 +67,8 @@ UIView *makeHeaderView(PSSpecifier *group, NSString *key) {
   if (![viewClass isSubclassOfClass:[UIView class]] ||
       ![viewClass instancesRespondToSelector:@selector(initWithSpecifier:)]) {
     if ([group sim_isFirst:SIMSpecifierFaultView]) {
-      sim::logPreferences(@"%@: \"%@\" names no view that answers initWithSpecifier: %@.", [group sim_label], key, name);
+      sim::logPreferences(@"%@: \"%@\" names no view that answers initWithSpecifier: %@.", [group sim_label], key,
+                          name);
     }
     return nil;
   }
@@ -123,8 +124,7 @@ CGFloat heightOfHeaderView(UIView *view, UITableView *table) {
   if (![cellClass isSubclassOfClass:[PSTableCell class]]) {
     return [[[cellClass alloc] initWithStyle:UITableViewCellStyleDefault reuseIdentifier:identifier] autorelease];
   }
-  return [[[cellClass alloc] initWithStyle:[cellClass cellStyle]
-                           reuseIdentifier:identifier
+  return [[[cellClass alloc] initWithStyle:[cellClass cellStyle] reuseIdentifier:identifier
                                  specifier:specifier] autorelease];
 }
 
@@ -189,12 +189,9 @@ CGFloat heightOfHeaderView(UIView *view, UITableView *table) {
   }
   switch ([specifier cellType]) {
     case PSGiantIconCell:
-    case PSGiantCell:
-      return kGiantRowHeight;
-    case PSEditTextViewCell:
-      return kTextViewRowHeight;
-    default:
-      return UITableViewAutomaticDimension;
+    case PSGiantCell: return kGiantRowHeight;
+    case PSEditTextViewCell: return kTextViewRowHeight;
+    default: return UITableViewAutomaticDimension;
   }
 }
 
@@ -210,15 +207,11 @@ CGFloat heightOfHeaderView(UIView *view, UITableView *table) {
     case PSButtonCell:
     case PSEditTextCell:
     case PSSecureEditTextCell:
-    case PSEditTextViewCell:
-      return YES;
+    case PSEditTextViewCell: return YES;
     case PSGiantIconCell:
-    case PSGiantCell:
-      return acts || [specifier detailControllerClass];
-    case PSStaticTextCell:
-      return NO;
-    default:
-      return acts;
+    case PSGiantCell: return acts || [specifier detailControllerClass];
+    case PSStaticTextCell: return NO;
+    default: return acts;
   }
 }
 

@@ -109,7 +109,8 @@ UITableViewRowAnimation animationFor(BOOL animated) {
   }
 
   NSArray *removed = [list subarrayWithRange:range];
-  const bool startsWithGroup = [specifiers count] > 0 && [(PSSpecifier *)[specifiers objectAtIndex:0] cellType] == PSGroupCell;
+  const bool startsWithGroup =
+      [specifiers count] > 0 && [(PSSpecifier *)[specifiers objectAtIndex:0] cellType] == PSGroupCell;
   const bool onlyRows = range.location > 0 && !holdsGroup(removed) && !holdsGroup(specifiers);
   const bool inPlace = onlyRows && state.table && state.updatesOpen == 0;
   NSArray *removedPaths = inPlace ? pathsOfRange(self, range) : nil;

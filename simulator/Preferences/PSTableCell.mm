@@ -21,8 +21,8 @@ using objcxx::share;
 + (Class)cellClassForSpecifier:(PSSpecifier *)specifier {
   id custom = [specifier propertyForKey:PSCellClassKey];
   if ([custom isKindOfClass:[NSString class]]) custom = NSClassFromString(custom);
-  const bool isCell = [custom respondsToSelector:@selector(isSubclassOfClass:)] &&
-                      [custom isSubclassOfClass:[UITableViewCell class]];
+  const bool isCell =
+      [custom respondsToSelector:@selector(isSubclassOfClass:)] && [custom isSubclassOfClass:[UITableViewCell class]];
   return isCell ? static_cast<Class>(custom) : sim::classOfCellType([specifier cellType]);
 }
 

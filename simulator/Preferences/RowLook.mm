@@ -13,7 +13,7 @@ NSTextAlignment alignmentFrom(id property) {
   if ([property isKindOfClass:[NSNumber class]]) {
     const NSInteger number = [property integerValue];
     return number >= NSTextAlignmentLeft && number <= NSTextAlignmentNatural ? static_cast<NSTextAlignment>(number)
-                                                                              : NSTextAlignmentNatural;
+                                                                             : NSTextAlignmentNatural;
   }
   if (![property isKindOfClass:[NSString class]]) return NSTextAlignmentNatural;
   if ([property isEqualToString:@"center"] || [property isEqualToString:@"1"]) return NSTextAlignmentCenter;
@@ -34,8 +34,7 @@ bool hasPurpose(PSSpecifier *specifier) {
     case PSButtonCell:
       return specifier->setter || specifier->action || [specifier buttonAction] || [specifier controllerLoadAction] ||
              [specifier detailControllerClass] || [specifier propertyForKey:PSIconImageKey];
-    default:
-      return true;
+    default: return true;
   }
 }
 
@@ -49,13 +48,10 @@ UIColor *titleColor(PSSpecifier *specifier, bool isEnabled) {
 bool showsDisclosure(PSSpecifier *specifier) {
   switch ([specifier cellType]) {
     case PSLinkCell:
-    case PSLinkListCell:
-      return ![specifier sim_flagForKey:@"hidesDisclosureIndicator" fallback:NO];
+    case PSLinkListCell: return ![specifier sim_flagForKey:@"hidesDisclosureIndicator" fallback:NO];
     case PSGiantIconCell:
-    case PSGiantCell:
-      return [specifier detailControllerClass] != Nil;
-    default:
-      return false;
+    case PSGiantCell: return [specifier detailControllerClass] != Nil;
+    default: return false;
   }
 }
 

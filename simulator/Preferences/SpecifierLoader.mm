@@ -59,9 +59,9 @@ NSString *faultOfItem(id item) {
 
 void logFaultOfItem(NSString *fault, id item) {
   NSString *label = [item isKindOfClass:[NSDictionary class]] ? stringIn(item, PSTitleKey) : nil;
-  if (!label && [item isKindOfClass:[NSDictionary class]]) label = stringIn(item, PSIDKey) ?: stringIn(item, PSKeyNameKey);
-  logPreferences(@"An item%@ is left out: %@.",
-                 label ? [NSString stringWithFormat:@" \"%@\"", label] : @"", fault);
+  if (!label && [item isKindOfClass:[NSDictionary class]])
+    label = stringIn(item, PSIDKey) ?: stringIn(item, PSKeyNameKey);
+  logPreferences(@"An item%@ is left out: %@.", label ? [NSString stringWithFormat:@" \"%@\"", label] : @"", fault);
 }
 
 /// Adds what all items share: keys that the item lacks, elements of arrays, entries of dictionaries.
@@ -93,8 +93,10 @@ PSCellType typeOfItem(NSDictionary *item) {
 
 void localize(PSSpecifier *specifier, const Texts &texts) {
   NSMutableDictionary *properties = [specifier properties];
-  for (NSString *key in @[ PSTitleKey, PSFooterTextGroupKey, @"cellSubtitleText", PSPlaceholderKey,
-                           PSStaticTextMessageKey, PSStaticHeaderTextKey ]) {
+  for (NSString *key in @[
+         PSTitleKey, PSFooterTextGroupKey, @"cellSubtitleText", PSPlaceholderKey, PSStaticTextMessageKey,
+         PSStaticHeaderTextKey
+       ]) {
     NSString *text = [specifier sim_stringForKey:key];
     if (text) [properties setObject:texts.localized(text) forKey:key];
   }
@@ -134,7 +136,8 @@ Class classNamed(PSSpecifier *specifier, NSString *key, Class base) {
   if (!name) return Nil;
   Class found = [name isKindOfClass:[NSString class]] ? NSClassFromString(name) : Nil;
   if ([found isSubclassOfClass:base]) return found;
-  logPreferences(@"%@: \"%@\" names no class that is a %@: %@.", [specifier sim_label], key, NSStringFromClass(base), name);
+  logPreferences(@"%@: \"%@\" names no class that is a %@: %@.", [specifier sim_label], key, NSStringFromClass(base),
+                 name);
   return Nil;
 }
 
@@ -244,7 +247,8 @@ NSMutableArray *specifiersOfPropertyList(NSDictionary *list, NSString *table, NS
   id attributes = [list objectForKey:@"specifierAttributes"];
   for (id item in (NSArray *)items) {
     const bool shared = [item isKindOfClass:[NSDictionary class]] && [attributes isKindOfClass:[NSDictionary class]];
-    PSSpecifier *specifier = specifierOfItem(shared ? itemWithAttributes(item, attributes) : item, table, bundle, target);
+    PSSpecifier *specifier =
+        specifierOfItem(shared ? itemWithAttributes(item, attributes) : item, table, bundle, target);
     if (specifier) [specifiers addObject:specifier];
   }
   assignIdentifiers(specifiers);

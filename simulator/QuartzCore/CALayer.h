@@ -28,7 +28,7 @@ typedef NS_OPTIONS(NSUInteger, CACornerMask) {
   std::unique_ptr<sim::CALayerState> _state;
 }
 /// The view; not owned.
-@property (assign) id<CALayerDelegate> delegate;
+@property(assign) id<CALayerDelegate> delegate;
 
 @property CGFloat cornerRadius;
 @property CACornerMask maskedCorners;
@@ -48,5 +48,5 @@ typedef NS_OPTIONS(NSUInteger, CACornerMask) {
 
 @property CGColorRef backgroundColor;
 @property float opacity;
-@property (getter=isHidden) BOOL hidden;
+@property(getter=isHidden) BOOL hidden;
 @end

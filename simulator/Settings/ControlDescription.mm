@@ -12,61 +12,41 @@ namespace {
 const char *keyboardName(UIKeyboardType type) {
   switch (type) {
     case UIKeyboardTypeNumberPad:
-    case UIKeyboardTypeNumbersAndPunctuation:
-      return "numeric";
-    case UIKeyboardTypeDecimalPad:
-      return "decimal";
-    case UIKeyboardTypePhonePad:
-      return "tel";
-    case UIKeyboardTypeURL:
-      return "url";
-    case UIKeyboardTypeEmailAddress:
-      return "email";
-    default:
-      return "text";
+    case UIKeyboardTypeNumbersAndPunctuation: return "numeric";
+    case UIKeyboardTypeDecimalPad: return "decimal";
+    case UIKeyboardTypePhonePad: return "tel";
+    case UIKeyboardTypeURL: return "url";
+    case UIKeyboardTypeEmailAddress: return "email";
+    default: return "text";
   }
 }
 
 const char *capitalsName(UITextAutocapitalizationType type) {
   switch (type) {
-    case UITextAutocapitalizationTypeNone:
-      return "none";
-    case UITextAutocapitalizationTypeWords:
-      return "words";
-    case UITextAutocapitalizationTypeAllCharacters:
-      return "characters";
-    default:
-      return "sentences";
+    case UITextAutocapitalizationTypeNone: return "none";
+    case UITextAutocapitalizationTypeWords: return "words";
+    case UITextAutocapitalizationTypeAllCharacters: return "characters";
+    default: return "sentences";
   }
 }
 
 const char *returnKeyName(UIReturnKeyType type) {
   switch (type) {
-    case UIReturnKeyGo:
-      return "go";
-    case UIReturnKeyNext:
-      return "next";
-    case UIReturnKeySearch:
-      return "search";
-    case UIReturnKeySend:
-      return "send";
-    case UIReturnKeyDone:
-      return "done";
-    default:
-      return "return";
+    case UIReturnKeyGo: return "go";
+    case UIReturnKeyNext: return "next";
+    case UIReturnKeySearch: return "search";
+    case UIReturnKeySend: return "send";
+    case UIReturnKeyDone: return "done";
+    default: return "return";
   }
 }
 
 const char *borderName(UITextBorderStyle style) {
   switch (style) {
-    case UITextBorderStyleLine:
-      return "line";
-    case UITextBorderStyleBezel:
-      return "bezel";
-    case UITextBorderStyleRoundedRect:
-      return "roundedRect";
-    default:
-      return "none";
+    case UITextBorderStyleLine: return "line";
+    case UITextBorderStyleBezel: return "bezel";
+    case UITextBorderStyleRoundedRect: return "roundedRect";
+    default: return "none";
   }
 }
 
@@ -93,8 +73,8 @@ void writeSlider(JsonText &out, UISlider *slider, ImageStore &images) {
   writeColor(out.name("minimumTrackTintColor"), [slider minimumTrackTintColor] ?: [slider tintColor]);
   writeColor(out.name("maximumTrackTintColor"), [slider maximumTrackTintColor]);
   writeColor(out.name("thumbTintColor"), [slider thumbTintColor]);
-  for (const auto &[name, image] : {std::pair{"minimumImage", [slider minimumValueImage]},
-                                    std::pair{"maximumImage", [slider maximumValueImage]}}) {
+  for (const auto &[name, image] :
+       {std::pair{"minimumImage", [slider minimumValueImage]}, std::pair{"maximumImage", [slider maximumValueImage]}}) {
     images.write(out.name(name), image, [image size], templateTint(image, slider));
   }
 }
@@ -162,9 +142,7 @@ void writeTextView(JsonText &out, UITextView *view) {
   out.name("alignment").string(alignmentName([view textAlignment]));
 }
 
-void writeSpinner(JsonText &out, UIActivityIndicatorView *spinner) {
-  writeColor(out.name("color"), [spinner color]);
-}
+void writeSpinner(JsonText &out, UIActivityIndicatorView *spinner) { writeColor(out.name("color"), [spinner color]); }
 
 /// The kind's name in descriptions; nullptr for a view that is no control.
 const char *controlType(UIView *view) {

@@ -15,10 +15,14 @@ struct Form {
 };
 
 constexpr std::array kForms{
-    Form{ElementKind::kBack, "back", false, false},        Form{ElementKind::kButton, "button", false, true},
-    Form{ElementKind::kRow, "row", true, false},           Form{ElementKind::kSwipe, "swipe", true, true},
-    Form{ElementKind::kAlertAction, "action", false, true}, Form{ElementKind::kAlertField, "field", false, true},
-    Form{ElementKind::kSheetItem, "item", false, true},    Form{ElementKind::kSheetColor, "color", false, false},
+    Form{ElementKind::kBack, "back", false, false},
+    Form{ElementKind::kButton, "button", false, true},
+    Form{ElementKind::kRow, "row", true, false},
+    Form{ElementKind::kSwipe, "swipe", true, true},
+    Form{ElementKind::kAlertAction, "action", false, true},
+    Form{ElementKind::kAlertField, "field", false, true},
+    Form{ElementKind::kSheetItem, "item", false, true},
+    Form{ElementKind::kSheetColor, "color", false, false},
 };
 
 /// Takes a decimal number, without sign or leading zeros, from the front of `text`.

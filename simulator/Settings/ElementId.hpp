@@ -20,8 +20,8 @@ enum class ElementKind : std::uint8_t {
   kSheetColor,   ///< "color6": the colour of sheet 6.
 };
 
-/// The place of an element on one page, alert or sheet. `owner` is the number of that page, unique in the process, so that
-/// an id of a page that is gone names nothing. A row's id stays with its place, not with the row.
+/// The place of an element on one page, alert or sheet. `owner` is the number of that page, unique in the process, so
+/// that an id of a page that is gone names nothing. A row's id stays with its place, not with the row.
 struct ElementId {
   ElementKind kind = ElementKind::kRow;
   std::uint32_t owner = 0;

@@ -18,6 +18,6 @@ struct EventResult {
 
 /// Performs `event` on what `navigation` shows. Ids are those of the last description, in which `numbers` numbered the
 /// pages. Checks the whole event first: an event that is refused has changed nothing. Main thread.
-EventResult routeEvent(const Json &event, UINavigationController *navigation, PageNumbers &numbers);
+EventResult routeEvent(const Json& event, UINavigationController* navigation, PageNumbers& numbers);
 
 }  // namespace sim

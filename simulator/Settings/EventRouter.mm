@@ -35,8 +35,11 @@ EventResult done(BOOL performed, const char *why) { return performed ? EventResu
 class Route {
  public:
   Route(const Json &event, UINavigationController *navigation, PageNumbers &numbers)
-      : event_(event), navigation_(navigation), page_([navigation topViewController]),
-        presented_(presentedOver(navigation)), numbers_(numbers) {}
+      : event_(event),
+        navigation_(navigation),
+        page_([navigation topViewController]),
+        presented_(presentedOver(navigation)),
+        numbers_(numbers) {}
 
   EventResult tap() const {
     if (!hasId()) return malformed("A \"tap\" event has an \"id\".");
@@ -49,16 +52,12 @@ class Route {
     }
     if (!isOnPage(*id)) return unknown();
     switch (id->kind) {
-      case ElementKind::kBack:
-        return [navigation_ sim_tapBack] ? EventResult{} : unknown();
-      case ElementKind::kButton:
-        return tapButton(id->index);
-      case ElementKind::kRow:
-        return tapRow(*id);
+      case ElementKind::kBack: return [navigation_ sim_tapBack] ? EventResult{} : unknown();
+      case ElementKind::kButton: return tapButton(id->index);
+      case ElementKind::kRow: return tapRow(*id);
       case ElementKind::kSwipe:
         return [table() sim_performSwipeActionAtIndex:id->index ofRow:path(*id)] ? EventResult{} : unknown();
-      default:
-        return unknown();
+      default: return unknown();
     }
   }
 

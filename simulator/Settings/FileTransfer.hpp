@@ -16,13 +16,13 @@ namespace sim {
 
 /// Moves the picture at the path "file" of `request`, which people call "name", into the photo library, and stores its
 /// path there, autoreleased, at `path`.
-EventResult addUploadedPhoto(const Json &request, NSString **path);
+EventResult addUploadedPhoto(const Json& request, NSString** path);
 
 /// Picks the file at the path "file" of `request` under the name "name" in the document picker that `navigation` shows.
-EventResult pickUploadedFile(const Json &request, UINavigationController *navigation);
+EventResult pickUploadedFile(const Json& request, UINavigationController* navigation);
 
 /// Stores what the shared item `id` of the share sheet that `navigation` shows is saved as, autoreleased, at `content`.
-EventResult readSharedItem(std::string_view id, UINavigationController *navigation, PageNumbers &numbers,
-                           NSData **content);
+EventResult readSharedItem(std::string_view id, UINavigationController* navigation, PageNumbers& numbers,
+                           NSData** content);
 
 }  // namespace sim

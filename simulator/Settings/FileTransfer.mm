@@ -21,12 +21,9 @@ NSString *textOf(const Json &request, const char *name) {
 
 int statusOf(NSError *error) {
   switch ([error code]) {
-    case NSFileWriteOutOfSpaceError:
-      return 507;
-    case NSFileWriteUnknownError:
-      return 500;
-    default:
-      return 422;
+    case NSFileWriteOutOfSpaceError: return 507;
+    case NSFileWriteUnknownError: return 500;
+    default: return 422;
   }
 }
 

@@ -49,7 +49,7 @@ void ImageStore::write(JsonText &out, UIImage *image, CGSize shown, UIColor *tin
   const CGSize pixels = [image sim_pixelSize];
   std::string identifier = prefix_ + std::to_string([image sim_number]);
   if (std::max(pixels.width, pixels.height) > longestSide) identifier += '-' + std::to_string(longestSide);
-  add(out, std::move(identifier), [image size], tint, {objcxx::share(image), {}, longestSide});
+  add(out, std::move(identifier), [image size], tint, { objcxx::share(image), {}, longestSide });
 }
 
 void ImageStore::writeThumbnail(JsonText &out, NSString *path) {
@@ -65,9 +65,7 @@ void ImageStore::writeThumbnail(JsonText &out, NSString *path) {
   add(out, std::move(identifier), CGSizeMake(kThumbnailSide, kThumbnailSide), nil, {{}, objcxx::share(path), side});
 }
 
-void ImageStore::accept() {
-  previous_ = std::exchange(current_, std::exchange(described_, {}));
-}
+void ImageStore::accept() { previous_ = std::exchange(current_, std::exchange(described_, {})); }
 
 NSData *ImageStore::pngOf(std::string_view identifier) const {
   for (const Pictures *pictures : {&current_, &previous_}) {

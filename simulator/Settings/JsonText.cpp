@@ -45,18 +45,10 @@ bool needsEscape(char character) {
 void appendEscaped(std::string& text, char character) {
   constexpr std::string_view hex = "0123456789abcdef";
   switch (character) {
-    case '"':
-      text += "\\\"";
-      return;
-    case '\\':
-      text += "\\\\";
-      return;
-    case '\n':
-      text += "\\n";
-      return;
-    case '\t':
-      text += "\\t";
-      return;
+    case '"': text += "\\\""; return;
+    case '\\': text += "\\\\"; return;
+    case '\n': text += "\\n"; return;
+    case '\t': text += "\\t"; return;
     default:
       text += "\\u00";
       text += hex[static_cast<unsigned char>(character) >> 4];

@@ -41,10 +41,8 @@ void writeNumber(JsonText &out, NSNumber *number) {
       if (!std::isfinite([number doubleValue])) return out.string(std::to_string([number doubleValue]));
       return out.number([number doubleValue]);
     case 'Q':
-    case 'L':
-      return out.natural([number unsignedLongLongValue]);
-    default:
-      return out.integer([number longLongValue]);
+    case 'L': return out.natural([number unsignedLongLongValue]);
+    default: return out.integer([number longLongValue]);
   }
 }
 
@@ -111,9 +109,8 @@ UIColor *colorFrom(const Json &value) {
 NSString *stringFrom(const Json &value) {
   if (!value.is_string()) return nil;
   const auto &bytes = value.get_ref<const std::string &>();
-  return objcxx::adopt([[NSString alloc] initWithBytes:bytes.data()
-                                                length:bytes.size()
-                                              encoding:NSUTF8StringEncoding]).autoreleased();
+  return objcxx::adopt([[NSString alloc] initWithBytes:bytes.data() length:bytes.size() encoding:NSUTF8StringEncoding])
+      .autoreleased();
 }
 
 }  // namespace sim

@@ -54,8 +54,8 @@ bool passesFilter(id filter) {
   for (NSUInteger index = 0; index < [bounds count] && index < 2; ++index) {
     id bound = [bounds objectAtIndex:index];
     if (![bound respondsToSelector:@selector(doubleValue)]) continue;
-    const bool passes = index == 0 ? kCoreFoundationVersion >= [bound doubleValue]
-                                   : kCoreFoundationVersion < [bound doubleValue];
+    const bool passes =
+        index == 0 ? kCoreFoundationVersion >= [bound doubleValue] : kCoreFoundationVersion < [bound doubleValue];
     if (!passes) return false;
   }
   return true;

@@ -22,29 +22,20 @@ namespace {
 
 const char *styleName(UITableViewCellStyle style) {
   switch (style) {
-    case UITableViewCellStyleValue1:
-      return "value1";
-    case UITableViewCellStyleValue2:
-      return "value2";
-    case UITableViewCellStyleSubtitle:
-      return "subtitle";
-    default:
-      return "default";
+    case UITableViewCellStyleValue1: return "value1";
+    case UITableViewCellStyleValue2: return "value2";
+    case UITableViewCellStyleSubtitle: return "subtitle";
+    default: return "default";
   }
 }
 
 const char *accessoryName(UITableViewCellAccessoryType type) {
   switch (type) {
-    case UITableViewCellAccessoryDisclosureIndicator:
-      return "disclosureIndicator";
-    case UITableViewCellAccessoryDetailDisclosureButton:
-      return "detailDisclosureButton";
-    case UITableViewCellAccessoryCheckmark:
-      return "checkmark";
-    case UITableViewCellAccessoryDetailButton:
-      return "detailButton";
-    default:
-      return "none";
+    case UITableViewCellAccessoryDisclosureIndicator: return "disclosureIndicator";
+    case UITableViewCellAccessoryDetailDisclosureButton: return "detailDisclosureButton";
+    case UITableViewCellAccessoryCheckmark: return "checkmark";
+    case UITableViewCellAccessoryDetailButton: return "detailButton";
+    default: return "none";
   }
 }
 
@@ -69,7 +60,8 @@ void writeSeparatorInset(JsonText &out, UITableView *table, UITableViewCell *cel
 
 /// Whether the class comes from the frameworks: then the cell's subviews are known, and the browser draws them itself.
 bool isFrameworkClass(Class kind) {
-  return kind == [UITableViewCell class] || [NSBundle bundleForClass:kind] == [NSBundle bundleForClass:[PSTableCell class]];
+  return kind == [UITableViewCell class] ||
+         [NSBundle bundleForClass:kind] == [NSBundle bundleForClass:[PSTableCell class]];
 }
 
 bool isEnabled(UITableViewCell *cell, UIView *control) {
@@ -160,7 +152,8 @@ class RowWriter {
     writeText(out_.name("accessibilityLabel"), [cell accessibilityLabel] ?: [control accessibilityLabel]);
     writeText(out_.name("accessibilityValue"), [cell accessibilityValue] ?: [control accessibilityValue]);
     writeText(out_.name("accessibilityHint"), [cell accessibilityHint] ?: [control accessibilityHint]);
-    writeText(out_.name("accessibilityIdentifier"), [cell accessibilityIdentifier] ?: [control accessibilityIdentifier]);
+    writeText(out_.name("accessibilityIdentifier"),
+              [cell accessibilityIdentifier] ?: [control accessibilityIdentifier]);
   }
 
   void writeState(NSIndexPath *path, UITableViewCell *cell, UIView *control, PSSpecifier *specifier) {
@@ -237,10 +230,14 @@ class RowWriter {
   void writeOwnViews(UITableViewCell *cell, UIView *control) {
     out_.name("views").beginArray();
     if (![cell isKindOfClass:[PSTableCell class]] || !isFrameworkCell(cell)) {
-      const std::array<UIView *, 8> standard{[cell contentView],           [cell sim_textLabelIfMade],
-                                             [cell sim_detailTextLabelIfMade], [cell sim_imageViewIfMade],
-                                             [cell sim_shownAccessoryView], [cell backgroundView],
-                                             [cell selectedBackgroundView], control};
+      const std::array<UIView *, 8> standard{[cell contentView],
+                                             [cell sim_textLabelIfMade],
+                                             [cell sim_detailTextLabelIfMade],
+                                             [cell sim_imageViewIfMade],
+                                             [cell sim_shownAccessoryView],
+                                             [cell backgroundView],
+                                             [cell selectedBackgroundView],
+                                             control};
       for (UIView *parent : {[cell contentView], (UIView *)cell}) {
         for (UIView *view in [parent subviews]) {
           if (std::find(standard.begin(), standard.end(), view) == standard.end()) writeView(out_, view, images_);

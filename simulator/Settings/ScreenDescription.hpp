@@ -20,7 +20,7 @@ class ImageStore;
 class PageNumbers final {
  public:
   /// The number of `page`; a new one for a page that was not among the current ones.
-  std::uint32_t of(UIViewController *page);
+  std::uint32_t of(UIViewController* page);
   /// Between the two, every page that stays is asked for; the others are then forgotten and let go.
   void beginDescription();
   void endDescription();
@@ -36,13 +36,13 @@ class PageNumbers final {
 };
 
 /// The table that a page shows: the first one in its view; nil when it shows none.
-UITableView *tableOf(UIViewController *page);
+UITableView* tableOf(UIViewController* page);
 
 /// What is in front of the pages: an alert, a sheet, or nil.
-UIViewController *presentedOver(UINavigationController *navigation);
+UIViewController* presentedOver(UINavigationController* navigation);
 
-/// Writes what `navigation` shows: {"path","page","alert","sheet"}. A page whose code raises is shown without rows, with
-/// the exception's name as a footer.
-void writeScreen(JsonText &out, UINavigationController *navigation, PageNumbers &numbers, ImageStore &images);
+/// Writes what `navigation` shows: {"path","page","alert","sheet"}. A page whose code raises is shown without rows,
+/// with the exception's name as a footer.
+void writeScreen(JsonText& out, UINavigationController* navigation, PageNumbers& numbers, ImageStore& images);
 
 }  // namespace sim

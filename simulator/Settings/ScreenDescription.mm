@@ -24,12 +24,9 @@ NSString *titleOf(UIViewController *page) { return [[page navigationItem] title]
 
 const char *styleName(UITableViewStyle style) {
   switch (style) {
-    case UITableViewStylePlain:
-      return "plain";
-    case UITableViewStyleGrouped:
-      return "grouped";
-    default:
-      return "insetGrouped";
+    case UITableViewStylePlain: return "plain";
+    case UITableViewStyleGrouped: return "grouped";
+    default: return "insetGrouped";
   }
 }
 
@@ -148,7 +145,8 @@ void writeFailure(JsonText &out, NSString *exception) {
   out.name("sections").beginArray();
   out.beginObject();
   out.name("header").null();
-  writeText(out.name("footer"), [@"This page cannot be shown. Its code raised " stringByAppendingFormat:@"%@.", exception]);
+  writeText(out.name("footer"),
+            [@"This page cannot be shown. Its code raised " stringByAppendingFormat:@"%@.", exception]);
   out.name("headerView").null();
   out.name("footerView").null();
   out.name("headerHeight").null();

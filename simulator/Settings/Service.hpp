@@ -13,7 +13,7 @@ namespace sim {
 class Service final {
  public:
   /// `channel` and `session` are not owned and outlive the service.
-  Service(wire::Channel &channel, Session &session) : channel_(channel), session_(session) {}
+  Service(wire::Channel& channel, Session& session) : channel_(channel), session_(session) {}
 
   /// Reads what has arrived and answers it. False when the simulator is gone.
   bool serve();
@@ -25,18 +25,18 @@ class Service final {
   bool owesAnnouncement() const { return owesAnnouncement_; }
 
  private:
-  void handle(const wire::Message &message);
-  void answer(const Json &request, Reply reply);
-  void answerImage(const Json &request);
-  void answerShared(const Json &request);
+  void handle(const wire::Message& message);
+  void answer(const Json& request, Reply reply);
+  void answerImage(const Json& request);
+  void answerShared(const Json& request);
 
-  wire::Channel &channel_;
-  Session &session_;
+  wire::Channel& channel_;
+  Session& session_;
   bool owesAnnouncement_ = false;
 };
 
 /// Sends everything that happens on the device through `channel` (not owned; it outlives the process's use of the
 /// frameworks), from now on.
-void reportDeviceEvents(wire::Channel &channel);
+void reportDeviceEvents(wire::Channel& channel);
 
 }  // namespace sim

@@ -26,32 +26,32 @@ class Session final {
  public:
   /// Shows `root` as the first page of the application's window. The first screen has the revision `firstRevision`,
   /// which no earlier run has reached.
-  Session(UIViewController *root, std::uint64_t firstRevision);
+  Session(UIViewController* root, std::uint64_t firstRevision);
 
   /// The screen as JSON, with its "revision".
-  const std::string &screen() const { return text_; }
+  const std::string& screen() const { return text_; }
   std::uint64_t revision() const { return revision_; }
 
   /// Runs what waits on the main queue and describes the screen anew. True when it changed, and the revision with it.
   bool refresh();
 
   /// Does what `event` says, runs everything that this put on the main queue, and answers with the screen; so too when
-  /// a page's code raises on the way, which the log tells. A malformed event, an id that names nothing and an event that
-  /// cannot be done now change nothing and answer {"error"} with a status of the 400s.
-  Reply perform(const Json &event);
+  /// a page's code raises on the way, which the log tells. A malformed event, an id that names nothing and an event
+  /// that cannot be done now change nothing and answer {"error"} with a status of the 400s.
+  Reply perform(const Json& event);
 
   /// Moves the uploaded picture that `request` names into the photo library, and answers {"path"} with its place there.
-  Reply addPhoto(const Json &request);
+  Reply addPhoto(const Json& request);
 
   /// Picks the uploaded file that `request` names in the document picker on the screen; answers like `perform`.
-  Reply pickFile(const Json &request);
+  Reply pickFile(const Json& request);
 
-  /// The content of the item `identifier` of a share sheet on the screen, autoreleased. nil, with why at `problem`, when
-  /// there is no such item or it is no file.
-  NSData *sharedContentOf(std::string_view identifier, Reply &problem);
+  /// The content of the item `identifier` of a share sheet on the screen, autoreleased. nil, with why at `problem`,
+  /// when there is no such item or it is no file.
+  NSData* sharedContentOf(std::string_view identifier, Reply& problem);
 
   /// The PNG file of a picture on the screen, autoreleased; nil for an unknown identifier.
-  NSData *pngOf(std::string_view identifier) const { return images_.pngOf(identifier); }
+  NSData* pngOf(std::string_view identifier) const { return images_.pngOf(identifier); }
 
   /// Light or dark, from now on.
   void setDark(bool dark);
@@ -62,7 +62,7 @@ class Session final {
 
  private:
   template <typename Work>
-  Reply performing(const Json &request, Work work);
+  Reply performing(const Json& request, Work work);
 
   objcxx::Retained<UIWindow> window_;
   objcxx::Retained<UINavigationController> navigation_;

@@ -13,8 +13,8 @@
 
 - (NSArray *)specifiers {
   if (_specifiers) return _specifiers;
-  NSString *text = [NSString
-      stringWithFormat:@"There was an error loading the preference bundle for %@.", [[self specifier] name]];
+  NSString *text =
+      [NSString stringWithFormat:@"There was an error loading the preference bundle for %@.", [[self specifier] name]];
   PSSpecifier *row = [PSSpecifier preferenceSpecifierNamed:text
                                                     target:self
                                                        set:NULL

@@ -11,10 +11,10 @@ class ImageStore;
 class PageNumbers;
 
 /// Writes the alert `presented`; null when it is none (or nil).
-void writeAlert(JsonText &out, UIViewController *presented, PageNumbers &numbers);
+void writeAlert(JsonText& out, UIViewController* presented, PageNumbers& numbers);
 
 /// Writes the photo picker, document picker, colour picker, share sheet or other page `presented`; null when it is an
 /// alert (or nil).
-void writeSheet(JsonText &out, UIViewController *presented, PageNumbers &numbers, ImageStore &images);
+void writeSheet(JsonText& out, UIViewController* presented, PageNumbers& numbers, ImageStore& images);
 
 }  // namespace sim

@@ -17,12 +17,9 @@ namespace {
 
 const char *styleName(UIAlertActionStyle style) {
   switch (style) {
-    case UIAlertActionStyleCancel:
-      return "cancel";
-    case UIAlertActionStyleDestructive:
-      return "destructive";
-    default:
-      return "default";
+    case UIAlertActionStyleCancel: return "cancel";
+    case UIAlertActionStyleDestructive: return "destructive";
+    default: return "default";
   }
 }
 
@@ -68,8 +65,8 @@ void writeAnchor(JsonText &out, UIViewController *presented) {
 /// What a picker or another page offers.
 struct Offer {
   const char *kind;
-  NSString *title;  // Not owned, like the paths.
-  NSArray *paths;   ///< What a pick names.
+  NSString *title;                // Not owned, like the paths.
+  NSArray *paths;                 ///< What a pick names.
   NSString *pictureFolder = nil;  ///< Where the paths lie on this computer when they are pictures.
 };
 
@@ -81,7 +78,7 @@ Offer offerOf(UIViewController *presented) {
   if ([presented isKindOfClass:[UIDocumentPickerViewController class]]) {
     return {"documents", @"Files", [(UIDocumentPickerViewController *)presented sim_filePaths]};
   }
-  return {"page", [presented title] ?: NSStringFromClass([presented class]), @[]};
+  return { "page", [presented title] ?: NSStringFromClass([presented class]), @[] };
 }
 
 void writeItems(JsonText &out, const Offer &offer, std::uint32_t number, ImageStore &images) {

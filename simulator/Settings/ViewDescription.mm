@@ -19,8 +19,8 @@ namespace {
 /// How much of a disabled label's colour is left.
 constexpr CGFloat kDisabledAlpha = 0.4;
 
-/// Points: the font's size, or less where the label is to make its one line fit. Without a least factor there is no end to
-/// it, as on a device.
+/// Points: the font's size, or less where the label is to make its one line fit. Without a least factor there is no end
+/// to it, as on a device.
 CGFloat shownFontSize(UILabel *label) {
   const CGFloat size = [[label font] pointSize];
   const CGFloat room = [label bounds].size.width;
@@ -94,29 +94,20 @@ void writeCorners(JsonText &out, CACornerMask corners) {
 
 const char *contentModeName(UIViewContentMode mode) {
   switch (mode) {
-    case UIViewContentModeScaleAspectFit:
-      return "scaleAspectFit";
-    case UIViewContentModeScaleAspectFill:
-      return "scaleAspectFill";
-    case UIViewContentModeCenter:
-      return "center";
-    default:
-      return "scaleToFill";
+    case UIViewContentModeScaleAspectFit: return "scaleAspectFit";
+    case UIViewContentModeScaleAspectFill: return "scaleAspectFill";
+    case UIViewContentModeCenter: return "center";
+    default: return "scaleToFill";
   }
 }
 
 const char *alignmentName(NSTextAlignment alignment) {
   switch (alignment) {
-    case NSTextAlignmentCenter:
-      return "center";
-    case NSTextAlignmentRight:
-      return "right";
-    case NSTextAlignmentJustified:
-      return "justified";
-    case NSTextAlignmentLeft:
-      return "left";
-    default:
-      return "natural";
+    case NSTextAlignmentCenter: return "center";
+    case NSTextAlignmentRight: return "right";
+    case NSTextAlignmentJustified: return "justified";
+    case NSTextAlignmentLeft: return "left";
+    default: return "natural";
   }
 }
 
@@ -132,7 +123,8 @@ void writeFrame(JsonText &out, CGRect frame) {
 }
 
 UIColor *shownColor(UILabel *label) {
-  UIColor *color = [label isHighlighted] && [label highlightedTextColor] ? [label highlightedTextColor] : [label textColor];
+  UIColor *color =
+      [label isHighlighted] && [label highlightedTextColor] ? [label highlightedTextColor] : [label textColor];
   return !label || [label isEnabled] ? color : [color colorWithAlphaComponent:kDisabledAlpha];
 }
 

@@ -93,8 +93,8 @@ int main(int count, char **arguments) {
     while (open) {
       @autoreleasepool {
         watcher->arrived = NO;
-        NSDate *limit = service.owesAnnouncement() ? [NSDate dateWithTimeIntervalSinceNow:kQuietSeconds]
-                                                   : [NSDate distantFuture];
+        NSDate *limit =
+            service.owesAnnouncement() ? [NSDate dateWithTimeIntervalSinceNow:kQuietSeconds] : [NSDate distantFuture];
         sim::guarded("running the main run loop", [&] { [loop runMode:NSDefaultRunLoopMode beforeDate:limit]; });
         // Messages are served when everything else that woke the loop, a timer or a queued block, has run.
         if (watcher->arrived) {

@@ -18,16 +18,16 @@ UIKIT_EXTERN NSAttributedStringKey const NSParagraphStyleAttributeName;
   CGFloat _lineSpacing;
 }
 + (NSParagraphStyle *)defaultParagraphStyle;
-@property (nonatomic, readonly) NSTextAlignment alignment;
-@property (nonatomic, readonly) NSLineBreakMode lineBreakMode;
+@property(nonatomic, readonly) NSTextAlignment alignment;
+@property(nonatomic, readonly) NSLineBreakMode lineBreakMode;
 /// Points between lines.
-@property (nonatomic, readonly) CGFloat lineSpacing;
+@property(nonatomic, readonly) CGFloat lineSpacing;
 @end
 
 @interface NSMutableParagraphStyle : NSParagraphStyle
-@property (nonatomic) NSTextAlignment alignment;
-@property (nonatomic) NSLineBreakMode lineBreakMode;
-@property (nonatomic) CGFloat lineSpacing;
+@property(nonatomic) NSTextAlignment alignment;
+@property(nonatomic) NSLineBreakMode lineBreakMode;
+@property(nonatomic) CGFloat lineSpacing;
 @end
 
 typedef NS_OPTIONS(NSInteger, NSStringDrawingOptions) {

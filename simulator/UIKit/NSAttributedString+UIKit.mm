@@ -109,7 +109,7 @@ void draw(NSString *string, const Attributes &attributes, const sim::TextBlock &
   CGFloat red, green, blue, alpha;
   [attributes.color getRed:&red green:&green blue:&blue alpha:&alpha];
   sim::drawText(sim::cairoOf(UIGraphicsGetCurrentContext()), sim::utf8(string), sim::textStyle(attributes.font), block,
-                origin.x, origin.y, [attributes.font lineHeight], {red, green, blue, alpha});
+                origin.x, origin.y, [attributes.font lineHeight], { red, green, blue, alpha });
 }
 
 }  // namespace

@@ -7,8 +7,8 @@
 + (instancetype)indexPathForRow:(NSInteger)row inSection:(NSInteger)section;
 + (instancetype)indexPathForItem:(NSInteger)item inSection:(NSInteger)section;
 /// The first index. Raises NSInternalInconsistencyException when the path does not have two indexes.
-@property (nonatomic, readonly) NSInteger section;
+@property(nonatomic, readonly) NSInteger section;
 /// The second index; raises like `section`.
-@property (nonatomic, readonly) NSInteger row;
-@property (nonatomic, readonly) NSInteger item;
+@property(nonatomic, readonly) NSInteger row;
+@property(nonatomic, readonly) NSInteger item;
 @end

@@ -4,9 +4,9 @@ namespace {
 
 NSInteger indexAt(NSIndexPath *path, NSUInteger position) {
   if ([path length] != 2) {
-    [NSException raise:NSInternalInconsistencyException
-                format:@"An index path for a table view has two indexes; %@ has %lu.", path,
-                       (unsigned long)[path length]];
+    [NSException
+         raise:NSInternalInconsistencyException
+        format:@"An index path for a table view has two indexes; %@ has %lu.", path, (unsigned long)[path length]];
   }
   return (NSInteger)[path indexAtPosition:position];
 }

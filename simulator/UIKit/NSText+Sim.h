@@ -8,7 +8,8 @@
 
 namespace sim {
 
-/// UTF-8 of `string`, characters of code 0 included; half a surrogate pair becomes a replacement character. Empty for nil.
+/// UTF-8 of `string`, characters of code 0 included; half a surrogate pair becomes a replacement character. Empty for
+/// nil.
 std::string utf8(NSString *string);
 
 /// `string` as a single-line field takes it: a space for every line end. Empty for nil.

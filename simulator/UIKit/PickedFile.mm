@@ -8,8 +8,8 @@ namespace {
 
 /// Whether a file of this name stands in the folder that the name is appended to.
 bool isFileName(NSString *name) {
-  return [name length] > 0 && [name rangeOfString:@"/"].location == NSNotFound &&
-         ![@[ @".", @".." ] containsObject:name];
+  return
+      [name length] > 0 && [name rangeOfString:@"/"].location == NSNotFound && ![@[ @".", @".." ] containsObject:name];
 }
 
 }  // namespace
@@ -17,8 +17,7 @@ bool isFileName(NSString *name) {
 NSArray *sim::pathsBelow(NSString *folder, const std::vector<std::string_view> &extensions) {
   NSMutableArray *paths = [NSMutableArray array];
   for (const std::string &file : filesBelow([folder fileSystemRepresentation], extensions)) {
-    NSString *path = [[[NSString alloc] initWithBytes:file.data()
-                                               length:file.size()
+    NSString *path = [[[NSString alloc] initWithBytes:file.data() length:file.size()
                                              encoding:NSUTF8StringEncoding] autorelease];
     if (path) [paths addObject:path];
   }
@@ -34,7 +33,8 @@ NSURL *sim::temporaryCopy(NSString *path, NSString *name, NSError **error) {
 
   NSString *folder = [inbox stringByAppendingPathComponent:[[NSUUID UUID] UUIDString]];
   NSString *copy = [folder stringByAppendingPathComponent:name];
-  if (!isFileName(name) || ![manager createDirectoryAtPath:folder withIntermediateDirectories:YES attributes:nil error:NULL] ||
+  if (!isFileName(name) ||
+      ![manager createDirectoryAtPath:folder withIntermediateDirectories:YES attributes:nil error:NULL] ||
       ![manager copyItemAtPath:path toPath:copy error:NULL]) {
     [manager removeItemAtPath:folder error:NULL];
     fail(error, NSFileWriteUnknownError, [NSString stringWithFormat:@"“%@” could not be copied.", name]);
@@ -45,9 +45,7 @@ NSURL *sim::temporaryCopy(NSString *path, NSString *name, NSError **error) {
 
 BOOL sim::fail(NSError **error, NSInteger code, NSString *sentence) {
   if (error) {
-    *error = [NSError errorWithDomain:NSCocoaErrorDomain
-                                 code:code
-                             userInfo:@{NSLocalizedDescriptionKey : sentence}];
+    *error = [NSError errorWithDomain:NSCocoaErrorDomain code:code userInfo:@{NSLocalizedDescriptionKey : sentence}];
   }
   return NO;
 }

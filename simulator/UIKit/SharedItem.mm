@@ -73,7 +73,8 @@ NSData *contentOfSharedItem(id item, NSError **error) {
     content = [item sim_encodedPNGWithLongestSide:0];
   } else if (isFile(item)) {
     if (isLargerThan(kLargestFile, [item path])) {
-      fail(error, NSFileReadTooLargeError, [NSString stringWithFormat:@"“%@” is too large to be saved from here.", name]);
+      fail(error, NSFileReadTooLargeError,
+           [NSString stringWithFormat:@"“%@” is too large to be saved from here.", name]);
       return nil;
     }
     if (const auto file = contentOfFile([item path], nullptr)) {

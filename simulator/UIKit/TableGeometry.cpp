@@ -21,8 +21,7 @@ std::vector<long> TableGeometry::counts() const {
 }
 
 bool TableGeometry::contains(RowIndex index) const {
-  return index.section >= 0 && index.section < sectionCount() && index.row >= 0 &&
-         index.row < rowCount(index.section);
+  return index.section >= 0 && index.section < sectionCount() && index.row >= 0 && index.row < rowCount(index.section);
 }
 
 void TableGeometry::setMargins(double top, double bottom) {
@@ -56,7 +55,8 @@ void TableGeometry::update(RowIndex index) const {
   while (next_.section < sectionCount() && !(index < next_)) {
     const Section& section = sections_[next_.section];
     if (next_.row == 0) section.top = next_.section == 0 ? top_ : sections_[next_.section - 1].bottom();
-    const double offset = next_.row == 0 ? section.header : section.rows[next_.row - 1].top + section.rows[next_.row - 1].height;
+    const double offset =
+        next_.row == 0 ? section.header : section.rows[next_.row - 1].top + section.rows[next_.row - 1].height;
     if (next_.row < rowCount(next_.section)) {
       section.rows[next_.row++].top = offset;
     } else {
@@ -88,12 +88,11 @@ double TableGeometry::totalHeight() const {
 
 std::optional<RowIndex> TableGeometry::firstRowEndingAfter(double y) const {
   updateAll();
-  auto section = std::partition_point(sections_.begin(), sections_.end(),
-                                      [y](const Section& at) { return at.bottom() <= y; });
+  auto section =
+      std::partition_point(sections_.begin(), sections_.end(), [y](const Section& at) { return at.bottom() <= y; });
   for (; section != sections_.end(); ++section) {
-    const auto row = std::partition_point(section->rows.begin(), section->rows.end(), [&](const Row& at) {
-      return section->top + at.top + at.height <= y;
-    });
+    const auto row = std::partition_point(section->rows.begin(), section->rows.end(),
+                                          [&](const Row& at) { return section->top + at.top + at.height <= y; });
     if (row != section->rows.end()) return RowIndex{section - sections_.begin(), row - section->rows.begin()};
   }
   return std::nullopt;

@@ -17,8 +17,8 @@ struct RowIndex {
 
 /// The heights of all headers, rows and footers, and the offsets that follow from them.
 ///
-/// Offsets below a change are computed again when they are asked for, and only down to the row in question: visiting the
-/// rows from top to bottom while their heights become known takes linear time. Arguments have to be in range.
+/// Offsets below a change are computed again when they are asked for, and only down to the row in question: visiting
+/// the rows from top to bottom while their heights become known takes linear time. Arguments have to be in range.
 class TableGeometry final {
  public:
   /// Forgets everything; section s gets `counts[s]` rows of the height `estimate`.

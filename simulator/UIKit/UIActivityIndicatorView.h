@@ -20,11 +20,11 @@ typedef NS_ENUM(NSInteger, UIActivityIndicatorViewStyle) {
   std::unique_ptr<sim::UIActivityIndicatorViewState> _indicatorState;
 }
 - (instancetype)initWithActivityIndicatorStyle:(UIActivityIndicatorViewStyle)style;
-@property (nonatomic) UIActivityIndicatorViewStyle activityIndicatorViewStyle;
+@property(nonatomic) UIActivityIndicatorViewStyle activityIndicatorViewStyle;
 /// YES: hidden while it does not spin.
-@property (nonatomic) BOOL hidesWhenStopped;
-@property (nonatomic, retain) UIColor *color;
-@property (nonatomic, readonly, getter=isAnimating) BOOL animating;
+@property(nonatomic) BOOL hidesWhenStopped;
+@property(nonatomic, retain) UIColor *color;
+@property(nonatomic, readonly, getter=isAnimating) BOOL animating;
 - (void)startAnimating;
 - (void)stopAnimating;
 @end

@@ -28,6 +28,6 @@ struct ActivityState;
 /// `applicationActivities` may be nil; activities of an application's own are not carried, so no other value is.
 /// Raises NSInvalidArgumentException for no items and for activities.
 - (instancetype)initWithActivityItems:(NSArray *)activityItems applicationActivities:(NSArray *)applicationActivities;
-@property (nonatomic, copy) UIActivityViewControllerCompletionWithItemsHandler completionWithItemsHandler;
-@property (nonatomic, copy) NSArray *excludedActivityTypes;
+@property(nonatomic, copy) UIActivityViewControllerCompletionWithItemsHandler completionWithItemsHandler;
+@property(nonatomic, copy) NSArray *excludedActivityTypes;
 @end

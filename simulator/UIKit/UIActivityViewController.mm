@@ -35,8 +35,7 @@ struct ActivityState {
   return self;
 }
 
-- (instancetype)initWithActivityItems:(NSArray *)activityItems
-                applicationActivities:(NSArray *)applicationActivities {
+- (instancetype)initWithActivityItems:(NSArray *)activityItems applicationActivities:(NSArray *)applicationActivities {
   if ([activityItems count] == 0 || [applicationActivities count] > 0) {
     [self release];
     [NSException raise:NSInvalidArgumentException
@@ -82,8 +81,8 @@ struct ActivityState {
     image = image || [item isKindOfClass:[UIImage class]];
     page = page || ([item isKindOfClass:[NSURL class]] && ![item isFileURL]);
   }
-  NSMutableArray *types = [NSMutableArray
-      arrayWithObjects:UIActivityTypeAirDrop, UIActivityTypeMessage, UIActivityTypeMail, nil];
+  NSMutableArray *types =
+      [NSMutableArray arrayWithObjects:UIActivityTypeAirDrop, UIActivityTypeMessage, UIActivityTypeMail, nil];
   if (copies) [types addObject:UIActivityTypeCopyToPasteboard];
   if (page) [types addObject:UIActivityTypeAddToReadingList];
   if (image) [types addObjectsFromArray:@[ UIActivityTypeSaveToCameraRoll, UIActivityTypeAssignToContact ]];

@@ -5,7 +5,7 @@
 
 @interface UIAlertAction (Sim)
 /// nil when the button only dismisses, and once the alert has gone. Owned by the action.
-@property (nonatomic, readonly) void (^sim_handler)(UIAlertAction *action);
+@property(nonatomic, readonly) void (^sim_handler)(UIAlertAction *action);
 /// An alert that has gone lets go of its handlers, which often hold the alert in turn.
 - (void)sim_clearHandler;
 @end

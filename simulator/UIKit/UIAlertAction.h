@@ -26,7 +26,7 @@ struct AlertActionState;
 + (instancetype)actionWithTitle:(NSString *)title
                           style:(UIAlertActionStyle)style
                         handler:(void (^)(UIAlertAction *action))handler;
-@property (nonatomic, readonly) NSString *title;
-@property (nonatomic, readonly) UIAlertActionStyle style;
-@property (nonatomic, getter=isEnabled) BOOL enabled;
+@property(nonatomic, readonly) NSString *title;
+@property(nonatomic, readonly) UIAlertActionStyle style;
+@property(nonatomic, getter=isEnabled) BOOL enabled;
 @end

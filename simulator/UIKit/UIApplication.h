@@ -31,20 +31,18 @@ struct ApplicationState;
 }
 + (UIApplication *)sharedApplication;
 /// Not owned.
-@property (nonatomic, assign) id<UIApplicationDelegate> delegate;
-@property (nonatomic, readonly) UIApplicationState applicationState;
-@property (nonatomic, readonly) UIWindow *keyWindow;
+@property(nonatomic, assign) id<UIApplicationDelegate> delegate;
+@property(nonatomic, readonly) UIApplicationState applicationState;
+@property(nonatomic, readonly) UIWindow *keyWindow;
 /// The windows that are not hidden, back to front.
-@property (nonatomic, readonly) NSArray *windows;
+@property(nonatomic, readonly) NSArray *windows;
 
 /// YES for a URL whose scheme one of the device's applications takes.
 - (BOOL)canOpenURL:(NSURL *)url;
 /// Returns whether the URL was opened.
 - (BOOL)openURL:(NSURL *)url;
 /// `completion` is called from the main queue.
-- (void)openURL:(NSURL *)url
-              options:(NSDictionary *)options
-    completionHandler:(void (^)(BOOL success))completion;
+- (void)openURL:(NSURL *)url options:(NSDictionary *)options completionHandler:(void (^)(BOOL success))completion;
 
 /// Sends `action` (no argument, the sender, or the sender and the event). nil as the target stands for the first
 /// responder in the chain of the page in front that has the method. NO when nobody has it.

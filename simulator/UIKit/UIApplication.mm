@@ -27,17 +27,10 @@ void *urlContext = nullptr;
 bool performAction(id target, SEL action, id sender, id event) {
   const std::string_view name = sel_getName(action);
   switch (std::count(name.begin(), name.end(), ':')) {
-    case 0:
-      [target performSelector:action];
-      return true;
-    case 1:
-      [target performSelector:action withObject:sender];
-      return true;
-    case 2:
-      [target performSelector:action withObject:sender withObject:event];
-      return true;
-    default:
-      return false;
+    case 0: [target performSelector:action]; return true;
+    case 1: [target performSelector:action withObject:sender]; return true;
+    case 2: [target performSelector:action withObject:sender withObject:event]; return true;
+    default: return false;
   }
 }
 
@@ -104,9 +97,7 @@ void SIMSetOpenURLHandler(void (*handler)(NSURL *url, void *context), void *cont
   return YES;
 }
 
-- (void)openURL:(NSURL *)url
-              options:(NSDictionary *)options
-    completionHandler:(void (^)(BOOL success))completion {
+- (void)openURL:(NSURL *)url options:(NSDictionary *)options completionHandler:(void (^)(BOOL success))completion {
   const BOOL success = [self openURL:url];
   if (!completion) return;
   const auto handler = objcxx::copyOf(completion);

@@ -49,24 +49,18 @@ struct BarButtonItemState;
  @private
   std::unique_ptr<sim::BarButtonItemState> _barButtonItemState;
 }
-- (instancetype)initWithTitle:(NSString *)title
-                        style:(UIBarButtonItemStyle)style
-                       target:(id)target
-                       action:(SEL)action;
-- (instancetype)initWithImage:(UIImage *)image
-                        style:(UIBarButtonItemStyle)style
-                       target:(id)target
-                       action:(SEL)action;
+- (instancetype)initWithTitle:(NSString *)title style:(UIBarButtonItemStyle)style target:(id)target action:(SEL)action;
+- (instancetype)initWithImage:(UIImage *)image style:(UIBarButtonItemStyle)style target:(id)target action:(SEL)action;
 - (instancetype)initWithBarButtonSystemItem:(UIBarButtonSystemItem)systemItem target:(id)target action:(SEL)action;
 - (instancetype)initWithCustomView:(UIView *)customView;
 
-@property (nonatomic) UIBarButtonItemStyle style;
+@property(nonatomic) UIBarButtonItemStyle style;
 /// In points; 0 means by content.
-@property (nonatomic) CGFloat width;
-@property (nonatomic, retain) UIView *customView;
+@property(nonatomic) CGFloat width;
+@property(nonatomic, retain) UIView *customView;
 /// Takes no argument, the item, or the item and an event (always nil here).
-@property (nonatomic) SEL action;
+@property(nonatomic) SEL action;
 /// Not owned; nil sends the action along the responder chain of the page in front.
-@property (nonatomic, assign) id target;
-@property (nonatomic, retain) UIColor *tintColor;
+@property(nonatomic, assign) id target;
+@property(nonatomic, retain) UIColor *tintColor;
 @end

@@ -21,9 +21,10 @@ struct BarButtonItemState {
 namespace {
 // In the order of UIBarButtonSystemItem.
 NSString *const systemItemNames[] = {
-    @"done",   @"cancel",    @"edit",   @"save",    @"add",   @"flexibleSpace", @"fixedSpace", @"compose", @"reply",
-    @"action", @"organize",  @"bookmarks", @"search", @"refresh", @"stop",  @"camera",       @"trash",      @"play",
-    @"pause",  @"rewind",    @"fastForward", @"undo", @"redo", @"pageCurl", @"close",
+    @"done",    @"cancel", @"edit",     @"save",     @"add",       @"flexibleSpace", @"fixedSpace",
+    @"compose", @"reply",  @"action",   @"organize", @"bookmarks", @"search",        @"refresh",
+    @"stop",    @"camera", @"trash",    @"play",     @"pause",     @"rewind",        @"fastForward",
+    @"undo",    @"redo",   @"pageCurl", @"close",
 };
 constexpr NSInteger systemItemCount = sizeof(systemItemNames) / sizeof(systemItemNames[0]);
 static_assert(systemItemCount == UIBarButtonSystemItemClose + 1);
@@ -38,10 +39,7 @@ static_assert(systemItemCount == UIBarButtonSystemItemClose + 1);
   return self;
 }
 
-- (instancetype)initWithTitle:(NSString *)title
-                        style:(UIBarButtonItemStyle)style
-                       target:(id)target
-                       action:(SEL)action {
+- (instancetype)initWithTitle:(NSString *)title style:(UIBarButtonItemStyle)style target:(id)target action:(SEL)action {
   if (!(self = [self init])) return nil;
 
   [self setTitle:title];
@@ -51,10 +49,7 @@ static_assert(systemItemCount == UIBarButtonSystemItemClose + 1);
   return self;
 }
 
-- (instancetype)initWithImage:(UIImage *)image
-                        style:(UIBarButtonItemStyle)style
-                       target:(id)target
-                       action:(SEL)action {
+- (instancetype)initWithImage:(UIImage *)image style:(UIBarButtonItemStyle)style target:(id)target action:(SEL)action {
   if (!(self = [self initWithTitle:nil style:style target:target action:action])) return nil;
 
   [self setImage:image];

@@ -16,11 +16,11 @@ struct BarItemState;
  @private
   std::unique_ptr<sim::BarItemState> _barItemState;
 }
-@property (nonatomic, copy) NSString *title;
-@property (nonatomic, retain) UIImage *image;
+@property(nonatomic, copy) NSString *title;
+@property(nonatomic, retain) UIImage *image;
 /// YES at first. A disabled item ignores taps.
-@property (nonatomic, getter=isEnabled) BOOL enabled;
-@property (nonatomic) NSInteger tag;
-@property (nonatomic, copy) NSString *accessibilityLabel;
-@property (nonatomic, copy) NSString *accessibilityIdentifier;
+@property(nonatomic, getter=isEnabled) BOOL enabled;
+@property(nonatomic) NSInteger tag;
+@property(nonatomic, copy) NSString *accessibilityLabel;
+@property(nonatomic, copy) NSString *accessibilityIdentifier;
 @end

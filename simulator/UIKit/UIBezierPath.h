@@ -39,16 +39,16 @@ typedef NS_OPTIONS(NSUInteger, UIRectCorner) {
 + (instancetype)bezierPathWithCGPath:(CGPathRef)path;
 
 /// Setting copies; the getter's path lives as long as the autorelease pool of the caller.
-@property (nonatomic) CGPathRef CGPath;
-@property (nonatomic) CGFloat lineWidth;
-@property (nonatomic) CGLineCap lineCapStyle;
-@property (nonatomic) CGLineJoin lineJoinStyle;
-@property (nonatomic) CGFloat miterLimit;
-@property (nonatomic) BOOL usesEvenOddFillRule;
-@property (readonly, getter=isEmpty) BOOL empty;
+@property(nonatomic) CGPathRef CGPath;
+@property(nonatomic) CGFloat lineWidth;
+@property(nonatomic) CGLineCap lineCapStyle;
+@property(nonatomic) CGLineJoin lineJoinStyle;
+@property(nonatomic) CGFloat miterLimit;
+@property(nonatomic) BOOL usesEvenOddFillRule;
+@property(readonly, getter=isEmpty) BOOL empty;
 /// Of the drawn outline.
-@property (nonatomic, readonly) CGRect bounds;
-@property (nonatomic, readonly) CGPoint currentPoint;
+@property(nonatomic, readonly) CGRect bounds;
+@property(nonatomic, readonly) CGPoint currentPoint;
 
 - (void)moveToPoint:(CGPoint)point;
 /// Without a current point: ignored with a log line, as on a device. The same holds for curves.

@@ -24,10 +24,10 @@ typedef NS_ENUM(NSInteger, UIButtonType) {
   std::unique_ptr<sim::UIButtonState> _buttonState;
 }
 + (instancetype)buttonWithType:(UIButtonType)type;
-@property (nonatomic, readonly) UIButtonType buttonType;
+@property(nonatomic, readonly) UIButtonType buttonType;
 /// Made on first use, as on a device. Laid out in `layoutSubviews`.
-@property (nonatomic, readonly) UILabel *titleLabel;
-@property (nonatomic, readonly) UIImageView *imageView;
+@property(nonatomic, readonly) UILabel *titleLabel;
+@property(nonatomic, readonly) UIImageView *imageView;
 - (void)setTitle:(NSString *)title forState:(UIControlState)state;
 - (void)setTitleColor:(UIColor *)color forState:(UIControlState)state;
 - (void)setImage:(UIImage *)image forState:(UIControlState)state;
@@ -37,7 +37,7 @@ typedef NS_ENUM(NSInteger, UIButtonType) {
 - (UIColor *)titleColorForState:(UIControlState)state;
 - (UIImage *)imageForState:(UIControlState)state;
 - (UIImage *)backgroundImageForState:(UIControlState)state;
-@property (nonatomic, readonly) NSString *currentTitle;
-@property (nonatomic, readonly) UIColor *currentTitleColor;
-@property (nonatomic, readonly) UIImage *currentImage;
+@property(nonatomic, readonly) NSString *currentTitle;
+@property(nonatomic, readonly) UIColor *currentTitleColor;
+@property(nonatomic, readonly) UIImage *currentImage;
 @end

@@ -13,6 +13,6 @@ struct ColorPair {
 };
 
 /// Transparent black for nil.
-ColorPair resolved(UIColor *color);
+ColorPair resolved(UIColor* color);
 
 }  // namespace sim

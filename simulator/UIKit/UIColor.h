@@ -55,7 +55,7 @@ struct UIColorState;
 - (UIColor *)colorWithAlphaComponent:(CGFloat)alpha;
 - (UIColor *)resolvedColorWithTraitCollection:(UITraitCollection *)traits;
 /// For the current traits; lives as long as the autorelease pool of the caller.
-@property (nonatomic, readonly) CGColorRef CGColor;
+@property(nonatomic, readonly) CGColorRef CGColor;
 
 /// Fill, stroke or both colours of the current image context.
 - (void)set;

@@ -30,9 +30,9 @@ struct ColorPickerState;
 }
 - (instancetype)init;
 /// Not owned; a device forgets one that has gone.
-@property (nonatomic, assign) id<UIColorPickerViewControllerDelegate> delegate;
+@property(nonatomic, assign) id<UIColorPickerViewControllerDelegate> delegate;
 /// Opaque black at first, and for nil. Setting it tells the delegate nothing.
-@property (nonatomic, retain) UIColor *selectedColor;
+@property(nonatomic, retain) UIColor *selectedColor;
 /// YES at first. With NO the user picks opaque colours only.
-@property (nonatomic) BOOL supportsAlpha;
+@property(nonatomic) BOOL supportsAlpha;
 @end

@@ -32,10 +32,10 @@ struct ContextualActionState;
 + (instancetype)contextualActionWithStyle:(UIContextualActionStyle)style
                                     title:(NSString *)title
                                   handler:(UIContextualActionHandler)handler;
-@property (nonatomic, readonly) UIContextualActionStyle style;
-@property (nonatomic, readonly, copy) UIContextualActionHandler handler;
-@property (nonatomic, copy) NSString *title;
+@property(nonatomic, readonly) UIContextualActionStyle style;
+@property(nonatomic, readonly, copy) UIContextualActionHandler handler;
+@property(nonatomic, copy) NSString *title;
 /// At first red for the destructive style and grey for the normal one.
-@property (nonatomic, copy) UIColor *backgroundColor;
-@property (nonatomic, copy) UIImage *image;
+@property(nonatomic, copy) UIColor *backgroundColor;
+@property(nonatomic, copy) UIImage *image;
 @end

@@ -48,11 +48,11 @@ typedef NS_ENUM(NSInteger, UIControlContentHorizontalAlignment) {
  @private
   std::unique_ptr<sim::UIControlMemory> _controlState;
 }
-@property (nonatomic, getter=isEnabled) BOOL enabled;
-@property (nonatomic, getter=isSelected) BOOL selected;
-@property (nonatomic, getter=isHighlighted) BOOL highlighted;
-@property (nonatomic) UIControlContentHorizontalAlignment contentHorizontalAlignment;
-@property (nonatomic, readonly) UIControlState state;
+@property(nonatomic, getter=isEnabled) BOOL enabled;
+@property(nonatomic, getter=isSelected) BOOL selected;
+@property(nonatomic, getter=isHighlighted) BOOL highlighted;
+@property(nonatomic) UIControlContentHorizontalAlignment contentHorizontalAlignment;
+@property(nonatomic, readonly) UIControlState state;
 
 /// `target` is not owned; nil means the first in the responder chain that answers `action`. The action takes nothing,
 /// the sender, or the sender and an event (nil here). Adding the same pair again adds to its events.

@@ -5,7 +5,7 @@
 
 @interface UIDocumentPickerViewController (Sim)
 /// The files to choose from: paths below the device's folder of documents, sorted; hidden files are left out.
-@property (nonatomic, readonly) NSArray *sim_filePaths;
+@property(nonatomic, readonly) NSArray *sim_filePaths;
 /// What a finger on a file does. `path` is one of `sim_filePaths`. In import mode the delegate gets a copy in a
 /// temporary folder. The URL has to be opened for access before it is read.
 ///

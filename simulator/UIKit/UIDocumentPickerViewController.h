@@ -24,17 +24,17 @@ namespace sim {
 struct DocumentPickerState;
 }
 
-/// The picker begins to dismiss itself before it tells its delegate: as on a device, what presented it presents nothing else
-/// until it has gone. Main thread.
+/// The picker begins to dismiss itself before it tells its delegate: as on a device, what presented it presents nothing
+/// else until it has gone. Main thread.
 @interface UIDocumentPickerViewController : UIViewController {
  @private
   std::unique_ptr<sim::DocumentPickerState> _documentPickerState;
 }
 /// For the modes import and open. Raises NSInvalidArgumentException for any other mode and for no types.
 - (instancetype)initWithDocumentTypes:(NSArray *)allowedUTIs inMode:(UIDocumentPickerMode)mode;
-@property (nonatomic, readonly) UIDocumentPickerMode documentPickerMode;
+@property(nonatomic, readonly) UIDocumentPickerMode documentPickerMode;
 /// NO at first.
-@property (nonatomic) BOOL allowsMultipleSelection;
+@property(nonatomic) BOOL allowsMultipleSelection;
 /// Not owned.
-@property (nonatomic, assign) id<UIDocumentPickerDelegate> delegate;
+@property(nonatomic, assign) id<UIDocumentPickerDelegate> delegate;
 @end

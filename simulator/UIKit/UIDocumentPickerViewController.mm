@@ -94,7 +94,8 @@ BOOL isOfTypes(NSString *path, NSArray *types) {
     return sim::fail(error, NSFileNoSuchFileError, @"There is no such file on the device.");
   }
   NSString *file = [documentFolder() stringByAppendingPathComponent:path];
-  if (_documentPickerState->mode == UIDocumentPickerModeOpen) return [self sim_finishWithURL:[NSURL fileURLWithPath:file]];
+  if (_documentPickerState->mode == UIDocumentPickerModeOpen)
+    return [self sim_finishWithURL:[NSURL fileURLWithPath:file]];
   return [self sim_finishWithURL:sim::temporaryCopy(file, [file lastPathComponent], error)];
 }
 

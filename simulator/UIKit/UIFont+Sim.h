@@ -7,6 +7,6 @@
 namespace sim {
 
 /// Size, weight (100 to 900) and slant of `font`; the body font for nil.
-TextStyle textStyle(UIFont *font);
+TextStyle textStyle(UIFont* font);
 
 }  // namespace sim

@@ -49,14 +49,14 @@ UIKIT_EXTERN UIFontTextStyle const UIFontTextStyleCaption2;
 + (CGFloat)smallSystemFontSize;
 + (CGFloat)systemFontSize;
 
-@property (nonatomic, readonly) NSString *familyName;
-@property (nonatomic, readonly) NSString *fontName;
-@property (nonatomic, readonly) CGFloat pointSize;
-@property (nonatomic, readonly) CGFloat ascender;
+@property(nonatomic, readonly) NSString *familyName;
+@property(nonatomic, readonly) NSString *fontName;
+@property(nonatomic, readonly) CGFloat pointSize;
+@property(nonatomic, readonly) CGFloat ascender;
 /// Negative.
-@property (nonatomic, readonly) CGFloat descender;
-@property (nonatomic, readonly) CGFloat capHeight;
-@property (nonatomic, readonly) CGFloat xHeight;
-@property (nonatomic, readonly) CGFloat lineHeight;
-@property (nonatomic, readonly) CGFloat leading;
+@property(nonatomic, readonly) CGFloat descender;
+@property(nonatomic, readonly) CGFloat capHeight;
+@property(nonatomic, readonly) CGFloat xHeight;
+@property(nonatomic, readonly) CGFloat lineHeight;
+@property(nonatomic, readonly) CGFloat leading;
 @end

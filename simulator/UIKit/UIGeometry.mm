@@ -33,7 +33,8 @@ std::optional<std::array<CGFloat, Count>> numbersIn(NSString *string) {
 
 bool holds(NSValue *value, const char *structure) { return std::strcmp([value objCType], structure) == 0; }
 
-/// Has the values of a class of GNUstep's, which holds a point, a size or a rectangle, name the structure as a device does.
+/// Has the values of a class of GNUstep's, which holds a point, a size or a rectangle, name the structure as a device
+/// does.
 template <typename Structure>
 void nameStructure(const char *className) {
   const auto name = +[](id, SEL) -> const char * { return @encode(Structure); };

@@ -10,12 +10,12 @@
   BOOL _opaque;
 }
 /// Pixels a point; the main screen's until set.
-@property (nonatomic) CGFloat scale;
-@property (nonatomic) BOOL opaque;
+@property(nonatomic) CGFloat scale;
+@property(nonatomic) BOOL opaque;
 @end
 
 @interface UIGraphicsImageRendererContext : UIGraphicsRendererContext
-@property (nonatomic, readonly) UIImage *currentImage;
+@property(nonatomic, readonly) UIImage *currentImage;
 @end
 
 typedef void (^UIGraphicsImageDrawingActions)(UIGraphicsImageRendererContext *rendererContext);

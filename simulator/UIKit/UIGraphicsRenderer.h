@@ -11,11 +11,11 @@
 
 @interface UIGraphicsRendererContext : NSObject {
  @private
-  CGContextRef _context;  // Owned.
+  CGContextRef _context;              // Owned.
   UIGraphicsRendererFormat *_format;  // Owned.
 }
-@property (nonatomic, readonly) CGContextRef CGContext;
-@property (nonatomic, readonly) __kindof UIGraphicsRendererFormat *format;
+@property(nonatomic, readonly) CGContextRef CGContext;
+@property(nonatomic, readonly) __kindof UIGraphicsRendererFormat *format;
 - (void)fillRect:(CGRect)rect;
 - (void)fillRect:(CGRect)rect blendMode:(CGBlendMode)mode;
 - (void)strokeRect:(CGRect)rect;
@@ -27,5 +27,5 @@
  @private
   UIGraphicsRendererFormat *_format;  // Owned.
 }
-@property (nonatomic, readonly) __kindof UIGraphicsRendererFormat *format;
+@property(nonatomic, readonly) __kindof UIGraphicsRendererFormat *format;
 @end

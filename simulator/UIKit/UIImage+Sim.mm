@@ -39,8 +39,8 @@ struct NumberedFile {
 /// How many files are remembered.
 constexpr std::size_t filesKept = 64;
 
-/// The number of the last image that was made from the same bytes and was asked for it; `number`, which is remembered for
-/// them, when there was none.
+/// The number of the last image that was made from the same bytes and was asked for it; `number`, which is remembered
+/// for them, when there was none.
 NSUInteger numberOfFile(const FileKey &key, NSUInteger number) {
   static std::deque<NumberedFile> files;
   const auto found = std::find_if(files.begin(), files.end(), [&](const auto &each) { return each.key == key; });
@@ -58,7 +58,8 @@ NSData *dataOf(const std::vector<std::uint8_t> &bytes) {
 
 @implementation UIImage (Sim)
 
-// The pixels as `orientation` has them, tinted where a tint is set; the longer side `longestSide` at most (0: no limit).
+// The pixels as `orientation` has them, tinted where a tint is set; the longer side `longestSide` at most (0: no
+// limit).
 - (void)sim_getBitmap:(sim::BitmapPtr *)bitmap
           orientation:(UIImageOrientation)orientation
           longestSide:(NSUInteger)longestSide {
@@ -104,7 +105,8 @@ NSData *dataOf(const std::vector<std::uint8_t> &bytes) {
   const CGSize stored = _state->recipe
                             ? [_state->recipe.get() extent].size
                             : CGSizeMake(CGImageGetWidth(_state->image()), CGImageGetHeight(_state->image()));
-  return sim::swapsSides(sim::storedOrientation(_state->orientation)) ? CGSizeMake(stored.height, stored.width) : stored;
+  return sim::swapsSides(sim::storedOrientation(_state->orientation)) ? CGSizeMake(stored.height, stored.width)
+                                                                      : stored;
 }
 
 - (NSData *)sim_PNGDataWithLongestSide:(NSUInteger)longestSide {

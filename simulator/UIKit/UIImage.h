@@ -61,15 +61,15 @@ typedef NS_ENUM(NSInteger, UIImageRenderingMode) {
 - (instancetype)initWithCIImage:(CIImage *)image scale:(CGFloat)scale orientation:(UIImageOrientation)orientation;
 
 /// Points, upright.
-@property (nonatomic, readonly) CGSize size;
+@property(nonatomic, readonly) CGSize size;
 /// Pixels a point.
-@property (nonatomic, readonly) CGFloat scale;
-@property (nonatomic, readonly) UIImageOrientation imageOrientation;
-@property (nonatomic, readonly) UIImageRenderingMode renderingMode;
+@property(nonatomic, readonly) CGFloat scale;
+@property(nonatomic, readonly) UIImageOrientation imageOrientation;
+@property(nonatomic, readonly) UIImageRenderingMode renderingMode;
 /// The stored pixels, not turned. NULL for an image made from a Core Image image. Owned by the image.
-@property (nonatomic, readonly) CGImageRef CGImage;
+@property(nonatomic, readonly) CGImageRef CGImage;
 /// nil unless the image was made from a Core Image image.
-@property (nonatomic, readonly) CIImage *CIImage;
+@property(nonatomic, readonly) CIImage *CIImage;
 
 - (UIImage *)imageWithRenderingMode:(UIImageRenderingMode)mode;
 /// The same image remembered with a tint, drawn as a template in that colour.

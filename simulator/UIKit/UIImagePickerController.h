@@ -22,8 +22,7 @@ UIKIT_EXTERN UIImagePickerControllerInfoKey const UIImagePickerControllerImageUR
 @protocol UIImagePickerControllerDelegate <NSObject>
 @optional
 /// The delegate dismisses the picker.
-- (void)imagePickerController:(UIImagePickerController *)picker
-    didFinishPickingMediaWithInfo:(NSDictionary *)info;
+- (void)imagePickerController:(UIImagePickerController *)picker didFinishPickingMediaWithInfo:(NSDictionary *)info;
 /// Like above. Without this method the picker dismisses itself.
 - (void)imagePickerControllerDidCancel:(UIImagePickerController *)picker;
 @end
@@ -42,10 +41,10 @@ struct ImagePickerState;
 /// nil for a source that is not available.
 + (NSArray *)availableMediaTypesForSourceType:(UIImagePickerControllerSourceType)sourceType;
 /// Raises NSInvalidArgumentException for a source that is not available.
-@property (nonatomic) UIImagePickerControllerSourceType sourceType;
+@property(nonatomic) UIImagePickerControllerSourceType sourceType;
 /// "public.image" alone at first. Raises NSInvalidArgumentException for an empty array.
-@property (nonatomic, copy) NSArray *mediaTypes;
-@property (nonatomic) BOOL allowsEditing;
+@property(nonatomic, copy) NSArray *mediaTypes;
+@property(nonatomic) BOOL allowsEditing;
 /// Not owned.
-@property (nonatomic, assign) id<UINavigationControllerDelegate, UIImagePickerControllerDelegate> delegate;
+@property(nonatomic, assign) id<UINavigationControllerDelegate, UIImagePickerControllerDelegate> delegate;
 @end

@@ -132,7 +132,8 @@ sim::SharedBytes bytesOf(NSString *file) {
     failAsNoPicture(name, error);
     return nil;
   }
-  const auto added = sim::addPhoto([photoFolder() fileSystemRepresentation], [file fileSystemRepresentation], *extension);
+  const auto added =
+      sim::addPhoto([photoFolder() fileSystemRepresentation], [file fileSystemRepresentation], *extension);
   if (const std::string *path = std::get_if<std::string>(&added)) return [NSString stringWithUTF8String:path->c_str()];
   const int number = std::get<int>(added);
   const bool isFull = number == ENOSPC || number == EDQUOT;
@@ -149,8 +150,7 @@ sim::SharedBytes bytesOf(NSString *file) {
 - (NSArray *)sim_photoPaths {
   if (![UIImagePickerController isSourceTypeAvailable:UIImagePickerControllerSourceTypePhotoLibrary]) return @[];
   if (![_imagePickerState->mediaTypes.get() containsObject:imageType]) return @[];  // The library holds no films.
-  return sim::pathsBelow(photoFolder(),
-                         {".png", ".jpg", ".jpeg", ".heic", ".heif", ".webp", ".gif", ".tif", ".tiff"});
+  return sim::pathsBelow(photoFolder(), {".png", ".jpg", ".jpeg", ".heic", ".heif", ".webp", ".gif", ".tif", ".tiff"});
 }
 
 - (BOOL)sim_pickPhotoAtPath:(NSString *)path error:(NSError **)error {

@@ -15,7 +15,7 @@ struct UIImageViewState;
 /// Takes the image's size. User interaction is off.
 - (instancetype)initWithImage:(UIImage *)image;
 - (instancetype)initWithImage:(UIImage *)image highlightedImage:(UIImage *)highlightedImage;
-@property (nonatomic, retain) UIImage *image;
-@property (nonatomic, retain) UIImage *highlightedImage;
-@property (nonatomic, getter=isHighlighted) BOOL highlighted;
+@property(nonatomic, retain) UIImage *image;
+@property(nonatomic, retain) UIImage *highlightedImage;
+@property(nonatomic, getter=isHighlighted) BOOL highlighted;
 @end

@@ -13,28 +13,28 @@ struct UILabelState;
  @private
   std::unique_ptr<sim::UILabelState> _labelState;
 }
-@property (nonatomic, copy) NSString *text;
+@property(nonatomic, copy) NSString *text;
 /// Its first character's font and colour become the label's own. Setting `text` drops it.
-@property (nonatomic, copy) NSAttributedString *attributedText;
+@property(nonatomic, copy) NSAttributedString *attributedText;
 /// System font of 17 points; nil sets that back.
-@property (nonatomic, retain) UIFont *font;
+@property(nonatomic, retain) UIFont *font;
 /// The label colour; nil sets that back.
-@property (nonatomic, retain) UIColor *textColor;
-@property (nonatomic, retain) UIColor *highlightedTextColor;
-@property (nonatomic, getter=isHighlighted) BOOL highlighted;
-@property (nonatomic, getter=isEnabled) BOOL enabled;
-@property (nonatomic, retain) UIColor *shadowColor;
-@property (nonatomic) CGSize shadowOffset;
+@property(nonatomic, retain) UIColor *textColor;
+@property(nonatomic, retain) UIColor *highlightedTextColor;
+@property(nonatomic, getter=isHighlighted) BOOL highlighted;
+@property(nonatomic, getter=isEnabled) BOOL enabled;
+@property(nonatomic, retain) UIColor *shadowColor;
+@property(nonatomic) CGSize shadowOffset;
 /// Natural.
-@property (nonatomic) NSTextAlignment textAlignment;
+@property(nonatomic) NSTextAlignment textAlignment;
 /// Truncating tail.
-@property (nonatomic) NSLineBreakMode lineBreakMode;
+@property(nonatomic) NSLineBreakMode lineBreakMode;
 /// 1; 0 means no limit.
-@property (nonatomic) NSInteger numberOfLines;
-@property (nonatomic) BOOL adjustsFontSizeToFitWidth;
-@property (nonatomic) CGFloat minimumScaleFactor;
+@property(nonatomic) NSInteger numberOfLines;
+@property(nonatomic) BOOL adjustsFontSizeToFitWidth;
+@property(nonatomic) CGFloat minimumScaleFactor;
 /// Points; 0 when not set.
-@property (nonatomic) CGFloat preferredMaxLayoutWidth;
+@property(nonatomic) CGFloat preferredMaxLayoutWidth;
 /// The rectangle that the text fills below `bounds`, in whole pixels, vertically centred as it is drawn.
 - (CGRect)textRectForBounds:(CGRect)bounds limitedToNumberOfLines:(NSInteger)numberOfLines;
 @end

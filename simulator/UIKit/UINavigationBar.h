@@ -20,14 +20,14 @@ struct NavigationBarState;
  @private
   std::unique_ptr<sim::NavigationBarState> _navigationBarState;
 }
-@property (nonatomic) UIBarStyle barStyle;
-@property (nonatomic, getter=isTranslucent) BOOL translucent;
-@property (nonatomic) BOOL prefersLargeTitles;
-@property (nonatomic, retain) UIColor *barTintColor;
-@property (nonatomic, copy) NSDictionary *titleTextAttributes;
-@property (nonatomic, copy) NSDictionary *largeTitleTextAttributes;
-@property (nonatomic, copy) NSArray *items;
-@property (nonatomic, readonly) UINavigationItem *topItem;
+@property(nonatomic) UIBarStyle barStyle;
+@property(nonatomic, getter=isTranslucent) BOOL translucent;
+@property(nonatomic) BOOL prefersLargeTitles;
+@property(nonatomic, retain) UIColor *barTintColor;
+@property(nonatomic, copy) NSDictionary *titleTextAttributes;
+@property(nonatomic, copy) NSDictionary *largeTitleTextAttributes;
+@property(nonatomic, copy) NSArray *items;
+@property(nonatomic, readonly) UINavigationItem *topItem;
 /// The item below the top one; nil when there is none.
-@property (nonatomic, readonly) UINavigationItem *backItem;
+@property(nonatomic, readonly) UINavigationItem *backItem;
 @end

@@ -5,7 +5,7 @@
 
 @interface UINavigationController (Sim)
 /// The text of the back button of the top page, "Back" when the page below has none; nil when no back button shows.
-@property (nonatomic, readonly) NSString *sim_backTitle;
+@property(nonatomic, readonly) NSString *sim_backTitle;
 /// What a finger on the back button does. NO when no back button shows.
 - (BOOL)sim_tapBack;
 @end

@@ -35,15 +35,15 @@ struct NavigationControllerState;
 - (instancetype)initWithRootViewController:(UIViewController *)rootViewController;
 
 /// Bottom first.
-@property (nonatomic, copy) NSArray *viewControllers;
+@property(nonatomic, copy) NSArray *viewControllers;
 - (void)setViewControllers:(NSArray *)viewControllers animated:(BOOL)animated;
-@property (nonatomic, readonly) UIViewController *topViewController;
+@property(nonatomic, readonly) UIViewController *topViewController;
 /// What the top page presents, else the top page.
-@property (nonatomic, readonly) UIViewController *visibleViewController;
+@property(nonatomic, readonly) UIViewController *visibleViewController;
 /// Not owned.
-@property (nonatomic, assign) id<UINavigationControllerDelegate> delegate;
-@property (nonatomic, readonly) UINavigationBar *navigationBar;
-@property (nonatomic, getter=isNavigationBarHidden) BOOL navigationBarHidden;
+@property(nonatomic, assign) id<UINavigationControllerDelegate> delegate;
+@property(nonatomic, readonly) UINavigationBar *navigationBar;
+@property(nonatomic, getter=isNavigationBarHidden) BOOL navigationBarHidden;
 - (void)setNavigationBarHidden:(BOOL)hidden animated:(BOOL)animated;
 
 /// Raises NSInvalidArgumentException for nil, for a navigation controller, and for a controller in the stack already.

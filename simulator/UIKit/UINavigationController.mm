@@ -260,8 +260,8 @@ CGFloat heightOfBar(UITraitCollection *traits) {
 
 - (void)sim_placeBar {
   const CGRect bounds = [[self view] bounds];
-  [_navigationControllerState->bar.get() setFrame:CGRectMake(0, [[self view] safeAreaInsets].top, bounds.size.width,
-                                                             heightOfBar([self traitCollection]))];
+  [_navigationControllerState->bar.get()
+      setFrame:CGRectMake(0, [[self view] safeAreaInsets].top, bounds.size.width, heightOfBar([self traitCollection]))];
 }
 
 - (void)beginAppearanceTransition:(BOOL)isAppearing animated:(BOOL)animated {
@@ -289,9 +289,8 @@ CGFloat heightOfBar(UITraitCollection *traits) {
   if ([[item leftBarButtonItems] count] > 0 && ![item leftItemsSupplementBackButton]) return nil;
 
   UINavigationItem *below = [[stack objectAtIndex:count - 2] navigationItem];
-  for (NSString *title in @[
-         [[below backBarButtonItem] title] ?: @"", [below backButtonTitle] ?: @"", [below title] ?: @""
-       ]) {
+  for (NSString *title in
+       @[ [[below backBarButtonItem] title] ?: @"", [below backButtonTitle] ?: @"", [below title] ?: @"" ]) {
     if ([title length] > 0) return title;
   }
   return @"Back";

@@ -25,28 +25,28 @@ struct NavigationItemState;
 }
 - (instancetype)initWithTitle:(NSString *)title;
 
-@property (nonatomic, copy) NSString *title;
-@property (nonatomic, retain) UIView *titleView;
-@property (nonatomic, copy) NSString *prompt;
+@property(nonatomic, copy) NSString *title;
+@property(nonatomic, retain) UIView *titleView;
+@property(nonatomic, copy) NSString *prompt;
 /// Names this page in the back button of the page above it; nil means the title.
-@property (nonatomic, copy) NSString *backButtonTitle;
+@property(nonatomic, copy) NSString *backButtonTitle;
 /// Its title names this page in the back button of the page above it, before `backButtonTitle`.
-@property (nonatomic, retain) UIBarButtonItem *backBarButtonItem;
-@property (nonatomic) BOOL hidesBackButton;
+@property(nonatomic, retain) UIBarButtonItem *backBarButtonItem;
+@property(nonatomic) BOOL hidesBackButton;
 - (void)setHidesBackButton:(BOOL)hidesBackButton animated:(BOOL)animated;
 /// NO at first: items on the left replace the back button.
-@property (nonatomic) BOOL leftItemsSupplementBackButton;
+@property(nonatomic) BOOL leftItemsSupplementBackButton;
 
 /// The first of `leftBarButtonItems`. Setting it makes it the only one.
-@property (nonatomic, retain) UIBarButtonItem *leftBarButtonItem;
+@property(nonatomic, retain) UIBarButtonItem *leftBarButtonItem;
 /// The first of `rightBarButtonItems`, the outermost one. Setting it makes it the only one.
-@property (nonatomic, retain) UIBarButtonItem *rightBarButtonItem;
-@property (nonatomic, copy) NSArray *leftBarButtonItems;
-@property (nonatomic, copy) NSArray *rightBarButtonItems;
+@property(nonatomic, retain) UIBarButtonItem *rightBarButtonItem;
+@property(nonatomic, copy) NSArray *leftBarButtonItems;
+@property(nonatomic, copy) NSArray *rightBarButtonItems;
 - (void)setLeftBarButtonItem:(UIBarButtonItem *)item animated:(BOOL)animated;
 - (void)setRightBarButtonItem:(UIBarButtonItem *)item animated:(BOOL)animated;
 - (void)setLeftBarButtonItems:(NSArray *)items animated:(BOOL)animated;
 - (void)setRightBarButtonItems:(NSArray *)items animated:(BOOL)animated;
 
-@property (nonatomic) UINavigationItemLargeTitleDisplayMode largeTitleDisplayMode;
+@property(nonatomic) UINavigationItemLargeTitleDisplayMode largeTitleDisplayMode;
 @end

@@ -16,11 +16,11 @@ struct PasteboardState;
 }
 + (UIPasteboard *)generalPasteboard;
 /// The first string; nil when there is none. Setting nil empties the pasteboard.
-@property (nonatomic, copy) NSString *string;
+@property(nonatomic, copy) NSString *string;
 /// nil when there is none.
-@property (nonatomic, copy) NSArray *strings;
-@property (nonatomic, readonly) BOOL hasStrings;
-@property (nonatomic, readonly) NSInteger numberOfItems;
+@property(nonatomic, copy) NSArray *strings;
+@property(nonatomic, readonly) BOOL hasStrings;
+@property(nonatomic, readonly) NSInteger numberOfItems;
 /// Grows with each change.
-@property (nonatomic, readonly) NSInteger changeCount;
+@property(nonatomic, readonly) NSInteger changeCount;
 @end

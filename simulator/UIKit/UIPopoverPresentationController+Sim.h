@@ -6,5 +6,5 @@
 
 @interface UIPopoverPresentationController (Sim)
 /// YES when there is a bar button item or a source view to show from.
-@property (nonatomic, readonly) BOOL sim_isAnchored;
+@property(nonatomic, readonly) BOOL sim_isAnchored;
 @end

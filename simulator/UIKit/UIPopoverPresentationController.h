@@ -35,11 +35,11 @@ struct PopoverState;
  @private
   std::unique_ptr<sim::PopoverState> _popoverState;
 }
-@property (nonatomic, retain) UIView *sourceView;
+@property(nonatomic, retain) UIView *sourceView;
 /// In the coordinates of `sourceView`; CGRectNull at first, which stands for the view's bounds.
-@property (nonatomic) CGRect sourceRect;
-@property (nonatomic, retain) UIBarButtonItem *barButtonItem;
-@property (nonatomic) UIPopoverArrowDirection permittedArrowDirections;
+@property(nonatomic) CGRect sourceRect;
+@property(nonatomic, retain) UIBarButtonItem *barButtonItem;
+@property(nonatomic) UIPopoverArrowDirection permittedArrowDirections;
 /// Not owned.
-@property (nonatomic, assign) id<UIPopoverPresentationControllerDelegate> delegate;
+@property(nonatomic, assign) id<UIPopoverPresentationControllerDelegate> delegate;
 @end

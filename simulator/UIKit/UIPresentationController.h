@@ -10,7 +10,7 @@
  @private
   UIViewController *_presentedViewController;  // Not owned: it owns this object.
 }
-@property (nonatomic, readonly) UIViewController *presentedViewController;
+@property(nonatomic, readonly) UIViewController *presentedViewController;
 /// nil while nothing presents it.
-@property (nonatomic, readonly) UIViewController *presentingViewController;
+@property(nonatomic, readonly) UIViewController *presentingViewController;
 @end

@@ -4,4 +4,4 @@
 #import <UIKit/UIResponder.h>
 
 /// The one first responder of the process; nil when there is none. Not owned.
-UIKIT_EXTERN UIResponder *SIMFirstResponder(void);
+UIKIT_EXTERN UIResponder* SIMFirstResponder(void);

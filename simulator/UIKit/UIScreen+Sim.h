@@ -14,5 +14,5 @@ UIKIT_EXTERN void SIMSetMainScreen(CGSize size, CGFloat scale, UIEdgeInsets safe
 
 @interface UIScreen (Sim)
 /// Points.
-@property (nonatomic, readonly) UIEdgeInsets sim_safeArea;
+@property(nonatomic, readonly) UIEdgeInsets sim_safeArea;
 @end

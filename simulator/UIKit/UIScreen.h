@@ -7,11 +7,11 @@
 @interface UIScreen : NSObject
 + (UIScreen *)mainScreen;
 /// Points.
-@property (nonatomic, readonly) CGRect bounds;
+@property(nonatomic, readonly) CGRect bounds;
 /// Pixels a point.
-@property (nonatomic, readonly) CGFloat scale;
+@property(nonatomic, readonly) CGFloat scale;
 /// Pixels.
-@property (nonatomic, readonly) CGRect nativeBounds;
-@property (nonatomic, readonly) CGFloat nativeScale;
-@property (nonatomic, readonly) UITraitCollection *traitCollection;
+@property(nonatomic, readonly) CGRect nativeBounds;
+@property(nonatomic, readonly) CGFloat nativeScale;
+@property(nonatomic, readonly) UITraitCollection *traitCollection;
 @end

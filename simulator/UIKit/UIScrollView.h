@@ -26,19 +26,19 @@ struct ScrollViewState;
   std::unique_ptr<sim::ScrollViewState> _scrollViewState;
 }
 /// The origin of the bounds. Setting it tells the delegate when it changes.
-@property (nonatomic) CGPoint contentOffset;
+@property(nonatomic) CGPoint contentOffset;
 - (void)setContentOffset:(CGPoint)contentOffset animated:(BOOL)animated;
-@property (nonatomic) CGSize contentSize;
-@property (nonatomic) UIEdgeInsets contentInset;
-@property (nonatomic) UIEdgeInsets scrollIndicatorInsets;
-@property (nonatomic, getter=isScrollEnabled) BOOL scrollEnabled;
-@property (nonatomic) BOOL bounces;
-@property (nonatomic) BOOL alwaysBounceVertical;
-@property (nonatomic) BOOL showsVerticalScrollIndicator;
-@property (nonatomic) BOOL showsHorizontalScrollIndicator;
-@property (nonatomic) UIScrollViewKeyboardDismissMode keyboardDismissMode;
+@property(nonatomic) CGSize contentSize;
+@property(nonatomic) UIEdgeInsets contentInset;
+@property(nonatomic) UIEdgeInsets scrollIndicatorInsets;
+@property(nonatomic, getter=isScrollEnabled) BOOL scrollEnabled;
+@property(nonatomic) BOOL bounces;
+@property(nonatomic) BOOL alwaysBounceVertical;
+@property(nonatomic) BOOL showsVerticalScrollIndicator;
+@property(nonatomic) BOOL showsHorizontalScrollIndicator;
+@property(nonatomic) UIScrollViewKeyboardDismissMode keyboardDismissMode;
 /// Not owned.
-@property (nonatomic, assign) id<UIScrollViewDelegate> delegate;
+@property(nonatomic, assign) id<UIScrollViewDelegate> delegate;
 /// Moves the content by the least amount that brings `rect` (in content coordinates) into view.
 - (void)scrollRectToVisible:(CGRect)rect animated:(BOOL)animated;
 @end

@@ -62,9 +62,8 @@ struct ScrollViewState {
     if (from < origin || extent > length) return from;
     return std::max(origin, from + extent - length);
   };
-  [self setContentOffset:CGPointMake(
-                             nearest(bounds.origin.x, bounds.size.width, rect.origin.x, rect.size.width),
-                             nearest(bounds.origin.y, bounds.size.height, rect.origin.y, rect.size.height))
+  [self setContentOffset:CGPointMake(nearest(bounds.origin.x, bounds.size.width, rect.origin.x, rect.size.width),
+                                     nearest(bounds.origin.y, bounds.size.height, rect.origin.y, rect.size.height))
                 animated:animated];
 }
 

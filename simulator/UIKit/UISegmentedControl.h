@@ -18,12 +18,12 @@ enum { UISegmentedControlNoSegment = -1 };
 }
 /// Strings and images; anything else raises NSInvalidArgumentException.
 - (instancetype)initWithItems:(NSArray *)items;
-@property (nonatomic, readonly) NSUInteger numberOfSegments;
+@property(nonatomic, readonly) NSUInteger numberOfSegments;
 /// No segment until set. An index that is not there means no segment below 0 and raises NSRangeException above. Setting
 /// it sends no action.
-@property (nonatomic) NSInteger selectedSegmentIndex;
-@property (nonatomic, getter=isMomentary) BOOL momentary;
-@property (nonatomic, retain) UIColor *selectedSegmentTintColor;
+@property(nonatomic) NSInteger selectedSegmentIndex;
+@property(nonatomic, getter=isMomentary) BOOL momentary;
+@property(nonatomic, retain) UIColor *selectedSegmentTintColor;
 /// An index past the end counts as the end.
 - (void)insertSegmentWithTitle:(NSString *)title atIndex:(NSUInteger)index animated:(BOOL)animated;
 - (void)insertSegmentWithImage:(UIImage *)image atIndex:(NSUInteger)index animated:(BOOL)animated;

@@ -11,6 +11,6 @@
 }
 + (instancetype)configurationWithActions:(NSArray *)actions;
 /// Of UIContextualAction, outermost first.
-@property (nonatomic, readonly, copy) NSArray *actions;
-@property (nonatomic) BOOL performsFirstActionWithFullSwipe;
+@property(nonatomic, readonly, copy) NSArray *actions;
+@property(nonatomic) BOOL performsFirstActionWithFullSwipe;
 @end

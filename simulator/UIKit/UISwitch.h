@@ -12,8 +12,8 @@ struct UISwitchState;
   std::unique_ptr<sim::UISwitchState> _switchState;
 }
 /// Setting it sends no action.
-@property (nonatomic, getter=isOn) BOOL on;
-@property (nonatomic, retain) UIColor *onTintColor;
-@property (nonatomic, retain) UIColor *thumbTintColor;
+@property(nonatomic, getter=isOn) BOOL on;
+@property(nonatomic, retain) UIColor *onTintColor;
+@property(nonatomic, retain) UIColor *thumbTintColor;
 - (void)setOn:(BOOL)on animated:(BOOL)animated;
 @end

@@ -127,7 +127,7 @@
     [cell sim_setEditingStyle:[self sim_editingStyleAtIndexPath:path]];
     [cell setShowsReorderControl:[self sim_isMovable:path]];
     [cell setShouldIndentWhileEditing:!state.has.indents || [state.delegate tableView:self
-                                                               shouldIndentWhileEditingRowAtIndexPath:path]];
+                                                                shouldIndentWhileEditingRowAtIndexPath:path]];
   }
   if ([cell isEditing] != editing) [cell setEditing:editing animated:animated];
 }

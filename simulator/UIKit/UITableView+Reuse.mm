@@ -70,8 +70,7 @@ Class registeredClass(const sim::ReuseQueue<View> &queue, const std::string &key
   return cell.autoreleased();
 }
 
-- (UITableViewCell *)dequeueReusableCellWithIdentifier:(NSString *)identifier
-                                          forIndexPath:(NSIndexPath *)indexPath {
+- (UITableViewCell *)dequeueReusableCellWithIdentifier:(NSString *)identifier forIndexPath:(NSIndexPath *)indexPath {
   UITableViewCell *cell = [self dequeueReusableCellWithIdentifier:identifier];
   if (!cell) {
     [NSException raise:NSInternalInconsistencyException
@@ -86,8 +85,7 @@ Class registeredClass(const sim::ReuseQueue<View> &queue, const std::string &key
 
   const Class viewClass = registeredClass(_tableViewState->headersAndFooters, key);
   if (!viewClass) return nil;
-  auto view =
-      objcxx::adopt((UITableViewHeaderFooterView *)[[viewClass alloc] initWithReuseIdentifier:identifier]);
+  auto view = objcxx::adopt((UITableViewHeaderFooterView *)[[viewClass alloc] initWithReuseIdentifier:identifier]);
   [view.get() sim_setReuseIdentifier:identifier];
   return view.autoreleased();
 }

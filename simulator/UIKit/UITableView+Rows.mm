@@ -98,8 +98,8 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
   if (state.geometry.contains(index)) state.geometry.setHeight(index, height, true);
 }
 
-/// Without an estimate of its owner's, a table view makes its own: rows of one table are alike as a rule, and a long one
-/// would jump under the user as its rows become known.
+/// Without an estimate of its owner's, a table view makes its own: rows of one table are alike as a rule, and a long
+/// one would jump under the user as its rows become known.
 - (void)sim_learnRowHeight:(CGFloat)height {
   auto &state = *_tableViewState;
   if (state.learnedRowHeight > 0 || state.estimatedRowHeight > 0 || state.has.estimatedRowHeight) return;
@@ -320,15 +320,9 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
         y = bottom - bounds.size.height;
       }
       break;
-    case UITableViewScrollPositionTop:
-      y = row.origin.y;
-      break;
-    case UITableViewScrollPositionMiddle:
-      y = row.origin.y + (row.size.height - bounds.size.height) / 2;
-      break;
-    case UITableViewScrollPositionBottom:
-      y = bottom - bounds.size.height;
-      break;
+    case UITableViewScrollPositionTop: y = row.origin.y; break;
+    case UITableViewScrollPositionMiddle: y = row.origin.y + (row.size.height - bounds.size.height) / 2; break;
+    case UITableViewScrollPositionBottom: y = bottom - bounds.size.height; break;
   }
   const CGFloat lowest = std::max<CGFloat>(_tableViewState->geometry.totalHeight() - bounds.size.height, 0);
   [self setContentOffset:CGPointMake(bounds.origin.x, std::clamp<CGFloat>(y, 0, lowest)) animated:NO];

@@ -131,16 +131,14 @@ UIEdgeInsets titleInsets(UITableViewStyle style, long section, BOOL header, CGFl
 
 - (void)sim_measureSection:(long)section {
   auto &state = *_tableViewState;
-  CGFloat header =
-      state.has.headerHeight ? [state.delegate tableView:self heightForHeaderInSection:section] : -1;
+  CGFloat header = state.has.headerHeight ? [state.delegate tableView:self heightForHeaderInSection:section] : -1;
   if (!isHeight(header)) {
     header = [self sim_defaultHeightOfSection:section header:YES];
     if (state.style == UITableViewStylePlain && header > 0) {
       header += isHeight(state.headerTopPadding) ? state.headerTopPadding : plainTopPadding;
     }
   }
-  CGFloat footer =
-      state.has.footerHeight ? [state.delegate tableView:self heightForFooterInSection:section] : -1;
+  CGFloat footer = state.has.footerHeight ? [state.delegate tableView:self heightForFooterInSection:section] : -1;
   if (!isHeight(footer)) footer = [self sim_defaultHeightOfSection:section header:NO];
   if (section >= state.geometry.sectionCount()) return;
   state.geometry.setHeader(section, header);

@@ -14,18 +14,18 @@
   BOOL _destructive;
   BOOL _leading;
 }
-@property (nonatomic, readonly, copy) NSString *title;
-@property (nonatomic, readonly, retain) UIColor *backgroundColor;
-@property (nonatomic, retain) UIImage *image;
-@property (nonatomic, readonly, getter=isDestructive) BOOL destructive;
+@property(nonatomic, readonly, copy) NSString *title;
+@property(nonatomic, readonly, retain) UIColor *backgroundColor;
+@property(nonatomic, retain) UIImage *image;
+@property(nonatomic, readonly, getter=isDestructive) BOOL destructive;
 /// YES on the leading side of the row.
-@property (nonatomic, readonly, getter=isLeading) BOOL leading;
+@property(nonatomic, readonly, getter=isLeading) BOOL leading;
 @end
 
 @interface UITableView (SimSeparators)
 /// nil, or nothing set, where the table view leaves it to the system.
-@property (nonatomic, readonly) UIColor *sim_ownSeparatorColor;
-@property (nonatomic, readonly) BOOL sim_hasSeparatorInset;
+@property(nonatomic, readonly) UIColor *sim_ownSeparatorColor;
+@property(nonatomic, readonly) BOOL sim_hasSeparatorInset;
 @end
 
 @interface UITableView (Sim)
@@ -70,7 +70,7 @@
 /// All of these answer NO, nothing or UITableViewCellEditingStyleNone for a path that names no row.
 @interface UITableView (SimSelection)
 /// YES when selection is allowed in the present mode; the row itself may still refuse a tap.
-@property (nonatomic, readonly) BOOL sim_allowsSelectionNow;
+@property(nonatomic, readonly) BOOL sim_allowsSelectionNow;
 /// Whether a tap on the row, which `cell` shows, does anything that can be seen. The delegate may still refuse it.
 - (BOOL)sim_tapShowsAtIndexPath:(NSIndexPath *)indexPath cell:(UITableViewCell *)cell;
 /// What a finger does: scrolls the row into the bounds, highlights, selects. NO when the row refuses.
@@ -99,7 +99,7 @@
 /// table view is in editing mode.
 - (NSArray *)sim_swipeActionsAtIndexPath:(NSIndexPath *)indexPath;
 /// The row that stands open; nil when none does.
-@property (nonatomic, readonly) NSIndexPath *sim_swipedRow;
+@property(nonatomic, readonly) NSIndexPath *sim_swipedRow;
 /// A swipe over the row, which uncovers its actions until the row is closed: by a touch elsewhere, by the end of the
 /// editing, when the row goes or is loaded anew, and when the table view leaves the screen. One row is open at a time.
 /// NO when it has no actions.

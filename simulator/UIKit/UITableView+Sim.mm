@@ -44,7 +44,8 @@ long rowsBefore(std::optional<sim::RowIndex> index, long section, long count) {
     settled = false;
     for (sim::RowIndex index{0, 0}; index.section < geometry.sectionCount(); ++index.section) {
       const NSRange rows = [self sim_rowsToDescribeInSection:index.section];
-      for (index.row = long(rows.location); index.row < long(NSMaxRange(rows)) && geometry.contains(index); ++index.row) {
+      for (index.row = long(rows.location); index.row < long(NSMaxRange(rows)) && geometry.contains(index);
+           ++index.row) {
         if (geometry.isFinal(index)) continue;
         settled = true;
         (void)[self sim_heightOfRowAtIndexPath:sim::pathOf(index)];
@@ -65,9 +66,8 @@ long rowsBefore(std::optional<sim::RowIndex> index, long section, long count) {
   const auto &geometry = _tableViewState->geometry;
   if (section < 0) return;
   // A visitor may make the table view ask for its rows anew.
-  for (long row = long(rows.location); section < geometry.sectionCount() &&
-                                       row < std::min(geometry.rowCount(section), long(NSMaxRange(rows)));
-       ++row) {
+  for (long row = long(rows.location);
+       section < geometry.sectionCount() && row < std::min(geometry.rowCount(section), long(NSMaxRange(rows))); ++row) {
     @autoreleasepool {
       [self sim_visitRow:{section, row} usingBlock:visitor];
     }
@@ -89,8 +89,7 @@ long rowsBefore(std::optional<sim::RowIndex> index, long section, long count) {
   return NSMakeRange(NSUInteger(first), NSUInteger(std::max(end - first, 0L)));
 }
 
-- (void)sim_visitRow:(sim::RowIndex)index
-          usingBlock:(void (^)(NSIndexPath *indexPath, UITableViewCell *cell))visitor {
+- (void)sim_visitRow:(sim::RowIndex)index usingBlock:(void (^)(NSIndexPath *indexPath, UITableViewCell *cell))visitor {
   auto &state = *_tableViewState;
   const auto known = state.live.find(index);
   if (known != state.live.end()) {
@@ -146,8 +145,7 @@ long rowsBefore(std::optional<sim::RowIndex> index, long section, long count) {
   constexpr int mostAttempts = 8;
   for (int attempt = 0; attempt < mostAttempts && _tableViewState->geometry.contains(index); ++attempt) {
     if (UITableViewCell *cell = [self cellForRowAtIndexPath:indexPath]) return cell;
-    [self sim_scrollTo:index
-              position:attempt == 0 ? UITableViewScrollPositionNone : UITableViewScrollPositionTop];
+    [self sim_scrollTo:index position:attempt == 0 ? UITableViewScrollPositionNone : UITableViewScrollPositionTop];
     [self setNeedsLayout];
     [self layoutIfNeeded];
   }

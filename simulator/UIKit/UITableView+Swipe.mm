@@ -45,21 +45,20 @@
 namespace {
 
 SIMSwipeAction *describe(UIContextualAction *action, BOOL leading) {
-  auto described = objcxx::adopt([[SIMSwipeAction alloc]
-        initWithTitle:[action title]
-      backgroundColor:[action backgroundColor]
-          destructive:[action style] == UIContextualActionStyleDestructive
-              leading:leading]);
+  auto described =
+      objcxx::adopt([[SIMSwipeAction alloc] initWithTitle:[action title]
+                                          backgroundColor:[action backgroundColor]
+                                              destructive:[action style] == UIContextualActionStyleDestructive
+                                                  leading:leading]);
   [described.get() setImage:[action image]];
   return described.autoreleased();
 }
 
 SIMSwipeAction *describe(UITableViewRowAction *action) {
-  return objcxx::adopt([[SIMSwipeAction alloc]
-                           initWithTitle:[action title]
-                         backgroundColor:[action backgroundColor]
-                             destructive:[action style] == UITableViewRowActionStyleDestructive
-                                 leading:NO])
+  return objcxx::adopt([[SIMSwipeAction alloc] initWithTitle:[action title]
+                                             backgroundColor:[action backgroundColor]
+                                                 destructive:[action style] == UITableViewRowActionStyleDestructive
+                                                     leading:NO])
       .autoreleased();
 }
 
@@ -98,8 +97,8 @@ SIMSwipeAction *describe(UITableViewRowAction *action) {
   }
   *leadingFrom = [actions count];
   if (state.has.leadingSwipe) {
-    UISwipeActionsConfiguration *leading =
-        [state.delegate tableView:self leadingSwipeActionsConfigurationForRowAtIndexPath:indexPath];
+    UISwipeActionsConfiguration *leading = [state.delegate tableView:self
+                   leadingSwipeActionsConfigurationForRowAtIndexPath:indexPath];
     [actions addObjectsFromArray:[leading actions] ?: @[]];
   }
   return actions;

@@ -115,26 +115,26 @@ struct TableViewState;
 }
 /// Designated.
 - (instancetype)initWithFrame:(CGRect)frame style:(UITableViewStyle)style;
-@property (nonatomic, readonly) UITableViewStyle style;
+@property(nonatomic, readonly) UITableViewStyle style;
 /// Not owned. What it answers to is noted when it is set.
-@property (nonatomic, assign) id<UITableViewDataSource> dataSource;
+@property(nonatomic, assign) id<UITableViewDataSource> dataSource;
 /// Not owned. What it answers to is noted when it is set.
-@property (nonatomic, assign) id<UITableViewDelegate> delegate;
+@property(nonatomic, assign) id<UITableViewDelegate> delegate;
 
 /// Heights in points. `rowHeight` is automatic at first; an estimate of 0 has every height asked in advance.
-@property (nonatomic) CGFloat rowHeight;
-@property (nonatomic) CGFloat estimatedRowHeight;
-@property (nonatomic) CGFloat sectionHeaderHeight;
-@property (nonatomic) CGFloat sectionFooterHeight;
-@property (nonatomic) CGFloat sectionHeaderTopPadding;
-@property (nonatomic) UITableViewCellSeparatorStyle separatorStyle;
-@property (nonatomic) UIEdgeInsets separatorInset;
-@property (nonatomic, retain) UIColor *separatorColor;
-@property (nonatomic, retain) UIView *backgroundView;
-@property (nonatomic, retain) UIView *tableHeaderView;
-@property (nonatomic, retain) UIView *tableFooterView;
+@property(nonatomic) CGFloat rowHeight;
+@property(nonatomic) CGFloat estimatedRowHeight;
+@property(nonatomic) CGFloat sectionHeaderHeight;
+@property(nonatomic) CGFloat sectionFooterHeight;
+@property(nonatomic) CGFloat sectionHeaderTopPadding;
+@property(nonatomic) UITableViewCellSeparatorStyle separatorStyle;
+@property(nonatomic) UIEdgeInsets separatorInset;
+@property(nonatomic, retain) UIColor *separatorColor;
+@property(nonatomic, retain) UIView *backgroundView;
+@property(nonatomic, retain) UIView *tableHeaderView;
+@property(nonatomic, retain) UIView *tableFooterView;
 
-@property (nonatomic, readonly) NSInteger numberOfSections;
+@property(nonatomic, readonly) NSInteger numberOfSections;
 /// Raises NSRangeException for a section that is not there.
 - (NSInteger)numberOfRowsInSection:(NSInteger)section;
 - (CGRect)rectForSection:(NSInteger)section;
@@ -147,9 +147,9 @@ struct TableViewState;
 - (NSIndexPath *)indexPathForCell:(UITableViewCell *)cell;
 /// nil for a row that does not show.
 - (UITableViewCell *)cellForRowAtIndexPath:(NSIndexPath *)indexPath;
-@property (nonatomic, readonly) NSArray *visibleCells;
+@property(nonatomic, readonly) NSArray *visibleCells;
 /// nil when no row shows.
-@property (nonatomic, readonly) NSArray *indexPathsForVisibleRows;
+@property(nonatomic, readonly) NSArray *indexPathsForVisibleRows;
 /// Raises NSRangeException for a row that is not there. NSNotFound as the row stands for the head of the section.
 - (void)scrollToRowAtIndexPath:(NSIndexPath *)indexPath
               atScrollPosition:(UITableViewScrollPosition)position
@@ -171,8 +171,7 @@ struct TableViewState;
 /// A waiting cell after -prepareForReuse, else one of the registered class, else nil.
 - (UITableViewCell *)dequeueReusableCellWithIdentifier:(NSString *)identifier;
 /// Like above; raises NSInternalInconsistencyException when no class is registered and none waits.
-- (UITableViewCell *)dequeueReusableCellWithIdentifier:(NSString *)identifier
-                                          forIndexPath:(NSIndexPath *)indexPath;
+- (UITableViewCell *)dequeueReusableCellWithIdentifier:(NSString *)identifier forIndexPath:(NSIndexPath *)indexPath;
 - (UITableViewHeaderFooterView *)dequeueReusableHeaderFooterViewWithIdentifier:(NSString *)identifier;
 @end
 
@@ -195,14 +194,14 @@ struct TableViewState;
 
 @interface UITableView (Selection)
 /// YES at first.
-@property (nonatomic) BOOL allowsSelection;
+@property(nonatomic) BOOL allowsSelection;
 /// NO at first.
-@property (nonatomic) BOOL allowsSelectionDuringEditing;
-@property (nonatomic) BOOL allowsMultipleSelection;
-@property (nonatomic) BOOL allowsMultipleSelectionDuringEditing;
-@property (nonatomic, readonly) NSIndexPath *indexPathForSelectedRow;
+@property(nonatomic) BOOL allowsSelectionDuringEditing;
+@property(nonatomic) BOOL allowsMultipleSelection;
+@property(nonatomic) BOOL allowsMultipleSelectionDuringEditing;
+@property(nonatomic, readonly) NSIndexPath *indexPathForSelectedRow;
 /// nil when no row is selected.
-@property (nonatomic, readonly) NSArray *indexPathsForSelectedRows;
+@property(nonatomic, readonly) NSArray *indexPathsForSelectedRows;
 /// Asks and tells the delegate nothing. nil deselects all rows.
 - (void)selectRowAtIndexPath:(NSIndexPath *)indexPath
                     animated:(BOOL)animated
@@ -212,7 +211,7 @@ struct TableViewState;
 
 @interface UITableView (Editing)
 /// YES in the editing mode and while a row stands open after a swipe.
-@property (nonatomic, getter=isEditing) BOOL editing;
+@property(nonatomic, getter=isEditing) BOOL editing;
 /// Closes a row that stands open, whatever `editing` is.
 - (void)setEditing:(BOOL)editing animated:(BOOL)animated;
 @end

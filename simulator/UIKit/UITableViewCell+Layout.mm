@@ -15,16 +15,11 @@ constexpr CGFloat value2NameWidth = 91;
 
 CGFloat widthOfAccessory(UITableViewCellAccessoryType type) {
   switch (type) {
-    case UITableViewCellAccessoryNone:
-      return 0;
-    case UITableViewCellAccessoryDisclosureIndicator:
-      return 11;
-    case UITableViewCellAccessoryDetailDisclosureButton:
-      return 44;
-    case UITableViewCellAccessoryCheckmark:
-      return 18;
-    case UITableViewCellAccessoryDetailButton:
-      return 25;
+    case UITableViewCellAccessoryNone: return 0;
+    case UITableViewCellAccessoryDisclosureIndicator: return 11;
+    case UITableViewCellAccessoryDetailDisclosureButton: return 44;
+    case UITableViewCellAccessoryCheckmark: return 18;
+    case UITableViewCellAccessoryDetailButton: return 25;
   }
   return 0;
 }
@@ -47,8 +42,8 @@ struct RowLayout {
 RowLayout layOut(const sim::TableViewCellState &state, CGSize size) {
   RowLayout layout;
   const CGFloat margin = state.margin;
-  const bool indents = state.editing && state.shouldIndentWhileEditing &&
-                       state.editingStyle != UITableViewCellEditingStyleNone;
+  const bool indents =
+      state.editing && state.shouldIndentWhileEditing && state.editingStyle != UITableViewCellEditingStyleNone;
   const CGFloat left = state.coveredSides.left + (indents ? editControlWidth : 0);
   CGFloat right =
       size.width - state.coveredSides.right - (state.editing && state.showsReorderControl ? reorderControlWidth : 0);
@@ -98,9 +93,7 @@ RowLayout layOut(const sim::TableViewCellState &state, CGSize size) {
   UILabel *text = state.textLabel.get();
   UILabel *detail = state.detailTextLabel.get();
   switch (state.style) {
-    case UITableViewCellStyleDefault:
-      [text setFrame:CGRectMake(start, 0, width, height)];
-      break;
+    case UITableViewCellStyleDefault: [text setFrame:CGRectMake(start, 0, width, height)]; break;
     case UITableViewCellStyleValue1: {
       const CGFloat textWidth = fittingSize(text, width).width;
       const CGFloat rest = textWidth > 0 ? width - textWidth - labelGap : width;
@@ -112,8 +105,8 @@ RowLayout layOut(const sim::TableViewCellState &state, CGSize size) {
     case UITableViewCellStyleValue2: {
       const CGFloat nameWidth = std::min(value2NameWidth, width);
       [text setFrame:CGRectMake(start, 0, nameWidth, height)];
-      [detail setFrame:CGRectMake(start + nameWidth + labelGap, 0,
-                                  std::max<CGFloat>(width - nameWidth - labelGap, 0), height)];
+      [detail setFrame:CGRectMake(start + nameWidth + labelGap, 0, std::max<CGFloat>(width - nameWidth - labelGap, 0),
+                                  height)];
       break;
     }
     case UITableViewCellStyleSubtitle: {

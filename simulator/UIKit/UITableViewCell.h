@@ -46,40 +46,40 @@ struct TableViewCellState;
 /// Designated.
 - (instancetype)initWithStyle:(UITableViewCellStyle)style reuseIdentifier:(NSString *)reuseIdentifier;
 
-@property (nonatomic, readonly) UIView *contentView;
-@property (nonatomic, readonly) UILabel *textLabel;
+@property(nonatomic, readonly) UIView *contentView;
+@property(nonatomic, readonly) UILabel *textLabel;
 /// nil for the style UITableViewCellStyleDefault.
-@property (nonatomic, readonly) UILabel *detailTextLabel;
+@property(nonatomic, readonly) UILabel *detailTextLabel;
 /// nil for the style UITableViewCellStyleValue2.
-@property (nonatomic, readonly) UIImageView *imageView;
-@property (nonatomic, retain) UIView *backgroundView;
-@property (nonatomic, retain) UIView *selectedBackgroundView;
+@property(nonatomic, readonly) UIImageView *imageView;
+@property(nonatomic, retain) UIView *backgroundView;
+@property(nonatomic, retain) UIView *selectedBackgroundView;
 
-@property (nonatomic, readonly, copy) NSString *reuseIdentifier;
+@property(nonatomic, readonly, copy) NSString *reuseIdentifier;
 /// Called before the cell leaves the reuse queue. Sub-classes call super.
 - (void)prepareForReuse;
 
-@property (nonatomic) UITableViewCellSelectionStyle selectionStyle;
-@property (nonatomic, getter=isSelected) BOOL selected;
-@property (nonatomic, getter=isHighlighted) BOOL highlighted;
+@property(nonatomic) UITableViewCellSelectionStyle selectionStyle;
+@property(nonatomic, getter=isSelected) BOOL selected;
+@property(nonatomic, getter=isHighlighted) BOOL highlighted;
 - (void)setSelected:(BOOL)selected animated:(BOOL)animated;
 - (void)setHighlighted:(BOOL)highlighted animated:(BOOL)animated;
 
-@property (nonatomic) UITableViewCellAccessoryType accessoryType;
-@property (nonatomic, retain) UIView *accessoryView;
-@property (nonatomic) UITableViewCellAccessoryType editingAccessoryType;
-@property (nonatomic, retain) UIView *editingAccessoryView;
+@property(nonatomic) UITableViewCellAccessoryType accessoryType;
+@property(nonatomic, retain) UIView *accessoryView;
+@property(nonatomic) UITableViewCellAccessoryType editingAccessoryType;
+@property(nonatomic, retain) UIView *editingAccessoryView;
 
 /// In levels of `indentationWidth`.
-@property (nonatomic) NSInteger indentationLevel;
+@property(nonatomic) NSInteger indentationLevel;
 /// In points; 10 at first.
-@property (nonatomic) CGFloat indentationWidth;
-@property (nonatomic) UIEdgeInsets separatorInset;
+@property(nonatomic) CGFloat indentationWidth;
+@property(nonatomic) UIEdgeInsets separatorInset;
 
-@property (nonatomic, getter=isEditing) BOOL editing;
+@property(nonatomic, getter=isEditing) BOOL editing;
 - (void)setEditing:(BOOL)editing animated:(BOOL)animated;
 /// What the table view said of this row when it came on screen or changed its mode.
-@property (nonatomic, readonly) UITableViewCellEditingStyle editingStyle;
-@property (nonatomic) BOOL showsReorderControl;
-@property (nonatomic) BOOL shouldIndentWhileEditing;
+@property(nonatomic, readonly) UITableViewCellEditingStyle editingStyle;
+@property(nonatomic) BOOL showsReorderControl;
+@property(nonatomic) BOOL shouldIndentWhileEditing;
 @end

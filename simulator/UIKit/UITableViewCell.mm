@@ -58,9 +58,11 @@
   if (!_cellState->detailTextLabel) {
     const BOOL below = _cellState->style == UITableViewCellStyleSubtitle;
     const BOOL beside = _cellState->style == UITableViewCellStyleValue1;
-    _cellState->detailTextLabel = objcxx::share([self
-        sim_makeLabelWithFontSize:below ? 12 : beside ? 17 : 15
-                            color:beside ? [UIColor secondaryLabelColor] : [UIColor labelColor]]);
+    _cellState->detailTextLabel =
+        objcxx::share([self sim_makeLabelWithFontSize:below    ? 12
+                                                      : beside ? 17
+                                                               : 15
+                                                color:beside ? [UIColor secondaryLabelColor] : [UIColor labelColor]]);
   }
   return _cellState->detailTextLabel.get();
 }

@@ -16,7 +16,7 @@ struct TableViewControllerState;
 /// Designated. -init gives the plain style.
 - (instancetype)initWithStyle:(UITableViewStyle)style;
 /// The view. Setting it sets the view.
-@property (nonatomic, retain) UITableView *tableView;
+@property(nonatomic, retain) UITableView *tableView;
 /// YES at first: rows are deselected when the page appears.
-@property (nonatomic) BOOL clearsSelectionOnViewWillAppear;
+@property(nonatomic) BOOL clearsSelectionOnViewWillAppear;
 @end

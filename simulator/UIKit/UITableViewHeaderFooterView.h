@@ -16,11 +16,11 @@ struct HeaderFooterViewState;
 }
 /// Designated.
 - (instancetype)initWithReuseIdentifier:(NSString *)reuseIdentifier;
-@property (nonatomic, readonly) UIView *contentView;
-@property (nonatomic, readonly) UILabel *textLabel;
-@property (nonatomic, readonly) UILabel *detailTextLabel;
-@property (nonatomic, retain) UIView *backgroundView;
-@property (nonatomic, readonly, copy) NSString *reuseIdentifier;
+@property(nonatomic, readonly) UIView *contentView;
+@property(nonatomic, readonly) UILabel *textLabel;
+@property(nonatomic, readonly) UILabel *detailTextLabel;
+@property(nonatomic, retain) UIView *backgroundView;
+@property(nonatomic, readonly, copy) NSString *reuseIdentifier;
 /// Called before the view leaves the reuse queue. Sub-classes call super.
 - (void)prepareForReuse;
 @end

@@ -27,8 +27,8 @@ struct RowActionState;
 + (instancetype)rowActionWithStyle:(UITableViewRowActionStyle)style
                              title:(NSString *)title
                            handler:(void (^)(UITableViewRowAction *action, NSIndexPath *indexPath))handler;
-@property (nonatomic, readonly) UITableViewRowActionStyle style;
-@property (nonatomic, copy) NSString *title;
+@property(nonatomic, readonly) UITableViewRowActionStyle style;
+@property(nonatomic, copy) NSString *title;
 /// At first red for the destructive style and grey for the normal one.
-@property (nonatomic, copy) UIColor *backgroundColor;
+@property(nonatomic, copy) UIColor *backgroundColor;
 @end

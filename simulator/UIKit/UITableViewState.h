@@ -72,14 +72,14 @@ struct TableViewState {
   objcxx::Retained<UIView> tableHeaderView;
   objcxx::Retained<UIView> tableFooterView;
 
-  bool loaded = false;    // Whether `geometry` holds the counts of the data source.
+  bool loaded = false;       // Whether `geometry` holds the counts of the data source.
   CGFloat laidOutWidth = 0;  // What the heights were measured for; so is the next one.
   UIEdgeInsets laidOutSafeArea = UIEdgeInsetsZero;
   bool layingOut = false;
   TableGeometry geometry;
   std::vector<SectionParts> parts;
   std::map<RowIndex, objcxx::Retained<UITableViewCell>> live;
-  RowIndex guestIndex;  // The row of `guest`.
+  RowIndex guestIndex;                      // The row of `guest`.
   objcxx::Retained<UITableViewCell> guest;  // Outside the bounds, on show for a description.
   ReuseQueue<UITableViewCell> cells;
   ReuseQueue<UITableViewHeaderFooterView> headersAndFooters;

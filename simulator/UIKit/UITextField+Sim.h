@@ -11,8 +11,8 @@
 - (BOOL)sim_enterText:(NSString *)text;
 /// The same, ending with the return key: should-return and did-end-on-exit come before the end of editing.
 - (BOOL)sim_enterTextAndReturn:(NSString *)text;
-/// Taps the field, chooses "Paste" and leaves the field: the pasteboard's string is added at the end of the text. NO for
-/// an empty pasteboard, and as above.
+/// Taps the field, chooses "Paste" and leaves the field: the pasteboard's string is added at the end of the text. NO
+/// for an empty pasteboard, and as above.
 - (BOOL)sim_pasteByUser;
 /// Taps the clear button. NO when it is not shown or the delegate refuses.
 - (BOOL)sim_clearByUser;

@@ -49,23 +49,23 @@ UIKIT_EXTERN NSString *const UITextFieldTextDidChangeNotification;
   std::unique_ptr<sim::UITextFieldState> _fieldState;
 }
 /// Never nil; setting nil empties it. Setting it sends no action and asks no delegate.
-@property (nonatomic, copy) NSString *text;
-@property (nonatomic, copy) NSAttributedString *attributedText;
-@property (nonatomic, retain) UIColor *textColor;
-@property (nonatomic, retain) UIFont *font;
-@property (nonatomic) NSTextAlignment textAlignment;
-@property (nonatomic) UITextBorderStyle borderStyle;
-@property (nonatomic, copy) NSString *placeholder;
-@property (nonatomic, copy) NSAttributedString *attributedPlaceholder;
-@property (nonatomic) BOOL clearsOnBeginEditing;
-@property (nonatomic) BOOL adjustsFontSizeToFitWidth;
-@property (nonatomic) CGFloat minimumFontSize;
+@property(nonatomic, copy) NSString *text;
+@property(nonatomic, copy) NSAttributedString *attributedText;
+@property(nonatomic, retain) UIColor *textColor;
+@property(nonatomic, retain) UIFont *font;
+@property(nonatomic) NSTextAlignment textAlignment;
+@property(nonatomic) UITextBorderStyle borderStyle;
+@property(nonatomic, copy) NSString *placeholder;
+@property(nonatomic, copy) NSAttributedString *attributedPlaceholder;
+@property(nonatomic) BOOL clearsOnBeginEditing;
+@property(nonatomic) BOOL adjustsFontSizeToFitWidth;
+@property(nonatomic) CGFloat minimumFontSize;
 /// Not owned.
-@property (nonatomic, assign) id<UITextFieldDelegate> delegate;
-@property (nonatomic, readonly, getter=isEditing) BOOL editing;
-@property (nonatomic) UITextFieldViewMode clearButtonMode;
-@property (nonatomic, retain) UIView *leftView;
-@property (nonatomic) UITextFieldViewMode leftViewMode;
-@property (nonatomic, retain) UIView *rightView;
-@property (nonatomic) UITextFieldViewMode rightViewMode;
+@property(nonatomic, assign) id<UITextFieldDelegate> delegate;
+@property(nonatomic, readonly, getter=isEditing) BOOL editing;
+@property(nonatomic) UITextFieldViewMode clearButtonMode;
+@property(nonatomic, retain) UIView *leftView;
+@property(nonatomic) UITextFieldViewMode leftViewMode;
+@property(nonatomic, retain) UIView *rightView;
+@property(nonatomic) UITextFieldViewMode rightViewMode;
 @end

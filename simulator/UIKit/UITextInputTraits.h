@@ -60,12 +60,12 @@ typedef NS_ENUM(NSInteger, UIReturnKeyType) {
 
 @protocol UITextInputTraits <NSObject>
 @optional
-@property (nonatomic) UITextAutocapitalizationType autocapitalizationType;
-@property (nonatomic) UITextAutocorrectionType autocorrectionType;
-@property (nonatomic) UITextSpellCheckingType spellCheckingType;
-@property (nonatomic) UIKeyboardType keyboardType;
-@property (nonatomic) UIKeyboardAppearance keyboardAppearance;
-@property (nonatomic) UIReturnKeyType returnKeyType;
-@property (nonatomic) BOOL enablesReturnKeyAutomatically;
-@property (nonatomic, getter=isSecureTextEntry) BOOL secureTextEntry;
+@property(nonatomic) UITextAutocapitalizationType autocapitalizationType;
+@property(nonatomic) UITextAutocorrectionType autocorrectionType;
+@property(nonatomic) UITextSpellCheckingType spellCheckingType;
+@property(nonatomic) UIKeyboardType keyboardType;
+@property(nonatomic) UIKeyboardAppearance keyboardAppearance;
+@property(nonatomic) UIReturnKeyType returnKeyType;
+@property(nonatomic) BOOL enablesReturnKeyAutomatically;
+@property(nonatomic, getter=isSecureTextEntry) BOOL secureTextEntry;
 @end

@@ -32,17 +32,17 @@ UIKIT_EXTERN NSString *const UITextViewTextDidEndEditingNotification;
   std::unique_ptr<sim::UITextViewState> _textState;
 }
 /// Never nil; setting nil empties it. Setting it asks no delegate.
-@property (nonatomic, copy) NSString *text;
-@property (copy) NSAttributedString *attributedText;
-@property (nonatomic, retain) UIFont *font;
-@property (nonatomic, retain) UIColor *textColor;
-@property (nonatomic) NSTextAlignment textAlignment;
+@property(nonatomic, copy) NSString *text;
+@property(copy) NSAttributedString *attributedText;
+@property(nonatomic, retain) UIFont *font;
+@property(nonatomic, retain) UIColor *textColor;
+@property(nonatomic) NSTextAlignment textAlignment;
 /// The selected characters, kept within the text.
-@property (nonatomic) NSRange selectedRange;
-@property (nonatomic, getter=isEditable) BOOL editable;
-@property (nonatomic, getter=isSelectable) BOOL selectable;
+@property(nonatomic) NSRange selectedRange;
+@property(nonatomic, getter=isEditable) BOOL editable;
+@property(nonatomic, getter=isSelectable) BOOL selectable;
 /// (8, 0, 8, 0).
-@property (nonatomic) UIEdgeInsets textContainerInset;
+@property(nonatomic) UIEdgeInsets textContainerInset;
 /// Not owned.
-@property (nonatomic, assign) id<UITextViewDelegate> delegate;
+@property(nonatomic, assign) id<UITextViewDelegate> delegate;
 @end

@@ -30,11 +30,11 @@ typedef NS_ENUM(NSInteger, UIUserInterfaceSizeClass) {
 /// The traits of the main screen. While a dynamic colour is being resolved: those that it is resolved for.
 + (UITraitCollection *)currentTraitCollection;
 + (UITraitCollection *)traitCollectionWithUserInterfaceStyle:(UIUserInterfaceStyle)style;
-@property (nonatomic, readonly) UIUserInterfaceStyle userInterfaceStyle;
-@property (nonatomic, readonly) UIUserInterfaceIdiom userInterfaceIdiom;
-@property (nonatomic, readonly) UIUserInterfaceSizeClass horizontalSizeClass;
-@property (nonatomic, readonly) UIUserInterfaceSizeClass verticalSizeClass;
-@property (nonatomic, readonly) CGFloat displayScale;
+@property(nonatomic, readonly) UIUserInterfaceStyle userInterfaceStyle;
+@property(nonatomic, readonly) UIUserInterfaceIdiom userInterfaceIdiom;
+@property(nonatomic, readonly) UIUserInterfaceSizeClass horizontalSizeClass;
+@property(nonatomic, readonly) UIUserInterfaceSizeClass verticalSizeClass;
+@property(nonatomic, readonly) CGFloat displayScale;
 /// Whether a dynamic colour may look different under the two.
 - (BOOL)hasDifferentColorAppearanceComparedToTraitCollection:(UITraitCollection *)other;
 @end

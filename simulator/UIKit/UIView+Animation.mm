@@ -1,7 +1,6 @@
 // Animations, which run at once.
 #import <UIKit/UIView.h>
 
-
 namespace {
 
 void run(void (^animations)(void), void (^completion)(BOOL)) {

@@ -27,7 +27,8 @@ UIEdgeInsets partWithin(CGRect rect, UIEdgeInsets insets, CGRect bounds) {
 - (UIEdgeInsets)safeAreaInsets {
   UIEdgeInsets insets = UIEdgeInsetsZero;
   if (UIView *superview = _state->superview) {
-    insets = partWithin({_state->origin, _state->bounds.size}, [superview safeAreaInsets], superview->_state->bounds);
+    insets =
+        partWithin({_state->origin, _state->bounds.size}, [superview safeAreaInsets], superview -> _state -> bounds);
     if ([superview isKindOfClass:[UIScrollView class]]) insets.top = insets.bottom = 0;
   } else if ([self isKindOfClass:[UIWindow class]]) {
     insets = [[UIScreen mainScreen] sim_safeArea];

@@ -63,24 +63,24 @@ UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 /// Designated.
 - (instancetype)initWithFrame:(CGRect)frame;
 
-@property (nonatomic, readonly) CALayer *layer;
-@property (nonatomic) NSInteger tag;
-@property (nonatomic, getter=isUserInteractionEnabled) BOOL userInteractionEnabled;
-@property (nonatomic, copy) NSString *accessibilityLabel;
-@property (nonatomic, copy) NSString *accessibilityHint;
-@property (nonatomic, copy) NSString *accessibilityValue;
-@property (nonatomic, copy) NSString *accessibilityIdentifier;
-@property (nonatomic) BOOL isAccessibilityElement;
+@property(nonatomic, readonly) CALayer *layer;
+@property(nonatomic) NSInteger tag;
+@property(nonatomic, getter=isUserInteractionEnabled) BOOL userInteractionEnabled;
+@property(nonatomic, copy) NSString *accessibilityLabel;
+@property(nonatomic, copy) NSString *accessibilityHint;
+@property(nonatomic, copy) NSString *accessibilityValue;
+@property(nonatomic, copy) NSString *accessibilityIdentifier;
+@property(nonatomic) BOOL isAccessibilityElement;
 @end
 
 /// Geometry. A view has no transform: `frame` and `bounds` always have the same size.
 @interface UIView (UIViewGeometry)
 /// In the superview's coordinates. Values that are not finite raise CALayerInvalidGeometry.
-@property (nonatomic) CGRect frame;
-@property (nonatomic) CGRect bounds;
-@property (nonatomic) CGPoint center;
-@property (nonatomic) BOOL autoresizesSubviews;
-@property (nonatomic) UIViewAutoresizing autoresizingMask;
+@property(nonatomic) CGRect frame;
+@property(nonatomic) CGRect bounds;
+@property(nonatomic) CGPoint center;
+@property(nonatomic) BOOL autoresizesSubviews;
+@property(nonatomic) UIViewAutoresizing autoresizingMask;
 /// The bounds' own size here; subclasses answer what fits them.
 - (CGSize)sizeThatFits:(CGSize)size;
 /// Takes the size of `sizeThatFits:`; the origin stays.
@@ -98,15 +98,15 @@ UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 /// How far the screen's corners and sensors, the status bar and a navigation bar reach into the view from each edge.
 /// Nothing outside of a window. A scroll view keeps its content clear of what covers its top and bottom, so that
 /// nothing does so for the views in it.
-@property (nonatomic, readonly) UIEdgeInsets safeAreaInsets;
+@property(nonatomic, readonly) UIEdgeInsets safeAreaInsets;
 @end
 
 /// The tree. A superview owns its subviews; `superview` is not owned.
 @interface UIView (UIViewHierarchy)
-@property (nonatomic, readonly) UIView *superview;
+@property(nonatomic, readonly) UIView *superview;
 /// Back to front.
-@property (nonatomic, readonly, copy) NSArray<UIView *> *subviews;
-@property (nonatomic, readonly) UIWindow *window;
+@property(nonatomic, readonly, copy) NSArray<UIView *> *subviews;
+@property(nonatomic, readonly) UIWindow *window;
 - (void)removeFromSuperview;
 /// Adding a view to itself or below itself raises NSInvalidArgumentException.
 - (void)addSubview:(UIView *)view;
@@ -138,15 +138,15 @@ UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 @end
 
 @interface UIView (UIViewRendering)
-@property (nonatomic) BOOL clipsToBounds;
-@property (nonatomic, copy) UIColor *backgroundColor;
+@property(nonatomic) BOOL clipsToBounds;
+@property(nonatomic, copy) UIColor *backgroundColor;
 /// 0 to 1.
-@property (nonatomic) CGFloat alpha;
-@property (nonatomic, getter=isOpaque) BOOL opaque;
-@property (nonatomic, getter=isHidden) BOOL hidden;
-@property (nonatomic) UIViewContentMode contentMode;
+@property(nonatomic) CGFloat alpha;
+@property(nonatomic, getter=isOpaque) BOOL opaque;
+@property(nonatomic, getter=isHidden) BOOL hidden;
+@property(nonatomic) UIViewContentMode contentMode;
 /// The superview's when not set, the system's blue at the top. nil unsets.
-@property (nonatomic, retain) UIColor *tintColor;
+@property(nonatomic, retain) UIColor *tintColor;
 /// The receiver's effective tint colour has changed.
 - (void)tintColorDidChange;
 @end

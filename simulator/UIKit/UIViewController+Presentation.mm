@@ -145,8 +145,7 @@ bool coversPresenter(UIModalPresentationStyle style) {
 
 /// A popover without a place is refused where UIKit would show one.
 - (void)sim_requirePopoverAnchor {
-  const BOOL popover =
-      [self sim_needsPopover] || _viewControllerState->presentationStyle == UIModalPresentationPopover;
+  const BOOL popover = [self sim_needsPopover] || _viewControllerState->presentationStyle == UIModalPresentationPopover;
   if (!popover || [[UIDevice currentDevice] userInterfaceIdiom] != UIUserInterfaceIdiomPad) return;
 
   UIPopoverPresentationController *place = [self popoverPresentationController];
@@ -249,7 +248,6 @@ bool coversPresenter(UIModalPresentationStyle style) {
   const auto transition = std::exchange(_viewControllerState->transition, {});
   [transition.get() run];
 }
-
 
 #pragma mark - Sim
 

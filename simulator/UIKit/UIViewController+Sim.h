@@ -12,16 +12,16 @@ typedef NS_ENUM(NSInteger, SIMAppearance) {
 
 @interface UIViewController (Sim)
 /// What this very controller presents, whatever its parents present. Owned by this controller.
-@property (nonatomic, readonly) UIViewController *sim_ownPresentedViewController;
+@property(nonatomic, readonly) UIViewController *sim_ownPresentedViewController;
 /// The last controller in the chain of presentations that starts here; this controller when it presents nothing.
-@property (nonatomic, readonly) UIViewController *sim_frontmostViewController;
-@property (nonatomic, readonly) SIMAppearance sim_appearance;
+@property(nonatomic, readonly) UIViewController *sim_frontmostViewController;
+@property(nonatomic, readonly) SIMAppearance sim_appearance;
 /// The children that take part when this controller appears and disappears.
-@property (nonatomic, readonly) NSArray *sim_appearingChildViewControllers;
+@property(nonatomic, readonly) NSArray *sim_appearingChildViewControllers;
 /// YES when this controller shows as a popover on a large screen and therefore needs a place to show it from.
-@property (nonatomic, readonly) BOOL sim_needsPopover;
+@property(nonatomic, readonly) BOOL sim_needsPopover;
 /// Of the navigation bar over this controller's view, in points; 0 when there is none.
-@property (nonatomic, readonly) CGFloat sim_heightOfBarAbove;
+@property(nonatomic, readonly) CGFloat sim_heightOfBarAbove;
 /// Tells the children whose views are loaded but not in this controller's view, as those of pages that lie below
 /// another one, that the traits have changed.
 - (void)sim_tellCoveredChildrenOfTraits:(UITraitCollection *)previous;

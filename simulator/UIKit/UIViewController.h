@@ -43,8 +43,8 @@ struct ViewControllerState;
 ///
 /// Transitions take no time: the appearance calls of both pages are made before the method that starts the transition
 /// returns. An animated dismissal alone ends from the main queue, so that what is dismissed is still presented when the
-/// method returns, as on a device. A completion block is called at once when the transition is not animated, and from the
-/// main queue when it is.
+/// method returns, as on a device. A completion block is called at once when the transition is not animated, and from
+/// the main queue when it is.
 @interface UIViewController : UIResponder <UITraitEnvironment> {
  @private
   std::unique_ptr<sim::ViewControllerState> _viewControllerState;
@@ -53,9 +53,9 @@ struct ViewControllerState;
 - (instancetype)initWithNibName:(NSString *)nibName bundle:(NSBundle *)bundle;
 
 /// Made by -loadView and announced by -viewDidLoad at the first call.
-@property (nonatomic, retain) UIView *view;
-@property (nonatomic, readonly) UIView *viewIfLoaded;
-@property (nonatomic, readonly, getter=isViewLoaded) BOOL viewLoaded;
+@property(nonatomic, retain) UIView *view;
+@property(nonatomic, readonly) UIView *viewIfLoaded;
+@property(nonatomic, readonly, getter=isViewLoaded) BOOL viewLoaded;
 - (void)loadView;
 - (void)loadViewIfNeeded;
 - (void)viewDidLoad;
@@ -65,13 +65,13 @@ struct ViewControllerState;
 - (void)didReceiveMemoryWarning;
 
 /// Setting it sets the title of the navigation item too.
-@property (nonatomic, copy) NSString *title;
-@property (nonatomic) CGSize preferredContentSize;
-@property (nonatomic, getter=isEditing) BOOL editing;
+@property(nonatomic, copy) NSString *title;
+@property(nonatomic) CGSize preferredContentSize;
+@property(nonatomic, getter=isEditing) BOOL editing;
 - (void)setEditing:(BOOL)editing animated:(BOOL)animated;
 /// Toggles -setEditing:animated:; the same item at each call.
-@property (nonatomic, readonly) UIBarButtonItem *editButtonItem;
-@property (nonatomic, readonly) UITraitCollection *traitCollection;
+@property(nonatomic, readonly) UIBarButtonItem *editButtonItem;
+@property(nonatomic, readonly) UITraitCollection *traitCollection;
 @end
 
 @interface UIViewController (UIContentContainer)
@@ -86,59 +86,59 @@ struct ViewControllerState;
 - (void)viewDidAppear:(BOOL)animated;
 - (void)viewWillDisappear:(BOOL)animated;
 - (void)viewDidDisappear:(BOOL)animated;
-@property (nonatomic, readonly, getter=isBeingPresented) BOOL beingPresented;
-@property (nonatomic, readonly, getter=isBeingDismissed) BOOL beingDismissed;
-@property (nonatomic, readonly, getter=isMovingToParentViewController) BOOL movingToParentViewController;
-@property (nonatomic, readonly, getter=isMovingFromParentViewController) BOOL movingFromParentViewController;
+@property(nonatomic, readonly, getter=isBeingPresented) BOOL beingPresented;
+@property(nonatomic, readonly, getter=isBeingDismissed) BOOL beingDismissed;
+@property(nonatomic, readonly, getter=isMovingToParentViewController) BOOL movingToParentViewController;
+@property(nonatomic, readonly, getter=isMovingFromParentViewController) BOOL movingFromParentViewController;
 @end
 
 @interface UIViewController (UIContainerViewControllerProtectedMethods)
-@property (nonatomic, readonly) UIViewController *parentViewController;
-@property (nonatomic, readonly) NSArray *childViewControllers;
+@property(nonatomic, readonly) UIViewController *parentViewController;
+@property(nonatomic, readonly) NSArray *childViewControllers;
 /// Takes the child from its former parent first. Raises NSInvalidArgumentException for nil and for itself.
 - (void)addChildViewController:(UIViewController *)child;
 - (void)removeFromParentViewController;
 - (void)willMoveToParentViewController:(UIViewController *)parent;
 - (void)didMoveToParentViewController:(UIViewController *)parent;
 /// YES at first: begin and end of an appearance are passed on to the children whose views are in the hierarchy.
-@property (nonatomic, readonly) BOOL shouldAutomaticallyForwardAppearanceMethods;
+@property(nonatomic, readonly) BOOL shouldAutomaticallyForwardAppearanceMethods;
 - (void)beginAppearanceTransition:(BOOL)isAppearing animated:(BOOL)animated;
 - (void)endAppearanceTransition;
 @end
 
 @interface UIViewController (UIModalPresentation)
 /// What this controller or the nearest of its parents presents; nil when nothing.
-@property (nonatomic, readonly) UIViewController *presentedViewController;
+@property(nonatomic, readonly) UIViewController *presentedViewController;
 /// Who presents this controller or the nearest of its parents; nil when nobody.
-@property (nonatomic, readonly) UIViewController *presentingViewController;
+@property(nonatomic, readonly) UIViewController *presentingViewController;
 /// UIModalPresentationAutomatic at first, which shows as a page sheet.
-@property (nonatomic) UIModalPresentationStyle modalPresentationStyle;
-@property (nonatomic) UIModalTransitionStyle modalTransitionStyle;
-@property (nonatomic, getter=isModalInPresentation) BOOL modalInPresentation;
+@property(nonatomic) UIModalPresentationStyle modalPresentationStyle;
+@property(nonatomic) UIModalTransitionStyle modalTransitionStyle;
+@property(nonatomic, getter=isModalInPresentation) BOOL modalInPresentation;
 /// The popover that shows this controller on a large screen. Made at the first call for a controller whose style is
 /// UIModalPresentationPopover, for an activity sheet and for an action sheet; nil for any other.
-@property (nonatomic, readonly) UIPopoverPresentationController *popoverPresentationController;
+@property(nonatomic, readonly) UIPopoverPresentationController *popoverPresentationController;
 
 /// Presents over the outermost parent of this controller.
 ///
-/// Logs a line and does nothing when that parent presents something already, also while that is being dismissed, when it is
-/// not in a window, and while it is being presented or dismissed itself. Raises
-/// NSInvalidArgumentException when `controller` is nil or itself, or is already presented; NSGenericException when a
-/// sheet that needs a popover has no place to show it from on a large screen.
+/// Logs a line and does nothing when that parent presents something already, also while that is being dismissed, when
+/// it is not in a window, and while it is being presented or dismissed itself. Raises NSInvalidArgumentException when
+/// `controller` is nil or itself, or is already presented; NSGenericException when a sheet that needs a popover has no
+/// place to show it from on a large screen.
 - (void)presentViewController:(UIViewController *)controller
                      animated:(BOOL)animated
                    completion:(void (^)(void))completion;
 /// Dismisses what this controller presents, with all that stands above it; when it presents nothing, its presenter
 /// dismisses it. Does nothing when neither is so; the completion block is then called all the same.
 - (void)dismissViewControllerAnimated:(BOOL)animated completion:(void (^)(void))completion;
-/// Of the animated dismissal that this controller, or the nearest of its parents, goes or presents in; nil while there is
-/// none. Its completion blocks are called when what is dismissed has gone.
-@property (nonatomic, readonly) id<UIViewControllerTransitionCoordinator> transitionCoordinator;
+/// Of the animated dismissal that this controller, or the nearest of its parents, goes or presents in; nil while there
+/// is none. Its completion blocks are called when what is dismissed has gone.
+@property(nonatomic, readonly) id<UIViewControllerTransitionCoordinator> transitionCoordinator;
 @end
 
 @interface UIViewController (UINavigationControllerItem)
 /// Made at the first call with the controller's title.
-@property (nonatomic, readonly) UINavigationItem *navigationItem;
+@property(nonatomic, readonly) UINavigationItem *navigationItem;
 /// The nearest navigation controller that holds this one.
-@property (nonatomic, readonly) UINavigationController *navigationController;
+@property(nonatomic, readonly) UINavigationController *navigationController;
 @end

@@ -19,7 +19,7 @@ struct ViewControllerState {
   objcxx::Retained<NSMutableArray> children = objcxx::adopt([[NSMutableArray alloc] init]);
   UIViewController *parent = nil;  // not owned
   objcxx::Retained<UIViewController> presented;
-  UIViewController *presenting = nil;  // not owned
+  UIViewController *presenting = nil;                     // not owned
   objcxx::Retained<SIMTransitionCoordinator> transition;  // Of the dismissal that is under way.
   objcxx::Retained<UIPopoverPresentationController> popover;
   UIModalPresentationStyle presentationStyle = UIModalPresentationAutomatic;

@@ -17,8 +17,8 @@
 @end
 
 @protocol UIViewControllerTransitionCoordinator <UIViewControllerTransitionCoordinatorContext>
-/// Has `animation` run when views have their new size or have gone, and `completion` from the main queue afterwards. Either may be
-/// nil. NO, with nothing run, when the transition is over.
+/// Has `animation` run when views have their new size or have gone, and `completion` from the main queue afterwards.
+/// Either may be nil. NO, with nothing run, when the transition is over.
 - (BOOL)animateAlongsideTransition:(void (^)(id<UIViewControllerTransitionCoordinatorContext> context))animation
                         completion:(void (^)(id<UIViewControllerTransitionCoordinatorContext> context))completion;
 @end

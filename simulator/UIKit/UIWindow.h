@@ -22,10 +22,10 @@ struct WindowState;
   std::unique_ptr<sim::WindowState> _windowState;
 }
 /// Owned. Exchanging it while the window shows makes the pages disappear and appear.
-@property (nonatomic, retain) UIViewController *rootViewController;
-@property (nonatomic) UIWindowLevel windowLevel;
-@property (nonatomic, readonly) UIScreen *screen;
-@property (nonatomic, readonly, getter=isKeyWindow) BOOL keyWindow;
+@property(nonatomic, retain) UIViewController *rootViewController;
+@property(nonatomic) UIWindowLevel windowLevel;
+@property(nonatomic, readonly) UIScreen *screen;
+@property(nonatomic, readonly, getter=isKeyWindow) BOOL keyWindow;
 - (void)makeKeyWindow;
 - (void)makeKeyAndVisible;
 @end

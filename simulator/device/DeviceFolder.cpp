@@ -13,11 +13,8 @@ namespace {
 constexpr std::string_view kOwnFolder = ".simulator";
 
 constexpr std::array<std::string_view, 5> kStandardFolders{
-    "Applications",
-    "var/jb/Library/PreferenceBundles",
-    "var/jb/Library/PreferenceLoader/Preferences",
-    "var/mobile/Documents",
-    "var/mobile/Media/DCIM/100APPLE",
+    "Applications",         "var/jb/Library/PreferenceBundles", "var/jb/Library/PreferenceLoader/Preferences",
+    "var/mobile/Documents", "var/mobile/Media/DCIM/100APPLE",
 };
 
 void makeFolder(const std::filesystem::path& folder) {
@@ -67,7 +64,8 @@ void DeviceFolder::install(const std::filesystem::path& tree, const std::vector<
       std::filesystem::recursive_directory_iterator item(tree, error);
       for (; !error && item != std::filesystem::recursive_directory_iterator(); item.increment(error))
         if (item->is_regular_file(error)) installer.install(shippedFrom(tree, item->path()));
-      if (error) throw Failure("Cannot read what is to be installed from " + tree.string() + ": " + error.message() + ".");
+      if (error)
+        throw Failure("Cannot read what is to be installed from " + tree.string() + ": " + error.message() + ".");
     }
     for (const ShippedFile& sample : samples) installer.install(sample);
   } catch (const Failure&) {

@@ -11,8 +11,8 @@
 
 namespace sim {
 
-/// An open device folder: made when it was missing, locked against other simulators, with the pipe that killall reaches.
-/// What belongs to the simulator itself lies in its hidden folder ".simulator".
+/// An open device folder: made when it was missing, locked against other simulators, with the pipe that killall
+/// reaches. What belongs to the simulator itself lies in its hidden folder ".simulator".
 class DeviceFolder final {
  public:
   /// Opens the folder and makes the device's standard folders in it. Throws Failure with a sentence for the user when

@@ -8,12 +8,12 @@
 
 namespace sim {
 
-/// Holds the lock file of a device folder, and removes it when it goes. The system gives the lock back by itself when the
-/// process dies.
+/// Holds the lock file of a device folder, and removes it when it goes. The system gives the lock back by itself when
+/// the process dies.
 class FolderLock final {
  public:
-  /// Takes the lock. Throws Failure, naming the process and the address that hold it, when another simulator has it, and
-  /// when the file cannot be made.
+  /// Takes the lock. Throws Failure, naming the process and the address that hold it, when another simulator has it,
+  /// and when the file cannot be made.
   explicit FolderLock(std::filesystem::path file);
   ~FolderLock();
   FolderLock(FolderLock&& other) noexcept = default;

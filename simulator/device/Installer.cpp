@@ -84,8 +84,7 @@ void Installer::removeObsolete() {
 void Installer::save() {
   if (!isChanged_) return;
   nlohmann::json manifest = nlohmann::json::object();
-  for (const auto& [path, entry] : entries_)
-    manifest[path] = {{"edition", entry.edition}, {"digest", entry.digest}};
+  for (const auto& [path, entry] : entries_) manifest[path] = {{"edition", entry.edition}, {"digest", entry.digest}};
   writeFileAtomically(manifest_, manifest.dump(1, ' ', false, nlohmann::json::error_handler_t::replace) + "\n");
   isChanged_ = false;
 }

@@ -13,14 +13,14 @@ namespace sim {
 
 /// A file that a build brings along.
 struct ShippedFile {
-  std::string path;                      // Relative to the device folder.
-  std::string edition;                   // Differs whenever the content may differ from that of another build.
+  std::string path;     // Relative to the device folder.
+  std::string edition;  // Differs whenever the content may differ from that of another build.
   mode_t mode = 0644;
   std::function<std::string()> content;  // Called only when it is needed. May throw Failure.
 };
 
-/// Knows from a manifest what earlier runs installed. A file that is still as it was installed is brought up to date; one
-/// that was changed or deleted since, or that was there before, is left as it is.
+/// Knows from a manifest what earlier runs installed. A file that is still as it was installed is brought up to date;
+/// one that was changed or deleted since, or that was there before, is left as it is.
 class Installer final {
  public:
   /// Reads the manifest. One that is missing or damaged counts as empty.

@@ -49,8 +49,7 @@ class BinaryGuard {
     const auto count = number(trailer + 8, 8);
     const auto top = number(trailer + 16, 8);
     const auto table = number(trailer + 24, 8);
-    if (!count || !top || !table || offsetSize_ == 0 || referenceSize_ == 0 || *count > file_.size() ||
-        *top >= *count)
+    if (!count || !top || !table || offsetSize_ == 0 || referenceSize_ == 0 || *count > file_.size() || *top >= *count)
       return false;
     table_ = *table;
     costs_.resize(*count);

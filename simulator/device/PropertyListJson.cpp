@@ -18,9 +18,9 @@
 namespace sim {
 namespace {
 
-constexpr std::size_t kLongestData = 1'024;      // Bytes shown; so are the next.
+constexpr std::size_t kLongestData = 1'024;  // Bytes shown; so are the next.
 constexpr std::size_t kLongestString = 4'096;
-constexpr std::size_t kMostItems = 1'000;        // Of one collection.
+constexpr std::size_t kMostItems = 1'000;  // Of one collection.
 constexpr std::size_t kMostItemsInAll = 20'000;
 constexpr std::int64_t kSecondsTo2001 = 978'307'200;  // From the beginning of 1970.
 
@@ -41,8 +41,7 @@ std::string base64(std::string_view bytes) {
     std::uint32_t group = 0;
     for (std::size_t j = 0; j < 3; ++j)
       group = group << 8 | (i + j < bytes.size() ? static_cast<unsigned char>(bytes[i + j]) : 0);
-    for (std::size_t j = 0; j < 4; ++j)
-      text += i + j <= bytes.size() ? kDigits[group >> (18 - 6 * j) & 63] : '=';
+    for (std::size_t j = 0; j < 4; ++j) text += i + j <= bytes.size() ? kDigits[group >> (18 - 6 * j) & 63] : '=';
   }
   return text;
 }
@@ -190,10 +189,8 @@ std::optional<nlohmann::json> propertyListJson(std::string_view bytes) {
   plist_t raw = nullptr;
   const auto size = static_cast<std::uint32_t>(bytes.size());
   // The library's own choice of the format knows more formats in newer versions, which the guard does not.
-  if (plist_is_binary(bytes.data(), size))
-    plist_from_bin(bytes.data(), size, &raw);
-  else
-    plist_from_xml(bytes.data(), size, &raw);
+  if (plist_is_binary(bytes.data(), size)) plist_from_bin(bytes.data(), size, &raw);
+  else plist_from_xml(bytes.data(), size, &raw);
   const Plist document(raw);
   if (!document) return std::nullopt;
   return Converter().convert(document.get());

@@ -7,7 +7,8 @@
 
 namespace sim {
 
-/// The sample apps and photos, and a package tool that asks that of this computer. Nothing is drawn before it is asked for. Their edition is this program's build.
+/// The sample apps and photos, and a package tool that asks that of this computer. Nothing is drawn before it is asked
+/// for. Their edition is this program's build.
 std::vector<ShippedFile> sampleContent();
 
 }  // namespace sim

@@ -17,12 +17,14 @@ void disc(cairo_t* context, double x, double y, double radius, Color color, doub
   cairo_fill(context);
 }
 
-// A line of hills from the left to the right; everything below it takes the colour. `phase` tells hills apart, in radians.
+// A line of hills from the left to the right; everything below it takes the colour. `phase` tells hills apart, in
+// radians.
 void hills(cairo_t* context, double width, double height, double crest, double rise, double phase, Color color) {
   cairo_move_to(context, 0, height);
   for (double x = 0; x <= width; x += width / 160) {
     const double t = x / width * kTurn;
-    const double y = std::sin(t * 0.8 + phase) + 0.45 * std::sin(t * 2.1 + phase * 1.7) + 0.2 * std::sin(t * 4.7 + phase);
+    const double y =
+        std::sin(t * 0.8 + phase) + 0.45 * std::sin(t * 2.1 + phase * 1.7) + 0.2 * std::sin(t * 4.7 + phase);
     cairo_line_to(context, x, crest - rise * y);
   }
   cairo_line_to(context, width, height);
@@ -125,7 +127,10 @@ std::string meadow() {
     hills(context, 1200, 1600, 1060, 70, 1.1, 0x6FAE5E);
     hills(context, 1200, 1600, 1270, 50, 5.0, 0x43833F);
     for (int i = 0; i < 14; ++i)
-      disc(context, 60 + i * 84, 1420 + 70 * std::sin(i * 2.3), 20, i % 3 == 0 ? 0xF4D03F : i % 3 == 1 ? 0xFFFFFF : 0xE8604C);
+      disc(context, 60 + i * 84, 1420 + 70 * std::sin(i * 2.3), 20,
+           i % 3 == 0   ? 0xF4D03F
+           : i % 3 == 1 ? 0xFFFFFF
+                        : 0xE8604C);
   });
 }
 
@@ -133,8 +138,8 @@ std::string meadow() {
 
 const std::vector<SamplePhoto>& samplePhotos() {
   static const std::vector<SamplePhoto> photos{
-      {"IMG_0001.PNG", &dusk}, {"IMG_0002.PNG", &night},  {"IMG_0003.PNG", &mountains},
-      {"IMG_0004.PNG", &sea},  {"IMG_0005.PNG", &dunes},  {"IMG_0006.PNG", &meadow},
+      {"IMG_0001.PNG", &dusk}, {"IMG_0002.PNG", &night}, {"IMG_0003.PNG", &mountains},
+      {"IMG_0004.PNG", &sea},  {"IMG_0005.PNG", &dunes}, {"IMG_0006.PNG", &meadow},
   };
   return photos;
 }

@@ -22,7 +22,8 @@ constexpr std::string_view kPattern = "XXXXXX";
 
 bool isTemporaryName(std::string_view name) {
   return name.size() == kPrefix.size() + kPattern.size() && name.starts_with(kPrefix) &&
-         std::all_of(name.begin() + kPrefix.size(), name.end(), [](unsigned char letter) { return std::isalnum(letter); });
+         std::all_of(name.begin() + kPrefix.size(), name.end(),
+                     [](unsigned char letter) { return std::isalnum(letter); });
 }
 
 /// Whether `path` names the open file, and no link to it.

@@ -9,8 +9,8 @@
 namespace sim {
 
 /// An open, empty file with a name of its own in the folder where its content is wanted. It is removed with this object
-/// unless it was given its final name. When the process ends before that, `removeAbandonedFiles` takes the file for what
-/// it is: as long as a writer lives it holds a lock on its file, which the system gives back when it dies.
+/// unless it was given its final name. When the process ends before that, `removeAbandonedFiles` takes the file for
+/// what it is: as long as a writer lives it holds a lock on its file, which the system gives back when it dies.
 class TemporaryFile final {
  public:
   /// Makes the file, with the permissions 0600. `error()` says why not.
@@ -35,8 +35,8 @@ class TemporaryFile final {
   int error_;
 };
 
-/// Removes the files of writers that are gone from the folder `root` and those below it, not across symbolic links or into
-/// other file systems. What looks different from a file that `TemporaryFile` makes stays.
+/// Removes the files of writers that are gone from the folder `root` and those below it, not across symbolic links or
+/// into other file systems. What looks different from a file that `TemporaryFile` makes stays.
 void removeAbandonedFiles(const std::string& root);
 
 }  // namespace sim

@@ -2,9 +2,9 @@
 // is there as well, under a name that only its own file uses, and a line in the log says so. GCC's runtime has one name
 // for one class: a second definition leaves it with half a class, over which it ends the process.
 //
-// The functions below stand before those of the same names in GCC's runtime, as this library does before that one in the
-// order in which the loader looks symbols up. They know of a class what the compilers write down for version 8 of its
-// module format.
+// The functions below stand before those of the same names in GCC's runtime, as this library does before that one in
+// the order in which the loader looks symbols up. They know of a class what the compilers write down for version 8 of
+// its module format.
 #import <Foundation/Foundation.h>
 
 #import <Foundation/SIMLog.h>
@@ -197,8 +197,8 @@ void redirectCategories(Definitions &definitions, const Image &image) {
 /// The runtime has the class under its private name; everybody else sees the name that it was given.
 void finish(const Duplicate &duplicate, const Image &image) {
   if (duplicate.definition) setName(duplicate.definition, duplicate.name);
-  NSLog(@"objc: Class %s is implemented in both %s and %s. The one in %s is used.", duplicate.name,
-        duplicate.firstFile, image.file(), duplicate.firstFile);
+  NSLog(@"objc: Class %s is implemented in both %s and %s. The one in %s is used.", duplicate.name, duplicate.firstFile,
+        image.file(), duplicate.firstFile);
 }
 
 /// The class that the code at `caller` means by `name` when that is one of its own file's alone.

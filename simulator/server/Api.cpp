@@ -13,8 +13,10 @@ namespace {
 
 // What the phone shows while there is no Settings process to ask.
 nlohmann::json screenWithoutSettings(std::uint64_t revision, const std::string& reason) {
-  const nlohmann::json section{{"header", "Settings could not be started"}, {"footer", reason},
-                               {"headerView", nullptr}, {"footerView", nullptr},
+  const nlohmann::json section{{"header", "Settings could not be started"},
+                               {"footer", reason},
+                               {"headerView", nullptr},
+                               {"footerView", nullptr},
                                {"rows", nlohmann::json::array()}};
   const nlohmann::json page{{"class", ""},
                             {"title", "Settings"},
@@ -23,8 +25,11 @@ nlohmann::json screenWithoutSettings(std::uint64_t revision, const std::string& 
                             {"editing", false},
                             {"style", "insetGrouped"},
                             {"sections", nlohmann::json::array({section})}};
-  return {{"revision", revision}, {"path", nlohmann::json::array({"Settings"})}, {"page", page},
-          {"alert", nullptr}, {"sheet", nullptr}};
+  return {{"revision", revision},
+          {"path", nlohmann::json::array({"Settings"})},
+          {"page", page},
+          {"alert", nullptr},
+          {"sheet", nullptr}};
 }
 
 // The body as a JSON object, or null.
@@ -111,10 +116,11 @@ void Api::image(const Request& request, Respond respond) {
   std::string identifier(identifierIn(request.head.path));
   if (const Response* known = images_.find(identifier)) return respond(*known);
   const nlohmann::json message{{"verb", "image"}, {"id", identifier}};
-  settings_.request(message, [this, identifier = std::move(identifier), respond = std::move(respond)](Response response) {
-    if (response.status == 200) images_.insert(identifier, response);
-    respond(std::move(response));
-  });
+  settings_.request(message,
+                    [this, identifier = std::move(identifier), respond = std::move(respond)](Response response) {
+                      if (response.status == 200) images_.insert(identifier, response);
+                      respond(std::move(response));
+                    });
 }
 
 void Api::addPhoto(const Request& request, Respond respond) {
@@ -174,8 +180,9 @@ void Api::appearance(const Request& request, const Respond& respond) {
 void Api::display(const Request& request, const Respond& respond) {
   const auto display = displayWanted(objectIn(request), device_.display());
   if (!display)
-    return respond(errorResponse(400, "The body must have \"kind\", \"phone\" or \"tablet\", or \"orientation\", "
-                                      "\"portrait\" or \"landscape\", or both."));
+    return respond(errorResponse(400,
+                                 "The body must have \"kind\", \"phone\" or \"tablet\", or \"orientation\", "
+                                 "\"portrait\" or \"landscape\", or both."));
   device_.setDisplay(*display);
   settings_.tell(displayMessage(*display));
   respond(jsonResponse(200, display->json()));

@@ -71,8 +71,8 @@ pid_t startProgram(const std::string& program, const std::vector<std::string>& a
   for (const std::string& argument : arguments) pointers.push_back(const_cast<char*>(argument.c_str()));
   pointers.push_back(nullptr);
 
-  // A device binds every symbol of a file when it loads it. A file that needs what nobody has is then not loaded, and the
-  // program goes on; otherwise the first call would end it.
+  // A device binds every symbol of a file when it loads it. A file that needs what nobody has is then not loaded, and
+  // the program goes on; otherwise the first call would end it.
   std::string bindNow = "LD_BIND_NOW=1";
   std::vector<char*> environment{bindNow.data()};
   for (char** variable = environ; *variable; ++variable) environment.push_back(*variable);

@@ -7,8 +7,8 @@ namespace sim {
 nlohmann::json Display::json() const {
   const nlohmann::json insets{
       {"top", safeArea.top}, {"left", safeArea.left}, {"bottom", safeArea.bottom}, {"right", safeArea.right}};
-  return {{"kind", kind},   {"orientation", orientation}, {"width", width},
-          {"height", height}, {"scale", scale},             {"safeArea", insets}};
+  return {{"kind", kind},   {"orientation", orientation}, {"width", width}, {"height", height},
+          {"scale", scale}, {"safeArea", insets}};
 }
 
 std::optional<Display> displayOf(std::string_view kind, std::string_view orientation) {

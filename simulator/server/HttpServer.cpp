@@ -20,8 +20,8 @@ namespace {
 
 constexpr unsigned kMostConnections = 128;
 constexpr unsigned kIdleSeconds = 30;
-constexpr std::size_t kConnectionMemory = 32 << 10;   // Bytes; bounds the request's first line and headers.
-constexpr int kMostUploads = 8;                       // At once; each may take up as much of the disk as a file may have.
+constexpr std::size_t kConnectionMemory = 32 << 10;  // Bytes; bounds the request's first line and headers.
+constexpr int kMostUploads = 8;  // At once; each may take up as much of the disk as a file may have.
 
 constexpr std::string_view kStopping = "The simulator is stopping.";
 
@@ -47,8 +47,8 @@ void addHeaders(MHD_Response* made, const Response& response) {
 }
 
 MHD_Result queue(MHD_Connection* connection, const Response& response) {
-  auto* shared = new std::shared_ptr<const std::string>(response.body ? response.body
-                                                                      : std::make_shared<const std::string>());
+  auto* shared =
+      new std::shared_ptr<const std::string>(response.body ? response.body : std::make_shared<const std::string>());
   const auto forget = [](void* context) { delete static_cast<std::shared_ptr<const std::string>*>(context); };
   MHD_Response* made = MHD_create_response_from_buffer_with_free_callback_cls(
       (*shared)->size(), const_cast<char*>((*shared)->data()), forget, shared);  // The library only reads the bytes.
@@ -139,16 +139,12 @@ HttpServer::HttpServer(Listener listener, RequestRules rules, const Router& rout
     : rules_(std::move(rules)), router_(router), streams_(streams), uploads_(uploads), handler_(std::move(handler)) {
   // The library closes the socket when it stops. Not its epoll loop: with libmicrohttpd 0.9.75 that one missed, in a
   // third of the runs or more, that a client had gone in the middle of a body, and kept the file until the time limit.
-  daemon_ = MHD_start_daemon(
-      MHD_USE_POLL_INTERNAL_THREAD | MHD_ALLOW_SUSPEND_RESUME, 0, nullptr, nullptr, &Callbacks::access, this,
-      MHD_OPTION_LISTEN_SOCKET, listener.socket.release(),
-      MHD_OPTION_NOTIFY_COMPLETED, &Callbacks::complete, this,
-      MHD_OPTION_UNESCAPE_CALLBACK, &leaveEscaped, nullptr,
-      MHD_OPTION_CONNECTION_LIMIT, kMostConnections,
-      MHD_OPTION_CONNECTION_TIMEOUT, kIdleSeconds,
-      MHD_OPTION_CONNECTION_MEMORY_LIMIT, kConnectionMemory,
-      MHD_OPTION_STRICT_FOR_CLIENT, 1,
-      MHD_OPTION_END);
+  daemon_ = MHD_start_daemon(MHD_USE_POLL_INTERNAL_THREAD | MHD_ALLOW_SUSPEND_RESUME, 0, nullptr, nullptr,
+                             &Callbacks::access, this, MHD_OPTION_LISTEN_SOCKET, listener.socket.release(),
+                             MHD_OPTION_NOTIFY_COMPLETED, &Callbacks::complete, this, MHD_OPTION_UNESCAPE_CALLBACK,
+                             &leaveEscaped, nullptr, MHD_OPTION_CONNECTION_LIMIT, kMostConnections,
+                             MHD_OPTION_CONNECTION_TIMEOUT, kIdleSeconds, MHD_OPTION_CONNECTION_MEMORY_LIMIT,
+                             kConnectionMemory, MHD_OPTION_STRICT_FOR_CLIENT, 1, MHD_OPTION_END);
   if (daemon_ == nullptr) throw Failure::fromErrno("Cannot start the HTTP server", errno);
 }
 

@@ -35,8 +35,8 @@ class HttpServer final {
   /// Takes a call on the HTTP thread; `respond` may be called at any time on any thread, once.
   using Handler = std::function<void(Endpoint, Request, Respond)>;
 
-  /// Starts serving. `router` and `streams` must outlive the server; so must `uploads`, which is the server's alone from
-  /// now on. Throws Failure when the server cannot start.
+  /// Starts serving. `router` and `streams` must outlive the server; so must `uploads`, which is the server's alone
+  /// from now on. Throws Failure when the server cannot start.
   HttpServer(Listener listener, RequestRules rules, const Router& router, EventStreams& streams, UploadFolder& uploads,
              Handler handler);
 

@@ -19,7 +19,7 @@ std::uint16_t portIn(std::string_view text) {
 // An option that takes a path.
 struct PathOption {
   std::string_view name;
-  std::filesystem::path Options::*place;
+  std::filesystem::path Options::* place;
 };
 
 constexpr std::array<PathOption, 5> kPathOptions{{

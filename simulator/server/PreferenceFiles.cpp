@@ -19,8 +19,8 @@
 namespace sim {
 namespace {
 
-constexpr std::uint32_t kChanges = IN_CLOSE_WRITE | IN_ATTRIB | IN_CREATE | IN_DELETE | IN_MOVED_FROM |
-                                   IN_MOVED_TO | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
+constexpr std::uint32_t kChanges = IN_CLOSE_WRITE | IN_ATTRIB | IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO |
+                                   IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
 constexpr std::chrono::milliseconds kRetry{500};  // Until a folder that is gone is looked for again.
 constexpr off_t kLongestFile = 64 << 20;          // Bytes.
 

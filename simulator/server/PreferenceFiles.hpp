@@ -57,9 +57,9 @@ class PreferenceFiles final {
   const std::vector<std::string> folders_;
   const std::function<void()> changed_;
   Descriptor inotify_;
-  std::map<int, std::string> watches_;     // From watch descriptor to folder.
+  std::map<int, std::string> watches_;  // From watch descriptor to folder.
   EventLoop::Timer retryTimer_ = 0;
-  std::map<std::string, Entry> known_;     // By path on the device.
+  std::map<std::string, Entry> known_;  // By path on the device.
 };
 
 }  // namespace sim

@@ -18,7 +18,8 @@ class RequestBody final {
   RequestBody() = default;
 
   /// A body of at most `longest` bytes. `upload`: the file that takes them; null keeps them in memory.
-  explicit RequestBody(std::size_t longest, UploadPtr upload = nullptr) : longest_(longest), upload_(std::move(upload)) {}
+  explicit RequestBody(std::size_t longest, UploadPtr upload = nullptr)
+      : longest_(longest), upload_(std::move(upload)) {}
 
   /// Takes the next bytes. False when so many came after the body was refused that the connection had better end: the
   /// refusal can only be given when the body has been read.

@@ -31,7 +31,8 @@ bool isWellFormedHost(std::string_view host) {
     const auto end = host.find(']');
     if (end == std::string_view::npos) return false;
     const auto address = host.substr(1, end - 1);
-    if (!std::ranges::all_of(address, [](char c) { return std::isxdigit(static_cast<unsigned char>(c)) || c == ':' || c == '.'; }))
+    if (!std::ranges::all_of(
+            address, [](char c) { return std::isxdigit(static_cast<unsigned char>(c)) || c == ':' || c == '.'; }))
       return false;
     name = "address";
     port = host.substr(end + 1);

@@ -10,7 +10,17 @@
 namespace sim {
 
 enum class Endpoint {
-  screen, events, device, pasteboard, pasteboardString, appearance, display, image, photos, pickedFile, shared
+  screen,
+  events,
+  device,
+  pasteboard,
+  pasteboardString,
+  appearance,
+  display,
+  image,
+  photos,
+  pickedFile,
+  shared
 };
 
 /// What the body of a call is: nothing, a JSON text that is kept in memory, or a file.

@@ -30,8 +30,7 @@ Response responseFrom(wire::Message message) {
   const nlohmann::json& status = header["status"];
   const std::string type = header["type"].is_string() ? header["type"].get<std::string>() : "";
   const bool hasGoodStatus = status.is_number_unsigned() && status >= 200 && status <= 599;
-  if (!hasGoodStatus || !isPassive(type))
-    return errorResponse(502, "Settings has given a malformed answer.");
+  if (!hasGoodStatus || !isPassive(type)) return errorResponse(502, "Settings has given a malformed answer.");
   return {status.get<int>(), type, std::make_shared<const std::string>(std::move(message.payload)), {}};
 }
 
@@ -66,8 +65,8 @@ void SettingsProcess::request(nlohmann::json message, Respond respond) {
     const auto entry = pending_.find(number);
     if (entry == pending_.end() || !entry->second.respond) return;
     // The entry stays: the process still owes the answer, and is hung when it never comes.
-    std::exchange(entry->second.respond, nullptr)(
-        errorResponse(504, "Settings has not answered within " + seconds(patience) + "."));
+    std::exchange(entry->second.respond,
+                  nullptr)(errorResponse(504, "Settings has not answered within " + seconds(patience) + "."));
   });
   if (pending_.empty()) waitingSince_ = Clock::now();
   pending_.emplace(number, Pending{std::move(verb), std::move(respond), timeout});
@@ -109,8 +108,8 @@ void SettingsProcess::launch() {
   isClosed_ = false;
   try {
     child_ = std::make_unique<ChildProcess>(settings_.program, [this](int descriptor) {
-      return std::vector<std::string>{"--device",   settings_.deviceFolder,       "--channel",
-                                      std::to_string(descriptor), "--revision", std::to_string(revision_)};
+      return std::vector<std::string>{"--device",   settings_.deviceFolder,   "--channel", std::to_string(descriptor),
+                                      "--revision", std::to_string(revision_)};
     });
   } catch (const Failure& failure) {
     ended(failure.what());
@@ -242,7 +241,8 @@ void SettingsProcess::ended(const std::string& how) {
   }
 
   const int doublings = std::min(shortLives_ - 2, 16);
-  const Milliseconds pause = std::min(settings_.patience.firstPause * (1 << doublings), settings_.patience.longestPause);
+  const Milliseconds pause =
+      std::min(settings_.patience.firstPause * (1 << doublings), settings_.patience.longestPause);
   listener_.logged(how + " It is started again in " + std::to_string(pause.count()) + " ms.");
   failure_ = how;
   ++revision_;

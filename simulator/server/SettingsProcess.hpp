@@ -34,7 +34,7 @@ class SettingsProcess final {
     Milliseconds shortLife{3'000};     // A process that ended sooner counts as one that could not be started.
     Milliseconds firstPause{500};      // Before the third start in a row; doubles with each further one.
     Milliseconds longestPause{30'000};
-    Milliseconds stop{3'000};          // For the process to end by itself when the simulator stops.
+    Milliseconds stop{3'000};  // For the process to end by itself when the simulator stops.
   };
 
   struct Settings {
@@ -110,15 +110,15 @@ class SettingsProcess final {
 
   std::unique_ptr<ChildProcess> child_;
   Clock::time_point launched_;
-  bool hasAnswered_ = false;              // The present process; so is the next.
-  bool isClosed_ = false;                 // Its channel.
+  bool hasAnswered_ = false;                  // The present process; so is the next.
+  bool isClosed_ = false;                     // Its channel.
   std::map<std::uint64_t, Pending> pending_;  // By request number; of the present process alone.
   std::uint64_t lastRequest_ = 0;
-  Clock::time_point waitingSince_;        // When the present wait for any answer began.
+  Clock::time_point waitingSince_;  // When the present wait for any answer began.
   EventLoop::Timer hangTimer_ = 0;
   EventLoop::Timer closeTimer_ = 0;
   EventLoop::Timer restartTimer_ = 0;
-  int shortLives_ = 0;                    // In a row.
+  int shortLives_ = 0;  // In a row.
   std::optional<std::string> failure_;
   std::uint64_t revision_ = 0;
 };

@@ -47,14 +47,13 @@ Simulator::Simulator(const Options& options, const std::vector<ShippedFile>& sam
   keepStreamsAlive();
   settings_.start();
   RequestRules rules(listener.port, token);
-  server_.emplace(std::move(listener), std::move(rules), router_, streams_, uploads_,
-                  [this](Endpoint endpoint, Request request, Respond respond) {
-                    // Shared, since a task of the loop is copied.
-                    auto call = std::make_shared<std::pair<Request, Respond>>(std::move(request), std::move(respond));
-                    loop_.post([this, endpoint, call] {
-                      api_.handle(endpoint, std::move(call->first), std::move(call->second));
-                    });
-                  });
+  server_.emplace(
+      std::move(listener), std::move(rules), router_, streams_, uploads_,
+      [this](Endpoint endpoint, Request request, Respond respond) {
+        // Shared, since a task of the loop is copied.
+        auto call = std::make_shared<std::pair<Request, Respond>>(std::move(request), std::move(respond));
+        loop_.post([this, endpoint, call] { api_.handle(endpoint, std::move(call->first), std::move(call->second)); });
+      });
 }
 
 Simulator::~Simulator() {

@@ -11,7 +11,8 @@
 
 namespace sim::wire {
 
-/// One message: a JSON object, and the bytes that follow it: the body of an answer, be it a screen, a picture or a file.
+/// One message: a JSON object, and the bytes that follow it: the body of an answer, be it a screen, a picture or a
+/// file.
 struct Message {
   nlohmann::json header;
   std::string payload;
@@ -48,11 +49,11 @@ class Channel final {
 
  private:
   int descriptor_ = -1;
-  std::string outgoing_;                  // Bytes queued.
-  std::size_t sent_ = 0;                  // How many of them have been sent.
-  std::string buffer_;                    // Bytes received and not yet taken.
-  std::optional<Message> partial_;        // A header whose payload is still arriving.
-  std::size_t missing_ = 0;               // Payload bytes still to come for `partial_`.
+  std::string outgoing_;            // Bytes queued.
+  std::size_t sent_ = 0;            // How many of them have been sent.
+  std::string buffer_;              // Bytes received and not yet taken.
+  std::optional<Message> partial_;  // A header whose payload is still arriving.
+  std::size_t missing_ = 0;         // Payload bytes still to come for `partial_`.
 };
 
 }  // namespace sim::wire

@@ -76,8 +76,9 @@ TEST(ClaimsTests, aTimeOfTwiceTheGoalFails) {
   claims.time("theme pick", "pick/goal", 4000, 2000);
   const Report report = reportOf(claims);
   EXPECT_EQ(report.status, 1);
-  EXPECT_EQ(report.text, "theme page: page/goal 1.99 (at most 1): 199.0 ms, goal 100 ms, missed\n"
-                         "theme pick: pick/goal 2.00 (at most 1): 4000.0 ms, goal 2000 ms, MISSED BY FAR\n");
+  EXPECT_EQ(report.text,
+            "theme page: page/goal 1.99 (at most 1): 199.0 ms, goal 100 ms, missed\n"
+            "theme pick: pick/goal 2.00 (at most 1): 4000.0 ms, goal 2000 ms, MISSED BY FAR\n");
 }
 
 TEST(ClaimsTests, oneClaimThatIsMissedByFarFailsAmongOthersThatAreKept) {

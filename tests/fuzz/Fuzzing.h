@@ -10,8 +10,8 @@
 
 namespace fuzzing {
 
-/// Starts Foundation and sets a new device folder with empty folders of presets and preferences. It lies in memory where
-/// the computer has a file system for that, and is removed when the process exits.
+/// Starts Foundation and sets a new device folder with empty folders of presets and preferences. It lies in memory
+/// where the computer has a file system for that, and is removed when the process exits.
 void start();
 
 /// Empties the folder of presets.

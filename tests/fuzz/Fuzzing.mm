@@ -85,8 +85,9 @@ void write(NSString *path, std::span<const std::uint8_t> bytes) {
 bool holds(NSString *path, std::span<const std::uint8_t> bytes) {
   std::ifstream file([path fileSystemRepresentation], std::ios::binary);
   const std::vector<char> content{std::istreambuf_iterator<char>(file), {}};
-  return file.is_open() && std::equal(content.begin(), content.end(), bytes.begin(), bytes.end(),
-                                      [](char left, std::uint8_t right) { return static_cast<std::uint8_t>(left) == right; });
+  return file.is_open() &&
+         std::equal(content.begin(), content.end(), bytes.begin(), bytes.end(),
+                    [](char left, std::uint8_t right) { return static_cast<std::uint8_t>(left) == right; });
 }
 
 void require(bool condition, const char *property) {

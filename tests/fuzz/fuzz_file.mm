@@ -17,7 +17,8 @@ NSString *const kName = @"Dark";
 
 bool isAccepted(NSDictionary *preset) {
   id version = [preset objectForKey:@"ZunoPresetVersion"];
-  return ([version isKindOfClass:[NSNumber class]] || [version isKindOfClass:[NSString class]]) && [version intValue] >= 1;
+  return ([version isKindOfClass:[NSNumber class]] || [version isKindOfClass:[NSString class]]) &&
+         [version intValue] >= 1;
 }
 
 void import(Bytes bytes) {

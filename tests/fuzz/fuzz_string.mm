@@ -48,7 +48,8 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
 }
 
 /// Mostly mutates the JSON inside the text: mutations of the text itself hardly ever stay base64.
-extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t *data, std::size_t size, std::size_t capacity, unsigned seed) {
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t *data, std::size_t size, std::size_t capacity,
+                                               unsigned seed) {
   std::minstd_rand random(seed);
   const auto json = sim::base64Decoded({reinterpret_cast<const char *>(data), size}, sim::Unknown::refuse);
   if (!json || random() % 16 == 0) return LLVMFuzzerMutate(data, size, capacity);

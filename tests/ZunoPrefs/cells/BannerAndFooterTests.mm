@@ -21,7 +21,9 @@ class CreditCellTest : public BundleTest {
   ZunoBannerCell *banner() { return cell<ZunoBannerCell>("ZunoBannerCell"); }
   ZunoFooterCell *footer() { return cell<ZunoFooterCell>("ZunoFooterCell"); }
 
-  static UIView *parent(CGFloat width) { return [[[UIView alloc] initWithFrame:CGRectMake(0, 0, width, 500)] autorelease]; }
+  static UIView *parent(CGFloat width) {
+    return [[[UIView alloc] initWithFrame:CGRectMake(0, 0, width, 500)] autorelease];
+  }
   static NSArray *labels(UIView *view) {
     NSMutableArray *labels = [NSMutableArray array];
     for (UIView *child in [view subviews]) {

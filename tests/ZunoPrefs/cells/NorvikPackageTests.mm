@@ -110,9 +110,7 @@ TEST_F(PackageTest, OutputThatIsNoTextIsUnknown) {
   EXPECT_EQ(versionIn("Maintainer: M\\303\\274\\nVersion: 1\\n"), "1");
 }
 
-TEST_F(PackageTest, AVersionIsReadAsUTF8) {
-  EXPECT_EQ(versionIn("Version: 1.0-\\303\\274\\n"), "1.0-ü");
-}
+TEST_F(PackageTest, AVersionIsReadAsUTF8) { EXPECT_EQ(versionIn("Version: 1.0-\\303\\274\\n"), "1.0-ü"); }
 
 TEST_F(PackageTest, AnExceptionOnTheWayFromTheOutputToTheVersionIsLogged) {
   installTool(kSystemTool, "Version: 1\\n");

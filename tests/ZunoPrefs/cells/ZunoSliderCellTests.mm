@@ -16,10 +16,10 @@ class SliderCellTest : public BundleTest {
  protected:
   PSSpecifier *row(NSDictionary *properties) { return rowNamed(@"Width", PSSliderCell, properties); }
   ZunoSliderCell *cell(NSDictionary *properties) {
-    ZunoSliderCell *cell = [[(ZunoSliderCell *)[classNamed("ZunoSliderCell") alloc]
-        initWithStyle:UITableViewCellStyleValue1
-      reuseIdentifier:@"Slider"
-            specifier:row(properties)] autorelease];
+    ZunoSliderCell *cell =
+        [[(ZunoSliderCell *)[classNamed("ZunoSliderCell") alloc] initWithStyle:UITableViewCellStyleValue1
+                                                               reuseIdentifier:@"Slider"
+                                                                     specifier:row(properties)] autorelease];
     [cell refreshCellContentsWithSpecifier:[cell specifier]];
     return cell;
   }
@@ -111,8 +111,10 @@ TEST_F(SliderCellTest, AStoredValueThatIsNoFiniteNumberShowsAsTheDefault) {
     EXPECT_EQ(text(made), std::to_string(std::lround([slider(made) value])) + " pt");
     return text(made);
   };
-  for (id odd in @[ @"40", @[ @40 ], @{}, [NSData data], [NSNumber numberWithDouble:NAN],
-                    [NSNumber numberWithDouble:INFINITY], [NSNumber numberWithDouble:-INFINITY] ]) {
+  for (id odd in @[
+         @"40", @[ @40 ], @{}, [NSData data], [NSNumber numberWithDouble:NAN], [NSNumber numberWithDouble:INFINITY],
+         [NSNumber numberWithDouble:-INFINITY]
+       ]) {
     EXPECT_EQ(shownFor(odd), "12 pt") << [[odd description] UTF8String];
   }
   EXPECT_EQ(shownFor(@1e30), "60 pt") << "beyond the range the nearer end";

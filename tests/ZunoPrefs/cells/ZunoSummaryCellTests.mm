@@ -15,10 +15,10 @@ class SummaryCellTest : public BundleTest {
  protected:
   static PSSpecifier *row(NSDictionary *properties) { return rowNamed(@"Apps", PSLinkCell, properties); }
   ZunoSummaryCell *cell(NSDictionary *properties) {
-    ZunoSummaryCell *cell = [[(ZunoSummaryCell *)[classNamed("ZunoSummaryCell") alloc]
-        initWithStyle:UITableViewCellStyleDefault
-      reuseIdentifier:@"Summary"
-            specifier:row(properties)] autorelease];
+    ZunoSummaryCell *cell =
+        [[(ZunoSummaryCell *)[classNamed("ZunoSummaryCell") alloc] initWithStyle:UITableViewCellStyleDefault
+                                                                 reuseIdentifier:@"Summary"
+                                                                       specifier:row(properties)] autorelease];
     [cell refreshCellContentsWithSpecifier:[cell specifier]];
     return cell;
   }
@@ -63,7 +63,8 @@ TEST_F(SummaryCellTest, ASingleNameIsCutAndNotCounted) {
   ZunoSummaryCell *made = cell(@{@"names" : @[ @"An App with a Name Longer Than Any Phone Is Wide" ]});
   [made setFrame:CGRectMake(0, 0, 200, 44)];
   [made layoutIfNeeded];
-  EXPECT_EQ(told(made), "An App with a Name Longer Than Any Phone Is Wide|An App with a Name Longer Than Any Phone Is Wide");
+  EXPECT_EQ(told(made),
+            "An App with a Name Longer Than Any Phone Is Wide|An App with a Name Longer Than Any Phone Is Wide");
 }
 
 TEST_F(SummaryCellTest, ATextThatFitsAlreadyIsNotSetAgain) {
@@ -98,7 +99,9 @@ TEST_F(SummaryCellTest, ACellThatServesAnotherRowForgetsTheOneBefore) {
 
 TEST_F(SummaryCellTest, ADisabledRowIsPaler) {
   EXPECT_OBJC_EQ([[cell(@{@"names" : @[]}) detailTextLabel] textColor], [UIColor secondaryLabelColor]);
-  EXPECT_OBJC_EQ([[cell(@{@"names" : @[], @"enabled" : @(NO)}) detailTextLabel] textColor],
+  EXPECT_OBJC_EQ([[cell(
+                     @{@"names" : @[],
+                       @"enabled" : @(NO)}) detailTextLabel] textColor],
                  [UIColor tertiaryLabelColor]);
 }
 

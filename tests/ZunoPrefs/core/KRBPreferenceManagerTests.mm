@@ -13,8 +13,7 @@ class KRBPreferenceManagerTest : public BundleTest {
   Class manager() { return classNamed("KRBPreferenceManager"); }
   /// Whether the number is of the type `int`, which a truth value is not, although 1 equals YES.
   static bool isInt(NSNumber *number) {
-    return std::string_view([number objCType]) == @encode(int) &&
-           CFGetTypeID((CFTypeRef)number) == CFNumberGetTypeID();
+    return std::string_view([number objCType]) == @encode(int) && CFGetTypeID((CFTypeRef)number) == CFNumberGetTypeID();
   }
   id resolved(NSString *key) { return [manager() getPrefForKey:key]; }
 };
@@ -67,13 +66,14 @@ TEST_F(KRBPreferenceManagerTest, StoredValuesWinWhileTheMasterSwitchIsOn) {
 }
 
 TEST_F(KRBPreferenceManagerTest, MasterSwitchOffGivesDefaultsButToTheExemptKeys) {
-  writePreferences(kMainFile, @{
-    @"Enabled" : @0,
-    @"pullToKillEnabled" : @1,
-    @"ShownWelcome" : @"yes",
-    @"EnabledWidgets" : @[ @"KRBMusicView" ],
-    @"FavouriteApplications" : @[ @"a.b" ],
-  });
+  writePreferences(
+      kMainFile, @{
+        @"Enabled" : @0,
+        @"pullToKillEnabled" : @1,
+        @"ShownWelcome" : @"yes",
+        @"EnabledWidgets" : @[ @"KRBMusicView" ],
+        @"FavouriteApplications" : @[ @"a.b" ],
+      });
   EXPECT_OBJC_EQ(resolved(@"pullToKillEnabled"), @0);
   EXPECT_OBJC_EQ(resolved(@"ShownWelcome"), @"yes");
   EXPECT_OBJC_EQ(resolved(@"Enabled"), @0);

@@ -98,7 +98,8 @@ TEST_F(PreferenceFileReadingTest, SimpleValuesAreFoundWithoutBuildingTheWhole) {
       id wanted = [values objectForKey:key];
       id found = value(key);
       EXPECT_OBJC_EQ(found, wanted) << [key UTF8String] << (binary ? " in binary" : " in XML");
-      if ([wanted isKindOfClass:[NSNumber class]]) EXPECT_STREQ([found objCType], [wanted objCType]) << [key UTF8String];
+      if ([wanted isKindOfClass:[NSNumber class]])
+        EXPECT_STREQ([found objCType], [wanted objCType]) << [key UTF8String];
       EXPECT_EQ(wholeReads, 0) << [key UTF8String] << (binary ? " in binary" : " in XML");
     }
     EXPECT_EQ(described(@"absent"), "nothing");

@@ -148,8 +148,8 @@ TEST_F(RowWriteTest, ARowWithoutAKeyOrAValueChangesNothing) {
   set(@2, @{});
   set(nil, @{@"key" : @"a"});
   EXPECT_OBJC_EQ(preferences(kMainFile), @{@"a" : @1});
-  const std::string said = std::string("[Zuno] Nothing written to ") + [path(kMainFile) UTF8String] +
-                           ": a row without a key or a value";
+  const std::string said =
+      std::string("[Zuno] Nothing written to ") + [path(kMainFile) UTF8String] + ": a row without a key or a value";
   EXPECT_EQ(log, (std::vector<std::string>{said, said}));
 }
 

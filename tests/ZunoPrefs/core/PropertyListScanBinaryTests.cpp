@@ -126,19 +126,19 @@ TEST(PropertyListScanBinaryTest, ReadsIntegersOf64Bits) {
 }
 
 TEST(PropertyListScanBinaryTest, LeavesIntegersThatReadersTakeDifferently) {
-  for (const auto& object : {"\x14" + bigEndian(0, 8) + bigEndian(1, 8),
-                             "\x14" + bigEndian(UINT64_MAX, 8) + bigEndian(UINT64_MAX, 8),
-                             "\x14" + bigEndian(1, 8) + bigEndian(UINT64_MAX, 8), "\x15" + std::string(32, '\0'),
-                             "\x15" + bigEndian(0, 8) + bigEndian(UINT64_MAX, 8) + std::string(16, '\0')}) {
+  for (const auto& object :
+       {"\x14" + bigEndian(0, 8) + bigEndian(1, 8), "\x14" + bigEndian(UINT64_MAX, 8) + bigEndian(UINT64_MAX, 8),
+        "\x14" + bigEndian(1, 8) + bigEndian(UINT64_MAX, 8), "\x15" + std::string(32, '\0'),
+        "\x15" + bigEndian(0, 8) + bigEndian(UINT64_MAX, 8) + std::string(16, '\0')}) {
     EXPECT_EQ(valueOf(object), undecided());
     EXPECT_EQ(besides(object), undecided());
   }
 }
 
 TEST(PropertyListScanBinaryTest, LeavesTextsThatReadersTakeDifferently) {
-  for (const auto& object : {ascii("caf\xc3\xa9"), ascii("a\0b"sv), ascii(std::string(700, 'x') + '\x80'),
-                             utf16(u"\xd83d"), utf16(u"\xd83d!"), utf16(u"\xde00"), utf16(u"a\0b"sv), utf16(u""),
-                             utf16(u"\xfeffx")}) {
+  for (const auto& object :
+       {ascii("caf\xc3\xa9"), ascii("a\0b"sv), ascii(std::string(700, 'x') + '\x80'), utf16(u"\xd83d"),
+        utf16(u"\xd83d!"), utf16(u"\xde00"), utf16(u"a\0b"sv), utf16(u""), utf16(u"\xfeffx")}) {
     EXPECT_EQ(valueOf(object), undecided());
     EXPECT_EQ(besides(object), undecided());
   }
@@ -174,10 +174,9 @@ TEST(PropertyListScanBinaryTest, LeavesDatesAndData) {
 }
 
 TEST(PropertyListScanBinaryTest, LeavesUnknownKinds) {
-  for (const auto& object :
-       {marker(0, 0), marker(0, 15), marker(0, 12), marker(2, 1) + "aa", marker(2, 4) + std::string(16, 'a'),
-        marker(3, 2) + "aaaa", marker(7, 1) + "a", marker(8, 0) + "a", marker(0xc, 0), marker(0xe, 0),
-        marker(0xf, 0)}) {
+  for (const auto& object : {marker(0, 0), marker(0, 15), marker(0, 12), marker(2, 1) + "aa",
+                             marker(2, 4) + std::string(16, 'a'), marker(3, 2) + "aaaa", marker(7, 1) + "a",
+                             marker(8, 0) + "a", marker(0xc, 0), marker(0xe, 0), marker(0xf, 0)}) {
     EXPECT_EQ(besides(object), undecided());
   }
 }
@@ -340,12 +339,11 @@ TEST(PropertyListScanBinaryTest, LeavesOffsetsOutsideTheObjects) {
 // The last object before the offset table claims to be longer than it is.
 TEST(PropertyListScanBinaryTest, LeavesContentThatReachesIntoTheOffsetTable) {
   constexpr auto kHighBit = std::uint64_t{1} << 63;
-  for (const auto& object :
-       {marker(5, 3) + "ab", marker(6, 2) + "abc", marker(1, 3) + "abcdefg", marker(2, 3) + "abcdefg",
-        marker(0xa, 3) + "\x01\x01", marker(0xd, 1) + "\x01", marker(5, 15),
-        marker(5, 15) + marker(1, 0), marker(5, 15) + marker(2, 0) + "\x01" + "a",
-        marker(5, 15) + marker(1, 4) + bigEndian(0, 8) + bigEndian(1, 8) + "a", longCount(5, UINT64_MAX) + "a",
-        longCount(6, kHighBit), longCount(0xd, kHighBit)}) {
+  for (const auto& object : {marker(5, 3) + "ab", marker(6, 2) + "abc", marker(1, 3) + "abcdefg",
+                             marker(2, 3) + "abcdefg", marker(0xa, 3) + "\x01\x01", marker(0xd, 1) + "\x01",
+                             marker(5, 15), marker(5, 15) + marker(1, 0), marker(5, 15) + marker(2, 0) + "\x01" + "a",
+                             marker(5, 15) + marker(1, 4) + bigEndian(0, 8) + bigEndian(1, 8) + "a",
+                             longCount(5, UINT64_MAX) + "a", longCount(6, kHighBit), longCount(0xd, kHighBit)}) {
     const Document document{{dictionary({1}, {2}), ascii("k"), object}};
     EXPECT_EQ(scan(document, "other"), undecided());
   }

@@ -19,10 +19,8 @@ class Parsed final {
   explicit Parsed(const std::string& document) {
     plist_t root = nullptr;
     const auto size = static_cast<std::uint32_t>(document.size());
-    if (plist_is_binary(document.data(), size))
-      plist_from_bin(document.data(), size, &root);
-    else
-      plist_from_xml(document.data(), size, &root);
+    if (plist_is_binary(document.data(), size)) plist_from_bin(document.data(), size, &root);
+    else plist_from_xml(document.data(), size, &root);
     root_.reset(root);
   }
 
@@ -91,7 +89,8 @@ TEST(PropertyListScanDifferentialTest, NeverContradictsAFullParseOfDamagedDocume
       if (scan.outcome == Outcome::kUndecided) continue;
       ++decided;
       ASSERT_TRUE(parsed.agrees(key, scan))
-          << key << " in document " << i << ": " << ::testing::PrintToString(scan) << "\n" << document;
+          << key << " in document " << i << ": " << ::testing::PrintToString(scan) << "\n"
+          << document;
     }
   }
   // The changes must leave both kinds, or the comparison would show nothing.

@@ -75,7 +75,8 @@ TEST_F(PropertyListScanFoundationTest, DecidesNothingThatFoundationRefuses) {
       if (scan.outcome == Outcome::kUndecided) continue;
       ++decided;
       ASSERT_TRUE(agrees(contents, key, scan))
-          << key << " in document " << i << ": " << ::testing::PrintToString(scan) << "\n" << document;
+          << key << " in document " << i << ": " << ::testing::PrintToString(scan) << "\n"
+          << document;
     }
     drainPool();
   }

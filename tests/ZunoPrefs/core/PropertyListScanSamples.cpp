@@ -58,10 +58,11 @@ const auto& oneOf(const List& list, Random& random) {
   return list[below(std::size(list), random)];
 }
 
-constexpr const char* kWords[] = {"blur", "device", "iPhone 15 & co", "a < b > c", "naïve", "ﬁ", "日本語", "😀👍🏽", "",
-                                  " spaced\tout ", "line one\r\nline two\n", "\"quoted\" 'too'", "\x7f\xc2\x80", "0"};
-constexpr const char* kKeys[] = {"enabled", "useCustom", "device", "iosVersion", "backgroundImage", "blur & dim",
-                                 "größe",   "鍵",        "🔑",      "x",          "A key with spaces", "\"<>'"};
+constexpr const char* kWords[] = {
+    "blur", "device",        "iPhone 15 & co",         "a < b > c",        "naïve",        "ﬁ", "日本語", "😀👍🏽",
+    "",     " spaced\tout ", "line one\r\nline two\n", "\"quoted\" 'too'", "\x7f\xc2\x80", "0"};
+constexpr const char* kKeys[] = {"enabled", "useCustom", "device", "iosVersion", "backgroundImage",   "blur & dim",
+                                 "größe",   "鍵",        "🔑",     "x",          "A key with spaces", "\"<>'"};
 
 std::string randomText(Random& random) {
   std::string text;
@@ -142,11 +143,10 @@ plist_t readNode(const std::string& document) {
 plist_t randomNode(Random& random, std::size_t depth, std::string& xml, ScannedValue* value) {
   ScannedValue ignored;
   if (!value) value = &ignored;
-  constexpr std::uint64_t kNumbers[] = {0,   1,          2,          9,           127,         128,
-                                        255, 256,        65535,      65536,       0xffffffff,  0x100000000,
-                                        std::numeric_limits<std::int64_t>::max()};
-  constexpr std::pair<double, const char*> kReals[] = {
-      {0.5, "0.5"}, {-20.0, "-20"}, {0.1, "0.1"}, {1e20, "1e+20"}, {0.0, "0.0"}, {-0.25, "-2.5E-1"}};
+  constexpr std::uint64_t kNumbers[] = {
+      0, 1, 2, 9, 127, 128, 255, 256, 65535, 65536, 0xffffffff, 0x100000000, std::numeric_limits<std::int64_t>::max()};
+  constexpr std::pair<double, const char*> kReals[] = {{0.5, "0.5"},    {-20.0, "-20"}, {0.1, "0.1"},
+                                                       {1e20, "1e+20"}, {0.0, "0.0"},   {-0.25, "-2.5E-1"}};
   switch (below(depth < 4 ? 7 : 5, random)) {
     case 0: {
       const auto text = randomText(random);
@@ -174,10 +174,8 @@ plist_t randomNode(Random& random, std::size_t depth, std::string& xml, ScannedV
       *value = truth;
       return plist_new_bool(truth);
     }
-    case 5:
-      return randomArray(random, depth, xml);
-    default:
-      return randomDictionary(random, depth, xml, nullptr);
+    case 5: return randomArray(random, depth, xml);
+    default: return randomDictionary(random, depth, xml, nullptr);
   }
 }
 
@@ -196,15 +194,53 @@ void shorten(ScannedValue& value) {
   if (real && static_cast<float>(*real) == *real) value = static_cast<float>(*real);
 }
 
-constexpr std::string_view kFragments[] = {
-    "<",       ">",         "&",        "&amp;",    "&#65;",   "&#x1F600;", "&bogus;",   "]]>",       "<![CDATA[x]]>",
-    "<!--a-->", "<!-- -- -->", "<dict>", "</dict>",  "<dict/>", "<array>",   "</array>",  "<array/>",  "<key>",
-    "</key>",  "<key/>",    "<key>device</key>", "<string>", "</string>", "<string/>", "<true/>", "<true></true>",
-    "<integer>1</integer>", "<integer>0x1F</integer>", "<integer> 7 </integer>", "<integer>-1</integer>",
-    "<integer>010</integer>",
-    "<real>nan</real>", "<real>1e5</real>", "<real>.5</real>", "<data>AAAA</data>", "<date>2024-02-29T12:00:00Z</date>",
-    "</plist>", "<?x?>",    "\xef\xbb\xbf", "\xff",  "\xed\xa0\x80", "\xc0\x80", "\xf0\x9f\x98\x80", "\x01", " ",
-    std::string_view("\0", 1), std::string_view("\0\0\0\0", 4)};
+constexpr std::string_view kFragments[] = {"<",
+                                           ">",
+                                           "&",
+                                           "&amp;",
+                                           "&#65;",
+                                           "&#x1F600;",
+                                           "&bogus;",
+                                           "]]>",
+                                           "<![CDATA[x]]>",
+                                           "<!--a-->",
+                                           "<!-- -- -->",
+                                           "<dict>",
+                                           "</dict>",
+                                           "<dict/>",
+                                           "<array>",
+                                           "</array>",
+                                           "<array/>",
+                                           "<key>",
+                                           "</key>",
+                                           "<key/>",
+                                           "<key>device</key>",
+                                           "<string>",
+                                           "</string>",
+                                           "<string/>",
+                                           "<true/>",
+                                           "<true></true>",
+                                           "<integer>1</integer>",
+                                           "<integer>0x1F</integer>",
+                                           "<integer> 7 </integer>",
+                                           "<integer>-1</integer>",
+                                           "<integer>010</integer>",
+                                           "<real>nan</real>",
+                                           "<real>1e5</real>",
+                                           "<real>.5</real>",
+                                           "<data>AAAA</data>",
+                                           "<date>2024-02-29T12:00:00Z</date>",
+                                           "</plist>",
+                                           "<?x?>",
+                                           "\xef\xbb\xbf",
+                                           "\xff",
+                                           "\xed\xa0\x80",
+                                           "\xc0\x80",
+                                           "\xf0\x9f\x98\x80",
+                                           "\x01",
+                                           " ",
+                                           std::string_view("\0", 1),
+                                           std::string_view("\0\0\0\0", 4)};
 
 }  // namespace
 
@@ -218,9 +254,7 @@ Sample randomSample(Random& random) {
       sample.document = written(root.get(), plist_to_bin);
       for (auto& [key, scan] : sample.expectations) shorten(scan.value);
       break;
-    case 1:
-      sample.document = written(root.get(), plist_to_xml);
-      break;
+    case 1: sample.document = written(root.get(), plist_to_xml); break;
     default:
       sample.document = std::string(kXMLHead) + space(random) + xml + space(random);
       sample.document += std::string(kXMLTail) + space(random);
@@ -236,21 +270,11 @@ std::string damaged(std::string document, Random& random) {
     const auto at = size - 1 - fromEnd;
     const auto length = std::min<std::size_t>(below(below(2, random) == 0 ? 4 : 40, random), document.size() - at);
     switch (below(7, random)) {
-      case 0:
-        document.erase(at, length);
-        break;
-      case 1:
-        document.insert(at, oneOf(kFragments, random));
-        break;
-      case 2:
-        document.replace(at, length, oneOf(kFragments, random));
-        break;
-      case 3:
-        document.insert(below(size, random), document.substr(at, length));
-        break;
-      case 4:
-        document.resize(at);
-        break;
+      case 0: document.erase(at, length); break;
+      case 1: document.insert(at, oneOf(kFragments, random)); break;
+      case 2: document.replace(at, length, oneOf(kFragments, random)); break;
+      case 3: document.insert(below(size, random), document.substr(at, length)); break;
+      case 4: document.resize(at); break;
       case 5:
         if (at < document.size()) document[at] = static_cast<char>(random());
         break;

@@ -46,8 +46,8 @@ std::string bigEndian(std::uint64_t number, int size) {
 
 /// The value of "k" in an XML document that holds `text` for it.
 zuno::PropertyListScan inXML(const std::string& text) {
-  const auto document = std::string(kXMLHead) + "<dict><key>k</key><string>" + text + "</string></dict>" +
-                        std::string(kXMLTail);
+  const auto document =
+      std::string(kXMLHead) + "<dict><key>k</key><string>" + text + "</string></dict>" + std::string(kXMLTail);
   auto scan = zuno::scanPropertyList(std::as_bytes(std::span(document)), "k");
   if (const auto* lent = std::get_if<std::string_view>(&scan.value)) scan.value = std::string(*lent);
   return scan;

@@ -39,8 +39,9 @@ TEST(PropertyListScanXMLTest, FindsEveryKindOfScalar) {
 }
 
 TEST(PropertyListScanXMLTest, FindsSeveralKeysInOnePass) {
-  const auto document = dictionary("\t<key>a</key>\n\t<integer>1</integer>\n\t<key>b</key>\n\t<string>two</string>\n"
-                                   "\t<key>c</key>\n\t<dict>\n\t<key>d</key>\n\t<true/>\n\t</dict>\n");
+  const auto document = dictionary(
+      "\t<key>a</key>\n\t<integer>1</integer>\n\t<key>b</key>\n\t<string>two</string>\n"
+      "\t<key>c</key>\n\t<dict>\n\t<key>d</key>\n\t<true/>\n\t</dict>\n");
   const Scans all{found(true), found("two"sv), absent(), found(std::int64_t{1})};
   EXPECT_EQ(scanGuardedKeys(document, {"last", "b", "d", "a"}), all);
   EXPECT_EQ(scanGuardedKeys(document, {}), Scans{});
@@ -125,10 +126,30 @@ TEST(PropertyListScanXMLTest, DecodesTheNamedEntities) {
 }
 
 TEST(PropertyListScanXMLTest, LeavesWhatWritersDoNotPutIntoTexts) {
-  for (const char* text : {"&#65;", "&#x1F600;", "&#0;", "&bogus;", "&", "& ", "&lt", "&LT;", "<![CDATA[x]]>",
-                           "a<!-- b -->", "<b>", "\x01", "\x1f", "\xef\xbf\xbe", "\xef\xbf\xbf", "\x80", "\xc3",
-                           "\xc0\x80", "\xe0\x80\x80", "\xed\xa0\x80", "\xf0\x80\x80\x80",
-                           "\xf4\x90\x80\x80", "\xf5\x80\x80\x80", "\xff"}) {
+  for (const char* text : {"&#65;",
+                           "&#x1F600;",
+                           "&#0;",
+                           "&bogus;",
+                           "&",
+                           "& ",
+                           "&lt",
+                           "&LT;",
+                           "<![CDATA[x]]>",
+                           "a<!-- b -->",
+                           "<b>",
+                           "\x01",
+                           "\x1f",
+                           "\xef\xbf\xbe",
+                           "\xef\xbf\xbf",
+                           "\x80",
+                           "\xc3",
+                           "\xc0\x80",
+                           "\xe0\x80\x80",
+                           "\xed\xa0\x80",
+                           "\xf0\x80\x80\x80",
+                           "\xf4\x90\x80\x80",
+                           "\xf5\x80\x80\x80",
+                           "\xff"}) {
     for (const std::string& before : {std::string(), std::string(700, 'x')}) {
       const auto element = "<string>" + before + text + "</string>";
       EXPECT_EQ(valueOf(element), undecided()) << element;
@@ -181,8 +202,8 @@ TEST(PropertyListScanXMLTest, TellsAbsentKeys) {
 }
 
 TEST(PropertyListScanXMLTest, ComparesKeysDecoded) {
-  const auto document = dictionary(
-      "<key>blur &amp; dim</key><true/><key>größe 🔑</key><false/><key></key><integer>1</integer>");
+  const auto document =
+      dictionary("<key>blur &amp; dim</key><true/><key>größe 🔑</key><false/><key></key><integer>1</integer>");
   EXPECT_EQ(scanGuarded(document, "blur & dim"), found(true));
   EXPECT_EQ(scanGuarded(document, "blur &amp; dim"), absent());
   EXPECT_EQ(scanGuarded(document, "größe 🔑"), found(false));
@@ -224,13 +245,13 @@ TEST(PropertyListScanXMLTest, LeavesKeysThatOccurTwice) {
 TEST(PropertyListScanXMLTest, AcceptsTheSpellingsOfTheWriters) {
   const std::string xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
   const std::string entries = "<dict><key>k</key><string>v</string></dict></plist>";
-  for (const std::string& head : {
-           "\n<!DOCTYPE plist PUBLIC \"-//Apple Computer//DTD PLIST 1.0//EN\" "
-           "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n<plist version=\"1.0\">\n",
-           "\n<!DOCTYPE plist PUBLIC \"-//GNUstep//DTD plist 0.9//EN\" \"http://www.gnustep.org/plist-0_9.xml\">\n"
-           "<plist version=\"0.9\">\n",
-           "<!DOCTYPE plist PUBLIC \"a\" \"http://a/~b\"><plist version=\"1.0\">",
-           "<plist version=\"1.0\">", "\r\n<plist version=\"1.0\">\r\n"}) {
+  for (const std::string& head :
+       {"\n<!DOCTYPE plist PUBLIC \"-//Apple Computer//DTD PLIST 1.0//EN\" "
+        "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n<plist version=\"1.0\">\n",
+        "\n<!DOCTYPE plist PUBLIC \"-//GNUstep//DTD plist 0.9//EN\" \"http://www.gnustep.org/plist-0_9.xml\">\n"
+        "<plist version=\"0.9\">\n",
+        "<!DOCTYPE plist PUBLIC \"a\" \"http://a/~b\"><plist version=\"1.0\">", "<plist version=\"1.0\">",
+        "\r\n<plist version=\"1.0\">\r\n"}) {
     EXPECT_EQ(scanGuarded(xml + head + entries, "k"), found("v"sv)) << head;
     EXPECT_EQ(scanGuarded(xml + head + entries + "\r\n \t\n", "k"), found("v"sv)) << head;
   }
@@ -275,9 +296,8 @@ TEST(PropertyListScanXMLTest, LeavesOtherRoots) {
 }
 
 TEST(PropertyListScanXMLTest, LeavesOtherTexts) {
-  for (const std::string_view document :
-       {""sv, "<"sv, " "sv, "\0"sv, "{ k = v; }"sv, "k = v;"sv, "garbage"sv, "{\"k\":true}"sv, "<html></html>"sv,
-        "\xff\xfe<\0?\0"sv}) {
+  for (const std::string_view document : {""sv, "<"sv, " "sv, "\0"sv, "{ k = v; }"sv, "k = v;"sv, "garbage"sv,
+                                          "{\"k\":true}"sv, "<html></html>"sv, "\xff\xfe<\0?\0"sv}) {
     EXPECT_EQ(scanGuarded(document, "k"), undecided()) << document;
   }
 }

@@ -38,8 +38,8 @@ class RootPageRowsTest : public RootPageTest {
   static std::vector<std::string> shown(ZunoprefsRootListController *page) {
     std::vector<std::string> rows;
     for (PSSpecifier *row in [page specifiers]) {
-      rows.push_back(named([row propertyForKey:@"key"], [row propertyForKey:@"label"],
-                           [row propertyForKey:@"footerText"]));
+      rows.push_back(
+          named([row propertyForKey:@"key"], [row propertyForKey:@"label"], [row propertyForKey:@"footerText"]));
     }
     return rows;
   }

@@ -14,9 +14,7 @@ class RootPageTest : public BundleTest {
   ZunoprefsRootListController *newPage() {
     return [[(ZunoprefsRootListController *)[classNamed("ZunoprefsRootListController") alloc] init] autorelease];
   }
-  static bool shouldReload(ZunoprefsRootListController *page) {
-    return [[page valueForKey:@"shouldReload"] boolValue];
-  }
+  static bool shouldReload(ZunoprefsRootListController *page) { return [[page valueForKey:@"shouldReload"] boolValue]; }
 };
 
 }  // namespace testing_support

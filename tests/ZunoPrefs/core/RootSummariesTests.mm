@@ -54,11 +54,12 @@ TEST_F(RootSummariesTest, TheNamesStandInTheOrderOfTheStoredLists) {
   installApp(@"Maps", @"test.maps");
   installApp(@"Mail", @"test.mail");
   (void)installWidget(@"clock", @"FixtureWidget");
-  writePreferences(kMainFile, @{
-    @"FavouriteApplications" : @[ @"test.maps", @"test.gone", @"test.mail" ],
-    @"defaultNowPlayingBundleIdentifier" : @[ @"test.mail" ],
-    @"EnabledWidgets" : @[ @"KRBFavouritesView", @"test.clock", @"test.gone", @"KRBMusicView" ],
-  });
+  writePreferences(
+      kMainFile, @{
+        @"FavouriteApplications" : @[ @"test.maps", @"test.gone", @"test.mail" ],
+        @"defaultNowPlayingBundleIdentifier" : @[ @"test.mail" ],
+        @"EnabledWidgets" : @[ @"KRBFavouritesView", @"test.clock", @"test.gone", @"KRBMusicView" ],
+      });
   ZunoprefsRootListController *page = shownPage();
   EXPECT_EQ(favourites(page), "Maps, test.gone, Mail") << "an app that is not installed has its identifier";
   EXPECT_EQ(music(page), "Mail");
@@ -68,11 +69,12 @@ TEST_F(RootSummariesTest, TheNamesStandInTheOrderOfTheStoredLists) {
 TEST_F(RootSummariesTest, WhileZunoIsOffTheFactorySettingsAreToldAtOnce) {
   installApp(@"Music", @"com.apple.Music");
   installApp(@"Mail", @"test.mail");
-  writePreferences(kMainFile, @{
-    @"FavouriteApplications" : @[ @"test.mail" ],
-    @"defaultNowPlayingBundleIdentifier" : @[ @"test.mail" ],
-    @"EnabledWidgets" : @[ @"KRBFavouritesView" ],
-  });
+  writePreferences(
+      kMainFile, @{
+        @"FavouriteApplications" : @[ @"test.mail" ],
+        @"defaultNowPlayingBundleIdentifier" : @[ @"test.mail" ],
+        @"EnabledWidgets" : @[ @"KRBFavouritesView" ],
+      });
   ZunoprefsRootListController *page = shownPage();
   const auto told = [&] { return music(page) + "|" + favourites(page) + "|" + widgets(page); };
   EXPECT_EQ(told(), "Mail|Mail|Favourites View");
@@ -95,7 +97,10 @@ TEST_F(RootSummariesTest, ThePageThatAppearsAgainTellsWhatWasChosenMeanwhile) {
   EXPECT_EQ(favourites(page), "None");
   [navigation pushViewController:[[[UIViewController alloc] init] autorelease] animated:YES];
   installApp(@"Mail", @"test.mail");
-  writePreferences(kMainFile, @{@"FavouriteApplications" : @[ @"test.mail" ], @"EnabledWidgets" : @[ @"KRBFavouritesView" ]});
+  writePreferences(
+      kMainFile,
+      @{@"FavouriteApplications" : @[ @"test.mail" ],
+        @"EnabledWidgets" : @[ @"KRBFavouritesView" ]});
   [navigation popViewControllerAnimated:YES];
   SIMDrainMainQueue();
   EXPECT_EQ(favourites(page), "Mail");
@@ -149,9 +154,11 @@ TEST_F(RootSummariesTest, OnlyWhatKeepsTheContractIsAWidget) {
   (void)installWidget(@"nobody", @"FixtureWidget", @{@"CFBundleIdentifier" : [NSNull null]});
   (void)installWidget(@"false", @"FixtureWidget", @{@"CFBundleIdentifier" : @"KRBMusicView"});
   write([kWidgetsFolder stringByAppendingString:@"/no bundle"], "text");
-  writePreferences(kMainFile, @{
-    @"EnabledWidgets" : @[ @"test.old", @"test.odd", @"test.plain", @"test.number", @"test.nobody", @"KRBMusicView" ]
-  });
+  writePreferences(
+      kMainFile, @{
+        @"EnabledWidgets" :
+            @[ @"test.old", @"test.odd", @"test.plain", @"test.number", @"test.nobody", @"KRBMusicView" ]
+      });
   EXPECT_EQ(widgets(shownPage()), "test.plain, test.number, Music View");
 }
 
@@ -161,10 +168,11 @@ TEST_F(RootSummariesTest, ValuesOfOddTypesAreNoChoice) {
   ZunoprefsRootListController *page = newPage();
   (void)show(page);
   EXPECT_EQ(widgets(page), "None");
-  writePreferences(kMainFile, @{
-    @"FavouriteApplications" : @[ @1, @"test.mail", @[], @"" ],
-    @"defaultNowPlayingBundleIdentifier" : @"test.mail",
-  });
+  writePreferences(
+      kMainFile, @{
+        @"FavouriteApplications" : @[ @1, @"test.mail", @[], @"" ],
+        @"defaultNowPlayingBundleIdentifier" : @"test.mail",
+      });
   page = shownPage();
   EXPECT_EQ(favourites(page), "Mail");
   EXPECT_EQ(music(page), "Mail") << "one text stands for a list of one";

@@ -102,8 +102,8 @@ TEST_F(RootPageTest, ProfileLinksOpenOneAddressEach) {
   [page developerProfileLink];
   [page designerProfileLink];
   SIMDrainMainQueue();
-  EXPECT_EQ(openedURLs, (std::vector<std::string>{"https://social.example/@norvik",
-                                                  "https://social.example/@norvik.design"}));
+  EXPECT_EQ(openedURLs,
+            (std::vector<std::string>{"https://social.example/@norvik", "https://social.example/@norvik.design"}));
 }
 
 TEST_F(RootPageTest, EachPickerIsPushedAnimatedAndThenTheBackButtonStays) {
@@ -123,7 +123,8 @@ TEST_F(RootPageTest, EachPickerIsPushedAnimatedAndThenTheBackButtonStays) {
           ++pushes;
           if ([pushed respondsToSelector:@selector(maxEnabled)]) {
             EXPECT_EQ([(NorvikAppListTableViewController *)pushed maxEnabled], 1) << action << ": set before the push";
-            EXPECT_FALSE([(NorvikAppListTableViewController *)pushed showBundleIdentifierOnTap]) << action << ": and this after";
+            EXPECT_FALSE([(NorvikAppListTableViewController *)pushed showBundleIdentifierOnTap])
+                << action << ": and this after";
           }
           EXPECT_TRUE(animated) << action;
           EXPECT_TRUE([[page navigationItem] hidesBackButton]) << action << ": not before the push";
@@ -142,7 +143,8 @@ TEST_F(RootPageTest, TheMusicAppIsStoredAsAListOfOne) {
   for (NSString *name in @[ @"First", @"Second" ]) {
     NSString *info = [NSString stringWithFormat:@"/Applications/%@.app/Info.plist", name];
     makeFolder([info stringByDeletingLastPathComponent]);
-    NSDictionary *app = @{@"CFBundleIdentifier" : [@"test." stringByAppendingString:name], @"CFBundleDisplayName" : name};
+    NSDictionary *app =
+        @{@"CFBundleIdentifier" : [@"test." stringByAppendingString:name], @"CFBundleDisplayName" : name};
     ASSERT_TRUE([app writeToFile:path(info) atomically:YES]);
   }
   writePreferences(kMainFile, @{@"Enabled" : @1});
@@ -162,7 +164,9 @@ TEST_F(RootPageTest, TheMusicAppIsStoredAsAListOfOne) {
   UITableViewCell *tapped = [table cellForRowAtIndexPath:[NSIndexPath indexPathForRow:1 inSection:0]];
   EXPECT_OBJC_EQ([[tapped detailTextLabel] text], @"test.Second") << "a tapped row shows its identifier";
   EXPECT_OBJC_EQ(preferences(kMainFile),
-                 (@{@"Enabled" : @1, @"defaultNowPlayingBundleIdentifier" : @[ @"test.Second" ]}));
+                 (
+                     @{@"Enabled" : @1,
+                       @"defaultNowPlayingBundleIdentifier" : @[ @"test.Second" ]}));
 }
 
 }  // namespace

@@ -42,8 +42,8 @@ class EditorTest : public BundleTest {
   static UITableViewCell *cell(Editor *editor, NSInteger section, NSInteger row) {
     return [editor tableView:[editor tableView] cellForRowAtIndexPath:at(section, row)];
   }
-  /// Sections that the editor does not have are titled like the disabled one and have as many rows, here `count`; no row
-  /// of theirs is a placeholder, so all can be edited.
+  /// Sections that the editor does not have are titled like the disabled one and have as many rows, here `count`; no
+  /// row of theirs is a placeholder, so all can be edited.
   static void expectFurtherSections(Editor *editor, NSInteger count);
   /// The stored list under `key`, joined like the sections; "none" when there is none.
   std::string stored(NSString *key);

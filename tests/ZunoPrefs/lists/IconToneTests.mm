@@ -58,8 +58,8 @@ class IconToneTest : public EditorTest, public ::testing::WithParamInterface<con
   static UIImage *image(int width, int height, CGFloat scale, NSData *data) {
     CGDataProviderRef provider = CGDataProviderCreateWithCFData((CFDataRef)data);
     CGColorSpaceRef space = CGColorSpaceCreateDeviceRGB();
-    CGImageRef bitmap = CGImageCreate(width, height, 8, 32, width * 4, space, kCGImageAlphaLast, provider, nullptr, false,
-                                      kCGRenderingIntentDefault);
+    CGImageRef bitmap = CGImageCreate(width, height, 8, 32, width * 4, space, kCGImageAlphaLast, provider, nullptr,
+                                      false, kCGRenderingIntentDefault);
     UIImage *image = [UIImage imageWithCGImage:bitmap scale:scale orientation:UIImageOrientationUp];
     CGImageRelease(bitmap);
     CGColorSpaceRelease(space);
@@ -189,9 +189,8 @@ TEST_P(IconToneTest, TheFilterTakesItsDefaultsBeforeItsInput) {
   std::vector<std::string> messages;
   Class filter = [[CIFilter filterWithName:@"CIColorInvert"] class];
   const MethodSpy<> defaults(filter, @selector(setDefaults), [&](id) { messages.push_back("setDefaults"); });
-  const MethodSpy<CIImage *> input(filter, @selector(setInputImage:), [&](id, CIImage *given) {
-    messages.push_back(given ? "an input" : "no input");
-  });
+  const MethodSpy<CIImage *> input(filter, @selector(setInputImage:),
+                                   [&](id, CIImage *given) { messages.push_back(given ? "an input" : "no input"); });
   [subject invertImage:recipe];
   [subject invertImage:image(2, 2, 1, 0)];
   EXPECT_EQ(messages, (std::vector<std::string>{"setDefaults", "an input", "setDefaults", "no input"}));

@@ -47,8 +47,7 @@ std::int32_t countByDefinition(Bytes bytes) {
 class GuardedPages final {
  public:
   GuardedPages() {
-    memory_ = static_cast<std::uint8_t*>(
-        mmap(nullptr, 3 * page_, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+    memory_ = static_cast<std::uint8_t*>(mmap(nullptr, 3 * page_, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
     if (memory_ == MAP_FAILED || mprotect(begin(), page_, PROT_READ | PROT_WRITE) != 0) std::abort();
   }
   ~GuardedPages() { munmap(memory_, 3 * page_); }
@@ -161,13 +160,12 @@ TEST_P(ToneVariantTest, AnEmptyBufferHasNoGroups) {
   EXPECT_EQ(count(Bytes(&byte, 0)), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Running, ToneVariantTest, ::testing::ValuesIn(std::vector<detail::ToneVariant>(
-                             detail::toneVariants().begin(), detail::toneVariants().end())),
+INSTANTIATE_TEST_SUITE_P(Running, ToneVariantTest,
+                         ::testing::ValuesIn(std::vector<detail::ToneVariant>(detail::toneVariants().begin(),
+                                                                              detail::toneVariants().end())),
                          [](const auto& info) { return std::string(info.param.name); });
 
-TEST(ToneKernelTest, EndsTheListWithPortableCode) {
-  EXPECT_STREQ(detail::toneVariants().back().name, "portable");
-}
+TEST(ToneKernelTest, EndsTheListWithPortableCode) { EXPECT_STREQ(detail::toneVariants().back().name, "portable"); }
 
 #if defined(__x86_64__)
 

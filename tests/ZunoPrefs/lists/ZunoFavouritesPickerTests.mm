@@ -46,8 +46,8 @@ class FavouritesTest : public EditorTest {
 
   /// The editor before the installed apps have arrived.
   Editor *newEditor() {
-    id editor = [(ZunoFavouritesPicker *)[classNamed("ZunoFavouritesPicker") alloc]
-        initWithIdentifier:@"com.norvik.Zunoprefs"];
+    id editor =
+        [(ZunoFavouritesPicker *)[classNamed("ZunoFavouritesPicker") alloc] initWithIdentifier:@"com.norvik.Zunoprefs"];
     return [(Editor *)editor autorelease];
   }
   /// The editor with the installed apps.
@@ -407,7 +407,6 @@ TEST_F(FavouritesTest, TheEditorGoesAwayWithItsPage) {
 }
 
 }  // namespace
-
 
 @implementation BareRecord
 

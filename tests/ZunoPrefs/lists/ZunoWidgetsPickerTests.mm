@@ -170,9 +170,8 @@ TEST_F(WidgetsPickerTest, TheWidgetsAreThoseOfTheSharedLoaderLoadedAnew) {
 
 TEST_F(WidgetsPickerTest, TheWidgetsAreLoadedOnceTheIdentifierIsKnown) {
   std::vector<std::string> identifiers;
-  const MethodSpy<> load(classNamed("ZunoWidgetsPicker"), @selector(loadWidgets), [&](id picker) {
-    identifiers.emplace_back([[picker prefsIdentifier] UTF8String] ?: "none");
-  });
+  const MethodSpy<> load(classNamed("ZunoWidgetsPicker"), @selector(loadWidgets),
+                         [&](id picker) { identifiers.emplace_back([[picker prefsIdentifier] UTF8String] ?: "none"); });
   editor();
   EXPECT_EQ(identifiers, std::vector<std::string>{"com.norvik.Zunoprefs"});
 }

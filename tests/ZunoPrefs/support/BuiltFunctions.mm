@@ -35,7 +35,8 @@ PropertyListScan scanPropertyList(std::span<const std::byte> document, std::stri
 void scanPropertyListKeys(std::span<const std::byte> document, std::span<const std::string_view> keys,
                           std::span<PropertyListScan> results) noexcept {
   static auto *const function = built<decltype(scanPropertyListKeys)>(
-      "_ZN4zuno20scanPropertyListKeysESt4spanIKSt4byteLm18446744073709551615EES0_IKSt17basic_string_viewIcSt11char_traits"
+      "_ZN4zuno20scanPropertyListKeysESt4spanIKSt4byteLm18446744073709551615EES0_IKSt17basic_string_viewIcSt11char_"
+      "traits"
       "IcEELm18446744073709551615EES0_INS_16PropertyListScanELm18446744073709551615EE");
   function(document, keys, results);
 }
@@ -63,9 +64,9 @@ std::string colourText(const Colour &colour) {
 }
 
 Theme themeFrom(const ThemeReader &read) {
-  static auto *const function = built<decltype(themeFrom)>(
-      "_ZN4zuno9themeFromERKSt8functionIFSt7variantIJSt9monostatedNSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEEEES"
-      "t17basic_string_viewIcS6_EEE");
+  static auto *const function = built<decltype(themeFrom)>("_ZN4zuno9themeFromERKSt8functionIFSt7variantIJSt9monostated"
+                                                           "NSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEEEES"
+                                                           "t17basic_string_viewIcS6_EEE");
   return function(read);
 }
 

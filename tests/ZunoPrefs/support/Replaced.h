@@ -10,16 +10,16 @@ namespace testing_support {
 template <typename Function>
 class Replaced final {
  public:
-  Replaced(Class owner, SEL name, Function *other)
+  Replaced(Class owner, SEL name, Function* other)
       : owner_(owner),
         name_(name),
-        original_(exchangeImplementation(owner, name, reinterpret_cast<IMP>(reinterpret_cast<void *>(other)))) {}
+        original_(exchangeImplementation(owner, name, reinterpret_cast<IMP>(reinterpret_cast<void*>(other)))) {}
   ~Replaced() { exchangeImplementation(owner_, name_, original_); }
-  Replaced(const Replaced &) = delete;
-  Replaced &operator=(const Replaced &) = delete;
+  Replaced(const Replaced&) = delete;
+  Replaced& operator=(const Replaced&) = delete;
 
   /// What stood there before.
-  Function *original() const { return reinterpret_cast<Function *>(reinterpret_cast<void *>(original_)); }
+  Function* original() const { return reinterpret_cast<Function*>(reinterpret_cast<void*>(original_)); }
 
  private:
   Class owner_;

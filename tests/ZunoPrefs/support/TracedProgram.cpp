@@ -18,14 +18,15 @@ namespace {
 /// What the kernel tells of the call at which a process stopped.
 using CallInfo = struct __ptrace_syscall_info;
 
-bool opensForChange(std::uint64_t flags) { return (flags & O_ACCMODE) != O_RDONLY || (flags & (O_CREAT | O_TRUNC)) != 0; }
+bool opensForChange(std::uint64_t flags) {
+  return (flags & O_ACCMODE) != O_RDONLY || (flags & (O_CREAT | O_TRUNC)) != 0;
+}
 
 /// Whether the system call about to be made may change a file, a folder or what is on the disk of it.
 bool changesDisk(const CallInfo& call) {
   switch (call.entry.nr) {
 #ifdef SYS_open
-    case SYS_open:
-      return opensForChange(call.entry.args[1]);
+    case SYS_open: return opensForChange(call.entry.args[1]);
     case SYS_creat:
     case SYS_rename:
     case SYS_unlink:
@@ -63,24 +64,21 @@ bool changesDisk(const CallInfo& call) {
     case SYS_fchmodat:
     case SYS_fchown:
     case SYS_fchownat:
-    case SYS_utimensat:
-      return true;
-    case SYS_openat:
-      return opensForChange(call.entry.args[2]);
-    default:
-      return false;
+    case SYS_utimensat: return true;
+    case SYS_openat: return opensForChange(call.entry.args[2]);
+    default: return false;
   }
 }
 
 }  // namespace
 
-TracedProgram::TracedProgram(std::vector<const char *> arguments) {
+TracedProgram::TracedProgram(std::vector<const char*> arguments) {
   arguments.push_back(nullptr);
   process_ = ::fork();
   if (process_ != 0) return;
-  ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);  // Stops at the exec.
-  std::array<const char *, 2> environment{"ASAN_OPTIONS=detect_leaks=0", nullptr};  // Two tracers do not go together.
-  ::execve(arguments[0], const_cast<char **>(arguments.data()), const_cast<char **>(environment.data()));
+  ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);                                   // Stops at the exec.
+  std::array<const char*, 2> environment{"ASAN_OPTIONS=detect_leaks=0", nullptr};  // Two tracers do not go together.
+  ::execve(arguments[0], const_cast<char**>(arguments.data()), const_cast<char**>(environment.data()));
   ::_exit(127);
 }
 

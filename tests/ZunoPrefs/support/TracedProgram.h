@@ -11,10 +11,10 @@ namespace testing_support {
 class TracedProgram final {
  public:
   /// `arguments` begin with the program's path.
-  explicit TracedProgram(std::vector<const char *> arguments);
+  explicit TracedProgram(std::vector<const char*> arguments);
 
-  /// Lets the program run, and kills it as it enters call number `last` (from 1) of those that change the disk; 0 lets it
-  /// run through. Returns how the program ended, as waitpid() tells it.
+  /// Lets the program run, and kills it as it enters call number `last` (from 1) of those that change the disk; 0 lets
+  /// it run through. Returns how the program ended, as waitpid() tells it.
   int runUntil(int last);
 
  private:

@@ -11,9 +11,9 @@ extern NSString *const kWidgetsFolder;  ///< Device path of the widgets folder.
 
 class WidgetTest : public EditorTest {
  protected:
-  /// Lays out "<name>.bundle" with the built code `code` (see tests/fixtures/widgets) and the Info list of a good widget
-  /// whose class is named like the code and whose identifier is "test.<name>", with `changes` applied; a change to
-  /// NSNull takes the key out. Returns the bundle's folder on this computer.
+  /// Lays out "<name>.bundle" with the built code `code` (see tests/fixtures/widgets) and the Info list of a good
+  /// widget whose class is named like the code and whose identifier is "test.<name>", with `changes` applied; a change
+  /// to NSNull takes the key out. Returns the bundle's folder on this computer.
   NSString *installWidget(NSString *name, NSString *code, NSDictionary *changes);
   NSString *installWidget(NSString *name, NSString *code) { return installWidget(name, code, @{}); }
   /// The same with a copy of the code: the folder as somebody has copied it.

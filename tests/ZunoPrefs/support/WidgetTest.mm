@@ -9,10 +9,10 @@ NSString *const kWidgetsFolder = @"/var/jb/Library/Zuno/Widgets";
 
 NSString *WidgetTest::installWidget(NSString *name, NSString *code, NSDictionary *changes) {
   NSString *folder = makeFolder([NSString stringWithFormat:@"%@/%@.bundle", kWidgetsFolder, name]);
-  NSMutableDictionary *info = [NSMutableDictionary dictionaryWithObjectsAndKeys:
-      code, @"CFBundleExecutable", [@"test." stringByAppendingString:name], @"CFBundleIdentifier",
-      [@"Widget " stringByAppendingString:name], @"CFBundleDisplayName", code, @"ZunoWidgetClass", @1,
-      @"ZunoWidgetsVersion", nil];
+  NSMutableDictionary *info = [NSMutableDictionary
+      dictionaryWithObjectsAndKeys:code, @"CFBundleExecutable", [@"test." stringByAppendingString:name],
+                                   @"CFBundleIdentifier", [@"Widget " stringByAppendingString:name],
+                                   @"CFBundleDisplayName", code, @"ZunoWidgetClass", @1, @"ZunoWidgetsVersion", nil];
   for (NSString *key in changes) {
     id value = [changes objectForKey:key];
     if (value == [NSNull null]) {

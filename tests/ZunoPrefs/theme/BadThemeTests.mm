@@ -43,14 +43,20 @@ class BadThemeTest : public ThemeTest {
  protected:
   void SetUp() override {
     ThemeTest::SetUp();
-    page_ = objcxx::adopt([(ZunoCustomiseRootListController *)[classNamed("ZunoCustomiseRootListController") alloc] init]);
+    page_ =
+        objcxx::adopt([(ZunoCustomiseRootListController *)[classNamed("ZunoCustomiseRootListController") alloc] init]);
     (void)show(page_.get());
-    PSSpecifier *row = [PSSpecifier preferenceSpecifierNamed:@"Image" target:nil set:nullptr get:nullptr detail:Nil
-                                                        cell:PSButtonCell edit:Nil];
+    PSSpecifier *row = [PSSpecifier preferenceSpecifierNamed:@"Image"
+                                                      target:nil
+                                                         set:nullptr
+                                                         get:nullptr
+                                                      detail:Nil
+                                                        cell:PSButtonCell
+                                                        edit:Nil];
     cell_ = objcxx::adopt([(ZunoImagePickerCell *)[classNamed("ZunoImagePickerCell") alloc]
-        initWithStyle:UITableViewCellStyleDefault
-      reuseIdentifier:@"Image"
-            specifier:row]);
+          initWithStyle:UITableViewCellStyleDefault
+        reuseIdentifier:@"Image"
+              specifier:row]);
     [cell_.get() setCurrentImage:picture(8, [UIColor redColor])];
   }
   void TearDown() override {
@@ -136,7 +142,8 @@ TEST_F(BadThemeTest, AStoredValueThatIsNoPictureLeavesThePictureAndStaysStored) 
       [page() setPreferenceValue:@2 specifier:row(@"spacing")];
       EXPECT_OBJC_EQ(preferences(kThemeFile), (@{@"backgroundImage" : fault.value, @"spacing" : @2})) << fault.name;
       pickThroughCell(picture(8, [UIColor redColor]));
-      EXPECT_EQ(colourOf([cell() decodeBase64ToImage:[preferences(kThemeFile) objectForKey:@"backgroundImage"]]), "255,0,0")
+      EXPECT_EQ(colourOf([cell() decodeBase64ToImage:[preferences(kThemeFile) objectForKey:@"backgroundImage"]]),
+                "255,0,0")
           << fault.name;
       EXPECT_OBJC_EQ([preferences(kThemeFile) objectForKey:@"spacing"], @2) << fault.name;
     }
@@ -158,7 +165,8 @@ TEST_F(BadThemeTest, APictureWhosePixelsAreDamagedEndsNothing) {
   UIImage *turned = [UIImage imageWithCGImage:[damaged CGImage] scale:1 orientation:UIImageOrientationRight];
   pickThroughPage(turned);
   pickThroughCell(turned);
-  EXPECT_OBJC_EQ(preferences(kThemeFile), @{@"backgroundImage" : base64(png)}) << "what cannot be encoded is not stored";
+  EXPECT_OBJC_EQ(preferences(kThemeFile), @{@"backgroundImage" : base64(png)})
+      << "what cannot be encoded is not stored";
 }
 
 TEST_F(BadThemeTest, ADamagedThemeFileShowsDefaultsAndTakesANewPicture) {
@@ -187,7 +195,8 @@ TEST_F(BadThemeTest, ADamagedThemeFileShowsDefaultsAndTakesANewPicture) {
     EXPECT_EQ(read(kThemeFile), fault.content) << fault.name << ": looking changes nothing";
     pickThroughPage(picture(8, [UIColor redColor]));
     EXPECT_EQ([preferences(kThemeFile) count], 1u) << fault.name;
-    EXPECT_EQ(colourOf([cell() decodeBase64ToImage:[preferences(kThemeFile) objectForKey:@"backgroundImage"]]), "255,0,0")
+    EXPECT_EQ(colourOf([cell() decodeBase64ToImage:[preferences(kThemeFile) objectForKey:@"backgroundImage"]]),
+              "255,0,0")
         << fault.name;
   }
 }

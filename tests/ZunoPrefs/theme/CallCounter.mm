@@ -10,9 +10,11 @@ Presentations::Presentations()
              if (!seen_.empty()) seen_ += ", ";
              seen_ += [NSStringFromClass([controller class]) UTF8String];
              if ([controller isKindOfClass:[UIAlertController class]]) {
-               seen_ += std::string(" with ") + [[[[(UIAlertController *)controller actions] lastObject] title] UTF8String];
+               seen_ +=
+                   std::string(" with ") + [[[[(UIAlertController *)controller actions] lastObject] title] UTF8String];
              }
-             if ([controller modalPresentationStyle] == UIModalPresentationOverFullScreen) seen_ += " on the full screen";
+             if ([controller modalPresentationStyle] == UIModalPresentationOverFullScreen)
+               seen_ += " on the full screen";
              if (animated) seen_ += " animated";
            }) {}
 

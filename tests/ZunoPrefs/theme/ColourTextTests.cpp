@@ -31,9 +31,11 @@ TEST(ColourText, CaseDoesNotMatter) {
 }
 
 TEST(ColourText, EverythingElseIsNoColour) {
-  for (const char *text : {"", "F", "FF", "FFF", "FFFF", "FFFFF", "FFFFFFF", "FFFFFFFFF", "#FFFFFF", "#FFFFF", " FFFFFF",
-                           "FFFFFF ", "FFFFF\n", "0xFFFF", "GGGGGG", "@@@@@@", "``````", "//////", "::::::", "gggggg",
-                           "F F F F ", "+1+1+1", "red", "\xef\xbc\x91\xef\xbc\x91", "FFFFFFFG", "FFFFFFGF"}) {
+  for (const char* text :
+       {"",         "F",       "FF",      "FFF",     "FFFF",     "FFFFF",  "FFFFFFF", "FFFFFFFFF",
+        "#FFFFFF",  "#FFFFF",  " FFFFFF", "FFFFFF ", "FFFFF\n",  "0xFFFF", "GGGGGG",  "@@@@@@",
+        "``````",   "//////",  "::::::",  "gggggg",  "F F F F ", "+1+1+1", "red",     "\xef\xbc\x91\xef\xbc\x91",
+        "FFFFFFFG", "FFFFFFGF"}) {
     EXPECT_FALSE(parseColour(text)) << text;
   }
   EXPECT_FALSE(parseColour(std::string_view("FFFFF\0", 6)));

@@ -36,8 +36,9 @@ class PresetDiskTest : public PresetsTest {
     NSURL *url = [NSURL fileURLWithPath:write(@"/picked/Dark.plist", dark_)];
     [url sim_setSecurityScope:SIMSecurityScopeReadable];
     ZunoPresets *page = showPage();
-    auto *picker = [[[UIDocumentPickerViewController alloc] initWithDocumentTypes:@[ @"public.data" ]
-                                                                           inMode:UIDocumentPickerModeImport] autorelease];
+    auto *picker =
+        [[[UIDocumentPickerViewController alloc] initWithDocumentTypes:@[ @"public.data" ]
+                                                                inMode:UIDocumentPickerModeImport] autorelease];
     {
       const FullDisk full(kLeft);
       [page documentPicker:picker didPickDocumentAtURL:url];
@@ -46,7 +47,7 @@ class PresetDiskTest : public PresetsTest {
   }
   /// Imports a string and describes the alert that follows.
   template <typename Disk>
-  std::string importString(const auto& limit) {
+  std::string importString(const auto &limit) {
     ZunoPresets *page = showPage();
     NSString *text = [page base64StringFromDict:theme(@"new")];
     {

@@ -20,30 +20,31 @@ class PresetKillTest : public PresetsTest {
 
   /// Applies the preset in another process; see TracedProgram::runUntil.
   int applyUntil(int last) {
-    TracedProgram program({BUILD_FOLDER "/tests/support/kill/theme_change", [SIMDeviceFolder() fileSystemRepresentation],
-                           "apply", "new"});
+    TracedProgram program({BUILD_FOLDER "/tests/support/kill/theme_change",
+                           [SIMDeviceFolder() fileSystemRepresentation], "apply", "new"});
     return program.runUntil(last);
   }
 
   /// Lays out what an apply finds: a theme, unless `oldTheme` is empty, and the backup of an earlier apply.
-  void layOut(const std::string& oldTheme) {
+  void layOut(const std::string &oldTheme) {
     [[NSFileManager defaultManager] removeItemAtPath:path(kPreferences) error:nullptr];
     if (!oldTheme.empty()) write(kThemeFile, oldTheme);
     write(kBackup, oldBackup_);
   }
 
   /// What holds after a kill, for a theme that was `oldTheme`.
-  void expectWhole(const std::string& oldTheme, int call) {
+  void expectWhole(const std::string &oldTheme, int call) {
     const std::string theme = read(kThemeFile), backup = read(kBackup);
-    EXPECT_TRUE(!exists(kThemeFile) || theme == oldTheme || theme == newTheme_) << "the theme is in part at call " << call;
+    EXPECT_TRUE(!exists(kThemeFile) || theme == oldTheme || theme == newTheme_)
+        << "the theme is in part at call " << call;
     EXPECT_TRUE(!exists(kBackup) || backup == oldBackup_ || (!oldTheme.empty() && backup == oldTheme))
         << "the backup is in part at call " << call;
     if (!oldTheme.empty()) EXPECT_TRUE(theme == oldTheme || backup == oldTheme) << "the theme is lost at call " << call;
   }
 
-  /// Kills an apply at its first disk-changing call, its second and so on, and checks each time what lies on the disk and
-  /// that the next apply works. Returns the number of kills.
-  int killEverywhere(const std::string& oldTheme) {
+  /// Kills an apply at its first disk-changing call, its second and so on, and checks each time what lies on the disk
+  /// and that the next apply works. Returns the number of kills.
+  int killEverywhere(const std::string &oldTheme) {
     for (int call = 1;; ++call) {
       layOut(oldTheme);
       const int status = applyUntil(call);
@@ -58,7 +59,8 @@ class PresetKillTest : public PresetsTest {
 
       [showPage() applyPreset:presetPath(@"new")];
       EXPECT_TRUE(read(kThemeFile) == newTheme_) << "after call " << call;
-      EXPECT_THAT(listing(kPreferences), ::testing::AnyOf(kTheme, kTheme + "," + kTheme + ".bak")) << "after call " << call;
+      EXPECT_THAT(listing(kPreferences), ::testing::AnyOf(kTheme, kTheme + "," + kTheme + ".bak"))
+          << "after call " << call;
       if (HasFailure()) return call;
       drainPool();
     }

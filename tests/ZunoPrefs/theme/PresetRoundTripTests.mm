@@ -1,5 +1,5 @@
-// Presets between this bundle and other tools: what it exports they read, what they write it imports, with every key, value
-// and type.
+// Presets between this bundle and other tools: what it exports they read, what they write it imports, with every key,
+// value and type.
 #import "theme/ZunoPresets+Sharing.h"
 
 #import <Foundation/NSURL+Sim.h>
@@ -106,7 +106,7 @@ class PresetRoundTripTest : public PresetsTest {
   }
 
   /// What the command prints; the test fails when the command does. Paths of the device folder need no quoting.
-  static std::string outputOf(const std::string& command) {
+  static std::string outputOf(const std::string &command) {
     // The sanitizers of this process are none of another program's business.
     FILE *pipe = ::popen(("env -u ASAN_OPTIONS -u LSAN_OPTIONS " + command).c_str(), "r");
     if (!pipe) return "";
@@ -117,14 +117,16 @@ class PresetRoundTripTest : public PresetsTest {
     return output;
   }
   /// What the second implementation prints.
-  std::string tool(const std::string& verb, NSString *file = nil) {
-    return outputOf("python3 " + script_ + " " + verb + (file ? std::string(" ") + [file fileSystemRepresentation] : ""));
+  std::string tool(const std::string &verb, NSString *file = nil) {
+    return outputOf("python3 " + script_ + " " + verb +
+                    (file ? std::string(" ") + [file fileSystemRepresentation] : ""));
   }
   static NSString *base64(std::string_view text) {
     return [[NSData dataWithBytes:text.data() length:text.size()] base64EncodedStringWithOptions:0];
   }
-  static NSString *text(const std::string& bytes) {
-    return [[[NSString alloc] initWithBytes:bytes.data() length:bytes.size() encoding:NSUTF8StringEncoding] autorelease];
+  static NSString *text(const std::string &bytes) {
+    return [[[NSString alloc] initWithBytes:bytes.data() length:bytes.size()
+                                   encoding:NSUTF8StringEncoding] autorelease];
   }
   /// Imports `string` as the preset `name`, which must work.
   void importString(NSString *string, NSString *name) {
@@ -137,8 +139,9 @@ class PresetRoundTripTest : public PresetsTest {
     NSURL *url = [NSURL fileURLWithPath:path([@"/picked/" stringByAppendingString:name])];
     [url sim_setSecurityScope:SIMSecurityScopeReadable];
     ZunoPresets *page = showPage();
-    auto *picker = [[[UIDocumentPickerViewController alloc] initWithDocumentTypes:@[ @"public.data" ]
-                                                                           inMode:UIDocumentPickerModeImport] autorelease];
+    auto *picker =
+        [[[UIDocumentPickerViewController alloc] initWithDocumentTypes:@[ @"public.data" ]
+                                                                inMode:UIDocumentPickerModeImport] autorelease];
     [page documentPicker:picker didPickDocumentAtURL:url];
     EXPECT_OBJC_EQ([page presentedViewController], nil) << "an error is shown";
   }
@@ -156,18 +159,33 @@ TEST_F(PresetRoundTripTest, AJSONParserReadsAnExportedStringKeyByKey) {
   using nlohmann::json;
   NSString *file = write(@"/exported.txt", [[showPage() base64StringFromDict:original()] UTF8String]);
   const json read = json::parse(outputOf(std::string("base64 -d ") + [file fileSystemRepresentation]), nullptr, false);
-  const json expected = {
-      {"ZunoPresetVersion", 1}, {"yes", true}, {"no", false}, {"one", 1}, {"zero", 0}, {"negative", -20},
-      {"largest", INT64_MAX}, {"smallest", INT64_MIN}, {"unsigned", UINT64_MAX}, {"beyond a double", 9007199254740993},
-      {"real", 0.1}, {"tiny", 5e-324}, {"huge", 1.7976931348623157e308},
-      {"text", "“quotes” \" / \\ \n\t <&> é"}, {"emoji 😀", "👩‍💻"}, {"", ""},
-      {"backgroundImage", "aGVsbG8="},
-      {"list", json::array({1, true, "a", json::array(), json::array({json::array({2.5}), json::object()}),
-                            {{"deep", json::array({{{"deeper", false}}})}}})},
-      {"dictionary", {{"a", {{"b", {{"c", json::array({-1})}}}}}}}};
+  const json expected = {{"ZunoPresetVersion", 1},
+                         {"yes", true},
+                         {"no", false},
+                         {"one", 1},
+                         {"zero", 0},
+                         {"negative", -20},
+                         {"largest", INT64_MAX},
+                         {"smallest", INT64_MIN},
+                         {"unsigned", UINT64_MAX},
+                         {"beyond a double", 9007199254740993},
+                         {"real", 0.1},
+                         {"tiny", 5e-324},
+                         {"huge", 1.7976931348623157e308},
+                         {"text", "“quotes” \" / \\ \n\t <&> é"},
+                         {"emoji 😀", "👩‍💻"},
+                         {"", ""},
+                         {"backgroundImage", "aGVsbG8="},
+                         {"list", json::array({1,
+                                               true,
+                                               "a",
+                                               json::array(),
+                                               json::array({json::array({2.5}), json::object()}),
+                                               {{"deep", json::array({{{"deeper", false}}})}}})},
+                         {"dictionary", {{"a", {{"b", {{"c", json::array({-1})}}}}}}}};
   ASSERT_TRUE(read.is_object());
   EXPECT_EQ(read.size(), expected.size());
-  for (const auto& [key, value] : expected.items()) {
+  for (const auto &[key, value] : expected.items()) {
     ASSERT_TRUE(read.contains(key)) << key;
     EXPECT_EQ(read[key], value) << key;
     EXPECT_EQ(read[key].is_boolean(), value.is_boolean()) << key;

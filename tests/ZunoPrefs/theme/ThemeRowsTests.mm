@@ -24,7 +24,8 @@ constexpr const char *kAsksToRemove =
 class ThemeRowsTest : public ThemeTest {
  protected:
   ZunoCustomiseRootListController *newPage() {
-    return [[(ZunoCustomiseRootListController *)[classNamed("ZunoCustomiseRootListController") alloc] init] autorelease];
+    return
+        [[(ZunoCustomiseRootListController *)[classNamed("ZunoCustomiseRootListController") alloc] init] autorelease];
   }
   ZunoCustomiseRootListController *shownPage() {
     ZunoCustomiseRootListController *page = newPage();
@@ -82,7 +83,8 @@ TEST_F(ThemeRowsTest, ASwitchIsTakenAsThePreviewAndTheSwitcherTakeIt) {
 
 TEST_F(ThemeRowsTest, AFlippedSwitchEnablesItsRowsAtOnce) {
   ZunoCustomiseRootListController *page = shownPage();
-  for (NSString *key in @[ @"enabled", @"useCustom" ]) [page setPreferenceValue:@(YES) specifier:[page specifierForID:key]];
+  for (NSString *key in @[ @"enabled", @"useCustom" ])
+    [page setPreferenceValue:@(YES) specifier:[page specifierForID:key]];
   EXPECT_EQ(disabled(page), "");
   [page setPreferenceValue:@(NO) specifier:[page specifierForID:@"useCustom"]];
   EXPECT_EQ(disabled(page), kCards);
@@ -226,8 +228,8 @@ TEST_F(ThemeRowsTest, ARemovalKilledAtAnyChangeOfTheDiskLeavesTheOldFileOrTheNew
   int kills = 0;
   for (int call = 1;; ++call) {
     writePreferences(kThemeFile, with);
-    TracedProgram program({BUILD_FOLDER "/tests/support/kill/theme_change", [SIMDeviceFolder() fileSystemRepresentation],
-                           "remove", "backgroundImage"});
+    TracedProgram program({BUILD_FOLDER "/tests/support/kill/theme_change",
+                           [SIMDeviceFolder() fileSystemRepresentation], "remove", "backgroundImage"});
     const int status = program.runUntil(call);
     NSDictionary *left = preferences(kThemeFile);
     if (WIFEXITED(status)) {

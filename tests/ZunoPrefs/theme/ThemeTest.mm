@@ -54,19 +54,20 @@ std::string ThemeTest::look(UIImage *image) {
 UIImage *ThemeTest::storedPicture() {
   NSString *text = [preferences(kThemeFile) objectForKey:@"backgroundImage"];
   if (!text) return nil;
-  return [UIImage imageWithData:[[[NSData alloc] initWithBase64EncodedString:text
-                                                                     options:NSDataBase64DecodingIgnoreUnknownCharacters]
-                                    autorelease]];
+  return
+      [UIImage imageWithData:[[[NSData alloc] initWithBase64EncodedString:text
+                                                                  options:NSDataBase64DecodingIgnoreUnknownCharacters]
+                                 autorelease]];
 }
 
 std::string ThemeTest::colourOf(UIImage *image) {
   if (!image) return "none";
   CFDataRef data = CGDataProviderCopyData(CGImageGetDataProvider([image CGImage]));
-  const size_t middle =
-      (CGImageGetHeight([image CGImage]) / 2 * CGImageGetWidth([image CGImage]) + CGImageGetWidth([image CGImage]) / 2) * 4;
+  const size_t middle = (CGImageGetHeight([image CGImage]) / 2 * CGImageGetWidth([image CGImage]) +
+                         CGImageGetWidth([image CGImage]) / 2) *
+                        4;
   const UInt8 *bytes = CFDataGetBytePtr(data) + middle;
-  const std::string colour =
-      std::to_string(bytes[0]) + "," + std::to_string(bytes[1]) + "," + std::to_string(bytes[2]);
+  const std::string colour = std::to_string(bytes[0]) + "," + std::to_string(bytes[1]) + "," + std::to_string(bytes[2]);
   CFRelease(data);
   return colour;
 }

@@ -48,9 +48,16 @@ TEST(ThemeTests, AFileWithoutValuesHasTheDefaults) {
 }
 
 TEST(ThemeTests, ValuesOfTheRightTypeAreTaken) {
-  const Theme theme = themeOf({{"enabled", 1.0}, {"useCustom", 1.0}, {"blurRadius", 0.0}, {"dimming", 99.5},
-                               {"cornerRadius", 60.0}, {"spacing", 1.25}, {"appearance", 2.0},
-                               {"backgroundColour", "102030"}, {"titleColour", "fFfFfF80"}, {"badgeColour", "00FF00"}});
+  const Theme theme = themeOf({{"enabled", 1.0},
+                               {"useCustom", 1.0},
+                               {"blurRadius", 0.0},
+                               {"dimming", 99.5},
+                               {"cornerRadius", 60.0},
+                               {"spacing", 1.25},
+                               {"appearance", 2.0},
+                               {"backgroundColour", "102030"},
+                               {"titleColour", "fFfFfF80"},
+                               {"badgeColour", "00FF00"}});
   EXPECT_TRUE(theme.enabled && theme.useCustom);
   EXPECT_EQ(theme.blurRadius, 0);
   EXPECT_EQ(theme.dimming, 99.5);
@@ -63,8 +70,12 @@ TEST(ThemeTests, ValuesOfTheRightTypeAreTaken) {
 }
 
 TEST(ThemeTests, ValuesOfAnotherTypeAndNoNumbersCountAsTheDefault) {
-  const ThemeValue odd[] = {std::monostate(), "12", "", std::numeric_limits<double>::quiet_NaN(),
-                            std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()};
+  const ThemeValue odd[] = {std::monostate(),
+                            "12",
+                            "",
+                            std::numeric_limits<double>::quiet_NaN(),
+                            std::numeric_limits<double>::infinity(),
+                            -std::numeric_limits<double>::infinity()};
   for (const char *key : {"enabled", "useCustom", "blurRadius", "dimming", "cornerRadius", "spacing", "appearance"}) {
     for (const ThemeValue &value : odd) EXPECT_EQ(themeOf({{key, value}}), defaults()) << key << " " << value.index();
   }
@@ -88,8 +99,13 @@ TEST(ThemeTests, NumbersOutOfRangeBecomeTheNearerEnd) {
 }
 
 TEST(LookTests, EachSwitchLetsItsPartOfTheThemeThrough) {
-  Theme theme = themeOf({{"blurRadius", 30.0}, {"dimming", 50.0}, {"cornerRadius", 5.0}, {"spacing", 40.0},
-                         {"appearance", 2.0}, {"backgroundColour", "102030"}, {"titleColour", "405060"},
+  Theme theme = themeOf({{"blurRadius", 30.0},
+                         {"dimming", 50.0},
+                         {"cornerRadius", 5.0},
+                         {"spacing", 40.0},
+                         {"appearance", 2.0},
+                         {"backgroundColour", "102030"},
+                         {"titleColour", "405060"},
                          {"badgeColour", "708090"}});
   Look system;
   system.cornerRadius = 20;
@@ -106,7 +122,8 @@ TEST(LookTests, EachSwitchLetsItsPartOfTheThemeThrough) {
   pictured.dimming = 50;
   EXPECT_EQ(zuno::lookOf(theme), pictured);
   theme.useCustom = true;
-  const Look whole{true, 30, 50, 5, 40, Appearance::kDark, theme.backgroundColour, theme.titleColour, theme.badgeColour};
+  const Look whole{
+      true, 30, 50, 5, 40, Appearance::kDark, theme.backgroundColour, theme.titleColour, theme.badgeColour};
   EXPECT_EQ(zuno::lookOf(theme), whole);
 }
 
@@ -170,8 +187,8 @@ TEST_F(ThemeTableTests, TheDocumentationSaysWhatTheTableSays) {
   }
   EXPECT_EQ(said.at(std::string(zuno::kThemeAppearance)), "0; 0 system, 1 light, 2 dark");
   const std::set<std::string> others = {"backgroundImage", "device", "iosVersion", "ZunoPresetVersion"};
-  EXPECT_EQ(said.size(), others.size() + zuno::kThemeSwitches.size() + zuno::kThemeNumbers.size() +
-                             zuno::kThemeColours.size() + 1)
+  EXPECT_EQ(said.size(),
+            others.size() + zuno::kThemeSwitches.size() + zuno::kThemeNumbers.size() + zuno::kThemeColours.size() + 1)
       << "a key that the table lacks";
 }
 
@@ -192,8 +209,7 @@ TEST_F(ThemeTableTests, ThePagesRowsSayWhatTheTableSays) {
   }
   NSDictionary *appearance = row(zuno::kThemeAppearance);
   EXPECT_EQ([[appearance objectForKey:@"default"] intValue], static_cast<int>(zuno::kInitialAppearance));
-  EXPECT_TRUE([[[appearance objectForKey:@"validValues"] description]
-      isEqualToString:[(@[ @0, @1, @2 ]) description]]);
+  EXPECT_TRUE([[[appearance objectForKey:@"validValues"] description] isEqualToString:[(@[ @0, @1, @2 ]) description]]);
 }
 
 }  // namespace

@@ -38,8 +38,8 @@ const std::vector<std::string> kPostedOnce{"com.norvik.Zuno.theme"};
 class ColourRowTest : public ThemeTest {
  protected:
   ZunoCustomiseRootListController *showPage() {
-    page_ = objcxx::adopt(
-        [(ZunoCustomiseRootListController *)[classNamed("ZunoCustomiseRootListController") alloc] init]);
+    page_ =
+        objcxx::adopt([(ZunoCustomiseRootListController *)[classNamed("ZunoCustomiseRootListController") alloc] init]);
     navigation_ = show(page_.get());
     return page_.get();
   }
@@ -169,7 +169,9 @@ TEST_F(ColourRowTest, AValueThatIsNoColourIsSaidSoAndCanBeReplacedAndRemoved) {
       } else {
         EXPECT_TRUE([removeButton(cellOf(@"titleColour")) sim_tapByUser]);
       }
-      EXPECT_OBJC_EQ(preferences(kThemeFile), withSwitches(@{@"titleColour" : replaces ? @"0000FF" : @"", @"spacing" : @3}))
+      EXPECT_OBJC_EQ(preferences(kThemeFile), withSwitches(
+                                                  @{@"titleColour" : replaces ? @"0000FF" : @"",
+                                                    @"spacing" : @3}))
           << [hint UTF8String];
       EXPECT_EQ(shown(@"titleColour"), replaces ? "0000FF" : "System");
     }
@@ -187,7 +189,8 @@ TEST_F(ColourRowTest, ATapOpensThePickerWithTheColour) {
   close();
   EXPECT_EQ(text([open(@"badgeColour") selectedColor]), "255,59,48,255") << "a row without a colour suggests one";
   close();
-  EXPECT_OBJC_EQ(preferences(kThemeFile), withSwitches(@{@"backgroundColour" : @"FF800033"})) << "looking stores nothing";
+  EXPECT_OBJC_EQ(preferences(kThemeFile), withSwitches(@{@"backgroundColour" : @"FF800033"}))
+      << "looking stores nothing";
   EXPECT_TRUE(notifications.empty());
 }
 
@@ -311,8 +314,8 @@ TEST_F(ColourRowTest, APageThatGoesLeavesThePickerAtWork) {
   UIViewController *first = [[[UIViewController alloc] init] autorelease];
   navigation_ = show(first);
   @autoreleasepool {
-    page_ = objcxx::adopt(
-        [(ZunoCustomiseRootListController *)[classNamed("ZunoCustomiseRootListController") alloc] init]);
+    page_ =
+        objcxx::adopt([(ZunoCustomiseRootListController *)[classNamed("ZunoCustomiseRootListController") alloc] init]);
     [navigation_ pushViewController:page_.get() animated:NO];
     UIColorPickerViewController *opened = open(@"titleColour");
     [navigation_ popViewControllerAnimated:NO];

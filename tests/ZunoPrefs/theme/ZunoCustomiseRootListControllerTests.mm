@@ -16,7 +16,8 @@ namespace {
 class ThemePageTest : public ThemeTest {
  protected:
   ZunoCustomiseRootListController *newPage() {
-    return [[(ZunoCustomiseRootListController *)[classNamed("ZunoCustomiseRootListController") alloc] init] autorelease];
+    return
+        [[(ZunoCustomiseRootListController *)[classNamed("ZunoCustomiseRootListController") alloc] init] autorelease];
   }
   Class pageClass() { return classNamed("ZunoCustomiseRootListController"); }
   static PSSpecifier *rowKeyed(PSListController *page, NSString *key) {
@@ -60,7 +61,9 @@ TEST_F(ThemePageTest, ValuesAreStoredInTheThemeFileOnly) {
   ZunoCustomiseRootListController *page = newPage();
   writePreferences(kThemeFile, @{@"unknown" : @"kept"});
   [page setPreferenceValue:@12.0 specifier:rowKeyed(page, @"blurRadius")];
-  EXPECT_OBJC_EQ(preferences(kThemeFile), (@{@"unknown" : @"kept", @"blurRadius" : @12.0}))
+  EXPECT_OBJC_EQ(preferences(kThemeFile), (
+                                              @{@"unknown" : @"kept",
+                                                @"blurRadius" : @12.0}))
       << "a value is stored even when it equals the default";
   EXPECT_FALSE(exists(kMainFile));
   EXPECT_EQ(notifications.size(), 1u);
@@ -175,7 +178,7 @@ TEST_F(ThemePageTest, ThePageIsCurrentOnlyWhileItIsOnScreen) {
 }
 
 TEST_F(ThemePageTest, TheFrameworkHearsOfTheAppearance) {
-  for (SEL moment : {@selector(viewDidLoad), @selector(viewWillAppear:), @selector(viewWillDisappear:)}) {
+  for (SEL moment : { @selector(viewDidLoad), @selector(viewWillAppear:), @selector(viewWillDisappear:) }) {
     CallCounter framework([PSListController class], moment);
     UINavigationController *navigation = show([[[UIViewController alloc] init] autorelease]);
     [navigation pushViewController:newPage() animated:YES];
@@ -285,7 +288,8 @@ TEST_F(ThemePageTest, APortraitPhotoIsStoredUpright) {
     [page imagePickerController:picker didFinishPickingMediaWithInfo:picked(portraitPhoto(40, scale))];
     EXPECT_EQ(look(storedPicture()), "20x40 red above blue") << scale;
     EXPECT_EQ([storedPicture() imageOrientation], UIImageOrientationUp);
-    EXPECT_EQ(CGImageGetAlphaInfo([storedPicture() CGImage]), kCGImageAlphaNoneSkipLast) << "a photo lets nothing through";
+    EXPECT_EQ(CGImageGetAlphaInfo([storedPicture() CGImage]), kCGImageAlphaNoneSkipLast)
+        << "a photo lets nothing through";
     SIMDrainMainQueue();
     EXPECT_EQ(UIGraphicsGetCurrentContext(), nullptr);
   }

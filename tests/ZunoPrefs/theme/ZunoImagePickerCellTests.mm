@@ -21,17 +21,19 @@ class ImageCellTest : public ThemeTest {
                                             edit:Nil];
   }
   ZunoImagePickerCell *newCell(PSSpecifier *row) {
-    return [[(ZunoImagePickerCell *)[classNamed("ZunoImagePickerCell") alloc]
-        initWithStyle:UITableViewCellStyleDefault
-      reuseIdentifier:@"Image"
-            specifier:row] autorelease];
+    return [[(ZunoImagePickerCell *)[classNamed("ZunoImagePickerCell") alloc] initWithStyle:UITableViewCellStyleDefault
+                                                                            reuseIdentifier:@"Image"
+                                                                                  specifier:row] autorelease];
   }
   ZunoCustomiseRootListController *showPage() {
-    id page = [[(ZunoCustomiseRootListController *)[classNamed("ZunoCustomiseRootListController") alloc] init] autorelease];
+    id page =
+        [[(ZunoCustomiseRootListController *)[classNamed("ZunoCustomiseRootListController") alloc] init] autorelease];
     (void)show(page);
     return page;
   }
-  void storeImage(NSString *text) { writePreferences(kThemeFile, @{@"backgroundImage" : text, @"spacing" : @1}); }
+  void storeImage(NSString *text) {
+    writePreferences(kThemeFile, @{@"backgroundImage" : text, @"spacing" : @1});
+  }
 };
 
 TEST_F(ImageCellTest, TheTapGoesToTheCellItself) {
@@ -189,10 +191,10 @@ TEST_F(ImageCellTest, OptionsAreKept) {
   [cell setOptions:@"kept"];
   EXPECT_OBJC_EQ([cell options], @"kept");
   int deaths = 0;
-  auto *other = [(ZunoImagePickerCell *)[classNamed("ZunoImagePickerCell") alloc]
-        initWithStyle:UITableViewCellStyleDefault
-      reuseIdentifier:@"Image"
-            specifier:newRow()];
+  auto *other =
+      [(ZunoImagePickerCell *)[classNamed("ZunoImagePickerCell") alloc] initWithStyle:UITableViewCellStyleDefault
+                                                                      reuseIdentifier:@"Image"
+                                                                            specifier:newRow()];
   [other setOptions:[[[Lifetime alloc] initWithCounter:&deaths] autorelease]];
   [other release];
   drainPool();

@@ -73,8 +73,9 @@ class SharingTest : public PresetsTest {
     [url sim_setSecurityScope:scope];
     ZunoPresets *page = showPage();
     shown_ = page;
-    auto *picker = [[[UIDocumentPickerViewController alloc] initWithDocumentTypes:@[ @"public.data" ]
-                                                                           inMode:UIDocumentPickerModeImport] autorelease];
+    auto *picker =
+        [[[UIDocumentPickerViewController alloc] initWithDocumentTypes:@[ @"public.data" ]
+                                                                inMode:UIDocumentPickerModeImport] autorelease];
     [page documentPicker:picker didPickDocumentAtURL:url];
     openAccesses_ = [url sim_openAccesses];
     return describe([page presentedViewController] ? alertOf(page) : nil);
@@ -146,7 +147,8 @@ TEST_F(SharingTest, ImportFromFileOpensThePicker) {
 }
 
 TEST_F(SharingTest, ADictionaryIsImportedAsItIs) {
-  EXPECT_EQ(imported(base64(R"({"spacing": 3, "enabled": true, "half": 0.5, "note": "😀", "list": [1, {"a": "b"}]})")), "none");
+  EXPECT_EQ(imported(base64(R"({"spacing": 3, "enabled": true, "half": 0.5, "note": "😀", "list": [1, {"a": "b"}]})")),
+            "none");
   NSDictionary *stored = preset(@"new");
   EXPECT_OBJC_EQ([stored objectForKey:@"spacing"], @3);
   EXPECT_STRNE([[stored objectForKey:@"spacing"] objCType], @encode(double)) << "an integer stays one";
@@ -227,7 +229,9 @@ TEST_F(SharingTest, WhatHoldsNoPresetGivesNothing) {
   EXPECT_OBJC_EQ([page base64StringToDict:nil], nil);
   EXPECT_OBJC_EQ([page base64StringFromDict:nil], nil);
   EXPECT_OBJC_EQ([page base64StringFromDict:@{@"when" : [NSDate date]}], nil);
-  NSData *json = [[[NSData alloc] initWithBase64EncodedString:[page base64StringFromDict:@{@"a" : @1}]
+  NSData *json = [[[NSData alloc] initWithBase64EncodedString:[page base64StringFromDict:@{
+                                    @"a" : @1
+                                  }]
                                                       options:0] autorelease];
   EXPECT_TRUE(memchr([json bytes], '\n', [json length])) << "it is meant to be read";
 }
@@ -269,7 +273,8 @@ TEST_F(SharingTest, ARoundTripKeepsKeysValuesAndTypes) {
   NSString *text = [page base64StringFromDict:original];
   EXPECT_EQ([text rangeOfString:@"\n"].location, NSNotFound);
   [page importPresetWithBase64String:text andName:@"second"];
-  EXPECT_EQ(read([kPresets stringByAppendingString:@"/first.plist"]), read([kPresets stringByAppendingString:@"/second.plist"]));
+  EXPECT_EQ(read([kPresets stringByAppendingString:@"/first.plist"]),
+            read([kPresets stringByAppendingString:@"/second.plist"]));
 }
 
 TEST_F(SharingTest, SharingAsAStringComesAfterTheMenuHasGone) {
@@ -440,8 +445,10 @@ TEST_F(SharingTest, APresetWithoutAPositiveVersionDoesNotCount) {
 
 TEST_F(SharingTest, TheExtensionIsComparedWithoutCase) {
   write([kPresets stringByAppendingString:@"/Dark.PLIST"], "");
-  ASSERT_TRUE([@{@"ZunoPresetVersion" : @2} writeToFile:path([kPresets stringByAppendingString:@"/Dark.PLIST"])
-                                            atomically:YES]);
+  ASSERT_TRUE([@{
+    @"ZunoPresetVersion" : @2
+  } writeToFile:path([kPresets stringByAppendingString:@"/Dark.PLIST"])
+      atomically:YES]);
   EXPECT_EQ(pick(@"Dark.PLIST", "x"), "none");
   EXPECT_EQ(listing(kPresets), "Dark.PLIST,Dark_1.plist");
   EXPECT_EQ(pick(@"Dark.txt", "x"), "Error|Invalid file selected.|OK:default");
@@ -459,8 +466,9 @@ TEST_F(SharingTest, AFailedCopyIsToldAndEndsTheAccess) {
   NSURL *url = [NSURL fileURLWithPath:path(@"/picked/Dark.plist")];
   [url sim_setSecurityScope:SIMSecurityScopeReadable];
   ZunoPresets *page = showPage();
-  auto *picker = [[[UIDocumentPickerViewController alloc] initWithDocumentTypes:@[ @"public.data" ]
-                                                                         inMode:UIDocumentPickerModeImport] autorelease];
+  auto *picker =
+      [[[UIDocumentPickerViewController alloc] initWithDocumentTypes:@[ @"public.data" ]
+                                                              inMode:UIDocumentPickerModeImport] autorelease];
   [page documentPicker:picker didPickDocumentAtURL:url];
   EXPECT_EQ(describe(alertOf(page)), "Error|Failed to import preset|OK:default");
   EXPECT_EQ([url sim_openAccesses], 0u);

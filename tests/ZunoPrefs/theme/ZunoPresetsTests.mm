@@ -22,7 +22,8 @@
 
 @implementation SpyTable
 - (void)deselectRowAtIndexPath:(NSIndexPath *)path animated:(BOOL)animated {
-  calls += "deselect " + std::to_string([path section]) + "." + std::to_string([path row]) + (animated ? " animated" : "");
+  calls +=
+      "deselect " + std::to_string([path section]) + "." + std::to_string([path row]) + (animated ? " animated" : "");
 }
 - (void)setEditing:(BOOL)editing animated:(BOOL)animated {
   calls += std::string(editing ? "edit" : "end editing") + (animated ? " animated" : "");
@@ -111,7 +112,8 @@ TEST_F(PresetStoreTest, NamesAreCleanedAndChecked) {
   EXPECT_OBJC_EQ(accepted(@"\n"), @"\n") << "a line break is no white space here";
   NSString *longest = [@"" stringByPaddingToLength:32 withString:@"x" startingAtIndex:0];
   EXPECT_OBJC_EQ(accepted(longest), longest);
-  EXPECT_OBJC_EQ(accepted(@"😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀"), @"😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀") << "16 emoji are 32 units";
+  EXPECT_OBJC_EQ(accepted(@"😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀"), @"😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀😀")
+      << "16 emoji are 32 units";
   EXPECT_OBJC_EQ([page presentedViewController], nil);
 }
 

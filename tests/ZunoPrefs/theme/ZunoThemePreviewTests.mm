@@ -67,7 +67,8 @@ class ThemePreviewTest : public ThemeTest {
 
   ZunoCustomiseRootListController *page() {
     if (!page_) {
-      page_ = objcxx::adopt([(ZunoCustomiseRootListController *)[classNamed("ZunoCustomiseRootListController") alloc] init]);
+      page_ = objcxx::adopt(
+          [(ZunoCustomiseRootListController *)[classNamed("ZunoCustomiseRootListController") alloc] init]);
       (void)show(page_.get());
     }
     return page_.get();
@@ -93,7 +94,8 @@ class ThemePreviewTest : public ThemeTest {
 
   void write(NSDictionary *theme) { writePreferences(kThemeFile, theme); }
   void writeOn(NSDictionary *theme) {
-    NSMutableDictionary *whole = [NSMutableDictionary dictionaryWithObjectsAndKeys:@1, @"enabled", @1, @"useCustom", nil];
+    NSMutableDictionary *whole =
+        [NSMutableDictionary dictionaryWithObjectsAndKeys:@1, @"enabled", @1, @"useCustom", nil];
     [whole addEntriesFromDictionary:theme];
     write(whole);
     if (page_) [page_.get() reloadSpecifiers];
@@ -103,7 +105,8 @@ class ThemePreviewTest : public ThemeTest {
   Parts shown() {
     Parts parts;
     parts["picture"] = colourOf(picture());
-    if (picture()) parts["picture"] += " " + std::to_string(red(int(CGImageGetWidth([picture() CGImage]) * 45 / 100), 100));
+    if (picture())
+      parts["picture"] += " " + std::to_string(red(int(CGImageGetWidth([picture() CGImage]) * 45 / 100), 100));
     parts["dimming"] = text([part(@"dimming") alpha]);
     parts["background"] = text([part(@"screen") backgroundColor]);
     parts["cards"] = text([card(2) backgroundColor]);
@@ -141,9 +144,7 @@ class ThemePreviewTest : public ThemeTest {
     EXPECT_NEAR(size.height, expected.height, 1e-9);
   }
   /// The red of the picture's pixel at (x, y).
-  int red(int x, int y) {
-    return sim::sourceOf([picture() CGImage])->bitmap()->row(y)[std::size_t(x) * 4];
-  }
+  int red(int x, int y) { return sim::sourceOf([picture() CGImage])->bitmap()->row(y)[std::size_t(x) * 4]; }
 
   PSSpecifier *row(NSString *key) {
     for (PSSpecifier *row in [page() specifiers]) {
@@ -207,7 +208,8 @@ TEST_F(ThemePreviewTest, EachKeyChangesItsPartAndNoOther) {
   };
   for (const auto &[key, change] : changes) {
     NSString *name = [NSString stringWithUTF8String:key.c_str()];
-    NSMutableDictionary *theme = [NSMutableDictionary dictionaryWithObject:stored(halves(60, 120)) forKey:@"backgroundImage"];
+    NSMutableDictionary *theme = [NSMutableDictionary dictionaryWithObject:stored(halves(60, 120))
+                                                                    forKey:@"backgroundImage"];
     [theme setObject:change.first forKey:name];
     writeOn(theme);
     EXPECT_EQ(differences(before, shown()), change.second) << key;
@@ -236,9 +238,16 @@ TEST_F(ThemePreviewTest, AThemeThatIsOffShowsTheSystemsLookAndUseCustomTheCards)
   EXPECT_EQ(system.at("picture"), "none");
   EXPECT_EQ(system.at("dimming"), "0");
   NSDictionary *all = @{
-    @"backgroundImage" : stored(picture(20, [UIColor redColor])), @"blurRadius" : @40, @"dimming" : @80,
-    @"cornerRadius" : @50, @"spacing" : @2, @"appearance" : @2, @"backgroundColour" : @"112233",
-    @"titleColour" : @"445566", @"badgeColour" : @"00FF00", @"useCustom" : @1,
+    @"backgroundImage" : stored(picture(20, [UIColor redColor])),
+    @"blurRadius" : @40,
+    @"dimming" : @80,
+    @"cornerRadius" : @50,
+    @"spacing" : @2,
+    @"appearance" : @2,
+    @"backgroundColour" : @"112233",
+    @"titleColour" : @"445566",
+    @"badgeColour" : @"00FF00",
+    @"useCustom" : @1,
   };
   write(all);
   [page() reloadSpecifiers];
@@ -319,8 +328,10 @@ TEST_F(ThemePreviewTest, OddValuesShowAsTheDefault) {
   const Parts defaults = shown();
   for (id odd in @[ @"much", @[], @{}, [NSData data], [NSNumber numberWithDouble:NAN] ]) {
     NSMutableDictionary *theme = [NSMutableDictionary dictionary];
-    for (NSString *key in @[ @"blurRadius", @"dimming", @"cornerRadius", @"spacing", @"appearance", @"backgroundColour",
-                             @"titleColour", @"badgeColour", @"backgroundImage" ]) {
+    for (NSString *key in @[
+           @"blurRadius", @"dimming", @"cornerRadius", @"spacing", @"appearance", @"backgroundColour", @"titleColour",
+           @"badgeColour", @"backgroundImage"
+         ]) {
       [theme setObject:odd forKey:key];
     }
     writeOn(theme);
@@ -338,10 +349,14 @@ TEST_F(ThemePreviewTest, OddValuesShowAsTheDefault) {
 TEST_F(ThemePreviewTest, PicturesThatCannotBeDecodedShowNone) {
   NSData *whole = UIImagePNGRepresentation(halves(300, 300));
   NSMutableData *large = [NSMutableData dataWithLength:20'000'000];
-  for (NSData *data in @[ [NSData data], [@"no image" dataUsingEncoding:NSUTF8StringEncoding],
-                          [whole subdataWithRange:NSMakeRange(0, [whole length] / 2)], large ]) {
-    writeOn(@{@"backgroundImage" : [data base64EncodedStringWithOptions:NSDataBase64Encoding64CharacterLineLength],
-              @"dimming" : @50});
+  for (NSData *data in @[
+         [NSData data], [@"no image" dataUsingEncoding:NSUTF8StringEncoding],
+         [whole subdataWithRange:NSMakeRange(0, [whole length] / 2)], large
+       ]) {
+    writeOn(@{
+      @"backgroundImage" : [data base64EncodedStringWithOptions:NSDataBase64Encoding64CharacterLineLength],
+      @"dimming" : @50
+    });
     EXPECT_OBJC_EQ(picture(), nil) << [data length];
     EXPECT_EQ(shown().at("dimming"), "0.5");
   }
@@ -443,15 +458,23 @@ TEST_F(ThemePreviewTest, IsDescribedInWords) {
   EXPECT_OBJC_EQ([view accessibilityLabel], @"Preview of the switcher");
   EXPECT_OBJC_EQ([view accessibilityValue],
                  @"background of the system, cards with corners of 20 points, 16 points apart, light");
-  writeOn(@{@"backgroundImage" : stored(halves(30, 30)), @"titleColour" : @"445566", @"badgeColour" : @"00FF00",
-            @"appearance" : @2, @"cornerRadius" : @3.6});
-  EXPECT_OBJC_EQ([preview() accessibilityValue],
-                 @"photo blurred by 12 points, darkened by 25 percent, cards with corners of 4 points, 16 points apart, "
-                 @"titles in a colour of their own, badges in a colour of their own, dark");
+  writeOn(@{
+    @"backgroundImage" : stored(halves(30, 30)),
+    @"titleColour" : @"445566",
+    @"badgeColour" : @"00FF00",
+    @"appearance" : @2,
+    @"cornerRadius" : @3.6
+  });
+  EXPECT_OBJC_EQ(
+      [preview() accessibilityValue],
+      @"photo blurred by 12 points, darkened by 25 percent, cards with corners of 4 points, 16 points apart, "
+      @"titles in a colour of their own, badges in a colour of their own, dark");
   writeOn(@{@"backgroundImage" : stored(halves(30, 30)), @"blurRadius" : @0, @"dimming" : @0});
-  EXPECT_OBJC_EQ([preview() accessibilityValue], @"sharp photo, cards with corners of 20 points, 16 points apart, light");
+  EXPECT_OBJC_EQ([preview() accessibilityValue],
+                 @"sharp photo, cards with corners of 20 points, 16 points apart, light");
   writeOn(@{@"backgroundImage" : stored(halves(30, 30)), @"blurRadius" : @0.4, @"dimming" : @0.4});
-  EXPECT_OBJC_EQ([preview() accessibilityValue], @"sharp photo, cards with corners of 20 points, 16 points apart, light");
+  EXPECT_OBJC_EQ([preview() accessibilityValue],
+                 @"sharp photo, cards with corners of 20 points, 16 points apart, light");
   writeOn(@{@"backgroundColour" : @"112233", @"dimming" : @0});
   EXPECT_OBJC_EQ([preview() accessibilityValue],
                  @"background in a colour of its own, cards with corners of 20 points, 16 points apart, light");

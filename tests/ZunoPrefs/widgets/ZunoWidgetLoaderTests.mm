@@ -129,13 +129,11 @@ TEST_F(WidgetLoaderTest, AGoodBundleIsLoadedAndDescribed) {
   const auto said = [](NSString *format, id object) {
     return std::string([[NSString stringWithFormat:format, object] UTF8String]);
   };
-  EXPECT_EQ(log, (std::vector<std::string>{
-                     said(@"[ZunoWidgetLoader] Found bundles: %@", @[ @"good.bundle" ]),
-                     said(@"[ZunoWidgetLoader] Loading: %@", folder),
-                     said(@"[ZunoWidgetLoader]: %@", [holder bundle]),
-                     said(@"[ZunoWidgetLoader]: Loaded widget: %@", @"test.good"),
-                     "[ZunoWidgetLoader] Loaded 1 widgets!",
-                 }));
+  EXPECT_EQ(log, (std::vector<std::string> {
+              said(@"[ZunoWidgetLoader] Found bundles: %@", @[ @"good.bundle" ]),
+                  said(@"[ZunoWidgetLoader] Loading: %@", folder), said(@"[ZunoWidgetLoader]: %@", [holder bundle]),
+                  said(@"[ZunoWidgetLoader]: Loaded widget: %@", @"test.good"), "[ZunoWidgetLoader] Loaded 1 widgets!",
+            }));
 }
 
 /// Whether the code of the bundle in question was loaded when its line was logged.
@@ -173,7 +171,8 @@ TEST_F(WidgetLoaderTest, VersionsThatAreNotPositiveAreOutOfDateAndTheirCodeIsNot
   for (id version in @[ @0, @(-3), @"none", @"", @[ @1 ], [NSNull null] ]) {
     NSString *folder = installWidget([NSString stringWithFormat:@"old%u", (unsigned)[version hash]],
                                      @"FixtureNeverLoaded", @{@"ZunoWidgetsVersion" : version});
-    EXPECT_EQ(rejections(line("[ZunoWidgetLoader] Widget out of date! %s", folder)), 1) << [[version description] UTF8String];
+    EXPECT_EQ(rejections(line("[ZunoWidgetLoader] Widget out of date! %s", folder)), 1)
+        << [[version description] UTF8String];
     EXPECT_FALSE(logged(line("[ZunoWidgetLoader] Failed to load bundle: %s", folder)));
     EXPECT_EQ(NSClassFromString(@"FixtureNeverLoaded"), Nil);
     ASSERT_TRUE([[NSFileManager defaultManager] removeItemAtPath:folder error:nullptr]);
@@ -204,8 +203,12 @@ TEST_F(WidgetLoaderTest, CodeThatDoesNotLoadIsRejected) {
   installWidget(@"good", @"FixtureWidget");
   NSString *missing = installWidget(@"missing", @"NoSuchCode");
   NSString *text = makeFolder([kWidgetsFolder stringByAppendingString:@"/text.bundle"]);
-  NSDictionary *info = @{@"CFBundleExecutable" : @"Text", @"CFBundleIdentifier" : @"test.text", @"ZunoWidgetsVersion" : @1,
-                         @"ZunoWidgetClass" : @"Text"};
+  NSDictionary *info = @{
+    @"CFBundleExecutable" : @"Text",
+    @"CFBundleIdentifier" : @"test.text",
+    @"ZunoWidgetsVersion" : @1,
+    @"ZunoWidgetClass" : @"Text"
+  };
   ASSERT_TRUE([info writeToFile:[text stringByAppendingPathComponent:@"Info.plist"] atomically:YES]);
   write([kWidgetsFolder stringByAppendingString:@"/text.bundle/Text"], "no code");
   NSString *unresolved = installWidget(@"unresolved", @"FixtureNeedsMissingCode");
@@ -328,8 +331,9 @@ TEST_F(WidgetLoaderTest, ACopiedBundleIsAWidgetOfItsOwnMadeByTheFirst) {
   NSArray *loaded = load();
   EXPECT_EQ(joined(loaded), "first,first");
   for (ZunoWidgetHolder *holder in loaded) EXPECT_EQ([(id)[holder widget] class], [(id)[first.get() widget] class]);
-  EXPECT_OBJC_EQ([[[loaded valueForKey:@"bundle"] valueForKey:@"bundlePath"] sortedArrayUsingSelector:@selector(compare:)],
-                 (@[ original, copy ]));
+  EXPECT_OBJC_EQ(
+      [[[loaded valueForKey:@"bundle"] valueForKey:@"bundlePath"] sortedArrayUsingSelector:@selector(compare:)],
+      (@[ original, copy ]));
   EXPECT_TRUE(logged("objc: Class FixtureWidget is implemented in both "));
   EXPECT_TRUE(logged([[copy stringByAppendingString:@"/FixtureWidget. The one in "] UTF8String]));
 }
@@ -340,14 +344,16 @@ TEST_F(WidgetLoaderTest, TwoMakersWithOneClassNameHaveBothTheirWidgets) {
   NSString *rival = installWidgetCopy(@"rival", @"FixtureRivalWidget", @{@"ZunoWidgetClass" : @"FixtureOtherWidget"});
   EXPECT_EQ([load() count], 2u);
   EXPECT_OBJC_EQ([[loader() widgetWithIdentifier:@"test.rival"] className], @"FixtureOtherWidget");
-  EXPECT_TRUE(logged([[@"and " stringByAppendingString:[rival stringByAppendingString:@"/FixtureRivalWidget."]] UTF8String]));
+  EXPECT_TRUE(
+      logged([[@"and " stringByAppendingString:[rival stringByAppendingString:@"/FixtureRivalWidget."]] UTF8String]));
 }
 
 TEST_F(WidgetLoaderTest, AWidgetWithTheNameOfAClassOfSettingsIsRejectedAndHurtsNothing) {
   installWidget(@"good", @"FixtureWidget");
   Class page = NSClassFromString(@"SIMPropertyListPage");
   ASSERT_NE(page, Nil);
-  NSString *folder = installWidgetCopy(@"clash", @"FixtureSettingsWidget", @{@"ZunoWidgetClass" : @"SIMPropertyListPage"});
+  NSString *folder =
+      installWidgetCopy(@"clash", @"FixtureSettingsWidget", @{@"ZunoWidgetClass" : @"SIMPropertyListPage"});
   EXPECT_EQ(rejections(line("[ZunoWidgetLoader] Widget class does not conform to protocol: %s", folder)), 1);
   EXPECT_EQ(NSClassFromString(@"SIMPropertyListPage"), page);
   EXPECT_TRUE(logged("objc: Class SIMPropertyListPage is implemented in both "));

@@ -11,7 +11,7 @@ void AppListTest::install(NSString *folder, NSDictionary *info) {
 
 void AppListTest::installNamed(NSString *name, NSString *identifier) {
   install([NSString stringWithFormat:@"/Applications/%@.app", name],
-          @{ @"CFBundleIdentifier" : identifier, @"CFBundleDisplayName" : name });
+          @{@"CFBundleIdentifier" : identifier, @"CFBundleDisplayName" : name});
 }
 
 NSData *AppListTest::png(NSUInteger side) {

@@ -74,12 +74,12 @@ TEST_F(NorvikAppListPageTest, ShowsTheApplicationsWithTheirIcons) {
 }
 
 TEST_F(NorvikAppListPageTest, ATapChoosesAndAnotherDrops) {
-  store(@{ @"other" : @"kept", @"apps" : @[ @"com.example.gamma" ] });
+  store(@{@"other" : @"kept", @"apps" : @[ @"com.example.gamma" ]});
   open();
   EXPECT_EQ(checked(), "G");
   EXPECT_TRUE(tapRow(0));
   EXPECT_EQ(checked(), "AG");
-  EXPECT_OBJC_EQ(stored(), (@{ @"other" : @"kept", @"apps" : @[ @"com.example.gamma", @"com.example.alpha" ] }));
+  EXPECT_OBJC_EQ(stored(), (@{@"other" : @"kept", @"apps" : @[ @"com.example.gamma", @"com.example.alpha" ]}));
   tapRow(2);
   EXPECT_EQ(checked(), "A");
   EXPECT_OBJC_EQ(chosen(), @[ @"com.example.alpha" ]);
@@ -110,7 +110,7 @@ TEST_F(NorvikAppListPageTest, AMaximumOfMoreRefusesAFurtherChoice) {
 }
 
 TEST_F(NorvikAppListPageTest, ABareStringIsOneIdentifier) {
-  store(@{ @"apps" : @"com.example.beta" });
+  store(@{@"apps" : @"com.example.beta"});
   open();
   EXPECT_EQ(checked(), "B");
   tapRow(0);
@@ -118,7 +118,7 @@ TEST_F(NorvikAppListPageTest, ABareStringIsOneIdentifier) {
 }
 
 TEST_F(NorvikAppListPageTest, ApplicationsThatAreGoneStayStored) {
-  store(@{ @"apps" : @[ @"com.example.gone", @"com.example.beta" ] });
+  store(@{@"apps" : @[ @"com.example.gone", @"com.example.beta" ]});
   open();
   EXPECT_EQ(checked(), "B");
   tapRow(0);
@@ -126,21 +126,21 @@ TEST_F(NorvikAppListPageTest, ApplicationsThatAreGoneStayStored) {
 }
 
 TEST_F(NorvikAppListPageTest, ApplicationsThatAreGoneMakeRoom) {
-  store(@{ @"apps" : @[ @"com.example.gone", @"com.example.beta" ] });
+  store(@{@"apps" : @[ @"com.example.gone", @"com.example.beta" ]});
   open(2);
   tapRow(0);
   EXPECT_OBJC_EQ(chosen(), (@[ @"com.example.beta", @"com.example.alpha" ]));
 }
 
 TEST_F(NorvikAppListPageTest, ThingsThatAreNoIdentifiersHurtNothing) {
-  for (id value in (@[ @7, @{ @"a" : @1 }, [NSData data] ])) {
-    store(@{ @"apps" : value });
+  for (id value in (@[ @7, @{@"a" : @1}, [NSData data] ])) {
+    store(@{@"apps" : value});
     open();
     EXPECT_EQ(checked(), "");
     tapRow(0);
     EXPECT_OBJC_EQ(chosen(), @[ @"com.example.alpha" ]);
   }
-  store(@{ @"apps" : @[ @7, @"com.example.beta", @{} ] });
+  store(@{@"apps" : @[ @7, @"com.example.beta", @{} ]});
   open();
   EXPECT_EQ(checked(), "B");
   tapRow(0);
@@ -184,7 +184,7 @@ TEST_F(NorvikAppListPageTest, ReadsTheChoiceAgainWhenItAppears) {
   open();
   UIViewController *above = [[[UIViewController alloc] init] autorelease];
   [navigation() pushViewController:above animated:NO];
-  store(@{ @"apps" : @[ @"com.example.gamma" ] });
+  store(@{@"apps" : @[ @"com.example.gamma" ]});
   [navigation() popViewControllerAnimated:NO];
   EXPECT_EQ(checked(), "G");
 }

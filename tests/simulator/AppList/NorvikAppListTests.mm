@@ -9,7 +9,7 @@ TEST_F(NorvikAppListTest, DeliversOnceLaterInAlphabeticalOrder) {
   installNamed(@"Music", @"com.example.music");
   installNamed(@"apple", @"com.example.apple");
   install(@"/var/containers/Bundle/Application/8A1B/Éclair.app",
-          @{ @"CFBundleIdentifier" : @"com.example.eclair", @"CFBundleDisplayName" : @"Éclair" });
+          @{@"CFBundleIdentifier" : @"com.example.eclair", @"CFBundleDisplayName" : @"Éclair"});
   EXPECT_EQ(names(apps()), "apple,Éclair,Music,zebra");
 }
 
@@ -24,10 +24,9 @@ TEST_F(NorvikAppListTest, AListWithoutACompletionDoesNothing) {
 }
 
 TEST_F(NorvikAppListTest, NamesFallBack) {
-  install(@"/Applications/A.app", @{ @"CFBundleIdentifier" : @"a", @"CFBundleName" : @"Named A" });
-  install(@"/Applications/Folder B.app", @{ @"CFBundleIdentifier" : @"b", @"CFBundleDisplayName" : @"" });
-  install(@"/Applications/C.app",
-          @{ @"CFBundleIdentifier" : @"c", @"CFBundleDisplayName" : @7, @"CFBundleName" : @[] });
+  install(@"/Applications/A.app", @{@"CFBundleIdentifier" : @"a", @"CFBundleName" : @"Named A"});
+  install(@"/Applications/Folder B.app", @{@"CFBundleIdentifier" : @"b", @"CFBundleDisplayName" : @""});
+  install(@"/Applications/C.app", @{@"CFBundleIdentifier" : @"c", @"CFBundleDisplayName" : @7, @"CFBundleName" : @[]});
   EXPECT_EQ(names(apps()), "C,Folder B,Named A");
 }
 
@@ -38,13 +37,16 @@ TEST_F(NorvikAppListTest, BrokenApplicationsAreSkippedAndHurtNothingElse) {
   write(@"/Applications/Empty.app/Info.plist", "");
   write(@"/Applications/Array.app/Info.plist", "<plist version=\"1.0\"><array/></plist>");
   makeFolder(@"/Applications/Folder.app/Info.plist");
-  install(@"/Applications/NoIdentifier.app", @{ @"CFBundleDisplayName" : @"No identifier" });
-  install(@"/Applications/NumberIdentifier.app", @{ @"CFBundleIdentifier" : @7 });
-  install(@"/Applications/EmptyIdentifier.app", @{ @"CFBundleIdentifier" : @"" });
+  install(@"/Applications/NoIdentifier.app", @{@"CFBundleDisplayName" : @"No identifier"});
+  install(@"/Applications/NumberIdentifier.app", @{@"CFBundleIdentifier" : @7});
+  install(@"/Applications/EmptyIdentifier.app", @{@"CFBundleIdentifier" : @""});
   write(@"/Applications/File.app", "a file");
   installNamed(@"not an app", @"com.example.other");
   NSString *plain = path(@"/Applications/Plain Folder");
-  [[NSFileManager defaultManager] createDirectoryAtPath:plain withIntermediateDirectories:YES attributes:nil error:NULL];
+  [[NSFileManager defaultManager] createDirectoryAtPath:plain
+                            withIntermediateDirectories:YES
+                                             attributes:nil
+                                                  error:NULL];
   EXPECT_EQ(names(apps()), "Good,not an app");
   EXPECT_EQ(logged("it is left out"), 9);
   EXPECT_EQ(logged("Garbage.app"), 1);
@@ -54,19 +56,20 @@ TEST_F(NorvikAppListTest, TheFirstOfTwoWithOneIdentifierCounts) {
   installNamed(@"B second", @"com.example.same");
   installNamed(@"A first", @"com.example.same");
   install(@"/var/containers/Bundle/Application/1/0.app",
-          @{ @"CFBundleIdentifier" : @"com.example.same", @"CFBundleDisplayName" : @"0 third" });
+          @{@"CFBundleIdentifier" : @"com.example.same", @"CFBundleDisplayName" : @"0 third"});
   EXPECT_EQ(names(apps()), "A first");
 }
 
 TEST_F(NorvikAppListTest, IconsAreFoundAndLoadedLazily) {
-  install(@"/Applications/Default.app", @{ @"CFBundleIdentifier" : @"a" });
+  install(@"/Applications/Default.app", @{@"CFBundleIdentifier" : @"a"});
   NSString *file = write(@"/Applications/Default.app/AppIcon60x60@3x.png", png(180));
-  install(@"/Applications/Listed.app", @{ @"CFBundleIdentifier" : @"b", @"CFBundleIconFiles" : @[ @7, @"Icon.png" ] });
+  install(@"/Applications/Listed.app", @{@"CFBundleIdentifier" : @"b", @"CFBundleIconFiles" : @[ @7, @"Icon.png" ]});
   write(@"/Applications/Listed.app/Icon@2x.png", png(120));
-  install(@"/Applications/Primary.app", @{
-    @"CFBundleIdentifier" : @"c",
-    @"CFBundleIcons" : @{ @"CFBundlePrimaryIcon" : @{ @"CFBundleIconFiles" : @[ @"Main" ] } }
-  });
+  install(
+      @"/Applications/Primary.app", @{
+        @"CFBundleIdentifier" : @"c",
+        @"CFBundleIcons" : @{@"CFBundlePrimaryIcon" : @{@"CFBundleIconFiles" : @[ @"Main" ]}}
+      });
   write(@"/Applications/Primary.app/Main.png", png(60));
   NSArray *all = apps();
   ASSERT_EQ([all count], 3u);
@@ -81,7 +84,7 @@ TEST_F(NorvikAppListTest, IconsAreFoundAndLoadedLazily) {
 }
 
 TEST_F(NorvikAppListTest, IconsHaveTheSystemsRoundCorners) {
-  install(@"/Applications/A.app", @{ @"CFBundleIdentifier" : @"a" });
+  install(@"/Applications/A.app", @{@"CFBundleIdentifier" : @"a"});
   write(@"/Applications/A.app/AppIcon60x60@3x.png", png(180));
   NorvikAppRecord *app = [apps() objectAtIndex:0];
   const CFDataRef pixels = CGDataProviderCopyData(CGImageGetDataProvider([[app icon] CGImage]));
@@ -96,10 +99,10 @@ TEST_F(NorvikAppListTest, IconsHaveTheSystemsRoundCorners) {
 }
 
 TEST_F(NorvikAppListTest, IconsThatCannotBeReadAreNil) {
-  install(@"/Applications/A.app", @{ @"CFBundleIdentifier" : @"a", @"CFBundleIcons" : @"text" });
-  install(@"/Applications/B.app", @{ @"CFBundleIdentifier" : @"b" });
+  install(@"/Applications/A.app", @{@"CFBundleIdentifier" : @"a", @"CFBundleIcons" : @"text"});
+  install(@"/Applications/B.app", @{@"CFBundleIdentifier" : @"b"});
   write(@"/Applications/B.app/AppIcon60x60@3x.png", "no picture");
-  install(@"/Applications/C.app", @{ @"CFBundleIdentifier" : @"c", @"CFBundleIconFiles" : @[ @"../B.app/Secret" ] });
+  install(@"/Applications/C.app", @{@"CFBundleIdentifier" : @"c", @"CFBundleIconFiles" : @[ @"../B.app/Secret" ]});
   write(@"/Applications/B.app/Secret.png", png(10));
   for (NorvikAppRecord *app in apps()) EXPECT_EQ([app icon], nil) << text([app displayName]);
 }

@@ -62,7 +62,7 @@ TEST(CoreFoundationTest, EveryBridgedTypeHasAnIdThatItSharesWithItsSubclasses) {
     std::set<CFTypeID> types;
     for (id sample in samples) types.insert(CFGetTypeID((CFTypeRef)sample));
     EXPECT_EQ(types.size(), [samples count]);
-    EXPECT_EQ(CFGetTypeID((CFTypeRef)[NSMutableArray array]), CFGetTypeID((CFTypeRef)@[ @1 ]));
+    EXPECT_EQ(CFGetTypeID((CFTypeRef)[NSMutableArray array]), CFGetTypeID((CFTypeRef) @[ @1 ]));
     EXPECT_EQ(CFGetTypeID((CFTypeRef)[NSMutableString string]), CFGetTypeID(CFSTR("text")));
     EXPECT_EQ(CFGetTypeID((CFTypeRef)[NSNull null]), CFGetTypeID((CFTypeRef)[samples lastObject]));
   }

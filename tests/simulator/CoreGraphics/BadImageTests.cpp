@@ -88,9 +88,9 @@ struct Format {
 };
 
 constexpr Format formats[] = {
-    {"png", pngHeader, 1'000'000, true},     {"jpeg", jpegOfSize, 65'500, true}, {"gif", gifOfSize, 65'535, true},
-    {"tiff", tiffOfSize, 1'000'000, true},   {"webp", webpOfSize, 1'000'000, false},
-    {"heif", heifOfSize, 1'000'000, true},
+    {"png", pngHeader, 1'000'000, true},    {"jpeg", jpegOfSize, 65'500, true},
+    {"gif", gifOfSize, 65'535, true},       {"tiff", tiffOfSize, 1'000'000, true},
+    {"webp", webpOfSize, 1'000'000, false}, {"heif", heifOfSize, 1'000'000, true},
 };
 
 sim::DecodedImage opened(const File& file) { return sim::openImage(std::make_shared<const File>(file)); }
@@ -204,8 +204,10 @@ TEST(BadImageTests, GarbageOfManyMegabytesIsNoPicture) {
   for (auto& byte : garbage) byte = std::uint8_t((state = state * 1664525 + 1013904223) >> 24);
   EXPECT_FALSE(opened(garbage).source);
   using namespace std::string_view_literals;
-  for (const auto head : {"\x89PNG\r\n\x1a\n"sv, "\xff\xd8\xff\xe0"sv, "GIF89a"sv, "RIFF\xff\xff\xff\0WEBP"sv,
-                          "II*\0\x08\0\0\0"sv, "\0\0\0\x18" "ftypheic"sv}) {
+  for (const auto head :
+       {"\x89PNG\r\n\x1a\n"sv, "\xff\xd8\xff\xe0"sv, "GIF89a"sv, "RIFF\xff\xff\xff\0WEBP"sv, "II*\0\x08\0\0\0"sv,
+        "\0\0\0\x18"
+        "ftypheic"sv}) {
     std::copy(head.begin(), head.end(), garbage.begin());
     EXPECT_FALSE(hasPixels(garbage)) << head;
   }

@@ -27,7 +27,8 @@ TEST(BoxReducerTests, AveragesBlocks) {
 }
 
 TEST(BoxReducerTests, TheLastBlocksAveragesWhatIsThere) {
-  const auto picture = bitmap(5, 3, Alpha::ignored, [](int x, int y) { return Pixel{x == 4 ? 200 : 0, y == 2 ? 90 : 0, 0}; });
+  const auto picture =
+      bitmap(5, 3, Alpha::ignored, [](int x, int y) { return Pixel{x == 4 ? 200 : 0, y == 2 ? 90 : 0, 0}; });
   const auto small = reduced(*picture, {2, 1});
   ASSERT_EQ(small->width(), 3);
   ASSERT_EQ(small->height(), 1);
@@ -35,11 +36,13 @@ TEST(BoxReducerTests, TheLastBlocksAveragesWhatIsThere) {
 }
 
 TEST(BoxReducerTests, TransparentPixelsGiveNoColour) {
-  const auto picture = bitmap(2, 1, Alpha::straight, [](int x, int) { return x ? Pixel{0, 255, 0, 0} : Pixel{200, 0, 0, 255}; });
+  const auto picture =
+      bitmap(2, 1, Alpha::straight, [](int x, int) { return x ? Pixel{0, 255, 0, 0} : Pixel{200, 0, 0, 255}; });
   const auto small = reduced(*picture, {1, 1});
   EXPECT_EQ(small->alpha(), Alpha::premultiplied);
   EXPECT_EQ(at(*small, 0, 0), (Pixel{100, 0, 0, 128}));
-  const auto again = bitmap(2, 1, Alpha::premultiplied, [](int x, int) { return x ? Pixel{0, 0, 0, 0} : Pixel{200, 0, 0, 255}; });
+  const auto again =
+      bitmap(2, 1, Alpha::premultiplied, [](int x, int) { return x ? Pixel{0, 0, 0, 0} : Pixel{200, 0, 0, 255}; });
   EXPECT_EQ(at(*reduced(*again, {1, 1}), 0, 0), (Pixel{100, 0, 0, 128}));
 }
 
@@ -65,7 +68,8 @@ TEST(BoxReducerTests, SumsOfAHundredMillionPixelsDoNotOverflow) {
 
 // Resizing averages first.
 TEST(BitmapTests, MakesPicturesSmallThatAreWiderThanASurface) {
-  const auto strip = bitmap(100'000, 1, Alpha::ignored, [](int x, int) { return x < 50'000 ? Pixel{255, 0, 0} : Pixel{0, 0, 255}; });
+  const auto strip =
+      bitmap(100'000, 1, Alpha::ignored, [](int x, int) { return x < 50'000 ? Pixel{255, 0, 0} : Pixel{0, 0, 255}; });
   const auto small = sim::sourceOf(strip)->thumbnail(100);
   ASSERT_TRUE(small);
   EXPECT_EQ(small->width(), 100);

@@ -142,8 +142,8 @@ struct Released {
 TEST_F(CGImageTests, TellsTheOwnerOfItsBytesOnce) {
   Released released;
   const char bytes[] = "abcd";
-  const CGDataProviderRef provider =
-      CGDataProviderCreateWithData(&released, bytes, 4, +[](void *info, const void *, size_t size) {
+  const CGDataProviderRef provider = CGDataProviderCreateWithData(
+      &released, bytes, 4, +[](void *info, const void *, size_t size) {
         static_cast<Released *>(info)->times++;
         static_cast<Released *>(info)->size = size;
       });

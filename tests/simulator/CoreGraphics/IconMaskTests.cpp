@@ -48,7 +48,8 @@ TEST(IconMaskTests, IsTheSameAtEveryCorner) {
 }
 
 TEST(IconMaskTests, KeepsTheColoursAndWhatIsTransparent) {
-  const auto picture = bitmap(60, 60, sim::Alpha::straight, [](int x, int) { return Pixel{200, 100, 0, x < 30 ? 128 : 255}; });
+  const auto picture =
+      bitmap(60, 60, sim::Alpha::straight, [](int x, int) { return Pixel{200, 100, 0, x < 30 ? 128 : 255}; });
   const auto icon = sim::straightened(sim::maskedAsIcon(sim::sourceOf(picture))->bitmap());
   EXPECT_EQ(at(*icon, 45, 30), (Pixel{200, 100, 0, 255}));
   EXPECT_EQ(at(*icon, 15, 30).alpha, 128);

@@ -100,8 +100,12 @@ TEST(ImageHeaderTests, RefusesEveryCutOfAFile) {
 
 // A changed byte gives an answer or none; the sanitizers watch for more.
 TEST(ImageHeaderTests, SurvivesEveryChangedByte) {
-  const File files[] = {encoded(*translucent(9, 4), "png"), withOrientation(encoded(*marked(8, 8), "jpeg"), 6, false),
-                        encoded(*translucent(9, 4), "webp"), encoded(*marked(5, 4), "tiff"), heif(), gif()};
+  const File files[] = {encoded(*translucent(9, 4), "png"),
+                        withOrientation(encoded(*marked(8, 8), "jpeg"), 6, false),
+                        encoded(*translucent(9, 4), "webp"),
+                        encoded(*marked(5, 4), "tiff"),
+                        heif(),
+                        gif()};
   for (const File& file : files) {
     for (std::size_t i = 0; i < file.size(); ++i) {
       for (const int value : {0, 1, 127, 128, 255}) {

@@ -21,8 +21,8 @@ char colourAt(const sim::Bitmap& picture, int x, int y) {
 
 TEST(ThumbnailTests, IsTheMiddleSquare) {
   // 400 × 100, three parts: green, red in the middle square, green.
-  const auto picture =
-      bitmap(400, 100, sim::Alpha::ignored, [](int x, int) { return x >= 150 && x < 250 ? Pixel{255, 0, 0} : Pixel{0, 255, 0}; });
+  const auto picture = bitmap(400, 100, sim::Alpha::ignored,
+                              [](int x, int) { return x >= 150 && x < 250 ? Pixel{255, 0, 0} : Pixel{0, 255, 0}; });
   for (const char* format : {"png", "jpeg", "webp", "tiff"}) {
     const auto small = squareThumbnail(opened(encoded(*picture, format)), 20);
     ASSERT_TRUE(small) << format;

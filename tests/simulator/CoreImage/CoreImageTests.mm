@@ -57,9 +57,8 @@ TEST_F(CoreImageTests, UnknownKeysRaise) {
 }
 
 TEST_F(CoreImageTests, InvertsWhenRendered) {
-  CIImage *result = inverted(recipe(bitmap(2, 1, sim::Alpha::straight, [](int x, int) {
-    return Pixel{10, 20, 255, x ? 90 : 255};
-  })));
+  CIImage *result =
+      inverted(recipe(bitmap(2, 1, sim::Alpha::straight, [](int x, int) { return Pixel{10, 20, 255, x ? 90 : 255}; })));
   EXPECT_TRUE(CGRectEqualToRect([result extent], CGRectMake(0, 0, 2, 1)));
   const auto pixels = sim::render(result);
   EXPECT_EQ(at(*pixels, 0, 0), (Pixel{245, 235, 0, 255}));

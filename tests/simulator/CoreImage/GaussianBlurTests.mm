@@ -47,8 +47,8 @@ std::vector<double> gaussian(const std::vector<double> &values, int width, int h
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x) {
       for (int offset = -reach; offset <= reach; ++offset) {
-        result[std::size_t(y * width + x)] +=
-            weight[std::size_t(offset + reach)] * across[std::size_t(std::clamp(y + offset, 0, height - 1) * width + x)];
+        result[std::size_t(y * width + x)] += weight[std::size_t(offset + reach)] *
+                                              across[std::size_t(std::clamp(y + offset, 0, height - 1) * width + x)];
       }
     }
   }
@@ -79,7 +79,9 @@ class GaussianBlurTests : public ObjCTest {
     if (radius) [filter setValue:radius forKey:kCIInputRadiusKey];
     return [filter outputImage];
   }
-  static CIImage *blurredBy(CIImage *image, double radius) { return blurred(image, [NSNumber numberWithDouble:radius]); }
+  static CIImage *blurredBy(CIImage *image, double radius) {
+    return blurred(image, [NSNumber numberWithDouble:radius]);
+  }
   static sim::BitmapPtr drawn(CIImage *image, CGRect rect) {
     const CGImageRef result = [[CIContext context] createCGImage:image fromRect:rect];
     const auto pixels = result ? sim::sourceOf(result)->bitmap() : nullptr;
@@ -126,9 +128,8 @@ TEST_F(GaussianBlurTests, WithoutClampingTheEdgesFadeIntoNothing) {
 }
 
 TEST_F(GaussianBlurTests, TransparentPixelsTakeNoPart) {
-  const auto half = bitmap(64, 64, sim::Alpha::straight, [](int x, int) {
-    return x < 32 ? Pixel{255, 0, 0, 255} : Pixel{0, 255, 0, 0};
-  });
+  const auto half = bitmap(64, 64, sim::Alpha::straight,
+                           [](int x, int) { return x < 32 ? Pixel{255, 0, 0, 255} : Pixel{0, 255, 0, 0}; });
   const auto pixels = drawn(blurredBy([recipe(half) imageByClampingToExtent], 5), CGRectMake(0, 0, 64, 64));
   for (int x = 0; x < 64; ++x) {
     EXPECT_EQ(at(*pixels, x, 30).green, 0) << x;
@@ -138,12 +139,15 @@ TEST_F(GaussianBlurTests, TransparentPixelsTakeNoPart) {
 
 TEST_F(GaussianBlurTests, TheRadiusIsTenUntilSetAndNothingBelowZeroBlurs) {
   CIImage *image = recipe(bitmap(40, 40, sim::Alpha::ignored, busy));
-  EXPECT_OBJC_EQ([[CIFilter filterWithName:@"CIGaussianBlur"] valueForKey:kCIInputRadiusKey], [NSNumber numberWithInt:10]);
+  EXPECT_OBJC_EQ([[CIFilter filterWithName:@"CIGaussianBlur"] valueForKey:kCIInputRadiusKey],
+                 [NSNumber numberWithInt:10]);
   const CGRect all = CGRectMake(0, 0, 40, 40);
   CIImage *clamped = [image imageByClampingToExtent];
-  EXPECT_TRUE(std::ranges::equal(drawn(blurred(clamped, nil), all)->bytes(), drawn(blurredBy(clamped, 10), all)->bytes()));
+  EXPECT_TRUE(
+      std::ranges::equal(drawn(blurred(clamped, nil), all)->bytes(), drawn(blurredBy(clamped, 10), all)->bytes()));
   for (const double radius : {0.0, -3.0, static_cast<double>(NAN)}) {
-    EXPECT_TRUE(std::ranges::equal(drawn(blurredBy(image, radius), all)->bytes(), drawn(image, all)->bytes())) << radius;
+    EXPECT_TRUE(std::ranges::equal(drawn(blurredBy(image, radius), all)->bytes(), drawn(image, all)->bytes()))
+        << radius;
   }
   CIFilter *filter = [CIFilter filterWithName:@"CIGaussianBlur"];
   [filter setValue:[NSNumber numberWithInt:3] forKey:kCIInputRadiusKey];
@@ -178,7 +182,8 @@ TEST_F(GaussianBlurTests, CroppingCutsAndKeepsPlaces) {
 }
 
 TEST_F(GaussianBlurTests, StepsFollowOneAnother) {
-  CIImage *image = recipe(bitmap(64, 64, sim::Alpha::ignored, [](int x, int) { return x < 32 ? Pixel{0, 0, 0} : Pixel{255, 255, 255}; }));
+  CIImage *image = recipe(
+      bitmap(64, 64, sim::Alpha::ignored, [](int x, int) { return x < 32 ? Pixel{0, 0, 0} : Pixel{255, 255, 255}; }));
   CIFilter *invert = [CIFilter filterWithName:@"CIColorInvert"];
   [invert setValue:[blurredBy([image imageByClampingToExtent], 6) imageByCroppingToRect:[image extent]]
             forKey:kCIInputImageKey];

@@ -80,9 +80,7 @@ TEST_F(FailedWriteTest, IntoAReadOnlyFolder) {
   expectFailures(file_, "Permission denied");
 }
 
-TEST_F(FailedWriteTest, OntoAFolder) {
-  expectFailures(path(kFolder), "Is a directory");
-}
+TEST_F(FailedWriteTest, OntoAFolder) { expectFailures(path(kFolder), "Is a directory"); }
 
 TEST_F(FailedWriteTest, WhatNoPropertyListCanHold) {
   const unichar control = 1;
@@ -181,7 +179,9 @@ TEST_F(FailedWriteTest, WhatSucceedsSaysNothing) {
   EXPECT_TRUE([files createDirectoryAtPath:tree withIntermediateDirectories:YES attributes:nil error:nullptr]);
   EXPECT_TRUE([files createFileAtPath:[tree stringByAppendingString:@"/deep/file"]
                              contents:[@"content" dataUsingEncoding:NSUTF8StringEncoding]
-                           attributes:@{NSFilePosixPermissions : @0600}]);
+                           attributes:@{
+                             NSFilePosixPermissions : @0600
+                           }]);
   EXPECT_TRUE([files createSymbolicLinkAtPath:[tree stringByAppendingString:@"/link"] pathContent:@"deep/file"]);
   NSString *file = [tree stringByAppendingString:@"/deep/file"];
   NSDate *date = [NSDate dateWithTimeIntervalSinceReferenceDate:1000];

@@ -124,9 +124,7 @@ TEST_F(JSONTest, ByteOrderMarksAndUTF16AreRead) {
 }
 
 TEST_F(JSONTest, OfEqualKeysTheLastCounts) {
-  EXPECT_OBJC_EQ(
-      parsed("{\"a\":1,\"a\":2}"),
-      @{@"a" : @2});
+  EXPECT_OBJC_EQ(parsed("{\"a\":1,\"a\":2}"), @{@"a" : @2});
 }
 
 TEST_F(JSONTest, MutabilityIsAsAsked) {

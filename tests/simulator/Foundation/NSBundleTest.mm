@@ -50,9 +50,7 @@ class BundleCodeTest : public DeviceTest {
   void SetUp() override {
     DeviceTest::SetUp();
     SIMSetLogHandler(
-        [](NSString *line, void *log) {
-          static_cast<std::vector<std::string> *>(log)->push_back([line UTF8String]);
-        },
+        [](NSString *line, void *log) { static_cast<std::vector<std::string> *>(log)->push_back([line UTF8String]); },
         &log_);
   }
   void TearDown() override {
@@ -75,9 +73,9 @@ class BundleCodeTest : public DeviceTest {
     log_.clear();
     EXPECT_FALSE([bundle load]);
     EXPECT_FALSE([bundle isLoaded]);
-    EXPECT_THAT(log_, ElementsAre(::testing::StartsWith("[Foundation] The code of " +
-                                                        std::string([[bundle bundlePath] UTF8String]) +
-                                                        " was not loaded: ")));
+    EXPECT_THAT(
+        log_, ElementsAre(::testing::StartsWith("[Foundation] The code of " +
+                                                std::string([[bundle bundlePath] UTF8String]) + " was not loaded: ")));
     EXPECT_THAT(log_, ElementsAre(::testing::EndsWith(reason)));
   }
 

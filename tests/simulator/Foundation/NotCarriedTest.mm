@@ -13,7 +13,9 @@ class NotCarriedTest : public ObjCTest {
   void SetUp() override {
     ObjCTest::SetUp();
     SIMSetLogHandler(
-        [](NSString *line, void *context) { static_cast<NotCarriedTest *>(context)->lines_.emplace_back([line UTF8String]); },
+        [](NSString *line, void *context) {
+          static_cast<NotCarriedTest *>(context)->lines_.emplace_back([line UTF8String]);
+        },
         this);
   }
   void TearDown() override {

@@ -29,7 +29,7 @@ class DescriptorLimit final {
 };
 
 mode_t modeOf(NSString *file) {
-  struct stat status {};
+  struct stat status{};
   lstat([file fileSystemRepresentation], &status);
   return status.st_mode;
 }
@@ -79,15 +79,9 @@ TEST_F(PropertyListFileTest, URLsReadAndWriteToo) {
   NSURL *url = [NSURL fileURLWithPath:file_];
   NSError *error = nil;
   ASSERT_TRUE([@{@"a" : @1} writeToURL:url atomically:YES]);
-  EXPECT_OBJC_EQ(
-      [NSDictionary dictionaryWithContentsOfURL:url],
-      @{@"a" : @1});
-  EXPECT_OBJC_EQ(
-      [NSDictionary dictionaryWithContentsOfURL:url error:&error],
-      @{@"a" : @1});
-  EXPECT_OBJC_EQ(
-      [[[NSDictionary alloc] initWithContentsOfURL:url] autorelease],
-      @{@"a" : @1});
+  EXPECT_OBJC_EQ([NSDictionary dictionaryWithContentsOfURL:url], @{@"a" : @1});
+  EXPECT_OBJC_EQ([NSDictionary dictionaryWithContentsOfURL:url error:&error], @{@"a" : @1});
+  EXPECT_OBJC_EQ([[[NSDictionary alloc] initWithContentsOfURL:url] autorelease], @{@"a" : @1});
   ASSERT_TRUE([@[ @1 ] writeToURL:url error:&error]);
   EXPECT_OBJC_EQ([NSArray arrayWithContentsOfURL:url error:&error], @[ @1 ]);
   EXPECT_OBJC_EQ(error, nil);

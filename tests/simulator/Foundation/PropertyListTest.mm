@@ -167,9 +167,7 @@ TEST_F(PropertyListTest, ControlCharactersAreRefusedInXMLAndKeptInBinary) {
          [NSString stringWithFormat:@"%C", (unichar)0xffff]
        ]) {
     EXPECT_OBJC_EQ(encoded(@[ text ], NSPropertyListXMLFormat_v1_0), nil);
-    EXPECT_OBJC_EQ(encoded(
-                       @{text : @1}, NSPropertyListXMLFormat_v1_0),
-                   nil);
+    EXPECT_OBJC_EQ(encoded(@{text : @1}, NSPropertyListXMLFormat_v1_0), nil);
     EXPECT_OBJC_EQ(copied(@[ text ], NSPropertyListBinaryFormat_v1_0), @[ text ]);
   }
 }
@@ -439,7 +437,7 @@ TEST_F(PropertyListTest, DatesBeyondTheFormatAreRefusedInXML) {
 
 TEST_F(PropertyListTest, ADateThatIsNoPointInTimeIsRefused) {
   std::string document("bplist00\x33\x7f\xf8\0\0\0\0\0\0\x08", 18);
-  document.append(std::string("\0\0\0\0\0\0\x01\x01", 8));                                  // Sizes.
+  document.append(std::string("\0\0\0\0\0\0\x01\x01", 8));                                   // Sizes.
   document.append(std::string("\0\0\0\0\0\0\0\x01\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x11", 24));  // Count, root, offsets.
   NSData *data = [NSData dataWithBytes:document.data() length:document.size()];
   EXPECT_OBJC_EQ([NSPropertyListSerialization propertyListWithData:data options:0 format:nullptr error:nullptr], nil);

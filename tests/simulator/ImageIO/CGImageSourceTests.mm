@@ -38,7 +38,8 @@ TEST_F(ImageSourceTests, TheLongerSideBecomesWhatIsAskedForAndNeverMoreThanItIs)
   EXPECT_EQ(small->height(), 20);
   EXPECT_EQ(at(*small, 5, 15), (Pixel{255, 0, 0, 255}));
   EXPECT_EQ(at(*small, 45, 15), (Pixel{0, 0, 255, 255}));
-  for (id side : @[ [NSNumber numberWithInt:1000], [NSNumber numberWithInt:0], [NSNumber numberWithDouble:1e30], @"50" ]) {
+  for (id side :
+       @[ [NSNumber numberWithInt:1000], [NSNumber numberWithInt:0], [NSNumber numberWithDouble:1e30], @"50" ]) {
     EXPECT_EQ(thumbnail(png, always(side))->width(), 200) << [[side description] UTF8String];
   }
   EXPECT_EQ(thumbnail(png, always(nil))->width(), 200);

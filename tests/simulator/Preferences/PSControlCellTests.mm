@@ -44,7 +44,10 @@ class PSControlCellTest : public PreferencesTest {
   }
   UISegmentedControl *showSegments(id value = nil) {
     return (UISegmentedControl *)[showRow(
-        @"PSSegmentCell", @{ @"validValues" : @[ @"a", @"b" ], @"validTitles" : @[ @"First", @"Second" ] }, value) control];
+        @"PSSegmentCell",
+        @{@"validValues" : @[ @"a", @"b" ],
+          @"validTitles" : @[ @"First", @"Second" ]},
+        value) control];
   }
   UITextField *showField(NSDictionary *keys, id value = nil) {
     return [showRow<PSEditableTableCell>(@"PSEditTextCell", keys, value) textField];
@@ -56,7 +59,7 @@ class PSControlCellTest : public PreferencesTest {
 
 TEST_F(PSControlCellTest, ASwitchShowsAndStoresABool) {
   EXPECT_FALSE([showSwitch(@{}) isOn]);
-  EXPECT_TRUE([showSwitch(@{ @"default" : @1 }) isOn]);
+  EXPECT_TRUE([showSwitch(@{@"default" : @1}) isOn]);
   UISwitch *control = showSwitch(@{}, [NSNumber numberWithBool:YES]);
   EXPECT_TRUE([control isOn]);
   EXPECT_OBJC_EQ([[page_ specifierForID:@"Row"] propertyForKey:PSControlKey], control);
@@ -78,7 +81,7 @@ TEST_F(PSControlCellTest, ASwitchWithAValueOfAnotherTypeIsOff) {
 }
 
 TEST_F(PSControlCellTest, ADisabledControlCannotBeWorked) {
-  UISwitch *control = showSwitch(@{ @"enabled" : @0 });
+  UISwitch *control = showSwitch(@{@"enabled" : @0});
   EXPECT_FALSE([control isEnabled]);
   EXPECT_FALSE([control sim_setOnByUser:YES]);
   EXPECT_OBJC_EQ(stored(), nil);
@@ -93,20 +96,20 @@ TEST_F(PSControlCellTest, TheRowsMayBeRebuiltByTheSetter) {
 }
 
 TEST_F(PSControlCellTest, ASetterThatIsNotThereIsLogged) {
-  UISwitch *control = showSwitch(@{ @"set" : @"noSuchSetter:for:" });
+  UISwitch *control = showSwitch(@{@"set" : @"noSuchSetter:for:"});
   EXPECT_TRUE([control sim_setOnByUser:YES]);
   EXPECT_EQ(logged("does not answer the setter noSuchSetter:for:"), 1);
 }
 
 TEST_F(PSControlCellTest, ASliderTakesItsRange) {
-  UISlider *slider = showSlider(@{ @"min" : @10, @"max" : @20 }, @15.5);
+  UISlider *slider = showSlider(@{@"min" : @10, @"max" : @20}, @15.5);
   EXPECT_EQ([slider minimumValue], 10);
   EXPECT_EQ([slider maximumValue], 20);
   EXPECT_EQ([slider value], 15.5f);
   EXPECT_OBJC_EQ([[cell(page_, @"Row") textLabel] text], nil);
   EXPECT_EQ([showSlider(@{}) maximumValue], 1);
-  EXPECT_EQ([showSlider(@{ @"min" : @10, @"max" : @20 }, @99) value], 20);
-  EXPECT_EQ([showSlider(@{ @"min" : @10, @"max" : @20 }) value], 10);
+  EXPECT_EQ([showSlider(@{@"min" : @10, @"max" : @20}, @99) value], 20);
+  EXPECT_EQ([showSlider(@{@"min" : @10, @"max" : @20}) value], 10);
 }
 
 TEST_F(PSControlCellTest, TheHiddenTitleOfASliderNamesIt) {
@@ -116,18 +119,18 @@ TEST_F(PSControlCellTest, TheHiddenTitleOfASliderNamesIt) {
 }
 
 TEST_F(PSControlCellTest, ASliderStoresOnceAtTheEndOfADrag) {
-  UISlider *slider = showSlider(@{ @"isContinuous" : @1, @"defaults" : @"com.example" });
+  UISlider *slider = showSlider(@{@"isContinuous" : @1, @"defaults" : @"com.example"});
   EXPECT_FALSE([slider isContinuous]);
   [slider sim_setValueByUser:0.25 finished:NO];
   EXPECT_OBJC_EQ(page_->_calls, @[]);
   [slider sim_setValueByUser:0.5 finished:YES];
   EXPECT_EQ([page_->_calls count], 1u);
   EXPECT_OBJC_EQ(stored(), [NSNumber numberWithFloat:0.5]);
-  EXPECT_TRUE([showSlider(@{ @"isContinuous" : @1, @"defaults" : @"com.apple.example" }) isContinuous]);
+  EXPECT_TRUE([showSlider(@{@"isContinuous" : @1, @"defaults" : @"com.apple.example"}) isContinuous]);
 }
 
 TEST_F(PSControlCellTest, ASliderMayShowItsNumber) {
-  UISlider *slider = showSlider(@{ @"showValue" : @1 }, @0.5);
+  UISlider *slider = showSlider(@{@"showValue" : @1}, @0.5);
   EXPECT_OBJC_EQ([[cell(page_, @"Row") detailTextLabel] text], @"0.50");
   [slider sim_setValueByUser:0.75 finished:YES];
   EXPECT_OBJC_EQ([[cell(page_, @"Row") detailTextLabel] text], @"0.75");
@@ -136,7 +139,7 @@ TEST_F(PSControlCellTest, ASliderMayShowItsNumber) {
 }
 
 TEST_F(PSControlCellTest, ASliderWithBadNumbersIsAtItsLowEnd) {
-  UISlider *slider = showSlider(@{ @"min" : @"low", @"max" : @[] }, @[ @1 ]);
+  UISlider *slider = showSlider(@{@"min" : @"low", @"max" : @[]}, @[ @1 ]);
   EXPECT_EQ([slider minimumValue], 0);
   EXPECT_EQ([slider maximumValue], 1);
   EXPECT_EQ([slider value], 0);
@@ -166,14 +169,15 @@ TEST_F(PSControlCellTest, AnUnknownValueSelectsTheFirstSegment) {
 }
 
 TEST_F(PSControlCellTest, SegmentsWithoutTitlesShowTheirValues) {
-  UISegmentedControl *segments =
-      (UISegmentedControl *)[showRow(@"PSSegmentCell", @{ @"validValues" : @[ @1, @"b" ] }) control];
+  UISegmentedControl *segments = (UISegmentedControl *)[showRow(
+      @"PSSegmentCell",
+      @{@"validValues" : @[ @1, @"b" ]}) control];
   EXPECT_OBJC_EQ([segments titleForSegmentAtIndex:0], @"1");
   EXPECT_EQ([(UISegmentedControl *)[showRow(@"PSSegmentCell", @{}) control] numberOfSegments], 0u);
 }
 
 TEST_F(PSControlCellTest, ATextRowStoresWhenEditingEnds) {
-  UITextField *field = showField(@{ @"placeholder" : @"Your name", @"keyboard" : @"numbers" }, @"Ann");
+  UITextField *field = showField(@{@"placeholder" : @"Your name", @"keyboard" : @"numbers"}, @"Ann");
   EXPECT_OBJC_EQ([field text], @"Ann");
   EXPECT_OBJC_EQ([field placeholder], @"Your name");
   EXPECT_EQ([field keyboardType], UIKeyboardTypeNumberPad);
@@ -204,7 +208,7 @@ TEST_F(PSControlCellTest, ReturnKeepsEditingUnlessThePageIsToPop) {
   EXPECT_EQ(top(), page_);
 
   UIViewController *below = [[[UIViewController alloc] init] autorelease];
-  UITextField *popping = showField(@{ @"textFieldShouldPopOnReturn" : @1 });
+  UITextField *popping = showField(@{@"textFieldShouldPopOnReturn" : @1});
   [navigation() setViewControllers:@[ below, page_ ]];
   [popping sim_enterTextAndReturn:@"typed"];
   EXPECT_OBJC_EQ(stored(), @"typed");

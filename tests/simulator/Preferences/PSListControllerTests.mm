@@ -164,7 +164,7 @@ TEST_F(PSListControllerTest, ReloadSpecifiersAsksAgain) {
 }
 
 TEST_F(PSListControllerTest, ReloadTakesRowsThatTheMakerExchanged) {
-  writeList(@[ @{ @"cell" : @"PSLinkCell", @"label" : @"A" }, @{ @"cell" : @"PSLinkCell", @"label" : @"B" } ]);
+  writeList(@[ @{@"cell" : @"PSLinkCell", @"label" : @"A"}, @{@"cell" : @"PSLinkCell", @"label" : @"B"} ]);
   LifePage *page = lifePage(@[ [PSSpecifier emptyGroupSpecifier], rowNamed(@"A"), rowNamed(@"B") ]);
   show(page);
   [page setSpecifiers:@[ [PSSpecifier emptyGroupSpecifier], rowNamed(@"Z") ]];
@@ -195,8 +195,9 @@ TEST_F(PSListControllerTest, OpensItsPagesInTheOrderOfSettings) {
   LifePage *child = (LifePage *)top();
   ASSERT_TRUE([child isKindOfClass:[LifePage class]]);
   EXPECT_NE(child, page);
-  EXPECT_OBJC_EQ(child->_order,
-                 (@[ @"root", @"parent", @"specifier", @"loadView", @"viewDidLoad", @"specifiers", @"viewWillAppear" ]));
+  EXPECT_OBJC_EQ(
+      child->_order,
+      (@[ @"root", @"parent", @"specifier", @"loadView", @"viewDidLoad", @"specifiers", @"viewWillAppear" ]));
   EXPECT_OBJC_EQ([child title], @"Link");
   EXPECT_EQ([child parentController], page);
   EXPECT_EQ([child rootController], navigation());
@@ -222,8 +223,13 @@ TEST_F(PSListControllerTest, APushedPageGetsTheNewSpecifierOfItsRow) {
 
 TEST_F(PSListControllerTest, TheVisitedRowIsDeselectedAndRefreshedOnReturn) {
   TestPage *page = showPage(@[ @{
-    @"cell" : @"PSLinkListCell", @"label" : @"Size", @"key" : @"size", @"default" : @1, @"validValues" : @[ @1, @2 ],
-    @"validTitles" : @[ @"Small", @"Large" ], @"detail" : @"TestPage"
+    @"cell" : @"PSLinkListCell",
+    @"label" : @"Size",
+    @"key" : @"size",
+    @"default" : @1,
+    @"validValues" : @[ @1, @2 ],
+    @"validTitles" : @[ @"Small", @"Large" ],
+    @"detail" : @"TestPage"
   } ]);
   EXPECT_OBJC_EQ([[cell(page, @"Size") detailTextLabel] text], @"Small");
   tap(page, @"Size");

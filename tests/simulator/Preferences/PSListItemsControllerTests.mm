@@ -22,8 +22,12 @@ class PSListItemsControllerTest : public PreferencesTest {
  protected:
   PSListItemsController *open(NSDictionary *more, id value = nil) {
     NSMutableDictionary *item = [NSMutableDictionary dictionaryWithDictionary:@{
-      @"cell" : @"PSLinkListCell", @"label" : @"Size", @"key" : @"size", @"detail" : @"PSListItemsController",
-      @"validValues" : @[ @1, @2, @3 ], @"validTitles" : @[ @"Small", @"Medium", @"Large" ]
+      @"cell" : @"PSLinkListCell",
+      @"label" : @"Size",
+      @"key" : @"size",
+      @"detail" : @"PSListItemsController",
+      @"validValues" : @[ @1, @2, @3 ],
+      @"validTitles" : @[ @"Small", @"Medium", @"Large" ]
     }];
     [item addEntriesFromDictionary:more];
     writeList(@[ item ]);
@@ -46,7 +50,7 @@ class PSListItemsControllerTest : public PreferencesTest {
 };
 
 TEST_F(PSListItemsControllerTest, ShowsEveryChoiceAndChecksTheCurrentOne) {
-  PSListItemsController *page = open(@{ @"staticTextMessage" : @"A note", @"staticHeaderText" : @"Head" }, @2);
+  PSListItemsController *page = open(@{@"staticTextMessage" : @"A note", @"staticHeaderText" : @"Head"}, @2);
   ASSERT_TRUE([page isMemberOfClass:[PSListItemsController class]]);
   EXPECT_OBJC_EQ([page title], @"Size");
   EXPECT_EQ(rows(page), "[Head] Small Medium Large");
@@ -74,7 +78,7 @@ TEST_F(PSListItemsControllerTest, AnUnknownValueChecksNothing) {
 }
 
 TEST_F(PSListItemsControllerTest, ADeferredChoiceIsStoredOnLeaving) {
-  PSListItemsController *page = open(@{ @"deferItemSelection" : @1 }, @1);
+  PSListItemsController *page = open(@{@"deferItemSelection" : @1}, @1);
   tap(page, @"2");
   tap(page, @"3");
   EXPECT_OBJC_EQ(parent_->_calls, @[]);
@@ -83,14 +87,13 @@ TEST_F(PSListItemsControllerTest, ADeferredChoiceIsStoredOnLeaving) {
 }
 
 TEST_F(PSListItemsControllerTest, ChoicesMayComeFromTheTarget) {
-  PSListItemsController *page =
-      open(@{ @"valuesDataSource" : @"numbers:", @"titlesDataSource" : @"names:" }, @20);
+  PSListItemsController *page = open(@{@"valuesDataSource" : @"numbers:", @"titlesDataSource" : @"names:"}, @20);
   EXPECT_EQ(rows(page), "[] Ten Twenty");
   EXPECT_EQ(checked(page), "Twenty");
 }
 
 TEST_F(PSListItemsControllerTest, WithoutTitlesTheValuesShow) {
-  PSListItemsController *page = open(@{ @"validTitles" : @[ @"a", @"b", @"c" ] });
+  PSListItemsController *page = open(@{@"validTitles" : @[ @"a", @"b", @"c" ]});
   EXPECT_EQ(rows(page), "[] a b c");
   PSListItemsController *bare = [[[PSListItemsController alloc] init] autorelease];
   PSSpecifier *specifier = [PSSpecifier groupSpecifierWithName:@"Bare"];

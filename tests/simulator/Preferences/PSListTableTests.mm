@@ -57,8 +57,10 @@ class PSListTableTest : public PreferencesTest {
 
 TEST_F(PSListTableTest, TitlesAndFootersOfGroups) {
   UITableView *table = tableOf(@[
-    @{ @"cell" : @"PSGroupCell", @"label" : @"Head", @"footerText" : @"Foot" }, @{ @"cell" : @"PSGroupCell" },
-    @{ @"cell" : @"PSGroupCell", @"label" : @"", @"footerText" : @7 }
+    @{@"cell" : @"PSGroupCell", @"label" : @"Head", @"footerText" : @"Foot"}, @{@"cell" : @"PSGroupCell"},
+    @{@"cell" : @"PSGroupCell",
+      @"label" : @"",
+      @"footerText" : @7}
   ]);
   ASSERT_EQ([table numberOfSections], 3);
   EXPECT_OBJC_EQ([table sim_titleForHeaderInSection:0], @"Head");
@@ -72,7 +74,10 @@ TEST_F(PSListTableTest, TitlesAndFootersOfGroups) {
 TEST_F(PSListTableTest, AGroupsOwnViewReplacesItsText) {
   gBanners = 0;
   UITableView *table = tableOf(@[ @{
-    @"cell" : @"PSGroupCell", @"label" : @"Head", @"footerText" : @"Foot", @"headerCellClass" : @"BannerView",
+    @"cell" : @"PSGroupCell",
+    @"label" : @"Head",
+    @"footerText" : @"Foot",
+    @"headerCellClass" : @"BannerView",
     @"footerCellClass" : @"TallView"
   } ]);
   UIView *header = [table sim_viewForHeaderInSection:0];
@@ -87,9 +92,8 @@ TEST_F(PSListTableTest, AGroupsOwnViewReplacesItsText) {
 }
 
 TEST_F(PSListTableTest, HeightsOfAGroupsOwnViews) {
-  UITableView *table = tableOf(@[ @{
-    @"cell" : @"PSGroupCell", @"headerCellClass" : @"BannerView", @"footerCellClass" : @"TallView"
-  } ]);
+  UITableView *table =
+      tableOf(@[ @{@"cell" : @"PSGroupCell", @"headerCellClass" : @"BannerView", @"footerCellClass" : @"TallView"} ]);
   const CGFloat width = [table bounds].size.width;
   const CGFloat header = [table rectForHeaderInSection:0].size.height;
   EXPECT_GT(header, 0);
@@ -101,8 +105,7 @@ TEST_F(PSListTableTest, HeightsOfAGroupsOwnViews) {
 TEST_F(PSListTableTest, AnUnknownViewClassIsLoggedAndTheTextStays) {
   for (NSString *name in @[ @"NoSuchView", @"NSString", @"UIView" ]) {
     log.clear();
-    UITableView *table =
-        tableOf(@[ @{ @"cell" : @"PSGroupCell", @"label" : @"Head", @"headerCellClass" : name } ]);
+    UITableView *table = tableOf(@[ @{@"cell" : @"PSGroupCell", @"label" : @"Head", @"headerCellClass" : name} ]);
     EXPECT_EQ([table sim_viewForHeaderInSection:0], nil);
     EXPECT_OBJC_EQ([table sim_titleForHeaderInSection:0], @"Head");
     EXPECT_EQ(logged("names no view"), 1) << [name UTF8String];
@@ -112,7 +115,7 @@ TEST_F(PSListTableTest, AnUnknownViewClassIsLoggedAndTheTextStays) {
 TEST_F(PSListTableTest, TheViewsGoWithTheirPage) {
   PSSpecifier *group = nil;
   @autoreleasepool {
-    TestPage *page = showPage(@[ @{ @"cell" : @"PSGroupCell", @"headerCellClass" : @"BannerView" } ]);
+    TestPage *page = showPage(@[ @{@"cell" : @"PSGroupCell", @"headerCellClass" : @"BannerView"} ]);
     [[page table] sim_prepareForDescription];
     [[page table] sim_viewForHeaderInSection:0];
     group = [[page specifierAtIndex:0] retain];
@@ -127,10 +130,17 @@ TEST_F(PSListTableTest, TheViewsGoWithTheirPage) {
 
 TEST_F(PSListTableTest, HeightsOfRows) {
   UITableView *table = tableOf(@[
-    @{ @"cell" : @"PSTitleValueCell", @"label" : @"A" }, @{ @"cell" : @"PSTitleValueCell", @"label" : @"B", @"height" : @120 },
-    @{ @"cell" : @"PSGiantCell", @"label" : @"C" }, @{ @"cell" : @"PSTitleValueCell", @"label" : @"D", @"height" : @"90" },
-    @{ @"cell" : @"PSTitleValueCell", @"label" : @"E", @"height" : @[] },
-    @{ @"cell" : @"PSTitleValueCell", @"label" : @"F", @"height" : @-5 }
+    @{@"cell" : @"PSTitleValueCell", @"label" : @"A"},
+    @{@"cell" : @"PSTitleValueCell",
+      @"label" : @"B",
+      @"height" : @120},
+    @{@"cell" : @"PSGiantCell", @"label" : @"C"}, @{@"cell" : @"PSTitleValueCell", @"label" : @"D", @"height" : @"90"},
+    @{@"cell" : @"PSTitleValueCell",
+      @"label" : @"E",
+      @"height" : @[]},
+    @{@"cell" : @"PSTitleValueCell",
+      @"label" : @"F",
+      @"height" : @-5}
   ]);
   EXPECT_EQ(height(table, 0), 44);
   EXPECT_EQ(height(table, 1), 120);
@@ -142,7 +152,7 @@ TEST_F(PSListTableTest, HeightsOfRows) {
 }
 
 TEST_F(PSListTableTest, ACellOfUIKitsOwnKindShowsTheName) {
-  TestPage *page = showPage(@[ @{ @"cell" : @"PSTitleValueCell", @"label" : @"Row", @"cellClass" : @"PlainUIKitCell" } ]);
+  TestPage *page = showPage(@[ @{@"cell" : @"PSTitleValueCell", @"label" : @"Row", @"cellClass" : @"PlainUIKitCell"} ]);
   UITableViewCell *row = cell(page, @"Row");
   EXPECT_TRUE([row isKindOfClass:[PlainUIKitCell class]]);
   EXPECT_OBJC_EQ([[row textLabel] text], @"Row");
@@ -151,7 +161,7 @@ TEST_F(PSListTableTest, ACellOfUIKitsOwnKindShowsTheName) {
 TEST_F(PSListTableTest, TenThousandRows) {
   NSMutableArray *items = [NSMutableArray arrayWithCapacity:10000];
   for (int number = 0; number < 10000; ++number) {
-    [items addObject:@{ @"cell" : @"PSLinkCell", @"label" : [NSString stringWithFormat:@"Row %d", number] }];
+    [items addObject:@{@"cell" : @"PSLinkCell", @"label" : [NSString stringWithFormat:@"Row %d", number]}];
   }
   UITableView *table = tableOf(items);
   __block int described = 0;

@@ -28,8 +28,11 @@ class PSListTapTest : public PreferencesTest {
   TestPage *showRow(NSDictionary *item) { return showPage(@[ item ]); }
   TestPage *showConfirmation(NSDictionary *more) {
     NSMutableDictionary *item = [NSMutableDictionary dictionaryWithDictionary:@{
-      @"cell" : @"PSButtonCell", @"label" : @"Erase", @"action" : @"plainAction",
-      @"confirmation" : @{ @"title" : @"Erase All", @"prompt" : @"Really?", @"okTitle" : @"Do It", @"cancelTitle" : @"Keep" }
+      @"cell" : @"PSButtonCell",
+      @"label" : @"Erase",
+      @"action" : @"plainAction",
+      @"confirmation" :
+          @{@"title" : @"Erase All", @"prompt" : @"Really?", @"okTitle" : @"Do It", @"cancelTitle" : @"Keep"}
     }];
     [item addEntriesFromDictionary:more];
     return showRow(item);
@@ -39,8 +42,8 @@ class PSListTapTest : public PreferencesTest {
 
 TEST_F(PSListTapTest, AButtonRunsItsActionAndIsDeselected) {
   TestPage *page = showPage(@[
-    @{ @"cell" : @"PSButtonCell", @"label" : @"None", @"action" : @"plainAction" },
-    @{ @"cell" : @"PSButtonCell", @"label" : @"One", @"action" : @"actionWith:" }
+    @{@"cell" : @"PSButtonCell", @"label" : @"None", @"action" : @"plainAction"},
+    @{@"cell" : @"PSButtonCell", @"label" : @"One", @"action" : @"actionWith:"}
   ]);
   EXPECT_TRUE(tap(page, @"None"));
   EXPECT_TRUE(tap(page, @"One"));
@@ -50,15 +53,15 @@ TEST_F(PSListTapTest, AButtonRunsItsActionAndIsDeselected) {
 
 TEST_F(PSListTapTest, AButtonActionComesBeforeTheAction) {
   TestPage *page = showRow(
-      @{ @"cell" : @"PSButtonCell", @"label" : @"B", @"action" : @"plainAction", @"buttonAction" : @"actionWith:" });
+      @{@"cell" : @"PSButtonCell", @"label" : @"B", @"action" : @"plainAction", @"buttonAction" : @"actionWith:"});
   tap(page, @"B");
   EXPECT_OBJC_EQ(page->_calls, @[ @"actionWith B" ]);
 }
 
 TEST_F(PSListTapTest, AMissingActionIsLogged) {
   TestPage *page = showPage(@[
-    @{ @"cell" : @"PSButtonCell", @"label" : @"B", @"action" : @"doesNotExist:" },
-    @{ @"cell" : @"PSLinkCell", @"label" : @"L", @"action" : @"doesNotExistEither" }
+    @{@"cell" : @"PSButtonCell", @"label" : @"B", @"action" : @"doesNotExist:"},
+    @{@"cell" : @"PSLinkCell", @"label" : @"L", @"action" : @"doesNotExistEither"}
   ]);
   tap(page, @"B");
   EXPECT_EQ(logged("TestPage does not answer the action doesNotExist:"), 1);
@@ -71,20 +74,20 @@ TEST_F(PSListTapTest, AMissingActionIsLogged) {
 }
 
 TEST_F(PSListTapTest, AButtonWithoutAnyActionDoesNothing) {
-  TestPage *page = showRow(@{ @"cell" : @"PSButtonCell", @"label" : @"B" });
+  TestPage *page = showRow(@{@"cell" : @"PSButtonCell", @"label" : @"B"});
   EXPECT_TRUE(tap(page, @"B"));
   EXPECT_OBJC_EQ(page->_calls, @[]);
 }
 
 TEST_F(PSListTapTest, ALinkPushesItsDetail) {
-  TestPage *page = showRow(@{ @"cell" : @"PSLinkCell", @"label" : @"L", @"detail" : @"PSListController" });
+  TestPage *page = showRow(@{@"cell" : @"PSLinkCell", @"label" : @"L", @"detail" : @"PSListController"});
   EXPECT_TRUE(tap(page, @"L"));
   EXPECT_TRUE([top() isMemberOfClass:[PSListController class]]);
   EXPECT_OBJC_EQ([top() title], @"L");
 }
 
 TEST_F(PSListTapTest, ALinkWithoutDetailPushesAnEmptyPage) {
-  TestPage *page = showRow(@{ @"cell" : @"PSLinkCell", @"label" : @"L", @"detail" : @"NoSuchPage" });
+  TestPage *page = showRow(@{@"cell" : @"PSLinkCell", @"label" : @"L", @"detail" : @"NoSuchPage"});
   EXPECT_EQ(logged("NoSuchPage"), 1);
   EXPECT_TRUE(tap(page, @"L"));
   EXPECT_TRUE([top() isMemberOfClass:[PSListController class]]);
@@ -92,8 +95,8 @@ TEST_F(PSListTapTest, ALinkWithoutDetailPushesAnEmptyPage) {
 
 TEST_F(PSListTapTest, ALinkWithAnActionDoesNotPush) {
   TestPage *page = showPage(@[
-    @{ @"cell" : @"PSLinkCell", @"label" : @"A", @"action" : @"plainAction", @"detail" : @"PSListController" },
-    @{ @"cell" : @"PSLinkCell", @"label" : @"B", @"buttonAction" : @"actionWith:", @"detail" : @"PSListController" },
+    @{@"cell" : @"PSLinkCell", @"label" : @"A", @"action" : @"plainAction", @"detail" : @"PSListController"},
+    @{@"cell" : @"PSLinkCell", @"label" : @"B", @"buttonAction" : @"actionWith:", @"detail" : @"PSListController"},
   ]);
   tap(page, @"A");
   tap(page, @"B");
@@ -103,7 +106,8 @@ TEST_F(PSListTapTest, ALinkWithAnActionDoesNotPush) {
 }
 
 TEST_F(PSListTapTest, AnActionThatTakesItselfAwayLetsThePagePush) {
-  writeList(@[ @{ @"cell" : @"PSLinkCell", @"label" : @"L", @"action" : @"forgetAction:", @"detail" : @"PSListController" } ]);
+  writeList(
+      @[ @{@"cell" : @"PSLinkCell", @"label" : @"L", @"action" : @"forgetAction:", @"detail" : @"PSListController"} ]);
   RemovingPage *page = [[[RemovingPage alloc] init] autorelease];
   page->_testBundle = [bundle() retain];
   show(page);
@@ -113,14 +117,14 @@ TEST_F(PSListTapTest, AnActionThatTakesItselfAwayLetsThePagePush) {
 
 TEST_F(PSListTapTest, ALoadActionRunsBeforeThePagePushes) {
   TestPage *page = showRow(
-      @{ @"cell" : @"PSLinkCell", @"label" : @"L", @"loadAction" : @"actionWith:", @"detail" : @"PSListController" });
+      @{@"cell" : @"PSLinkCell", @"label" : @"L", @"loadAction" : @"actionWith:", @"detail" : @"PSListController"});
   tap(page, @"L");
   EXPECT_OBJC_EQ(page->_calls, @[ @"actionWith L" ]);
   EXPECT_NE(top(), page);
 }
 
 TEST_F(PSListTapTest, APageThatSettingsCannotOpenIsLogged) {
-  TestPage *page = showRow(@{ @"cell" : @"PSLinkCell", @"label" : @"L", @"detail" : @"ForeignPage" });
+  TestPage *page = showRow(@{@"cell" : @"PSLinkCell", @"label" : @"L", @"detail" : @"ForeignPage"});
   tap(page, @"L");
   EXPECT_EQ(top(), page);
   EXPECT_EQ(logged("ForeignPage does not answer setRootController:"), 1);
@@ -128,9 +132,9 @@ TEST_F(PSListTapTest, APageThatSettingsCannotOpenIsLogged) {
 
 TEST_F(PSListTapTest, RowsWithoutAnActionRefuseTaps) {
   TestPage *page = showPage(@[
-    @{ @"cell" : @"PSTitleValueCell", @"label" : @"Value" }, @{ @"cell" : @"PSStaticTextCell", @"label" : @"Text" },
-    @{ @"cell" : @"PSSwitchCell", @"label" : @"Switch", @"key" : @"s" },
-    @{ @"cell" : @"PSTitleValueCell", @"label" : @"Acting", @"action" : @"plainAction" }
+    @{@"cell" : @"PSTitleValueCell", @"label" : @"Value"}, @{@"cell" : @"PSStaticTextCell", @"label" : @"Text"},
+    @{@"cell" : @"PSSwitchCell", @"label" : @"Switch", @"key" : @"s"},
+    @{@"cell" : @"PSTitleValueCell", @"label" : @"Acting", @"action" : @"plainAction"}
   ]);
   EXPECT_FALSE(tap(page, @"Value"));
   EXPECT_FALSE(tap(page, @"Text"));
@@ -141,8 +145,14 @@ TEST_F(PSListTapTest, RowsWithoutAnActionRefuseTaps) {
 
 TEST_F(PSListTapTest, ADisabledRowRefusesTaps) {
   TestPage *page = showPage(@[
-    @{ @"cell" : @"PSButtonCell", @"label" : @"Off", @"action" : @"plainAction", @"enabled" : @0 },
-    @{ @"cell" : @"PSButtonCell", @"label" : @"Odd", @"action" : @"plainAction", @"enabled" : @[] }
+    @{@"cell" : @"PSButtonCell",
+      @"label" : @"Off",
+      @"action" : @"plainAction",
+      @"enabled" : @0},
+    @{@"cell" : @"PSButtonCell",
+      @"label" : @"Odd",
+      @"action" : @"plainAction",
+      @"enabled" : @[]}
   ]);
   EXPECT_FALSE(tap(page, @"Off"));
   EXPECT_OBJC_EQ(page->_calls, @[]);
@@ -152,17 +162,26 @@ TEST_F(PSListTapTest, ADisabledRowRefusesTaps) {
 }
 
 TEST_F(PSListTapTest, ATextRowStartsEditing) {
-  TestPage *page = showRow(@{ @"cell" : @"PSEditTextCell", @"label" : @"Name", @"key" : @"name" });
+  TestPage *page = showRow(@{@"cell" : @"PSEditTextCell", @"label" : @"Name", @"key" : @"name"});
   EXPECT_TRUE(tap(page, @"Name"));
   EXPECT_TRUE([[(PSEditableTableCell *)cell(page, @"Name") textField] isEditing]);
 }
 
 TEST_F(PSListTapTest, ARadioGroupMovesItsCheckMarkAndStores) {
   TestPage *page = showPage(@[
-    @{ @"cell" : @"PSGroupCell", @"isRadioGroup" : @1, @"key" : @"size", @"get" : @"readPreferenceValue:",
-       @"set" : @"setPreferenceValue:specifier:" },
-    @{ @"cell" : @"PSListItemCell", @"label" : @"S", @"value" : @1 },
-    @{ @"cell" : @"PSListItemCell", @"label" : @"M", @"value" : @2 }
+    @{
+      @"cell" : @"PSGroupCell",
+      @"isRadioGroup" : @1,
+      @"key" : @"size",
+      @"get" : @"readPreferenceValue:",
+      @"set" : @"setPreferenceValue:specifier:"
+    },
+    @{@"cell" : @"PSListItemCell",
+      @"label" : @"S",
+      @"value" : @1},
+    @{@"cell" : @"PSListItemCell",
+      @"label" : @"M",
+      @"value" : @2}
   ]);
   [page->_store setObject:@1 forKey:@"size"];
   [page reload];
@@ -175,7 +194,7 @@ TEST_F(PSListTapTest, ARadioGroupMovesItsCheckMarkAndStores) {
 }
 
 TEST_F(PSListTapTest, AConfirmationOnAPhoneIsASheet) {
-  TestPage *page = showConfirmation(@{ @"isDestructive" : @1 });
+  TestPage *page = showConfirmation(@{@"isDestructive" : @1});
   tap(page, @"Erase");
   ASSERT_TRUE(alert() != nil);
   EXPECT_EQ([alert() preferredStyle], UIAlertControllerStyleActionSheet);
@@ -203,7 +222,7 @@ TEST_F(PSListTapTest, AConfirmationOnATabletIsAnAlert) {
 }
 
 TEST_F(PSListTapTest, AConfirmationRunsItsOwnActionsFirst) {
-  TestPage *page = showConfirmation(@{ @"confirmationAction" : @"actionWith:", @"cancel" : @"plainAction" });
+  TestPage *page = showConfirmation(@{@"confirmationAction" : @"actionWith:", @"cancel" : @"plainAction"});
   tap(page, @"Erase");
   [alert() sim_tapAction:actionAt(0)];
   EXPECT_OBJC_EQ(page->_calls, @[ @"actionWith Erase" ]);
@@ -213,9 +232,11 @@ TEST_F(PSListTapTest, AConfirmationRunsItsOwnActionsFirst) {
 }
 
 TEST_F(PSListTapTest, ASwitchThatAsksStoresOnlyWhenConfirmed) {
-  TestPage *page = showRow(@{
-    @"cell" : @"PSSwitchCell", @"label" : @"Erase", @"key" : @"k", @"confirmation" : @{ @"prompt" : @"Really?" }
-  });
+  TestPage *page = showRow(
+      @{@"cell" : @"PSSwitchCell",
+        @"label" : @"Erase",
+        @"key" : @"k",
+        @"confirmation" : @{@"prompt" : @"Really?"}});
   UISwitch *control = (UISwitch *)[(PSSwitchTableCell *)cell(page, @"Erase") control];
   [control sim_setOnByUser:YES];
   EXPECT_OBJC_EQ(page->_calls, @[]);

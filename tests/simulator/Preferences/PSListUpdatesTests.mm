@@ -71,9 +71,9 @@ class PSListUpdatesTest : public PreferencesTest {
   /// [One] A B [Two] C, on screen.
   TestPage *page() {
     return showPage(@[
-      @{ @"cell" : @"PSGroupCell", @"label" : @"One" }, @{ @"cell" : @"PSLinkCell", @"label" : @"A" },
-      @{ @"cell" : @"PSLinkCell", @"label" : @"B" }, @{ @"cell" : @"PSGroupCell", @"label" : @"Two" },
-      @{ @"cell" : @"PSLinkCell", @"label" : @"C" }
+      @{@"cell" : @"PSGroupCell", @"label" : @"One"}, @{@"cell" : @"PSLinkCell", @"label" : @"A"},
+      @{@"cell" : @"PSLinkCell", @"label" : @"B"}, @{@"cell" : @"PSGroupCell", @"label" : @"Two"},
+      @{@"cell" : @"PSLinkCell", @"label" : @"C"}
     ]);
   }
   /// What the table shows: the titles of its rows, sections parted by "|".
@@ -216,8 +216,8 @@ TEST_F(PSListUpdatesTest, ARemovedRowCanBePutBack) {
 
 TEST_F(PSListUpdatesTest, ReloadingARowAsksItsGetterAgain) {
   TestPage *list = showPage(@[
-    @{ @"cell" : @"PSTitleValueCell", @"id" : @"row", @"label" : @"Row", @"key" : @"k" },
-    @{ @"cell" : @"PSTitleValueCell", @"id" : @"own", @"label" : @"Own", @"key" : @"k", @"cellClass" : @"OwnCell" }
+    @{@"cell" : @"PSTitleValueCell", @"id" : @"row", @"label" : @"Row", @"key" : @"k"},
+    @{@"cell" : @"PSTitleValueCell", @"id" : @"own", @"label" : @"Own", @"key" : @"k", @"cellClass" : @"OwnCell"}
   ]);
   PSTableCell *live = cell(list, @"row");
   [list->_store setObject:@"new" forKey:@"k"];
@@ -241,8 +241,8 @@ TEST_F(PSListUpdatesTest, ReloadingAGroupShowsItsNewFooter) {
 TEST_F(PSListUpdatesTest, AGetterMayAskForReloadsOfOtherRows) {
   for (NSString *cellClass in @[ @"PSTableCell", @"OwnCell" ]) {
     writeList(@[
-      @{ @"cell" : @"PSEditTextCell", @"id" : @"first", @"label" : @"First", @"key" : @"first", @"default" : @"old" },
-      @{ @"cell" : @"PSTitleValueCell", @"id" : @"second", @"label" : @"Second", @"cellClass" : cellClass }
+      @{@"cell" : @"PSEditTextCell", @"id" : @"first", @"label" : @"First", @"key" : @"first", @"default" : @"old"},
+      @{@"cell" : @"PSTitleValueCell", @"id" : @"second", @"label" : @"Second", @"cellClass" : cellClass}
     ]);
     FollowingPage *list = [[[FollowingPage alloc] init] autorelease];
     list->_testBundle = [bundle() retain];
@@ -260,7 +260,7 @@ TEST_F(PSListUpdatesTest, AGetterMayAskForReloadsOfOtherRows) {
 TEST_F(PSListUpdatesTest, TheLiveCellIsKnownWhileTheRowShows) {
   NSMutableArray *items = [NSMutableArray array];
   for (int number = 0; number < 60; ++number) {
-    [items addObject:@{ @"cell" : @"PSTitleValueCell", @"label" : [NSString stringWithFormat:@"Row %d", number] }];
+    [items addObject:@{@"cell" : @"PSTitleValueCell", @"label" : [NSString stringWithFormat:@"Row %d", number]}];
   }
   TestPage *list = showPage(items);
   [[list table] sim_prepareForDescription];
@@ -276,8 +276,12 @@ TEST_F(PSListUpdatesTest, TheLiveCellIsKnownWhileTheRowShows) {
 TEST_F(PSListUpdatesTest, DescribingALongPageManyTimesMakesNoMoreCells) {
   NSMutableArray *items = [NSMutableArray array];
   for (int number = 0; number < 60; ++number) {
-    [items addObject:@{ @"cell" : @"PSSwitchCell", @"label" : [NSString stringWithFormat:@"Row %d", number],
-                        @"key" : @"k", @"cellClass" : number % 2 ? @"PSSwitchTableCell" : @"OwnCell" }];
+    [items addObject:@{
+      @"cell" : @"PSSwitchCell",
+      @"label" : [NSString stringWithFormat:@"Row %d", number],
+      @"key" : @"k",
+      @"cellClass" : number % 2 ? @"PSSwitchTableCell" : @"OwnCell"
+    }];
   }
   TestPage *list = showPage(items);
   shown(list);
@@ -298,8 +302,8 @@ TEST_F(PSListUpdatesTest, APageWhoseCellRaisesReloadsItsRowsAtOnceAfterwards) {
   for (bool *raises : {&gRaisesInInit, &gRaisesInRefresh}) {
     *raises = true;
     writeList(@[
-      @{ @"cell" : @"PSGroupCell", @"id" : @"group" },
-      @{ @"cell" : @"PSTitleValueCell", @"label" : @"Row", @"id" : @"row", @"cellClass" : @"FragileCell" }
+      @{@"cell" : @"PSGroupCell", @"id" : @"group"},
+      @{@"cell" : @"PSTitleValueCell", @"label" : @"Row", @"id" : @"row", @"cellClass" : @"FragileCell"}
     ]);
     TestPage *page = makePage();
     EXPECT_EQ(raisedBy([&] {

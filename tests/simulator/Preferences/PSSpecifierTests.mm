@@ -179,7 +179,7 @@ TEST_F(PSSpecifierTest, DiesWithItsOwner) {
 
 TEST_F(PSSpecifierTest, ConfirmationReadsOnlyStrings) {
   PSConfirmationSpecifier *specifier = [PSConfirmationSpecifier groupSpecifierWithName:nil];
-  [specifier setupWithDictionary:@{ @"title" : @"Delete", @"prompt" : @7, @"okTitle" : @"Yes", @"cancelTitle" : @"No" }];
+  [specifier setupWithDictionary:@{@"title" : @"Delete", @"prompt" : @7, @"okTitle" : @"Yes", @"cancelTitle" : @"No"}];
   EXPECT_OBJC_EQ([specifier title], @"Delete");
   EXPECT_OBJC_EQ([specifier prompt], nil);
   EXPECT_OBJC_EQ([specifier okButton], @"Yes");

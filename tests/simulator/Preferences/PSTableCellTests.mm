@@ -55,7 +55,7 @@ class PSTableCellTest : public PreferencesTest {
 };
 
 TEST_F(PSTableCellTest, ATitleValueRowShowsTextAndNumbers) {
-  NSDictionary *item = @{ @"cell" : @"PSTitleValueCell", @"label" : @"Row", @"key" : @"k" };
+  NSDictionary *item = @{@"cell" : @"PSTitleValueCell", @"label" : @"Row", @"key" : @"k"};
   PSTableCell *row = showRow(item, @"text");
   EXPECT_OBJC_EQ([[row textLabel] text], @"Row");
   EXPECT_OBJC_EQ([[row detailTextLabel] text], @"text");
@@ -68,8 +68,12 @@ TEST_F(PSTableCellTest, ATitleValueRowShowsTextAndNumbers) {
 
 TEST_F(PSTableCellTest, TitlesStandForValues) {
   NSMutableDictionary *item = [NSMutableDictionary dictionaryWithDictionary:@{
-    @"cell" : @"PSTitleValueCell", @"label" : @"Row", @"key" : @"k", @"validValues" : @[ @1, @2 ],
-    @"validTitles" : @[ @"One", @"Two" ], @"shortTitles" : @[ @"1", @"2" ]
+    @"cell" : @"PSTitleValueCell",
+    @"label" : @"Row",
+    @"key" : @"k",
+    @"validValues" : @[ @1, @2 ],
+    @"validTitles" : @[ @"One", @"Two" ],
+    @"shortTitles" : @[ @"1", @"2" ]
   }];
   EXPECT_OBJC_EQ([[showRow(item, @2) detailTextLabel] text], @"Two");
   EXPECT_OBJC_EQ([[showRow(item, @9) detailTextLabel] text], @"9");
@@ -83,8 +87,8 @@ TEST_F(PSTableCellTest, TitlesStandForValues) {
 }
 
 TEST_F(PSTableCellTest, AValueThatIsNoTextIsLoggedOnceAndNotShown) {
-  NSDictionary *item = @{ @"cell" : @"PSTitleValueCell", @"label" : @"Row", @"key" : @"k" };
-  for (id value in (@[ @[ @1 ], @{ @"a" : @1 }, [NSData data], [NSDate date] ])) {
+  NSDictionary *item = @{@"cell" : @"PSTitleValueCell", @"label" : @"Row", @"key" : @"k"};
+  for (id value in (@[ @[ @1 ], @{@"a" : @1}, [NSData data], [NSDate date] ])) {
     log.clear();
     PSTableCell *row = showRow(item, value);
     EXPECT_OBJC_EQ([[row detailTextLabel] text], nil);
@@ -97,8 +101,8 @@ TEST_F(PSTableCellTest, AValueThatIsNoTextIsLoggedOnceAndNotShown) {
 
 TEST_F(PSTableCellTest, AGetterThatRaisesIsLoggedAndTheRowShows) {
   writeList(@[
-    @{ @"cell" : @"PSTitleValueCell", @"label" : @"Bad", @"key" : @"k" },
-    @{ @"cell" : @"PSTitleValueCell", @"label" : @"Good", @"key" : @"k", @"default" : @"fine" }
+    @{@"cell" : @"PSTitleValueCell", @"label" : @"Bad", @"key" : @"k"},
+    @{@"cell" : @"PSTitleValueCell", @"label" : @"Good", @"key" : @"k", @"default" : @"fine"}
   ]);
   RaisingPage *page = [[[RaisingPage alloc] init] autorelease];
   page->_testBundle = [bundle() retain];
@@ -110,32 +114,41 @@ TEST_F(PSTableCellTest, AGetterThatRaisesIsLoggedAndTheRowShows) {
 }
 
 TEST_F(PSTableCellTest, LinksAndButtonsAskForNoValue) {
-  NSDictionary *link = @{ @"cell" : @"PSLinkCell", @"label" : @"Row", @"key" : @"k", @"detail" : @"TestPage" };
+  NSDictionary *link = @{@"cell" : @"PSLinkCell", @"label" : @"Row", @"key" : @"k", @"detail" : @"TestPage"};
   PSTableCell *row = showRow(link, @"text");
   EXPECT_OBJC_EQ([[row detailTextLabel] text], nil);
   EXPECT_EQ([row accessoryType], UITableViewCellAccessoryDisclosureIndicator);
-  PSTableCell *button = showRow(@{ @"cell" : @"PSButtonCell", @"label" : @"Row", @"key" : @"k" }, @"text");
+  PSTableCell *button = showRow(@{@"cell" : @"PSButtonCell", @"label" : @"Row", @"key" : @"k"}, @"text");
   EXPECT_OBJC_EQ([[button detailTextLabel] text], nil);
   EXPECT_EQ([button accessoryType], UITableViewCellAccessoryNone);
 }
 
 TEST_F(PSTableCellTest, ButtonsAreTinted) {
-  EXPECT_OBJC_EQ([[showRow(@{ @"cell" : @"PSButtonCell", @"label" : @"B" }) textLabel] textColor],
+  EXPECT_OBJC_EQ([[showRow(@{@"cell" : @"PSButtonCell", @"label" : @"B"}) textLabel] textColor],
                  [UIColor systemBlueColor]);
-  EXPECT_OBJC_EQ([[showRow(@{ @"cell" : @"PSButtonCell", @"label" : @"B", @"isDestructive" : @1 }) textLabel] textColor],
+  EXPECT_OBJC_EQ([[showRow(
+                     @{@"cell" : @"PSButtonCell",
+                       @"label" : @"B",
+                       @"isDestructive" : @1}) textLabel] textColor],
                  [UIColor systemRedColor]);
-  EXPECT_OBJC_EQ([[showRow(@{ @"cell" : @"PSButtonCell", @"label" : @"B", @"enabled" : @0 }) textLabel] textColor],
+  EXPECT_OBJC_EQ([[showRow(
+                     @{@"cell" : @"PSButtonCell",
+                       @"label" : @"B",
+                       @"enabled" : @0}) textLabel] textColor],
                  [UIColor tertiaryLabelColor]);
-  EXPECT_OBJC_EQ([[showRow(@{ @"cell" : @"PSLinkCell", @"label" : @"B", @"detail" : @"TestPage" }) textLabel] textColor],
+  EXPECT_OBJC_EQ([[showRow(@{@"cell" : @"PSLinkCell", @"label" : @"B", @"detail" : @"TestPage"}) textLabel] textColor],
                  [UIColor labelColor]);
 }
 
 TEST_F(PSTableCellTest, StaticTextWrapsAndAligns) {
-  PSTableCell *row = showRow(@{ @"cell" : @"PSStaticTextCell", @"label" : @"Text", @"alignment" : @"center" });
+  PSTableCell *row = showRow(@{@"cell" : @"PSStaticTextCell", @"label" : @"Text", @"alignment" : @"center"});
   EXPECT_EQ([[row textLabel] numberOfLines], 0);
   EXPECT_EQ([[row textLabel] textAlignment], NSTextAlignmentCenter);
   EXPECT_EQ([row selectionStyle], UITableViewCellSelectionStyleNone);
-  EXPECT_EQ([[showRow(@{ @"cell" : @"PSLinkCell", @"label" : @"T", @"alignment" : @2 }) textLabel] textAlignment],
+  EXPECT_EQ([[showRow(
+                @{@"cell" : @"PSLinkCell",
+                  @"label" : @"T",
+                  @"alignment" : @2}) textLabel] textAlignment],
             NSTextAlignmentRight);
 }
 
@@ -148,7 +161,8 @@ TEST_F(PSTableCellTest, ARowWithoutAnyPurposeIsDrawnDisabled) {
                                                       detail:detail
                                                         cell:type
                                                         edit:Nil];
-    PSTableCell *cell = [[[PSTableCell alloc] initWithStyle:UITableViewCellStyleValue1 reuseIdentifier:nil
+    PSTableCell *cell = [[[PSTableCell alloc] initWithStyle:UITableViewCellStyleValue1
+                                            reuseIdentifier:nil
                                                   specifier:row] autorelease];
     [cell refreshCellContentsWithSpecifier:row];
     return static_cast<bool>([cell cellEnabled]);
@@ -162,7 +176,8 @@ TEST_F(PSTableCellTest, ARowWithoutAnyPurposeIsDrawnDisabled) {
 }
 
 TEST_F(PSTableCellTest, TheCellIsMadeThenGivenItsRowAndRefreshed) {
-  NSDictionary *item = @{ @"cell" : @"PSTitleValueCell", @"label" : @"Row", @"key" : @"k", @"cellClass" : @"CountingCell" };
+  NSDictionary *item =
+      @{@"cell" : @"PSTitleValueCell", @"label" : @"Row", @"key" : @"k", @"cellClass" : @"CountingCell"};
   CountingCell *row = (CountingCell *)showRow(item, @"text");
   ASSERT_TRUE([row isKindOfClass:[CountingCell class]]);
   EXPECT_GE(row->_refreshes, 1);
@@ -182,7 +197,7 @@ TEST_F(PSTableCellTest, TheCellIsMadeThenGivenItsRowAndRefreshed) {
 }
 
 TEST_F(PSTableCellTest, ReuseForgetsTheFormerRow) {
-  PSTableCell *row = showRow(@{ @"cell" : @"PSTitleValueCell", @"label" : @"Row", @"key" : @"k" }, @"text");
+  PSTableCell *row = showRow(@{@"cell" : @"PSTitleValueCell", @"label" : @"Row", @"key" : @"k"}, @"text");
   [row prepareForReuse];
   EXPECT_EQ([row cellTarget], nil);
   EXPECT_TRUE([row cellAction] == NULL);
@@ -201,7 +216,7 @@ TEST_F(PSTableCellTest, MakersCellsStayWithTheirRow) {
 }
 
 TEST_F(PSTableCellTest, ACellMayBeTheTargetOfItsRow) {
-  NSDictionary *item = @{ @"cell" : @"PSLinkCell", @"label" : @"Row", @"cellClass" : @"SelfTargetCell" };
+  NSDictionary *item = @{@"cell" : @"PSLinkCell", @"label" : @"Row", @"cellClass" : @"SelfTargetCell"};
   PSTableCell *row = showRow(item);
   EXPECT_TRUE(tap(page_, @"Row"));
   EXPECT_OBJC_EQ([row title], @"pressed");
@@ -219,9 +234,10 @@ TEST_F(PSTableCellTest, CellsAreFreed) {
   @autoreleasepool {
     PSSpecifier *specifier = [PSSpecifier groupSpecifierWithName:@"Row"];
     [specifier setUserInfo:[[[Lifetime alloc] initWithCounter:&deaths] autorelease]];
-    for (Class cellClass in (@[ [PSTableCell class], [PSSwitchTableCell class], [PSSliderTableCell class],
-                                [PSSegmentTableCell class], [PSEditableTableCell class], [PSTextViewTableCell class],
-                                [PSSpinnerTableCell class] ])) {
+    for (Class cellClass in (@[
+           [PSTableCell class], [PSSwitchTableCell class], [PSSliderTableCell class], [PSSegmentTableCell class],
+           [PSEditableTableCell class], [PSTextViewTableCell class], [PSSpinnerTableCell class]
+         ])) {
       PSTableCell *cell = [[cellClass alloc] initWithStyle:UITableViewCellStyleValue1
                                            reuseIdentifier:@"x"
                                                  specifier:specifier];

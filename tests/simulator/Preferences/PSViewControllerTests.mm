@@ -34,22 +34,22 @@ TEST_F(PSViewControllerTest, ReadsTheDomainThenTheDefault) {
   [row_ setProperty:@3 forKey:PSDefaultValueKey];
   EXPECT_OBJC_EQ([page_ readPreferenceValue:row_], @3);
   EXPECT_FALSE(exists(kFile));
-  store(@{ @"level" : @5 });
+  store(@{@"level" : @5});
   EXPECT_OBJC_EQ([page_ readPreferenceValue:row_], @5);
   EXPECT_OBJC_EQ([row_ propertyForKey:PSValueKey], @5);
 }
 
 TEST_F(PSViewControllerTest, WritesOneKeyAndPosts) {
-  store(@{ @"level" : @1, @"other" : @"kept" });
+  store(@{@"level" : @1, @"other" : @"kept"});
   [row_ setProperty:@"com.example.test/changed" forKey:PSValueChangedNotificationKey];
   [page_ setPreferenceValue:@7 specifier:row_];
-  EXPECT_OBJC_EQ(stored(), (@{ @"level" : @7, @"other" : @"kept" }));
+  EXPECT_OBJC_EQ(stored(), (@{@"level" : @7, @"other" : @"kept"}));
   EXPECT_EQ(posted, std::vector<std::string>{"com.example.test/changed"});
 }
 
 TEST_F(PSViewControllerTest, MakesTheFileAndItsFolder) {
   [page_ setPreferenceValue:@"text" specifier:row_];
-  EXPECT_OBJC_EQ(stored(), @{ @"level" : @"text" });
+  EXPECT_OBJC_EQ(stored(), @{@"level" : @"text"});
   EXPECT_TRUE(posted.empty());
 }
 
@@ -72,7 +72,7 @@ TEST_F(PSViewControllerTest, NegatesBothWays) {
 }
 
 TEST_F(PSViewControllerTest, WithoutKeyOrDomainNothingIsRead) {
-  store(@{ @"level" : @5 });
+  store(@{@"level" : @5});
   [row_ removePropertyForKey:PSDefaultsKey];
   EXPECT_OBJC_EQ([page_ readPreferenceValue:row_], nil);
   [page_ setPreferenceValue:@9 specifier:row_];
@@ -80,7 +80,7 @@ TEST_F(PSViewControllerTest, WithoutKeyOrDomainNothingIsRead) {
   [row_ removePropertyForKey:PSKeyNameKey];
   EXPECT_OBJC_EQ([page_ readPreferenceValue:row_], nil);
   [page_ setPreferenceValue:@9 specifier:row_];
-  EXPECT_OBJC_EQ(stored(), @{ @"level" : @5 });
+  EXPECT_OBJC_EQ(stored(), @{@"level" : @5});
 }
 
 TEST_F(PSViewControllerTest, AFileThatIsNoDictionaryIsNotOverwritten) {
@@ -104,10 +104,10 @@ TEST_F(PSViewControllerTest, AFolderInPlaceOfTheFileIsLeftAlone) {
 }
 
 TEST_F(PSViewControllerTest, AValueThatCannotBeStoredIsLoggedAndNotPosted) {
-  store(@{ @"level" : @5 });
+  store(@{@"level" : @5});
   [row_ setProperty:@"changed" forKey:PSValueChangedNotificationKey];
   [page_ setPreferenceValue:[NSNull null] specifier:row_];
-  EXPECT_OBJC_EQ(stored(), @{ @"level" : @5 });
+  EXPECT_OBJC_EQ(stored(), @{@"level" : @5});
   EXPECT_EQ(logged("could not be written"), 1);
   EXPECT_TRUE(posted.empty());
 }

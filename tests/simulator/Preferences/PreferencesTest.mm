@@ -88,7 +88,7 @@ void PreferencesTest::writeFile(NSString *name, NSDictionary *content) {
 }
 
 void PreferencesTest::writeList(NSArray *items, NSString *name) {
-  writeFile([name stringByAppendingString:@".plist"], @{ @"items" : items });
+  writeFile([name stringByAppendingString:@".plist"], @{@"items" : items});
 }
 
 TestPage *PreferencesTest::makePage() {

@@ -5,7 +5,8 @@ namespace {
 
 TEST_F(SessionTest, aSheetTellsThePlaceThatItWasGiven) {
   ListPage *list = startList(@[ @[ @"Row" ] ]);
-  const auto sheet = objcxx::adopt([[UIActivityViewController alloc] initWithActivityItems:@[ @"text" ] applicationActivities:nil]);
+  const auto sheet = objcxx::adopt([[UIActivityViewController alloc] initWithActivityItems:@[ @"text" ]
+                                                                     applicationActivities:nil]);
   const auto source = objcxx::adopt([[UIView alloc] initWithFrame:CGRectMake(10, 20, 100, 50)]);
   [[list view] addSubview:source.get()];
   [[sheet.get() popoverPresentationController] setSourceView:source.get()];

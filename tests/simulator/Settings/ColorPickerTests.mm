@@ -97,11 +97,26 @@ TEST_F(ColorPickerTest, AColourIsDraggedAndChosen) {
 
 TEST_F(ColorPickerTest, WhatIsNoColourIsRefused) {
   UIColorPickerViewController *picker = present();
-  for (const Json &value :
-       {Json(nullptr), Json(true), Json(7), Json(""), Json("#"), Json("red"), Json("ff0000"), Json("xff0000"),
-        Json("0ff0000ff"), Json("#ff000"), Json("#ff00000"), Json("#ff0000fff"), Json("#gg0000"), Json("#-10000"),
-        Json("#+10000"), Json("# 10000"), Json("#ff00 0"), Json("#ff00é"), Json::array({255, 0, 0}),
-        Json::object({{"light", "#ff0000"}})}) {
+  for (const Json &value : {Json(nullptr),
+                            Json(true),
+                            Json(7),
+                            Json(""),
+                            Json("#"),
+                            Json("red"),
+                            Json("ff0000"),
+                            Json("xff0000"),
+                            Json("0ff0000ff"),
+                            Json("#ff000"),
+                            Json("#ff00000"),
+                            Json("#ff0000fff"),
+                            Json("#gg0000"),
+                            Json("#-10000"),
+                            Json("#+10000"),
+                            Json("# 10000"),
+                            Json("#ff00 0"),
+                            Json("#ff00é"),
+                            Json::array({255, 0, 0}),
+                            Json::object({{"light", "#ff0000"}})}) {
     expectRefused(setEvent(value), 422);
   }
   Json event = setEvent("#ff0000");
@@ -163,10 +178,10 @@ TEST_F(RowButtonTest, AButtonInTheAccessoryIsDescribedAndTapped) {
   [button setAccessibilityLabel:@"Remove"];
   session().refresh();
   EXPECT_EQ(row(0, 0)["accessoryButton"], Json::object({{"close", true},
-                                                         {"enabled", true},
-                                                         {"title", nullptr},
-                                                         {"accessibilityLabel", "Remove"},
-                                                         {"frame", {40, 0, 30, 30}}}));
+                                                        {"enabled", true},
+                                                        {"title", nullptr},
+                                                        {"accessibilityLabel", "Remove"},
+                                                        {"frame", {40, 0, 30, 30}}}));
   EXPECT_EQ(send(tapButton()), 200);
   EXPECT_EQ(calls(page_), "changed") << "the row itself is not tapped";
   EXPECT_EQ(tap(rowId(0, 0)), 200);

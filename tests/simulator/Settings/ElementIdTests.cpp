@@ -17,10 +17,26 @@ TEST(ElementId, EveryKindSurvivesARoundTrip) {
 }
 
 TEST(ElementId, RefusesEverythingElse) {
-  for (const char* text :
-       {"", "row", "row3", "row3.0", "row3.0.", "row3.0.2.1", "row3.0.2 ", " row3.0.2", "row-3.0.2", "row03.0.2",
-        "row3.0.99999999999", "back3.0", "back", "button3", "buttons3.0", "swipe3.0.2", "ROW3.0.2", "action5.x",
-        "color", "color3.0"}) {
+  for (const char* text : {"",
+                           "row",
+                           "row3",
+                           "row3.0",
+                           "row3.0.",
+                           "row3.0.2.1",
+                           "row3.0.2 ",
+                           " row3.0.2",
+                           "row-3.0.2",
+                           "row03.0.2",
+                           "row3.0.99999999999",
+                           "back3.0",
+                           "back",
+                           "button3",
+                           "buttons3.0",
+                           "swipe3.0.2",
+                           "ROW3.0.2",
+                           "action5.x",
+                           "color",
+                           "color3.0"}) {
     EXPECT_FALSE(ElementId::parse(text)) << text;
   }
 }

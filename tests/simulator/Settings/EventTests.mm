@@ -9,7 +9,9 @@ namespace {
 class EventTest : public SessionTest {
  protected:
   UIAlertController *presentAlert(ListPage *page, UIAlertControllerStyle style = UIAlertControllerStyleAlert) {
-    UIAlertController *alert = [UIAlertController alertControllerWithTitle:@"Sure?" message:@"Really" preferredStyle:style];
+    UIAlertController *alert = [UIAlertController alertControllerWithTitle:@"Sure?"
+                                                                   message:@"Really"
+                                                            preferredStyle:style];
     [alert addAction:[UIAlertAction actionWithTitle:@"Do"
                                               style:UIAlertActionStyleDestructive
                                             handler:^(UIAlertAction *) {
@@ -35,14 +37,33 @@ class EventTest : public SessionTest {
 TEST_F(EventTest, MalformedEventsAreRefused) {
   startList(@[ @[ @"a", @"b" ] ]);
   for (const char *text : {
-           "null", "[]", "3", "\"tap\"", "{}", R"({"type":3})", R"({"type":"push"})", R"({"type":"tap"})",
-           R"({"type":"tap","id":3})", R"({"type":"tap","id":null})", R"({"type":"set","id":"row1.0.0"})",
-           R"({"type":"set","value":true})", R"({"type":"paste"})", R"({"type":"paste","id":3})", R"({"type":"tap","id":"row1.0.0","part":"left"})",
-           R"({"type":"tap","id":"row1.0.0","part":1})", R"({"type":"move"})", R"({"type":"move","from":[0,0]})",
-           R"({"type":"move","from":[0,0],"to":[0]})", R"({"type":"move","from":[0,0],"to":[0,-1]})",
-           R"({"type":"move","from":[0,0.5],"to":[0,1]})", R"({"type":"move","from":[0,4294967296],"to":[0,1]})",
-           R"({"type":"move","from":"00","to":[0,1]})", R"({"type":"pick"})", R"({"type":"pick","path":3})",
-           R"({"type":"tap","id":"row1.0.0","revision":"1"})", R"({"type":"tap","id":"row1.0.0","revision":-1})",
+           "null",
+           "[]",
+           "3",
+           "\"tap\"",
+           "{}",
+           R"({"type":3})",
+           R"({"type":"push"})",
+           R"({"type":"tap"})",
+           R"({"type":"tap","id":3})",
+           R"({"type":"tap","id":null})",
+           R"({"type":"set","id":"row1.0.0"})",
+           R"({"type":"set","value":true})",
+           R"({"type":"paste"})",
+           R"({"type":"paste","id":3})",
+           R"({"type":"tap","id":"row1.0.0","part":"left"})",
+           R"({"type":"tap","id":"row1.0.0","part":1})",
+           R"({"type":"move"})",
+           R"({"type":"move","from":[0,0]})",
+           R"({"type":"move","from":[0,0],"to":[0]})",
+           R"({"type":"move","from":[0,0],"to":[0,-1]})",
+           R"({"type":"move","from":[0,0.5],"to":[0,1]})",
+           R"({"type":"move","from":[0,4294967296],"to":[0,1]})",
+           R"({"type":"move","from":"00","to":[0,1]})",
+           R"({"type":"pick"})",
+           R"({"type":"pick","path":3})",
+           R"({"type":"tap","id":"row1.0.0","revision":"1"})",
+           R"({"type":"tap","id":"row1.0.0","revision":-1})",
            R"({"type":"tap","id":"row1.0.0","revision":1.0})",
        }) {
     expectRefused(Json::parse(text, nullptr, false), 400);
@@ -51,9 +72,9 @@ TEST_F(EventTest, MalformedEventsAreRefused) {
 
 TEST_F(EventTest, UnknownIdsAreRefused) {
   ListPage *page = startList(@[ @[ @"a", @"b" ], @[] ]);
-  for (const char *id : {"", "row", "row1.0.2", "row1.1.0", "row1.2.0", "row2.0.0", "row1.0.00", "row1.0.0 ", "row1.0.0.0",
-                         "row1.4294967295.4294967295", "row1.99999999999.0", "back1", "button1.0", "swipe1.0.0.1",
-                         "action1.0", "field1.0", "item1.0", "cell1.0.0", "\xc3\xa9"}) {
+  for (const char *id : {"", "row", "row1.0.2", "row1.1.0", "row1.2.0", "row2.0.0", "row1.0.00", "row1.0.0 ",
+                         "row1.0.0.0", "row1.4294967295.4294967295", "row1.99999999999.0", "back1", "button1.0",
+                         "swipe1.0.0.1", "action1.0", "field1.0", "item1.0", "cell1.0.0", "\xc3\xa9"}) {
     expectRefused({{"type", "tap"}, {"id", id}}, 404);
     expectRefused({{"type", "set"}, {"id", id}, {"value", true}}, 404);
     expectRefused({{"type", "paste"}, {"id", id}}, 404);

@@ -32,8 +32,8 @@ class FileTransferTest : public SessionTest {
     session().refresh();
   }
   UIActivityViewController *share(NSArray *items) {
-    UIActivityViewController *sheet =
-        [[[UIActivityViewController alloc] initWithActivityItems:items applicationActivities:nil] autorelease];
+    UIActivityViewController *sheet = [[[UIActivityViewController alloc] initWithActivityItems:items
+                                                                         applicationActivities:nil] autorelease];
     const auto note = objcxx::share(list_->calls.get());
     [sheet setCompletionWithItemsHandler:^(UIActivityType type, BOOL completed, NSArray *, NSError *) {
       [note.get() addObject:[NSString stringWithFormat:@"%@ %d", [type pathExtension], completed ? 1 : 0]];

@@ -45,7 +45,10 @@ TEST(JsonTextTest, StringsOfEveryByteReadBack) {
 }
 
 TEST(JsonTextTest, BytesThatAreNoUTF8AreReplaced) {
-  EXPECT_EQ(readBack("a\xff" "b"), "a\xef\xbf\xbd" "b");
+  EXPECT_EQ(readBack("a\xff"
+                     "b"),
+            "a\xef\xbf\xbd"
+            "b");
   EXPECT_EQ(readBack("\xc3"), "\xef\xbf\xbd");
   EXPECT_EQ(readBack("é\xed\xa0\x80"), "é\xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd");  // A surrogate.
 }

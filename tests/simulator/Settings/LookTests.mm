@@ -70,9 +70,12 @@ TEST_F(LookTest, aLayersCornersBorderAndShadowAreDescribed) {
   [layer setShadowOffset:CGSizeMake(1, 2)];
   const Json described = describedView(round.get());
   EXPECT_EQ(described["clips"], true);
-  EXPECT_EQ(described["layer"], Json({{"cornerRadius", 4}, {"corners", {"topLeft", "bottomRight"}}, {"borderWidth", 2},
-                                      {"borderColor", "#ff0000ff"},
-                                      {"shadow", {{"color", "#000000ff"}, {"x", 1}, {"y", 2}, {"opacity", 0.5}, {"radius", 6}}}}));
+  EXPECT_EQ(described["layer"],
+            Json({{"cornerRadius", 4},
+                  {"corners", {"topLeft", "bottomRight"}},
+                  {"borderWidth", 2},
+                  {"borderColor", "#ff0000ff"},
+                  {"shadow", {{"color", "#000000ff"}, {"x", 1}, {"y", 2}, {"opacity", 0.5}, {"radius", 6}}}}));
 }
 
 TEST_F(LookTest, aLabelIsDrawnInTheColourOfItsState) {
@@ -178,7 +181,8 @@ TEST_F(LookTest, whatAnAssistiveTechnologyIsToldOfAViewIsDescribed) {
 
 TEST_F(LookTest, aSwitchHasItsTints) {
   const auto control = objcxx::adopt([[UISwitch alloc] initWithFrame:CGRectZero]);
-  EXPECT_EQ(controlOf(control.get()), Json({{"type", "switch"}, {"onTintColor", nullptr}, {"thumbTintColor", nullptr}}));
+  EXPECT_EQ(controlOf(control.get()),
+            Json({{"type", "switch"}, {"onTintColor", nullptr}, {"thumbTintColor", nullptr}}));
   [control.get() setOnTintColor:[UIColor redColor]];
   [control.get() setThumbTintColor:[UIColor greenColor]];
   EXPECT_EQ(controlOf(control.get()),
@@ -328,8 +332,12 @@ TEST_F(LookTest, aTableHasItsOwnLook) {
 
 TEST_F(LookTest, theBarHasItsColoursPromptAndTitleView) {
   ListPage *list = startList(@[ @[ @"Row" ] ]);
-  EXPECT_EQ(page()["bar"], Json({{"color", nullptr}, {"titleColor", nullptr}, {"largeTitleColor", nullptr},
-                                 {"tintColor", nullptr}, {"translucent", true}, {"hidden", false}}));
+  EXPECT_EQ(page()["bar"], Json({{"color", nullptr},
+                                 {"titleColor", nullptr},
+                                 {"largeTitleColor", nullptr},
+                                 {"tintColor", nullptr},
+                                 {"translucent", true},
+                                 {"hidden", false}}));
   UINavigationBar *bar = [[list navigationController] navigationBar];
   [bar setBarTintColor:[UIColor redColor]];
   [bar setTintColor:[UIColor greenColor]];
@@ -339,8 +347,12 @@ TEST_F(LookTest, theBarHasItsColoursPromptAndTitleView) {
   [[list navigationItem] setPrompt:@"Choose"];
   [[list navigationItem] setTitleView:view(80, 30).get()];
   session().refresh();
-  EXPECT_EQ(page()["bar"], Json({{"color", "#ff0000ff"}, {"titleColor", "#0000ffff"}, {"largeTitleColor", "#000000ff"},
-                                 {"tintColor", "#00ff00ff"}, {"translucent", false}, {"hidden", false}}));
+  EXPECT_EQ(page()["bar"], Json({{"color", "#ff0000ff"},
+                                 {"titleColor", "#0000ffff"},
+                                 {"largeTitleColor", "#000000ff"},
+                                 {"tintColor", "#00ff00ff"},
+                                 {"translucent", false},
+                                 {"hidden", false}}));
   EXPECT_EQ(page()["prompt"], "Choose");
   EXPECT_EQ(page()["titleView"]["frame"][2], 80);
   [bar setBarTintColor:nil];
@@ -373,14 +385,18 @@ TEST_F(LookTest, theFirstPageHasALargeTitleAndOthersThatAskForOne) {
 
 TEST_F(LookTest, barButtonsHaveTheirPictureTintWeightAndView) {
   ListPage *list = startList(@[ @[ @"Row" ] ]);
-  const auto save = objcxx::adopt([[UIBarButtonItem alloc] initWithTitle:@"Save" style:UIBarButtonItemStyleDone target:list
+  const auto save = objcxx::adopt([[UIBarButtonItem alloc] initWithTitle:@"Save"
+                                                                   style:UIBarButtonItemStyleDone
+                                                                  target:list
                                                                   action:@selector(pushNext)]);
   [save.get() setWidth:70];
   [save.get() setTintColor:[UIColor redColor]];
   [save.get() setAccessibilityLabel:@"Keep"];
   [save.get() setAccessibilityIdentifier:@"save"];
-  const auto star = objcxx::adopt([[UIBarButtonItem alloc] initWithImage:picture(20) style:UIBarButtonItemStylePlain
-                                                                  target:list action:@selector(pushNext)]);
+  const auto star = objcxx::adopt([[UIBarButtonItem alloc] initWithImage:picture(20)
+                                                                   style:UIBarButtonItemStylePlain
+                                                                  target:list
+                                                                  action:@selector(pushNext)]);
   const auto custom = objcxx::adopt([[UIBarButtonItem alloc] initWithCustomView:view(50, 20).get()]);
   [[list navigationItem] setLeftBarButtonItems:@[ save.get(), star.get(), custom.get() ]];
   session().refresh();
@@ -402,7 +418,8 @@ TEST_F(LookTest, aTapOnABarsViewReachesTheControlInIt) {
   UIButton *button = [UIButton buttonWithType:UIButtonTypeSystem];
   [button addTarget:list action:@selector(pushNext) forControlEvents:UIControlEventTouchUpInside];
   [holder.get() addSubview:button];
-  [[list navigationItem] setRightBarButtonItem:objcxx::adopt([[UIBarButtonItem alloc] initWithCustomView:holder.get()]).get()];
+  [[list navigationItem]
+      setRightBarButtonItem:objcxx::adopt([[UIBarButtonItem alloc] initWithCustomView:holder.get()]).get()];
   session().refresh();
   const std::string id = page()["buttons"][0]["id"];
   [button setEnabled:NO];

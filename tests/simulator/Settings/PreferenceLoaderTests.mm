@@ -51,7 +51,7 @@ class PreferenceLoaderTest : public DeviceTest {
     [entry setObject:name forKey:@"bundle"];
     [entry setObject:@"PSLinkCell" forKey:@"cell"];
     [entry setObject:@1 forKey:@"isController"];
-    writeEntry([name stringByAppendingString:@".plist"], @{ @"entry" : entry });
+    writeEntry([name stringByAppendingString:@".plist"], @{@"entry" : entry});
     NSString *folder = makeFolder(bundlePath(name));
     if (info) {
       ASSERT_TRUE([info writeToFile:[folder stringByAppendingPathComponent:@"Info.plist"] atomically:YES]);
@@ -63,7 +63,8 @@ class PreferenceLoaderTest : public DeviceTest {
   /// A bundle whose code is the Preferences library itself, with one of its pages as the principal class.
   void installWorkingBundle(NSString *name, NSString *principalClass, NSDictionary *more = @{}) {
     NSMutableDictionary *info = [NSMutableDictionary dictionaryWithDictionary:@{
-      @"CFBundleExecutable" : name, @"CFBundleIdentifier" : [@"com.example." stringByAppendingString:name]
+      @"CFBundleExecutable" : name,
+      @"CFBundleIdentifier" : [@"com.example." stringByAppendingString:name]
     }];
     if (principalClass) [info setObject:principalClass forKey:@"NSPrincipalClass"];
     installBundle(name, name, more, info);
@@ -110,7 +111,7 @@ class PreferenceLoaderTest : public DeviceTest {
 TEST_F(PreferenceLoaderTest, EntriesAreSortedByLabelWithoutRegardToCase) {
   installBundle(@"One", @"zebra");
   installBundle(@"Two", @"Alpha");
-  writeEntry(@"deeper/folder/three.plist", @{ @"entry" : @{ @"label" : @"beta" }, @"items" : @[] });
+  writeEntry(@"deeper/folder/three.plist", @{@"entry" : @{@"label" : @"beta"}, @"items" : @[]});
   EXPECT_EQ(labels(), "Alpha,beta,zebra");
   EXPECT_EQ(logged("[Preferences]"), 0);
 }
@@ -123,22 +124,24 @@ TEST_F(PreferenceLoaderTest, BrokenEntriesAreDroppedAndHurtNothingElse) {
   write([kEntries stringByAppendingPathComponent:@"empty.plist"], "");
   write([kEntries stringByAppendingPathComponent:@"notes.txt"], "no entry");
   makeFolder([kEntries stringByAppendingPathComponent:@"folder.plist"]);
-  writeEntry(@"none.plist", @{ @"other" : @1 });
-  writeEntry(@"text.plist", @{ @"entry" : @"text" });
-  writeEntry(@"absent.plist", @{ @"entry" : @{ @"label" : @"Absent", @"bundle" : @"Absent" } });
-  writeEntry(@"number.plist", @{ @"entry" : @{ @"label" : @"Number", @"bundle" : @7 } });
-  writeEntry(@"label.plist", @{ @"entry" : @{ @"label" : @7 }, @"items" : @[] });
-  writeEntry(@"bare.plist", @{ @"entry" : @{ @"label" : @"Bare" } });
-  writeEntry(@"items.plist", @{ @"entry" : @{ @"label" : @"Items" }, @"items" : @"none" });
+  writeEntry(@"none.plist", @{@"other" : @1});
+  writeEntry(@"text.plist", @{@"entry" : @"text"});
+  writeEntry(@"absent.plist", @{@"entry" : @{@"label" : @"Absent", @"bundle" : @"Absent"}});
+  writeEntry(@"number.plist", @{@"entry" : @{@"label" : @"Number", @"bundle" : @7}});
+  writeEntry(@"label.plist", @{@"entry" : @{@"label" : @7}, @"items" : @[]});
+  writeEntry(@"bare.plist", @{@"entry" : @{@"label" : @"Bare"}});
+  writeEntry(@"items.plist", @{@"entry" : @{@"label" : @"Items"}, @"items" : @"none"});
   EXPECT_EQ(labels(), "Good");
   EXPECT_EQ(logged("is left out"), 10);
 }
 
 TEST_F(PreferenceLoaderTest, EntriesForOtherVersionsAreDropped) {
   const auto entry = [&](NSString *name, NSArray *bounds) {
-    writeEntry([name stringByAppendingString:@".plist"], @{
-      @"entry" : @{ @"label" : name }, @"items" : @[], @"pl_filter" : @{ @"CoreFoundationVersion" : bounds }
-    });
+    writeEntry(
+        [name stringByAppendingString:@".plist"],
+        @{@"entry" : @{@"label" : name},
+          @"items" : @[],
+          @"pl_filter" : @{@"CoreFoundationVersion" : bounds}});
   };
   entry(@"From", @[ @1500 ]);
   entry(@"Within", @[ @1500, @2500 ]);
@@ -149,7 +152,7 @@ TEST_F(PreferenceLoaderTest, EntriesForOtherVersionsAreDropped) {
 }
 
 TEST_F(PreferenceLoaderTest, AnEntryWithoutLabelIsNamedAfterItsFile) {
-  writeEntry(@"My Tweak.plist", @{ @"entry" : @{}, @"items" : @[] });
+  writeEntry(@"My Tweak.plist", @{@"entry" : @{}, @"items" : @[]});
   EXPECT_EQ(labels(), "My Tweak");
 }
 
@@ -177,11 +180,12 @@ TEST_F(PreferenceLoaderTest, ABundleIsLoadedWhenItsRowIsTapped) {
 }
 
 TEST_F(PreferenceLoaderTest, ThePrincipalClassBeatsTheDetail) {
-  installWorkingBundle(@"A", @"PSListItemsController", @{ @"detail" : @"PSListController" });
-  installWorkingBundle(@"B", @"PSListItemsController",
-                       @{ @"detail" : @"PSListController", @"overridePrincipalClass" : @1 });
-  installWorkingBundle(@"C", @"PSListItemsController",
-                       @{ @"detail" : @"NoSuchClass", @"overridePrincipalClass" : @1 });
+  installWorkingBundle(@"A", @"PSListItemsController", @{@"detail" : @"PSListController"});
+  installWorkingBundle(
+      @"B", @"PSListItemsController",
+      @{@"detail" : @"PSListController",
+        @"overridePrincipalClass" : @1});
+  installWorkingBundle(@"C", @"PSListItemsController", @{@"detail" : @"NoSuchClass", @"overridePrincipalClass" : @1});
   showRoot();
   EXPECT_TRUE([tapRow(0) isMemberOfClass:[PSListItemsController class]]);
   [navigation() popViewControllerAnimated:NO];
@@ -192,7 +196,7 @@ TEST_F(PreferenceLoaderTest, ThePrincipalClassBeatsTheDetail) {
 
 TEST_F(PreferenceLoaderTest, ABundleThatCannotBeLoadedSaysSo) {
   installBundle(@"No Code", @"A");
-  installBundle(@"Broken", @"B", @{}, @{ @"CFBundleExecutable" : @"Broken", @"NSPrincipalClass" : @"PSListController" });
+  installBundle(@"Broken", @"B", @{}, @{@"CFBundleExecutable" : @"Broken", @"NSPrincipalClass" : @"PSListController"});
   write([bundlePath(@"Broken") stringByAppendingPathComponent:@"Broken"], "no library");
   installWorkingBundle(@"C", @"NSString");
   showRoot();
@@ -200,8 +204,7 @@ TEST_F(PreferenceLoaderTest, ABundleThatCannotBeLoadedSaysSo) {
     PSListController *page = (PSListController *)tapRow(row);
     ASSERT_NE(page, [[navigation() viewControllers] objectAtIndex:0]) << row;
     NSString *label = [NSString stringWithFormat:@"%c", 'A' + static_cast<int>(row)];
-    NSString *message =
-        [NSString stringWithFormat:@"There was an error loading the preference bundle for %@.", label];
+    NSString *message = [NSString stringWithFormat:@"There was an error loading the preference bundle for %@.", label];
     EXPECT_OBJC_EQ([[page specifierAtIndex:1] name], message);
     [[page table] sim_prepareForDescription];
     EXPECT_OBJC_EQ([[[[page table] cellForRowAtIndexPath:[NSIndexPath indexPathForRow:0 inSection:0]] textLabel] text],
@@ -212,13 +215,15 @@ TEST_F(PreferenceLoaderTest, ABundleThatCannotBeLoadedSaysSo) {
 }
 
 TEST_F(PreferenceLoaderTest, AnEntryWithItemsIsAPageOfItsOwn) {
-  writeEntry(@"list.plist", @{
-    @"title" : @"The Page", @"entry" : @{ @"cell" : @"PSLinkCell", @"label" : @"Row" },
-    @"items" : @[
-      @{ @"cell" : @"PSGroupCell", @"label" : @"Head" },
-      @{ @"cell" : @"PSSwitchCell", @"label" : @"On", @"key" : @"on", @"defaults" : @"com.example.list" }
-    ]
-  });
+  writeEntry(
+      @"list.plist", @{
+        @"title" : @"The Page",
+        @"entry" : @{@"cell" : @"PSLinkCell", @"label" : @"Row"},
+        @"items" : @[
+          @{@"cell" : @"PSGroupCell", @"label" : @"Head"},
+          @{@"cell" : @"PSSwitchCell", @"label" : @"On", @"key" : @"on", @"defaults" : @"com.example.list"}
+        ]
+      });
   showRoot();
   PSListController *page = (PSListController *)tapRow(0);
   EXPECT_OBJC_EQ([page title], @"The Page");

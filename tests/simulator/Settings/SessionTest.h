@@ -19,8 +19,8 @@
   objcxx::Retained<NSMutableArray> calls;     ///< What it was asked to do, in order.
   objcxx::Retained<UIView> sectionView;       ///< The header and footer of the first section.
   objcxx::Retained<Lifetime> lifetime;
-  NSString *raises;      ///< The name of the exception that each cell raises; not owned.
-  NSString *tapRaises;   ///< The name of the exception that a tap raises; not owned.
+  NSString *raises;     ///< The name of the exception that each cell raises; not owned.
+  NSString *tapRaises;  ///< The name of the exception that a tap raises; not owned.
   BOOL selectable;
 }
 - (instancetype)initWithTitle:(NSString *)title sections:(NSArray *)sections;

@@ -203,7 +203,9 @@ std::string SessionTest::identifierOf(const Json &image) {
   return url.substr(url.rfind('/') + 1);
 }
 
-std::string SessionTest::calls(ListPage *page) { return [[page->calls.get() componentsJoinedByString:@","] UTF8String]; }
+std::string SessionTest::calls(ListPage *page) {
+  return [[page->calls.get() componentsJoinedByString:@","] UTF8String];
+}
 
 bool SessionTest::logged(const std::string &part) const {
   for (const std::string &line : log) {

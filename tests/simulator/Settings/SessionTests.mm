@@ -136,7 +136,8 @@ TEST_F(SessionTest, SectionViewsAndCellViewsAreDescribed) {
 TEST_F(SessionTest, TextsThatAreNoUTF8AreMended) {
   NSString *huge = [NSString stringWithUTF8String:std::string(70'000, 'x').c_str()];
   startList(@[ @[ halvesOfPairs(), huge, @"quote\" back\\ \t\n" ] ]);
-  EXPECT_EQ(row(0, 0)["label"], "a\xef\xbf\xbd" "b\xef\xbf\xbd");
+  EXPECT_EQ(row(0, 0)["label"], "a\xef\xbf\xbd"
+                                "b\xef\xbf\xbd");
   EXPECT_TRUE(row(0, 1)["label"] == std::string(65'536, 'x') + "\u2026");
   EXPECT_EQ(row(0, 2)["label"], "quote\" back\\ \t\n");
 }
@@ -289,9 +290,9 @@ TEST_F(ServiceTest, AnswersForFiles) {
   ASSERT_EQ(messages.size(), 1u);
   EXPECT_EQ(messages[0].header["status"], 422);
 
-  UIActivityViewController *sheet =
-      [[[UIActivityViewController alloc] initWithActivityItems:@[ [NSURL fileURLWithPath:path(@"/.simulator/uploads/1")] ]
-                                         applicationActivities:nil] autorelease];
+  UIActivityViewController *sheet = [[[UIActivityViewController alloc]
+      initWithActivityItems:@[ [NSURL fileURLWithPath:path(@"/.simulator/uploads/1")] ]
+      applicationActivities:nil] autorelease];
   [list presentViewController:sheet animated:YES completion:nil];
   session().refresh();
   const std::string identifier = screen()["sheet"]["items"][0].value("id", "");

@@ -8,8 +8,8 @@ namespace testing_support {
 /// A page in a window.
 struct Stage {
   std::vector<std::string> events;
-  objcxx::Retained<RecordingController> page =
-      objcxx::adopt([[RecordingController alloc] initWithName:"Page" events:&events]);
+  objcxx::Retained<RecordingController> page = objcxx::adopt([[RecordingController alloc] initWithName:"Page"
+                                                                                                events:&events]);
   objcxx::Retained<UIWindow> window = windowShowing(page.get());
 
   void present(UIViewController *controller) {

@@ -59,7 +59,8 @@ TEST_F(PhotoLibraryTest, TheFirstPhotoHasTheFirstNumber) {
 TEST_F(PhotoLibraryTest, NumbersGoOnAfterTheHighestWhateverTheExtension) {
   write(root() / "100APPLE/IMG_0003.PNG");
   write(root() / "100APPLE/IMG_0041.heic");
-  for (const char* name : {"IMG_0050", "IMG_00510.JPG", "IMG_-060.JPG", "img_0070.JPG", "IMG_ 080.JPG", "Holiday 9999.JPG"})
+  for (const char* name :
+       {"IMG_0050", "IMG_00510.JPG", "IMG_-060.JPG", "img_0070.JPG", "IMG_ 080.JPG", "Holiday 9999.JPG"})
     write(root() / "100APPLE" / name);
   EXPECT_EQ(add("a", "WEBP"), "100APPLE/IMG_0042.WEBP");
   EXPECT_EQ(add(), "100APPLE/IMG_0043.JPG");

@@ -103,7 +103,8 @@ TEST_F(UIActivityViewControllerTest, ACancelledSheetCompletedNothing) {
 }
 
 TEST_F(UIActivityViewControllerTest, CopyReallyCopiesAndEndsTheSheet) {
-  NSArray *items = @[ @"text", [NSURL URLWithString:@"https://example.org/"], file(@"a.txt", "gr\u00FC\U0001F600\r\n") ];
+  NSArray *items =
+      @[ @"text", [NSURL URLWithString:@"https://example.org/"], file(@"a.txt", "gr\u00FC\U0001F600\r\n") ];
   NSArray *copies = @[ @"text", @"https://example.org/", @"gr\u00FC\U0001F600\r\n" ];
   for (NSUInteger index = 0; index < [items count]; ++index) {
     const auto made = sheet(items);

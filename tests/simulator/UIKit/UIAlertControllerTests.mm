@@ -53,9 +53,7 @@ TEST_F(UIAlertControllerTest, MisuseRaises) {
             "NSInternalInconsistencyException");
   EXPECT_EQ(raisedBy([&] { [shown setPreferredAction:action(@"Other", UIAlertActionStyleDefault)]; }),
             "NSInternalInconsistencyException");
-  EXPECT_EQ(raisedBy([&] {
-              [alert(UIAlertControllerStyleActionSheet) addTextFieldWithConfigurationHandler:nil];
-            }),
+  EXPECT_EQ(raisedBy([&] { [alert(UIAlertControllerStyleActionSheet) addTextFieldWithConfigurationHandler:nil]; }),
             "NSInternalInconsistencyException");
 }
 
@@ -83,7 +81,9 @@ TEST_F(UIAlertControllerTest, TheAlertHasGoneWhenTheHandlerRuns) {
 TEST_F(UIAlertControllerTest, AHandlerMayPresentTheNextAlert) {
   UIAlertController *first = alert();
   UIAlertController *second = alert();
-  UIAlertAction *next = action(@"Next", UIAlertActionStyleDefault, ^(UIAlertAction *) { stage_.present(second); });
+  UIAlertAction *next = action(@"Next", UIAlertActionStyleDefault, ^(UIAlertAction *) {
+    stage_.present(second);
+  });
   [first addAction:next];
   stage_.present(first);
   [first sim_tapAction:next];
@@ -116,7 +116,9 @@ TEST_F(UIAlertControllerTest, DisabledAndForeignActionsDoNothing) {
 
 TEST_F(UIAlertControllerTest, FieldsAreConfiguredAndRead) {
   UIAlertController *shown = alert();
-  [shown addTextFieldWithConfigurationHandler:^(UITextField *field) { [field setPlaceholder:@"Name"]; }];
+  [shown addTextFieldWithConfigurationHandler:^(UITextField *field) {
+    [field setPlaceholder:@"Name"];
+  }];
   [shown addTextFieldWithConfigurationHandler:nil];
   EXPECT_EQ([[shown textFields] count], 2u);
   EXPECT_OBJC_EQ([[[shown textFields] objectAtIndex:0] placeholder], @"Name");
@@ -185,7 +187,9 @@ TEST_F(UIAlertControllerTest, ATapBesideASheetCancels) {
   __block int cancelled = 0;
   stage_.present(sheet);
   EXPECT_FALSE([sheet sim_tapOutside]);
-  [sheet addAction:action(@"Cancel", UIAlertActionStyleCancel, ^(UIAlertAction *) { ++cancelled; })];
+  [sheet addAction:action(@"Cancel", UIAlertActionStyleCancel, ^(UIAlertAction *) {
+           ++cancelled;
+         })];
   EXPECT_TRUE([sheet sim_tapOutside]);
   EXPECT_EQ(cancelled, 1);
   EXPECT_EQ(stage_.presented(), nil);

@@ -67,11 +67,15 @@ TEST_F(UIApplicationTest, RefusesOtherSchemes) {
 TEST_F(UIApplicationTest, TellsTheOutcomeFromTheMainQueue) {
   __block std::string outcome;
   [application_ openURL:[NSURL URLWithString:@"http://example.org"]
-                options:@{}
-      completionHandler:^(BOOL success) { outcome += success ? "yes " : "no "; }];
+      options:@{}
+      completionHandler:^(BOOL success) {
+        outcome += success ? "yes " : "no ";
+      }];
   [application_ openURL:[NSURL URLWithString:@"unknown-app:x"]
-                options:@{}
-      completionHandler:^(BOOL success) { outcome += success ? "yes " : "no "; }];
+      options:@{}
+      completionHandler:^(BOOL success) {
+        outcome += success ? "yes " : "no ";
+      }];
   [application_ openURL:[NSURL URLWithString:@"http://example.org"] options:@{} completionHandler:nil];
   EXPECT_EQ(outcome, "");
   SIMDrainMainQueue();

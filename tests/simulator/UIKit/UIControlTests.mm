@@ -250,9 +250,7 @@ TEST_F(UISegmentedControlTests, StartsWithoutSelection) {
   EXPECT_OBJC_EQ([letters() titleForSegmentAtIndex:1], @"b");
   EXPECT_OBJC_EQ([letters() titleForSegmentAtIndex:9], @"c");
   EXPECT_OBJC_EQ([make<UISegmentedControl>() titleForSegmentAtIndex:0], nil);
-  EXPECT_EQ(raisedBy([&] {
-              (void)[[UISegmentedControl alloc] initWithItems:@[ @"a", @5 ]];
-            }),
+  EXPECT_EQ(raisedBy([&] { (void)[[UISegmentedControl alloc] initWithItems:@[ @"a", @5 ]]; }),
             "NSInvalidArgumentException");
 }
 

@@ -67,7 +67,8 @@ TEST_F(UIDocumentPickerTest, offersOnlyFilesOfItsTypes) {
     write([@"/var/mobile/Documents/" stringByAppendingString:name], "x");
   }
   const auto of = [](NSArray *types) {
-    return objcxx::adopt([[UIDocumentPickerViewController alloc] initWithDocumentTypes:types inMode:UIDocumentPickerModeOpen]);
+    return objcxx::adopt([[UIDocumentPickerViewController alloc] initWithDocumentTypes:types
+                                                                                inMode:UIDocumentPickerModeOpen]);
   };
   EXPECT_OBJC_EQ([of(@[ @"com.apple.property-list" ]).get() sim_filePaths], @[ @"Dark.plist" ]);
   EXPECT_OBJC_EQ([of(@[ @"public.image", @"public.text" ]).get() sim_filePaths], (@[ @"notes.txt", @"picture.png" ]));
@@ -77,7 +78,9 @@ TEST_F(UIDocumentPickerTest, offersOnlyFilesOfItsTypes) {
   const auto lists = of(@[ @"com.apple.property-list" ]);
   NSError *error = nil;
   EXPECT_FALSE([lists.get() sim_pickFileAtPath:@"notes.txt" error:&error]);
-  EXPECT_FALSE([lists.get() sim_pickFileOfComputer:path(@"/var/mobile/Documents/notes.txt") named:@"notes.txt" error:&error]);
+  EXPECT_FALSE([lists.get() sim_pickFileOfComputer:path(@"/var/mobile/Documents/notes.txt")
+                                             named:@"notes.txt"
+                                             error:&error]);
   EXPECT_OBJC_EQ([error localizedDescription], @"“notes.txt” is of a type that cannot be picked here.");
 }
 

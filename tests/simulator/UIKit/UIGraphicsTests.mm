@@ -196,9 +196,9 @@ TEST_F(UIBezierPathTests, EvenOddLeavesHoles) {
   [ring setUsesEvenOddFillRule:YES];
   EXPECT_EQ(at(*drawing([&] { [ring fill]; }), 10, 10), clear);
   EXPECT_EQ(at(*drawing([&] {
-                 [ring addClip];
-                 UIRectFill(CGRectMake(0, 0, 20, 20));
-               }),
+              [ring addClip];
+              UIRectFill(CGRectMake(0, 0, 20, 20));
+            }),
                10, 10),
             clear);
   [ring setUsesEvenOddFillRule:NO];
@@ -233,8 +233,8 @@ TEST_F(UIGraphicsImageRendererTests, DrawsInABlock) {
   UIGraphicsImageRendererFormat *format = [UIGraphicsImageRendererFormat defaultFormat];
   EXPECT_EQ([format scale], 3);
   [format setScale:2];
-  UIGraphicsImageRenderer *renderer =
-      [[[UIGraphicsImageRenderer alloc] initWithSize:CGSizeMake(10, 10) format:format] autorelease];
+  UIGraphicsImageRenderer *renderer = [[[UIGraphicsImageRenderer alloc] initWithSize:CGSizeMake(10, 10)
+                                                                              format:format] autorelease];
   [format setScale:1];
   UIImage *image = [renderer imageWithActions:^(UIGraphicsImageRendererContext *context) {
     EXPECT_EQ([context CGContext], UIGraphicsGetCurrentContext());
@@ -252,8 +252,8 @@ TEST_F(UIGraphicsImageRendererTests, TheFormatIsACopy) {
   EXPECT_EQ([UIGraphicsImageRenderer superclass], [UIGraphicsRenderer class]);
   UIGraphicsImageRendererFormat *format = [UIGraphicsImageRendererFormat preferredFormat];
   [format setOpaque:YES];
-  UIGraphicsRenderer *renderer =
-      [[[UIGraphicsImageRenderer alloc] initWithSize:CGSizeMake(1, 1) format:format] autorelease];
+  UIGraphicsRenderer *renderer = [[[UIGraphicsImageRenderer alloc] initWithSize:CGSizeMake(1, 1)
+                                                                         format:format] autorelease];
   UIGraphicsImageRendererFormat *own = [renderer format];
   EXPECT_NE(own, format);
   EXPECT_TRUE([own isKindOfClass:[UIGraphicsImageRendererFormat class]]);

@@ -15,8 +15,7 @@ using testing_support::Stage;
 @end
 
 @implementation PhotoTaker
-- (void)imagePickerController:(UIImagePickerController *)picker
-    didFinishPickingMediaWithInfo:(NSDictionary *)given {
+- (void)imagePickerController:(UIImagePickerController *)picker didFinishPickingMediaWithInfo:(NSDictionary *)given {
   info = objcxx::share(given);
   [picker dismissViewControllerAnimated:NO completion:nil];
 }

@@ -124,10 +124,14 @@ TEST_F(UIImageTests, OrientationTagsTurnTheImageNotItsPixels) {
   EXPECT_EQ([image imageOrientation], UIImageOrientationRight);
   EXPECT_TRUE(CGSizeEqualToSize([image size], CGSizeMake(20, 40)));
   EXPECT_EQ(CGImageGetWidth([image CGImage]), 40u);
-  const UIImageOrientation expected[] = {UIImageOrientationUp,           UIImageOrientationUpMirrored,
-                                         UIImageOrientationDown,         UIImageOrientationDownMirrored,
-                                         UIImageOrientationLeftMirrored, UIImageOrientationRight,
-                                         UIImageOrientationRightMirrored, UIImageOrientationLeft};
+  const UIImageOrientation expected[] = {UIImageOrientationUp,
+                                         UIImageOrientationUpMirrored,
+                                         UIImageOrientationDown,
+                                         UIImageOrientationDownMirrored,
+                                         UIImageOrientationLeftMirrored,
+                                         UIImageOrientationRight,
+                                         UIImageOrientationRightMirrored,
+                                         UIImageOrientationLeft};
   for (int tag = 1; tag <= 8; ++tag) {
     UIImage *tagged = [UIImage imageWithData:data(withOrientation(encoded(*marked(8, 8), "jpeg"), tag, true))];
     EXPECT_EQ([tagged imageOrientation], expected[tag - 1]) << tag;
@@ -159,9 +163,8 @@ TEST_F(UIImageTests, IsDrawnAndShownUpright) {
 }
 
 TEST_F(UIImageTests, PngKeepsPixelsAndForgetsScale) {
-  const auto original = bitmap(5, 4, sim::Alpha::straight, [](int x, int y) {
-    return Pixel{x * 50, y * 60, 9, 255 - x * 40};
-  });
+  const auto original =
+      bitmap(5, 4, sim::Alpha::straight, [](int x, int y) { return Pixel{x * 50, y * 60, 9, 255 - x * 40}; });
   UIImage *again = [UIImage imageWithData:UIImagePNGRepresentation(image(original, 3))];
   EXPECT_EQ([again scale], 1);
   const auto pixels = sim::sourceOf([again CGImage])->bitmap();

@@ -39,8 +39,8 @@ TEST_F(UILabelTests, StartsAsADeviceDoes) {
   EXPECT_OBJC_EQ([plain textColor], [UIColor labelColor]);
 }
 
-// The widths that Chromium gives the same texts in the same font, which it rounds to sixty-fourths of a point: in Inter 4.0
-// beta 7 and in Inter 4.1, of which a machine has one.
+// The widths that Chromium gives the same texts in the same font, which it rounds to sixty-fourths of a point: in
+// Inter 4.0 beta 7 and in Inter 4.1, of which a machine has one.
 TEST_F(UILabelTests, MeasuresAsTheBrowserDoes) {
   struct Case {
     NSString *text;
@@ -203,8 +203,8 @@ TEST_F(UIFontTests, Equality) {
 class NSStringDrawingTests : public ObjCTest {
  protected:
   NSDictionary *attributes(NSParagraphStyle *style = nil) {
-    return [NSDictionary dictionaryWithObjectsAndKeys:[UIFont systemFontOfSize:20], NSFontAttributeName,
-                                                      style, NSParagraphStyleAttributeName, nil];
+    return [NSDictionary dictionaryWithObjectsAndKeys:[UIFont systemFontOfSize:20], NSFontAttributeName, style,
+                                                      NSParagraphStyleAttributeName, nil];
   }
   int inkIn(UIImage *image) {
     NSData *data = [(NSData *)CGDataProviderCopyData(CGImageGetDataProvider([image CGImage])) autorelease];

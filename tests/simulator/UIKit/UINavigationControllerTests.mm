@@ -132,8 +132,7 @@ TEST_F(UINavigationControllerTest, WrongStacksRaise) {
   EXPECT_EQ(push(nil), "NSInvalidArgumentException");
   EXPECT_EQ(push(other.get()), "NSInvalidArgumentException");
   EXPECT_EQ(raisedBy([&] { [stack_.get() popToViewController:c_.get() animated:NO]; }), "NSInvalidArgumentException");
-  EXPECT_EQ(raisedBy([&] { [stack_.get() setViewControllers:@[ c_.get(), c_.get() ]]; }),
-            "NSInvalidArgumentException");
+  EXPECT_EQ(raisedBy([&] { [stack_.get() setViewControllers:@[ c_.get(), c_.get() ]]; }), "NSInvalidArgumentException");
   EXPECT_OBJC_EQ([stack_.get() viewControllers], (@[ a_.get(), b_.get() ]));
 }
 
@@ -158,7 +157,7 @@ TEST_F(UINavigationControllerTest, AStackOffScreenLoadsNothing) {
 
 TEST_F(UINavigationControllerTest, APageMayLeaveWhileItAppears) {
   show();
-  for (SEL moment : {@selector(viewDidLoad), @selector(viewWillAppear:), @selector(viewDidAppear:)}) {
+  for (SEL moment : { @selector(viewDidLoad), @selector(viewWillAppear:), @selector(viewDidAppear:) }) {
     const auto page = adopt([[RecordingController alloc] initWithName:"P" events:&events_]);
     [page.get() when:moment send:@selector(popNow) to:page.get()];
     [stack_.get() pushViewController:page.get() animated:NO];
@@ -177,8 +176,7 @@ TEST_F(UINavigationControllerTest, APageMayPushTheNextWhileItAppears) {
   stack_ = adopt([[UINavigationController alloc] initWithRootViewController:a_.get()]);
   window_ = windowShowing(stack_.get());
   EXPECT_EQ([stack_.get() topViewController], c_.get());
-  EXPECT_EQ(events(),
-            "A loads, A willAppear, C loads, A willDisappear, C willAppear, A didDisappear, C didAppear");
+  EXPECT_EQ(events(), "A loads, A willAppear, C loads, A willDisappear, C willAppear, A didDisappear, C didAppear");
 }
 
 TEST_F(UINavigationControllerTest, TheDelegateIsTold) {
@@ -187,15 +185,12 @@ TEST_F(UINavigationControllerTest, TheDelegateIsTold) {
   show();
   [stack_.get() setDelegate:delegate.get()];
   [stack_.get() pushViewController:b_.get() animated:NO];
-  EXPECT_EQ(events(),
-            "B loads, A willDisappear, will show B, B willAppear, A didDisappear, B didAppear, did show B");
+  EXPECT_EQ(events(), "B loads, A willDisappear, will show B, B willAppear, A didDisappear, B didAppear, did show B");
 }
 
 TEST_F(UINavigationControllerTest, PagesKnowWhetherTheyComeOrGo) {
   show();
-  const auto note = [](RecordingController *page, SEL moment) {
-    [page when:moment send:@selector(noteMoves) to:page];
-  };
+  const auto note = [](RecordingController *page, SEL moment) { [page when:moment send:@selector(noteMoves) to:page]; };
   note(a_.get(), @selector(viewWillDisappear:));
   note(b_.get(), @selector(viewWillAppear:));
   [stack_.get() pushViewController:b_.get() animated:NO];

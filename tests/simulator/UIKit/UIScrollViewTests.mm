@@ -25,8 +25,7 @@ class UIScrollViewTest : public ObjCTest {
     [view_.get() setContentSize:CGSizeMake(100, 1000)];
   }
   objcxx::Retained<ScrollCounter> counter_ = objcxx::adopt([[ScrollCounter alloc] init]);
-  objcxx::Retained<UIScrollView> view_ =
-      objcxx::adopt([[UIScrollView alloc] initWithFrame:CGRectMake(0, 0, 100, 200)]);
+  objcxx::Retained<UIScrollView> view_ = objcxx::adopt([[UIScrollView alloc] initWithFrame:CGRectMake(0, 0, 100, 200)]);
 };
 
 }  // namespace

@@ -27,8 +27,8 @@ class UITableViewCellTest : public ObjCTest {
 TEST_F(UITableViewCellTest, EachStyleHasItsViews) {
   EXPECT_OBJC_EQ([cell(UITableViewCellStyleDefault).get() detailTextLabel], nil);
   EXPECT_OBJC_EQ([cell(UITableViewCellStyleValue2).get() imageView], nil);
-  for (UITableViewCellStyle style : {UITableViewCellStyleValue1, UITableViewCellStyleValue2,
-                                     UITableViewCellStyleSubtitle}) {
+  for (UITableViewCellStyle style :
+       {UITableViewCellStyleValue1, UITableViewCellStyleValue2, UITableViewCellStyleSubtitle}) {
     const auto made = cell(style);
     EXPECT_NE([made.get() textLabel], nil);
     EXPECT_NE([made.get() detailTextLabel], nil);

@@ -84,8 +84,7 @@ using testing_support::takeEvents;
 - (UITableViewCellEditingStyle)tableView:(UITableView *)tableView editingStyleForRowAtIndexPath:(NSIndexPath *)path {
   return [path row] == 1 ? UITableViewCellEditingStyleNone : UITableViewCellEditingStyleDelete;
 }
-- (NSString *)tableView:(UITableView *)tableView
-    titleForDeleteConfirmationButtonForRowAtIndexPath:(NSIndexPath *)path {
+- (NSString *)tableView:(UITableView *)tableView titleForDeleteConfirmationButtonForRowAtIndexPath:(NSIndexPath *)path {
   return named ? @"Remove" : nil;
 }
 - (void)tableView:(UITableView *)tableView

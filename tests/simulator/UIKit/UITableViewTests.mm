@@ -303,7 +303,10 @@ TEST_F(UITableViewTest, DescribingALongTableOfUnequalRowsDoesNotChangeWhatIsToBe
     [table.get() scrollToRowAtIndexPath:at(0, row) atScrollPosition:UITableViewScrollPositionMiddle animated:NO];
     [table.get() sim_prepareForDescription];
     const NSRange range = [table.get() sim_rowsToDescribeInSection:0];
-    [table.get() sim_describeRows:range inSection:0 usingBlock:^(NSIndexPath *, UITableViewCell *) {}];
+    [table.get() sim_describeRows:range
+                        inSection:0
+                       usingBlock:^(NSIndexPath *, UITableViewCell *){
+                       }];
     [table.get() sim_prepareForDescription];
     EXPECT_TRUE(NSEqualRanges([table.get() sim_rowsToDescribeInSection:0], range)) << row;
     EXPECT_TRUE(NSLocationInRange(NSUInteger(row), range)) << row;

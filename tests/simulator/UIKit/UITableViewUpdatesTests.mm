@@ -131,10 +131,9 @@ TEST_F(UITableViewUpdatesTest, WrongCountsRaiseAndLeaveAUsableTable) {
             inconsistent);
   EXPECT_EQ(wrong([](UITableView *table) { [table reloadRowsAtIndexPaths:@[ at(3, 0) ] withRowAnimation:none]; }),
             inconsistent);
-  EXPECT_EQ(wrong([](UITableView *table) {
-              [table insertSections:[NSIndexSet indexSetWithIndex:0] withRowAnimation:none];
-            }),
-            inconsistent);
+  EXPECT_EQ(
+      wrong([](UITableView *table) { [table insertSections:[NSIndexSet indexSetWithIndex:0] withRowAnimation:none]; }),
+      inconsistent);
   EXPECT_EQ(wrong([](UITableView *table) { [table endUpdates]; }), inconsistent);
 }
 
@@ -148,11 +147,14 @@ TEST_F(UITableViewUpdatesTest, ChangesWithoutAnUpdateAreFoundAtTheNextOne) {
 TEST_F(UITableViewUpdatesTest, TheCompletionComesFromTheMainQueue) {
   show({1});
   __block int finished = 0;
-  [table() performBatchUpdates:^{
-    [section(0) addObject:@"new"];
-    [table() insertRowsAtIndexPaths:@[ at(0, 1) ] withRowAnimation:none];
-  }
-      completion:^(BOOL done) { finished += done ? 1 : 100; }];
+  [table()
+      performBatchUpdates:^{
+        [section(0) addObject:@"new"];
+        [table() insertRowsAtIndexPaths:@[ at(0, 1) ] withRowAnimation:none];
+      }
+      completion:^(BOOL done) {
+        finished += done ? 1 : 100;
+      }];
   EXPECT_EQ(liveRows(table()), "a0 new");
   EXPECT_EQ(finished, 0);
   SIMDrainMainQueue();
@@ -195,6 +197,8 @@ TEST_F(UITableViewUpdatesTest, ASourceThatNeverRestsComesToAnEnd) {
   const auto rows = adopt([[RestlessSource alloc] initWithCounts:{3}]);
   const auto table = tableShowing(rows.get());
   [table.get() sim_describeRowsInSection:0
-                              usingBlock:^(NSIndexPath *, UITableViewCell *cell) { EXPECT_NE(cell, nil); }];
+                              usingBlock:^(NSIndexPath *, UITableViewCell *cell) {
+                                EXPECT_NE(cell, nil);
+                              }];
   EXPECT_LT(rows.get()->cellsGiven, 5000);
 }

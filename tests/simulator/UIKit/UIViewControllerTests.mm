@@ -206,9 +206,16 @@ TEST_F(UIViewControllerTest, CompletionsFollowTheAppearanceCalls) {
   const auto b = page("B");
   const auto window = windowShowing(a.get());
   events();
-  [a.get() presentViewController:b.get() animated:NO completion:^{ [a.get() note:"presented" animated:NO]; }];
+  [a.get() presentViewController:b.get()
+                        animated:NO
+                      completion:^{
+                        [a.get() note:"presented" animated:NO];
+                      }];
   EXPECT_EQ(events(), "B loads, B willAppear, B didAppear, A presented");
-  [a.get() dismissViewControllerAnimated:YES completion:^{ [a.get() note:"dismissed" animated:NO]; }];
+  [a.get() dismissViewControllerAnimated:YES
+                              completion:^{
+                                [a.get() note:"dismissed" animated:NO];
+                              }];
   EXPECT_EQ(events(), "B willDisappear animated");
   SIMDrainMainQueue();
   EXPECT_EQ(events(), "B didDisappear animated, A dismissed");
@@ -232,7 +239,10 @@ TEST_F(UIViewControllerTest, AnAnimatedDismissalTakesUntilTheNextTurn) {
                         [a.get() note:[a.get() presentedViewController] ? "too early" : "free" animated:NO];
                       }]);
   events();
-  [a.get() dismissViewControllerAnimated:YES completion:^{ [a.get() note:"twice" animated:NO]; }];
+  [a.get() dismissViewControllerAnimated:YES
+                              completion:^{
+                                [a.get() note:"twice" animated:NO];
+                              }];
   SIMDrainMainQueue();
   EXPECT_EQ(events(), "B didDisappear animated, A twice, A free");
   EXPECT_OBJC_EQ([a.get() presentedViewController], nil);
@@ -261,9 +271,9 @@ TEST_F(UIViewControllerTest, APageOnItsWayOutTakesThoseAboveItAlong) {
 
 TEST_F(UIViewControllerTest, APageThatPresentsOrIsOnItsWayPresentsNothingElseAndSaysSo) {
   std::vector<std::string> log;
-  SIMSetLogHandler([](NSString *line, void *lines) {
-    static_cast<std::vector<std::string> *>(lines)->emplace_back([line UTF8String]);
-  }, &log);
+  SIMSetLogHandler([](NSString *line,
+                      void *lines) { static_cast<std::vector<std::string> *>(lines)->emplace_back([line UTF8String]); },
+                   &log);
   const auto a = page("A");
   const auto b = page("B");
   const auto c = page("C");
@@ -321,7 +331,11 @@ TEST_F(UIViewControllerTest, ASecondPresentationHasNoEffect) {
   const auto window = windowShowing(a.get());
   [a.get() presentViewController:b.get() animated:NO completion:nil];
   events();
-  [a.get() presentViewController:c.get() animated:NO completion:^{ [a.get() note:"presented" animated:NO]; }];
+  [a.get() presentViewController:c.get()
+                        animated:NO
+                      completion:^{
+                        [a.get() note:"presented" animated:NO];
+                      }];
   EXPECT_EQ(events(), "");
   EXPECT_EQ([a.get() presentedViewController], b.get());
   EXPECT_EQ([c.get() presentingViewController], nil);
@@ -372,7 +386,10 @@ TEST_F(UIViewControllerTest, WrongPresentationsRaise) {
 
 TEST_F(UIViewControllerTest, DismissingNothingStillCompletes) {
   const auto a = page("A");
-  [a.get() dismissViewControllerAnimated:NO completion:^{ [a.get() note:"dismissed" animated:NO]; }];
+  [a.get() dismissViewControllerAnimated:NO
+                              completion:^{
+                                [a.get() note:"dismissed" animated:NO];
+                              }];
   EXPECT_EQ(events(), "A dismissed");
 }
 
@@ -381,7 +398,7 @@ TEST_F(UIViewControllerTest, APageThatDismissesItselfWhileItAppearsGoesCleanly) 
   const auto b = page("B");
   const auto window = windowShowing(a.get());
   events();
-  for (SEL moment : {@selector(viewWillAppear:), @selector(viewDidAppear:)}) {
+  for (SEL moment : { @selector(viewWillAppear:), @selector(viewDidAppear:) }) {
     [b.get() when:moment send:@selector(dismissNow) to:b.get()];
     [a.get() presentViewController:b.get() animated:NO completion:nil];
     EXPECT_EQ([a.get() presentedViewController], nil);

@@ -30,7 +30,8 @@ using testing_support::windowShowing;
 - (void)note:(const char *)event {
   events->push_back(name + " " + event + " at " + std::to_string((int)[[self view] bounds].size.width));
 }
-- (void)viewWillTransitionToSize:(CGSize)size withTransitionCoordinator:(id<UIViewControllerTransitionCoordinator>)given {
+- (void)viewWillTransitionToSize:(CGSize)size
+       withTransitionCoordinator:(id<UIViewControllerTransitionCoordinator>)given {
   [super viewWillTransitionToSize:size withTransitionCoordinator:given];
   [self note:("goes to " + std::to_string((int)size.width)).c_str()];
   coordinator = objcxx::share((SIMTransitionCoordinator *)given);

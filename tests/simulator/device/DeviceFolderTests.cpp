@@ -109,14 +109,16 @@ TEST_F(DeviceFolderTests, ASecondSimulatorIsToldWhoHasIt) {
   const std::string process = std::to_string(::getpid());
   EXPECT_EQ(openFailure(), "The device folder " + path().string() + " is in use by process " + process + ".");
   first->lock().setAddress("http://127.0.0.1:1234/");
-  EXPECT_EQ(openFailure(),
-            "The device folder " + path().string() + " is in use by process " + process + " at http://127.0.0.1:1234/.");
+  EXPECT_EQ(openFailure(), "The device folder " + path().string() + " is in use by process " + process +
+                               " at http://127.0.0.1:1234/.");
   first.reset();
   EXPECT_EQ(openFailure(), "");
 }
 
 TEST_F(DeviceFolderTests, LockAndPipeGoWithIt) {
-  { const DeviceFolder device(path()); }
+  {
+    const DeviceFolder device(path());
+  }
   EXPECT_FALSE(std::filesystem::exists(path() / ".simulator/lock"));
   EXPECT_FALSE(std::filesystem::exists(path() / ".simulator/backboardd"));
 }

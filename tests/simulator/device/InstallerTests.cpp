@@ -130,7 +130,8 @@ TEST_F(InstallerTests, ADamagedManifestIsAnEmptyOne) {
 TEST_F(InstallerTests, AManifestCannotReachOutOfTheFolder) {
   writeText(folder_.path() / "outside", "x");
   const std::string entry = R"({"edition":"1","digest":")" + sim::contentDigest("x") + R"("})";
-  writeText(manifest(), R"({"../outside":)" + entry + R"(,")" + (folder_.path() / "outside").string() + R"(":)" + entry + "}");
+  writeText(manifest(),
+            R"({"../outside":)" + entry + R"(,")" + (folder_.path() / "outside").string() + R"(":)" + entry + "}");
   run("1", {{"a", "one"}});
   EXPECT_EQ(readText(folder_.path() / "outside"), "x");
 }
@@ -144,7 +145,8 @@ TEST_F(InstallerTests, AFolderThatCannotBeMadeIsAFailure) {
 TEST_F(InstallerTests, AContentThatCannotBeHadLeavesEverythingAsItWas) {
   run("1", {{"a", "one"}});
   sim::Installer installer(root(), manifest());
-  EXPECT_THROW(installer.install({"a", "2", 0644, []() -> std::string { throw sim::Failure("No memory."); }}), sim::Failure);
+  EXPECT_THROW(installer.install({"a", "2", 0644, []() -> std::string { throw sim::Failure("No memory."); }}),
+               sim::Failure);
   EXPECT_EQ(text("a"), "one");
 }
 

@@ -95,7 +95,9 @@ TEST_F(KillallTests, OutsideOfADeviceFolderItKnowsNoProcess) {
 }
 
 TEST_F(KillallTests, ThePipeGoesWithTheSimulator) {
-  { const sim::ProcessPipe backboardd(pipe()); }
+  {
+    const sim::ProcessPipe backboardd(pipe());
+  }
   EXPECT_FALSE(std::filesystem::exists(pipe()));
 }
 

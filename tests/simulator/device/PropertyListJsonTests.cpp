@@ -20,7 +20,8 @@ using sim::propertyListJson;
 
 std::string xml(const std::string& content) {
   return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
-         "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n<plist version=\"1.0\">" + content + "</plist>\n";
+         "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n<plist version=\"1.0\">" +
+         content + "</plist>\n";
 }
 
 std::string binary(const std::string& content) {
@@ -102,9 +103,10 @@ TEST(PropertyListJsonTests, TheRootMayBeAnything) {
 }
 
 TEST(PropertyListJsonTests, TellsNegativeFromHugeIntegers) {
-  EXPECT_EQ(read("<array><integer>-5</integer><integer>9223372036854775807</integer><integer>-9223372036854775808</integer>"
-                 "<integer>9223372036854775808</integer><integer>18446744073709551615</integer><integer>0</integer></array>"),
-            json::parse("[-5,9223372036854775807,-9223372036854775808,9223372036854775808,18446744073709551615,0]"));
+  EXPECT_EQ(
+      read("<array><integer>-5</integer><integer>9223372036854775807</integer><integer>-9223372036854775808</integer>"
+           "<integer>9223372036854775808</integer><integer>18446744073709551615</integer><integer>0</integer></array>"),
+      json::parse("[-5,9223372036854775807,-9223372036854775808,9223372036854775808,18446744073709551615,0]"));
 }
 
 TEST(PropertyListJsonTests, DataOfEveryLength) {
@@ -138,9 +140,9 @@ TEST(PropertyListJsonTests, NumbersThatAreNotFiniteHaveAForm) {
 TEST(PropertyListJsonTests, AnythingElseIsNone) {
   const std::string whole = binary("<dict><key>a</key><string>b</string></dict>");
   for (const std::string& bytes :
-       {std::string(), std::string("hello"), std::string("{ a = b; }"), std::string("bplist00"), std::string(1000, '\0'),
-        whole.substr(0, whole.size() / 2), xml("<dict><key>a</key>").substr(0, 200), std::string("<plist>"), xml(""),
-        std::string("{\"a\":1}")})
+       {std::string(), std::string("hello"), std::string("{ a = b; }"), std::string("bplist00"),
+        std::string(1000, '\0'), whole.substr(0, whole.size() / 2), xml("<dict><key>a</key>").substr(0, 200),
+        std::string("<plist>"), xml(""), std::string("{\"a\":1}")})
     EXPECT_EQ(propertyListJson(bytes), std::nullopt) << bytes.substr(0, 60);
 }
 

@@ -66,7 +66,8 @@ TEST(SampleContentTests, NamesBeyondAsciiSurvive) {
   const auto files = sim::sampleContent();
   const auto tea = std::ranges::find(files, "Applications/Tea.app/Info.plist", &sim::ShippedFile::path);
   ASSERT_NE(tea, files.end());
-  EXPECT_EQ((*sim::propertyListJson(tea->content()))["CFBundleDisplayName"], "\u038F\u03C1\u03B1 \u03B3\u03B9\u03B1 \u03C4\u03C3\u03AC\u03B9");
+  EXPECT_EQ((*sim::propertyListJson(tea->content()))["CFBundleDisplayName"],
+            "\u038F\u03C1\u03B1 \u03B3\u03B9\u03B1 \u03C4\u03C3\u03AC\u03B9");
 }
 
 TEST(SampleContentTests, ThePackageToolAsksThatOfThisComputer) {

@@ -96,9 +96,10 @@ TEST_F(TemporaryFileTests, TheFilesOfLivingWritersStay) {
 }
 
 TEST_F(TemporaryFileTests, WhatNoWriterHasMadeStays) {
-  const std::set<std::string> foreign{".simulator-write-",      ".simulator-write-abc",   ".simulator-write-abcdef.plist",
-                                      ".simulator-write-abc.ef", ".simulator-write-folder", ".simulator-write-linked",
-                                      ".write-abcdef",           "simulator-write-abcdef",  "target"};
+  const std::set<std::string> foreign{
+      ".simulator-write-",       ".simulator-write-abc",    ".simulator-write-abcdef.plist",
+      ".simulator-write-abc.ef", ".simulator-write-folder", ".simulator-write-linked",
+      ".write-abcdef",           "simulator-write-abcdef",  "target"};
   for (const auto& name : foreign) {
     if (name.ends_with("folder")) std::filesystem::create_directory(path(name));
     else if (name.ends_with("linked")) std::filesystem::create_symlink(path("target"), path(name));

@@ -46,7 +46,8 @@ class DuplicateClassesTest : public DeviceTest {
   /// A bundle `name` with a copy of the built `code`, loaded.
   NSBundle *load(NSString *code, NSString *name) {
     NSString *folder = makeFolder([NSString stringWithFormat:@"/Bundles/%@.bundle", name]);
-    NSDictionary *info = @{@"CFBundleExecutable" : @"Code", @"CFBundleIdentifier" : [@"test." stringByAppendingString:name]};
+    NSDictionary *info =
+        @{@"CFBundleExecutable" : @"Code", @"CFBundleIdentifier" : [@"test." stringByAppendingString:name]};
     EXPECT_TRUE([info writeToFile:[folder stringByAppendingPathComponent:@"Info.plist"] atomically:YES]);
     std::error_code error;
     std::filesystem::copy_file(std::filesystem::path(BUILD_FOLDER "/fixtures/classes") / [code UTF8String],
@@ -87,10 +88,10 @@ TEST_F(DuplicateClassesTest, ACopyLoadsAndTheLogSaysWhichOneIsUsed) {
   EXPECT_TRUE([copy isLoaded]);
   EXPECT_TRUE([again isLoaded]);
   const std::string copied = [[copy executablePath] UTF8String];
-  EXPECT_THAT(log_, ::testing::IsSupersetOf({
-                        lineFor("DuplicateBase", firstFile(), copy), lineFor("DuplicateClass", firstFile(), copy),
-                        lineFor("DuplicateBase", firstFile(), again), lineFor("DuplicateClass", firstFile(), again),
-                        lineFor("DuplicateChild", copied, again)}));
+  EXPECT_THAT(log_, ::testing::IsSupersetOf(
+                        {lineFor("DuplicateBase", firstFile(), copy), lineFor("DuplicateClass", firstFile(), copy),
+                         lineFor("DuplicateBase", firstFile(), again), lineFor("DuplicateClass", firstFile(), again),
+                         lineFor("DuplicateChild", copied, again)}));
   EXPECT_EQ(NSClassFromString(@"DuplicateClass"), first_);
   EXPECT_EQ([[[[first_ alloc] init] autorelease] sum], 1101);
 }
@@ -125,10 +126,10 @@ TEST_F(DuplicateClassesTest, AClassOfALibraryKeepsItsName) {
   EXPECT_EQ(NSClassFromString(@"NSTask"), task);
   EXPECT_EQ([NSTask class], task);
   EXPECT_TRUE([task respondsToSelector:@selector(launchedTaskWithLaunchPath:arguments:)]);
-  EXPECT_THAT(log_, ::testing::Contains(::testing::AllOf(
-                        ::testing::HasSubstr("objc: Class NSTask is implemented in both"),
-                        ::testing::HasSubstr("libgnustep-base"),
-                        ::testing::HasSubstr([[bundle executablePath] UTF8String]))));
+  EXPECT_THAT(log_,
+              ::testing::Contains(::testing::AllOf(::testing::HasSubstr("objc: Class NSTask is implemented in both"),
+                                                   ::testing::HasSubstr("libgnustep-base"),
+                                                   ::testing::HasSubstr([[bundle executablePath] UTF8String]))));
 }
 
 TEST_F(DuplicateClassesTest, AFileWhoseReferencesLeadToTheFirstHasItsClassesLeftOut) {

@@ -62,9 +62,10 @@ TEST_F(ApiTests, AnUnknownIdentifierIsRefused) {
 
 TEST_F(ApiTests, MalformedEventsAreRefusedBeforeTheyReachAnybody) {
   const std::string deep = "{\"type\":" + std::string(100'000, '[') + std::string(100'000, ']') + "}";
-  for (const std::string& body : {std::string(), std::string("null"), std::string("[]"), std::string("{"), std::string("{}"),
-                                  std::string("{\"type\":1}"), std::string("{\"type\":\"tap\"} x"), std::string("\xFF"),
-                                  deep, std::string(1'000'000, '['), std::string("{'type':'tap'}")}) {
+  for (const std::string& body :
+       {std::string(), std::string("null"), std::string("[]"), std::string("{"), std::string("{}"),
+        std::string("{\"type\":1}"), std::string("{\"type\":\"tap\"} x"), std::string("\xFF"), deep,
+        std::string(1'000'000, '['), std::string("{'type':'tap'}")}) {
     test::HttpRequest request{"POST", "/api/events", simulator_.pageHeaders(), body};
     request.headers.push_back("Content-Type: application/json");
     request.headers.push_back("Content-Length: " + std::to_string(body.size()));
@@ -131,7 +132,11 @@ TEST_F(ApiTests, TheAppearanceIsToldToTheSettingsProcess) {
 TEST_F(ApiTests, TheDisplayIsToldToTheSettingsProcess) {
   const json phone = sim::kPhoneDisplay.json();
   const json tablet = sim::kTabletDisplay.json();
-  EXPECT_EQ(phone, (json{{"kind", "phone"}, {"orientation", "portrait"}, {"width", 390}, {"height", 844}, {"scale", 3},
+  EXPECT_EQ(phone, (json{{"kind", "phone"},
+                         {"orientation", "portrait"},
+                         {"width", 390},
+                         {"height", 844},
+                         {"scale", 3},
                          {"safeArea", {{"top", 47}, {"left", 0}, {"bottom", 34}, {"right", 0}}}}));
   EXPECT_EQ(simulator_.get("/api/screen").json()["display"], json::array({390, 844, 3, 0}));
   EXPECT_EQ(simulator_.device()["display"], phone);
@@ -142,8 +147,9 @@ TEST_F(ApiTests, TheDisplayIsToldToTheSettingsProcess) {
   EXPECT_EQ(simulator_.get("/api/screen").json()["display"], json::array({820, 1180, 2, 0}));
   EXPECT_EQ(simulator_.device()["display"], tablet);
 
-  for (const json& body : {json{{"kind", "watch"}}, json{{"kind", 1}}, json::object(), json::array({"phone"}), json(nullptr),
-                           json{{"orientation", "upside down"}}, json{{"kind", "phone"}, {"orientation", nullptr}}})
+  for (const json& body :
+       {json{{"kind", "watch"}}, json{{"kind", 1}}, json::object(), json::array({"phone"}), json(nullptr),
+        json{{"orientation", "upside down"}}, json{{"kind", "phone"}, {"orientation", nullptr}}})
     EXPECT_EQ(simulator_.send("PUT", "/api/device/display", body).status, 400) << body;
   EXPECT_EQ(simulator_.device()["display"], tablet);
 }

@@ -10,8 +10,9 @@ namespace {
 
 TEST(ChildProcessTests, FilesThatLackSymbolsAreNotLoaded) {
   ChildProcess child("/bin/sh", [](int descriptor) {
-    return std::vector<std::string>{"-c", "printf '{\"now\": \"%s\", \"path\": \"%s\"}\\n' \"$LD_BIND_NOW\" \"$PATH\" >&" +
-                                              std::to_string(descriptor)};
+    return std::vector<std::string>{
+        "-c",
+        "printf '{\"now\": \"%s\", \"path\": \"%s\"}\\n' \"$LD_BIND_NOW\" \"$PATH\" >&" + std::to_string(descriptor)};
   });
   std::vector<wire::Message> messages;
   while (messages.empty() && child.channel().receive(messages)) {

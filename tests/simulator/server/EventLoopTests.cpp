@@ -15,16 +15,12 @@ using namespace std::chrono_literals;
 
 class EventLoopTests : public ::testing::Test {
  protected:
-  EventLoopTests() {
-    [[maybe_unused]] const int made = ::pipe(ends_);
-  }
+  EventLoopTests() { [[maybe_unused]] const int made = ::pipe(ends_); }
   ~EventLoopTests() override {
     ::close(ends_[0]);
     ::close(ends_[1]);
   }
-  void fill() const {
-    [[maybe_unused]] const auto written = ::write(ends_[1], "x", 1);
-  }
+  void fill() const { [[maybe_unused]] const auto written = ::write(ends_[1], "x", 1); }
 
   sim::EventLoop loop_;
   int ends_[2];

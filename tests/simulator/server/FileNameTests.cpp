@@ -22,8 +22,8 @@ TEST(FileNameTests, NamesAreDecoded) {
 }
 
 TEST(FileNameTests, WhatIsNoNameInAFolderIsNone) {
-  for (const char* text : {"", ".", "..", "%2e%2e", "/", "a/b", "a%2Fb", "..%2Fa", "%2E%2E%2F", "/etc/passwd", "%00", "a%00b",
-                           "a%0Ab", "a%7F", "%C2%85", "%1F"})
+  for (const char* text : {"", ".", "..", "%2e%2e", "/", "a/b", "a%2Fb", "..%2Fa", "%2E%2E%2F", "/etc/passwd", "%00",
+                           "a%00b", "a%0Ab", "a%7F", "%C2%85", "%1F"})
     EXPECT_EQ(decodedFileName(text), std::nullopt) << text;
 }
 

@@ -7,7 +7,9 @@
 
 namespace {
 
-sim::Response picture(std::size_t size) { return {200, "image/png", std::make_shared<const std::string>(size, 'x'), {}}; }
+sim::Response picture(std::size_t size) {
+  return {200, "image/png", std::make_shared<const std::string>(size, 'x'), {}};
+}
 
 TEST(ImageCacheTests, GivesBackWhatItKeeps) {
   sim::ImageCache cache(100);

@@ -111,8 +111,9 @@ TEST_F(LoopbackRulesTests, TakesBothOfItsNames) {
 
 TEST_F(LoopbackRulesTests, RefusesAReboundName) {
   const std::string port = std::to_string(simulator_.port());
-  for (const std::string& name : {"rebind.test:" + port, "127.0.0.1.nip.test:" + port, std::string("127.0.0.1"),
-                                  std::string("localhost"), "127.0.0.2:" + port, "[::1]:" + port, std::string("127.0.0.1:1")}) {
+  for (const std::string& name :
+       {"rebind.test:" + port, "127.0.0.1.nip.test:" + port, std::string("127.0.0.1"), std::string("localhost"),
+        "127.0.0.2:" + port, "[::1]:" + port, std::string("127.0.0.1:1")}) {
     EXPECT_EQ(status(withHost({"Host: " + name})), 403) << name;
     // What a rebound page sends: an Origin that equals its Host.
     HttpRequest rebound = withHost({"Host: " + name});
@@ -122,12 +123,13 @@ TEST_F(LoopbackRulesTests, RefusesAReboundName) {
 }
 
 TEST_F(LoopbackRulesTests, RefusesAReboundNameForThePageToo) {
-  EXPECT_EQ(status({"GET", "/", {"Host: rebind.test:" + std::to_string(simulator_.port()), "Connection: close"}, {}}), 403);
+  EXPECT_EQ(status({"GET", "/", {"Host: rebind.test:" + std::to_string(simulator_.port()), "Connection: close"}, {}}),
+            403);
 }
 
 TEST_F(LoopbackRulesTests, AMalformedHostIsABadRequest) {
-  for (const std::string& name : {"127.0.0.1:80:90", "user@127.0.0.1", "127.0.0.1:", "127.0.0.1:http", "a b", "[::1", "[x]",
-                                  "127.0.0.1:1234567", "%31", "http://127.0.0.1"})
+  for (const std::string& name : {"127.0.0.1:80:90", "user@127.0.0.1", "127.0.0.1:", "127.0.0.1:http", "a b", "[::1",
+                                  "[x]", "127.0.0.1:1234567", "%31", "http://127.0.0.1"})
     EXPECT_EQ(status(withHost({"Host: " + name})), 400) << name;
 }
 
@@ -137,9 +139,9 @@ TEST_F(LoopbackRulesTests, AcceptsItsOwnOrigin) {
 }
 
 TEST_F(LoopbackRulesTests, RefusesEveryOtherOrigin) {
-  for (const std::string& origin : {std::string("null"), std::string("http://evil.test"), "https://" + host(),
-                                    std::string("http://127.0.0.1:1"), std::string("http://127.0.0.1"), std::string(),
-                                    "http://" + host() + "/", "http://" + host() + ".evil.test"})
+  for (const std::string& origin :
+       {std::string("null"), std::string("http://evil.test"), "https://" + host(), std::string("http://127.0.0.1:1"),
+        std::string("http://127.0.0.1"), std::string(), "http://" + host() + "/", "http://" + host() + ".evil.test"})
     EXPECT_EQ(status(withHeader("Origin: " + origin)), 403) << origin;
   HttpRequest two = withHeader("Origin: http://" + host());
   two.headers.push_back("Origin: http://" + host());
@@ -161,8 +163,8 @@ TEST_F(LoopbackRulesTests, ALinkToThePageMayStandAnywhereButItsPartsMayNot) {
 }
 
 TEST_F(LoopbackRulesTests, EveryCallNeedsTheToken) {
-  for (const std::string target : {"/api", "/api/screen", "/api/device", "/api/stream", "/api/nothing", "/images/1", "/images",
-                                   "/shared/1", "/shared"}) {
+  for (const std::string target : {"/api", "/api/screen", "/api/device", "/api/stream", "/api/nothing", "/images/1",
+                                   "/images", "/shared/1", "/shared"}) {
     HttpRequest without = withToken({});
     without.target = target;
     EXPECT_EQ(status(without), 403) << target;
@@ -174,7 +176,8 @@ TEST_F(LoopbackRulesTests, RefusesAWrongToken) {
   const std::string& token = simulator_.token();
   std::string other = token;
   other.back() = other.back() == '0' ? '1' : '0';
-  for (const std::string& wrong : {other, std::string(), token.substr(1), token + "0", token + token, std::string(32, '0')})
+  for (const std::string& wrong :
+       {other, std::string(), token.substr(1), token + "0", token + token, std::string(32, '0')})
     EXPECT_EQ(status(withToken({"X-Sim-Token: " + wrong})), 403) << wrong;
   EXPECT_EQ(status(withToken({"X-Sim-Token: " + token, "X-Sim-Token: " + token})), 403);
 }
@@ -273,7 +276,9 @@ TEST_F(LoopbackRulesTests, AnEndlessBodyEndsTheConnection) {
 TEST_F(LoopbackRulesTests, RefusesTwoLengthsOfOneBody) {
   const std::string type = "Content-Type: application/json";
   const std::string body = "{\"string\":\"x\"}";
-  EXPECT_EQ(status(change({type, "Content-Length: 14", "Transfer-Encoding: chunked"}, "e\r\n" + body + "\r\n0\r\n\r\n")), 400);
+  EXPECT_EQ(
+      status(change({type, "Content-Length: 14", "Transfer-Encoding: chunked"}, "e\r\n" + body + "\r\n0\r\n\r\n")),
+      400);
   EXPECT_EQ(status(change({type, "Content-Length: 14", "Content-Length: 14"}, body)), 400);
   EXPECT_EQ(status(change({type, "Content-Length: 14", "Content-Length: 0"}, body)), 400);
   EXPECT_EQ(status(change({type, "Content-Length: -1"}, body)), 400);
@@ -294,9 +299,9 @@ TEST_F(LoopbackRulesTests, HeadersAreLimited) {
 }
 
 TEST_F(LoopbackRulesTests, NoPathLeavesTheTable) {
-  for (const std::string target :
-       {"/../server/main.cpp", "/parts/../index.html", "/parts/%2e%2e/index.html", "/..%2f..%2fetc/passwd", "//etc/passwd",
-        "/parts", "/parts/", "/.hidden", "/parts/list.js%00", "/index.html/", "/%69ndex.html", "/parts\\list.js"})
+  for (const std::string target : {"/../server/main.cpp", "/parts/../index.html", "/parts/%2e%2e/index.html",
+                                   "/..%2f..%2fetc/passwd", "//etc/passwd", "/parts", "/parts/", "/.hidden",
+                                   "/parts/list.js%00", "/index.html/", "/%69ndex.html", "/parts\\list.js"})
     EXPECT_EQ(status({"GET", target, {"Host: " + host(), "Connection: close"}, {}}), 404) << target;
 }
 
@@ -306,8 +311,9 @@ TEST_F(LoopbackRulesTests, RefusesTargetsThatAreNoPaths) {
 }
 
 TEST_F(LoopbackRulesTests, NonsenseIsABadRequestOrTheEnd) {
-  for (const std::string& bytes : {std::string("\r\n\r\n\r\n"), std::string("GET\r\n\r\n"), std::string("\x16\x03\x01\x02"),
-                                   std::string(10'000, '\0'), std::string("GET / HTTP/9.9\r\n\r\n"), std::string()}) {
+  for (const std::string& bytes :
+       {std::string("\r\n\r\n\r\n"), std::string("GET\r\n\r\n"), std::string("\x16\x03\x01\x02"),
+        std::string(10'000, '\0'), std::string("GET / HTTP/9.9\r\n\r\n"), std::string()}) {
     HttpConnection connection(simulator_.port());
     connection.send(bytes);
   }
@@ -316,8 +322,8 @@ TEST_F(LoopbackRulesTests, NonsenseIsABadRequestOrTheEnd) {
 
 TEST_F(LoopbackRulesTests, EveryResponseForbidsWhatAPageDoesNotNeed) {
   for (const HttpResponse& response :
-       {simulator_.get("/"), simulator_.get("/parts/list.js"), simulator_.get("/api/device"), simulator_.get("/nothing"),
-        send(withHost({"Host: evil.test"}))}) {
+       {simulator_.get("/"), simulator_.get("/parts/list.js"), simulator_.get("/api/device"),
+        simulator_.get("/nothing"), send(withHost({"Host: evil.test"}))}) {
     const std::string policy = response.header("Content-Security-Policy");
     EXPECT_TRUE(policy.starts_with("default-src 'self'; img-src 'self' blob:;")) << response.head;
     EXPECT_NE(policy.find("frame-ancestors 'none'"), std::string::npos);

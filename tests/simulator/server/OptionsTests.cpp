@@ -19,8 +19,8 @@ TEST(OptionsTests, Defaults) {
 }
 
 TEST(OptionsTests, TakesEveryOption) {
-  const sim::Options options = parse({"--device", "d", "--install", "i", "--settings", "s", "--web", "w", "--modules", "m",
-                                      "--port", "65535"});
+  const sim::Options options =
+      parse({"--device", "d", "--install", "i", "--settings", "s", "--web", "w", "--modules", "m", "--port", "65535"});
   EXPECT_EQ(options.device, "d");
   EXPECT_EQ(options.install, "i");
   EXPECT_EQ(options.settings, "s");
@@ -31,9 +31,17 @@ TEST(OptionsTests, TakesEveryOption) {
 }
 
 TEST(OptionsTests, RefusesEverythingElse) {
-  for (const std::vector<const char*>& arguments :
-       {std::vector<const char*>{"--nothing"}, {"device"}, {"--device"}, {"--device", ""}, {"--port"}, {"--port", "65536"},
-        {"--port", "-1"}, {"--port", "80x"}, {"--port", ""}, {"--port", " 80"}, {"-h"}})
+  for (const std::vector<const char*>& arguments : {std::vector<const char*>{"--nothing"},
+                                                    {"device"},
+                                                    {"--device"},
+                                                    {"--device", ""},
+                                                    {"--port"},
+                                                    {"--port", "65536"},
+                                                    {"--port", "-1"},
+                                                    {"--port", "80x"},
+                                                    {"--port", ""},
+                                                    {"--port", " 80"},
+                                                    {"-h"}})
     EXPECT_THROW(parse(arguments), sim::UsageError);
 }
 

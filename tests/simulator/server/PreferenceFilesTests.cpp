@@ -70,8 +70,9 @@ TEST_F(PreferenceFilesTests, SaysWhyAFileCannotBeShown) {
   writeText(folder() / "6.plist", "");
   ASSERT_EQ(::truncate((folder() / "6.plist").c_str(), 65 << 20), 0);
   const json files = files_.json();
-  const char* errors[] = {"The file is empty.",       "The file is no property list.", "This is a folder.",
-                          "This is no regular file.", "This is no regular file.",      "The file is too large to be shown."};
+  const char* errors[] = {"The file is empty.",       "The file is no property list.",
+                          "This is a folder.",        "This is no regular file.",
+                          "This is no regular file.", "The file is too large to be shown."};
   ASSERT_EQ(files.size(), std::size(errors));
   for (std::size_t i = 0; i < files.size(); ++i) {
     EXPECT_EQ(files[i]["error"], errors[i]);
@@ -122,7 +123,8 @@ TEST_F(PreferenceFilesTests, AFolderMayBeMovedAway) {
 
 TEST_F(PreferenceFilesTests, AFileOfTwentyMegabytesIsReadOnce) {
   std::string data(20 << 20, 'A');
-  writeText(folder() / "a.plist", "<plist version=\"1.0\"><dict><key>photo</key><data>" + data + "</data></dict></plist>");
+  writeText(folder() / "a.plist",
+            "<plist version=\"1.0\"><dict><key>photo</key><data>" + data + "</data></dict></plist>");
   EXPECT_EQ(files_.json()[0]["content"]["photo"]["bytes"], 15 << 20);
   const auto begin = std::chrono::steady_clock::now();
   for (int i = 0; i < 100; ++i) (void)files_.json();

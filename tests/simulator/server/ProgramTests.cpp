@@ -41,8 +41,10 @@ class ProgramTests : public ::testing::Test {
   std::filesystem::path device() const { return folder_.path() / "device"; }
 
   std::vector<std::string> arguments(const std::vector<std::string>& more = {}) const {
-    std::vector<std::string> all{"--device", device(), "--web", folder_.path() / "web",
-                                 "--modules", folder_.path() / "modules", "--install", folder_.path() / "tree",
+    std::vector<std::string> all{"--device",   device(),
+                                 "--web",      folder_.path() / "web",
+                                 "--modules",  folder_.path() / "modules",
+                                 "--install",  folder_.path() / "tree",
                                  "--settings", std::filesystem::read_symlink("/proc/self/exe")};
     all.insert(all.end(), more.begin(), more.end());
     return all;
@@ -133,7 +135,8 @@ TEST_F(ProgramTests, SaysThatTheFolderIsInUse) {
   expectOneSentence(second.errors);
   EXPECT_THAT(second.errors, HasSubstr("in use by process " + std::to_string(first.identifier()) + " at " +
                                        address.substr(0, address.find('#'))));
-  EXPECT_EQ(second.errors.find(address.substr(address.find('#'))), std::string::npos) << "the token stays with its owner";
+  EXPECT_EQ(second.errors.find(address.substr(address.find('#'))), std::string::npos)
+      << "the token stays with its owner";
 }
 
 TEST_F(ProgramTests, SaysThatAFileStandsInTheFoldersPlace) {
@@ -149,9 +152,7 @@ constexpr uid_t kNobody = 65534;
 
 class ReadOnlyProgramTests : public ProgramTests {
  protected:
-  ReadOnlyProgramTests() {
-    std::filesystem::permissions(folder_.path(), std::filesystem::perms(0755));
-  }
+  ReadOnlyProgramTests() { std::filesystem::permissions(folder_.path(), std::filesystem::perms(0755)); }
   uid_t user() const { return ::geteuid() == 0 ? kNobody : 0; }
 
   // The build may lie where nobody else looks.
@@ -219,9 +220,10 @@ TEST_F(ProgramTests, AnUploadThatFillsTheDiskIsSaidAndLeavesNothing) {
   const std::string address = simulator.readLine();
   const std::string body(6 << 20, 'x');
   const std::vector<std::string> headers{"Host: 127.0.0.1:" + std::to_string(portIn(address)), "Connection: close",
-                                         "X-Sim-Token: " + address.substr(address.size() - 32), "Content-Type: image/png",
-                                         "Content-Length: " + std::to_string(body.size())};
-  const auto response = test::roundTrip(portIn(address), test::HttpRequest{"PUT", "/api/photos", headers, body}.bytes());
+                                         "X-Sim-Token: " + address.substr(address.size() - 32),
+                                         "Content-Type: image/png", "Content-Length: " + std::to_string(body.size())};
+  const auto response =
+      test::roundTrip(portIn(address), test::HttpRequest{"PUT", "/api/photos", headers, body}.bytes());
   EXPECT_EQ(response.status, 507);
   EXPECT_EQ(response.json()["error"], "There is no room left for the file on the disk of this computer.");
   EXPECT_TRUE(std::filesystem::is_empty(device() / ".simulator/uploads"));

@@ -117,8 +117,7 @@ TEST_F(SettingsProcessTests, AProcessThatTakesNothingStopsNobody) {
   const pid_t process = processOf(simulator);
   ASSERT_EQ(::kill(process, SIGSTOP), 0);
   // More than the channel holds.
-  for (int i = 0; i < 4; ++i)
-    EXPECT_EQ(simulator.tap(std::string(600'000, 'x')).status, 504);
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(simulator.tap(std::string(600'000, 'x')).status, 504);
   EXPECT_EQ(simulator.get("/api/device").status, 200);
   EXPECT_TRUE(test::waitUntil([&] { return startCount() == 2; }));
 }

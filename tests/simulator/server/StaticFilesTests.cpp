@@ -18,11 +18,14 @@ class StaticFilesTests : public ::testing::Test {
 };
 
 TEST_F(StaticFilesTests, KnowsEveryFileOfThePageByItsType) {
-  const std::pair<const char*, const char*> expected[] = {
-      {"index.html", "text/html; charset=utf-8"},      {"app.js", "text/javascript; charset=utf-8"},
-      {"a/b/c.mjs", "text/javascript; charset=utf-8"}, {"styles/page.css", "text/css; charset=utf-8"},
-      {"icon.svg", "image/svg+xml"},                   {"picture.png", "image/png"},
-      {"data.json", "application/json"},               {"unknown.xyz", "application/octet-stream"}};
+  const std::pair<const char*, const char*> expected[] = {{"index.html", "text/html; charset=utf-8"},
+                                                          {"app.js", "text/javascript; charset=utf-8"},
+                                                          {"a/b/c.mjs", "text/javascript; charset=utf-8"},
+                                                          {"styles/page.css", "text/css; charset=utf-8"},
+                                                          {"icon.svg", "image/svg+xml"},
+                                                          {"picture.png", "image/png"},
+                                                          {"data.json", "application/json"},
+                                                          {"unknown.xyz", "application/octet-stream"}};
   for (const auto& [name, type] : expected) writeText(folder_.path() / name, name);
   files_.addPage(folder_.path());
   for (const auto& [name, type] : expected) {

@@ -116,7 +116,8 @@ TEST_F(UploadTests, ArrivingBytesGoToTheDisk) {
 }
 
 TEST_F(UploadTests, NameAndRevisionAreHandedOn) {
-  const auto response = send(head("/api/picked-file", {"X-Sim-File-Name: gr%C3%BC%20n.plist", "X-Sim-Revision: 7"}), "x");
+  const auto response =
+      send(head("/api/picked-file", {"X-Sim-File-Name: gr%C3%BC%20n.plist", "X-Sim-Revision: 7"}), "x");
   EXPECT_EQ(response.json(), json({{"name", "gr\u00FC n.plist"}, {"size", 1}, {"revision", 7}}));
   EXPECT_EQ(send(head("/api/photos", {}), "x").json()["name"], nullptr);
 }
@@ -139,8 +140,8 @@ TEST_F(UploadTests, ABadRevisionIsRefused) {
 }
 
 TEST_F(UploadTests, OnlyBytesAndPicturesAreTaken) {
-  for (const std::string type : {"application/json", "text/plain", "multipart/form-data", "application/x-www-form-urlencoded",
-                                 "imagepng", "application/octet-streams", ""})
+  for (const std::string type : {"application/json", "text/plain", "multipart/form-data",
+                                 "application/x-www-form-urlencoded", "imagepng", "application/octet-streams", ""})
     EXPECT_EQ(send(head("/api/photos", {}, type), "x").status, 415) << type;
   HttpRequest untyped{"PUT", "/api/photos", simulator_.pageHeaders(), {}};
   EXPECT_EQ(send(untyped, "x").status, 415);

@@ -86,7 +86,9 @@ TEST_F(ChannelTests, WhatIsQueuedBehindAHalfSentMessageComesAfterIt) {
 }
 
 TEST_F(ChannelTests, FlushTellsThatThePeerIsGone) {
-  { const Channel gone(::dup(pair_.ends[1])); }
+  {
+    const Channel gone(::dup(pair_.ends[1]));
+  }
   ::shutdown(pair_.ends[1], SHUT_RDWR);
   here_.queue({{{"verb", "screen"}}, {}});
   EXPECT_FALSE(here_.flush());

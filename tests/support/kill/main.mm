@@ -1,5 +1,5 @@
-// theme_change DEVICE apply NAME: makes the preset NAME of the device folder DEVICE the theme. Status 0 when there was one.
-// theme_change DEVICE remove KEY: takes KEY out of the theme file of the device folder.
+// theme_change DEVICE apply NAME: makes the preset NAME of the device folder DEVICE the theme. Status 0 when there was
+// one. theme_change DEVICE remove KEY: takes KEY out of the theme file of the device folder.
 #import <Foundation/SIMDevice.h>
 
 #import "core/PreferenceFile.h"

@@ -14,8 +14,8 @@ class LeaksIgnored final {
 #endif
  public:
   LeaksIgnored() {}
-  LeaksIgnored(const LeaksIgnored &) = delete;
-  LeaksIgnored &operator=(const LeaksIgnored &) = delete;
+  LeaksIgnored(const LeaksIgnored&) = delete;
+  LeaksIgnored& operator=(const LeaksIgnored&) = delete;
 };
 
 }  // namespace testing_support

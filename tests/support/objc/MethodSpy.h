@@ -16,8 +16,8 @@ namespace testing_support {
 IMP exchangeImplementation(Class owner, SEL selector, IMP implementation);
 
 /// While it lives, calls `seen` with the receiver and the arguments before each call of `selector` as `owner` or one of
-/// its superclasses implements it, on any object. The method returns nothing and takes `Arguments`. At most one spy at a
-/// time for a selector: a second one ends the program, as does a selector that nobody implements. Main thread only.
+/// its superclasses implements it, on any object. The method returns nothing and takes `Arguments`. At most one spy at
+/// a time for a selector: a second one ends the program, as does a selector that nobody implements. Main thread only.
 template <typename... Arguments>
 class MethodSpy final {
  public:
@@ -25,25 +25,25 @@ class MethodSpy final {
 
   MethodSpy(Class owner, SEL selector, Seen seen) : owner_(owner), selector_(selector), seen_(std::move(seen)) {
     if (!spies().emplace(sel_getName(selector), this).second) std::abort();
-    original_ = exchangeImplementation(owner, selector, reinterpret_cast<IMP>(reinterpret_cast<void *>(&called)));
+    original_ = exchangeImplementation(owner, selector, reinterpret_cast<IMP>(reinterpret_cast<void*>(&called)));
   }
   ~MethodSpy() {
     exchangeImplementation(owner_, selector_, original_);
     spies().erase(sel_getName(selector_));
   }
-  MethodSpy(const MethodSpy &) = delete;
-  MethodSpy &operator=(const MethodSpy &) = delete;
+  MethodSpy(const MethodSpy&) = delete;
+  MethodSpy& operator=(const MethodSpy&) = delete;
 
  private:
-  static std::map<std::string, MethodSpy *> &spies() {
-    static std::map<std::string, MethodSpy *> spies;
+  static std::map<std::string, MethodSpy*>& spies() {
+    static std::map<std::string, MethodSpy*> spies;
     return spies;
   }
 
   static void called(id receiver, SEL selector, Arguments... arguments) {
-    const MethodSpy &spy = *spies().at(sel_getName(selector));
+    const MethodSpy& spy = *spies().at(sel_getName(selector));
     spy.seen_(receiver, arguments...);
-    const auto original = reinterpret_cast<void (*)(id, SEL, Arguments...)>(reinterpret_cast<void *>(spy.original_));
+    const auto original = reinterpret_cast<void (*)(id, SEL, Arguments...)>(reinterpret_cast<void*>(spy.original_));
     original(receiver, selector, arguments...);
   }
 

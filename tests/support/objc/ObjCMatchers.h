@@ -8,8 +8,8 @@ namespace testing_support {
 
 /// Success when both are nil or `[actual isEqual:expected]`; the message names the expressions, classes and
 /// descriptions.
-::testing::AssertionResult equalObjects(const char *actualText, const char *expectedText, id actual, id expected);
-::testing::AssertionResult differentObjects(const char *actualText, const char *otherText, id actual, id other);
+::testing::AssertionResult equalObjects(const char* actualText, const char* expectedText, id actual, id expected);
+::testing::AssertionResult differentObjects(const char* actualText, const char* otherText, id actual, id other);
 
 }  // namespace testing_support
 

@@ -53,7 +53,10 @@ class FakeSettings {
   }
 
   json screen() const {
-    return {{"revision", revision_}, {"pasteboard", pasteboard_}, {"appearance", appearance_}, {"display", display_},
+    return {{"revision", revision_},
+            {"pasteboard", pasteboard_},
+            {"appearance", appearance_},
+            {"display", display_},
             {"process", ::getpid()}};
   }
 
@@ -87,13 +90,14 @@ class FakeSettings {
     if (what == "killall") return killall();
     if (what == "refuse") return answer(request, 422, {{"error", "This is no picture."}});
     if (what == "keep") std::filesystem::rename(file, device_ / "fake/kept");
-    answer(request, 200, {{"name", request.value("name", json())}, {"size", size},
-                          {"revision", request.value("revision", json())}});
+    answer(request, 200,
+           {{"name", request.value("name", json())}, {"size", size}, {"revision", request.value("revision", json())}});
   }
 
   void event(const json& request) {
     const json& event = request.at("event");
-    if (event.value("revision", revision_) != revision_) return answer(request, 409, {{"error", "The screen has changed."}});
+    if (event.value("revision", revision_) != revision_)
+      return answer(request, 409, {{"error", "The screen has changed."}});
     const std::string id = event.value("id", "");
     const auto colon = id.find(':');
     const std::string what = id.substr(0, colon);
@@ -103,13 +107,15 @@ class FakeSettings {
     else if (what == "copy") post({{"post", "pasteboard"}, {"string", value}});
     else if (what == "clear") post({{"post", "pasteboard"}, {"string", nullptr}});
     else if (what == "log") post({{"post", "log"}, {"line", value}});
-    else if (what == "change") return post({{"post", "changed"}, {"revision", ++revision_}}), answer(request, 200, json::object());
+    else if (what == "change")
+      return post({{"post", "changed"}, {"revision", ++revision_}}), answer(request, 200, json::object());
     else if (what == "crash") ::raise(SIGABRT);
     else if (what == "exit") ::_exit(3);
     else if (what == "hang") ::pause();
     else if (what == "slow") std::this_thread::sleep_for(std::chrono::milliseconds(std::stol(value)));
     else if (what == "garbage") ::send(channel_.descriptor(), "no message\n", 11, MSG_NOSIGNAL);
-    else if (what == "malformed") return channel_.send({{{"reply", request.at("request")}, {"status", "fine"}}, {}}), void();
+    else if (what == "malformed")
+      return channel_.send({{{"reply", request.at("request")}, {"status", "fine"}}, {}}), void();
     else if (what == "killall") return killall();
     else return answer(request, 404, {{"error", "There is no \"" + id + "\" on the screen."}});
     ++revision_;

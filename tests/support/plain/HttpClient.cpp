@@ -19,7 +19,8 @@ constexpr std::chrono::seconds kPatience{30};
 std::string HttpResponse::header(std::string_view name) const {
   for (std::size_t at = head.find("\r\n"); at != std::string::npos; at = head.find("\r\n", at + 2)) {
     const std::string_view line = std::string_view(head).substr(at + 2);
-    if (line.size() > name.size() && line[name.size()] == ':' && ::strncasecmp(line.data(), name.data(), name.size()) == 0) {
+    if (line.size() > name.size() && line[name.size()] == ':' &&
+        ::strncasecmp(line.data(), name.data(), name.size()) == 0) {
       const auto value = line.substr(name.size() + 2);
       return std::string(value.substr(0, value.find("\r\n")));
     }

@@ -14,8 +14,8 @@
 namespace test {
 
 struct HttpResponse {
-  int status = 0;        // 0 when the server closed without a response.
-  std::string head;      // The first line and the headers.
+  int status = 0;    // 0 when the server closed without a response.
+  std::string head;  // The first line and the headers.
   std::string body;
 
   /// The header's value; empty when there is none.

@@ -31,7 +31,8 @@ std::string readAll(const Descriptor& descriptor) {
   std::string text;
   char buffer[4096];
   ssize_t count;
-  while ((count = ::read(descriptor.get(), buffer, sizeof buffer)) > 0) text.append(buffer, static_cast<std::size_t>(count));
+  while ((count = ::read(descriptor.get(), buffer, sizeof buffer)) > 0)
+    text.append(buffer, static_cast<std::size_t>(count));
   return text;
 }
 
