@@ -12,10 +12,9 @@ NSDictionary *namesOfApps(NSArray *apps);
 /// of what the preference in force under that key chooses, in its order. Returns the rows whose names have changed;
 /// autoreleased.
 ///
-/// An app that is not installed has its identifier for a name; a widget that is not installed is passed over, as the
-/// widgets editor does. While the names of the apps are not known (`appNames` is nil) rows that would need one are left
-/// as they are. Reads the main preference file and the Info lists of the installed widgets, whose code it does not
-/// load.
+/// What is not installed is passed over, as the pages do that choose it. While the names of the apps are not known
+/// (`appNames` is nil) rows that would need one are left as they are. Reads the main preference file and the Info lists
+/// of the installed widgets, whose code it does not load.
 NSArray *summariseRows(NSArray *rows, NSDictionary *appNames);
 
 }  // namespace zuno

@@ -25,15 +25,8 @@ NSArray *identifiersIn(id stored) {
   return identifiers;
 }
 
-NSArray *namesOfChosenApps(NSArray *identifiers, NSDictionary *appNames) {
-  if (!appNames && [identifiers count] > 0) return nil;
-  NSMutableArray *names = [NSMutableArray array];
-  for (NSString *identifier in identifiers) [names addObject:[appNames objectForKey:identifier] ?: identifier];
-  return names;
-}
-
-NSArray *namesOfChosenWidgets(NSArray *identifiers) {
-  NSDictionary *installed = namesOfWidgets();
+/// The names of those that are installed, as the pages that choose them show it.
+NSArray *namesIn(NSArray *identifiers, NSDictionary *installed) {
   NSMutableArray *names = [NSMutableArray array];
   for (NSString *identifier in identifiers) {
     if (NSString *name = [installed objectForKey:identifier]) [names addObject:name];
@@ -60,9 +53,10 @@ NSArray *summariseRows(NSArray *rows, NSDictionary *appNames) {
     NSString *key = rowText(row, @"summaryKey");
     if (!kind || !key) continue;
     NSArray *identifiers = identifiersIn([KRBPreferenceManager getPrefForKey:key]);
-    NSArray *names = [kind isEqualToString:@"widgets"] ? namesOfChosenWidgets(identifiers)
-                                                       : namesOfChosenApps(identifiers, appNames);
-    if (!names || [names isEqual:[row propertyForKey:kNames]]) continue;
+    NSDictionary *installed = [kind isEqualToString:@"widgets"] ? namesOfWidgets() : appNames;
+    if (!installed && [identifiers count] > 0) continue;
+    NSArray *names = namesIn(identifiers, installed);
+    if ([names isEqual:[row propertyForKey:kNames]]) continue;
     [row setProperty:names forKey:kNames];
     [changed addObject:row];
   }

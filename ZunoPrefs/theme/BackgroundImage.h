@@ -4,6 +4,8 @@
 
 #import <UIKit/UIKit.h>
 
+#include <cstddef>
+
 namespace zuno {
 
 /// The image as it is stored: PNG, in base64 with line breaks every 64 characters. nil when there is no image or it
@@ -31,6 +33,10 @@ UIImage *pickedImage(NSDictionary *info);
 /// Stores an encoded image as the background image, and tells that the theme has changed; a failed write is not
 /// reported.
 void storeBackgroundImage(NSString *text);
+
+/// What tells the stored text from another; 0 where the theme file holds none. Reads that file when it is another than
+/// last time, or was written since. Main thread only.
+std::size_t backgroundFingerprint();
 
 /// Whether the theme file holds a background image, readable or not.
 bool hasBackgroundImage();

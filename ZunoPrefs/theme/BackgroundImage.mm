@@ -1,5 +1,9 @@
 #import "theme/BackgroundImage.h"
 
+#include <sys/stat.h>
+
+#include <array>
+
 #import "core/PreferenceFile.h"
 #import "theme/ThemeChange.h"
 
@@ -20,6 +24,22 @@ bool canDecode(CGImageRef image) {
   if (!pixels) return false;
   CFRelease(pixels);
   return true;
+}
+
+/// Tells a file from others and from itself before a write; zeros where there is none. A file that is written whole, as
+/// preference files are, becomes another one.
+using FileState = std::array<std::int64_t, 5>;
+
+FileState stateOf(NSString *path) {
+  struct stat state;
+  if (stat([path fileSystemRepresentation], &state) != 0) return {};
+#ifdef __APPLE__
+  const timespec written = state.st_mtimespec;
+#else
+  const timespec written = state.st_mtim;
+#endif
+  return {static_cast<std::int64_t>(state.st_dev), static_cast<std::int64_t>(state.st_ino), state.st_size,
+          written.tv_sec, written.tv_nsec};
 }
 
 UIImage *turnedUpright(UIImage *image) {
@@ -60,6 +80,18 @@ UIImage *pickedImage(NSDictionary *info) {
 void storeBackgroundImage(NSString *text) {
   PreferenceFile::ofDomain(kThemeDomain).setValue(text, kBackgroundImage);
   tellThemeChanged();
+}
+
+std::size_t backgroundFingerprint() {
+  static FileState known{};
+  static std::size_t fingerprint = 0;
+  const auto file = PreferenceFile::ofDomain(kThemeDomain);
+  const FileState state = stateOf(file.path());
+  if (state != known) {
+    known = state;
+    fingerprint = file.fingerprint(kBackgroundImage);
+  }
+  return fingerprint;
 }
 
 bool hasBackgroundImage() { return PreferenceFile::ofDomain(kThemeDomain).contains(kBackgroundImage); }

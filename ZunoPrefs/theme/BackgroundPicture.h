@@ -7,10 +7,7 @@
 
 namespace zuno {
 
-/// What tells the stored text from another; 0 without one. Reads the theme file.
-std::size_t backgroundFingerprint();
-
-/// The stored background image, whose text has that `fingerprint`, scaled to fill `size` points at the main screen's
+/// The stored background image, whose fingerprint that is, scaled to fill `size` points at the main screen's
 /// scale, cut to that size and then blurred by a Gaussian of `blur` points (standard deviation; its edges go on as they
 /// are). nil when the theme file has none that can be decoded, or `size` is empty. Autoreleased.
 ///

@@ -107,8 +107,6 @@ UIImage *storedFilling(CGSize size, CGFloat scale) {
 
 }  // namespace
 
-std::size_t backgroundFingerprint() { return PreferenceFile::ofDomain(kThemeDomain).fingerprint(kBackgroundImage); }
-
 UIImage *backgroundPicture(std::size_t text, CGSize size, CGFloat blur) {
   if (!(size.width > 0 && size.height > 0)) return nil;
   const CGFloat scale = [[UIScreen mainScreen] scale];

@@ -1,6 +1,8 @@
 #import <Preferences/PSTableCell.h>
 #import <UIKit/UIKit.h>
 
+#include <cstddef>
+
 /// The row that shows the theme's background image and, when tapped, lets the user pick another.
 ///
 /// It reads and writes the entry of the theme file by itself. Main thread only.
@@ -8,6 +10,7 @@
   UIImageView *imagePreviewView;  // Reserved.
   UILabel *cellLabel;             // Reserved.
   id _options;
+  std::size_t _shown;  // The fingerprint of the stored image that the cell shows; 0 when it shows another or none.
 }
 
 @property(nonatomic, strong) id options;

@@ -1,6 +1,7 @@
 #import "theme/ZunoImagePickerCell.h"
 
 #import <Preferences/PSSpecifier.h>
+#import <objcxx/Retained.h>
 
 #import "theme/BackgroundImage.h"
 #import "theme/ZunoCustomiseRootListController.h"
@@ -42,21 +43,28 @@
 
 - (void)didMoveToSuperview {
   [super didMoveToSuperview];
-  [self fillInRow];
-}
-
-/// A cell that a table takes out of its queue shows again without having moved.
-- (void)refreshCellContentsWithSpecifier:(PSSpecifier *)specifier {
-  [super refreshCellContentsWithSpecifier:specifier];
-  [self fillInRow];
-}
-
-/// Shows the stored image and takes the row's taps. Nothing while the cell is in no table: it is filled in when it
-/// comes into one.
-- (void)fillInRow {
   if (![self superview]) return;
 
   [self loadImageFromDict];
+  [self takeTaps];
+}
+
+/// A cell that a table takes out of its queue shows again without having moved. While it is in no table it is filled in
+/// when it comes into one. A photo is decoded again only when it is another.
+- (void)refreshCellContentsWithSpecifier:(PSSpecifier *)specifier {
+  const auto shown = objcxx::share([[self imageView] image]);
+  [super refreshCellContentsWithSpecifier:specifier];
+  if (![self superview]) return;
+
+  if (_shown != 0 && _shown == zuno::backgroundFingerprint()) {
+    [[self imageView] setImage:shown.get()];
+  } else {
+    [self loadImageFromDict];
+  }
+  [self takeTaps];
+}
+
+- (void)takeTaps {
   [[self specifier] setTarget:self];
   [[self specifier] setButtonAction:@selector(openImagePicker)];
 }
@@ -83,11 +91,16 @@
 }
 
 - (void)setCurrentImage:(UIImage *)image {
+  _shown = 0;
   [[self imageView] setImage:image];
 }
 
 - (void)loadImageFromDict {
-  if (UIImage *image = zuno::storedBackgroundImage()) [self setCurrentImage:image];
+  const std::size_t fingerprint = zuno::backgroundFingerprint();
+  UIImage *image = zuno::storedBackgroundImage();
+  if (!image) return;
+  [self setCurrentImage:image];
+  _shown = fingerprint;
 }
 
 @end

@@ -36,8 +36,7 @@ void scanPropertyListKeys(std::span<const std::byte> document, std::span<const s
                           std::span<PropertyListScan> results) noexcept {
   static auto *const function = built<decltype(scanPropertyListKeys)>(
       "_ZN4zuno20scanPropertyListKeysESt4spanIKSt4byteLm18446744073709551615EES0_IKSt17basic_string_viewIcSt11char_"
-      "traits"
-      "IcEELm18446744073709551615EES0_INS_16PropertyListScanELm18446744073709551615EE");
+      "traitsIcEELm18446744073709551615EES0_INS_16PropertyListScanELm18446744073709551615EE");
   function(document, keys, results);
 }
 

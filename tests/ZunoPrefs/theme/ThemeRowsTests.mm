@@ -11,6 +11,7 @@
 
 #include <string>
 
+#include "ZunoPrefs/support/Replaced.h"
 #include "ZunoPrefs/support/TracedProgram.h"
 #include "ZunoPrefs/theme/ThemeTest.h"
 #include "support/objc/DiskFaults.h"
@@ -44,6 +45,19 @@ class ThemeRowsTest : public ThemeTest {
   std::string disabledFor(NSDictionary *theme) {
     writePreferences(kThemeFile, theme);
     return disabled(newPage());
+  }
+  static PSSpecifier *row(PSCellType type, NSString *key, NSString *dependsOn) {
+    PSSpecifier *made = [PSSpecifier preferenceSpecifierNamed:key
+                                                       target:nil
+                                                          set:nullptr
+                                                          get:nullptr
+                                                       detail:Nil
+                                                         cell:type
+                                                         edit:Nil];
+    [made setProperty:key forKey:@"key"];
+    [made setProperty:key forKey:@"id"];
+    if (dependsOn) [made setProperty:dependsOn forKey:@"dependsOn"];
+    return made;
   }
   /// Identifiers of the rows for the photo, in order.
   static std::string photoRows(PSListController *page) {
@@ -79,6 +93,21 @@ TEST_F(ThemeRowsTest, ASwitchIsTakenAsThePreviewAndTheSwitcherTakeIt) {
   EXPECT_EQ(disabled(newPage()).substr(0, 10), "useCustom,");
   EXPECT_EQ(disabledFor(@{@"enabled" : @1, @"useCustom" : @"1"}), kCards) << "a text is no truth value";
   EXPECT_EQ(disabledFor(@{@"enabled" : @-0.5, @"useCustom" : @2}), "") << "on for every number but 0";
+}
+
+TEST_F(ThemeRowsTest, ARowsOwnSwitchComesBeforeThatOfItsGroupAndOnlySwitchesCount) {
+  using Loading = NSArray *(id, SEL, NSString *, id);
+  writePreferences(kThemeFile, @{@"on" : @1, @"number" : @1});
+  const Replaced<Loading> rows([PSListController class], @selector(loadSpecifiersFromPlistName:target:),
+                               [](id, SEL, NSString *, id) {
+                                 PSSpecifier *group = row(PSGroupCell, @"group", @"off");
+                                 return @[
+                                   row(PSSwitchCell, @"on", nil), row(PSSliderCell, @"number", nil), group,
+                                   row(PSSliderCell, @"ofSwitch", @"on"), row(PSSliderCell, @"ofGroup", nil),
+                                   row(PSSliderCell, @"ofNumber", @"number")
+                                 ];
+                               });
+  EXPECT_EQ(disabled(newPage()), "ofGroup,ofNumber") << "a slider is no switch";
 }
 
 TEST_F(ThemeRowsTest, AFlippedSwitchEnablesItsRowsAtOnce) {

@@ -133,6 +133,32 @@ TEST_F(ImageCellTest, APortraitPhotoIsStoredUpright) {
   EXPECT_EQ(look([cell decodeBase64ToImage:[cell encodeToBase64String:portraitPhoto(40)]]).substr(0, 5), "40x20");
 }
 
+TEST_F(ImageCellTest, APhotoIsDecodedAgainOnlyWhenItIsAnother) {
+  PSSpecifier *row = newRow();
+  ZunoImagePickerCell *cell = newCell(row);
+  UIView *parent = [[[UIView alloc] initWithFrame:CGRectMake(0, 0, 100, 100)] autorelease];
+  const auto imageAfter = [&](NSDictionary *theme) {
+    writePreferences(kThemeFile, theme);
+    [cell refreshCellContentsWithSpecifier:row];
+    return [[cell imageView] image];
+  };
+  NSString *red = [cell encodeToBase64String:picture(32, [UIColor redColor])];
+  NSString *blue = [cell encodeToBase64String:picture(48, [UIColor blueColor])];
+  EXPECT_OBJC_EQ(imageAfter(@{@"backgroundImage" : red}), nil) << "it is in no table";
+  [parent addSubview:cell];
+  UIImage *shown = [[cell imageView] image];
+  EXPECT_EQ(colourOf(shown), "255,0,0");
+  EXPECT_EQ(imageAfter(@{@"backgroundImage" : red, @"spacing" : @3}), shown);
+  EXPECT_EQ(colourOf(imageAfter(@{@"backgroundImage" : blue})), "0,0,255");
+  EXPECT_EQ(colourOf(imageAfter(@{@"spacing" : @3})), "0,0,255") << "an image that is gone leaves the cell as it is";
+  EXPECT_EQ(colourOf(imageAfter(@{@"backgroundImage" : red})), "255,0,0");
+  [cell setCurrentImage:picture(8, [UIColor greenColor])];
+  EXPECT_EQ(colourOf(imageAfter(@{@"backgroundImage" : red})), "255,0,0") << "what was set is not what is stored";
+  shown = [[cell imageView] image];
+  [row setProperty:picture(8, [UIColor greenColor]) forKey:@"iconImage"];
+  EXPECT_EQ(imageAfter(@{@"backgroundImage" : red, @"spacing" : @4}), shown) << "the row's icon gives way";
+}
+
 TEST_F(ImageCellTest, ACellThatIsUsedAgainShowsWhatIsStoredNowAndTakesItsRowsTaps) {
   storeImage(@"no picture");
   ZunoCustomiseRootListController *page = showPage();
