@@ -6,6 +6,7 @@
 #include <cmath>
 
 #import "core/PreferenceFile.h"
+#import "theme/BackgroundImage.h"
 #import "theme/BackgroundPicture.h"
 #import "theme/ThemeChange.h"
 #import "theme/ThemeFile.h"
