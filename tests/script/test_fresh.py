@@ -45,8 +45,8 @@ class FreshTest(unittest.TestCase):
         return result.stderr
 
     def test_another_release_or_command_is_refused(self):
-        for word in ("bullseye", "bench", "--help"):
-            self.assertEqual("usage: script/fresh [bookworm|trixie] [run|test]\n", self.refusal("trixie", word))
+        for word in ("bullseye", "package", "--help"):
+            self.assertEqual("usage: script/fresh [bookworm|trixie] [run|test|bench]\n", self.refusal("trixie", word))
 
     def test_it_needs_root(self):
         self.user(1000)
