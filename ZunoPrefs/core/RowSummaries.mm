@@ -12,7 +12,7 @@ namespace {
 
 NSString *const kNames = @"names";
 
-bool isText(id object) { return [object isKindOfClass:[NSString class]] && [object length] > 0; }
+bool isText(id object) { return [object isKindOfClass:[NSString class]]; }
 
 /// The identifiers that a stored value chooses; one text stands for a list of one.
 NSArray *identifiersIn(id stored) {
@@ -49,11 +49,10 @@ NSDictionary *namesOfApps(NSArray *apps) {
 NSArray *summariseRows(NSArray *rows, NSDictionary *appNames) {
   NSMutableArray *changed = [NSMutableArray array];
   for (PSSpecifier *row in rows) {
-    NSString *kind = rowText(row, @"summaryOf");
     NSString *key = rowText(row, @"summaryKey");
-    if (!kind || !key) continue;
+    if (!key) continue;
     NSArray *identifiers = identifiersIn([KRBPreferenceManager getPrefForKey:key]);
-    NSDictionary *installed = [kind isEqualToString:@"widgets"] ? namesOfWidgets() : appNames;
+    NSDictionary *installed = [rowText(row, @"summaryOf") isEqualToString:@"widgets"] ? namesOfWidgets() : appNames;
     if (!installed && [identifiers count] > 0) continue;
     NSArray *names = namesIn(identifiers, installed);
     if ([names isEqual:[row propertyForKey:kNames]]) continue;

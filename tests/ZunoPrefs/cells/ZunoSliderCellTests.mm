@@ -138,6 +138,7 @@ TEST_F(SliderCellTest, ThereIsRoomForEveryNumberBesideTheSliderWhichKeepsItsLeng
   const CGRect place = [number(made) frame];
   const CGRect content = [[made contentView] frame];
   EXPECT_GT(frame.size.width, 200);
+  EXPECT_EQ([number(made) textAlignment], NSTextAlignmentRight) << "the unit stands still";
   EXPECT_LE(CGRectGetMaxX([made convertRect:frame fromView:[made contentView]]), place.origin.x);
   EXPECT_LE(CGRectGetMaxX(content), place.origin.x);
   for (int value = -100; value <= 100; ++value) {

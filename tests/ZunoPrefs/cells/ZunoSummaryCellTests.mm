@@ -99,10 +99,9 @@ TEST_F(SummaryCellTest, ACellThatServesAnotherRowForgetsTheOneBefore) {
 
 TEST_F(SummaryCellTest, ADisabledRowIsPaler) {
   EXPECT_OBJC_EQ([[cell(@{@"names" : @[]}) detailTextLabel] textColor], [UIColor secondaryLabelColor]);
-  EXPECT_OBJC_EQ([[cell(
-                     @{@"names" : @[],
-                       @"enabled" : @(NO)}) detailTextLabel] textColor],
-                 [UIColor tertiaryLabelColor]);
+  ZunoSummaryCell *off = cell(@{@"names" : @[], @"enabled" : @(NO)});
+  EXPECT_OBJC_EQ([[off detailTextLabel] textColor], [UIColor tertiaryLabelColor]);
+  EXPECT_FALSE([off cellEnabled]);
 }
 
 }  // namespace
