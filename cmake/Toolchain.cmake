@@ -10,7 +10,6 @@ set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 
 find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
-pkg_check_modules(plist REQUIRED IMPORTED_TARGET libplist-2.0)
 pkg_check_modules(microhttpd REQUIRED IMPORTED_TARGET libmicrohttpd)
 pkg_check_modules(cairo REQUIRED IMPORTED_TARGET cairo)
 pkg_check_modules(pango REQUIRED IMPORTED_TARGET pangocairo)

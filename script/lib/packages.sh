@@ -11,7 +11,7 @@ ninja-build              run test bench mutate
 pkg-config               run test bench mutate device-test
 gobjc                    run test bench mutate package
 libgnustep-base-dev      run test bench mutate package
-libplist-dev             run test bench mutate device-test
+libplist-dev             test bench mutate device-test
 nlohmann-json3-dev       run test bench mutate
 libmicrohttpd-dev        run test bench mutate
 libcairo2-dev            run test bench mutate

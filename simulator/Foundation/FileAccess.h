@@ -3,7 +3,7 @@
 
 #import <Foundation/Foundation.h>
 
-#include "Foundation/Files.hpp"
+#include "base/Files.hpp"
 
 #include <optional>
 #include <span>
@@ -24,7 +24,7 @@ NSError *cocoaError(NSInteger code, const std::string &explanation);
 /// The bytes of a regular file; nothing, with an error, when it cannot be read.
 std::optional<FileContent> contentOfFile(NSString *path, NSError **error);
 
-/// Writes a whole file, see Files.hpp. NO with an error, and a line in the log, when that fails.
+/// Writes a whole file, see base/Files.hpp. NO with an error, and a line in the log, when that fails.
 BOOL writeFile(NSString *path, std::span<const std::byte> bytes, BOOL atomically, NSError **error);
 
 /// Stores `error` where the caller wants it; answers NO, for `return report(…)`.

@@ -1,11 +1,9 @@
 #import "Foundation/FileAccess.h"
 
-#include "Foundation/UTF8.hpp"
+#include "base/UTF8.hpp"
 
 #include <cerrno>
 #include <cstring>
-#include <utility>
-#include <variant>
 
 namespace sim {
 
@@ -73,11 +71,10 @@ NSError *cocoaError(NSInteger code, const std::string &explanation) {
 }
 
 std::optional<FileContent> contentOfFile(NSString *path, NSError **error) {
-  auto content = readFile(fileSystemPath(path));
-  if (auto *file = std::get_if<FileContent>(&content)) return std::move(*file);
-  const int number = std::get<int>(content);
-  report(error, fileError(readCode(number), path, number));
-  return std::nullopt;
+  int number = 0;
+  auto content = readFile(fileSystemPath(path), &number);
+  if (!content) report(error, fileError(readCode(number), path, number));
+  return content;
 }
 
 BOOL writeFile(NSString *path, std::span<const std::byte> bytes, BOOL atomically, NSError **error) {

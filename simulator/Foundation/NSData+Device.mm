@@ -3,7 +3,7 @@
 
 #import "Foundation/FileAccess.h"
 
-#include "Foundation/Base64.hpp"
+#include "base/Base64.hpp"
 
 #include <algorithm>
 #include <array>

@@ -4,6 +4,8 @@
 
 #import "Foundation/FileAccess.h"
 
+#include "base/FileTree.hpp"
+
 #include <cerrno>
 
 // Replacing the methods of the class is what this file is for.

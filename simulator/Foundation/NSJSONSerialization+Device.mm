@@ -3,9 +3,9 @@
 #import "Foundation/ObjectBuilder.h"
 #import "Foundation/ObjectWalker.h"
 
-#include "Foundation/JSONReader.hpp"
-#include "Foundation/JSONWriter.hpp"
-#include "Foundation/UTF8.hpp"
+#include "base/JSONReader.hpp"
+#include "base/JSONWriter.hpp"
+#include "base/UTF8.hpp"
 
 #include <array>
 #include <utility>
@@ -82,7 +82,7 @@ bool isContainer(id object) {
   if (!isContainer(object) && !(options & NSJSONWritingFragmentsAllowed)) {
     [NSException raise:NSInvalidArgumentException format:@"Invalid top-level type in JSON write"];
   }
-  sim::JSONWriter writer({.pretty = (options & NSJSONWritingPrettyPrinted) != 0,
+  sim::JSONWriter writer({.isPretty = (options & NSJSONWritingPrettyPrinted) != 0,
                           .escapesSlashes = (options & NSJSONWritingWithoutEscapingSlashes) == 0});
   const auto order = options & NSJSONWritingSortedKeys ? sim::KeyOrder::sorted : sim::KeyOrder::none;
   if (const auto problem = sim::walkObject(object, sim::Vocabulary::json, order, writer)) {

@@ -5,7 +5,7 @@
 
 #include <objcxx/Retained.h>
 
-#include "Foundation/ValueSink.hpp"
+#include "base/ValueSink.hpp"
 
 #include <vector>
 

@@ -5,7 +5,7 @@
 
 #include <string_view>
 
-#include "Foundation/ValueSink.hpp"
+#include "base/ValueSink.hpp"
 
 namespace sim {
 

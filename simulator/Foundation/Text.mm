@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "Foundation/UTF8.hpp"
+#include "base/UTF8.hpp"
 
 namespace sim {
 

@@ -3,7 +3,7 @@
 
 #import <UIKit/UIKit.h>
 
-#include "Settings/JsonText.hpp"
+#include "base/JsonText.hpp"
 
 namespace sim {
 

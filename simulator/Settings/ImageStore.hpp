@@ -9,7 +9,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "Settings/JsonText.hpp"
+#include "base/JsonText.hpp"
 
 namespace sim {
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "Settings/JsonText.hpp"
+#include "base/JsonText.hpp"
 
 @class UIColor;
 

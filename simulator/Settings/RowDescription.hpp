@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "Settings/JsonText.hpp"
+#include "base/JsonText.hpp"
 
 namespace sim {
 

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "Settings/JsonText.hpp"
+#include "base/JsonText.hpp"
 
 @class UITableView;
 

@@ -5,7 +5,7 @@
 
 #include <string_view>
 
-#include "Settings/JsonText.hpp"
+#include "base/JsonText.hpp"
 
 namespace sim {
 

@@ -11,7 +11,7 @@
 #include <optional>
 #include <string_view>
 
-#include "files/TemporaryFile.hpp"
+#include "base/TemporaryFile.hpp"
 
 #import "Settings/Guarded.hpp"
 #import "Settings/Service.hpp"
@@ -78,7 +78,7 @@ int main(int count, char **arguments) {
 
     // Programs that a bundle starts must not keep the channel open.
     (void)::fcntl(options->channel, F_SETFD, FD_CLOEXEC);
-    sim::wire::Channel channel(options->channel);
+    sim::wire::Channel channel{sim::Descriptor(options->channel)};
     sim::reportDeviceEvents(channel);
     sim::Session session([[[SettingsRootController alloc] init] autorelease], options->revision);
     sim::Service service(channel, session);

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <vector>
 
-#include "Foundation/UTF8.hpp"
+#include "base/UTF8.hpp"
 
 namespace sim {
 namespace {

@@ -5,7 +5,7 @@
 #import <Foundation/FileAccess.h>
 #import <UIKit/UIImage+Sim.h>
 
-#include <Foundation/UTF8.hpp>
+#include "base/UTF8.hpp"
 
 #include <optional>
 #include <string_view>

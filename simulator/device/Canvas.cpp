@@ -1,6 +1,6 @@
 #include "device/Canvas.hpp"
 
-#include "device/Failure.hpp"
+#include "base/Failure.hpp"
 
 namespace sim {
 namespace {

@@ -1,7 +1,8 @@
 #include "device/DeviceFolder.hpp"
 
-#include "device/Failure.hpp"
-#include "device/FileContent.hpp"
+#include "base/Failure.hpp"
+#include "base/FileTree.hpp"
+#include "base/Files.hpp"
 
 #include <array>
 #include <string_view>
@@ -17,11 +18,9 @@ constexpr std::array<std::string_view, 5> kStandardFolders{
     "var/mobile/Documents", "var/mobile/Media/DCIM/100APPLE",
 };
 
-void makeFolder(const std::filesystem::path& folder) {
-  std::error_code error;
-  std::filesystem::create_directories(folder, error);
-  if (!error && !std::filesystem::is_directory(folder, error)) error = std::make_error_code(std::errc::not_a_directory);
-  if (error) throw Failure("Cannot make the folder " + folder.string() + ": " + error.message() + ".");
+void requireFolder(const std::filesystem::path& folder) {
+  if (const int error = makeFolder(folder, true))
+    throw Failure::fromErrno("Cannot make the folder " + folder.string(), error);
 }
 
 // Makes the device folder and the simulator's own one; gives the device folder's absolute path.
@@ -30,10 +29,10 @@ std::filesystem::path opened(const std::filesystem::path& folder) {
   const auto absolute = std::filesystem::absolute(folder, error);
   if (std::filesystem::exists(absolute, error) && !std::filesystem::is_directory(absolute, error))
     throw Failure("The device folder " + absolute.string() + " cannot be used: it is a file.");
-  makeFolder(absolute);
+  requireFolder(absolute);
   const auto canonical = std::filesystem::canonical(absolute, error);
   if (error) throw Failure("The device folder " + absolute.string() + " cannot be used: " + error.message() + ".");
-  makeFolder(canonical / kOwnFolder);
+  requireFolder(canonical / kOwnFolder);
   return canonical;
 }
 
@@ -41,9 +40,10 @@ ShippedFile shippedFrom(const std::filesystem::path& tree, const std::filesystem
   std::error_code error;
   const auto permissions = std::filesystem::status(file, error).permissions() & std::filesystem::perms::all;
   const auto content = [file] {
-    auto bytes = readFile(file);
-    if (!bytes) throw Failure("Cannot read " + file.string() + ".");
-    return *std::move(bytes);
+    int error = 0;
+    const auto read = readFile(file, &error);
+    if (!read) throw Failure::fromErrno("Cannot read " + file.string(), error);
+    return std::string(read->text());
   };
   return {file.lexically_relative(tree).generic_string(), editionOf(file), static_cast<mode_t>(permissions), content};
 }
@@ -52,8 +52,8 @@ ShippedFile shippedFrom(const std::filesystem::path& tree, const std::filesystem
 
 DeviceFolder::DeviceFolder(const std::filesystem::path& folder)
     : path_(opened(folder)), lock_(ownFolder() / "lock"), backboardd_(ownFolder() / "backboardd") {
-  for (const std::string_view standard : kStandardFolders) makeFolder(path_ / standard);
-  for (const std::string& preferences : preferenceFolders()) makeFolder(path_ / preferences.substr(1));
+  for (const std::string_view standard : kStandardFolders) requireFolder(path_ / standard);
+  for (const std::string& preferences : preferenceFolders()) requireFolder(path_ / preferences.substr(1));
 }
 
 void DeviceFolder::install(const std::filesystem::path& tree, const std::vector<ShippedFile>& samples) {

@@ -1,11 +1,10 @@
 #include "device/FolderLock.hpp"
 
-#include "device/Failure.hpp"
-#include "device/FileContent.hpp"
+#include "base/Failure.hpp"
+#include "base/Files.hpp"
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -13,15 +12,12 @@
 namespace sim {
 namespace {
 
-// Whether the open file is the one that has the name now: the last holder may have removed it in between.
-bool isAt(int descriptor, const std::filesystem::path& file) {
-  struct stat open{};
-  struct stat named{};
-  return ::fstat(descriptor, &open) == 0 && ::stat(file.c_str(), &named) == 0 && open.st_ino == named.st_ino &&
-         open.st_dev == named.st_dev;
+// What the lock file says about its holder.
+std::string holderNamedIn(const std::filesystem::path& file) {
+  const auto content = readFile(file);
+  if (!content) return "another simulator";
+  return std::string(content->text().substr(0, content->text().find('\n')));
 }
-
-std::string firstLine(const std::string& text) { return text.substr(0, text.find('\n')); }
 
 }  // namespace
 
@@ -32,10 +28,10 @@ FolderLock::FolderLock(std::filesystem::path file) : file_(std::move(file)) {
     if (::flock(descriptor_.get(), LOCK_EX | LOCK_NB) != 0) {
       if (errno != EWOULDBLOCK) throw Failure::fromErrno("Cannot lock " + file_.string(), errno);
       const std::string folder = file_.parent_path().parent_path().string();
-      throw Failure("The device folder " + folder + " is in use by " +
-                    firstLine(readFile(file_).value_or("another simulator")) + ".");
+      throw Failure("The device folder " + folder + " is in use by " + holderNamedIn(file_) + ".");
     }
-  } while (!isAt(descriptor_.get(), file_));
+    // The last holder may have removed the file in between.
+  } while (!isAt(file_, descriptor_));
   write("process " + std::to_string(::getpid()));
 }
 

@@ -1,7 +1,7 @@
 // Keeps two simulators from using one device folder.
 #pragma once
 
-#include "files/Descriptor.hpp"
+#include "base/Descriptor.hpp"
 
 #include <filesystem>
 #include <string>

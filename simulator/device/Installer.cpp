@@ -1,7 +1,9 @@
 #include "device/Installer.hpp"
 
-#include "device/Failure.hpp"
-#include "device/FileContent.hpp"
+#include "base/Failure.hpp"
+#include "base/FileTree.hpp"
+#include "base/Files.hpp"
+#include "base/Json.hpp"
 
 #include <nlohmann/json.hpp>
 #include <sys/stat.h>
@@ -10,6 +12,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
+#include <span>
 #include <utility>
 
 namespace sim {
@@ -33,11 +36,17 @@ std::string textIn(const nlohmann::json& object, const char* key) {
   return found != object.end() && found->is_string() ? found->get<std::string>() : std::string();
 }
 
+void replaceFile(const std::filesystem::path& file, std::string_view content, mode_t mode) {
+  if (const int error = writeFileAtomically(file, std::as_bytes(std::span(content)), mode))
+    throw Failure::fromErrno("Cannot write " + file.string(), error);
+}
+
 }  // namespace
 
 Installer::Installer(std::filesystem::path root, std::filesystem::path manifest)
     : root_(std::move(root)), manifest_(std::move(manifest)) {
-  const auto parsed = nlohmann::json::parse(readFile(manifest_).value_or("{}"), nullptr, false);
+  const auto content = readFile(manifest_);
+  const auto parsed = nlohmann::json::parse(content ? content->text() : "{}", nullptr, false);
   if (!parsed.is_object()) return;
   for (const auto& [path, entry] : parsed.items())
     if (entry.is_object() && staysInside(path)) entries_[path] = {textIn(entry, "edition"), textIn(entry, "digest")};
@@ -85,22 +94,21 @@ void Installer::save() {
   if (!isChanged_) return;
   nlohmann::json manifest = nlohmann::json::object();
   for (const auto& [path, entry] : entries_) manifest[path] = {{"edition", entry.edition}, {"digest", entry.digest}};
-  writeFileAtomically(manifest_, manifest.dump(1, ' ', false, nlohmann::json::error_handler_t::replace) + "\n");
+  replaceFile(manifest_, toText(manifest, 1) + "\n", kNewFileMode);
   isChanged_ = false;
 }
 
 // Empty when there is no regular file.
 std::string Installer::digestOnDisk(const std::string& path) const {
   const auto content = readFile(root_ / path);
-  return content ? contentDigest(*content) : std::string();
+  return content ? contentDigest(content->text()) : std::string();
 }
 
 void Installer::write(const ShippedFile& file, std::string_view content) const {
   const std::filesystem::path target = root_ / file.path;
-  std::error_code error;
-  std::filesystem::create_directories(target.parent_path(), error);
-  if (error) throw Failure("Cannot make " + target.parent_path().string() + ": " + error.message() + ".");
-  writeFileAtomically(target, content, file.mode);
+  if (const int error = makeFolder(target.parent_path(), true))
+    throw Failure::fromErrno("Cannot make " + target.parent_path().string(), error);
+  replaceFile(target, content, file.mode);
 }
 
 std::string editionOf(const std::filesystem::path& file) {

@@ -1,6 +1,6 @@
 #include "device/ProcessPipe.hpp"
 
-#include "device/Failure.hpp"
+#include "base/Failure.hpp"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -2,7 +2,7 @@
 // the user interface.
 #pragma once
 
-#include "files/Descriptor.hpp"
+#include "base/Descriptor.hpp"
 
 #include <filesystem>
 

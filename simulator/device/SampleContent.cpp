@@ -1,16 +1,12 @@
 #include "device/SampleContent.hpp"
 
+#include "base/XMLPropertyListWriter.hpp"
 #include "device/Canvas.hpp"
 #include "device/SampleIcons.hpp"
 #include "device/SamplePhotos.hpp"
 
-#include <plist/plist.h>
-
-#include <cstdint>
-#include <cstdlib>
-#include <memory>
 #include <string>
-#include <type_traits>
+#include <utility>
 
 namespace sim {
 namespace {
@@ -41,34 +37,30 @@ constexpr SampleApp kApps[] = {
     {"Tea.app", "org.example.tea", "\u038F\u03C1\u03B1 \u03B3\u03B9\u03B1 \u03C4\u03C3\u03AC\u03B9", &drawTeaIcon},
 };
 
-struct FreePlist {
-  void operator()(void* node) const { plist_free(node); }
-};
-
 std::string informationOf(const SampleApp& app) {
-  const std::unique_ptr<std::remove_pointer_t<plist_t>, FreePlist> information(plist_new_dict());
-  const auto set = [](plist_t dictionary, const char* key, const char* value) {
-    plist_dict_set_item(dictionary, key, plist_new_string(value));
+  XMLPropertyListWriter list;
+  const auto set = [&list](const char* key, const char* value) {
+    list.key(key);
+    list.string(value);
   };
-  set(information.get(), "CFBundleIdentifier", app.identifier);
-  set(information.get(), "CFBundleDisplayName", app.name);
-  set(information.get(), "CFBundleName", app.name);
-  set(information.get(), "CFBundlePackageType", "APPL");
-  set(information.get(), "CFBundleShortVersionString", "1.0");
-  const plist_t files = plist_new_array();
-  plist_array_append_item(files, plist_new_string("AppIcon60x60"));
-  const plist_t primary = plist_new_dict();
-  plist_dict_set_item(primary, "CFBundleIconFiles", files);
-  const plist_t icons = plist_new_dict();
-  plist_dict_set_item(icons, "CFBundlePrimaryIcon", primary);
-  plist_dict_set_item(information.get(), "CFBundleIcons", icons);
-
-  char* text = nullptr;
-  std::uint32_t length = 0;
-  plist_to_xml(information.get(), &text, &length);
-  const std::string result(text != nullptr ? text : "", length);
-  std::free(text);
-  return result;
+  list.beginDictionary(0);
+  set("CFBundleIdentifier", app.identifier);
+  set("CFBundleDisplayName", app.name);
+  set("CFBundleName", app.name);
+  set("CFBundlePackageType", "APPL");
+  set("CFBundleShortVersionString", "1.0");
+  list.key("CFBundleIcons");
+  list.beginDictionary(0);
+  list.key("CFBundlePrimaryIcon");
+  list.beginDictionary(0);
+  list.key("CFBundleIconFiles");
+  list.beginArray(0);
+  list.string("AppIcon60x60");
+  list.endArray();
+  list.endDictionary();
+  list.endDictionary();
+  list.endDictionary();
+  return std::move(list).finished();
 }
 
 std::string iconOf(const SampleApp& app, int scale) {

@@ -1,6 +1,8 @@
 // The device's killall. The one daemon of the simulated device is "backboardd", whose end restarts the user interface:
 // killing it tells the simulator, which does so. Works without an environment, and finds the device folder by where it
 // is installed itself.
+#include "base/Descriptor.hpp"
+
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -36,11 +38,8 @@ bool kill(std::string_view name) {
   const std::string folder = deviceFolder();
   if (name != kDaemon || folder.empty()) return false;
   // Without a simulator nobody reads the pipe, and opening it fails.
-  const int pipe = ::open((folder + "/.simulator/backboardd").c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
-  if (pipe < 0) return false;
-  const bool isWritten = ::write(pipe, "\n", 1) == 1;
-  ::close(pipe);
-  return isWritten;
+  const sim::Descriptor pipe(::open((folder + "/.simulator/backboardd").c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC));
+  return pipe && ::write(pipe.get(), "\n", 1) == 1;
 }
 
 }  // namespace

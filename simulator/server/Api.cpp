@@ -1,5 +1,6 @@
 #include "server/Api.hpp"
 
+#include "base/Json.hpp"
 #include "server/FileName.hpp"
 #include "server/UploadFolder.hpp"
 

@@ -1,6 +1,6 @@
 #include "server/ChildProcess.hpp"
 
-#include "device/Failure.hpp"
+#include "base/Failure.hpp"
 
 #include <fcntl.h>
 #include <linux/close_range.h>
@@ -14,6 +14,7 @@
 #include <cerrno>
 #include <cstring>
 #include <optional>
+#include <utility>
 
 extern "C" {  // The header of glibc 2.36 does not say so itself.
 #include <sys/pidfd.h>
@@ -102,7 +103,7 @@ ChildProcess::ChildProcess(const std::string& program,
                            const std::function<std::vector<std::string>(int descriptor)>& arguments) {
   SocketPair ends = makeSocketPair();
   identifier_ = startProgram(program, arguments(ends.child.get()), ends.child.get());
-  channel_.emplace(ends.parent.release());
+  channel_.emplace(std::move(ends.parent));
   end_ = Descriptor(::pidfd_open(identifier_, 0));
   if (!end_) {
     const int error = errno;

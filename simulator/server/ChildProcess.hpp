@@ -1,7 +1,7 @@
 // A child process that talks over a channel.
 #pragma once
 
-#include "files/Descriptor.hpp"
+#include "base/Descriptor.hpp"
 #include "wire/Channel.hpp"
 
 #include <sys/types.h>

@@ -1,5 +1,7 @@
 #include "server/DeviceState.hpp"
 
+#include "base/UTF8.hpp"
+
 #include <utility>
 
 namespace sim {
@@ -9,25 +11,6 @@ template <typename Item>
 void append(std::deque<Item>& items, Item item, std::size_t most) {
   items.push_back(std::move(item));
   if (items.size() > most) items.pop_front();
-}
-
-// The first bytes of the text, at most `longest`, no character of it cut in two.
-std::string_view beginning(std::string_view text, std::size_t longest) {
-  if (text.size() <= longest) return text;
-  std::size_t end = longest;
-  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
-  return text.substr(0, end);
-}
-
-// What JavaScript and Foundation call the length of the text.
-std::uint64_t utf16Units(std::string_view text) {
-  std::uint64_t units = 0;
-  for (const char byte : text) {
-    const auto value = static_cast<unsigned char>(byte);
-    units += (value & 0xC0) != 0x80;  // The first byte of a character.
-    units += value >= 0xF0;           // Beyond the basic plane: a surrogate pair.
-  }
-  return units;
 }
 
 }  // namespace
@@ -48,7 +31,7 @@ void DeviceState::addOpenedUrl(std::string url) {
 }
 
 void DeviceState::addLogLine(std::string line) {
-  if (line.size() > kLongestLogLine) line = std::string(beginning(line, kLongestLogLine)) + "\u2026";
+  if (line.size() > kLongestLogLine) line = std::string(beginningOf(line, kLongestLogLine)) + "\u2026";
   append(log_, std::move(line), kMostLogLines);
   didChange();
 }
@@ -56,7 +39,7 @@ void DeviceState::addLogLine(std::string line) {
 void DeviceState::setPasteboard(std::optional<std::string> string) {
   if (string == pasteboard_) return;
   pasteboard_ = std::move(string);
-  pasteboardLength_ = pasteboard_ ? utf16Units(*pasteboard_) : 0;
+  pasteboardLength_ = pasteboard_ ? utf16Length(*pasteboard_) : 0;
   didChange();
 }
 
@@ -88,7 +71,7 @@ nlohmann::json DeviceState::json() const {
                        {"display", display_.json()},
                        {"log", log_}};
   if (pasteboard_) {
-    state["pasteboard"] = beginning(*pasteboard_, kLongestPasteboard);
+    state["pasteboard"] = beginningOf(*pasteboard_, kLongestPasteboard);
     state["pasteboardLength"] = pasteboardLength_;
   }
   if (appearance_) state["appearance"] = *appearance_;

@@ -1,6 +1,6 @@
 #include "server/EventLoop.hpp"
 
-#include "device/Failure.hpp"
+#include "base/Failure.hpp"
 
 #include <poll.h>
 #include <sys/eventfd.h>

@@ -1,7 +1,7 @@
 // The main thread's loop: descriptors that are ready, timers, and tasks posted by the HTTP thread.
 #pragma once
 
-#include "files/Descriptor.hpp"
+#include "base/Descriptor.hpp"
 
 #include <chrono>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "server/FileName.hpp"
 
-#include "server/Http.hpp"
+#include "base/UTF8.hpp"
 
 #include <algorithm>
 #include <charconv>
@@ -28,12 +28,6 @@ std::optional<std::string> percentDecoded(std::string_view text) {
   return decoded;
 }
 
-// What is no UTF-8 is written with replacement characters.
-bool isUtf8(const std::string& text) {
-  const auto written = parseJson(toText(text));
-  return written && *written == text;
-}
-
 bool hasControlCharacter(std::string_view text) {
   for (std::size_t at = 0; at < text.size(); ++at) {
     const auto byte = static_cast<unsigned char>(text[at]);
@@ -48,7 +42,7 @@ bool hasControlCharacter(std::string_view text) {
 std::optional<std::string> decodedFileName(std::string_view encoded) {
   auto name = percentDecoded(encoded);
   if (!name || name->empty() || name->size() > kLongestName || *name == "." || *name == "..") return std::nullopt;
-  if (name->find('/') != std::string::npos || hasControlCharacter(*name) || !isUtf8(*name)) return std::nullopt;
+  if (name->find('/') != std::string::npos || hasControlCharacter(*name) || !isUTF8(*name)) return std::nullopt;
   return name;
 }
 

@@ -5,7 +5,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -42,15 +41,9 @@ struct Response {
 /// Gives the response to one request; called once, on any thread.
 using Respond = std::function<void(Response)>;
 
-/// The value as text; strings that are no UTF-8 are written with replacement characters.
-std::string toText(const nlohmann::json& value);
-
 Response jsonResponse(int status, const nlohmann::json& body);
 
 /// `{"error": message}`.
 Response errorResponse(int status, std::string_view message);
-
-/// Reads one JSON value of at most 64 levels. Nothing when the text is anything else.
-std::optional<nlohmann::json> parseJson(std::string_view text);
 
 }  // namespace sim

@@ -1,6 +1,6 @@
 #include "server/HttpServer.hpp"
 
-#include "device/Failure.hpp"
+#include "base/Failure.hpp"
 #include "server/RequestBody.hpp"
 
 #include <arpa/inet.h>

@@ -2,7 +2,7 @@
 // the main thread wait suspended for their response.
 #pragma once
 
-#include "files/Descriptor.hpp"
+#include "base/Descriptor.hpp"
 #include "server/EventStreams.hpp"
 #include "server/Http.hpp"
 #include "server/RequestRules.hpp"

@@ -1,8 +1,8 @@
 #include "server/PreferenceFiles.hpp"
 
-#include "device/Failure.hpp"
-#include "device/FileContent.hpp"
-#include "device/PropertyListJson.hpp"
+#include "base/Failure.hpp"
+#include "base/Files.hpp"
+#include "server/PropertyListJson.hpp"
 
 #include <poll.h>
 #include <sys/inotify.h>
@@ -136,7 +136,7 @@ nlohmann::json PreferenceFiles::read(const std::string& path, const std::filesys
 
   const auto bytes = readFile(file);
   if (!bytes) return failed("The file cannot be read.");
-  auto content = propertyListJson(*bytes);
+  auto content = propertyListJson(bytes->bytes());
   if (!content) return failed("The file is no property list.");
   return {{"path", path}, {"content", std::move(*content)}, {"error", nullptr}};
 }

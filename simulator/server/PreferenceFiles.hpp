@@ -1,7 +1,7 @@
 // The property-list files in the device's preference folders, and the news of their changes.
 #pragma once
 
-#include "files/Descriptor.hpp"
+#include "base/Descriptor.hpp"
 #include "server/EventLoop.hpp"
 
 #include <sys/types.h>

@@ -1,6 +1,6 @@
 #include "server/RequestRules.hpp"
 
-#include "device/Failure.hpp"
+#include "base/Failure.hpp"
 
 #include <sys/random.h>
 

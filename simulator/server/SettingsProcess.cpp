@@ -1,6 +1,6 @@
 #include "server/SettingsProcess.hpp"
 
-#include "device/Failure.hpp"
+#include "base/Failure.hpp"
 #include "server/ScreenRevision.hpp"
 
 #include <poll.h>

@@ -1,6 +1,6 @@
 #include "server/Simulator.hpp"
 
-#include "device/Failure.hpp"
+#include "base/Failure.hpp"
 
 #include <poll.h>
 

@@ -1,7 +1,7 @@
 #include "server/StaticFiles.hpp"
 
-#include "device/Failure.hpp"
-#include "device/FileContent.hpp"
+#include "base/Failure.hpp"
+#include "base/Files.hpp"
 
 #include <array>
 #include <utility>
@@ -51,7 +51,8 @@ void StaticFiles::addPage(const std::filesystem::path& folder) {
 bool StaticFiles::addFile(const std::string& path, const std::filesystem::path& file) {
   const auto content = readFile(file);
   if (!content) return false;
-  Response response{200, typeOf(file), std::make_shared<const std::string>(*content), {{"Cache-Control", "no-cache"}}};
+  Response response{
+      200, typeOf(file), std::make_shared<const std::string>(content->text()), {{"Cache-Control", "no-cache"}}};
   entries_.insert_or_assign(path, std::move(response));
   return true;
 }

@@ -1,11 +1,13 @@
 #include "server/UploadFolder.hpp"
 
-#include "device/Failure.hpp"
+#include "base/Failure.hpp"
+#include "base/Files.hpp"
 
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <span>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -14,15 +16,7 @@ namespace sim {
 
 Upload::~Upload() { ::unlink(path_.c_str()); }
 
-int Upload::append(std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count = ::write(descriptor_.get(), bytes.data(), bytes.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return errno;
-    bytes.remove_prefix(static_cast<std::size_t>(count));
-  }
-  return 0;
-}
+int Upload::append(std::string_view bytes) { return writeAll(descriptor_.get(), std::as_bytes(std::span(bytes))); }
 
 UploadFolder::UploadFolder(std::filesystem::path folder) : folder_(std::move(folder)) {
   std::error_code error;

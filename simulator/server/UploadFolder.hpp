@@ -1,7 +1,7 @@
 // Files on their way from a client to the device. They lie in a folder of the simulator's own, under names of its own.
 #pragma once
 
-#include "files/Descriptor.hpp"
+#include "base/Descriptor.hpp"
 
 #include <filesystem>
 #include <memory>

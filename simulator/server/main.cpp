@@ -1,5 +1,5 @@
 // Entry point of the simulator.
-#include "device/Failure.hpp"
+#include "base/Failure.hpp"
 #include "device/SampleContent.hpp"
 #include "server/Options.hpp"
 #include "server/Simulator.hpp"

@@ -1,7 +1,8 @@
 #include "wire/Channel.hpp"
 
+#include "base/Json.hpp"
+
 #include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -18,7 +19,7 @@ constexpr std::size_t kLongestPayload = 512u << 20;
 std::string encodedHeader(const Message& message) {
   nlohmann::json header = message.header;
   if (!message.payload.empty()) header["length"] = message.payload.size();
-  std::string line = header.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+  std::string line = toText(header);
   line.push_back('\n');
   return line;
 }
@@ -36,14 +37,10 @@ bool sendAll(int descriptor, const char* bytes, std::size_t count) {
 
 }  // namespace
 
-Channel::~Channel() {
-  if (descriptor_ >= 0) ::close(descriptor_);
-}
-
 bool Channel::send(const Message& message) {
   const std::string line = encodedHeader(message);
-  return sendAll(descriptor_, line.data(), line.size()) &&
-         sendAll(descriptor_, message.payload.data(), message.payload.size());
+  return sendAll(descriptor(), line.data(), line.size()) &&
+         sendAll(descriptor(), message.payload.data(), message.payload.size());
 }
 
 void Channel::queue(const Message& message) {
@@ -55,7 +52,7 @@ bool Channel::flush() {
   bool alive = true;
   while (hasQueued()) {
     const ssize_t count =
-        ::send(descriptor_, outgoing_.data() + sent_, outgoing_.size() - sent_, MSG_NOSIGNAL | MSG_DONTWAIT);
+        ::send(descriptor(), outgoing_.data() + sent_, outgoing_.size() - sent_, MSG_NOSIGNAL | MSG_DONTWAIT);
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) alive = errno == EAGAIN || errno == EWOULDBLOCK;
     if (count <= 0) break;
@@ -70,7 +67,7 @@ bool Channel::receive(std::vector<Message>& out) {
   char chunk[64 << 10];
   ssize_t count;
   do {
-    count = ::recv(descriptor_, chunk, sizeof chunk, 0);
+    count = ::recv(descriptor(), chunk, sizeof chunk, 0);
   } while (count < 0 && errno == EINTR);
   if (count <= 0) return false;
 

@@ -1,12 +1,15 @@
 // The message channel between the simulator (the server) and the Settings process: JSON headers, one a line, each
-// followed by as many raw bytes as its "length" says. Plain C++; used by both processes.
+// followed by as many raw bytes as its "length" says.
 #pragma once
+
+#include "base/Descriptor.hpp"
 
 #include <nlohmann/json.hpp>
 
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace sim::wire {
@@ -18,17 +21,16 @@ struct Message {
   std::string payload;
 };
 
-/// One end of a connected stream socket. Owns the descriptor and closes it. Not thread-safe: one reader and one
+/// One end of a connected stream socket. Not thread-safe: one reader and one
 /// writer at a time, which may be different threads.
 class Channel final {
  public:
-  /// `descriptor`: a connected stream socket; ownership passes to the channel.
-  explicit Channel(int descriptor) noexcept : descriptor_(descriptor) {}
-  ~Channel();
+  /// `descriptor`: a connected stream socket.
+  explicit Channel(Descriptor descriptor) noexcept : descriptor_(std::move(descriptor)) {}
   Channel(const Channel&) = delete;
   Channel& operator=(const Channel&) = delete;
 
-  int descriptor() const noexcept { return descriptor_; }
+  int descriptor() const noexcept { return descriptor_.get(); }
 
   /// Writes the whole message, waiting as long as the peer does not read. Strings that are no UTF-8 are sent with
   /// replacement characters. False when the peer is gone; never raises SIGPIPE.
@@ -48,7 +50,7 @@ class Channel final {
   bool receive(std::vector<Message>& out);
 
  private:
-  int descriptor_ = -1;
+  Descriptor descriptor_;
   std::string outgoing_;            // Bytes queued.
   std::size_t sent_ = 0;            // How many of them have been sent.
   std::string buffer_;              // Bytes received and not yet taken.

@@ -1,5 +1,5 @@
 // Fuzzes the import of preset strings. The input is the text that the user pastes.
-#include "Foundation/Base64.hpp"
+#include "base/Base64.hpp"
 
 #include "Fuzzing.h"
 #include "Values.h"

@@ -217,8 +217,8 @@ class ServiceTest : public SessionTest {
     SessionTest::SetUp();
     int ends[2];
     ASSERT_EQ(::socketpair(AF_UNIX, SOCK_STREAM, 0, ends), 0);
-    simulator = std::make_unique<sim::wire::Channel>(ends[0]);
-    settings = std::make_unique<sim::wire::Channel>(ends[1]);
+    simulator = std::make_unique<sim::wire::Channel>(sim::Descriptor(ends[0]));
+    settings = std::make_unique<sim::wire::Channel>(sim::Descriptor(ends[1]));
     list = startList(@[ @[ @"a" ] ]);
     service = std::make_unique<sim::Service>(*settings, session());
   }

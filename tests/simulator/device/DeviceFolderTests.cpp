@@ -1,6 +1,6 @@
 #include "device/DeviceFolder.hpp"
 
-#include "device/Failure.hpp"
+#include "base/Failure.hpp"
 #include "device/SampleContent.hpp"
 #include "support/plain/TemporaryFolder.hpp"
 

@@ -1,6 +1,6 @@
 #include "device/SampleContent.hpp"
 
-#include "device/PropertyListJson.hpp"
+#include "server/PropertyListJson.hpp"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,9 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 #include <set>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -38,6 +40,10 @@ Size sizeOf(const std::string& png) {
   return size;
 }
 
+std::optional<nlohmann::json> valuesOf(const std::string& propertyList) {
+  return sim::propertyListJson(std::as_bytes(std::span(propertyList)));
+}
+
 TEST(SampleContentTests, EveryAppHasItsNameAndAnIconOfItsOwn) {
   std::set<std::string> identifiers;
   std::set<std::string> icons;
@@ -45,7 +51,7 @@ TEST(SampleContentTests, EveryAppHasItsNameAndAnIconOfItsOwn) {
   for (const sim::ShippedFile& file : sim::sampleContent()) {
     if (file.path.ends_with("/Info.plist")) {
       ++apps;
-      const auto information = sim::propertyListJson(file.content());
+      const auto information = valuesOf(file.content());
       ASSERT_TRUE(information) << file.path;
       identifiers.insert((*information)["CFBundleIdentifier"].get<std::string>());
       EXPECT_FALSE((*information)["CFBundleDisplayName"].get<std::string>().empty());
@@ -66,7 +72,7 @@ TEST(SampleContentTests, NamesBeyondAsciiSurvive) {
   const auto files = sim::sampleContent();
   const auto tea = std::ranges::find(files, "Applications/Tea.app/Info.plist", &sim::ShippedFile::path);
   ASSERT_NE(tea, files.end());
-  EXPECT_EQ((*sim::propertyListJson(tea->content()))["CFBundleDisplayName"],
+  EXPECT_EQ((*valuesOf(tea->content()))["CFBundleDisplayName"],
             "\u038F\u03C1\u03B1 \u03B3\u03B9\u03B1 \u03C4\u03C3\u03AC\u03B9");
 }
 

@@ -1,6 +1,6 @@
 #include "server/StaticFiles.hpp"
 
-#include "device/Failure.hpp"
+#include "base/Failure.hpp"
 #include "support/plain/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>

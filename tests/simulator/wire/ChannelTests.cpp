@@ -29,8 +29,8 @@ class ChannelTests : public ::testing::Test {
   }
 
   Pair pair_;
-  Channel here_{pair_.ends[0]};
-  Channel there_{pair_.ends[1]};
+  Channel here_{sim::Descriptor(pair_.ends[0])};
+  Channel there_{sim::Descriptor(pair_.ends[1])};
 };
 
 TEST_F(ChannelTests, BringsHeadersAndPayloadsInTheirOrder) {
@@ -87,7 +87,7 @@ TEST_F(ChannelTests, WhatIsQueuedBehindAHalfSentMessageComesAfterIt) {
 
 TEST_F(ChannelTests, FlushTellsThatThePeerIsGone) {
   {
-    const Channel gone(::dup(pair_.ends[1]));
+    const Channel gone(sim::Descriptor(::dup(pair_.ends[1])));
   }
   ::shutdown(pair_.ends[1], SHUT_RDWR);
   here_.queue({{{"verb", "screen"}}, {}});
@@ -97,7 +97,7 @@ TEST_F(ChannelTests, FlushTellsThatThePeerIsGone) {
 TEST_F(ChannelTests, RefusesWhatIsNoMessage) {
   for (const std::string line : {"nonsense\n", "[1]\n", "{\"length\":-1}\n", "{\"length\":99999999999999}\n"}) {
     Pair pair;
-    Channel reader(pair.ends[1]);
+    Channel reader(sim::Descriptor(pair.ends[1]));
     ASSERT_EQ(::send(pair.ends[0], line.data(), line.size(), 0), static_cast<ssize_t>(line.size()));
     std::vector<Message> messages;
     EXPECT_FALSE(reader.receive(messages)) << line;

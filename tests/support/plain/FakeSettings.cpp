@@ -23,7 +23,7 @@ using nlohmann::json;
 class FakeSettings {
  public:
   FakeSettings(std::filesystem::path device, int channel, std::uint64_t revision)
-      : device_(std::move(device)), channel_(channel), revision_(revision) {}
+      : device_(std::move(device)), channel_(sim::Descriptor(channel)), revision_(revision) {}
 
   int run() {
     std::ofstream(device_ / "fake/starts", std::ios::app) << revision_ << "\n";

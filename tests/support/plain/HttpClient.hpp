@@ -1,7 +1,7 @@
 // A client that sends exactly the bytes that a test wants.
 #pragma once
 
-#include "files/Descriptor.hpp"
+#include "base/Descriptor.hpp"
 
 #include <nlohmann/json.hpp>
 

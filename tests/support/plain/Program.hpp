@@ -1,7 +1,7 @@
 // Running other programs.
 #pragma once
 
-#include "files/Descriptor.hpp"
+#include "base/Descriptor.hpp"
 
 #include <sys/types.h>
 
