@@ -21,6 +21,7 @@ libpng-dev               run test bench mutate
 webp-pixbuf-loader       run test bench mutate
 heif-gdk-pixbuf          run test bench mutate
 fonts-inter              run test bench mutate
+librsvg2-bin             run test bench mutate
 nodejs                   run test
 npm                      run test
 llvm-19                  test mutate
