@@ -31,6 +31,7 @@ libplist-utils           test
 chromium-headless-shell  test
 firefox-esr              test
 curl                     test
+clang-format-19          test
 libbenchmark-dev         bench
 python3-clang-19         test mutate package
 python3                  test mutate package device-test
