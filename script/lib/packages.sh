@@ -32,6 +32,7 @@ chromium-headless-shell  test
 firefox-esr              test
 curl                     test
 clang-format-19          test
+python3-yaml             test package
 libbenchmark-dev         bench
 python3-clang-19         test mutate package
 python3                  test mutate package device-test
