@@ -31,9 +31,9 @@ class Document:
             for part in _list(content, section):
                 targets = [*_list(part, "targets"), *_list(part, "archs")]
                 if arch in targets or f"{arch}-ios" in targets:
-                    self._add(part, underscored, section)
+                    self._add(part, underscored)
 
-    def _add(self, part, underscored, section):
+    def _add(self, part, underscored):
         for key in part:
             if key in _SYMBOL_KEYS:
                 self.symbols.update(_list(part, key))
@@ -41,7 +41,7 @@ class Document:
                 # Versions 1 and 2 put an underscore before class names.
                 plain = [name.removeprefix("_") if underscored else name for name in _list(part, key)]
                 self.symbols.update(prefix + name for prefix in _CLASS_KEYS[key] for name in plain)
-            elif key in _REEXPORT_KEYS and section != "reexports":
+            elif key in _REEXPORT_KEYS:
                 self.reexports.update(_list(part, key))
 
 
