@@ -1,69 +1,82 @@
-"""Reads text-based library stubs (.tbd, versions 1 to 4) and answers what a library exports.
-
-The format is a small part of YAML; what these stubs use of it is read here: keys with a scalar or a list in brackets.
-"""
+"""Reads text-based library stubs (.tbd, versions 1 to 4) and answers what a library exports."""
 
 import re
 from pathlib import Path
 
-_DOCUMENT = re.compile(r"^---.*$", re.MULTILINE)
-_ENTRY = re.compile(r"^( *)(- +)?([\w-]+):[ \t]*(\[[^\]]*\]|[^\n]*)", re.MULTILINE)
+import yaml
+
+# Plain texts only: a symbol may be named as a number or a truth value is written.
+_Loader = getattr(yaml, "CBaseLoader", yaml.BaseLoader)
 _CLASS_KEYS = {
     "objc-classes": ("_OBJC_CLASS_$_", "_OBJC_METACLASS_$_"),
     "objc-eh-types": ("_OBJC_EHTYPE_$_",),
     "objc-ivars": ("_OBJC_IVAR_$_",),
 }
 _SYMBOL_KEYS = {"symbols", "weak-symbols", "weak-def-symbols", "thread-local-symbols"}
-_REEXPORT_KEYS = {"re-exports", "reexported-libraries", "libraries"}
+_REEXPORT_KEYS = {"re-exports", "libraries"}
+
+
+class StubError(ValueError):
+    """The text is not a stub: what is wrong, and in which line."""
 
 
 class Document:
     """One library of a stub file, as seen by one kind of processor."""
 
-    def __init__(self, text, underscored, arch):
-        self.install_name = None
+    def __init__(self, content, underscored, arch):
+        self.install_name = content.get("install-name")
         self.symbols = set()
         self.reexports = set()
-        self._underscored = underscored  # Versions 1 and 2 put an underscore before class names.
-        section, applies = None, False
-        for indent, _, key, value in _ENTRY.findall(text):
-            if not indent and key not in ("targets", "archs"):
-                section = key
-            if key == "install-name":
-                self.install_name = _unquoted(value)
-            elif key in ("targets", "archs"):
-                applies = any(target in (arch, arch + "-ios") for target in _items(value))
-            elif applies and section in ("exports", "reexports", "reexported-libraries"):
-                self._add(section, key, _items(value))
+        for section in ("exports", "reexports", "reexported-libraries"):
+            for part in _list(content, section):
+                targets = [*_list(part, "targets"), *_list(part, "archs")]
+                if arch in targets or f"{arch}-ios" in targets:
+                    self._add(part, underscored)
 
-    def _add(self, section, key, names):
-        if key in _SYMBOL_KEYS:
-            self.symbols.update(names)
-        elif key in _CLASS_KEYS:
-            plain = [name[1:] if self._underscored and name.startswith("_") else name for name in names]
-            self.symbols.update(prefix + name for prefix in _CLASS_KEYS[key] for name in plain)
-        elif key in _REEXPORT_KEYS and (section != "reexports"):
-            self.reexports.update(names)
+    def _add(self, part, underscored):
+        for key in part:
+            if key in _SYMBOL_KEYS:
+                self.symbols.update(_list(part, key))
+            elif key in _CLASS_KEYS:
+                # Versions 1 and 2 put an underscore before class names.
+                plain = [name.removeprefix("_") if underscored else name for name in _list(part, key)]
+                self.symbols.update(prefix + name for prefix in _CLASS_KEYS[key] for name in plain)
+            elif key in _REEXPORT_KEYS:
+                self.reexports.update(_list(part, key))
 
 
-def _unquoted(text):
-    return text.strip().strip("'\"")
-
-
-def _items(value):
-    return [item for item in map(_unquoted, value.strip("[] \t").replace("\n", " ").split(",")) if item]
+def _list(mapping, key):
+    """The list under a key, which may be missing or empty. Raises StubError when something else stands there."""
+    if not isinstance(mapping, dict):
+        raise StubError(f"something else stands where {key} belongs")
+    found = mapping.get(key) or []
+    if not isinstance(found, list):
+        raise StubError(f"{key} is not a list")
+    return found
 
 
 def documents(text, arch):
-    """Every library that a stub file describes; the first is the file's own."""
-    heads = list(_DOCUMENT.finditer(text))
-    ends = [head.start() for head in heads[1:]] + [len(text)]
+    """Every library that a stub file describes; the first is the file's own. Raises StubError."""
     found = []
-    for head, end in zip(heads, ends):
-        version = re.search(r"!tapi-tbd(?:-v(\d))?", head.group())
-        underscored = version is None or version.group(1) == "2"
-        found.append(Document(text[head.end() : end], underscored, arch))
+    try:
+        loader = _Loader(text)
+        try:
+            while loader.check_node():
+                node = loader.get_node()
+                version = re.fullmatch(r"!tapi-tbd(?:-v(\d))?", node.tag)
+                underscored = version is None or version.group(1) == "2"
+                found.append(Document(_mapping(loader.construct_document(node)), underscored, arch))
+        finally:
+            loader.dispose()
+    except yaml.YAMLError as error:
+        raise StubError(" ".join(str(error).split())) from None
     return found
+
+
+def _mapping(content):
+    if not isinstance(content, dict) or not isinstance(content.get("install-name"), str):
+        raise StubError("there is no install-name")
+    return content
 
 
 class Libraries:
@@ -79,7 +92,10 @@ class Libraries:
             self.own += self._read(path)
 
     def _read(self, path):
-        found = documents(path.read_text(encoding="utf-8"), self._arch)
+        try:
+            found = documents(path.read_text(encoding="utf-8"), self._arch)
+        except (StubError, UnicodeDecodeError) as error:
+            raise StubError(f"{path} cannot be read: {error}") from None
         for document in found:
             self._documents.setdefault(document.install_name, document)
         return [document.install_name for document in found]

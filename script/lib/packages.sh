@@ -21,6 +21,7 @@ libpng-dev               run test bench mutate
 webp-pixbuf-loader       run test bench mutate
 heif-gdk-pixbuf          run test bench mutate
 fonts-inter              run test bench mutate
+librsvg2-bin             run test bench mutate
 nodejs                   run test
 npm                      run test
 llvm-19                  test mutate
@@ -30,6 +31,9 @@ libplist-utils           test
 chromium-headless-shell  test
 firefox-esr              test
 curl                     test
+clang-format-19          test
+python3-yaml             test package
+git                      test
 libbenchmark-dev         bench
 python3-clang-19         test mutate package
 python3                  test mutate package device-test

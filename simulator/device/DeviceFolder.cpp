@@ -3,7 +3,9 @@
 #include "base/Failure.hpp"
 #include "base/FileTree.hpp"
 #include "base/Files.hpp"
+#include "device/Installer.hpp"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <system_error>
@@ -36,6 +38,17 @@ std::filesystem::path opened(const std::filesystem::path& folder) {
   return canonical;
 }
 
+std::vector<std::filesystem::path> filesIn(const std::filesystem::path& tree) {
+  std::vector<std::filesystem::path> files;
+  std::error_code error;
+  std::filesystem::recursive_directory_iterator item(tree, error);
+  for (; !error && item != std::filesystem::recursive_directory_iterator(); item.increment(error))
+    if (item->is_regular_file(error)) files.push_back(item->path());
+  if (error) throw Failure("Cannot read what is to be installed from " + tree.string() + ": " + error.message() + ".");
+  std::ranges::sort(files);
+  return files;
+}
+
 ShippedFile shippedFrom(const std::filesystem::path& tree, const std::filesystem::path& file) {
   std::error_code error;
   const auto permissions = std::filesystem::status(file, error).permissions() & std::filesystem::perms::all;
@@ -56,23 +69,17 @@ DeviceFolder::DeviceFolder(const std::filesystem::path& folder)
   for (const std::string& preferences : preferenceFolders()) requireFolder(path_ / preferences.substr(1));
 }
 
-void DeviceFolder::install(const std::filesystem::path& tree, const std::vector<ShippedFile>& samples) {
+void DeviceFolder::install(const std::filesystem::path& tree) {
+  if (tree.empty()) return;
+  const std::vector<std::filesystem::path> files = filesIn(tree);
   Installer installer(path_, ownFolder() / "installed.json");
   try {
-    if (!tree.empty()) {
-      std::error_code error;
-      std::filesystem::recursive_directory_iterator item(tree, error);
-      for (; !error && item != std::filesystem::recursive_directory_iterator(); item.increment(error))
-        if (item->is_regular_file(error)) installer.install(shippedFrom(tree, item->path()));
-      if (error)
-        throw Failure("Cannot read what is to be installed from " + tree.string() + ": " + error.message() + ".");
-    }
-    for (const ShippedFile& sample : samples) installer.install(sample);
+    for (const std::filesystem::path& file : files) installer.install(shippedFrom(tree, file));
   } catch (const Failure&) {
     installer.save();  // What was installed until now is known to the next run.
     throw;
   }
-  if (!tree.empty()) installer.removeObsolete();
+  installer.removeObsolete();
   installer.save();
 }
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "device/FolderLock.hpp"
-#include "device/Installer.hpp"
 #include "device/ProcessPipe.hpp"
 
 #include <filesystem>
@@ -19,9 +18,9 @@ class DeviceFolder final {
   /// it cannot be made or written, or is in use.
   explicit DeviceFolder(const std::filesystem::path& folder);
 
-  /// Installs what a build brings along. `tree`: a folder laid out as on the device, or an empty path when there is
-  /// none. `samples`: the simulator's own sample content. Throws Failure.
-  void install(const std::filesystem::path& tree, const std::vector<ShippedFile>& samples);
+  /// Installs what a build brings along, in the order of the paths. `tree`: a folder laid out as on the device, or an
+  /// empty path when there is none. Throws Failure.
+  void install(const std::filesystem::path& tree);
 
   /// Absolute.
   const std::filesystem::path& path() const noexcept { return path_; }

@@ -26,8 +26,7 @@ std::optional<std::string> textIn(const nlohmann::json& message, const char* key
 
 }  // namespace
 
-Simulator::Simulator(const Options& options, const std::vector<ShippedFile>& samples,
-                     SettingsProcess::Patience patience)
+Simulator::Simulator(const Options& options, SettingsProcess::Patience patience)
     : folder_(options.device),
       uploads_(folder_.ownFolder() / "uploads"),
       device_([this] { publish(); }),
@@ -36,7 +35,7 @@ Simulator::Simulator(const Options& options, const std::vector<ShippedFile>& sam
       settings_(loop_, {options.settings, folder_.path(), patience}, settingsListener()),
       api_(settings_, device_, files_, images_) {
   readPage(options);
-  folder_.install(options.install, samples);
+  folder_.install(options.install);
   Listener listener = listenOnLoopback(options.port);
   const std::string origin = "http://127.0.0.1:" + std::to_string(listener.port) + "/";
   const std::string token = makeToken();

@@ -24,9 +24,8 @@ namespace sim {
 /// Main thread only, but for what the HTTP server hands over through the loop.
 class Simulator final {
  public:
-  /// Makes everything ready to run. `samples`: the content of a fresh device. Throws Failure with a sentence for the
-  /// user.
-  Simulator(const Options& options, const std::vector<ShippedFile>& samples, SettingsProcess::Patience patience = {});
+  /// Makes everything ready to run. Throws Failure with a sentence for the user.
+  explicit Simulator(const Options& options, SettingsProcess::Patience patience = {});
   ~Simulator();
   Simulator(const Simulator&) = delete;
   Simulator& operator=(const Simulator&) = delete;

@@ -1,6 +1,5 @@
 // Entry point of the simulator.
 #include "base/Failure.hpp"
-#include "device/SampleContent.hpp"
 #include "server/Options.hpp"
 #include "server/Simulator.hpp"
 
@@ -31,7 +30,7 @@ sim::Descriptor takeEndSignals() {
 
 void run(const sim::Options& options) {
   const sim::Descriptor signals = takeEndSignals();
-  sim::Simulator simulator(options, sim::sampleContent());
+  sim::Simulator simulator(options);
   simulator.loop().watch(signals.get(), POLLIN, [&simulator] { simulator.loop().stop(); });
   std::printf("%s\n", simulator.address().c_str());
   std::fflush(stdout);

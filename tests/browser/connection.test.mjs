@@ -112,7 +112,7 @@ test('An input that takes its time shows that it is worked on', async (t) => {
 
 test('An answer takes away the notice that stood before it, and none that came meanwhile', async (t) => {
   let finish;
-  const { fake, url } = await startFake(t, page1, (event) => {
+  const { fake, url } = await startFake(t, page1, () => {
     if (fake.events.length === 1) return { status: 422, error: 'Not now.' };
     return fake.events.length === 3 ? new Promise((resolve) => { finish = resolve; }) : undefined;
   });

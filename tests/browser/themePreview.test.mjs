@@ -8,7 +8,6 @@ import { Device } from './support/device.mjs';
 import { propertyListText } from './support/propertyList.mjs';
 import { layFile, open, startZuno, themeFile } from './support/zuno.mjs';
 
-const labels = ['Zuno', 'Customise'];
 const previewOf = (page) => page.getByRole('img', { name: /^Preview of the switcher/ });
 const screenOf = (page) => previewOf(page).locator('> .view').first();
 const expected = /404/; // Pictures of a screen that the next event replaced before it was drawn.

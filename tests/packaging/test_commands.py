@@ -52,6 +52,13 @@ class CheckTest(PackageTest):
         self.assertEqual((2, ""), (result.returncode, result.stdout))
         self.assertIn("cannot be read", result.stderr)
 
+    def test_a_stub_that_cannot_be_read_is_refused(self):
+        package = self.build()
+        stub = write(self.sdk / "System/Library/Frameworks/Foundation.framework/Foundation.tbd", "install-name: [")
+        result = self.check(package, "--sdk", self.sdk, "--stubs", self.stubs, "--arch", "arm64")
+        self.assertEqual((2, ""), (result.returncode, result.stdout))
+        self.assertIn(f"{stub} cannot be read: ", result.stderr)
+
     def test_a_folder_that_is_not_there_is_no_sdk(self):
         result = self.check(self.build(), "--sdk", self.folder / "absent")
         self.assertEqual(2, result.returncode)

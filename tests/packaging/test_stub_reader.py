@@ -6,7 +6,7 @@ from pathlib import Path
 
 from fixture import write
 
-from checker.textstub import Libraries, documents
+from checker.textstub import Libraries, StubError, documents
 
 VERSION_1 = """---
 archs:           [ armv7, arm64 ]
@@ -89,9 +89,45 @@ class DocumentsTest(unittest.TestCase):
         self.assertEqual({"/usr/lib/libinner.dylib"}, outer.reexports)
         self.assertEqual(("/usr/lib/libinner.dylib", {"_inner"}), (inner.install_name, inner.symbols))
 
-    def test_text_that_is_no_stub_describes_no_library(self):
+    def test_text_without_a_document_describes_no_library(self):
         self.assertEqual([], documents("", "arm64"))
-        self.assertEqual([], documents("install-name: x", "arm64"))
+        self.assertEqual([], documents("# Nothing.\n", "arm64"))
+
+    def test_version_2_puts_an_underscore_before_class_names(self):
+        (document,) = documents(VERSION_1.replace("---", "--- !tapi-tbd-v2", 1), "arm64")
+        self.assertIn("_OBJC_CLASS_$_Sample", document.symbols)
+
+    def test_an_underscore_of_the_class_itself_stays(self):
+        self.assertIn("_OBJC_CLASS_$__Own", documents(VERSION_1.replace("_Sample ]", "__Own ]"), "arm64")[0].symbols)
+        self.assertIn("_OBJC_CLASS_$__Own", documents(VERSION_3.replace("[ Sample ]", "[ _Own ]"), "arm64")[0].symbols)
+
+    def test_names_that_look_like_other_values_are_texts(self):
+        names = ["yes", "NO", "null", "~", "1.0", "12", "0x10", "2001-01-01", "=", "<<"]
+        (document,) = documents(VERSION_4.split("--- !tapi-tbd\n")[1].replace("_one", ", ".join(names)).join(
+            ("--- !tapi-tbd\n", "")), "arm64")  # fmt: skip
+        self.assertEqual({*names, "_passed"}, document.symbols)
+
+    def test_an_empty_list_and_one_without_entries_are_alike(self):
+        for empty in ("[ ]", ""):
+            (document,) = documents(f"---\ninstall-name: /a\nexports:\n  - archs: [ arm64 ]\n    symbols: {empty}\n", "arm64")
+            self.assertEqual(set(), document.symbols)
+        self.assertEqual(set(), documents("---\ninstall-name: /a\nexports:\n", "arm64")[0].symbols)
+
+    def test_what_is_no_stub_is_told(self):
+        for text, told in (
+            ("install-name: [ a", "line 1"),
+            ("---\ninstall-name: /a\n\texports: []\n", "line 3"),
+            ("a text\n", "there is no install-name"),
+            ("exports: []\n", "there is no install-name"),
+            ("install-name: [ /a ]\n", "there is no install-name"),
+            ("install-name: /a\nexports: 1\n", "exports is not a list"),
+            ("install-name: /a\nexports: [ 1 ]\n", "something else stands where targets belongs"),
+            ("install-name: /a\nexports: [ { archs: arm64 } ]\n", "archs is not a list"),
+            ("install-name: /a\nexports: [ { archs: [ arm64 ], symbols: _a } ]\n", "symbols is not a list"),
+            ("install-name: *absent\n", "undefined alias"),
+        ):
+            with self.subTest(text), self.assertRaisesRegex(StubError, told):
+                documents(text, "arm64")
 
 
 class LibrariesTest(unittest.TestCase):
@@ -114,6 +150,12 @@ class LibrariesTest(unittest.TestCase):
         write(self.sdk / "usr/lib/libinner.tbd", inner)
         write(self.sdk / "usr/lib/libouter.tbd", VERSION_3.replace("libsample", "libouter"))
         self.assertIn("_weak", self.libraries.exports("/usr/lib/libouter.dylib"))
+
+    def test_a_stub_that_cannot_be_read_is_named(self):
+        for content in (b"install-name: [", b"\xff"):
+            (self.sdk / "usr/lib/libbroken.tbd").write_bytes(content)
+            with self.assertRaisesRegex(StubError, "libbroken.tbd cannot be read: "):
+                self.libraries.find("/usr/lib/libbroken.dylib")
 
     def test_a_library_without_a_stub_is_unknown(self):
         self.assertIsNone(self.libraries.find("/usr/lib/libabsent.dylib"))

@@ -92,7 +92,8 @@ function Label({ view, background }) {
   const size = view.fontSize ?? 17;
   const style = {
     fontSize: `${size}px`, fontWeight: view.fontWeight ?? undefined, textAlign: alignments[view.alignment],
-    color: background ? cssTextColor(view.color, background, size >= largeText) : cssColor(view.color), textShadow: textShadow(view.textShadow),
+    color: background ? cssTextColor(view.color, background, size >= largeText) : cssColor(view.color),
+    textShadow: textShadow(view.textShadow),
     whiteSpace: view.lines === 1 ? 'nowrap' : undefined,
   };
   return html`<span class="view-label" style=${style}><span>${view.text}</span></span>`;

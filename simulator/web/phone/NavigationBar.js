@@ -33,7 +33,6 @@ const systemItems = {
 
 /** The bar over a page. `heading` receives the title's element, except where a large title is the heading. */
 export function NavigationBar({ page, solid, large, showTitle, heading }) {
-  const session = useContext(SessionContext);
   const title = page.title ?? '';
   const buttons = page.buttons ?? [];
   const bar = page.bar ?? {};

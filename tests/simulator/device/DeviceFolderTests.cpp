@@ -1,7 +1,6 @@
 #include "device/DeviceFolder.hpp"
 
 #include "base/Failure.hpp"
-#include "device/SampleContent.hpp"
 #include "support/plain/TemporaryFolder.hpp"
 
 #include <gmock/gmock.h>
@@ -46,45 +45,45 @@ TEST_F(DeviceFolderTests, AFreshOneHasTheStandardFolders) {
     EXPECT_TRUE(std::filesystem::is_directory(device.path() / folder)) << folder;
 }
 
-TEST_F(DeviceFolderTests, InstallsTheTreeAndTheSamples) {
+TEST_F(DeviceFolderTests, InstallsTheTree) {
   test::writeText(folder_.path() / "tree/var/jb/Library/PreferenceBundles/A.bundle/Info.plist", "x");
   DeviceFolder device(path());
-  device.install(folder_.path() / "tree", sim::sampleContent());
+  device.install(folder_.path() / "tree");
   EXPECT_EQ(test::readText(path() / "var/jb/Library/PreferenceBundles/A.bundle/Info.plist"), "x");
-  EXPECT_TRUE(std::filesystem::exists(path() / "Applications/Music.app/Info.plist"));
 }
 
 TEST_F(DeviceFolderTests, FollowsATreeThatChanges) {
   const auto file = folder_.path() / "tree/a";
   test::writeText(file, "one");
   DeviceFolder device(path());
-  device.install(folder_.path() / "tree", {});
+  device.install(folder_.path() / "tree");
   test::writeText(file, "two!");
-  device.install(folder_.path() / "tree", {});
+  device.install(folder_.path() / "tree");
   EXPECT_EQ(test::readText(path() / "a"), "two!");
   std::filesystem::remove(file);
-  device.install(folder_.path() / "tree", {});
+  device.install(folder_.path() / "tree");
   EXPECT_FALSE(std::filesystem::exists(path() / "a"));
 }
 
 TEST_F(DeviceFolderTests, WithoutATreeWhatIsInstalledStays) {
   test::writeText(folder_.path() / "tree/a", "one");
   DeviceFolder device(path());
-  device.install(folder_.path() / "tree", {});
-  device.install({}, {});
+  device.install(folder_.path() / "tree");
+  device.install({});
   EXPECT_EQ(test::readText(path() / "a"), "one");
 }
 
 TEST_F(DeviceFolderTests, AMissingTreeIsAFailure) {
   DeviceFolder device(path());
-  EXPECT_THAT(failureOf([&] { device.install(folder_.path() / "nothing", {}); }), HasSubstr("nothing: No such file"));
+  EXPECT_THAT(failureOf([&] { device.install(folder_.path() / "nothing"); }), HasSubstr("nothing: No such file"));
 }
 
 TEST_F(DeviceFolderTests, AFailureOnTheWayKeepsTheAccountOfWhatWasInstalled) {
   test::writeText(folder_.path() / "tree/a", "one");
   DeviceFolder device(path());
-  const sim::ShippedFile broken{"b", "1", 0644, []() -> std::string { throw sim::Failure("No space."); }};
-  EXPECT_EQ(failureOf([&] { device.install(folder_.path() / "tree", {broken}); }), "No space.");
+  test::writeText(folder_.path() / "tree/b/c", "two");
+  test::writeText(path() / "b", "a file in the folder's place");
+  EXPECT_THAT(failureOf([&] { device.install(folder_.path() / "tree"); }), StartsWith("Cannot make "));
   EXPECT_THAT(test::readText(path() / ".simulator/installed.json"), HasSubstr("\"a\""));
 }
 

@@ -40,7 +40,7 @@ RunningSimulator::RunningSimulator(const std::filesystem::path& device, sim::Set
   thread_ = std::thread([this, device, patience, promise = std::move(promise)]() mutable {
     std::optional<sim::Simulator> simulator;
     try {
-      simulator.emplace(optionsFor(device), std::vector<sim::ShippedFile>{}, patience);
+      simulator.emplace(optionsFor(device), patience);
     } catch (...) {
       return promise.set_exception(std::current_exception());
     }

@@ -1,0 +1,50 @@
+// Rules for the simulator's page and the browser tests: those that find bugs, and the length of a line.
+import globals from 'globals';
+
+const rules = {
+  'array-callback-return': 'error',
+  'constructor-super': 'error',
+  eqeqeq: 'error',
+  'for-direction': 'error',
+  'getter-return': 'error',
+  'max-len': ['error', { code: 132, ignoreStrings: true, ignoreTemplateLiterals: true, ignoreUrls: true }],
+  'no-async-promise-executor': 'error',
+  'no-compare-neg-zero': 'error',
+  'no-cond-assign': 'error',
+  'no-const-assign': 'error',
+  'no-constant-binary-expression': 'error',
+  'no-dupe-args': 'error',
+  'no-dupe-class-members': 'error',
+  'no-dupe-else-if': 'error',
+  'no-dupe-keys': 'error',
+  'no-duplicate-case': 'error',
+  'no-duplicate-imports': 'error',
+  'no-fallthrough': 'error',
+  'no-func-assign': 'error',
+  'no-implicit-globals': 'error',
+  'no-import-assign': 'error',
+  'no-self-assign': 'error',
+  'no-self-compare': 'error',
+  'no-shadow-restricted-names': 'error',
+  'no-sparse-arrays': 'error',
+  'no-this-before-super': 'error',
+  'no-throw-literal': 'error',
+  'no-undef': 'error',
+  'no-unreachable': 'error',
+  'no-unsafe-finally': 'error',
+  'no-unsafe-negation': 'error',
+  'no-unsafe-optional-chaining': 'error',
+  'no-unused-vars': ['error', { ignoreRestSiblings: true }],
+  'no-var': 'error',
+  'prefer-const': 'error',
+  'use-isnan': 'error',
+  'valid-typeof': 'error',
+};
+
+export default [
+  { ignores: ['build/', 'device/'] },
+  { linterOptions: { reportUnusedDisableDirectives: 'error' } },
+  { files: ['simulator/web/**/*.js'], languageOptions: { globals: globals.browser }, rules },
+  // What a test evaluates in the page stands among what runs in Node.js.
+  { files: ['tests/browser/**/*.mjs', '*.mjs'], languageOptions: { globals: { ...globals.node, ...globals.browser } }, rules },
+];
