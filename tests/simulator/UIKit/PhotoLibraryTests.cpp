@@ -9,7 +9,7 @@
 #include <iterator>
 #include <utility>
 
-#include "simulator/CoreGraphics/TestImages.hpp"
+#include "support/images/TestImages.hpp"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "TestImages.hpp"
+#include "support/images/TestImages.hpp"
 
 #include <gdk-pixbuf/gdk-pixbuf.h>
 

@@ -1,5 +1,4 @@
-#import <QuartzCore/CALayer.h>
-#import <UIKit/UIView.h>
+#import <QuartzCore/CALayer+Sim.h>
 
 #include <objcxx/Retained.h>
 
@@ -7,6 +6,7 @@ namespace sim {
 
 struct CALayerState {
   id<CALayerDelegate> delegate = nil;  // Not owned; cleared by the view.
+  id<SIMLayerOwner> owner = nil;       // Likewise.
   CGFloat cornerRadius = 0;
   CACornerMask maskedCorners =
       kCALayerMinXMinYCorner | kCALayerMaxXMinYCorner | kCALayerMinXMaxYCorner | kCALayerMaxXMaxYCorner;
@@ -16,9 +16,6 @@ struct CALayerState {
   float shadowOpacity = 0;
   CGSize shadowOffset = {0, -3};
   CGFloat shadowRadius = 3;
-
-  // A layer is made for a view; what the two share, the view keeps.
-  UIView *view() const { return [delegate isKindOfClass:[UIView class]] ? static_cast<UIView *>(delegate) : nil; }
 };
 
 }  // namespace sim
@@ -66,11 +63,11 @@ objcxx::Retained<NSObject> shared(CGColorRef color) { return objcxx::share((NSOb
 }
 
 - (BOOL)masksToBounds {
-  return [_state->view() clipsToBounds];
+  return [_state->owner clipsToBounds];
 }
 
 - (void)setMasksToBounds:(BOOL)masks {
-  [_state->view() setClipsToBounds:masks];
+  [_state->owner setClipsToBounds:masks];
 }
 
 - (CGFloat)borderWidth {
@@ -122,27 +119,33 @@ objcxx::Retained<NSObject> shared(CGColorRef color) { return objcxx::share((NSOb
 }
 
 - (CGColorRef)backgroundColor {
-  return [[_state->view() backgroundColor] CGColor];
+  return [_state->owner sim_layerColor];
 }
 
 - (void)setBackgroundColor:(CGColorRef)color {
-  [_state->view() setBackgroundColor:color ? [UIColor colorWithCGColor:color] : nil];
+  [_state->owner sim_setLayerColor:color];
 }
 
 - (float)opacity {
-  return float([_state->view() alpha]);
+  return float([_state->owner alpha]);
 }
 
 - (void)setOpacity:(float)opacity {
-  [_state->view() setAlpha:opacity];
+  [_state->owner setAlpha:opacity];
 }
 
 - (BOOL)isHidden {
-  return [_state->view() isHidden];
+  return [_state->owner isHidden];
 }
 
 - (void)setHidden:(BOOL)hidden {
-  [_state->view() setHidden:hidden];
+  [_state->owner setHidden:hidden];
+}
+
+#pragma mark - Sim
+
+- (void)sim_setOwner:(id<SIMLayerOwner>)owner {
+  _state->owner = owner;
 }
 
 @end
