@@ -1,5 +1,5 @@
 // Where a photo that comes in gets its place and its name.
-#include "UIKit/PhotoLibrary.hpp"
+#include "Settings/PhotoLibrary.hpp"
 
 #include <gtest/gtest.h>
 #include <stdlib.h>

@@ -1,4 +1,4 @@
-#include "PhotoLibrary.hpp"
+#include "Settings/PhotoLibrary.hpp"
 
 #include <fcntl.h>
 
