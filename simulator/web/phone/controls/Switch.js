@@ -4,7 +4,7 @@ import { setOnly } from '/phone/look.js';
 import { SessionContext } from '/session.js';
 
 /** On or off. It turns at once, and turns back if the simulator did not take the change. */
-export function Switch({ row, name }) {
+function Switch({ row, name }) {
   const session = useContext(SessionContext);
   const stored = isOn(row.value);
   const [shown, setShown] = useState(stored);
@@ -20,6 +20,8 @@ export function Switch({ row, name }) {
       aria-description=${row.accessibilityHint || undefined} disabled=${row.enabled === false} onChange=${change}
       style=${tintsOf(row.control)} />`;
 }
+
+export const switchControl = { Content: Switch, showsDetail: true };
 
 function tintsOf({ onTintColor, thumbTintColor }) {
   return setOnly({ '--switch-on': cssColor(onTintColor), '--thumb': cssColor(thumbTintColor) });

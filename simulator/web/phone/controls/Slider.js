@@ -13,7 +13,7 @@ const moves = { ArrowLeft: -1, ArrowDown: -1, ArrowRight: 1, ArrowUp: 1, PageDow
  * A number within [min, max]. It is sent when the knob is let go, and also meanwhile if something on the device follows it
  * (`row.control.followed`). `row.detail` is how the device writes it, if it does.
  */
-export function Slider({ row, name }) {
+function Slider({ row, name }) {
   const session = useContext(SessionContext);
   const { min = 0, max = 1, minimumImage, maximumImage, followed = false } = row.control;
   const stored = clamp(Number(row.value), min, max);
@@ -62,6 +62,8 @@ export function Slider({ row, name }) {
     ${maximumImage && html`<${Picture} class="slider-image" image=${maximumImage} />`}
     ${written && html`<output class="slider-value" data-longest=${longest}>${number}</output>`}`;
 }
+
+export const slider = { Content: Slider };
 
 function tintsOf(control) {
   return setOnly({

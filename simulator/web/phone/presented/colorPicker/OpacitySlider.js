@@ -1,6 +1,6 @@
 import { html } from '/modules/htm-preact.mjs';
-import { format } from '/phone/colorPicker/colorValues.js';
-import { PartSlider } from '/phone/colorPicker/PartSlider.js';
+import { format } from '/phone/presented/colorPicker/colorValues.js';
+import { PartSlider } from '/phone/presented/colorPicker/PartSlider.js';
 
 /** How opaque the colour is, in percent. */
 export function OpacitySlider({ color, choose }) {

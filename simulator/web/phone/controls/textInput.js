@@ -1,17 +1,16 @@
-import { html, useContext } from '/modules/htm-preact.mjs';
+import { useContext } from '/modules/htm-preact.mjs';
 import { cssTextColor, paintedOver } from '/colors.js';
 import { takeLongPaste } from '/longText.js';
-import { InlineView } from '/phone/CustomViews.js';
-import { alignments } from '/phone/look.js';
-import { SessionContext } from '/session.js';
 import { useDraft } from '/phone/draft.js';
+import { alignments } from '/phone/look.js';
 import { cellBackground } from '/phone/surfaces.js';
+import { SessionContext } from '/session.js';
 
 const plainSize = 17;
 const returnKeys = { return: 'enter', go: 'go', next: 'next', search: 'search', send: 'send', done: 'done' };
 
 /** What both kinds of field share: the text under edit, and the attributes of the element that shows it. */
-function useField(row, name) {
+export function useField(row, name) {
   const session = useContext(SessionContext);
   const draft = useDraft(String(row.value ?? ''), (text) => session.set(row.id, text));
   // Of a text too long to be shown whole, only its replacement can be sent.
@@ -40,25 +39,4 @@ function styleOf({ control, backgroundColor, enabled }) {
     color: enabled === false ? undefined : cssTextColor(control.textColor, ground), textAlign: alignments[control.alignment],
     fontSize: (control.fontSize ?? plainSize) === plainSize ? undefined : `${control.fontSize}px`,
   };
-}
-
-/** One line of text, sent by the Return key or when the field is left; Escape takes the change back. */
-export function TextField({ row, name }) {
-  const { attributes, draft } = useField(row, name);
-  const { type, border, leftView, rightView } = row.control;
-  const onKeyDown = (event) => {
-    if (event.key === 'Enter') draft.commit();
-    attributes.onKeyDown(event);
-  };
-  return html`
-    ${leftView && html`<${InlineView} view=${leftView} on="cell" name="field-view" />`}
-    <input ...${attributes} type=${type === 'secureText' ? 'password' : 'text'} class="text-field"
-      data-border=${border ?? 'none'} autocomplete="off" onKeyDown=${onKeyDown} />
-    ${rightView && html`<${InlineView} view=${rightView} on="cell" name="field-view" />`}`;
-}
-
-/** Several lines of text, sent when the field is left; Escape takes the change back. */
-export function TextView({ row, name }) {
-  const { attributes } = useField(row, name);
-  return html`<textarea ...${attributes} class="text-view"></textarea>`;
 }

@@ -1,6 +1,6 @@
 import { html, useEffect, useState } from '/modules/htm-preact.mjs';
-import { digitsOf, format, parse } from '/phone/colorPicker/colorValues.js';
-import { PartSlider } from '/phone/colorPicker/PartSlider.js';
+import { digitsOf, format, parse } from '/phone/presented/colorPicker/colorValues.js';
+import { PartSlider } from '/phone/presented/colorPicker/PartSlider.js';
 
 const parts = ['red', 'green', 'blue'];
 

@@ -1,9 +1,9 @@
 import { html, useContext, useEffect, useRef, useState } from '/modules/htm-preact.mjs';
-import { ColorGrid } from '/phone/colorPicker/ColorGrid.js';
-import { ColorSliders } from '/phone/colorPicker/ColorSliders.js';
-import { ColorSpectrum } from '/phone/colorPicker/ColorSpectrum.js';
-import { format, nameOf, opaque, parse, percent } from '/phone/colorPicker/colorValues.js';
-import { OpacitySlider } from '/phone/colorPicker/OpacitySlider.js';
+import { ColorGrid } from '/phone/presented/colorPicker/ColorGrid.js';
+import { ColorSliders } from '/phone/presented/colorPicker/ColorSliders.js';
+import { ColorSpectrum } from '/phone/presented/colorPicker/ColorSpectrum.js';
+import { format, nameOf, opaque, parse, percent } from '/phone/presented/colorPicker/colorValues.js';
+import { OpacitySlider } from '/phone/presented/colorPicker/OpacitySlider.js';
 import { DragInput } from '/phone/DragInput.js';
 import { pairOf } from '/colors.js';
 import { SessionContext } from '/session.js';
@@ -15,7 +15,7 @@ const ways = [
 ];
 
 /** What the colour picker holds below its bar. `color` is that of the sheet: `{id, value, supportsAlpha}`. */
-export function ColorPicker({ color }) {
+function ColorPicker({ sheet: { color } }) {
   const session = useContext(SessionContext);
   const [way, setWay] = useState(0);
   const [shown, setShown] = useState(() => parse(pairOf(color.value).light));
@@ -51,6 +51,8 @@ export function ColorPicker({ color }) {
       </div>
     </div>`;
 }
+
+export const colorPicker = { title: 'Colors', hasCross: true, Content: ColorPicker };
 
 function describe(color) {
   return color.alpha === 255 ? nameOf(color) : `${nameOf(color)}, ${percent(color.alpha)} opaque`;

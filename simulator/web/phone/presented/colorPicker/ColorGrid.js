@@ -1,6 +1,6 @@
 import { html, useRef, useState } from '/modules/htm-preact.mjs';
-import { digitsOf, nameOf, parse } from '/phone/colorPicker/colorValues.js';
-import { dragging } from '/phone/colorPicker/dragging.js';
+import { digitsOf, nameOf, parse } from '/phone/presented/colorPicker/colorValues.js';
+import { dragging } from '/phone/presented/colorPicker/dragging.js';
 
 // Greys from white to black, then twelve hues from dark to light.
 const grid = [

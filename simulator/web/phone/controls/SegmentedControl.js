@@ -6,7 +6,7 @@ import { SessionContext } from '/session.js';
 const plainText = { light: '#000000', dark: '#ffffff' };
 
 /** One of a few titles or pictures. `control.selected` is the index of the chosen one, or negative. */
-export function SegmentedControl({ row, name }) {
+function SegmentedControl({ row, name }) {
   const session = useContext(SessionContext);
   const { titles = [], images = [], enabled = [], selected, selectedTintColor } = row.control;
   const [shown, setShown] = useState(selected);
@@ -32,3 +32,5 @@ export function SegmentedControl({ row, name }) {
         </label>`)}
     </div>`;
 }
+
+export const segmentedControl = { Content: SegmentedControl, isGroup: true };

@@ -1,6 +1,6 @@
 import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '/modules/htm-preact.mjs';
 import { lengthInWords } from '/longText.js';
-import { AlertField } from '/phone/AlertField.js';
+import { AlertField } from '/phone/presented/AlertField.js';
 import { trapTab } from '/phone/focusTrap.js';
 import { SessionContext } from '/session.js';
 

@@ -1,6 +1,6 @@
 import { html, useState } from '/modules/htm-preact.mjs';
-import { digitsOf, format, hueAndLightness, nameOf, opaque, pureColor } from '/phone/colorPicker/colorValues.js';
-import { dragging } from '/phone/colorPicker/dragging.js';
+import { digitsOf, format, hueAndLightness, nameOf, opaque, pureColor } from '/phone/presented/colorPicker/colorValues.js';
+import { dragging } from '/phone/presented/colorPicker/dragging.js';
 
 // What an arrow key moves the knob by, as a share of the surface.
 const small = 0.01;

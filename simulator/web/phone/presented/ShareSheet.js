@@ -6,7 +6,7 @@ import { SessionContext } from '/session.js';
  * Things that an app shares. What an item's `activities` allow can be done with it: "copy" puts it on the device's
  * pasteboard, "save" its content, at `url`, on the computer. Either closes the sheet.
  */
-export function ShareList({ items }) {
+function ShareList({ items }) {
   const session = useContext(SessionContext);
   const [refusal, setRefusal] = useState(null);
 
@@ -35,6 +35,8 @@ export function ShareList({ items }) {
     </ul>
     ${refusal && html`<p class="share-refusal" role="alert">${refusal}</p>`}`;
 }
+
+export const shareSheet = { title: 'Share', empty: 'Nothing to Share', leave: 'Close', Content: ShareList };
 
 function download(blob, name) {
   const link = document.createElement('a');
