@@ -3,18 +3,11 @@
 
 #import <UIKit/UIKit.h>
 
-#include <string>
-
+#include "Settings/EventResult.hpp"
 #include "Settings/JsonValues.hpp"
 #include "Settings/ScreenDescription.hpp"
 
 namespace sim {
-
-/// 200, or a status of the 400s with a sentence that says why nothing was done.
-struct EventResult {
-  int status = 200;
-  std::string error;
-};
 
 /// Performs `event` on what `navigation` shows. Ids are those of the last description, in which `numbers` numbered the
 /// pages. Checks the whole event first: an event that is refused has changed nothing. Main thread.

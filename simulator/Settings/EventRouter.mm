@@ -1,23 +1,16 @@
 #import "Settings/EventRouter.hpp"
 
 #import <UIKit/UIKit.h>
-#import <UIKit/SharedItem.h>
-#import <UIKit/UIActivityViewController+Sim.h>
-#import <UIKit/UIAlertController+Sim.h>
 #import <UIKit/UIBarButtonItem+Sim.h>
-#import <UIKit/UIColorPickerViewController+Sim.h>
-#import <UIKit/UIDocumentPickerViewController+Sim.h>
-#import <UIKit/UIImagePickerController+Sim.h>
-#import <UIKit/UIControl+Sim.h>
 #import <UIKit/UINavigationController+Sim.h>
 #import <UIKit/UITableView+Sim.h>
 #import <UIKit/UITableViewCell+Sim.h>
-#import <UIKit/UITextField+Sim.h>
 
 #import "Settings/BarButtons.hpp"
-#import "Settings/ControlDescription.hpp"
-#import "Settings/ControlEvents.hpp"
 #import "Settings/ElementId.hpp"
+#import "Settings/controls/AccessoryButton.hpp"
+#import "Settings/controls/Controls.hpp"
+#import "Settings/presented/Presented.hpp"
 
 #include <limits>
 #include <optional>
@@ -25,11 +18,6 @@
 
 namespace sim {
 namespace {
-
-EventResult malformed(std::string why) { return {400, std::move(why)}; }
-EventResult unknown() { return {404, "Nothing on the screen has this id."}; }
-EventResult refused(std::string why) { return {422, std::move(why)}; }
-EventResult done(BOOL performed, const char *why) { return performed ? EventResult{} : refused(why); }
 
 /// One event and the screen that it is for.
 class Route {
@@ -39,6 +27,7 @@ class Route {
         navigation_(navigation),
         page_([navigation topViewController]),
         presented_(presentedOver(navigation)),
+        adapter_(presentedAdapter(presented_)),
         numbers_(numbers) {}
 
   EventResult tap() const {
@@ -46,10 +35,7 @@ class Route {
     if (!hasPossiblePart()) return malformed("A \"part\" is \"accessory\", \"button\", \"copy\" or \"save\".");
     const auto id = elementId();
     if (!id) return unknown();
-    if (id->kind == ElementKind::kAlertAction) return tapAlert(*id);
-    if (id->kind == ElementKind::kSheetItem) {
-      return isPresented(*id, [UIActivityViewController class]) ? shareItem(*id) : pickItem(*id);
-    }
+    if (isPresented(*id)) return adapter_->tap ? adapter_->tap(presented_, *id, part()) : unknown();
     if (!isOnPage(*id)) return unknown();
     switch (id->kind) {
       case ElementKind::kBack: return [navigation_ sim_tapBack] ? EventResult{} : unknown();
@@ -77,17 +63,25 @@ class Route {
   }
 
   EventResult set() const {
+    if (!hasId()) return malformed("A \"set\" event has an \"id\".");
     const auto value = event_.find("value");
-    if (hasId() && value == event_.end()) return malformed("A \"set\" event has a \"value\".");
+    if (value == event_.end()) return malformed("A \"set\" event has a \"value\".");
     const auto finished = event_.find("finished");
     if (finished != event_.end() && !finished->is_boolean()) return malformed("\"finished\" is true or false.");
     const bool isFinished = finished == event_.end() || finished->get<bool>();
-    const auto element = hasId() ? elementId() : std::nullopt;
-    if (element && element->kind == ElementKind::kSheetColor) return pickColor(*element, *value, isFinished);
-    return work("set", [&](UIView *control) { return setControl(control, *value, isFinished); });
+    const auto id = elementId();
+    if (!id) return unknown();
+    if (isPresented(*id)) return adapter_->set ? adapter_->set(presented_, *id, *value, isFinished) : unknown();
+    return work(*id, [&](UIView *control) { return setControl(control, *value, isFinished); });
   }
 
-  EventResult paste() const { return work("paste", pasteIntoControl); }
+  EventResult paste() const {
+    if (!hasId()) return malformed("A \"paste\" event has an \"id\".");
+    const auto id = elementId();
+    if (!id) return unknown();
+    if (isPresented(*id)) return adapter_->paste ? adapter_->paste(presented_, *id) : unknown();
+    return work(*id, pasteIntoControl);
+  }
 
   EventResult move() const {
     const auto from = indexPath("from");
@@ -109,27 +103,11 @@ class Route {
   EventResult pick() const {
     const auto path = event_.find("path");
     NSString *text = path == event_.end() ? nil : stringFrom(*path);
-    return text ? pickPath(text) : malformed("A \"pick\" event has a \"path\".");
+    if (!text) return malformed("A \"pick\" event has a \"path\".");
+    return adapter_ && adapter_->pick ? adapter_->pick(presented_, text) : refused("No picker is presented.");
   }
 
-  EventResult dismiss() const {
-    if ([presented_ isKindOfClass:[UIImagePickerController class]]) {
-      [(UIImagePickerController *)presented_ sim_cancel];
-    } else if ([presented_ isKindOfClass:[UIDocumentPickerViewController class]]) {
-      [(UIDocumentPickerViewController *)presented_ sim_cancel];
-    } else if ([presented_ isKindOfClass:[UIActivityViewController class]]) {
-      [(UIActivityViewController *)presented_ sim_finishWithActivityType:nil completed:NO];
-    } else if ([presented_ isKindOfClass:[UIColorPickerViewController class]]) {
-      [(UIColorPickerViewController *)presented_ sim_close];
-    } else if ([presented_ isKindOfClass:[UIAlertController class]]) {
-      return dismissAlert((UIAlertController *)presented_);
-    } else if (presented_) {
-      [presented_ dismissViewControllerAnimated:YES completion:nil];
-    } else {
-      return refused("Nothing is presented.");
-    }
-    return {};
-  }
+  EventResult dismiss() const { return adapter_ ? adapter_->dismiss(presented_) : refused("Nothing is presented."); }
 
  private:
   UITableView *table() const { return tableOf(page_); }
@@ -138,9 +116,10 @@ class Route {
     const auto part = event_.find("part");
     return part == event_.end() || *part == "accessory" || *part == "button" || *part == "copy" || *part == "save";
   }
-  bool hasPart(const char *name) const {
+  /// Only when it `hasPossiblePart`; empty for none.
+  std::string_view part() const {
     const auto part = event_.find("part");
-    return part != event_.end() && *part == name;
+    return part == event_.end() ? std::string_view() : part->get_ref<const std::string &>();
   }
 
   bool hasId() const {
@@ -154,9 +133,7 @@ class Route {
 
   /// Whether `id` is of the page in front. Nothing on a page can be touched while something covers it.
   bool isOnPage(const ElementId &id) const { return !presented_ && numbers_.of(page_) == id.owner; }
-  bool isPresented(const ElementId &id, Class kind) const {
-    return [presented_ isKindOfClass:kind] && numbers_.of(presented_) == id.owner;
-  }
+  bool isPresented(const ElementId &id) const { return presented_ && numbers_.of(presented_) == id.owner; }
 
   static NSIndexPath *path(const ElementId &id) {
     return [NSIndexPath indexPathForRow:static_cast<NSInteger>(id.row) inSection:static_cast<NSInteger>(id.section)];
@@ -181,110 +158,32 @@ class Route {
 
   EventResult tapRow(const ElementId &id) const {
     if (![table() sim_hasRowAtIndexPath:path(id)]) return unknown();
-    if (hasPart("copy") || hasPart("save")) return refused("This row shares nothing.");
+    if (part() == "copy" || part() == "save") return refused("This row shares nothing.");
     if ([table() sim_closeSwipedRow]) return {};  // The touch is used up.
-    if (hasPart("accessory")) {
+    if (part() == "accessory") {
       return done([table() sim_tapAccessoryAtIndexPath:path(id)], "This row has no button.");
     }
-    if (hasPart("button")) return tapButtonOfRow(path(id));
+    if (part() == "button") {
+      return tapAccessoryButton([[table() sim_cellForControlEventsAtIndexPath:path(id)] sim_shownAccessoryView]);
+    }
     (void)[table() sim_tapRowAtIndexPath:path(id)];  // A row that refuses a tap stays as it is, as on a device.
     return {};
   }
 
-  /// The button in the row's accessory view.
-  EventResult tapButtonOfRow(NSIndexPath *row) const {
-    UITableViewCell *cell = [table() sim_cellForControlEventsAtIndexPath:row];
-    const auto button = objcxx::share(findButton([cell sim_shownAccessoryView]));
-    return done([button.get() sim_tapByUser], button ? "This button is disabled." : "This row has no button.");
-  }
-
-  EventResult tapAlert(const ElementId &id) const {
-    if (!isPresented(id, [UIAlertController class])) return unknown();
-    UIAlertController *alert = (UIAlertController *)presented_;
-    if (id.index >= [[alert actions] count]) return unknown();
-    return done([alert sim_tapAction:[[alert actions] objectAtIndex:id.index]], "This action is disabled.");
-  }
-
-  /// Works the control of the row or of the alert's field that the event names; `perform` says why it could not.
+  /// Works the control of the row; `perform` says why it could not.
   template <typename Perform>
-  EventResult work(const char *type, Perform perform) const {
-    if (!hasId()) return malformed("A \"" + std::string(type) + "\" event has an \"id\".");
-    const auto element = elementId();
-    UIView *control = element ? controlOf(*element) : nil;
-    if (!control) return unknown();
-    if (const char *problem = perform(control)) return refused(problem);
-    if (element->kind == ElementKind::kRow) (void)[table() sim_closeSwipedRow];
-    return {};
-  }
-
-  /// What holds the control of a row or is a field of an alert; nil for anything else, and while it is covered.
-  UIView *controlOf(const ElementId &element) const {
-    if (element.kind == ElementKind::kAlertField && isPresented(element, [UIAlertController class])) {
-      NSArray *fields = [(UIAlertController *)presented_ textFields];
-      return element.index < [fields count] ? [fields objectAtIndex:element.index] : nil;
-    }
-    if (element.kind != ElementKind::kRow || !isOnPage(element)) return nil;
-    if (![table() sim_hasRowAtIndexPath:path(element)]) return nil;
-    return [table() sim_cellForControlEventsAtIndexPath:path(element)];
-  }
-
-  EventResult shareItem(const ElementId &item) const {
-    UIActivityViewController *sheet = (UIActivityViewController *)presented_;
-    if (item.index >= [[sheet sim_activityItems] count]) return unknown();
-    if (hasPart("copy")) return done([sheet sim_copyItemAtIndex:item.index], "This cannot be copied.");
-    if (!hasPart("save")) return refused("A shared item is copied or saved: the \"part\" says which.");
-    if (!fileNameOfSharedItem([[sheet sim_activityItems] objectAtIndex:item.index])) return refused("This is no file.");
-    return done([sheet sim_finishWithActivityType:SIMActivityTypeSaveToFiles completed:YES], "This cannot be saved.");
-  }
-
-  EventResult pickItem(const ElementId &item) const {
-    if (!presented_ || numbers_.of(presented_) != item.owner) return unknown();
-    NSArray *paths = nil;
-    if ([presented_ isKindOfClass:[UIImagePickerController class]]) {
-      paths = [(UIImagePickerController *)presented_ sim_photoPaths];
-    } else if ([presented_ isKindOfClass:[UIDocumentPickerViewController class]]) {
-      paths = [(UIDocumentPickerViewController *)presented_ sim_filePaths];
-    }
-    if (item.index >= [paths count]) return unknown();
-    return pickPath([paths objectAtIndex:item.index]);
-  }
-
-  EventResult pickPath(NSString *path) const {
-    NSError *error = nil;
-    BOOL picked = NO;
-    if ([presented_ isKindOfClass:[UIImagePickerController class]]) {
-      picked = [(UIImagePickerController *)presented_ sim_pickPhotoAtPath:path error:&error];
-    } else if ([presented_ isKindOfClass:[UIDocumentPickerViewController class]]) {
-      picked = [(UIDocumentPickerViewController *)presented_ sim_pickFileAtPath:path error:&error];
-    } else {
-      return refused("No picker is presented.");
-    }
-    if (picked) return {};
-    return refused(error ? utf8([error localizedDescription]) : "This cannot be picked.");
-  }
-
-  EventResult pickColor(const ElementId &id, const Json &value, bool isFinished) const {
-    if (!isPresented(id, [UIColorPickerViewController class])) return unknown();
-    UIColor *color = colorFrom(value);
-    if (!color) return refused("A colour is set to \"#rrggbb\" or \"#rrggbbaa\".");
-    return done([(UIColorPickerViewController *)presented_ sim_selectColorByUser:color continuously:!isFinished],
-                "This picker takes opaque colours only.");
-  }
-
-  EventResult dismissAlert(UIAlertController *alert) const {
-    if ([alert sim_tapOutside]) return {};
-    for (UIAlertAction *action in [alert actions]) {
-      if ([action style] == UIAlertActionStyleCancel) {
-        return done([alert sim_tapAction:action], "The cancel action is disabled.");
-      }
-    }
-    return refused("This alert has no cancel action.");
+  EventResult work(const ElementId &id, Perform perform) const {
+    if (id.kind != ElementKind::kRow || !isOnPage(id) || ![table() sim_hasRowAtIndexPath:path(id)]) return unknown();
+    const char *problem = perform([table() sim_cellForControlEventsAtIndexPath:path(id)]);
+    if (!problem) (void)[table() sim_closeSwipedRow];
+    return worked(problem);
   }
 
   const Json &event_;
-  UINavigationController *navigation_;  // Not owned, like the two below.
+  UINavigationController *navigation_;  // Not owned, like the three below.
   UIViewController *page_;
   UIViewController *presented_;
+  const PresentedAdapter *adapter_;  // Of what is presented; nullptr when nothing is.
   PageNumbers &numbers_;
 };
 

@@ -5,7 +5,7 @@
 
 #include <string_view>
 
-#include "Settings/EventRouter.hpp"
+#include "Settings/EventResult.hpp"
 #include "Settings/JsonValues.hpp"
 #include "Settings/ScreenDescription.hpp"
 
@@ -24,5 +24,11 @@ EventResult pickUploadedFile(const Json& request, UINavigationController* naviga
 /// Stores what the shared item `id` of the share sheet that `navigation` shows is saved as, autoreleased, at `content`.
 EventResult readSharedItem(std::string_view id, UINavigationController* navigation, PageNumbers& numbers,
                            NSData** content);
+
+/// What the framework's `error` with a file comes to: its sentence, and whether the disk or the file is at fault.
+EventResult failed(NSError* error);
+
+/// For an id that names nothing that is shared as a file.
+EventResult notShared();
 
 }  // namespace sim

@@ -11,11 +11,15 @@
 #include <array>
 #include <unordered_map>
 
-#import "Settings/ControlDescription.hpp"
 #import "Settings/ElementId.hpp"
 #import "Settings/ImageStore.hpp"
 #import "Settings/JsonValues.hpp"
-#import "Settings/ViewDescription.hpp"
+#import "Settings/controls/AccessoryButton.hpp"
+#import "Settings/controls/Controls.hpp"
+#import "Settings/views/ImageView.hpp"
+#import "Settings/views/Label.hpp"
+#import "Settings/views/Layer.hpp"
+#import "Settings/views/Views.hpp"
 
 namespace sim {
 namespace {
@@ -44,7 +48,7 @@ void writeImageStyle(JsonText &out, UIImageView *view) {
   writeShadow(out.name("shadow"), view);
   writeLayer(out.name("layer"), view);
   out.name("clips").flag([view clipsToBounds]);
-  out.name("contentMode").string(contentModeName([view contentMode]));
+  writeContentMode(out.name("contentMode"), view);
   out.endObject();
 }
 
@@ -158,11 +162,7 @@ class RowWriter {
 
   void writeState(NSIndexPath *path, UITableViewCell *cell, UIView *control, PSSpecifier *specifier) {
     writeControl(out_.name("control"), control, images_);
-    if (NSString *text = editableText(control)) {
-      writeText(out_, "value", text);
-    } else if (!writeControlValue(out_.name("value"), control)) {
-      writeValue(out_, storedValue(cell, specifier));
-    }
+    if (!writeControlValue(out_, control)) writeValue(out_.name("value"), storedValue(cell, specifier));
     out_.name("enabled").flag(isEnabled(cell, control));
     out_.name("selectable").flag([table_ sim_tapShowsAtIndexPath:path cell:cell]);
     out_.name("accessory").string(accessoryName([cell sim_shownAccessoryType]));
@@ -172,10 +172,9 @@ class RowWriter {
   }
 
   void writePicture(UIImageView *icon) {
-    UIImage *image = shownImage(icon);
-    images_.write(out_.name("image"), image, [icon frame].size, templateTint(image, icon));
+    const bool isShown = writeShownImage(out_.name("image"), icon, images_);
     out_.name("imageStyle");
-    if (image) {
+    if (isShown) {
       writeImageStyle(out_, icon);
     } else {
       out_.null();
@@ -189,23 +188,9 @@ class RowWriter {
     writeColor(out_.name("backgroundColor"), [cell backgroundColor]);
     writeOptionalView(out_.name("backgroundView"), [cell backgroundView], images_);
     writeOptionalView(out_.name("accessoryView"), accessory, images_);
-    writeAccessoryButton(accessory);
+    writeAccessoryButton(out_.name("accessoryButton"), accessory);
     writeSeparatorInset(out_.name("separatorInset"), table_, cell);
     out_.name("highlighted").flag([cell isHighlighted]);
-  }
-
-  /// The button in the accessory view, and where it lies in it; null without one.
-  void writeAccessoryButton(UIView *accessory) {
-    UIButton *button = findButton(accessory);
-    out_.name("accessoryButton");
-    if (!button) return out_.null();
-    out_.beginObject();
-    out_.name("close").flag([button buttonType] == UIButtonTypeClose);
-    out_.name("enabled").flag([button isEnabled]);
-    writeText(out_.name("title"), [button currentTitle]);
-    writeText(out_.name("accessibilityLabel"), [button accessibilityLabel]);
-    writeFrame(out_.name("frame"), [button convertRect:[button bounds] toView:accessory]);
-    out_.endObject();
   }
 
   void writeSwipeActions(NSIndexPath *path, ElementId row) {

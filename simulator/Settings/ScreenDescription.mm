@@ -12,8 +12,9 @@
 #import "Settings/ImageStore.hpp"
 #import "Settings/JsonValues.hpp"
 #import "Settings/RowDescription.hpp"
-#import "Settings/SheetDescription.hpp"
-#import "Settings/ViewDescription.hpp"
+#import "Settings/presented/Presented.hpp"
+#import "Settings/views/ImageView.hpp"
+#import "Settings/views/Views.hpp"
 
 #include <algorithm>
 
@@ -215,8 +216,9 @@ void writeScreen(JsonText &out, UINavigationController *navigation, PageNumbers 
   out.endArray();
   writePage(out.name("page"), navigation, numbers, images);
   UIViewController *presented = presentedOver(navigation);
-  writeAlert(out.name("alert"), presented, numbers);
-  writeSheet(out.name("sheet"), presented, numbers, images);
+  for (const PresentedPlace place : {PresentedPlace::kAlert, PresentedPlace::kSheet}) {
+    writePresented(out.name(nameOf(place)), presented, place, numbers, images);
+  }
   out.endObject();
   numbers.endDescription();
 }

@@ -12,8 +12,8 @@
 /// NO when the path is not in the list or the copy fails; `error`, if not NULL, then says why in a sentence for people,
 /// the delegate is told nothing and the picker stays.
 - (BOOL)sim_pickFileAtPath:(NSString *)path error:(NSError **)error;
-/// What a finger on a file of another provider of documents does, one that is on this computer and not on the device:
-/// likewise with a copy, of the name `name`, of the file at `file`, in either mode.
-- (BOOL)sim_pickFileOfComputer:(NSString *)file named:(NSString *)name error:(NSError **)error;
+/// What a finger on a file of another provider of documents does: likewise with a copy, of the name `name`, of the file
+/// at `file`, in either mode.
+- (BOOL)sim_pickProvidedFile:(NSString *)file named:(NSString *)name error:(NSError **)error;
 - (void)sim_cancel;
 @end

@@ -99,7 +99,7 @@ BOOL isOfTypes(NSString *path, NSArray *types) {
   return [self sim_finishWithURL:sim::temporaryCopy(file, [file lastPathComponent], error)];
 }
 
-- (BOOL)sim_pickFileOfComputer:(NSString *)file named:(NSString *)name error:(NSError **)error {
+- (BOOL)sim_pickProvidedFile:(NSString *)file named:(NSString *)name error:(NSError **)error {
   if (!isOfTypes(name, _documentPickerState->types.get())) {
     return sim::fail(error, NSFileReadUnknownError,
                      [NSString stringWithFormat:@"“%@” is of a type that cannot be picked here.", name]);

@@ -4,15 +4,10 @@
 #import <UIKit/UIImagePickerController.h>
 
 @interface UIImagePickerController (Sim)
-/// Moves the picture at `file`, a path of this computer, into the device's photo library, as a camera or a transfer
-/// does. Returns its path below the library, one of `sim_photoPaths` from now on.
-///
-/// nil when there is no library, the file is no picture that can be decoded or too large, or it cannot be moved;
-/// `error`, if not NULL, then says why in a sentence for people, which calls the file by `name` unless that is nil.
-/// NSFileWriteOutOfSpaceError and NSFileWriteUnknownError tell that the disk is at fault.
-+ (NSString *)sim_addPhotoAtPath:(NSString *)file named:(NSString *)name error:(NSError **)error;
 /// Where the photos of the device lie on this computer, whether or not there is such a folder.
 + (NSString *)sim_photoFolder;
+/// Whether the file at `file` has more bytes than a photo of the device.
++ (BOOL)sim_isTooLarge:(NSString *)file;
 /// The photos of the device: paths below its photo folder, sorted. Files whose extension is not that of a picture and
 /// hidden files are left out.
 @property(nonatomic, readonly) NSArray *sim_photoPaths;

@@ -1,18 +1,13 @@
 #import <UIKit/UIImagePickerController+Sim.h>
 
 #import <Foundation/NotCarried.h>
-#import "PhotoLibrary.hpp"
 #import "PickedFile.h"
 
-#import <Foundation/FileAccess.h>
 #import <Foundation/SIMDevice.h>
 #import <UIKit/UIImage.h>
 #include <objcxx/Retained.h>
 
-#include <cerrno>
-#include <cstring>
 #include <memory>
-#include <vector>
 
 UIImagePickerControllerInfoKey const UIImagePickerControllerMediaType = @"UIImagePickerControllerMediaType";
 UIImagePickerControllerInfoKey const UIImagePickerControllerOriginalImage = @"UIImagePickerControllerOriginalImage";
@@ -33,26 +28,6 @@ NSString *const imageType = @"public.image";
 constexpr unsigned long long largestFile = 200ull << 20;  // Bytes.
 
 NSString *photoFolder() { return SIMDevicePath(@"/var/mobile/Media/DCIM"); }
-
-BOOL isTooLarge(NSString *file) {
-  NSString *real = [file stringByResolvingSymlinksInPath];
-  return [[[NSFileManager defaultManager] attributesOfItemAtPath:real error:NULL] fileSize] > largestFile;
-}
-
-// How a sentence calls a file of that name, or of none.
-NSString *called(NSString *name) { return name ? [NSString stringWithFormat:@"“%@”", name] : @"The file"; }
-
-BOOL failAsNoPicture(NSString *name, NSError **error) {
-  return sim::fail(error, NSFileReadCorruptFileError,
-                   [NSString stringWithFormat:@"%@ is damaged, too large, or not a picture.", called(name)]);
-}
-
-sim::SharedBytes bytesOf(NSString *file) {
-  const auto content = sim::contentOfFile(file, nullptr);
-  if (!content) return nullptr;
-  const auto *bytes = reinterpret_cast<const std::uint8_t *>(content->bytes().data());
-  return std::make_shared<const std::vector<std::uint8_t>>(bytes, bytes + content->bytes().size());
-}
 
 }  // namespace
 
@@ -120,31 +95,13 @@ sim::SharedBytes bytesOf(NSString *file) {
 
 #pragma mark - Sim
 
-+ (NSString *)sim_addPhotoAtPath:(NSString *)file named:(NSString *)name error:(NSError **)error {
-  if (![self isSourceTypeAvailable:UIImagePickerControllerSourceTypePhotoLibrary]) {
-    sim::fail(error, NSFileNoSuchFileError,
-              @"The device has no photo library: its folder /var/mobile/Media/DCIM is missing.");
-    return nil;
-  }
-  const sim::SharedBytes bytes = isTooLarge(file) ? nullptr : bytesOf(file);
-  const auto extension = bytes ? sim::photoExtension(bytes) : std::nullopt;
-  if (!extension) {
-    failAsNoPicture(name, error);
-    return nil;
-  }
-  const auto added =
-      sim::addPhoto([photoFolder() fileSystemRepresentation], [file fileSystemRepresentation], *extension);
-  if (const std::string *path = std::get_if<std::string>(&added)) return [NSString stringWithUTF8String:path->c_str()];
-  const int number = std::get<int>(added);
-  const bool isFull = number == ENOSPC || number == EDQUOT;
-  sim::fail(error, isFull ? NSFileWriteOutOfSpaceError : NSFileWriteUnknownError,
-            [NSString stringWithFormat:@"%@ could not be put into the photo library: %s.", called(name),
-                                       std::strerror(number)]);
-  return nil;
-}
-
 + (NSString *)sim_photoFolder {
   return photoFolder();
+}
+
++ (BOOL)sim_isTooLarge:(NSString *)file {
+  NSString *real = [file stringByResolvingSymlinksInPath];
+  return [[[NSFileManager defaultManager] attributesOfItemAtPath:real error:NULL] fileSize] > largestFile;
 }
 
 - (NSArray *)sim_photoPaths {
@@ -159,11 +116,14 @@ sim::SharedBytes bytesOf(NSString *file) {
     return sim::fail(error, NSFileNoSuchFileError, @"There is no such photo on the device.");
   }
   NSString *file = [photoFolder() stringByAppendingPathComponent:path];
-  if (isTooLarge(file)) {
+  if ([UIImagePickerController sim_isTooLarge:file]) {
     return sim::fail(error, NSFileReadTooLargeError, [NSString stringWithFormat:@"“%@” is too large.", name]);
   }
   UIImage *image = [UIImage imageWithData:[NSData dataWithContentsOfFile:file]];
-  if (![image CGImage]) return failAsNoPicture(name, error);
+  if (![image CGImage]) {
+    return sim::fail(error, NSFileReadCorruptFileError,
+                     [NSString stringWithFormat:@"“%@” is damaged, too large, or not a picture.", name]);
+  }
   NSURL *copy = sim::temporaryCopy(file, name, error);
   if (!copy) return NO;
 

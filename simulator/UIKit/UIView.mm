@@ -1,3 +1,4 @@
+#import <QuartzCore/CALayer+Sim.h>
 #import <UIKit/UIResponder+Sim.h>
 #import <UIKit/UIScreen.h>
 #import <UIKit/UIView+Sim.h>
@@ -38,6 +39,7 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
   }
   for (const auto &subview : _state->subviews) subview.get()->_state->superview = nil;
   [_state->layer.get() setDelegate:nil];
+  [_state->layer.get() sim_setOwner:nil];
   [super dealloc];
 }
 
@@ -49,6 +51,7 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
   if (!_state->layer) {
     _state->layer = objcxx::adopt([[CALayer alloc] init]);
     [_state->layer.get() setDelegate:self];
+    [_state->layer.get() sim_setOwner:(id<SIMLayerOwner>)self];  // Which the categories implement.
   }
   return _state->layer.get();
 }
@@ -227,6 +230,14 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
 
 - (CALayer *)sim_layerIfMade {
   return _state->layer.get();
+}
+
+- (CGColorRef)sim_layerColor {
+  return [[self backgroundColor] CGColor];
+}
+
+- (void)sim_setLayerColor:(CGColorRef)color {
+  [self setBackgroundColor:color ? [UIColor colorWithCGColor:color] : nil];
 }
 
 - (NSUInteger)sim_number {

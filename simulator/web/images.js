@@ -4,7 +4,7 @@ import { SessionContext } from '/session.js';
 
 const keptUnused = 200;
 const mostAtOnce = 2;
-const maskSizes = { contain: 'contain', cover: 'cover', none: 'auto' };
+const maskSizes = { contain: 'contain', cover: 'cover' };
 
 /** Pictures of the device as `blob:` addresses, because a bare `<img>` could not send the token. */
 export class ImageCache {

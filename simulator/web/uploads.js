@@ -55,11 +55,9 @@ export class Uploads {
     });
   }
 
-  /** Does with files that were dropped onto the phone what its screen asks for. */
-  drop(files) {
-    const kind = sheetKind(this.#session.store.state.screen);
-    if (kind === 'documents') return this.pickFile(files);
-    const others = kind === 'photos' ? [] : files.filter((file) => !isPicture(file));
+  /** Adds them likewise unless one is no picture: nothing on the screen asks for files. */
+  addPictures(files) {
+    const others = files.filter((file) => !isPicture(file));
     if (others.length === 0) return this.addPhotos(files);
     return this.#notice(`“${others[0].name}” is not a picture. A file can be dropped while a page asks for one.`);
   }

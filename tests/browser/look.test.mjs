@@ -76,6 +76,23 @@ test('A template is filled with its tint, another picture keeps its colours', as
   assert.equal(await page.getByRole('img', { name: 'Picture 40' }).evaluate(({ tagName }) => tagName), 'IMG');
 });
 
+test('A picture that is not scaled is drawn in points where its content mode says, a scaled one in the whole view', async (t) => {
+  const image = (name, contentMode) => view('image', [100, 10, 60, 30], {
+    image: picture({ width: 20, height: 10 }), contentMode, accessibilityLabel: name,
+  });
+  const views = ['center', 'bottomRight', 'scaleAspectFill'].map((mode) => image(mode, mode));
+  const { page } = await open(t, one(row('', { frame: [0, 0, 390, 60], height: 60, views })));
+  const origin = await page.locator('.row').boundingBox();
+  for (const [name, ...expected] of [
+    ['center', 120, 20, 20, 10], ['bottomRight', 140, 30, 20, 10], ['scaleAspectFill', 100, 10, 60, 30],
+  ]) {
+    const shown = page.getByRole('img', { name });
+    await shown.waitFor();
+    const { x, y, width, height } = await shown.boundingBox();
+    assert.deepEqual([x - origin.x, y - origin.y, width, height], expected, name);
+  }
+});
+
 test('Switches and sliders have the colours and pictures that were set', async (t) => {
   const { page } = await open(t, one(
     control('Tinted', 'switch', true, {}, { onTintColor: purple, thumbTintColor: red }),

@@ -1,6 +1,7 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { cssColor, cssTextColor, paintedOver } from '../../simulator/web/colors.js';
+import { objectFitOf, placeOf as placeOfPicture } from '../../simulator/web/phone/contentMode.js';
 import { nextStop } from '../../simulator/web/phone/keyboard.js';
 import { dragLayout, nearestDestination, rowAt, topsOf } from '../../simulator/web/phone/layout.js';
 import { readEvents } from '../../simulator/web/stream.js';
@@ -90,11 +91,29 @@ test('Arrow keys pass over rows that cannot have the focus and over section bord
     section('A', [row('1'), row('2', { selectable: false }), row('3', { enabled: false })]),
     section('B', []), section('C', [control('4', 'switch', 0), row('5')]),
   ] };
-  assert.deepEqual(nextStop(page, { section: 0, row: 0 }, 'ArrowDown'), { section: 2, row: 0 });
-  assert.deepEqual(nextStop(page, { section: 2, row: 0 }, 'ArrowUp'), { section: 0, row: 0 });
-  assert.deepEqual(nextStop(page, { section: 0, row: 0 }, 'End'), { section: 2, row: 1 });
-  assert.equal(nextStop(page, { section: 2, row: 1 }, 'ArrowDown'), null);
-  assert.equal(nextStop(page, { section: 0, row: 0 }, 'a'), null);
+  const canFocus = (each) => each.enabled && (each.selectable || each.control !== null);
+  const stop = (place, key) => nextStop(page, place, key, canFocus);
+  assert.deepEqual(stop({ section: 0, row: 0 }, 'ArrowDown'), { section: 2, row: 0 });
+  assert.deepEqual(stop({ section: 2, row: 0 }, 'ArrowUp'), { section: 0, row: 0 });
+  assert.deepEqual(stop({ section: 0, row: 0 }, 'End'), { section: 2, row: 1 });
+  assert.equal(stop({ section: 2, row: 1 }, 'ArrowDown'), null);
+  assert.equal(stop({ section: 0, row: 0 }, 'a'), null);
+});
+
+test('A picture that is not scaled lies at its edge or corner of the view, or in the middle of the rest', () => {
+  const placed = (mode) => placeOfPicture(mode, { width: 20, height: 10 }, { width: 50, height: 50 })?.style;
+  const at = (left, top) => ({ position: 'absolute', left: `${left}px`, top: `${top}px` });
+  assert.deepEqual(['topLeft', 'top', 'topRight'].map(placed), [at(0, 0), at(15, 0), at(30, 0)]);
+  assert.deepEqual(['left', 'center', 'right'].map(placed), [at(0, 20), at(15, 20), at(30, 20)]);
+  assert.deepEqual(['bottomLeft', 'bottom', 'bottomRight'].map(placed), [at(0, 40), at(15, 40), at(30, 40)]);
+  const { size, style } = placeOfPicture('center', { width: 90, height: 10 }, { width: 50, height: 50 });
+  assert.deepEqual([size, style], [{ width: 90, height: 10 }, at(-20, 20)], 'it may reach beyond the view');
+});
+
+test('A picture that is scaled fills the view, whole or cut, with its shape or without', () => {
+  const modes = ['scaleToFill', 'scaleAspectFit', 'scaleAspectFill', undefined];
+  assert.deepEqual(modes.map(objectFitOf), ['fill', 'contain', 'cover', 'fill']);
+  for (const mode of modes) assert.equal(placeOfPicture(mode, { width: 1, height: 1 }, { width: 2, height: 2 }), null);
 });
 
 test('An id is told apart from the same id over another row', () => {

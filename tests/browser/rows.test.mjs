@@ -47,6 +47,16 @@ test('Rows that are disabled or not selectable cannot be tapped', async (t) => {
   assert.equal(await page.getByRole('button', { name: 'Version' }).count(), 0);
 });
 
+test('The arrow keys pass over a row that only shows that something is under way', async (t) => {
+  const rows = [link('First'), control('Busy', 'spinner', null), control('Later', 'switch', false)];
+  const { url } = await startFake(t, one(...rows));
+  const page = await openPage(t, url);
+  await page.getByRole('button', { name: 'First' }).focus();
+  await page.keyboard.press('ArrowDown');
+  await eventually(async () => assert.ok(await hasFocus(page.getByRole('switch', { name: 'Later' }))));
+  assert.equal(await page.getByRole('progressbar', { name: 'Busy' }).count(), 1);
+});
+
 test('A switch turns at once and sends a boolean', async (t) => {
   const { fake, url } = await startFake(t, one(control('Enabled', 'switch', true)), (event, it) => {
     it.screen = one(control('Enabled', 'switch', event.value));

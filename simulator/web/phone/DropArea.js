@@ -1,11 +1,12 @@
 import { html, useContext, useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { sheetOf } from '/phone/presented/sheets.js';
 import { SessionContext } from '/session.js';
 import { useStore } from '/store.js';
 
 /** Lets files of the computer be dropped anywhere onto the element that this stands in, and says so meanwhile. */
 export function DropArea() {
   const session = useContext(SessionContext);
-  const kind = useStore(session.store, ({ screen }) => screen?.sheet?.kind);
+  const sheet = useStore(session.store, ({ screen }) => screen?.sheet);
   const area = useRef(null);
   const [over, setOver] = useState(false);
 
@@ -18,7 +19,7 @@ export function DropArea() {
       const inside = phone.contains(event.target);
       event.dataTransfer.dropEffect = inside ? 'copy' : 'none';
       setOver(inside && event.type === 'dragover');
-      if (event.type === 'drop' && inside) session.uploads.drop([...event.dataTransfer.files]);
+      if (event.type === 'drop' && inside) drop(session, [...event.dataTransfer.files]);
     };
     const leave = (event) => {
       if (event.relatedTarget === null) setOver(false);
@@ -36,8 +37,16 @@ export function DropArea() {
   return html`
     <div class="drop-area" ref=${area} data-over=${over} aria-hidden="true">
       ${over && html`
-        <span class="drop-text">${kind === 'documents' ? 'Drop to choose this file' : 'Drop to add to Photos'}</span>`}
+        <span class="drop-text">${(sheet && sheetOf(sheet).source?.drop) ?? 'Drop to add to Photos'}</span>`}
     </div>`;
+}
+
+/** Does with the files what the sheet that can be worked now asks for; pictures can be added at any time. */
+function drop(session, files) {
+  const { alert, sheet } = session.store.state.screen ?? {};
+  const source = !alert && sheet ? sheetOf(sheet).source : null;
+  if (source) source.take(session, files);
+  else session.uploads.addPictures(files);
 }
 
 function carriesFiles({ dataTransfer }) {

@@ -1,7 +1,7 @@
 import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '/modules/htm-preact.mjs';
 import { cssColor, cssTextColor, pairOf } from '/colors.js';
 import { Picture } from '/images.js';
-import { InlineView, textOf } from '/phone/CustomViews.js';
+import { InlineView, textOf } from '/phone/views/CustomViews.js';
 import { setOnly } from '/phone/look.js';
 import { BackChevron, Plus } from '/phone/symbols.js';
 import { SessionContext } from '/session.js';

@@ -1,8 +1,8 @@
 import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '/modules/htm-preact.mjs';
 import { displayIn, isShallow } from '/display.js';
 import { cssColor, pairOf } from '/colors.js';
-import { CustomViews } from '/phone/CustomViews.js';
-import { rowCanFocus } from '/phone/keyboard.js';
+import { CustomViews } from '/phone/views/CustomViews.js';
+import { rowCanFocus } from '/phone/controls/controls.js';
 import { setOnly } from '/phone/look.js';
 import { NavigationBar } from '/phone/NavigationBar.js';
 import { Table } from '/phone/Table.js';

@@ -2,12 +2,12 @@ import { html, useContext, useEffect, useRef } from '/modules/htm-preact.mjs';
 import { displayIn } from '/display.js';
 import { SessionContext } from '/session.js';
 import { useStore } from '/store.js';
-import { Alert } from '/phone/Alert.js';
+import { Alert } from '/phone/presented/Alert.js';
 import { DevicePlace } from '/phone/DevicePlace.js';
 import { DropArea } from '/phone/DropArea.js';
 import { Navigation } from '/phone/Navigation.js';
 import { RespringCover } from '/phone/RespringCover.js';
-import { Sheet } from '/phone/Sheet.js';
+import { Sheet } from '/phone/presented/Sheet.js';
 import { StatusSymbols } from '/phone/symbols.js';
 import { UploadProgress } from '/phone/UploadProgress.js';
 

@@ -1,6 +1,6 @@
 import { html, useContext, useRef } from '/modules/htm-preact.mjs';
 import { cssColor } from '/colors.js';
-import { CustomViews } from '/phone/CustomViews.js';
+import { CustomViews } from '/phone/views/CustomViews.js';
 import { heightOf, imageSizeOf } from '/phone/layout.js';
 import { setOnly } from '/phone/look.js';
 import { MoveHandle } from '/phone/MoveHandle.js';

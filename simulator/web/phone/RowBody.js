@@ -1,7 +1,7 @@
 import { html } from '/modules/htm-preact.mjs';
 import { cssColor, cssTextColor, paintedOver } from '/colors.js';
-import { ControlRow } from '/phone/rows/ControlRow.js';
-import { CustomViews, InlineView } from '/phone/CustomViews.js';
+import { ControlRow } from '/phone/controls/ControlRow.js';
+import { CustomViews, InlineView } from '/phone/views/CustomViews.js';
 import { alignments, setOnly } from '/phone/look.js';
 import { RowPicture } from '/phone/RowPicture.js';
 import { Checkmark, Close as CloseSymbol, Disclosure, Info } from '/phone/symbols.js';

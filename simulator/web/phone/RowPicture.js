@@ -1,7 +1,8 @@
 import { html } from '/modules/htm-preact.mjs';
 import { Picture } from '/images.js';
+import { objectFitOf } from '/phone/contentMode.js';
 import { imageSizeOf } from '/phone/layout.js';
-import { borderStyle, layerStyle, objectFitOf, shadowFilter } from '/phone/look.js';
+import { borderStyle, layerStyle, shadowFilter } from '/phone/look.js';
 
 /** The image of a row's standard image view. */
 export function RowPicture({ row }) {

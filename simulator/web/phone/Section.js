@@ -1,5 +1,5 @@
 import { html, useEffect, useLayoutEffect, useMemo, useRef, useState } from '/modules/htm-preact.mjs';
-import { CustomViews } from '/phone/CustomViews.js';
+import { CustomViews } from '/phone/views/CustomViews.js';
 import { dragLayout, rowAt, topsOf } from '/phone/layout.js';
 import { pixelsPerPoint } from '/phone/points.js';
 import { useDescribedRows, useKnownRows } from '/phone/outlines.js';

@@ -1,4 +1,5 @@
 import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { rowCanFocus } from '/phone/controls/controls.js';
 import { nextStop } from '/phone/keyboard.js';
 import { LiftedRow } from '/phone/LiftedRow.js';
 import { useReordering } from '/phone/reordering.js';
@@ -63,7 +64,7 @@ export function Table({ page, scroller, active, takesFocus }) {
   const onKeyDown = (event) => {
     const place = placeOf(event.target);
     if (!place || event.defaultPrevented || event.target.closest('[data-own-keys]')) return;
-    const next = nextStop(page, place, event.key);
+    const next = nextStop(page, place, event.key, rowCanFocus);
     if (!next) return;
     event.preventDefault();
     focusRow(next.section, next.row);

@@ -1,27 +1,23 @@
 // Moving about the rows of a page with the arrow keys.
 
 const pageOfRows = 10;
+/** Direction and number of rows. */
+const moves = {
+  ArrowDown: [1, 1], ArrowUp: [-1, 1], PageDown: [1, pageOfRows], PageUp: [-1, pageOfRows], Home: [-1, Infinity],
+  End: [1, Infinity],
+};
 
-/** Whether the focus can be on something in `row`; of an outline it is assumed. */
-export function rowCanFocus(row) {
-  if (row.outline) return true;
-  const hasControl = row.control && row.control.type !== 'spinner';
-  return row.enabled !== false && Boolean(hasControl || row.selectable || row.canMove || row.swipeActions?.length);
-}
-
-/** The row to focus after `key` on `place` (`{section, row}` each), or null when the key does not move the focus. */
-export function nextStop(page, place, key) {
-  if (key === 'ArrowDown') return search(page, place, 1, 1);
-  if (key === 'ArrowUp') return search(page, place, -1, 1);
-  if (key === 'PageDown') return search(page, place, 1, pageOfRows);
-  if (key === 'PageUp') return search(page, place, -1, pageOfRows);
-  if (key === 'Home') return search(page, place, -1, Infinity);
-  if (key === 'End') return search(page, place, 1, Infinity);
-  return null;
+/**
+ * The row to focus after `key` on `place` (`{section, row}` each), or null when the key does not move the focus. `canFocus`
+ * says of a row whether the focus can be on something in it.
+ */
+export function nextStop(page, place, key, canFocus) {
+  const [direction, count] = moves[key] ?? [];
+  return direction ? search(page, place, direction, count, canFocus) : null;
 }
 
 /** The `count`-th row from `place` in `direction` that can have the focus, or the last one that there is. */
-function search(page, place, direction, count) {
+function search(page, place, direction, count, canFocus) {
   let { section, row } = place;
   let found = null;
   for (let passed = 0; passed < count;) {
@@ -32,7 +28,7 @@ function search(page, place, direction, count) {
     }
     const candidate = page.sections[section]?.rows[row];
     if (!candidate) break;
-    if (!rowCanFocus(candidate)) continue;
+    if (!canFocus(candidate)) continue;
     found = { section, row };
     passed += 1;
   }

@@ -5,17 +5,12 @@ const corners = {
   topLeft: 'borderTopLeftRadius', topRight: 'borderTopRightRadius',
   bottomRight: 'borderBottomRightRadius', bottomLeft: 'borderBottomLeftRadius',
 };
-const objectFits = { scaleToFill: 'fill', scaleAspectFit: 'contain', scaleAspectFill: 'cover', center: 'none' };
 
 export const alignments = { center: 'center', right: 'right', justified: 'justify' };
 
 /** `style` without what is not set: the browser would take it for a value of a custom property. */
 export function setOnly(style) {
   return Object.fromEntries(Object.entries(style).filter(([, value]) => value !== undefined));
-}
-
-export function objectFitOf(contentMode) {
-  return objectFits[contentMode] ?? 'fill';
 }
 
 /** The CSS filter for a layer's shadow, which follows what the picture does not leave transparent. */

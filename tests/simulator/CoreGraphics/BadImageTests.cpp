@@ -8,7 +8,7 @@
 #include "CoreGraphics/ImageDecoder.hpp"
 #include "CoreGraphics/ImageHeader.hpp"
 #include "CoreGraphics/Thumbnail.hpp"
-#include "TestImages.hpp"
+#include "support/images/TestImages.hpp"
 
 namespace {
 

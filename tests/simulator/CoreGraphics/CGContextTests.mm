@@ -4,7 +4,7 @@
 
 #import "support/objc/ObjCTest.h"
 
-#include "simulator/CoreGraphics/TestImages.hpp"
+#include "support/images/TestImages.hpp"
 
 namespace {
 

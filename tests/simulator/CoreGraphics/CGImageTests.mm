@@ -3,7 +3,7 @@
 
 #import "support/objc/ObjCTest.h"
 
-#include "simulator/CoreGraphics/TestImages.hpp"
+#include "support/images/TestImages.hpp"
 
 #include <cstring>
 

@@ -8,7 +8,7 @@
 #include "CoreGraphics/ImageDecoder.hpp"
 #include "CoreGraphics/ImageEncoder.hpp"
 #include "CoreGraphics/PngDecoder.hpp"
-#include "TestImages.hpp"
+#include "support/images/TestImages.hpp"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "CoreGraphics/ImageDecoder.hpp"
-#include "TestImages.hpp"
+#include "support/images/TestImages.hpp"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "TestImages.hpp"
+#include "support/images/TestImages.hpp"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #import "support/objc/ObjCMatchers.h"
 #import "support/objc/ObjCTest.h"
 
-#include "simulator/CoreGraphics/TestImages.hpp"
+#include "support/images/TestImages.hpp"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include "support/objc/ObjCMatchers.h"
 #include "support/objc/ObjCTest.h"
 
-#include "simulator/CoreGraphics/TestImages.hpp"
+#include "support/images/TestImages.hpp"
 
 namespace {
 

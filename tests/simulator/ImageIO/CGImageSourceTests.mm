@@ -3,7 +3,7 @@
 
 #include "support/objc/ObjCTest.h"
 
-#include "simulator/CoreGraphics/TestImages.hpp"
+#include "support/images/TestImages.hpp"
 
 namespace {
 

@@ -9,13 +9,6 @@
 
 namespace {
 
-/// Width and height of a PNG file, as "60x40"; "" when it is none.
-std::string sizeOf(NSData *png) {
-  UIImage *image = [UIImage imageWithData:png];
-  if (!image) return "";
-  return std::to_string(CGImageGetWidth([image CGImage])) + "x" + std::to_string(CGImageGetHeight([image CGImage]));
-}
-
 TEST_F(SessionTest, PicturesAreKeptForTheScreenAndTheOneBefore) {
   ListPage *page = startList(@[ @[ @"a" ] ]);
   UIImageView *view = [[[UIImageView alloc] initWithFrame:CGRectMake(0, 0, 10, 10)] autorelease];
@@ -79,65 +72,6 @@ TEST_F(SessionTest, NoMorePixelsAreSentThanArePlacedOnTheScreen) {
   [view setFrame:CGRectZero];
   session().refresh();
   EXPECT_EQ(sizeOf(session().pngOf(identifierOf(image()))), "1000x1000");
-}
-
-/// A page with the photo picker over it.
-class PhotoSheetTest : public SessionTest {
- protected:
-  NSString *photo(NSString *name, NSData *bytes) {
-    return write([@"/var/mobile/Media/DCIM/100APPLE" stringByAppendingPathComponent:name], bytes);
-  }
-  void openPicker() {
-    ListPage *list = startList(@[ @[ @"a" ] ]);
-    [list presentViewController:[[[UIImagePickerController alloc] init] autorelease] animated:NO completion:nil];
-    EXPECT_TRUE(session().refresh());
-  }
-  Json image(std::size_t index) { return screen()["sheet"]["items"][index]["image"]; }
-  std::string sizeOfThumbnail(std::size_t index) { return sizeOf(session().pngOf(identifierOf(image(index)))); }
-};
-
-TEST_F(PhotoSheetTest, PhotosHaveThumbnails) {
-  photo(@"a.png", UIImagePNGRepresentation(picture(1000)));
-  photo(@"b.png", UIImagePNGRepresentation(picture(20)));
-  openPicker();
-  EXPECT_EQ(image(0)["width"], 130);
-  EXPECT_EQ(image(0)["height"], 130);
-  EXPECT_EQ(sizeOfThumbnail(0), "390x390");
-  EXPECT_EQ(sizeOfThumbnail(1), "20x20");
-  EXPECT_NE(image(0)["url"], image(1)["url"]);
-}
-
-TEST_F(PhotoSheetTest, DescribingAgainChangesNothing) {
-  photo(@"a.png", UIImagePNGRepresentation(picture(50)));
-  openPicker();
-  const std::string address = image(0)["url"];
-  for (int turn = 0; turn < 3; ++turn) EXPECT_FALSE(session().refresh());
-  EXPECT_EQ(sizeOfThumbnail(0), "50x50");
-  EXPECT_FALSE(session().refresh()) << "nor does looking at it";
-  photo(@"b.png", UIImagePNGRepresentation(picture(60)));
-  EXPECT_TRUE(session().refresh());
-  EXPECT_EQ(image(0)["url"], address) << "of a photo that is as it was";
-}
-
-TEST_F(PhotoSheetTest, AChangedFileHasAnotherThumbnail) {
-  photo(@"a.png", UIImagePNGRepresentation(picture(50)));
-  openPicker();
-  const std::string address = image(0)["url"];
-  photo(@"a.png", UIImagePNGRepresentation(picture(60)));
-  EXPECT_TRUE(session().refresh());
-  EXPECT_NE(image(0)["url"], address);
-  EXPECT_EQ(sizeOfThumbnail(0), "60x60");
-}
-
-TEST_F(PhotoSheetTest, NothingIsReadToDescribeIt) {
-  NSString *file = photo(@"a.png", UIImagePNGRepresentation(picture(50)));
-  photo(@"b.jpg", [NSData dataWithBytes:"no photo" length:8]);
-  openPicker();
-  EXPECT_FALSE(image(1).is_null()) << "that it is none is seen when it is asked for";
-  EXPECT_EQ(sizeOfThumbnail(1), "");
-  EXPECT_EQ(sizeOfThumbnail(0), "50x50");
-  [[NSFileManager defaultManager] removeItemAtPath:file error:nullptr];
-  EXPECT_EQ(sizeOfThumbnail(0), "");
 }
 
 }  // namespace

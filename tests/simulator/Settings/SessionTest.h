@@ -30,7 +30,7 @@
 /// A row with a control in its accessory, worked by `changed:` of the page.
 @interface ControlPage : ListPage {
  @public
-  objcxx::Retained<UIControl> control;
+  objcxx::Retained<UIView> control;
 }
 @end
 
@@ -49,7 +49,13 @@ class SessionTest : public DeviceTest {
   void start(UIViewController *root, std::uint64_t firstRevision = 1);
   ListPage *startList(NSArray *sections);
   /// A page whose single row carries `control`.
-  ControlPage *startControl(UIControl *control);
+  ControlPage *startControl(UIView *control);
+  /// The description of `control` in the row of such a page.
+  sim::Json controlOf(UIView *control);
+  /// The description of `view` as the header of a table.
+  sim::Json describedView(UIView *view);
+  /// Presents `controller` over `page`.
+  void present(UIViewController *page, UIViewController *controller);
 
   sim::Session &session() { return *session_; }
   /// The screen as it was last described.
@@ -73,6 +79,9 @@ class SessionTest : public DeviceTest {
   static std::string calls(ListPage *page);
   /// A square picture, `side` points and pixels wide.
   static UIImage *picture(CGFloat side);
+  static objcxx::Retained<UIView> view(CGFloat width, CGFloat height);
+  /// Width and height of a PNG file, as "60x40"; "" when it is none.
+  static std::string sizeOf(NSData *png);
   /// What names the picture in its address; "" for null.
   static std::string identifierOf(const sim::Json &image);
   bool logged(const std::string &part) const;

@@ -141,12 +141,31 @@ ListPage *SessionTest::startList(NSArray *sections) {
   return list;
 }
 
-ControlPage *SessionTest::startControl(UIControl *control) {
+ControlPage *SessionTest::startControl(UIView *control) {
   ControlPage *list = [[[ControlPage alloc] initWithTitle:@"Control" sections:@[ @[ @"row" ] ]] autorelease];
   list->control = objcxx::share(control);
-  [control addTarget:list action:@selector(changed:) forControlEvents:UIControlEventValueChanged];
+  if ([control isKindOfClass:[UIControl class]]) {
+    [(UIControl *)control addTarget:list action:@selector(changed:) forControlEvents:UIControlEventValueChanged];
+  }
   start(list);
   return list;
+}
+
+Json SessionTest::controlOf(UIView *control) {
+  startControl(control);
+  return row(0, 0)["control"];
+}
+
+Json SessionTest::describedView(UIView *view) {
+  ListPage *list = startList(@[ @[ @"Row" ] ]);
+  [[list tableView] setTableHeaderView:view];
+  session().refresh();
+  return page()["headerView"];
+}
+
+void SessionTest::present(UIViewController *page, UIViewController *controller) {
+  [page presentViewController:controller animated:YES completion:nil];
+  session().refresh();
 }
 
 Json SessionTest::screen() const {
@@ -196,6 +215,16 @@ UIImage *SessionTest::picture(CGFloat side) {
   UIImage *image = UIGraphicsGetImageFromCurrentImageContext();
   UIGraphicsEndImageContext();
   return image;
+}
+
+objcxx::Retained<UIView> SessionTest::view(CGFloat width, CGFloat height) {
+  return objcxx::adopt([[UIView alloc] initWithFrame:CGRectMake(0, 0, width, height)]);
+}
+
+std::string SessionTest::sizeOf(NSData *png) {
+  UIImage *image = [UIImage imageWithData:png];
+  if (!image) return "";
+  return std::to_string(CGImageGetWidth([image CGImage])) + "x" + std::to_string(CGImageGetHeight([image CGImage]));
 }
 
 std::string SessionTest::identifierOf(const Json &image) {

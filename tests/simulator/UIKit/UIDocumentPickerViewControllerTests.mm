@@ -78,9 +78,9 @@ TEST_F(UIDocumentPickerTest, offersOnlyFilesOfItsTypes) {
   const auto lists = of(@[ @"com.apple.property-list" ]);
   NSError *error = nil;
   EXPECT_FALSE([lists.get() sim_pickFileAtPath:@"notes.txt" error:&error]);
-  EXPECT_FALSE([lists.get() sim_pickFileOfComputer:path(@"/var/mobile/Documents/notes.txt")
-                                             named:@"notes.txt"
-                                             error:&error]);
+  EXPECT_FALSE([lists.get() sim_pickProvidedFile:path(@"/var/mobile/Documents/notes.txt")
+                                           named:@"notes.txt"
+                                           error:&error]);
   EXPECT_OBJC_EQ([error localizedDescription], @"“notes.txt” is of a type that cannot be picked here.");
 }
 
@@ -126,7 +126,7 @@ TEST_F(UIDocumentPickerTest, AFileOfTheComputerIsGivenAsACopyUnderItsName) {
   NSString *file = write(@"/.simulator/uploads/1", "content");
   for (const UIDocumentPickerMode mode : {UIDocumentPickerModeImport, UIDocumentPickerModeOpen}) {
     const auto made = presentedPicker(mode);
-    EXPECT_TRUE([made.get() sim_pickFileOfComputer:file named:@"Gr\u00FCn \U0001F33F.plist" error:NULL]);
+    EXPECT_TRUE([made.get() sim_pickProvidedFile:file named:@"Gr\u00FCn \U0001F33F.plist" error:NULL]);
     NSURL *url = taker_.get()->url.get();
     EXPECT_TRUE(taker_.get()->leaving);
     SIMDrainMainQueue();
@@ -145,10 +145,10 @@ TEST_F(UIDocumentPickerTest, AFileOfTheComputerNeedsANameAndHasToBeThere) {
   const auto made = presentedPicker(UIDocumentPickerModeImport);
   for (NSString *name in @[ @"", @".", @"..", @"../a", @"a/b", @"/a" ]) {
     NSError *error = nil;
-    EXPECT_FALSE([made.get() sim_pickFileOfComputer:file named:name error:&error]) << [name UTF8String];
+    EXPECT_FALSE([made.get() sim_pickProvidedFile:file named:name error:&error]) << [name UTF8String];
     EXPECT_GT([[error localizedDescription] length], 0u);
   }
-  EXPECT_FALSE([made.get() sim_pickFileOfComputer:path(@"/.simulator/uploads/2") named:@"a" error:NULL]);
+  EXPECT_FALSE([made.get() sim_pickProvidedFile:path(@"/.simulator/uploads/2") named:@"a" error:NULL]);
   EXPECT_OBJC_EQ(taker_.get()->url.get(), nil);
   EXPECT_EQ(stage_.presented(), made.get());
   EXPECT_EQ(listing(@"/var/mobile/tmp/Inbox"), "");

@@ -137,59 +137,6 @@ TEST_F(UIImagePickerControllerTest, RefusesWhatIsNoPhotoAndStays) {
   EXPECT_EQ(stage_.presented(), picker.get());
 }
 
-TEST_F(UIImagePickerControllerTest, AnAddedPhotoIsMovedIntoTheLibraryAndCanBePicked) {
-  write(@"/var/mobile/Media/DCIM/100APPLE/IMG_0007.JPG", "x");
-  NSString *file = write(@"/.simulator/uploads/1", png(9));
-  const std::string bytes = read(@"/.simulator/uploads/1");
-  const auto picker = presentedPicker();
-  NSError *error = nil;
-  NSString *path = [UIImagePickerController sim_addPhotoAtPath:file named:@"holiday.png" error:&error];
-  EXPECT_OBJC_EQ(path, @"100APPLE/IMG_0008.PNG");
-  EXPECT_OBJC_EQ(error, nil);
-  EXPECT_FALSE(exists(@"/.simulator/uploads/1"));
-  EXPECT_EQ(read(@"/var/mobile/Media/DCIM/100APPLE/IMG_0008.PNG"), bytes);
-  EXPECT_OBJC_EQ([picker.get() sim_photoPaths], (@[ @"100APPLE/IMG_0007.JPG", @"100APPLE/IMG_0008.PNG" ]));
-  EXPECT_TRUE([picker.get() sim_pickPhotoAtPath:path error:NULL]);
-  EXPECT_EQ([[taker_.get()->info.get() objectForKey:UIImagePickerControllerOriginalImage] size].width, 9);
-}
-
-TEST_F(UIImagePickerControllerTest, WhatIsNoPictureIsNotAdded) {
-  makeFolder(@"/var/mobile/Media/DCIM");
-  NSData *whole = png(64);
-  NSArray *files = @[
-    write(@"/in/text", "this is no picture"), write(@"/in/empty", ""),
-    write(@"/in/cut", [whole subdataWithRange:NSMakeRange(0, [whole length] / 2)]), path(@"/in/missing"),
-    makeFolder(@"/in/folder")
-  ];
-  for (NSString *file in files) {
-    NSError *error = nil;
-    EXPECT_OBJC_EQ([UIImagePickerController sim_addPhotoAtPath:file named:@"holiday.txt" error:&error], nil);
-    EXPECT_OBJC_EQ([error localizedDescription], @"“holiday.txt” is damaged, too large, or not a picture.");
-    EXPECT_OBJC_EQ([UIImagePickerController sim_addPhotoAtPath:file named:@"holiday.txt" error:NULL], nil);
-  }
-  EXPECT_EQ(listing(@"/var/mobile/Media/DCIM"), "");
-  EXPECT_EQ(listing(@"/in"), "cut,empty,folder,text");
-}
-
-TEST_F(UIImagePickerControllerTest, WithoutALibraryNothingIsAddedAndNoneIsMade) {
-  NSString *file = write(@"/in/a", png(2));
-  NSError *error = nil;
-  EXPECT_OBJC_EQ([UIImagePickerController sim_addPhotoAtPath:file named:@"a.png" error:&error], nil);
-  EXPECT_TRUE([[error localizedDescription] hasPrefix:@"The device has no photo library"]);
-  EXPECT_FALSE(exists(@"/var/mobile/Media"));
-  EXPECT_TRUE(exists(@"/in/a"));
-}
-
-TEST_F(UIImagePickerControllerTest, ALibraryThatTakesNothingIsSaid) {
-  write(@"/var/mobile/Media/DCIM/100APPLE", "a file in the folder's place");
-  NSString *file = write(@"/in/a", png(2));
-  NSError *error = nil;
-  EXPECT_OBJC_EQ([UIImagePickerController sim_addPhotoAtPath:file named:@"a.png" error:&error], nil);
-  EXPECT_EQ([error code], NSFileWriteUnknownError);
-  EXPECT_TRUE([[error localizedDescription] hasPrefix:@"“a.png” could not be put into the photo library: "]);
-  EXPECT_TRUE(exists(@"/in/a"));
-}
-
 TEST_F(UIImagePickerControllerTest, TheDelegateIsToldOfTheEnd) {
   const auto picker = presentedPicker();
   [picker.get() sim_cancel];

@@ -330,38 +330,4 @@ TEST_F(UIViewTests, AccessibilityTextIsCopied) {
   EXPECT_OBJC_EQ([box accessibilityIdentifier], @"id");
 }
 
-class CALayerTests : public UIViewTests {};
-
-TEST_F(CALayerTests, SharesWithItsView) {
-  UIView *box = view(0, 0, 1, 1);
-  CALayer *layer = [box layer];
-  EXPECT_OBJC_EQ([box layer], layer);
-  EXPECT_OBJC_EQ([layer delegate], box);
-  [layer setMasksToBounds:YES];
-  EXPECT_TRUE([box clipsToBounds]);
-  [layer setOpacity:0.5];
-  EXPECT_EQ([box alpha], 0.5);
-  [layer setBackgroundColor:[[UIColor redColor] CGColor]];
-  EXPECT_OBJC_EQ([box backgroundColor], [UIColor redColor]);
-  [layer setBackgroundColor:nullptr];
-  EXPECT_OBJC_EQ([box backgroundColor], nil);
-  [box setHidden:YES];
-  EXPECT_TRUE([layer isHidden]);
-}
-
-TEST_F(CALayerTests, ShadowsStartAsOnADevice) {
-  UIView *box = [[UIView alloc] init];
-  CALayer *layer = [box layer];
-  EXPECT_EQ([layer shadowOpacity], 0);
-  EXPECT_EQ([layer shadowRadius], 3);
-  EXPECT_EQ([layer shadowOffset].height, -3);
-  EXPECT_EQ(CGColorGetAlpha([layer shadowColor]), 1);
-  [layer setShadowColor:[[UIColor grayColor] CGColor]];
-  drainPool();
-  EXPECT_EQ(CGColorGetNumberOfComponents([layer shadowColor]), 2u) << "owned by the layer";
-  [layer setShadowColor:nullptr];
-  EXPECT_EQ([layer shadowColor], nullptr);
-  [box release];
-}
-
 }  // namespace

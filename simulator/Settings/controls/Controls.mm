@@ -1,0 +1,60 @@
+#import "Settings/controls/Controls.hpp"
+
+#import "Settings/AdapterTable.hpp"
+#import "Settings/controls/ControlAdapter.hpp"
+
+namespace sim {
+
+// Each stands in the file of its name.
+extern const ControlAdapter kSegmentedControl, kSlider, kSpinner, kSwitch, kTextField, kTextView;
+
+namespace {
+
+/// nullptr for a view that is no control.
+const ControlAdapter *adapterOf(UIView *view) {
+  static const AdapterTable<ControlAdapter> controls{&kSegmentedControl, &kSlider,    &kSpinner,
+                                                     &kSwitch,           &kTextField, &kTextView};
+  return controls.of(view);
+}
+
+}  // namespace
+
+UIView *findControl(UIView *view) {
+  if (adapterOf(view)) return view;
+  for (UIView *child in [view subviews]) {
+    if (UIView *found = findControl(child)) return found;
+  }
+  return nil;
+}
+
+void writeControl(JsonText &out, UIView *control, ImageStore &images) {
+  const ControlAdapter *adapter = adapterOf(control);
+  if (!adapter) return out.null();
+  out.beginObject();
+  out.name("type").string(adapter->type(control));
+  adapter->describe(out, control, images);
+  out.endObject();
+}
+
+bool writeControlValue(JsonText &out, UIView *control) {
+  const ControlAdapter *adapter = adapterOf(control);
+  return adapter && adapter->writeValue && adapter->writeValue(out, control);
+}
+
+const char *setControl(UIView *view, const Json &value, bool isFinished) {
+  UIView *control = findControl(view);
+  const ControlAdapter *adapter = adapterOf(control);
+  if (!adapter || !adapter->set) return "There is nothing to set here.";
+  if (!isFinished && !adapter->isDragged) return "Only a slider is dragged.";
+  return adapter->set(control, value, isFinished);
+}
+
+const char *pasteIntoControl(UIView *view) {
+  UIView *control = findControl(view);
+  const ControlAdapter *adapter = adapterOf(control);
+  if (!adapter || !adapter->paste) return "Nothing can be pasted here.";
+  if (![[UIPasteboard generalPasteboard] hasStrings]) return "The pasteboard is empty.";
+  return adapter->paste(control);
+}
+
+}  // namespace sim

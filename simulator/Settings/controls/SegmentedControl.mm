@@ -1,0 +1,71 @@
+#import <UIKit/UISegmentedControl+Sim.h>
+
+#import "Settings/ImageStore.hpp"
+#import "Settings/controls/ControlAdapter.hpp"
+#import "Settings/views/ImageView.hpp"
+
+namespace sim {
+namespace {
+
+std::string_view type(UIView *) { return "segmented"; }
+
+void describe(JsonText &out, UIView *view, ImageStore &images) {
+  UISegmentedControl *control = (UISegmentedControl *)view;
+  const NSUInteger count = [control numberOfSegments];
+  out.name("titles").beginArray();
+  for (NSUInteger index = 0; index < count; ++index) writeText(out, [control titleForSegmentAtIndex:index]);
+  out.endArray();
+  out.name("images").beginArray();
+  for (NSUInteger index = 0; index < count; ++index) {
+    UIImage *image = [control imageForSegmentAtIndex:index];
+    images.write(out, image, [image size], templateTint(image, [UIColor labelColor]));
+  }
+  out.endArray();
+  out.name("enabled").beginArray();
+  for (NSUInteger index = 0; index < count; ++index) out.flag([control isEnabledForSegmentAtIndex:index]);
+  out.endArray();
+  writeColor(out.name("selectedTintColor"), [control selectedSegmentTintColor]);
+  const NSInteger selected = [control selectedSegmentIndex];
+  out.name("selected");
+  if (selected < 0) return out.null();
+  out.integer(selected);
+}
+
+bool writeValue(JsonText &out, UIView *view) {
+  const NSInteger selected = [(UISegmentedControl *)view selectedSegmentIndex];
+  if (selected < 0) return false;
+  out.name("value").integer(selected);
+  return true;
+}
+
+NSInteger segmentNamed(UISegmentedControl *control, const std::string &title) {
+  for (NSUInteger index = 0; index < [control numberOfSegments]; ++index) {
+    if (title == utf8([control titleForSegmentAtIndex:index])) return static_cast<NSInteger>(index);
+  }
+  return -1;
+}
+
+/// To the number or the title of a segment.
+const char *set(UIView *view, const Json &value, bool) {
+  UISegmentedControl *control = (UISegmentedControl *)view;
+  NSInteger index = -1;
+  if (value.is_number_unsigned()) {
+    const auto wanted = value.get<std::uint64_t>();
+    if (wanted < [control numberOfSegments]) index = static_cast<NSInteger>(wanted);
+  } else if (value.is_string()) {
+    index = segmentNamed(control, value.get_ref<const std::string &>());
+  }
+  if (index < 0) return "Segments are set to the number or the title of a segment.";
+  if ([control selectedSegmentIndex] == index) return nullptr;
+  return [control sim_selectByUser:index] ? nullptr : kUnreachable;
+}
+
+}  // namespace
+
+extern const ControlAdapter kSegmentedControl{.kind = [] { return [UISegmentedControl class]; },
+                                              .type = type,
+                                              .describe = describe,
+                                              .writeValue = writeValue,
+                                              .set = set};
+
+}  // namespace sim

@@ -1,0 +1,54 @@
+#import <UIKit/UISlider+Sim.h>
+
+#import "Settings/ImageStore.hpp"
+#import "Settings/controls/ControlAdapter.hpp"
+#import "Settings/views/ImageView.hpp"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace sim {
+namespace {
+
+/// What only the steps of a drag send.
+constexpr UIControlEvents kDrags = UIControlEventTouchDragInside | UIControlEventTouchDragOutside;
+
+std::string_view type(UIView *) { return "slider"; }
+
+void describe(JsonText &out, UIView *view, ImageStore &images) {
+  UISlider *slider = (UISlider *)view;
+  out.name("min").number([slider minimumValue]);
+  out.name("max").number([slider maximumValue]);
+  out.name("followed").flag([slider isContinuous] || ([slider allControlEvents] & kDrags) != 0);
+  writeColor(out.name("minimumTrackTintColor"), [slider minimumTrackTintColor] ?: [slider tintColor]);
+  writeColor(out.name("maximumTrackTintColor"), [slider maximumTrackTintColor]);
+  writeColor(out.name("thumbTintColor"), [slider thumbTintColor]);
+  for (const auto &[name, image] :
+       {std::pair{"minimumImage", [slider minimumValueImage]}, std::pair{"maximumImage", [slider maximumValueImage]}}) {
+    images.write(out.name(name), image, [image size], templateTint(image, slider));
+  }
+}
+
+bool writeValue(JsonText &out, UIView *view) {
+  out.name("value").number([(UISlider *)view value]);
+  return true;
+}
+
+const char *set(UIView *view, const Json &value, bool isFinished) {
+  if (!value.is_number()) return "A slider is set to a number.";
+  constexpr double most = std::numeric_limits<float>::max();
+  const auto number = static_cast<float>(std::clamp(value.get<double>(), -most, most));
+  return [(UISlider *)view sim_setValueByUser:number finished:isFinished] ? nullptr : kUnreachable;
+}
+
+}  // namespace
+
+extern const ControlAdapter kSlider{.kind = [] { return [UISlider class]; },
+                                    .type = type,
+                                    .describe = describe,
+                                    .writeValue = writeValue,
+                                    .set = set,
+                                    .isDragged = true};
+
+}  // namespace sim

@@ -1,0 +1,72 @@
+#import <UIKit/UITextField+Sim.h>
+
+#import "Settings/controls/TextInput.hpp"
+#import "Settings/views/Views.hpp"
+
+#include <algorithm>
+
+namespace sim {
+namespace {
+
+std::string_view type(UIView *view) { return [(UITextField *)view isSecureTextEntry] ? "secureText" : "text"; }
+
+const char *borderName(UITextBorderStyle style) {
+  switch (style) {
+    case UITextBorderStyleLine: return "line";
+    case UITextBorderStyleBezel: return "bezel";
+    case UITextBorderStyleRoundedRect: return "roundedRect";
+    default: return "none";
+  }
+}
+
+/// Points: the font's size, or less where the field is to make its text fit.
+CGFloat shownFontSize(UITextField *field) {
+  const CGFloat size = [[field font] pointSize];
+  const CGFloat room = [field bounds].size.width;
+  if (![field adjustsFontSizeToFitWidth] || room <= 0) return size;
+  const CGFloat width = [[field text] sizeWithAttributes:@{NSFontAttributeName : [field font]}].width;
+  return width <= room ? size : std::clamp(size * room / width, std::min([field minimumFontSize], size), size);
+}
+
+/// The view beside the text, where its mode shows it: a field is edited for a moment only.
+void writeSideView(JsonText &out, UIView *view, UITextFieldViewMode mode, ImageStore &images) {
+  if (!view || mode == UITextFieldViewModeNever || mode == UITextFieldViewModeWhileEditing) return out.null();
+  writeView(out, view, images);
+}
+
+void describe(JsonText &out, UIView *view, ImageStore &images) {
+  UITextField *field = (UITextField *)view;
+  writeText(out.name("placeholder"), [field placeholder]);
+  writeInputTraits(out, field);
+  out.name("clearButton").flag([field clearButtonMode] != UITextFieldViewModeNever);
+  writeColor(out.name("textColor"), [field textColor]);
+  out.name("alignment").string(alignmentName([field textAlignment]));
+  out.name("fontSize").number(shownFontSize(field));
+  out.name("border").string(borderName([field borderStyle]));
+  writeSideView(out.name("leftView"), [field leftView], [field leftViewMode], images);
+  writeSideView(out.name("rightView"), [field rightView], [field rightViewMode], images);
+}
+
+bool writeValue(JsonText &out, UIView *view) {
+  writeText(out, "value", [(UITextField *)view text] ?: @"");
+  return true;
+}
+
+const char *set(UIView *view, const Json &value, bool) {
+  NSString *text = nil;
+  if (const char *problem = textToEnter(value, &text)) return problem;
+  return [(UITextField *)view sim_enterText:text] ? nullptr : kUnreachable;
+}
+
+const char *paste(UIView *view) { return [(UITextField *)view sim_pasteByUser] ? nullptr : kUnreachable; }
+
+}  // namespace
+
+extern const ControlAdapter kTextField{.kind = [] { return [UITextField class]; },
+                                       .type = type,
+                                       .describe = describe,
+                                       .writeValue = writeValue,
+                                       .set = set,
+                                       .paste = paste};
+
+}  // namespace sim

@@ -1,0 +1,24 @@
+// A page that is presented over the others: any controller of no kind of its own.
+#import "Settings/presented/PresentedAdapter.hpp"
+
+namespace sim {
+namespace {
+
+void describe(JsonText &out, UIViewController *presented, std::uint32_t, ImageStore &) {
+  out.name("kind").string("page");
+  writeText(out.name("title"), [presented title] ?: NSStringFromClass([presented class]));
+  out.name("items").beginArray();
+  out.endArray();
+}
+
+EventResult dismiss(UIViewController *presented) {
+  [presented dismissViewControllerAnimated:YES completion:nil];
+  return {};
+}
+
+}  // namespace
+
+extern const PresentedAdapter kPage{
+    .kind = [] { return [UIViewController class]; }, .describe = describe, .dismiss = dismiss};
+
+}  // namespace sim

@@ -1,0 +1,20 @@
+import { html } from '/modules/htm-preact.mjs';
+import { useField } from '/phone/controls/textInput.js';
+import { InlineView } from '/phone/views/CustomViews.js';
+
+/** One line of text, sent by the Return key or when the field is left; Escape takes the change back. */
+function TextField({ row, name }) {
+  const { attributes, draft } = useField(row, name);
+  const { type, border, leftView, rightView } = row.control;
+  const onKeyDown = (event) => {
+    if (event.key === 'Enter') draft.commit();
+    attributes.onKeyDown(event);
+  };
+  return html`
+    ${leftView && html`<${InlineView} view=${leftView} on="cell" name="field-view" />`}
+    <input ...${attributes} type=${type === 'secureText' ? 'password' : 'text'} class="text-field"
+      data-border=${border ?? 'none'} autocomplete="off" onKeyDown=${onKeyDown} />
+    ${rightView && html`<${InlineView} view=${rightView} on="cell" name="field-view" />`}`;
+}
+
+export const textField = { Content: TextField };

@@ -1,0 +1,42 @@
+import { useContext } from '/modules/htm-preact.mjs';
+import { cssTextColor, paintedOver } from '/colors.js';
+import { takeLongPaste } from '/longText.js';
+import { useDraft } from '/phone/draft.js';
+import { alignments } from '/phone/look.js';
+import { cellBackground } from '/phone/surfaces.js';
+import { SessionContext } from '/session.js';
+
+const plainSize = 17;
+const returnKeys = { return: 'enter', go: 'go', next: 'next', search: 'search', send: 'send', done: 'done' };
+
+/** What both kinds of field share: the text under edit, and the attributes of the element that shows it. */
+export function useField(row, name) {
+  const session = useContext(SessionContext);
+  const draft = useDraft(String(row.value ?? ''), (text) => session.set(row.id, text));
+  // Of a text too long to be shown whole, only its replacement can be sent.
+  const isBeginning = row.valueLength !== undefined;
+  const onKeyDown = (event) => {
+    if (event.key === 'Escape') draft.reset();
+    if (isBeginning && (event.key === 'Backspace' || event.key === 'Delete')) session.set(row.id, '');
+  };
+  const { control } = row;
+  const attributes = {
+    'data-part': 'main', 'data-own-keys': true, 'aria-label': name, placeholder: control.placeholder ?? '',
+    'aria-description': row.accessibilityHint || undefined, inputmode: control.keyboard ?? 'text',
+    autocapitalize: control.autocapitalization ?? 'none', autocorrect: control.autocorrection ? 'on' : 'off',
+    enterkeyhint: returnKeys[control.returnKey], spellcheck: control.spellChecking === true, style: styleOf(row),
+    value: draft.text, disabled: row.enabled === false, readOnly: isBeginning,
+    onInput: draft.input, onBlur: draft.commit, onKeyDown,
+    onPaste: (event) => takeLongPaste(event, (text) => session.set(row.id, text)),
+  };
+  return { attributes, draft };
+}
+
+/** A colour, a size and an alignment of the bundle's own. */
+function styleOf({ control, backgroundColor, enabled }) {
+  const ground = paintedOver(cellBackground, backgroundColor);
+  return {
+    color: enabled === false ? undefined : cssTextColor(control.textColor, ground), textAlign: alignments[control.alignment],
+    fontSize: (control.fontSize ?? plainSize) === plainSize ? undefined : `${control.fontSize}px`,
+  };
+}

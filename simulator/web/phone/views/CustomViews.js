@@ -1,0 +1,70 @@
+import { html } from '/modules/htm-preact.mjs';
+import { cssColor, paintedOver } from '/colors.js';
+import { layerStyle } from '/phone/look.js';
+import { Border } from '/phone/RowPicture.js';
+import { cellBackground, pageBackground } from '/phone/surfaces.js';
+import { ImageView } from '/phone/views/ImageView.js';
+import { Label } from '/phone/views/Label.js';
+import { ScrollView } from '/phone/views/ScrollView.js';
+
+/** What views of a `type` show behind the views in them, which are their children. */
+const contents = { label: Label, image: ImageView, scroll: ScrollView };
+
+const grounds = { cell: cellBackground, page: pageBackground };
+
+/**
+ * Views with frames of their own, in points from the top left corner. `on` is what they lie on: "cell", "page", or the
+ * `{light, dark}` of a colour.
+ */
+export function CustomViews({ views, on }) {
+  const background = grounds[on] ?? on;
+  return html`
+    <span class="views">
+      ${views.map((view, at) => html`<${View} key=${at} view=${view} background=${background} />`)}
+    </span>`;
+}
+
+/** One view where a line of text or a button would stand, with its own size. */
+export function InlineView({ view, on, name }) {
+  const [, , width, height] = view.frame;
+  return html`
+    <span class=${name} style=${{ position: 'relative', flex: 'none', width: `${width}px`, height: `${height}px` }}>
+      <${CustomViews} views=${[{ ...view, frame: [0, 0, width, height] }]} on=${on} />
+    </span>`;
+}
+
+/** All texts in a view, as what names it. */
+export function textOf(view) {
+  return [view.accessibilityLabel || view.text, ...(view.views ?? []).map(textOf)].filter(Boolean).join(' ');
+}
+
+/** `isDepicted`: the view is part of one that is told as a whole, so a picture, and its texts keep their colours. */
+function View({ view, background, isDepicted }) {
+  if (view.hidden) return null;
+  const [x, y, width, height] = view.frame;
+  const below = paintedOver(background, view.backgroundColor);
+  const style = {
+    left: `${x}px`, top: `${y}px`, width: `${width}px`, height: `${height}px`,
+    backgroundColor: cssColor(view.backgroundColor), opacity: view.alpha ?? undefined,
+    ...layerStyle(view.layer, view.clips),
+  };
+  const names = namesOf(view);
+  const Content = contents[view.type];
+  const depicts = isDepicted || Boolean(names.role);
+  const children = (view.views ?? []).map((child, at) => html`
+    <${View} key=${at} view=${child} background=${below} isDepicted=${depicts} />`);
+  return html`
+    <span class="view" data-identifier=${view.accessibilityIdentifier ?? undefined} style=${style} ...${names}>
+      ${Content
+        ? html`<${Content} view=${view} background=${below} isDepicted=${isDepicted}>${children}<//>`
+        : children}
+      <${Border} layer=${view.layer} />
+    </span>`;
+}
+
+/** What an assistive technology is told of a view that the bundle made an element of its own. */
+function namesOf(view) {
+  if (!view.isAccessibilityElement || !view.accessibilityLabel) return {};
+  const name = [view.accessibilityLabel, view.accessibilityValue].filter(Boolean).join(', ');
+  return { role: 'img', 'aria-label': name, 'aria-description': view.accessibilityHint ?? undefined };
+}

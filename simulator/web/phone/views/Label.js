@@ -1,0 +1,16 @@
+import { html } from '/modules/htm-preact.mjs';
+import { cssColor, cssTextColor } from '/colors.js';
+import { alignments, textShadow } from '/phone/look.js';
+
+const largeText = 24;
+
+/** The text's colour is kept legible on `background`, unless the text is part of a picture. */
+export function Label({ view, background, isDepicted, children }) {
+  const size = view.fontSize ?? 17;
+  const style = {
+    fontSize: `${size}px`, fontWeight: view.fontWeight ?? undefined, textAlign: alignments[view.alignment],
+    color: isDepicted ? cssColor(view.color) : cssTextColor(view.color, background, size >= largeText),
+    textShadow: textShadow(view.textShadow), whiteSpace: view.lines === 1 ? 'nowrap' : undefined,
+  };
+  return html`${view.text && html`<span class="view-label" style=${style}><span>${view.text}</span></span>`}${children}`;
+}

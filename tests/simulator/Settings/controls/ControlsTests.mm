@@ -1,0 +1,79 @@
+// What all controls in rows have in common.
+#import <UIKit/UIPasteboard+Sim.h>
+
+#include "simulator/Settings/SessionTest.h"
+
+/// A switch of an app's own.
+@interface OwnSwitch : UISwitch
+@end
+
+@implementation OwnSwitch
+@end
+
+namespace {
+
+class ControlsTest : public SessionTest {};
+
+TEST_F(ControlsTest, OnlyASliderIsDragged) {
+  UISwitch *control = [[[UISwitch alloc] initWithFrame:CGRectZero] autorelease];
+  startControl(control);
+  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", true}, {"finished", false}}, 422);
+  EXPECT_FALSE([control isOn]);
+}
+
+TEST_F(ControlsTest, DisabledControlsAreLeftAlone) {
+  UISwitch *control = [[[UISwitch alloc] initWithFrame:CGRectZero] autorelease];
+  [control setEnabled:NO];
+  ControlPage *page = startControl(control);
+  EXPECT_EQ(row(0, 0)["enabled"], false);
+  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", true}}, 422);
+  EXPECT_EQ(calls(page), "");
+}
+
+TEST_F(ControlsTest, ARowWithoutAControlCannotBeSet) {
+  startList(@[ @[ @"a" ] ]);
+  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", true}}, 422);
+}
+
+TEST_F(ControlsTest, AControlIsWorkedThoughARowStandsOpen) {
+  const auto control = objcxx::adopt([[UISwitch alloc] init]);
+  startControl(control.get());
+  EXPECT_EQ(send({{"type", "swipe"}, {"id", rowId(0, 0)}}), 200);
+  expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, 422);
+  EXPECT_EQ(row(0, 0)["swipeOpen"], true);
+  EXPECT_EQ(set(rowId(0, 0), true), 200);
+  EXPECT_TRUE([control.get() isOn]);
+  EXPECT_EQ(row(0, 0)["swipeOpen"], false);
+}
+
+TEST_F(ControlsTest, OnlyFieldsTakeThePasteboard) {
+  UISwitch *control = [[[UISwitch alloc] init] autorelease];
+  startControl(control);
+  [[UIPasteboard generalPasteboard] sim_setStringFromOutside:@"x"];
+  expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, 422);
+}
+
+TEST_F(ControlsTest, AControlOfAnAppsOwnIsWhatItsSuperclassIs) {
+  OwnSwitch *control = [[[OwnSwitch alloc] initWithFrame:CGRectZero] autorelease];
+  ASSERT_EQ(controlOf(control)["type"], "switch");
+  EXPECT_EQ(set(rowId(0, 0), true), 200);
+  EXPECT_TRUE([control isOn]);
+}
+
+TEST_F(ControlsTest, TheControlIsFoundBelowTheAccessoryView) {
+  const auto holder = view(80, 40);
+  UISwitch *control = [[[UISwitch alloc] initWithFrame:CGRectZero] autorelease];
+  [holder.get() addSubview:[[[UILabel alloc] initWithFrame:CGRectZero] autorelease]];
+  [holder.get() addSubview:control];
+  EXPECT_EQ(controlOf(holder.get())["type"], "switch");
+  EXPECT_EQ(set(rowId(0, 0), true), 200);
+  EXPECT_TRUE([control isOn]);
+}
+
+TEST_F(ControlsTest, AButtonAndALabelAreNoControls) {
+  EXPECT_TRUE(controlOf([UIButton buttonWithType:UIButtonTypeSystem]).is_null());
+  EXPECT_TRUE(controlOf([[[UILabel alloc] initWithFrame:CGRectZero] autorelease]).is_null());
+  EXPECT_TRUE(row(0, 0)["value"].is_null());
+}
+
+}  // namespace

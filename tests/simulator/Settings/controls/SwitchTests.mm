@@ -1,0 +1,33 @@
+// A switch in a row: its look, its value, setting it.
+#include "simulator/Settings/SessionTest.h"
+
+namespace {
+
+class SwitchTest : public SessionTest {};
+
+TEST_F(SwitchTest, aSwitchHasItsTints) {
+  const auto control = objcxx::adopt([[UISwitch alloc] initWithFrame:CGRectZero]);
+  EXPECT_EQ(controlOf(control.get()),
+            Json({{"type", "switch"}, {"onTintColor", nullptr}, {"thumbTintColor", nullptr}}));
+  [control.get() setOnTintColor:[UIColor redColor]];
+  [control.get() setThumbTintColor:[UIColor greenColor]];
+  EXPECT_EQ(controlOf(control.get()),
+            Json({{"type", "switch"}, {"onTintColor", "#ff0000ff"}, {"thumbTintColor", "#00ff00ff"}}));
+}
+
+TEST_F(SwitchTest, SwitchesTakeTruthValues) {
+  UISwitch *control = [[[UISwitch alloc] initWithFrame:CGRectZero] autorelease];
+  ControlPage *page = startControl(control);
+  EXPECT_EQ(row(0, 0)["control"]["type"], "switch");
+  EXPECT_EQ(row(0, 0)["value"], false);
+  for (const Json &wrong : {Json(1), Json("true"), Json(), Json::array({true}), Json::object()}) {
+    expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", wrong}}, 422);
+  }
+  EXPECT_EQ(set(rowId(0, 0), true), 200);
+  EXPECT_TRUE([control isOn]);
+  EXPECT_EQ(row(0, 0)["value"], true);
+  EXPECT_EQ(set(rowId(0, 0), true), 200);
+  EXPECT_EQ(calls(page), "changed");
+}
+
+}  // namespace

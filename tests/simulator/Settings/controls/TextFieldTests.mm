@@ -1,0 +1,102 @@
+// A text field in a row: its look, its value, entering and pasting a text.
+#import <UIKit/UIPasteboard+Sim.h>
+
+#include "simulator/Settings/SessionTest.h"
+
+namespace {
+
+class TextFieldTest : public SessionTest {};
+
+TEST_F(TextFieldTest, aFieldHasItsKeyboardColourAlignmentAndSideViews) {
+  const auto field = objcxx::adopt([[UITextField alloc] initWithFrame:CGRectMake(0, 0, 60, 30)]);
+  [field.get() setAutocapitalizationType:UITextAutocapitalizationTypeWords];
+  [field.get() setAutocorrectionType:UITextAutocorrectionTypeNo];
+  [field.get() setSpellCheckingType:UITextSpellCheckingTypeYes];
+  [field.get() setReturnKeyType:UIReturnKeySearch];
+  [field.get() setTextColor:[UIColor redColor]];
+  [field.get() setTextAlignment:NSTextAlignmentRight];
+  [field.get() setBorderStyle:UITextBorderStyleRoundedRect];
+  [field.get() setLeftView:view(10, 12).get()];
+  [field.get() setRightView:view(14, 12).get()];
+  [field.get() setRightViewMode:UITextFieldViewModeAlways];
+  const Json described = controlOf(field.get());
+  EXPECT_EQ(described["autocapitalization"], "words");
+  EXPECT_EQ(described["autocorrection"], false);
+  EXPECT_EQ(described["spellChecking"], true);
+  EXPECT_EQ(described["returnKey"], "search");
+  EXPECT_EQ(described["textColor"], "#ff0000ff");
+  EXPECT_EQ(described["alignment"], "right");
+  EXPECT_EQ(described["border"], "roundedRect");
+  EXPECT_TRUE(described["leftView"].is_null()) << "its mode is never";
+  EXPECT_EQ(described["rightView"]["frame"][2], 14);
+  [field.get() setLeftViewMode:UITextFieldViewModeUnlessEditing];
+  EXPECT_EQ(controlOf(field.get())["leftView"]["frame"][2], 10);
+}
+
+TEST_F(TextFieldTest, aFieldMakesItsTextFitDownToItsLeastSize) {
+  const auto field = objcxx::adopt([[UITextField alloc] initWithFrame:CGRectMake(0, 0, 60, 30)]);
+  [field.get() setText:@"A text that needs more than sixty points"];
+  EXPECT_EQ(controlOf(field.get())["fontSize"], 17);
+  [field.get() setAdjustsFontSizeToFitWidth:YES];
+  [field.get() setMinimumFontSize:9];
+  EXPECT_EQ(controlOf(field.get())["fontSize"], 9);
+}
+
+TEST_F(TextFieldTest, TextFieldsTakeAnyText) {
+  UITextField *control = [[[UITextField alloc] initWithFrame:CGRectMake(0, 0, 100, 30)] autorelease];
+  startControl(control);
+  for (const Json &wrong : {Json(2), Json(true), Json()}) {
+    expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", wrong}}, 422);
+  }
+  for (const std::string &text : {std::string("plain"), std::string("\"\\\t\x01"), std::string("a\0b", 3),
+                                  std::string("\xf0\x9f\x98\x80"), std::string(300000, 'x'), std::string()}) {
+    EXPECT_EQ(set(rowId(0, 0), text), 200);
+    EXPECT_EQ([[control text] lengthOfBytesUsingEncoding:NSUTF8StringEncoding], text.size());
+    EXPECT_TRUE(row(0, 0)["value"] == text.substr(0, 65'536));
+  }
+  EXPECT_FALSE(row(0, 0).contains("valueLength"));
+}
+
+TEST_F(TextFieldTest, AFieldTakesThePasteboard) {
+  UITextField *control = [[[UITextField alloc] initWithFrame:CGRectMake(0, 0, 100, 30)] autorelease];
+  startControl(control);
+  [[UIPasteboard generalPasteboard] sim_setStringFromOutside:@"two"];
+  EXPECT_EQ(set(rowId(0, 0), "one "), 200);
+  EXPECT_EQ(send({{"type", "paste"}, {"id", rowId(0, 0)}}), 200);
+  EXPECT_OBJC_EQ([control text], @"one two");
+  [control setEnabled:NO];
+  session().refresh();
+  expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, 422);
+  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", "x"}}, 422);
+  EXPECT_EQ(reply["error"], "This control is disabled.");
+}
+
+TEST_F(TextFieldTest, ASecretFieldIsOfATypeOfItsOwn) {
+  UITextField *control = [[[UITextField alloc] initWithFrame:CGRectMake(0, 0, 100, 30)] autorelease];
+  [control setPlaceholder:@"Password"];
+  EXPECT_EQ(controlOf(control)["type"], "text");
+  [control setSecureTextEntry:YES];
+  [control setClearButtonMode:UITextFieldViewModeAlways];
+  EXPECT_EQ(controlOf(control)["type"], "secureText");
+  EXPECT_EQ(row(0, 0)["control"]["placeholder"], "Password");
+  EXPECT_EQ(row(0, 0)["control"]["clearButton"], true);
+}
+
+TEST_F(TextFieldTest, TheKeyboardsHaveNames) {
+  UITextField *control = [[[UITextField alloc] initWithFrame:CGRectMake(0, 0, 100, 30)] autorelease];
+  const std::pair<UIKeyboardType, const char *> names[] = {
+      {UIKeyboardTypeDefault, "text"},
+      {UIKeyboardTypeNumberPad, "numeric"},
+      {UIKeyboardTypeNumbersAndPunctuation, "numeric"},
+      {UIKeyboardTypeDecimalPad, "decimal"},
+      {UIKeyboardTypePhonePad, "tel"},
+      {UIKeyboardTypeURL, "url"},
+      {UIKeyboardTypeEmailAddress, "email"},
+  };
+  for (const auto &[type, name] : names) {
+    [control setKeyboardType:type];
+    EXPECT_EQ(controlOf(control)["keyboard"], name);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,171 @@
+// Alerts and action sheets: shown, answered, their fields edited, dismissed.
+#import <UIKit/UIPasteboard+Sim.h>
+
+#include "simulator/Settings/SessionTest.h"
+
+namespace {
+
+class AlertTest : public SessionTest {
+ protected:
+  UIAlertController *presentAlert(ListPage *page, UIAlertControllerStyle style = UIAlertControllerStyleAlert) {
+    UIAlertController *alert = [UIAlertController alertControllerWithTitle:@"Sure?"
+                                                                   message:@"Really"
+                                                            preferredStyle:style];
+    [alert addAction:[UIAlertAction actionWithTitle:@"Do"
+                                              style:UIAlertActionStyleDestructive
+                                            handler:^(UIAlertAction *) {
+                                              [page->calls.get() addObject:@"do"];
+                                            }]];
+    [alert addAction:[UIAlertAction actionWithTitle:@"Cancel"
+                                              style:UIAlertActionStyleCancel
+                                            handler:^(UIAlertAction *) {
+                                              [page->calls.get() addObject:@"cancel"];
+                                            }]];
+    if (style == UIAlertControllerStyleAlert) {
+      [alert addTextFieldWithConfigurationHandler:^(UITextField *field) {
+        [field setPlaceholder:@"Name"];
+      }];
+    }
+    [page presentViewController:alert animated:YES completion:nil];
+    session().refresh();
+    return alert;
+  }
+  std::string actionId(std::size_t index) { return screen()["alert"]["actions"][index].value("id", ""); }
+};
+
+TEST_F(AlertTest, AnAlertCoversThePage) {
+  ListPage *page = startList(@[ @[ @"a", @"b" ] ]);
+  [page setEditing:YES animated:NO];
+  session().refresh();
+  const std::string covered = rowId(0, 0);
+  presentAlert(page);
+  expectRefused({{"type", "tap"}, {"id", covered}}, 404);
+  expectRefused({{"type", "set"}, {"id", covered}, {"value", true}}, 404);
+  expectRefused({{"type", "swipe"}, {"id", covered}}, 404);
+  expectRefused({{"type", "move"}, {"from", {0, 0}}, {"to", {0, 1}}}, 404);
+  expectRefused({{"type", "pick"}, {"path", "/a"}}, 422);
+  EXPECT_EQ(calls(page), "");
+}
+
+TEST_F(AlertTest, ActionsOfAlertsRunAndTheAlertGoes) {
+  ListPage *page = startList(@[ @[ @"a" ] ]);
+  presentAlert(page);
+  const Json alert = screen()["alert"];
+  EXPECT_EQ(alert["title"], "Sure?");
+  EXPECT_EQ(alert["message"], "Really");
+  EXPECT_EQ(alert["style"], "alert");
+  EXPECT_EQ(alert["actions"][0]["style"], "destructive");
+  EXPECT_EQ(alert["actions"][1]["style"], "cancel");
+  const std::string first = actionId(0);
+  expectRefused({{"type", "tap"}, {"id", first.substr(0, first.size() - 1) + "2"}}, 404);
+  EXPECT_EQ(tap(first), 200);
+  EXPECT_EQ(calls(page), "do");
+  EXPECT_TRUE(screen()["alert"].is_null());
+  expectRefused({{"type", "tap"}, {"id", first}}, 404);
+
+  presentAlert(page);
+  EXPECT_NE(actionId(0), first);  // Another alert has other ids.
+}
+
+TEST_F(AlertTest, DisabledActionsAreRefused) {
+  ListPage *page = startList(@[ @[ @"a" ] ]);
+  UIAlertController *alert = presentAlert(page);
+  [[[alert actions] objectAtIndex:0] setEnabled:NO];
+  session().refresh();
+  EXPECT_EQ(screen()["alert"]["actions"][0]["enabled"], false);
+  expectRefused({{"type", "tap"}, {"id", actionId(0)}}, 422);
+}
+
+TEST_F(AlertTest, ThePasteboardIsPastedIntoFields) {
+  ListPage *page = startList(@[ @[ @"a" ] ]);
+  presentAlert(page);
+  const std::string field = screen()["alert"]["fields"][0]["id"];
+  [[UIPasteboard generalPasteboard] sim_setStringFromOutside:nil];
+  expectRefused({{"type", "paste"}, {"id", field}}, 422);
+  [[UIPasteboard generalPasteboard] sim_setStringFromOutside:@"Zoé"];
+  EXPECT_EQ(set(field, "I am "), 200);
+  EXPECT_EQ(send({{"type", "paste"}, {"id", field}}), 200);
+  EXPECT_EQ(screen()["alert"]["fields"][0]["value"], "I am Zoé");
+  expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, 404);
+  expectRefused({{"type", "paste"}}, 400);
+  expectRefused({{"type", "paste"}, {"id", actionId(0)}}, 404);
+}
+
+TEST_F(AlertTest, OfALongTextTheScreenHasTheBeginning) {
+  ListPage *page = startList(@[ @[ @"a" ] ]);
+  UIAlertController *alert = presentAlert(page);
+  const std::string field = screen()["alert"]["fields"][0]["id"];
+  const std::string longest(65'536, 'x');
+  EXPECT_EQ(set(field, longest), 200);
+  EXPECT_TRUE(screen()["alert"]["fields"][0]["value"] == longest);
+  EXPECT_FALSE(screen()["alert"]["fields"][0].contains("valueLength"));
+  EXPECT_EQ(set(field, longest + "y"), 200);
+  EXPECT_TRUE(screen()["alert"]["fields"][0]["value"] == longest);
+  EXPECT_EQ(screen()["alert"]["fields"][0]["valueLength"], 65'537);
+  EXPECT_EQ([[[[alert textFields] objectAtIndex:0] text] length], 65'537u) << "the field itself has it all";
+  // The surrogate pair that stands across the limit goes as a whole.
+  EXPECT_EQ(set(field, longest.substr(1) + "\U0001F600"), 200);
+  EXPECT_TRUE(screen()["alert"]["fields"][0]["value"] == longest.substr(1));
+  EXPECT_EQ(screen()["alert"]["fields"][0]["valueLength"], 65'537);
+}
+
+TEST_F(AlertTest, FieldsOfAlertsAreSet) {
+  ListPage *page = startList(@[ @[ @"a" ] ]);
+  UIAlertController *alert = presentAlert(page);
+  const Json field = screen()["alert"]["fields"][0];
+  EXPECT_EQ(field["placeholder"], "Name");
+  EXPECT_EQ(field["value"], "");
+  EXPECT_EQ(set(field["id"], "Zoé"), 200);
+  EXPECT_EQ(screen()["alert"]["fields"][0]["value"], "Zoé");
+  EXPECT_OBJC_EQ([[[alert textFields] objectAtIndex:0] text], @"Zoé");
+  expectRefused({{"type", "set"}, {"id", field["id"]}, {"value", 3}}, 422);
+  expectRefused({{"type", "set"}, {"id", field["id"].get<std::string>() + "1"}, {"value", "x"}}, 404);
+  expectRefused({{"type", "tap"}, {"id", field["id"]}}, 404);
+}
+
+TEST_F(AlertTest, DismissCancels) {
+  ListPage *page = startList(@[ @[ @"a" ] ]);
+  expectRefused({{"type", "dismiss"}}, 422);
+  presentAlert(page);
+  EXPECT_EQ(send({{"type", "dismiss"}}), 200);
+  presentAlert(page, UIAlertControllerStyleActionSheet);
+  EXPECT_EQ(screen()["alert"]["style"], "actionSheet");
+  EXPECT_EQ(send({{"type", "dismiss"}}), 200);
+  EXPECT_EQ(calls(page), "cancel,cancel");
+
+  PlainPage *plain = [[[PlainPage alloc] init] autorelease];
+  [plain setTitle:@"Over"];
+  [page presentViewController:plain animated:YES completion:nil];
+  session().refresh();
+  EXPECT_EQ(screen()["sheet"]["kind"], "page");
+  EXPECT_EQ(screen()["sheet"]["title"], "Over");
+  expectRefused({{"type", "tap"}, {"id", rowId(0, 0)}}, 404);
+  EXPECT_EQ(send({{"type", "dismiss"}}), 200);
+  EXPECT_TRUE(screen()["sheet"].is_null());
+}
+
+TEST_F(AlertTest, AnAlertWithoutACancelActionCannotBeDismissed) {
+  ListPage *page = startList(@[ @[ @"a" ] ]);
+  UIAlertController *alert = [UIAlertController alertControllerWithTitle:@"x"
+                                                                 message:nil
+                                                          preferredStyle:UIAlertControllerStyleAlert];
+  [alert addAction:[UIAlertAction actionWithTitle:@"OK" style:UIAlertActionStyleDefault handler:nil]];
+  [page presentViewController:alert animated:YES completion:nil];
+  session().refresh();
+  expectRefused({{"type", "dismiss"}}, 422);
+}
+
+TEST_F(AlertTest, AnActionSheetAndTheStylesOfActionsAreNamed) {
+  ListPage *page = startList(@[ @[ @"a" ] ]);
+  UIAlertController *alert = presentAlert(page, UIAlertControllerStyleActionSheet);
+  [alert addAction:[UIAlertAction actionWithTitle:@"Plain" style:UIAlertActionStyleDefault handler:nil]];
+  session().refresh();
+  EXPECT_EQ(screen()["alert"]["style"], "actionSheet");
+  EXPECT_EQ(screen()["alert"]["actions"][2]["style"], "default");
+  EXPECT_EQ(screen()["alert"]["actions"][2]["preferred"], false);
+  EXPECT_EQ(screen()["alert"]["fields"], Json::array());
+  EXPECT_TRUE(screen()["alert"]["anchor"].is_null());
+  EXPECT_TRUE(screen()["sheet"].is_null());
+}
+
+}  // namespace

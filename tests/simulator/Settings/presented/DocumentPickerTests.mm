@@ -1,0 +1,121 @@
+// The document picker over the automation interface: files of the device, and of the computer.
+#import <UIKit/UIKit.h>
+
+#include "simulator/Settings/SessionTest.h"
+
+/// Notes what it was given.
+@interface FileReceiver : NSObject <UIDocumentPickerDelegate> {
+ @public
+  objcxx::Retained<NSURL> url;
+  int cancels;
+}
+@end
+
+@implementation FileReceiver
+- (void)documentPickerWasCancelled:(UIDocumentPickerViewController *)picker {
+  ++cancels;
+}
+- (void)documentPicker:(UIDocumentPickerViewController *)picker didPickDocumentAtURL:(NSURL *)given {
+  url = objcxx::share(given);
+}
+@end
+
+namespace {
+
+class DocumentPickerTest : public SessionTest {
+ protected:
+  void SetUp() override {
+    SessionTest::SetUp();
+    list_ = startList(@[ @[ @"a" ] ]);
+  }
+  void pickDocument() {
+    UIDocumentPickerViewController *picker =
+        [[[UIDocumentPickerViewController alloc] initWithDocumentTypes:@[ @"public.data" ]
+                                                                inMode:UIDocumentPickerModeImport] autorelease];
+    [picker setDelegate:receiver_.get()];
+    present(list_, picker);
+  }
+  NSString *upload(std::string_view content) { return write(@"/.simulator/uploads/1", content); }
+  /// The status; the answer is in `reply`.
+  int pickFile(NSString *file, const Json &more) {
+    Json request = more;
+    if (file) request["file"] = [file UTF8String];
+    const sim::Reply answer = session().pickFile(request);
+    reply = Json::parse(answer.body, nullptr, false);
+    return answer.status;
+  }
+  Json item(std::size_t index) { return screen()["sheet"]["items"][index]; }
+  NSString *pickedName() { return [[receiver_.get()->url.get() path] lastPathComponent]; }
+
+  ListPage *list_ = nil;  // Not owned.
+  objcxx::Retained<FileReceiver> receiver_ = objcxx::adopt([[FileReceiver alloc] init]);
+};
+
+TEST_F(DocumentPickerTest, TheFilesOfTheDeviceAreListedAndPicked) {
+  write(@"/var/mobile/Documents/a/Dark.plist", "<plist/>");
+  write(@"/var/mobile/Documents/b.txt", "b");
+  pickDocument();
+  EXPECT_EQ(screen()["sheet"]["kind"], "documents");
+  EXPECT_EQ(screen()["sheet"]["title"], "Files");
+  ASSERT_EQ(screen()["sheet"]["items"].size(), 2u);
+  EXPECT_EQ(item(0)["title"], "Dark.plist");
+  EXPECT_EQ(item(0)["path"], "a/Dark.plist");
+  EXPECT_TRUE(item(0)["image"].is_null()) << "documents are no pictures";
+  std::string beyond = item(1).value("id", "");
+  beyond.back() = '2';
+  expectRefused({{"type", "tap"}, {"id", beyond}}, 404);
+  expectRefused({{"type", "pick"}, {"path", "c.txt"}}, 422);
+  EXPECT_EQ(reply["error"], "There is no such file on the device.");
+  EXPECT_EQ(tap(item(1)["id"]), 200);
+  EXPECT_OBJC_EQ(pickedName(), @"b.txt");
+  pickDocument();
+  EXPECT_EQ(send({{"type", "pick"}, {"path", "a/Dark.plist"}}), 200);
+  EXPECT_OBJC_EQ(pickedName(), @"Dark.plist");
+  EXPECT_TRUE(screen()["sheet"].is_null());
+}
+
+TEST_F(DocumentPickerTest, DismissingItCancels) {
+  pickDocument();
+  const Json colour{{"type", "set"}, {"id", "color2"}, {"value", "#ff0000"}};
+  expectRefused(colour, 404);
+  EXPECT_EQ(send({{"type", "dismiss"}}), 200);
+  EXPECT_EQ(receiver_.get()->cancels, 1);
+  EXPECT_TRUE(screen()["sheet"].is_null());
+}
+
+TEST_F(DocumentPickerTest, AFileOfTheComputerIsPickedUnderItsName) {
+  pickDocument();
+  EXPECT_EQ(pickFile(upload("content"), {{"name", "Dark.plist"}}), 200);
+  EXPECT_EQ(reply, screen());
+  EXPECT_EQ(reply["sheet"], nullptr);
+  EXPECT_OBJC_EQ([[receiver_.get()->url.get() path] lastPathComponent], @"Dark.plist");
+  EXPECT_OBJC_EQ([NSString stringWithContentsOfFile:[receiver_.get()->url.get() path]], @"content");
+}
+
+TEST_F(DocumentPickerTest, WithoutADocumentPickerNoFileIsPicked) {
+  EXPECT_EQ(pickFile(upload("x"), {{"name", "a"}}), 422);
+  makeFolder(@"/var/mobile/Media/DCIM");
+  present(list_, [[[UIImagePickerController alloc] init] autorelease]);
+  EXPECT_EQ(pickFile(upload("x"), {{"name", "a"}}), 422);
+  EXPECT_EQ(screen()["sheet"]["kind"], "photos");
+  EXPECT_FALSE(exists(@"/var/mobile/tmp"));
+}
+
+TEST_F(DocumentPickerTest, AFileForAnotherRevisionIsRefused) {
+  pickDocument();
+  const auto revision = session().revision();
+  EXPECT_EQ(pickFile(upload("x"), {{"name", "a"}, {"revision", revision + 1}}), 409);
+  EXPECT_OBJC_EQ(receiver_.get()->url.get(), nil);
+  EXPECT_EQ(pickFile(upload("x"), {{"name", "a"}, {"revision", revision}}), 200);
+}
+
+TEST_F(DocumentPickerTest, AFileWithoutAUsableNameIsRefused) {
+  pickDocument();
+  EXPECT_EQ(pickFile(upload("x"), Json::object()), 400);
+  EXPECT_EQ(pickFile(nil, {{"name", "a"}}), 400);
+  for (const char *name : {"..", "a/b", ""}) EXPECT_GE(pickFile(upload("x"), {{"name", name}}), 400) << name;
+  EXPECT_OBJC_EQ(receiver_.get()->url.get(), nil);
+  EXPECT_EQ(screen()["sheet"]["kind"], "documents");
+}
+
+}  // namespace

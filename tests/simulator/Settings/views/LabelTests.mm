@@ -1,0 +1,44 @@
+// How labels are described.
+#include "simulator/Settings/SessionTest.h"
+
+namespace {
+
+class LabelTest : public SessionTest {};
+
+TEST_F(LabelTest, aLabelIsDrawnInTheColourOfItsState) {
+  const auto label = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectMake(0, 0, 100, 20)]);
+  [label.get() setText:@"Text"];
+  [label.get() setTextColor:[UIColor redColor]];
+  [label.get() setHighlightedTextColor:[UIColor greenColor]];
+  EXPECT_EQ(describedView(label.get())["color"], "#ff0000ff");
+  [label.get() setHighlighted:YES];
+  EXPECT_EQ(describedView(label.get())["color"], "#00ff00ff");
+  [label.get() setHighlighted:NO];
+  [label.get() setEnabled:NO];
+  EXPECT_EQ(describedView(label.get())["color"], "#ff000066");
+}
+
+TEST_F(LabelTest, aLabelsShadowIsDescribed) {
+  const auto label = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectMake(0, 0, 100, 20)]);
+  EXPECT_TRUE(describedView(label.get())["textShadow"].is_null());
+  [label.get() setShadowColor:[UIColor redColor]];
+  [label.get() setShadowOffset:CGSizeMake(1, 3)];
+  EXPECT_EQ(describedView(label.get())["textShadow"], Json({{"color", "#ff0000ff"}, {"x", 1}, {"y", 3}}));
+}
+
+TEST_F(LabelTest, aLabelMakesItsTextFitDownToItsLeastFactor) {
+  const auto around = view(100, 20);  // A table gives its header its own width.
+  const auto label = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectMake(0, 0, 50, 20)]);
+  [around.get() addSubview:label.get()];
+  const auto fontSize = [&]() -> double { return describedView(around.get())["views"][0]["fontSize"]; };
+  [label.get() setText:@"A text that needs more than fifty points"];
+  EXPECT_EQ(fontSize(), 17);
+  [label.get() setAdjustsFontSizeToFitWidth:YES];
+  EXPECT_NEAR(fontSize(), 17 * 50 / [label.get() sizeThatFits:CGSizeZero].width, 0.01);
+  [label.get() setMinimumScaleFactor:0.5];
+  EXPECT_EQ(fontSize(), 8.5);
+  [label.get() setText:@"A"];
+  EXPECT_EQ(fontSize(), 17);
+}
+
+}  // namespace
