@@ -53,9 +53,8 @@ class CheckTest(PackageTest):
         self.assertIn("cannot be read", result.stderr)
 
     def test_a_stub_that_cannot_be_read_is_refused(self):
-        package = self.build()
-        stub = write(self.sdk / "System/Library/Frameworks/Foundation.framework/Foundation.tbd", "install-name: [")
-        result = self.check(package, "--sdk", self.sdk, "--stubs", self.stubs, "--arch", "arm64")
+        stub = write(self.folder / "stubs/libbroken.tbd", "install-name: [")
+        result = self.check(self.build(), "--sdk", self.sdk, "--stubs", stub.parent, "--arch", "arm64")
         self.assertEqual((2, ""), (result.returncode, result.stdout))
         self.assertIn(f"{stub} cannot be read: ", result.stderr)
 
