@@ -1,27 +1,28 @@
 #import "core/KRBPreferenceManager.h"
 
 #import "core/PreferenceFile.h"
+#import "core/PreferenceKeys.h"
+#import "widgets/WidgetNames.h"
 
 namespace {
 
-NSString *const kEnabled = @"Enabled";
 NSString *const kShownWelcome = @"ShownWelcome";
 
 NSDictionary *makeDefaults() {
   NSNumber *off = [NSNumber numberWithInt:0];
   NSNumber *on = [NSNumber numberWithInt:1];
   return @{
-    kEnabled : on,
-    @"EnabledWidgets" : @[ @"com.norvik.Zunowidgets.siri", @"KRBFavouritesView", @"KRBMusicView" ],
+    zuno::kEnabled : on,
+    zuno::kEnabledWidgets : @[ @"com.norvik.Zunowidgets.siri", zuno::kFavouritesPage, zuno::kMusicPage ],
     @"NotificationBadges" : on,
     @"OnActivationMode" : on,
     @"QuickSwitcherEnabled" : off,
     @"ShowSwitcherWithSnapshots" : off,
-    @"defaultNowPlayingBundleIdentifier" : @[ @"com.apple.Music" ],
-    @"hideSnapshotsOnFavourites" : off,
+    zuno::kNowPlayingApplication : @[ @"com.apple.Music" ],
+    zuno::kHidesSnapshotsOnFavourites : off,
     @"pullToKillEnabled" : off,
-    @"quickSwitcherDefaultToFavourites" : off,
-    @"quickSwitcherWidthModifier" : [NSNumber numberWithFloat:-20.0f],
+    zuno::kQuickSwitcherShowsFavourites : off,
+    zuno::kQuickSwitcherWidth : [NSNumber numberWithFloat:-20.0f],
   };
 }
 
@@ -43,8 +44,8 @@ bool isOn(id enabled) { return ![enabled respondsToSelector:@selector(boolValue)
 }
 
 + (id)getPrefForKey:(NSString *)key {
-  const bool exempt = [key isEqualToString:kEnabled] || [key isEqualToString:kShownWelcome];
-  if (!exempt && !isOn([self getPrefForKey:kEnabled])) return [[self defaultPrefs] objectForKey:key];
+  const bool exempt = [key isEqualToString:zuno::kEnabled] || [key isEqualToString:kShownWelcome];
+  if (!exempt && !isOn([self getPrefForKey:zuno::kEnabled])) return [[self defaultPrefs] objectForKey:key];
   @try {
     return [[self getPrefs] objectForKey:key] ?: [[self defaultPrefs] objectForKey:key];
   } @catch (NSException *) {

@@ -6,12 +6,14 @@
 #import <UIKit/UIKit.h>
 
 #import "core/KRBPreferenceManager.h"
+#import "core/PreferenceKeys.h"
 #import "core/PreferenceRow.h"
 #import "core/Respring.h"
 #import "core/RowSummaries.h"
 #import "core/TruthValue.h"
 #import "lists/ZunoFavouritesPicker.h"
 #import "lists/ZunoWidgetsPicker.h"
+#import "widgets/WidgetNames.h"
 
 BOOL pendingRootReload = NO;
 
@@ -21,8 +23,8 @@ NSString *const kDeveloperProfile = @"https://social.example/@norvik";
 NSString *const kDesignerProfile = @"https://social.example/@norvik.design";
 
 bool favouritesPageIsEnabled() {
-  id widgets = [KRBPreferenceManager getPrefForKey:@"EnabledWidgets"];
-  return [widgets isKindOfClass:[NSArray class]] && [widgets containsObject:@"KRBFavouritesView"];
+  id widgets = [KRBPreferenceManager getPrefForKey:zuno::kEnabledWidgets];
+  return [widgets isKindOfClass:[NSArray class]] && [widgets containsObject:zuno::kFavouritesPage];
 }
 
 bool quickSwitcherIsOn() {
@@ -55,11 +57,12 @@ void openAddress(NSString *address) {
 
   NSMutableArray *rows = [[[self loadSpecifiersFromPlistName:@"Root" target:self] mutableCopy] autorelease];
   if (!favouritesPageIsEnabled()) {
-    removeRowsKeyed(@[ @"SelectFavourites", @"quickSwitcherDefaultToFavourites", @"hideSnapshotsOnFavourites" ], rows);
+    removeRowsKeyed(@[ @"SelectFavourites", zuno::kQuickSwitcherShowsFavourites, zuno::kHidesSnapshotsOnFavourites ],
+                    rows);
   }
   if (!quickSwitcherIsOn()) {
     removeRowsKeyed(
-        @[ @"quickSwitcherDefaultToFavourites", @"quickSwitcherWidthModifier", @"quickSwitcherGestureModifierLabel" ],
+        @[ zuno::kQuickSwitcherShowsFavourites, zuno::kQuickSwitcherWidth, @"quickSwitcherGestureModifierLabel" ],
         rows);
   }
   zuno::summariseRows(rows, appNames);
@@ -74,7 +77,7 @@ void openAddress(NSString *address) {
 - (void)setPreferenceValue:(id)value specifier:(PSSpecifier *)specifier {
   zuno::setRowValue(zuno::integerForTruth(value), specifier, zuno::PreferenceFile::ofDomain(zuno::kMainDomain));
   if (zuno::isPartOfUserAgent(specifier)) [self reloadSpecifierID:zuno::kUserAgentRow];
-  if ([zuno::rowText(specifier, @"key") isEqualToString:@"Enabled"]) [self showSummaries];
+  if ([zuno::rowText(specifier, @"key") isEqualToString:zuno::kEnabled]) [self showSummaries];
 }
 
 /// Has the rows that open a list tell what is chosen there now.
@@ -98,7 +101,7 @@ void openAddress(NSString *address) {
 - (void)selectDefaultMusicApp {
   NorvikAppListTableViewController *picker =
       [[[NorvikAppListTableViewController alloc] initWithIdentifier:zuno::kMainDomain
-                                                             andKey:@"defaultNowPlayingBundleIdentifier"] autorelease];
+                                                             andKey:zuno::kNowPlayingApplication] autorelease];
   [picker setMaxEnabled:1];
   [[self navigationController] pushViewController:picker animated:YES];
   [picker setShowBundleIdentifierOnTap:YES];

@@ -5,6 +5,10 @@
 
 namespace zuno {
 
+/// The identifiers of the two pages of the switcher itself.
+extern NSString *const kMusicPage;
+extern NSString *const kFavouritesPage;
+
 /// New holders (`ZunoWidgetHolder`) of the two pages of the switcher itself, which have an identifier and a name only.
 /// Autoreleased.
 NSArray *builtInPages();

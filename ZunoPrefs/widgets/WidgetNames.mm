@@ -16,8 +16,11 @@ ZunoWidgetHolder *builtInPage(NSString *identifier, NSString *name) {
 
 }  // namespace
 
+NSString *const kMusicPage = @"KRBMusicView";
+NSString *const kFavouritesPage = @"KRBFavouritesView";
+
 NSArray *builtInPages() {
-  return @[ builtInPage(@"KRBMusicView", @"Music View"), builtInPage(@"KRBFavouritesView", @"Favourites View") ];
+  return @[ builtInPage(kMusicPage, @"Music View"), builtInPage(kFavouritesPage, @"Favourites View") ];
 }
 
 NSDictionary *namesOfWidgets() {

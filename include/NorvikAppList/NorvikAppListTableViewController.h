@@ -3,7 +3,11 @@
 
 #import <UIKit/UIKit.h>
 
-struct NorvikAppListPageState;
+#include <memory>
+
+namespace sim {
+struct AppListPageState;
+}
 
 /// Lists the installed applications with a check mark at the chosen ones. Main thread only.
 ///
@@ -11,7 +15,7 @@ struct NorvikAppListPageState;
 /// identifier; every other key of the file is kept. Chosen applications that are not installed stay stored.
 @interface NorvikAppListTableViewController : UITableViewController {
  @private
-  struct NorvikAppListPageState *_pageState;
+  std::unique_ptr<sim::AppListPageState> _pageState;
 }
 /// `identifier` names the preference file, `key` the entry in it.
 - (instancetype)initWithIdentifier:(NSString *)identifier andKey:(NSString *)key;

@@ -2,8 +2,13 @@
 
 #import <Preferences/PSViewController.h>
 
+#include <memory>
+
 @class PSConfirmationSpecifier, PSTableCell;
+
+namespace sim {
 struct PSListControllerState;
+}
 
 /// A settings page made of specifiers. Main thread only.
 ///
@@ -14,7 +19,7 @@ struct PSListControllerState;
   NSArray *_specifiers;  // Owned; mutable or immutable.
 
  @private
-  struct PSListControllerState *_listState;
+  std::unique_ptr<sim::PSListControllerState> _listState;
 }
 @property(nonatomic, copy) NSString *specifierID;
 

@@ -4,12 +4,16 @@
 
 #import <Preferences/PSSpecifier.h>
 
+#include <memory>
+
+namespace sim {
 struct PSTableCellState;
+}
 
 /// The cell of a specifier. Main thread only.
 @interface PSTableCell : UITableViewCell {
  @private
-  struct PSTableCellState *_tableCellState;
+  std::unique_ptr<sim::PSTableCellState> _tableCellState;
 }
 /// The row shown. Setting another one refreshes the cell.
 @property(nonatomic, retain) PSSpecifier *specifier;

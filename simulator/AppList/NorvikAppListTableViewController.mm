@@ -8,8 +8,8 @@
 using objcxx::adopt;
 using objcxx::share;
 
-struct NorvikAppListPageState {
-  sim::AppSelection selection;
+struct sim::AppListPageState {
+  AppSelection selection;
   objcxx::Retained<NSArray> apps;
   objcxx::Retained<NSSet> installed;  // Identifiers of `apps`.
   objcxx::Retained<NSSet> chosen;     // As the file said last.
@@ -30,7 +30,7 @@ NSString *const kReuseIdentifier = @"Application";
 - (instancetype)initWithIdentifier:(NSString *)identifier andKey:(NSString *)key {
   if (!(self = [super initWithStyle:UITableViewStyleInsetGrouped])) return nil;
 
-  _pageState = new NorvikAppListPageState;
+  _pageState = std::make_unique<sim::AppListPageState>();
   _pageState->selection = sim::AppSelection(identifier, key);
   [self setTitle:kTitle];
   NorvikAppList *list = [[[NorvikAppList alloc] init] autorelease];
@@ -38,11 +38,6 @@ NSString *const kReuseIdentifier = @"Application";
     [self sim_setApps:apps];
   }];
   return self;
-}
-
-- (void)dealloc {
-  delete _pageState;
-  [super dealloc];
 }
 
 - (NSInteger)maxEnabled {

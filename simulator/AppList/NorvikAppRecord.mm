@@ -1,7 +1,7 @@
 #import "AppList/NorvikAppRecord+Sim.h"
 
 #import <Foundation/SIMDevice.h>
-#import <UIKit/UIImage+Sim.h>
+#import <UIKit/FrameworkSupport.h>
 #import <objcxx/Retained.h>
 
 #include <algorithm>

@@ -1,67 +1,72 @@
 #import <Preferences/CellTypes.hpp>
 
-#import <Preferences/PSEditableTableCell.h>
-#import <Preferences/PSSegmentTableCell.h>
-#import <Preferences/PSSliderTableCell.h>
-#import <Preferences/PSSpinnerTableCell.h>
-#import <Preferences/PSSwitchTableCell.h>
-#import <Preferences/PSTextViewTableCell.h>
-
+#include <algorithm>
 #include <array>
 
 namespace sim {
 namespace {
 
-struct TypeRow {
-  NSString *name;
-  Class cellClass;
-};
+constexpr CGFloat kGiantRowHeight = 66;
+constexpr CGFloat kTextViewRowHeight = 88;
 
-/// In the order of PSCellType.
-const std::array<TypeRow, 16> &cellTypes() {
-  Class plain = [PSTableCell class];
-  static const std::array<TypeRow, 16> types{{{@"PSGroupCell", plain},
-                                              {@"PSLinkCell", plain},
-                                              {@"PSLinkListCell", plain},
-                                              {@"PSListItemCell", plain},
-                                              {@"PSTitleValueCell", plain},
-                                              {@"PSSliderCell", [PSSliderTableCell class]},
-                                              {@"PSSwitchCell", [PSSwitchTableCell class]},
-                                              {@"PSStaticTextCell", plain},
-                                              {@"PSEditTextCell", [PSEditableTableCell class]},
-                                              {@"PSSegmentCell", [PSSegmentTableCell class]},
-                                              {@"PSGiantIconCell", plain},
-                                              {@"PSGiantCell", plain},
-                                              {@"PSSecureEditTextCell", [PSEditableTableCell class]},
-                                              {@"PSButtonCell", plain},
-                                              {@"PSEditTextViewCell", [PSTextViewTableCell class]},
-                                              {@"PSSpinnerCell", [PSSpinnerTableCell class]}}};
+/// What is not said is as `CellTraits` begins.
+const auto &cellTypes() {
+  static const auto types = std::to_array<CellTraits>({
+      {.type = PSGroupCell, .name = @"PSGroupCell"},
+      {.type = PSLinkCell, .name = @"PSLinkCell", .tap = Tap::kOpensPage, .needsPurpose = true},
+      {.type = PSLinkListCell,
+       .name = @"PSLinkListCell",
+       .tap = Tap::kOpensPage,
+       .shows = ShownValue::kShortTitle,
+       .needsPurpose = true},
+      {.type = PSListItemCell, .name = @"PSListItemCell", .tap = Tap::kChecks},
+      {.type = PSTitleValueCell, .name = @"PSTitleValueCell", .shows = ShownValue::kTitle},
+      {.type = PSSliderCell, .name = @"PSSliderCell", .cellClass = @"PSSliderTableCell", .needsPurpose = true},
+      {.type = PSSwitchCell,
+       .name = @"PSSwitchCell",
+       .cellClass = @"PSSwitchTableCell",
+       .needsPurpose = true,
+       .storesWhenConfirmed = true},
+      {.type = PSStaticTextCell, .name = @"PSStaticTextCell", .tap = Tap::kRefused, .wraps = true},
+      {.type = PSEditTextCell,
+       .name = @"PSEditTextCell",
+       .cellClass = @"PSEditableTableCell",
+       .tap = Tap::kEdits,
+       .needsPurpose = true},
+      {.type = PSSegmentCell, .name = @"PSSegmentCell", .cellClass = @"PSSegmentTableCell", .needsPurpose = true},
+      {.type = PSGiantIconCell, .name = @"PSGiantIconCell", .tap = Tap::kOpensOwnPage, .height = kGiantRowHeight},
+      {.type = PSGiantCell, .name = @"PSGiantCell", .tap = Tap::kOpensOwnPage, .height = kGiantRowHeight},
+      {.type = PSSecureEditTextCell,
+       .name = @"PSSecureEditTextCell",
+       .cellClass = @"PSEditableTableCell",
+       .tap = Tap::kEdits,
+       .needsPurpose = true,
+       .hidesText = true},
+      {.type = PSButtonCell, .name = @"PSButtonCell", .tap = Tap::kPresses, .needsPurpose = true},
+      {.type = PSEditTextViewCell,
+       .name = @"PSEditTextViewCell",
+       .cellClass = @"PSTextViewTableCell",
+       .tap = Tap::kEdits,
+       .height = kTextViewRowHeight,
+       .needsPurpose = true},
+      {.type = PSSpinnerCell, .name = @"PSSpinnerCell", .cellClass = @"PSSpinnerTableCell"},
+  });
   return types;
-}
-
-/// nullptr for what is no type.
-const TypeRow *rowOf(PSCellType type) {
-  const auto index = static_cast<std::size_t>(type);
-  return type >= 0 && index < cellTypes().size() ? &cellTypes()[index] : nullptr;
 }
 
 }  // namespace
 
+const CellTraits &traitsOf(PSCellType type) {
+  static const CellTraits none;
+  const auto found = std::ranges::find(cellTypes(), type, &CellTraits::type);
+  return found == cellTypes().end() ? none : *found;
+}
+
 PSCellType cellTypeNamed(NSString *name) {
-  for (std::size_t index = 0; name && index < cellTypes().size(); ++index) {
-    if ([cellTypes()[index].name isEqualToString:name]) return static_cast<PSCellType>(index);
-  }
-  return kNoCellType;
+  const auto found = std::ranges::find_if(cellTypes(), [&](const auto &each) { return [each.name isEqual:name]; });
+  return found == cellTypes().end() ? kNoCellType : found->type;
 }
 
-NSString *nameOfCellType(PSCellType type) {
-  const TypeRow *row = rowOf(type);
-  return row ? row->name : nil;
-}
-
-Class classOfCellType(PSCellType type) {
-  const TypeRow *row = rowOf(type);
-  return row ? row->cellClass : [PSTableCell class];
-}
+Class classOfCellType(PSCellType type) { return NSClassFromString(traitsOf(type).cellClass); }
 
 }  // namespace sim

@@ -64,7 +64,7 @@
 
 - (id)sim_valueOfSpecifier:(PSSpecifier *)specifier {
   id raw = [specifier sim_value];
-  [self sim_setRawValue:raw];
+  [self sim_cellState].rawValue = objcxx::share((NSObject *)raw);
   return raw;
 }
 

@@ -1,9 +1,11 @@
 #import <Preferences/PSEditableTableCell.h>
 
+#import <Preferences/CellTypes.hpp>
 #import <Preferences/PSSpecifier+Sim.h>
 #import <Preferences/PSTableCell+Sim.h>
+#import <Preferences/RowLook.hpp>
+#import <UIKit/FrameworkSupport.h>
 #import <UIKit/UIKit.h>
-#import <UIKit/UITableViewCell+Sim.h>
 
 #include <algorithm>
 
@@ -53,7 +55,7 @@ constexpr CGFloat kGap = 8;
   [_textField setKeyboardType:specifier->keyboardType];
   [_textField setAutocapitalizationType:specifier->autoCapsType];
   [_textField setAutocorrectionType:specifier->autoCorrectionType];
-  [_textField setSecureTextEntry:[specifier cellType] == PSSecureEditTextCell];
+  [_textField setSecureTextEntry:sim::traitsOf([specifier cellType]).hidesText];
   [super refreshCellContentsWithSpecifier:specifier];
 }
 
@@ -67,9 +69,7 @@ constexpr CGFloat kGap = 8;
 }
 
 - (id)sim_valueOfSpecifier:(PSSpecifier *)specifier {
-  id value = [specifier sim_valueOfClass:[NSString class] orClass:[NSNumber class]];
-  [self sim_setRawValue:value];
-  return [value isKindOfClass:[NSNumber class]] ? [value stringValue] : value;
+  return sim::textOf([self sim_valueOfSpecifier:specifier ofClass:[NSString class] orClass:[NSNumber class]]);
 }
 
 - (void)layoutSubviews {
@@ -95,12 +95,7 @@ constexpr CGFloat kGap = 8;
 }
 
 - (void)textFieldDidEndEditing:(UITextField *)textField {
-  NSString *shown = [self value] ? [[self value] description] : @"";
-  if ([[textField text] isEqualToString:shown]) return;
-  const auto entered = objcxx::share([textField text]);
-  [super setValue:entered.get()];
-  [[self valueLabel] setText:nil];
-  [self sim_sendValue:entered.get()];
+  [self sim_takeText:[textField text]];
 }
 
 @end

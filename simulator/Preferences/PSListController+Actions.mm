@@ -1,11 +1,13 @@
 // What a tap on a row does.
 #import <Preferences/PSListController+Sim.h>
 
+#import <Preferences/CellTypes.hpp>
 #import <Preferences/PSConfirmationSpecifier.h>
 #import <Preferences/PSControlTableCell.h>
 #import <Preferences/PSSpecifier+Sim.h>
 #import <Preferences/PSTableCell+Sim.h>
 #import <Preferences/PreferencesLog.h>
+#import <Preferences/RowLook.hpp>
 #import <UIKit/UIKit.h>
 
 using objcxx::adopt;
@@ -25,6 +27,11 @@ bool canBePage(UIViewController *page, PSSpecifier *specifier) {
     return false;
   }
   return true;
+}
+
+bool opensPage(PSSpecifier *specifier) {
+  const sim::Tap tap = sim::traitsOf([specifier cellType]).tap;
+  return tap == sim::Tap::kOpensPage || tap == sim::Tap::kOpensOwnPage;
 }
 
 }  // namespace
@@ -82,10 +89,10 @@ bool canBePage(UIViewController *page, PSSpecifier *specifier) {
   [self presentViewController:alert animated:YES completion:nil];
 }
 
-/// A switch stores what it was set to, and then acts if it has an action for that.
+/// A control stores what it was set to, and then acts if it has an action for that.
 - (void)sim_confirm:(PSConfirmationSpecifier *)specifier {
   id cell = [self cachedCellForSpecifier:specifier];
-  if ([specifier cellType] != PSSwitchCell || ![cell isKindOfClass:[PSControlTableCell class]]) {
+  if (!sim::traitsOf([specifier cellType]).storesWhenConfirmed || ![cell isKindOfClass:[PSControlTableCell class]]) {
     [self performConfirmationActionForSpecifier:specifier];
     return;
   }
@@ -137,13 +144,7 @@ bool canBePage(UIViewController *page, PSSpecifier *specifier) {
     return nil;
   }
   [self performLoadActionForSpecifier:specifier];
-  switch ([specifier cellType]) {
-    case PSLinkCell:
-    case PSLinkListCell:
-    case PSGiantIconCell:
-    case PSGiantCell: return [self sim_detailControllerForSpecifier:specifier];
-    default: return nil;
-  }
+  return opensPage(specifier) ? [self sim_detailControllerForSpecifier:specifier] : nil;
 }
 
 @end
@@ -153,8 +154,8 @@ bool canBePage(UIViewController *page, PSSpecifier *specifier) {
 - (void)sim_selectSpecifier:(PSSpecifier *)specifier atIndexPath:(NSIndexPath *)indexPath {
   UITableView *table = [self table];
   const auto keeper = share(specifier);
-  const PSCellType type = [specifier cellType];
-  if (type == PSButtonCell) {
+  const sim::Tap tap = sim::traitsOf([specifier cellType]).tap;
+  if (tap == sim::Tap::kPresses) {
     if ([specifier isKindOfClass:[PSConfirmationSpecifier class]]) {
       [self showConfirmationViewForSpecifier:(PSConfirmationSpecifier *)specifier];
     } else {
@@ -164,17 +165,15 @@ bool canBePage(UIViewController *page, PSSpecifier *specifier) {
     return;
   }
 
-  const bool opensPage = type == PSLinkCell || type == PSLinkListCell || type == PSGiantIconCell || type == PSGiantCell;
-  const bool acts = specifier->action || [specifier buttonAction] || [specifier controllerLoadAction];
-  id page = acts || opensPage ? [self controllerForSpecifier:specifier] : nil;
+  id page = sim::acts(specifier) || opensPage(specifier) ? [self controllerForSpecifier:specifier] : nil;
   if (page) {
     // Stays selected until the person comes back.
     [self showController:page animate:YES];
     return;
   }
-  if (type == PSEditTextCell || type == PSSecureEditTextCell || type == PSEditTextViewCell) {
+  if (tap == sim::Tap::kEdits) {
     [[[self cachedCellForSpecifier:specifier] sim_editor] becomeFirstResponder];
-  } else if (type == PSListItemCell) {
+  } else if (tap == sim::Tap::kChecks) {
     PSSpecifier *group = [self sim_groupOfSpecifier:specifier];
     if ([group sim_flagForKey:PSIsRadioGroupKey fallback:NO]) [self sim_checkSpecifier:specifier inGroup:group];
   }

@@ -19,7 +19,7 @@ NSInteger numberFrom(std::optional<std::size_t> position) {
 
 @implementation PSListController (Lookup)
 
-- (const PSListControllerState &)sim_preparedState {
+- (const sim::PSListControllerState &)sim_preparedState {
   [self sim_prepareIfNeeded];
   return [self sim_listState];
 }

@@ -10,6 +10,8 @@
 #include <unordered_set>
 #include <vector>
 
+namespace sim {
+
 /// What a page knows of the rows that it shows.
 struct PSListControllerState {
   objcxx::Retained<UITableView> table;
@@ -18,7 +20,7 @@ struct PSListControllerState {
   /// The rows as the table shows them: `_specifiers` as it was when it was last looked at. Starts with a group.
   objcxx::Retained<NSArray> list;
   bool isPrepared = false;
-  sim::GroupIndex groups;
+  GroupIndex groups;
   std::unordered_map<PSSpecifier *, NSInteger> indexes;
   objcxx::Retained<NSDictionary> byIdentifier;
 
@@ -31,8 +33,10 @@ struct PSListControllerState {
   bool changedInUpdates = false;
 };
 
+}  // namespace sim
+
 @interface PSListController (Sim)
-- (PSListControllerState &)sim_listState;
+- (sim::PSListControllerState &)sim_listState;
 /// Asks `specifiers` unless the rows are known already. Never raises: a page whose rows cannot be made is empty.
 - (void)sim_prepareIfNeeded;
 /// Takes these rows over as the page's own.

@@ -1,20 +1,19 @@
 // The page as data source and delegate of its table.
 #import <Preferences/PSListController+Sim.h>
 
+#import <Preferences/CellTypes.hpp>
 #import <Preferences/PSSpecifier+Sim.h>
 #import <Preferences/PSTableCell+Sim.h>
 #import <Preferences/PreferencesLog.h>
 #import <Preferences/PreferencesTableCustomView.h>
+#import <Preferences/RowLook.hpp>
+#import <UIKit/FrameworkSupport.h>
 #import <UIKit/UIKit.h>
-#import <UIKit/UITableViewState.h>
 
 using objcxx::adopt;
 using objcxx::share;
 
 namespace {
-
-constexpr CGFloat kGiantRowHeight = 66;
-constexpr CGFloat kTextViewRowHeight = 88;
 
 /// Where a group's own view is named and kept.
 struct HeaderKeys {
@@ -109,7 +108,7 @@ CGFloat heightOfHeaderView(UIView *view, UITableView *table) {
   if ([cell isKindOfClass:[PSTableCell class]]) {
     PSTableCell *row = (PSTableCell *)cell;
     [row sim_showSpecifier:specifier];
-    if ([specifier cellType] == PSListItemCell) [row setChecked:[self sim_isChecked:specifier]];
+    if (sim::traitsOf([specifier cellType]).tap == sim::Tap::kChecks) [row setChecked:[self sim_isChecked:specifier]];
   } else {
     [[cell textLabel] setText:[specifier name]];
   }
@@ -187,32 +186,12 @@ CGFloat heightOfHeaderView(UIView *view, UITableView *table) {
   if (height && [specifier sim_isFirst:SIMSpecifierFaultHeight]) {
     sim::logPreferences(@"%@: \"%@\" is no height: %@.", [specifier sim_label], PSTableCellHeightKey, height);
   }
-  switch ([specifier cellType]) {
-    case PSGiantIconCell:
-    case PSGiantCell: return kGiantRowHeight;
-    case PSEditTextViewCell: return kTextViewRowHeight;
-    default: return UITableViewAutomaticDimension;
-  }
+  return sim::traitsOf([specifier cellType]).height;
 }
 
 - (BOOL)tableView:(UITableView *)tableView shouldHighlightRowAtIndexPath:(NSIndexPath *)indexPath {
   (void)tableView;
-  PSSpecifier *specifier = [self specifierAtIndexPath:indexPath];
-  if (![specifier sim_isEnabled]) return NO;
-  const bool acts = specifier->action || [specifier buttonAction] || [specifier controllerLoadAction];
-  switch ([specifier cellType]) {
-    case PSLinkCell:
-    case PSLinkListCell:
-    case PSListItemCell:
-    case PSButtonCell:
-    case PSEditTextCell:
-    case PSSecureEditTextCell:
-    case PSEditTextViewCell: return YES;
-    case PSGiantIconCell:
-    case PSGiantCell: return acts || [specifier detailControllerClass];
-    case PSStaticTextCell: return NO;
-    default: return acts;
-  }
+  return sim::takesTaps([self specifierAtIndexPath:indexPath]);
 }
 
 - (void)tableView:(UITableView *)tableView didSelectRowAtIndexPath:(NSIndexPath *)indexPath {

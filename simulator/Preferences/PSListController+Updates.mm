@@ -42,7 +42,7 @@ UITableViewRowAnimation animationFor(BOOL animated) {
 }
 
 - (void)reloadSpecifier:(PSSpecifier *)specifier animated:(BOOL)animated {
-  PSListControllerState &state = [self sim_listState];
+  sim::PSListControllerState &state = [self sim_listState];
   NSInteger group = 0;
   if (!state.table || ![self getGroup:&group row:NULL ofSpecifier:specifier]) return;
   if ([specifier cellType] == PSGroupCell) {
@@ -65,7 +65,7 @@ UITableViewRowAnimation animationFor(BOOL animated) {
 
 /// A getter that asks for a reload runs while the table is asking for cells, and a table must not change then.
 - (void)sim_reloadLater:(PSSpecifier *)specifier {
-  PSListControllerState &state = [self sim_listState];
+  sim::PSListControllerState &state = [self sim_listState];
   state.reloadsWaiting.push_back(share(specifier));
   if (state.reloadsWaiting.size() > 1) return;
   dispatch_async(dispatch_get_main_queue(), ^{
@@ -96,7 +96,7 @@ UITableViewRowAnimation animationFor(BOOL animated) {
 /// Puts `specifiers` in the place of the rows in `range`.
 - (void)sim_replaceRange:(NSRange)range withSpecifiers:(NSArray *)specifiers animated:(BOOL)animated {
   [self sim_prepareIfNeeded];
-  PSListControllerState &state = [self sim_listState];
+  sim::PSListControllerState &state = [self sim_listState];
   NSArray *list = state.list.get();
   for (id specifier in specifiers) {
     if (![specifier isKindOfClass:[PSSpecifier class]]) {
@@ -158,7 +158,7 @@ UITableViewRowAnimation animationFor(BOOL animated) {
 }
 
 - (void)endUpdates {
-  PSListControllerState &state = [self sim_listState];
+  sim::PSListControllerState &state = [self sim_listState];
   if (state.updatesOpen == 0 || --state.updatesOpen > 0 || !state.changedInUpdates) return;
   state.changedInUpdates = false;
   [state.table.get() reloadData];

@@ -39,7 +39,7 @@ NSMutableArray *rowsFrom(id specifiers, Class page) {
 - (instancetype)initWithNibName:(NSString *)nibName bundle:(NSBundle *)bundle {
   if (!(self = [super initWithNibName:nibName bundle:bundle])) return nil;
 
-  _listState = new PSListControllerState;
+  _listState = std::make_unique<sim::PSListControllerState>();
   return self;
 }
 
@@ -49,8 +49,6 @@ NSMutableArray *rowsFrom(id specifiers, Class page) {
     UITableView *table = _listState->table.get();
     [table setDataSource:nil];
     [table setDelegate:nil];
-    delete _listState;
-    _listState = nullptr;
   }
   [_specifiers release];
   [super dealloc];
@@ -172,7 +170,7 @@ NSMutableArray *rowsFrom(id specifiers, Class page) {
 
 @implementation PSListController (Sim)
 
-- (PSListControllerState &)sim_listState {
+- (sim::PSListControllerState &)sim_listState {
   return *_listState;
 }
 

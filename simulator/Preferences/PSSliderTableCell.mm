@@ -3,8 +3,8 @@
 #import <Preferences/PSSpecifier+Sim.h>
 #import <Preferences/PSTableCell+Sim.h>
 #import <Preferences/PreferencesLog.h>
+#import <UIKit/FrameworkSupport.h>
 #import <UIKit/UIKit.h>
-#import <UIKit/UITableViewCell+Sim.h>
 
 #include <cmath>
 
@@ -84,9 +84,7 @@ float numberFor(PSSpecifier *specifier, NSString *key, float fallback) {
 }
 
 - (id)sim_valueOfSpecifier:(PSSpecifier *)specifier {
-  id value = [specifier sim_valueOfClass:[NSNumber class] orClass:Nil];
-  [self sim_setRawValue:value];
-  return value;
+  return [self sim_valueOfSpecifier:specifier ofClass:[NSNumber class] orClass:Nil];
 }
 
 - (void)layoutSubviews {

@@ -1,18 +1,10 @@
 #import <Preferences/PSSpecifier+Sim.h>
 
 #import <Foundation/NotCarried.h>
+#import <Preferences/Living.hpp>
 #import <Preferences/PreferencesLog.h>
 
-#include <unordered_set>
-
 namespace {
-
-// Targets are not owned, and makers write the instance variable directly: whoever is a target has itself taken out of
-// all living specifiers before it goes.
-std::unordered_set<PSSpecifier *> &livingSpecifiers() {
-  static auto *specifiers = new std::unordered_set<PSSpecifier *>;
-  return *specifiers;
-}
 
 NSDictionary *titlesByValue(NSArray *values, NSArray *titles) {
   if (!titles) return nil;
@@ -101,12 +93,12 @@ NSDictionary *titlesByValue(NSArray *values, NSArray *titles) {
   if (!(self = [super init])) return nil;
 
   _properties = [[NSMutableDictionary alloc] init];
-  livingSpecifiers().insert(self);
+  sim::living<PSSpecifier>().insert(self);
   return self;
 }
 
 - (void)dealloc {
-  livingSpecifiers().erase(self);
+  sim::living<PSSpecifier>().erase(self);
   [_name release];
   [_values release];
   [_titleDict release];
@@ -194,8 +186,9 @@ NSDictionary *titlesByValue(NSArray *values, NSArray *titles) {
 
 #pragma mark - Sim
 
+// Targets are not owned, and makers write the instance variable directly.
 + (void)sim_forgetTarget:(id)target {
-  for (PSSpecifier *specifier : livingSpecifiers()) {
+  for (PSSpecifier *specifier : sim::living<PSSpecifier>()) {
     if (specifier->target == target) specifier->target = nil;
   }
 }

@@ -44,9 +44,7 @@
 }
 
 - (id)sim_valueOfSpecifier:(PSSpecifier *)specifier {
-  id value = [specifier sim_valueOfClass:[NSNumber class] orClass:Nil];
-  [self sim_setRawValue:value];
-  return value;
+  return [self sim_valueOfSpecifier:specifier ofClass:[NSNumber class] orClass:Nil];
 }
 
 @end

@@ -1,13 +1,16 @@
 // The simulator's own view of a row's cell, for the page and for the host. Bundles never include this.
 #pragma once
 
+#import <Preferences/CellTypes.hpp>
 #import <Preferences/PSTableCell.h>
 
 #import <objcxx/Retained.h>
 
+namespace sim {
+
 struct PSTableCellState {
   objcxx::Retained<PSSpecifier> specifier;
-  PSCellType type = static_cast<PSCellType>(-1);
+  PSCellType type = kNoCellType;
   id cellTarget = nil;  // Not owned.
   SEL cellAction = NULL;
   objcxx::Retained<NSObject> value;     // As shown.
@@ -17,9 +20,11 @@ struct PSTableCellState {
   bool hidesTitle = false;
 };
 
+}  // namespace sim
+
 /// For the files that implement the class.
 @interface PSTableCell (SimState)
-- (PSTableCellState &)sim_cellState;
+- (sim::PSTableCellState &)sim_cellState;
 @end
 
 @interface PSTableCell (Sim)
@@ -35,6 +40,9 @@ struct PSTableCellState {
 - (id)sim_valueOfSpecifier:(PSSpecifier *)specifier;
 /// For subclasses: whether a refresh asks the getter at all.
 - (BOOL)sim_showsValue;
-/// For subclasses: remembers what the getter gave.
-- (void)sim_setRawValue:(id)value;
+/// For subclasses: what the getter gave when it is nil or of one of the two classes (the second may be nil); otherwise
+/// nil, logged once.
+- (id)sim_valueOfSpecifier:(PSSpecifier *)specifier ofClass:(Class)first orClass:(Class)second;
+/// For subclasses with an editor: makes what was typed the value, and sends it, unless it is what the row shows.
+- (void)sim_takeText:(NSString *)text;
 @end

@@ -18,10 +18,6 @@
   return [self sim_cellState].rawValue.get();
 }
 
-- (void)sim_setRawValue:(id)value {
-  [self sim_cellState].rawValue = objcxx::share((NSObject *)value);
-}
-
 - (UIResponder *)sim_editor {
   return nil;
 }
@@ -40,18 +36,32 @@
   [target performSelector:action withObject:value withObject:specifier.get()];
 }
 
+- (void)sim_takeText:(NSString *)text {
+  NSString *shown = [self value] ? [[self value] description] : @"";
+  if ([text isEqualToString:shown]) return;
+  const auto entered = objcxx::share(text);
+  [self sim_cellState].value = objcxx::share((NSObject *)text);
+  [self sim_sendValue:entered.get()];
+}
+
+- (id)sim_valueOfSpecifier:(PSSpecifier *)specifier ofClass:(Class)first orClass:(Class)second {
+  id value = [specifier sim_valueOfClass:first orClass:second];
+  [self sim_cellState].rawValue = objcxx::share((NSObject *)value);
+  return value;
+}
+
 - (BOOL)sim_showsValue {
-  return [self type] == PSTitleValueCell || [self type] == PSLinkListCell;
+  return sim::traitsOf([self type]).shows != sim::ShownValue::kNone;
 }
 
 - (id)sim_valueOfSpecifier:(PSSpecifier *)specifier {
   id raw = [specifier sim_value];
-  [self sim_setRawValue:raw];
+  [self sim_cellState].rawValue = objcxx::share((NSObject *)raw);
   if (!raw) return nil;
-  NSString *title = nil;
-  if ([self type] == PSLinkListCell) title = [[specifier shortTitleDictionary] objectForKey:raw];
+  const bool chooses = sim::traitsOf([self type]).shows == sim::ShownValue::kShortTitle;
+  NSString *title = chooses ? [[specifier shortTitleDictionary] objectForKey:raw] : nil;
   if (!title) title = [[specifier titleDictionary] objectForKey:raw];
-  if (title || ([self type] == PSLinkListCell && [specifier values])) return title;
+  if (title || (chooses && [specifier values])) return title;
   NSString *text = sim::textOf(raw);
   if (!text) [specifier sim_reportValue:raw];
   return text;

@@ -1,6 +1,5 @@
 #import <Preferences/PSTableCell+Sim.h>
 
-#import <Preferences/CellTypes.hpp>
 #import <Preferences/PSSpecifier+Sim.h>
 #import <Preferences/RowLook.hpp>
 #import <UIKit/UIKit.h>
@@ -15,7 +14,7 @@ using objcxx::share;
 }
 
 + (NSString *)stringFromCellType:(PSCellType)type {
-  return sim::nameOfCellType(type);
+  return sim::traitsOf(type).name;
 }
 
 + (Class)cellClassForSpecifier:(PSSpecifier *)specifier {
@@ -43,8 +42,8 @@ using objcxx::share;
 #pragma mark - Life
 
 /// Makers call initialisers of every superclass, so that the state is made by whoever needs it first.
-- (PSTableCellState &)sim_cellState {
-  if (!_tableCellState) _tableCellState = new PSTableCellState;
+- (sim::PSTableCellState &)sim_cellState {
+  if (!_tableCellState) _tableCellState = std::make_unique<sim::PSTableCellState>();
   return *_tableCellState;
 }
 
@@ -64,8 +63,6 @@ using objcxx::share;
 
 - (void)dealloc {
   [self sim_leaveSpecifier];
-  delete _tableCellState;
-  _tableCellState = nullptr;
   [super dealloc];
 }
 
@@ -81,7 +78,7 @@ using objcxx::share;
 
 - (void)prepareForReuse {
   [super prepareForReuse];
-  PSTableCellState &state = [self sim_cellState];
+  sim::PSTableCellState &state = [self sim_cellState];
   state.cellTarget = nil;
   state.cellAction = NULL;
   state.value = nullptr;
@@ -112,11 +109,10 @@ using objcxx::share;
   [self setValueChangedTarget:[specifier target] action:specifier->setter specifier:specifier];
   if ([self sim_showsValue]) [self setValue:[self sim_valueOfSpecifier:specifier]];
 
-  if ([self type] == PSStaticTextCell) {
-    [[self titleLabel] setNumberOfLines:0];
-    [self setSelectionStyle:UITableViewCellSelectionStyleNone];
-  }
-  if ([self type] != PSListItemCell) {
+  const sim::CellTraits &traits = sim::traitsOf([self type]);
+  if (traits.wraps) [[self titleLabel] setNumberOfLines:0];
+  if (traits.tap == sim::Tap::kRefused) [self setSelectionStyle:UITableViewCellSelectionStyleNone];
+  if (traits.tap != sim::Tap::kChecks) {
     [self setAccessoryType:sim::showsDisclosure(specifier) ? UITableViewCellAccessoryDisclosureIndicator
                                                            : UITableViewCellAccessoryNone];
   }

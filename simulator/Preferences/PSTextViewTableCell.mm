@@ -2,8 +2,9 @@
 
 #import <Preferences/PSSpecifier+Sim.h>
 #import <Preferences/PSTableCell+Sim.h>
+#import <Preferences/RowLook.hpp>
+#import <UIKit/FrameworkSupport.h>
 #import <UIKit/UIKit.h>
-#import <UIKit/UITableViewCell+Sim.h>
 
 @implementation PSTextViewTableCell
 
@@ -57,9 +58,7 @@
 }
 
 - (id)sim_valueOfSpecifier:(PSSpecifier *)specifier {
-  id value = [specifier sim_valueOfClass:[NSString class] orClass:[NSNumber class]];
-  [self sim_setRawValue:value];
-  return [value isKindOfClass:[NSNumber class]] ? [value stringValue] : value;
+  return sim::textOf([self sim_valueOfSpecifier:specifier ofClass:[NSString class] orClass:[NSNumber class]]);
 }
 
 - (void)layoutSubviews {
@@ -70,12 +69,7 @@
 #pragma mark - UITextViewDelegate
 
 - (void)textViewDidEndEditing:(UITextView *)textView {
-  NSString *shown = [self value] ? [[self value] description] : @"";
-  if ([[textView text] isEqualToString:shown]) return;
-  const auto entered = objcxx::share([textView text]);
-  [super setValue:entered.get()];
-  [[self valueLabel] setText:nil];
-  [self sim_sendValue:entered.get()];
+  [self sim_takeText:[textView text]];
 }
 
 @end

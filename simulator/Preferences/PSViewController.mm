@@ -1,19 +1,12 @@
 #import <Preferences/PSViewController.h>
 
 #import <CoreFoundation/CoreFoundation.h>
+#import <Preferences/Living.hpp>
 #import <Preferences/PSSpecifier+Sim.h>
 #import <Preferences/PropertyListFile.h>
 #import <UIKit/UIKit.h>
 
-#include <unordered_set>
-
 namespace {
-
-// Parents are not owned: a page that goes takes itself out of the pages that it opened.
-std::unordered_set<PSViewController *> &livingControllers() {
-  static auto *controllers = new std::unordered_set<PSViewController *>;
-  return *controllers;
-}
 
 /// The file of the row's domain; nil when the row has none.
 NSString *fileOf(PSSpecifier *specifier) {
@@ -33,13 +26,14 @@ id negated(id value) {
 - (instancetype)initWithNibName:(NSString *)nibName bundle:(NSBundle *)bundle {
   if (!(self = [super initWithNibName:nibName bundle:bundle])) return nil;
 
-  livingControllers().insert(self);
+  sim::living<PSViewController>().insert(self);
   return self;
 }
 
 - (void)dealloc {
-  livingControllers().erase(self);
-  for (PSViewController *controller : livingControllers()) {
+  sim::living<PSViewController>().erase(self);
+  // Parents are not owned: the page takes itself out of those that it opened.
+  for (PSViewController *controller : sim::living<PSViewController>()) {
     if (controller->_parentController == self) controller->_parentController = nil;
     if (controller->_rootController == self) controller->_rootController = nil;
   }

@@ -1,4 +1,4 @@
-// How a row looks, as far as that follows from its specifier.
+// How a row looks and whether it can be tapped, as far as that follows from its specifier.
 #pragma once
 
 #import <Preferences/PSSpecifier.h>
@@ -11,6 +11,12 @@ NSString* textOf(id value);
 
 /// The alignment that a property names by number or text.
 NSTextAlignment alignmentFrom(id property);
+
+/// Whether the row has an action of its own.
+bool acts(PSSpecifier* specifier);
+
+/// Whether a finger can press the row.
+bool takesTaps(PSSpecifier* specifier);
 
 /// Whether the row shows something or does something; what does neither is drawn disabled.
 bool hasPurpose(PSSpecifier* specifier);

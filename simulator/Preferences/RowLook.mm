@@ -1,5 +1,6 @@
 #import <Preferences/RowLook.hpp>
 
+#import <Preferences/CellTypes.hpp>
 #import <Preferences/PSSpecifier+Sim.h>
 
 namespace sim {
@@ -21,36 +22,36 @@ NSTextAlignment alignmentFrom(id property) {
   return NSTextAlignmentLeft;
 }
 
-bool hasPurpose(PSSpecifier *specifier) {
-  switch ([specifier cellType]) {
-    case PSSliderCell:
-    case PSSwitchCell:
-    case PSEditTextCell:
-    case PSSegmentCell:
-    case PSSecureEditTextCell:
-    case PSEditTextViewCell:
-    case PSLinkCell:
-    case PSLinkListCell:
-    case PSButtonCell:
-      return specifier->setter || specifier->action || [specifier buttonAction] || [specifier controllerLoadAction] ||
-             [specifier detailControllerClass] || [specifier propertyForKey:PSIconImageKey];
+bool acts(PSSpecifier *specifier) {
+  return specifier->action || [specifier buttonAction] || [specifier controllerLoadAction];
+}
+
+bool takesTaps(PSSpecifier *specifier) {
+  if (![specifier sim_isEnabled]) return false;
+  switch (traitsOf([specifier cellType]).tap) {
+    case Tap::kRefused: return false;
+    case Tap::kNothing: return acts(specifier);
+    case Tap::kOpensOwnPage: return acts(specifier) || [specifier detailControllerClass];
     default: return true;
   }
 }
 
+bool hasPurpose(PSSpecifier *specifier) {
+  return !traitsOf([specifier cellType]).needsPurpose || specifier->setter || acts(specifier) ||
+         [specifier detailControllerClass] || [specifier propertyForKey:PSIconImageKey];
+}
+
 UIColor *titleColor(PSSpecifier *specifier, bool isEnabled) {
   if (!isEnabled) return [UIColor tertiaryLabelColor];
-  if ([specifier cellType] != PSButtonCell) return [UIColor labelColor];
+  if (traitsOf([specifier cellType]).tap != Tap::kPresses) return [UIColor labelColor];
   const bool isDestructive = [specifier sim_flagForKey:PSConfirmationDestructiveKey fallback:NO];
   return isDestructive ? [UIColor systemRedColor] : [UIColor systemBlueColor];
 }
 
 bool showsDisclosure(PSSpecifier *specifier) {
-  switch ([specifier cellType]) {
-    case PSLinkCell:
-    case PSLinkListCell: return ![specifier sim_flagForKey:@"hidesDisclosureIndicator" fallback:NO];
-    case PSGiantIconCell:
-    case PSGiantCell: return [specifier detailControllerClass] != Nil;
+  switch (traitsOf([specifier cellType]).tap) {
+    case Tap::kOpensPage: return ![specifier sim_flagForKey:@"hidesDisclosureIndicator" fallback:NO];
+    case Tap::kOpensOwnPage: return [specifier detailControllerClass] != Nil;
     default: return false;
   }
 }

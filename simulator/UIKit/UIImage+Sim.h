@@ -7,9 +7,6 @@
 /// PNG bytes of the middle square of the picture file at `path`, upright, at most `side` pixels wide and high. nil when
 /// it cannot be read or decoded.
 + (NSData *)sim_PNGThumbnailOfFile:(NSString *)path side:(NSUInteger)side;
-/// This image in the shape of an application's icon, `width` points wide. Its pixels are decoded and masked on first
-/// use. nil when this image has no size.
-- (UIImage *)sim_iconOfWidth:(CGFloat)width;
 /// A number that no other image of this process has had, except one that was made from the same bytes not long before:
 /// a page may decode a stored picture each time it shows it.
 - (NSUInteger)sim_number;

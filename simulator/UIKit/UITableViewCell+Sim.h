@@ -16,8 +16,6 @@
 @property(nonatomic, readonly) UIView *sim_shownAccessoryView;
 /// Whether the cell has a separator inset of its own.
 @property(nonatomic, readonly) BOOL sim_hasSeparatorInset;
-/// How far the standard views keep from the edges of the content view: 16 points until a table view sets it.
-@property(nonatomic, readonly) CGFloat sim_margin;
 /// Set by the table view: the margin, and how far the screen's corners reach into the row from left and right, which
 /// the content view keeps clear of.
 - (void)sim_setMargin:(CGFloat)margin coveredSides:(UIEdgeInsets)sides;

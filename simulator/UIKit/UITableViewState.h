@@ -4,6 +4,7 @@
 #include "TableGeometry.hpp"
 #include "TableUpdate.hpp"
 
+#import <UIKit/FrameworkSupport.h>
 #import <UIKit/UITableView+Sim.h>
 #import <UIKit/UITableViewCell+Sim.h>
 #import <UIKit/UITableViewHeaderFooterView+Sim.h>
@@ -135,8 +136,6 @@ inline RowIndex indexOf(NSIndexPath *path) {
 - (UIEdgeInsets)sim_rowInsets;
 /// How far the safe area's edges reach into rows, headers and footers from left and right.
 - (UIEdgeInsets)sim_coveredSides;
-/// The width of rows, headers and footers.
-- (CGFloat)sim_rowWidth;
 @end
 
 @interface UITableView (SimReuse)

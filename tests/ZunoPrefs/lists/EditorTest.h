@@ -3,23 +3,15 @@
 
 #import <UIKit/UIKit.h>
 
+#import "lists/ZunoListEditor.h"
+
 #include <string>
 
 #include "ZunoPrefs/support/BundleTest.h"
 
-/// What both editors answer; lets one test body drive either.
-@protocol ListEditor <NSObject>
-- (NSMutableArray *)menuItems;
-- (NSMutableArray *)menuItemsDisabled;
-- (UITableView *)tableView;
-- (void)loadLists;
-- (void)saveLists;
-- (NSArray *)defaultItems;
-@end
-
 namespace testing_support {
 
-using Editor = UITableViewController<ListEditor>;
+using Editor = UITableViewController<ZunoListEditor>;
 
 class EditorTest : public BundleTest {
  protected:

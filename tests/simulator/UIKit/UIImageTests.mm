@@ -1,5 +1,6 @@
 #import <CoreGraphics/CGImage+Sim.h>
 #import <CoreGraphics/ImageEncoder.hpp>
+#import <UIKit/FrameworkSupport.h>
 #import <UIKit/UIImage+Sim.h>
 #import <UIKit/UIKit.h>
 #import <UIKit/UIScreen+Sim.h>
