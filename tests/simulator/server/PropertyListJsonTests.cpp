@@ -95,8 +95,10 @@ TEST(PropertyListJsonTests, DataOfEveryLength) {
 }
 
 TEST(PropertyListJsonTests, LargeThingsAreOnlyHintedAt) {
-  EXPECT_EQ(read("<data>" + repeated("AAAA", 5'000) + "</data>"), json::parse(R"({"data":null,"bytes":15000})"));
-  const json text = read("<string>" + repeated("\u00E4", 10'000) + "</string>");
+  const json large = read("<array><data>" + repeated("AAAA", 5'000) + "</data><string>" + repeated("\u00E4", 10'000) +
+                          "</string></array>");
+  EXPECT_EQ(large[0], json::parse(R"({"data":null,"bytes":15000})"));
+  const json& text = large[1];
   EXPECT_EQ(text["bytes"], 20'000);
   EXPECT_EQ(text["string"], repeated("\u00E4", 2'048));
   const json many = read("<array>" + repeated("<true/>", 3'000) + "</array>");
