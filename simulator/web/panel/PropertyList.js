@@ -14,7 +14,6 @@ const marked = [
   },
   { keys: ['date'], text: ({ date }) => `date, ${date ?? 'out of range'}` },
   { keys: ['real'], text: ({ real }) => String(real) },
-  { keys: ['uid'], text: ({ uid }) => `uid ${uid}` },
   { keys: ['omitted'], text: ({ omitted }) => `${count.format(omitted)} more` },
 ];
 
