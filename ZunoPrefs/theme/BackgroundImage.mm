@@ -1,9 +1,5 @@
 #import "theme/BackgroundImage.h"
 
-#include <sys/stat.h>
-
-#include <array>
-
 #import "core/PreferenceFile.h"
 #import "theme/ThemeChange.h"
 
@@ -26,20 +22,12 @@ bool canDecode(CGImageRef image) {
   return true;
 }
 
-/// Tells a file from others and from itself before a write; zeros where there is none. A file that is written whole, as
-/// preference files are, becomes another one.
-using FileState = std::array<std::int64_t, 5>;
-
-FileState stateOf(NSString *path) {
-  struct stat state;
-  if (stat([path fileSystemRepresentation], &state) != 0) return {};
-#ifdef __APPLE__
-  const timespec written = state.st_mtimespec;
-#else
-  const timespec written = state.st_mtim;
-#endif
-  return {static_cast<std::int64_t>(state.st_dev), static_cast<std::int64_t>(state.st_ino), state.st_size,
-          written.tv_sec, written.tv_nsec};
+/// Tells a file from others and from itself before a write; nil where there is none. A file that is written whole, as
+/// preference files are, becomes another one. Autoreleased.
+NSArray *stateOf(NSString *path) {
+  NSDictionary *all = [[NSFileManager defaultManager] attributesOfItemAtPath:path error:nullptr];
+  return [all objectsForKeys:@[ NSFileSystemFileNumber, NSFileSize, NSFileModificationDate ]
+              notFoundMarker:[NSNull null]];
 }
 
 UIImage *turnedUpright(UIImage *image) {
@@ -83,12 +71,13 @@ void storeBackgroundImage(NSString *text) {
 }
 
 std::size_t backgroundFingerprint() {
-  static FileState known{};
+  static NSArray *known = nil;
   static std::size_t fingerprint = 0;
   const auto file = PreferenceFile::ofDomain(kThemeDomain);
-  const FileState state = stateOf(file.path());
-  if (state != known) {
-    known = state;
+  NSArray *state = stateOf(file.path());
+  if (known == nil || ![known isEqual:state]) {
+    [known release];
+    known = [state retain];
     fingerprint = file.fingerprint(kBackgroundImage);
   }
   return fingerprint;

@@ -1,6 +1,7 @@
 // Views as their siblings in UIKit and the host need them.
 #pragma once
 
+#import <QuartzCore/CALayer+Sim.h>
 #import <UIKit/UIView.h>
 
 @interface UIView (Sim)
@@ -16,6 +17,10 @@
 - (CALayer *)sim_layerIfMade;
 /// A number that is unique in the process, for the host's identifiers.
 - (NSUInteger)sim_number;
+@end
+
+/// A view keeps what it shares with its layer.
+@interface UIView (SimLayer) <SIMLayerOwner>
 @end
 
 @interface UIView (SimHierarchy)

@@ -51,7 +51,7 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
   if (!_state->layer) {
     _state->layer = objcxx::adopt([[CALayer alloc] init]);
     [_state->layer.get() setDelegate:self];
-    [_state->layer.get() sim_setOwner:(id<SIMLayerOwner>)self];  // Which the categories implement.
+    [_state->layer.get() sim_setOwner:self];
   }
   return _state->layer.get();
 }

@@ -12,12 +12,14 @@ INCLUDE = [ROOT / 'simulator', ROOT / 'include']
 UMBRELLAS = ['UIKit/UIKit.h', 'Preferences/Preferences.h', 'NorvikAppList/NorvikAppList.h',
              'NorvikAppList/NorvikAppListTableViewController.h', 'PrivateFoundation/NSTask.h', 'CoreFoundation/CoreFoundation.h',
              'ImageIO/ImageIO.h']
-FOLDERS = ['CoreFoundation', 'CoreGraphics', 'CoreImage', 'ImageIO', 'Foundation', 'UIKit', 'Preferences', 'AppList', 'Settings']
+FOLDERS = ['CoreFoundation', 'CoreGraphics', 'CoreImage', 'ImageIO', 'QuartzCore', 'Foundation', 'UIKit', 'Preferences',
+           'AppList', 'Settings']
 
 # A device does no more with these either than the simulator does. Each has its reason.
 KEPT = {
     'PSListController.specifierID': 'for the bundle to read back',
     'PSSpecifier.userInfo': 'for the bundle to read back',
+    'CALayer.delegate': 'for the bundle to read back',
     'CIFilter.name': 'for the bundle to read back',
     'UIBarItem.tag': 'for the bundle to read back',
     'UIView.tag': 'for viewWithTag:, which the bundle asks',
@@ -61,7 +63,7 @@ class CensusTest(unittest.TestCase):
   def setUpClass(cls):
     sys.setrecursionlimit(10_000)  # As deep as expressions are nested.
     cls.headers = public_headers()
-    paths = [path for folder in FOLDERS for path in sorted((ROOT / 'simulator' / folder).glob('*.mm')) if path.name != 'main.mm']
+    paths = [path for folder in FOLDERS for path in sorted((ROOT / 'simulator' / folder).rglob('*.mm')) if path.name != 'main.mm']
     cls.sources = sources_of(paths, census.arguments(ROOT), cls.headers.__contains__)
     cls.dead = {setter.name: setter for setter in cls.sources.dead()}
 

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <utility>
 
 namespace sim {
 namespace {
@@ -16,6 +15,11 @@ constexpr UIControlEvents kDrags = UIControlEventTouchDragInside | UIControlEven
 
 std::string_view type(UIView *) { return "slider"; }
 
+/// The picture at one end of the track; null for nil.
+void writeEnd(JsonText &out, UIImage *image, UISlider *slider, ImageStore &images) {
+  images.write(out, image, [image size], templateTint(image, slider));
+}
+
 void describe(JsonText &out, UIView *view, ImageStore &images) {
   UISlider *slider = (UISlider *)view;
   out.name("min").number([slider minimumValue]);
@@ -24,10 +28,8 @@ void describe(JsonText &out, UIView *view, ImageStore &images) {
   writeColor(out.name("minimumTrackTintColor"), [slider minimumTrackTintColor] ?: [slider tintColor]);
   writeColor(out.name("maximumTrackTintColor"), [slider maximumTrackTintColor]);
   writeColor(out.name("thumbTintColor"), [slider thumbTintColor]);
-  for (const auto &[name, image] :
-       {std::pair{"minimumImage", [slider minimumValueImage]}, std::pair{"maximumImage", [slider maximumValueImage]}}) {
-    images.write(out.name(name), image, [image size], templateTint(image, slider));
-  }
+  writeEnd(out.name("minimumImage"), [slider minimumValueImage], slider, images);
+  writeEnd(out.name("maximumImage"), [slider maximumValueImage], slider, images);
 }
 
 bool writeValue(JsonText &out, UIView *view) {

@@ -1,5 +1,4 @@
 // What the rows of the root page that open a list tell of it.
-#import <NorvikAppList/NorvikAppList.h>
 #import <Preferences/PSTableCell.h>
 #import <UIKit/UIKit.h>
 #import <dispatch/MainQueue+Sim.h>
@@ -7,7 +6,6 @@
 #include <string>
 
 #include "ZunoPrefs/core/RootPageTest.h"
-#include "ZunoPrefs/support/Replaced.h"
 #include "ZunoPrefs/support/WidgetTest.h"
 #include "support/objc/MethodSpy.h"
 
@@ -178,19 +176,6 @@ TEST_F(RootSummariesTest, ValuesOfOddTypesAreNoChoice) {
   page = shownPage();
   EXPECT_EQ(favourites(page), "Mail");
   EXPECT_EQ(music(page), "Mail") << "one text stands for a list of one";
-}
-
-TEST_F(RootSummariesTest, AnAppWithoutANameIsNotTold) {
-  installApp(@"Mail", @"test.mail");
-  installApp(@"Maps", @"test.maps");
-  writePreferences(kMainFile, @{@"FavouriteApplications" : @[ @"test.mail", @"test.maps" ]});
-  using Text = NSString *(id, SEL);
-  static Text *original;
-  const Replaced<Text> names([NorvikAppRecord class], @selector(displayName), [](id record, SEL name) -> NSString * {
-    return [[record bundleIdentifier] isEqualToString:@"test.mail"] ? nil : original(record, name);
-  });
-  original = names.original();
-  EXPECT_EQ(favourites(shownPage()), "Maps");
 }
 
 TEST_F(RootSummariesTest, RespringAsksFirst) {

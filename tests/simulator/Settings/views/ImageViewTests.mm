@@ -66,7 +66,8 @@ TEST_F(ImageViewTest, APictureThatIsNotScaledIsSentAsLargeAsItIs) {
   [images.get() setFrame:CGRectMake(0, 0, 50, 20)];
   [around.get() addSubview:images.get()];
   const auto sent = [&] {
-    return sizeOf(session().pngOf(identifierOf(describedView(around.get())["views"][0]["image"])));
+    const sim::Json described = describedView(around.get());  // Starts the session.
+    return sizeOf(session().pngOf(identifierOf(described["views"][0]["image"])));
   };
   const std::string scaled = sent();
   EXPECT_EQ(scaled, "150x150");
