@@ -33,7 +33,7 @@ define slice_rules
 $(OUT)/$(1)/%.o: ZunoPrefs/% packaging/bundle.mk packaging/clang.mk $(TOOLS)
 	@mkdir -p $$(@D)
 	packaging/device-clang $(1)-apple-ios$(ZUNO_DEPLOYMENT_TARGET) "$(SDK)" -c $$< -o $$@ \
-	  $(COMPILE_FLAGS) -MMD -MF $$(@:.o=.d) -MT $$@
+	  $(COMPILE_FLAGS) -MMD -MP -MF $$(@:.o=.d) -MT $$@
 
 # What is linked, in a file that is written when it changes: a source that is gone leaves nothing newer than the executable
 # behind, and the names of an SDK's stubs may hold what make takes for the end of a name.

@@ -93,6 +93,14 @@ class MadeTest(PackageCommandTest):
         (self.tree / "ZunoPrefs/core/Extra.cpp").unlink()
         self.assertNotIn("__Z5extrav", self.exported(self.made()))
 
+    def test_a_header_that_is_gone_is_missed_by_nobody(self):
+        header = write(self.tree / "ZunoPrefs/core/Extra.h", "#define NAME earlier")
+        write(self.tree / "ZunoPrefs/core/Extra.cpp", '#include "core/Extra.h"\nint NAME() { return 1; }')
+        self.assertIn("__Z7earlierv", self.exported(self.made()))
+        header.unlink()
+        write(self.tree / "ZunoPrefs/core/Extra.cpp", "int later() { return 1; }")
+        self.assertIn("__Z5laterv", self.exported(self.made()))
+
     def test_another_sdk_in_the_place_of_the_one_before(self):
         header = "usr/include/extra.h"
         write(self.sdk / header, "#define NAME earlier")
