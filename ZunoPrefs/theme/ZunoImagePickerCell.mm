@@ -56,7 +56,7 @@
   [super refreshCellContentsWithSpecifier:specifier];
   if (![self superview]) return;
 
-  if (_shown != 0 && _shown == zuno::backgroundFingerprint()) {
+  if (shown && _shown != 0 && _shown == zuno::backgroundFingerprint()) {
     [[self imageView] setImage:shown.get()];
   } else {
     [self loadImageFromDict];
@@ -97,10 +97,10 @@
 
 - (void)loadImageFromDict {
   const std::size_t fingerprint = zuno::backgroundFingerprint();
-  UIImage *image = zuno::storedBackgroundImage();
-  if (!image) return;
-  [self setCurrentImage:image];
-  _shown = fingerprint;
+  if (UIImage *image = zuno::storedBackgroundImage()) {
+    [self setCurrentImage:image];
+    _shown = fingerprint;
+  }
 }
 
 @end

@@ -174,7 +174,9 @@ class Route {
   template <typename Perform>
   EventResult work(const ElementId &id, Perform perform) const {
     if (id.kind != ElementKind::kRow || !isOnPage(id) || ![table() sim_hasRowAtIndexPath:path(id)]) return unknown();
-    const char *problem = perform([table() sim_cellForControlEventsAtIndexPath:path(id)]);
+    UIView *cell = [table() sim_cellForControlEventsAtIndexPath:path(id)];
+    if (!cell) return unknown();
+    const char *problem = perform(cell);
     if (!problem) (void)[table() sim_closeSwipedRow];
     return worked(problem);
   }

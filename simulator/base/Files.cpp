@@ -32,6 +32,7 @@ int fillAndMove(TemporaryFile& file, const std::string& path, std::span<const st
                 std::optional<mode_t> mode) {
   struct stat old{};
   const bool replaces = ::lstat(path.c_str(), &old) == 0;
+  if (replaces && S_ISDIR(old.st_mode)) return EISDIR;  // With a slash at its end, renaming would call it no folder.
   if (const int error = setMode(file.descriptor(), replaces ? &old : nullptr, mode)) return error;
   if (const int error = writeAll(file.descriptor(), bytes)) return error;
   if (::fsync(file.descriptor()) != 0) return errno;

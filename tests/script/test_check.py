@@ -67,7 +67,7 @@ class CheckTest(unittest.TestCase):
             with self.subTest(arguments):
                 result = self.check(*arguments)
                 self.assertEqual((2, []), (result.returncode, self.called()))
-                self.assertIn("which tests? foundation,", result.stderr)
+                self.assertIn("which tests? base, foundation,", result.stderr)
 
     def test_tests_that_fail_fail_it(self):
         self.program(self.programs / "ctest", "exit 8")

@@ -152,6 +152,10 @@ TEST_F(ImageCellTest, APhotoIsDecodedAgainOnlyWhenItIsAnother) {
   EXPECT_EQ(colourOf(imageAfter(@{@"backgroundImage" : blue})), "0,0,255");
   EXPECT_OBJC_EQ(imageAfter(@{@"spacing" : @3}), nil) << "none is stored any more";
   EXPECT_EQ(colourOf(imageAfter(@{@"backgroundImage" : red})), "255,0,0");
+  EXPECT_OBJC_EQ(imageAfter(@{@"backgroundImage" : @"no picture"}), nil);
+  EXPECT_EQ(colourOf(imageAfter(@{@"backgroundImage" : red})), "255,0,0") << "the same one after none";
+  [[cell imageView] setImage:nil];
+  EXPECT_EQ(colourOf(imageAfter(@{@"backgroundImage" : red})), "255,0,0") << "as a device clears a cell that waits";
   [cell setCurrentImage:picture(8, [UIColor greenColor])];
   EXPECT_EQ(colourOf(imageAfter(@{@"backgroundImage" : red})), "255,0,0") << "what was set is not what is stored";
   shown = [[cell imageView] image];

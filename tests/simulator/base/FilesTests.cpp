@@ -162,6 +162,7 @@ TEST_F(FilesTests, ALinkIsItselfReplaced) {
 TEST_F(FilesTests, AFailureSaysWhyAndLeavesNothing) {
   std::filesystem::create_directory(path("folder"));
   EXPECT_EQ(write("folder", "x"), EISDIR);
+  EXPECT_EQ(write("folder/", "x"), EISDIR);
   EXPECT_EQ(write("missing/file", "x"), ENOENT);
   EXPECT_EQ(sim::writeFileAtomically("", {}), ENOENT);
   EXPECT_EQ(write(std::string(300, 'n'), "x"), ENAMETOOLONG) << "which only the last step finds";
