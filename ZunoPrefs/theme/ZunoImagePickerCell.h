@@ -10,7 +10,8 @@
   UIImageView *imagePreviewView;  // Reserved.
   UILabel *cellLabel;             // Reserved.
   id _options;
-  std::size_t _shown;  // The fingerprint of the stored image that the cell shows; 0 when it shows another or none.
+  UIImage *_photo;     // The stored image, while the cell shows that.
+  std::size_t _shown;  // Its fingerprint.
 }
 
 @property(nonatomic, strong) id options;

@@ -1,7 +1,6 @@
 #import "theme/ZunoImagePickerCell.h"
 
 #import <Preferences/PSSpecifier.h>
-#import <objcxx/Retained.h>
 
 #import "theme/BackgroundImage.h"
 #import "theme/ZunoCustomiseRootListController.h"
@@ -17,6 +16,7 @@
 }
 
 - (void)dealloc {
+  [_photo release];
   [_options release];
   [super dealloc];
 }
@@ -52,12 +52,11 @@
 /// A cell that a table takes out of its queue shows again without having moved. While it is in no table it is filled in
 /// when it comes into one. A photo is decoded again only when it is another.
 - (void)refreshCellContentsWithSpecifier:(PSSpecifier *)specifier {
-  const auto shown = objcxx::share([[self imageView] image]);
   [super refreshCellContentsWithSpecifier:specifier];
   if (![self superview]) return;
 
-  if (shown && _shown != 0 && _shown == zuno::backgroundFingerprint()) {
-    [[self imageView] setImage:shown.get()];
+  if (_photo && _shown == zuno::backgroundFingerprint()) {
+    [[self imageView] setImage:_photo];
   } else {
     [self loadImageFromDict];
   }
@@ -91,7 +90,8 @@
 }
 
 - (void)setCurrentImage:(UIImage *)image {
-  _shown = 0;
+  [_photo release];
+  _photo = nil;
   [[self imageView] setImage:image];
 }
 
@@ -99,6 +99,7 @@
   const std::size_t fingerprint = zuno::backgroundFingerprint();
   if (UIImage *image = zuno::storedBackgroundImage()) {
     [self setCurrentImage:image];
+    _photo = [image retain];
     _shown = fingerprint;
   }
 }
