@@ -47,26 +47,13 @@ void describe(JsonText &out, UIView *view, ImageStore &images) {
   writeSideView(out.name("rightView"), [field rightView], [field rightViewMode], images);
 }
 
-bool writeValue(JsonText &out, UIView *view) {
-  writeText(out, "value", [(UITextField *)view text] ?: @"");
-  return true;
-}
-
-const char *set(UIView *view, const Json &value, bool) {
-  NSString *text = nil;
-  if (const char *problem = textToEnter(value, &text)) return problem;
-  return [(UITextField *)view sim_enterText:text] ? nullptr : kUnreachable;
-}
-
-const char *paste(UIView *view) { return [(UITextField *)view sim_pasteByUser] ? nullptr : kUnreachable; }
-
 }  // namespace
 
 extern const ControlAdapter kTextField{.kind = [] { return [UITextField class]; },
                                        .type = type,
                                        .describe = describe,
-                                       .writeValue = writeValue,
-                                       .set = set,
-                                       .paste = paste};
+                                       .writeValue = writeTextOf<UITextField>,
+                                       .set = enterTextInto<UITextField>,
+                                       .paste = pasteInto<UITextField>};
 
 }  // namespace sim
