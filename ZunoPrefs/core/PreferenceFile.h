@@ -22,8 +22,8 @@ enum class Damaged {
   kLeaveAlone,  ///< Nothing is written.
 };
 
-/// One preference file. Holds only the path: nothing is cached, every call opens the file again, because other
-/// processes and other pages write it too. Main thread only.
+/// One preference file. Holds only the path: every call looks at the file again, because other processes and other
+/// pages write it too. Main thread only.
 class PreferenceFile final {
  public:
   /// The file "<preferences folder>/<domain>.plist".
@@ -42,7 +42,7 @@ class PreferenceFile final {
   /// Whether the dictionary holds something for `key`; as quick as `value`, and makes no object of what it finds.
   bool contains(NSString *key) const;
 
-  /// What the dictionary holds for each of `keys` (ASCII), by key, autoreleased: as `value` gives it, in one pass.
+  /// What the dictionary holds for each of `keys` (UTF-8), by key, autoreleased: as `value` gives it, in one pass.
   NSDictionary *values(std::span<const std::string_view> keys) const;
 
   /// Tells one text from another without giving it: the same number for the same text under `key`, most likely another

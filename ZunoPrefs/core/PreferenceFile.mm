@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -12,6 +11,8 @@
 #import "core/DevicePaths.h"
 #include "core/PropertyListScan.hpp"
 #include "core/PropertyListScanFile.hpp"
+#import "core/PreferenceScan.h"
+#import "core/PropertyListObject.h"
 
 namespace zuno {
 
@@ -25,22 +26,17 @@ std::size_t hashOf(std::string_view text) {
   return hash != 0 ? hash : 1;  // 0 is for no text.
 }
 
-/// Makes the Foundation object of a scanned value, autoreleased.
-struct ObjectMaker {
-  id operator()(bool value) const { return [NSNumber numberWithBool:value]; }
-  id operator()(std::int64_t value) const { return [NSNumber numberWithLongLong:value]; }
-  id operator()(std::uint64_t value) const { return [NSNumber numberWithUnsignedLongLong:value]; }
-  id operator()(float value) const { return [NSNumber numberWithFloat:value]; }
-  id operator()(double value) const { return [NSNumber numberWithDouble:value]; }
-  id operator()(std::string_view text) const {
-    return [[[NSString alloc] initWithBytes:text.data() length:text.size() encoding:NSUTF8StringEncoding] autorelease];
-  }
-  id operator()(const std::string &text) const { return (*this)(std::string_view(text)); }
-};
+std::string_view utf8(NSString *key) {
+  return {[key UTF8String], [key lengthOfBytesUsingEncoding:NSUTF8StringEncoding]};
+}
 
 /// Looks `key` up, which has a form in UTF-8; the result lives as long as `file`.
-PropertyListScan scanFor(NSString *key, const FileBytes &file) {
-  return scanPropertyList(file.bytes(), {[key UTF8String], [key lengthOfBytesUsingEncoding:NSUTF8StringEncoding]});
+PropertyListScan scanFor(NSString *key, const FileBytes &file) { return scanPropertyList(file.bytes(), utf8(key)); }
+
+/// Of the file that was asked last: the rows of a page ask one file.
+PreferenceScan &lastScan() {
+  static PreferenceScan &recent = *new PreferenceScan;
+  return recent;
 }
 
 }  // namespace
@@ -56,27 +52,29 @@ NSDictionary *PreferenceFile::contents() const { return [NSDictionary dictionary
 id PreferenceFile::value(NSString *key) const {
   if (![key UTF8String]) return [contents() objectForKey:key];
 
+  const auto &recent = lastScan().find([path() fileSystemRepresentation], utf8(key));
+  if (recent.kind == PreferenceScan::Entry::Kind::kAbsent) return nil;
+  if (recent.kind == PreferenceScan::Entry::Kind::kFound) return objcxx::share(recent.value.get()).autoreleased();
+
   const FileBytes file([path() fileSystemRepresentation]);
   const auto scan = scanFor(key, file);
   if (scan.outcome == PropertyListScan::Outcome::kAbsent) return nil;
   if (scan.outcome == PropertyListScan::Outcome::kFound) {
-    if (id found = std::visit(ObjectMaker{}, scan.value)) return found;
+    if (id found = objectOf(scan.value)) return found;
   }
   return [contents() objectForKey:key];
 }
 
 NSDictionary *PreferenceFile::values(std::span<const std::string_view> keys) const {
-  const FileBytes file([path() fileSystemRepresentation]);
-  std::vector<PropertyListScan> scans(keys.size());
-  scanPropertyListKeys(file.bytes(), keys, scans);
+  const char *file = [path() fileSystemRepresentation];
+  lastScan().expect(file, keys);
   NSMutableDictionary *found = [NSMutableDictionary dictionaryWithCapacity:keys.size()];
   NSDictionary *all = nil;  // Read when the scan has not decided.
-  for (std::size_t place = 0; place < keys.size(); ++place) {
-    const auto &[outcome, scanned] = scans[place];
-    if (outcome == PropertyListScan::Outcome::kAbsent) continue;
-    NSString *key = ObjectMaker{}(keys[place]);
-    id value = outcome == PropertyListScan::Outcome::kFound ? std::visit(ObjectMaker{}, scanned) : nil;
-    if (!value) value = [(all = all ?: contents()) objectForKey:key];
+  for (const std::string_view each : keys) {
+    const auto &recent = lastScan().find(file, each);
+    if (recent.kind == PreferenceScan::Entry::Kind::kAbsent) continue;
+    NSString *key = objectOf(each);
+    id value = recent.value.get() ?: [(all = all ?: contents()) objectForKey:key];
     if (value) [found setObject:value forKey:key];
   }
   return found;
@@ -84,6 +82,8 @@ NSDictionary *PreferenceFile::values(std::span<const std::string_view> keys) con
 
 bool PreferenceFile::contains(NSString *key) const {
   if ([key UTF8String]) {
+    const auto kind = lastScan().find([path() fileSystemRepresentation], utf8(key)).kind;
+    if (kind != PreferenceScan::Entry::Kind::kUndecided) return kind != PreferenceScan::Entry::Kind::kAbsent;
     const FileBytes file([path() fileSystemRepresentation]);
     const auto outcome = scanFor(key, file).outcome;
     if (outcome != PropertyListScan::Outcome::kUndecided) return outcome == PropertyListScan::Outcome::kFound;

@@ -27,6 +27,7 @@ class Descriptor final {
 FileBytes::FileBytes(const char* path) {
   // Opening a pipe would wait for its writer; O_NONBLOCK does not and changes nothing for regular files.
   const Descriptor file(::open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  state_ = fileState(file.number());
   struct stat status;
   if (::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode)) return;
   const auto size = static_cast<std::size_t>(status.st_size);

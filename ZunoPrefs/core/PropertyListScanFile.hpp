@@ -5,6 +5,8 @@
 #include <span>
 #include <vector>
 
+#include "core/FileState.hpp"
+
 namespace zuno {
 
 /// The content of a file as it was when the object was made. Any thread, one at a time.
@@ -26,6 +28,8 @@ class FileBytes final {
 
   /// Lent; lives as long as this object.
   std::span<const std::byte> bytes() const noexcept { return bytes_; }
+  /// Of the file when it was opened.
+  const FileState& state() const noexcept { return state_; }
 
  private:
   void read(int file, std::size_t size);
@@ -33,6 +37,7 @@ class FileBytes final {
 
   std::vector<std::byte> buffer_;
   void* mapping_ = nullptr;
+  FileState state_;
   std::span<const std::byte> bytes_;
 };
 

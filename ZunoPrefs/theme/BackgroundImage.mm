@@ -1,5 +1,6 @@
 #import "theme/BackgroundImage.h"
 
+#include "core/FileState.hpp"
 #import "core/PreferenceFile.h"
 #import "theme/ThemeChange.h"
 
@@ -20,14 +21,6 @@ bool canDecode(CGImageRef image) {
   if (!pixels) return false;
   CFRelease(pixels);
   return true;
-}
-
-/// Tells a file from others and from itself before a write; nil where there is none. A file that is written whole, as
-/// preference files are, becomes another one. Autoreleased.
-NSArray *stateOf(NSString *path) {
-  NSDictionary *all = [[NSFileManager defaultManager] attributesOfItemAtPath:path error:nullptr];
-  return [all objectsForKeys:@[ NSFileSystemFileNumber, NSFileSize, NSFileModificationDate ]
-              notFoundMarker:[NSNull null]];
 }
 
 UIImage *turnedUpright(UIImage *image) {
@@ -71,13 +64,12 @@ void storeBackgroundImage(NSString *text) {
 }
 
 std::size_t backgroundFingerprint() {
-  static NSArray *known = nil;
+  static FileState known;
   static std::size_t fingerprint = 0;
   const auto file = PreferenceFile::ofDomain(kThemeDomain);
-  NSArray *state = stateOf(file.path());
-  if (known == nil || ![known isEqual:state]) {
-    [known release];
-    known = [state retain];
+  const FileState state = fileState([file.path() fileSystemRepresentation]);
+  if (known != state) {
+    known = state;
     fingerprint = file.fingerprint(kBackgroundImage);
   }
   return fingerprint;
