@@ -287,7 +287,7 @@ double measurePreview(const sim::BitmapPtr &photo) {
             [&] { require(themeFile().fingerprint(@"backgroundImage"), "no photo"); });
     NSData *png = nil;
     measure("preview step: base64", [&] {
-      png = [zuno::imageFile(themeFile().value(@"backgroundImage")) retain];
+      png = [zuno::storedImageFile() retain];
       require(png, "no photo");
     });
     measure("preview step: decoding alone",

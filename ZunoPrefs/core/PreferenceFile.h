@@ -6,6 +6,7 @@
 #import <objcxx/Retained.h>
 
 #include <cstddef>
+#include <functional>
 #include <span>
 #include <string_view>
 
@@ -44,6 +45,10 @@ class PreferenceFile final {
 
   /// What the dictionary holds for each of `keys` (UTF-8), by key, autoreleased: as `value` gives it, in one pass.
   NSDictionary *values(std::span<const std::string_view> keys) const;
+
+  /// Calls `use` with the text that the dictionary holds for `key`, in UTF-8, lent until it returns; not where it holds
+  /// none. A photo of many megabytes is mostly not copied.
+  void withText(NSString *key, const std::function<void(std::string_view)> &use) const;
 
   /// Tells one text from another without giving it: the same number for the same text under `key`, most likely another
   /// for another; 0 where the file holds no text for it. Quick for a photo of many megabytes.

@@ -91,17 +91,23 @@ bool PreferenceFile::contains(NSString *key) const {
   return [contents() objectForKey:key] != nil;
 }
 
-std::size_t PreferenceFile::fingerprint(NSString *key) const {
+void PreferenceFile::withText(NSString *key, const std::function<void(std::string_view)> &use) const {
   const FileBytes file([path() fileSystemRepresentation]);
   const auto scan = scanFor(key, file);
-  if (scan.outcome == PropertyListScan::Outcome::kAbsent) return 0;
+  if (scan.outcome == PropertyListScan::Outcome::kAbsent) return;
   if (scan.outcome == PropertyListScan::Outcome::kFound) {
-    if (const auto *lent = std::get_if<std::string_view>(&scan.value)) return hashOf(*lent);
-    const auto *decoded = std::get_if<std::string>(&scan.value);
-    return decoded ? hashOf(*decoded) : 0;
+    if (const auto *lent = std::get_if<std::string_view>(&scan.value)) use(*lent);
+    if (const auto *decoded = std::get_if<std::string>(&scan.value)) use(*decoded);
+    return;
   }
   id value = [contents() objectForKey:key];
-  return [value isKindOfClass:[NSString class]] ? hashOf([value UTF8String] ?: "") : 0;
+  if ([value isKindOfClass:[NSString class]]) use(utf8(value));
+}
+
+std::size_t PreferenceFile::fingerprint(NSString *key) const {
+  std::size_t hash = 0;
+  withText(key, [&](std::string_view text) { hash = hashOf(text); });
+  return hash;
 }
 
 void PreferenceFile::setValue(id value, NSString *key, Damaged damaged) const {

@@ -15,13 +15,13 @@ NSString *encodeImage(UIImage *image);
 /// The key of the theme file under which the image is stored.
 extern NSString *const kBackgroundImage;
 
-/// The file that `text` stores; characters outside the base64 alphabet are passed over. nil when `text` is no string.
-/// It need not be an image. Autoreleased.
-NSData *imageFile(id text);
-
 /// The image that `text` stores; characters outside the base64 alphabet are passed over. nil when it is none, or when
 /// `text` is no string. Autoreleased.
 UIImage *decodeImage(id text);
+
+/// The file that the theme file stores as the background image; characters outside the base64 alphabet are passed over.
+/// nil when it stores no text. It need not be an image. Autoreleased.
+NSData *storedImageFile();
 
 /// The stored background image; nil when the theme file has none that can be read. Autoreleased.
 UIImage *storedBackgroundImage();

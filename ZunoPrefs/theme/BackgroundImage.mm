@@ -1,5 +1,9 @@
 #import "theme/BackgroundImage.h"
 
+#import <objcxx/Retained.h>
+
+#include <string_view>
+
 #include "core/FileState.hpp"
 #import "core/PreferenceFile.h"
 #import "theme/ThemeChange.h"
@@ -40,18 +44,28 @@ NSString *encodeImage(UIImage *image) {
   return [UIImagePNGRepresentation(image) base64EncodedStringWithOptions:NSDataBase64Encoding64CharacterLineLength];
 }
 
-NSData *imageFile(id text) {
-  if (![text isKindOfClass:[NSString class]]) return nil;
-  return [[[NSData alloc] initWithBase64EncodedString:text
-                                              options:NSDataBase64DecodingIgnoreUnknownCharacters] autorelease];
+NSData *storedImageFile() {
+  NSData *png = nil;
+  PreferenceFile::ofDomain(kThemeDomain).withText(kBackgroundImage, [&](std::string_view text) {
+    const auto base64 = objcxx::adopt([[NSData alloc] initWithBytesNoCopy:const_cast<char *>(text.data())
+                                                                   length:text.size()
+                                                             freeWhenDone:NO]);
+    png = [[NSData alloc] initWithBase64EncodedData:base64.get() options:NSDataBase64DecodingIgnoreUnknownCharacters];
+  });
+  return [png autorelease];
 }
 
 UIImage *decodeImage(id text) {
-  NSData *png = imageFile(text);
+  if (![text isKindOfClass:[NSString class]]) return nil;
+  NSData *png = [[[NSData alloc] initWithBase64EncodedString:text
+                                                     options:NSDataBase64DecodingIgnoreUnknownCharacters] autorelease];
   return png ? [UIImage imageWithData:png] : nil;
 }
 
-UIImage *storedBackgroundImage() { return decodeImage(PreferenceFile::ofDomain(kThemeDomain).value(kBackgroundImage)); }
+UIImage *storedBackgroundImage() {
+  NSData *png = storedImageFile();
+  return png ? [UIImage imageWithData:png] : nil;
+}
 
 UIImage *pickedImage(NSDictionary *info) {
   UIImage *image = [info objectForKey:UIImagePickerControllerOriginalImage];

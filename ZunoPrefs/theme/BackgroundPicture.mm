@@ -8,7 +8,6 @@
 #include <cmath>
 #include <cstddef>
 
-#import "core/PreferenceFile.h"
 #import "theme/BackgroundImage.h"
 
 namespace zuno {
@@ -98,8 +97,7 @@ UIImage *storedFilling(CGSize size, CGFloat scale) {
   // The photo, and what it is decoded from, go with this pool.
   UIImage *result = nil;
   @autoreleasepool {
-    NSData *file = imageFile(PreferenceFile::ofDomain(kThemeDomain).value(kBackgroundImage));
-    UIImage *decoded = decodedToFill(file, CGSizeMake(size.width * scale, size.height * scale));
+    UIImage *decoded = decodedToFill(storedImageFile(), CGSizeMake(size.width * scale, size.height * scale));
     if (decoded) result = [filling(decoded, size, scale) retain];
   }
   return [result autorelease];
