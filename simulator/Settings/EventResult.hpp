@@ -1,20 +1,24 @@
 // What became of an event. Plain C++.
 #pragma once
 
+#include "wire/Messages.hpp"
+
 #include <string>
 #include <utility>
 
 namespace sim {
 
-/// 200, or another status as in HTTP with a sentence that says why nothing was done.
+using wire::Outcome;
+
+/// Unless it was done, a sentence says why not.
 struct EventResult {
-  int status = 200;
+  Outcome outcome = Outcome::done;
   std::string error;
 };
 
-inline EventResult malformed(std::string why) { return {400, std::move(why)}; }
-inline EventResult unknown() { return {404, "Nothing on the screen has this id."}; }
-inline EventResult refused(std::string why) { return {422, std::move(why)}; }
+inline EventResult malformed(std::string why) { return {Outcome::malformed, std::move(why)}; }
+inline EventResult unknown() { return {Outcome::unknown, "Nothing on the screen has this id."}; }
+inline EventResult refused(std::string why) { return {Outcome::refused, std::move(why)}; }
 /// Refused with the `problem` that there was, if any.
 inline EventResult worked(const char* problem) { return problem ? refused(problem) : EventResult{}; }
 /// Refused with `why` unless it was `performed`.

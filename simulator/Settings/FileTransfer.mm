@@ -7,38 +7,29 @@
 namespace sim {
 namespace {
 
-NSString *textOf(const Json &request, const char *name) {
-  const auto found = request.find(name);
-  return found == request.end() ? nil : stringFrom(*found);
-}
-
-int statusOf(NSError *error) {
+Outcome outcomeOf(NSError *error) {
   switch ([error code]) {
-    case NSFileWriteOutOfSpaceError: return 507;
-    case NSFileWriteUnknownError: return 500;
-    default: return 422;
+    case NSFileWriteOutOfSpaceError: return Outcome::diskFull;
+    case NSFileWriteUnknownError: return Outcome::failed;
+    default: return Outcome::refused;
   }
 }
 
 }  // namespace
 
-EventResult failed(NSError *error) { return {statusOf(error), utf8([error localizedDescription])}; }
+EventResult failed(NSError *error) { return {outcomeOf(error), utf8([error localizedDescription])}; }
 
-EventResult notShared() { return {404, "Nothing on the screen shares this."}; }
+EventResult notShared() { return {Outcome::unknown, "Nothing on the screen shares this."}; }
 
-EventResult addUploadedPhoto(const Json &request, NSString **path) {
-  NSString *file = textOf(request, "file");
-  return file ? uploadPhoto(file, textOf(request, "name"), path) : malformed("There is no file.");
+EventResult addUploadedPhoto(const wire::AddPhoto &call, NSString **path) {
+  return uploadPhoto(stringFrom(call.file), call.name ? stringFrom(*call.name) : nil, path);
 }
 
-EventResult pickUploadedFile(const Json &request, UINavigationController *navigation) {
-  NSString *file = textOf(request, "file");
-  NSString *name = textOf(request, "name");
-  if (!file || !name) return malformed("There is no file, or it has no name.");
+EventResult pickUploadedFile(const wire::PickFile &call, UINavigationController *navigation) {
   UIViewController *presented = presentedOver(navigation);
   const PresentedAdapter *adapter = presentedAdapter(presented);
   if (!adapter || !adapter->pickFile) return refused("Nothing on the screen asks for a file.");
-  return adapter->pickFile(presented, file, name);
+  return adapter->pickFile(presented, stringFrom(call.file), stringFrom(call.name));
 }
 
 EventResult readSharedItem(std::string_view text, UINavigationController *navigation, PageNumbers &numbers,

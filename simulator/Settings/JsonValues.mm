@@ -106,11 +106,13 @@ UIColor *colorFrom(const Json &value) {
   return [UIColor colorWithRed:parts[0] / 255.0 green:parts[1] / 255.0 blue:parts[2] / 255.0 alpha:parts[3] / 255.0];
 }
 
-NSString *stringFrom(const Json &value) {
-  if (!value.is_string()) return nil;
-  const auto &bytes = value.get_ref<const std::string &>();
-  return objcxx::adopt([[NSString alloc] initWithBytes:bytes.data() length:bytes.size() encoding:NSUTF8StringEncoding])
+NSString *stringFrom(const std::string &text) {
+  return objcxx::adopt([[NSString alloc] initWithBytes:text.data() length:text.size() encoding:NSUTF8StringEncoding])
       .autoreleased();
+}
+
+NSString *stringFrom(const Json &value) {
+  return value.is_string() ? stringFrom(value.get_ref<const std::string &>()) : nil;
 }
 
 }  // namespace sim

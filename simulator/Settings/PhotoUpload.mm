@@ -38,7 +38,7 @@ EventResult uploadPhoto(NSString *file, NSString *name, NSString **path) {
   }
   const int number = std::get<int>(added);
   const bool isFull = number == ENOSPC || number == EDQUOT;
-  return {isFull ? 507 : 500,
+  return {isFull ? Outcome::diskFull : Outcome::failed,
           called(name) + " could not be put into the photo library: " + std::strerror(number) + "."};
 }
 

@@ -16,6 +16,8 @@
 #import "Settings/views/ImageView.hpp"
 #import "Settings/views/Views.hpp"
 
+#include "wire/NoticePage.hpp"
+
 #include <algorithm>
 
 namespace sim {
@@ -139,26 +141,6 @@ void writeContent(JsonText &out, UIViewController *page, std::uint32_t number, I
   }
 }
 
-/// In place of the rows of a page whose code raised `exception`.
-void writeFailure(JsonText &out, NSString *exception) {
-  out.name("editing").flag(false);
-  out.name("style").string(styleName(UITableViewStyleGrouped));
-  out.name("sections").beginArray();
-  out.beginObject();
-  out.name("header").null();
-  writeText(out.name("footer"),
-            [@"This page cannot be shown. Its code raised " stringByAppendingFormat:@"%@.", exception]);
-  out.name("headerView").null();
-  out.name("footerView").null();
-  out.name("headerHeight").null();
-  out.name("footerHeight").null();
-  out.name("rows").beginArray();
-  out.endArray();
-  out.endObject();
-  out.endArray();
-  out.name("view").null();
-}
-
 void writePage(JsonText &out, UINavigationController *navigation, PageNumbers &numbers, ImageStore &images) {
   UIViewController *page = [navigation topViewController];
   const std::uint32_t number = numbers.of(page);
@@ -173,7 +155,7 @@ void writePage(JsonText &out, UINavigationController *navigation, PageNumbers &n
   NSString *raised = guarded("describing the page", [&] { writeContent(out, page, number, images); });
   if (raised) {
     out.truncate(head);
-    writeFailure(out, raised);
+    wire::writeNotice(out, "", "This page cannot be shown. Its code raised " + utf8(raised) + ".");
   }
   out.endObject();
 }

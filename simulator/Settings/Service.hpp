@@ -25,10 +25,7 @@ class Service final {
   bool owesAnnouncement() const { return owesAnnouncement_; }
 
  private:
-  void handle(const wire::Message& message);
-  void answer(const Json& request, Reply reply);
-  void answerImage(const Json& request);
-  void answerShared(const Json& request);
+  void handle(const wire::Request& request);
 
   wire::Channel& channel_;
   Session& session_;

@@ -12,14 +12,9 @@
 #include "Settings/ImageStore.hpp"
 #include "Settings/JsonValues.hpp"
 #include "Settings/ScreenDescription.hpp"
+#include "wire/Messages.hpp"
 
 namespace sim {
-
-/// An answer: a status as in HTTP, and a JSON text.
-struct Reply {
-  int status = 200;
-  std::string body;
-};
 
 /// One run of the Settings application, from its root page on. Main thread only.
 class Session final {
@@ -35,20 +30,10 @@ class Session final {
   /// Runs what waits on the main queue and describes the screen anew. True when it changed, and the revision with it.
   bool refresh();
 
-  /// Does what `event` says, runs everything that this put on the main queue, and answers with the screen; so too when
-  /// a page's code raises on the way, which the log tells. A malformed event, an id that names nothing and an event
-  /// that cannot be done now change nothing and answer {"error"} with a status of the 400s.
-  Reply perform(const Json& event);
-
-  /// Moves the uploaded picture that `request` names into the photo library, and answers {"path"} with its place there.
-  Reply addPhoto(const Json& request);
-
-  /// Picks the uploaded file that `request` names in the document picker on the screen; answers like `perform`.
-  Reply pickFile(const Json& request);
-
-  /// The content of the item `identifier` of a share sheet on the screen, autoreleased. nil, with why at `problem`,
-  /// when there is no such item or it is no file.
-  NSData* sharedContentOf(std::string_view identifier, Reply& problem);
+  /// Does what `call` asks for and answers, to no request yet. A call that describes the screen is followed by
+  /// everything that it put on the main queue; it is done also when a page's code raises on the way, which the log
+  /// tells. What is malformed, names nothing or cannot be done now changes nothing.
+  wire::Reply perform(const wire::Call& call);
 
   /// The PNG file of a picture on the screen, autoreleased; nil for an unknown identifier.
   NSData* pngOf(std::string_view identifier) const { return images_.pngOf(identifier); }
@@ -61,8 +46,17 @@ class Session final {
   void setScreen(CGSize size, CGFloat scale, UIEdgeInsets safeArea);
 
  private:
-  template <typename Work>
-  Reply performing(const Json& request, Work work);
+  // One for each call. Those that are answered with the screen leave its content to `perform`.
+  wire::Reply work(const wire::Unreadable& call);
+  wire::Reply work(const wire::Screen& call);
+  wire::Reply work(const wire::Event& call);
+  wire::Reply work(const wire::PickFile& call);
+  wire::Reply work(const wire::AddPhoto& call);
+  wire::Reply work(const wire::Image& call);
+  wire::Reply work(const wire::Shared& call);
+  wire::Reply work(const wire::Pasteboard& call);
+  wire::Reply work(const wire::Appearance& call);
+  wire::Reply work(const wire::Display& call);
 
   objcxx::Retained<UIWindow> window_;
   objcxx::Retained<UINavigationController> navigation_;

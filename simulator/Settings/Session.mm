@@ -1,6 +1,7 @@
 #import "Settings/Session.hpp"
 
 #import <UIKit/UIKit.h>
+#import <UIKit/UIPasteboard+Sim.h>
 #import <UIKit/UIWindow+Sim.h>
 #import <dispatch/MainQueue+Sim.h>
 
@@ -8,14 +9,23 @@
 #import "Settings/FileTransfer.hpp"
 #import "Settings/Guarded.hpp"
 
+#include "base/Json.hpp"
+
 #include <utility>
+#include <variant>
 
 namespace sim {
 namespace {
 
-std::string dump(const Json &json) { return json.dump(-1, ' ', false, Json::error_handler_t::replace); }
+wire::Reply replyTo(const EventResult &result, std::string content = {}) {
+  return {.outcome = result.outcome, .content = result.outcome == Outcome::done ? std::move(content) : result.error};
+}
 
-Reply errorReply(const EventResult &result) { return {result.status, dump({{"error", result.error}})}; }
+wire::Reply replyWith(NSData *bytes) {
+  return {.content = std::string(static_cast<const char *>([bytes bytes]), [bytes length])};
+}
+
+EventResult stale() { return {Outcome::stale, "The screen has changed; this event is for another revision."}; }
 
 }  // namespace
 
@@ -47,42 +57,72 @@ bool Session::refresh() {
   return true;
 }
 
-Reply Session::perform(const Json &event) {
-  return performing(event, [&] { return routeEvent(event, navigation_.get(), numbers_); });
+wire::Reply Session::perform(const wire::Call &call) {
+  const wire::VerbTraits &traits = wire::traitsOf(call);
+  const bool answersScreen = traits.answer == wire::Answer::screen;
+  wire::Reply reply;
+  NSString *raised = guarded("performing an event",
+                             [&] { reply = std::visit([this](const auto &each) { return work(each); }, call); });
+  if (raised && !answersScreen) reply = replyTo({Outcome::failed, "It raised " + utf8(raised) + "."});
+  if (traits.describesScreen) refresh();
+  if (answersScreen && reply.outcome == Outcome::done) reply.content = text_;
+  reply.revision = revision_;
+  return reply;
 }
 
-Reply Session::pickFile(const Json &request) {
-  return performing(request, [&] { return pickUploadedFile(request, navigation_.get()); });
-}
+wire::Reply Session::work(const wire::Unreadable &) { return replyTo(malformed("Settings does not know this call.")); }
 
-Reply Session::addPhoto(const Json &request) {
-  NSString *path = nil;
-  const EventResult result = addUploadedPhoto(request, &path);
-  return result.status == 200 ? Reply{200, dump({{"path", utf8(path)}})} : errorReply(result);
-}
+wire::Reply Session::work(const wire::Screen &) { return {}; }
 
-NSData *Session::sharedContentOf(std::string_view identifier, Reply &problem) {
-  NSData *content = nil;
-  const EventResult result = readSharedItem(identifier, navigation_.get(), numbers_, &content);
-  if (result.status != 200) problem = errorReply(result);
-  return content;
-}
-
-/// Does `work`, which gives an EventResult, unless `request` is for another revision; then all that it put on the main
-/// queue.
-template <typename Work>
-Reply Session::performing(const Json &request, Work work) {
-  if (const auto wanted = request.find("revision"); wanted != request.end()) {
-    if (!wanted->is_number_unsigned()) return {400, dump({{"error", "A revision is a whole number."}})};
-    if (*wanted != revision_) {
-      return {409, dump({{"error", "The screen has changed; this event is for another revision."},
-                         {"revision", revision_}})};
-    }
+wire::Reply Session::work(const wire::Event &call) {
+  const Json event = parseJson(call.body).value_or(Json());
+  if (const auto wanted = event.find("revision"); wanted != event.end()) {
+    if (!wanted->is_number_unsigned()) return replyTo(malformed("A revision is a whole number."));
+    if (*wanted != revision_) return replyTo(stale());
   }
-  EventResult result;
-  guarded("performing an event", [&] { result = work(); });
-  refresh();
-  return result.status == 200 ? Reply{200, text_} : errorReply(result);
+  return replyTo(routeEvent(event, navigation_.get(), numbers_));
+}
+
+wire::Reply Session::work(const wire::PickFile &call) {
+  if (call.revision.value_or(revision_) != revision_) return replyTo(stale());
+  return replyTo(pickUploadedFile(call, navigation_.get()));
+}
+
+wire::Reply Session::work(const wire::AddPhoto &call) {
+  NSString *path = nil;
+  const EventResult result = addUploadedPhoto(call, &path);
+  JsonText content;
+  content.beginObject();
+  content.name("path").string(utf8(path));
+  content.endObject();
+  return replyTo(result, std::move(content).text());
+}
+
+wire::Reply Session::work(const wire::Image &call) {
+  NSData *png = pngOf(call.id);
+  return png ? replyWith(png) : replyTo({Outcome::unknown, "There is no such picture."});
+}
+
+wire::Reply Session::work(const wire::Shared &call) {
+  NSData *content = nil;
+  const EventResult result = readSharedItem(call.id, navigation_.get(), numbers_, &content);
+  return result.outcome == Outcome::done ? replyWith(content) : replyTo(result);
+}
+
+wire::Reply Session::work(const wire::Pasteboard &call) {
+  [[UIPasteboard generalPasteboard] sim_setStringFromOutside:call.string ? stringFrom(*call.string) : nil];
+  return {};
+}
+
+wire::Reply Session::work(const wire::Appearance &call) {
+  setDark(call.isDark);
+  return {};
+}
+
+wire::Reply Session::work(const wire::Display &call) {
+  setScreen(CGSizeMake(call.width, call.height), call.scale,
+            UIEdgeInsetsMake(call.top, call.left, call.bottom, call.right));
+  return {};
 }
 
 void Session::setDark(bool dark) {

@@ -3,35 +3,14 @@
 #include "base/Json.hpp"
 #include "server/FileName.hpp"
 #include "server/UploadFolder.hpp"
+#include "wire/NoticePage.hpp"
 
 #include <charconv>
 #include <string_view>
-
 #include <utility>
 
 namespace sim {
 namespace {
-
-// What the phone shows while there is no Settings process to ask.
-nlohmann::json screenWithoutSettings(std::uint64_t revision, const std::string& reason) {
-  const nlohmann::json section{{"header", "Settings could not be started"},
-                               {"footer", reason},
-                               {"headerView", nullptr},
-                               {"footerView", nullptr},
-                               {"rows", nlohmann::json::array()}};
-  const nlohmann::json page{{"class", ""},
-                            {"title", "Settings"},
-                            {"back", nullptr},
-                            {"buttons", nlohmann::json::array()},
-                            {"editing", false},
-                            {"style", "insetGrouped"},
-                            {"sections", nlohmann::json::array({section})}};
-  return {{"revision", revision},
-          {"path", nlohmann::json::array({"Settings"})},
-          {"page", page},
-          {"alert", nullptr},
-          {"sheet", nullptr}};
-}
 
 // The body as a JSON object, or null.
 nlohmann::json objectIn(const Request& request) {
@@ -56,25 +35,21 @@ std::optional<Display> displayWanted(const nlohmann::json& body, const Display& 
 constexpr const char* kNameHeader = "X-Sim-File-Name";
 constexpr const char* kRevisionHeader = "X-Sim-Revision";
 
-// Puts the name of the uploaded file into the message, if there is one. False when it is none that a file can have.
-bool addFileName(const Request& request, nlohmann::json& message) {
+// Stores the name of the uploaded file, if there is one. False when it is none that a file can have.
+bool readFileName(const Request& request, std::optional<std::string>& name) {
   const auto names = request.head.values(kNameHeader);
   if (names.empty()) return true;
-  const auto name = names.size() == 1 ? decodedFileName(names.front()) : std::nullopt;
-  if (name) message["name"] = *name;
+  name = names.size() == 1 ? decodedFileName(names.front()) : std::nullopt;
   return name.has_value();
 }
 
 // Likewise the revision of the screen that the request is for.
-bool addRevision(const Request& request, nlohmann::json& message) {
+bool readRevision(const Request& request, std::optional<std::uint64_t>& revision) {
   const auto revisions = request.head.values(kRevisionHeader);
   if (revisions.empty()) return true;
   const std::string_view text = revisions.front();
-  std::uint64_t revision = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), revision);
-  if (revisions.size() != 1 || error != std::errc() || end != text.data() + text.size()) return false;
-  message["revision"] = revision;
-  return true;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), revision.emplace());
+  return revisions.size() == 1 && error == std::errc() && end == text.data() + text.size();
 }
 
 // Keeps the uploaded file until the answer is there.
@@ -87,7 +62,7 @@ Respond keeping(const std::shared_ptr<Upload>& upload, Respond respond) {
 void Api::handle(Endpoint endpoint, Request request, Respond respond) {
   switch (endpoint) {
     case Endpoint::screen: return screen(respond);
-    case Endpoint::events: return event(request, std::move(respond));
+    case Endpoint::events: return event(std::move(request), std::move(respond));
     case Endpoint::image: return image(request, std::move(respond));
     case Endpoint::photos: return addPhoto(request, std::move(respond));
     case Endpoint::pickedFile: return pickFile(request, std::move(respond));
@@ -101,46 +76,43 @@ void Api::handle(Endpoint endpoint, Request request, Respond respond) {
 }
 
 void Api::screen(const Respond& respond) {
-  if (const auto& failure = settings_.failure())
-    return respond(jsonResponse(200, screenWithoutSettings(settings_.revision(), *failure)));
-  settings_.request({{"verb", "screen"}}, respond);
+  const auto& failure = settings_.failure();
+  if (!failure) return settings_.request(wire::Screen{}, respond);
+  respond(jsonResponse(200, wire::noticeScreen(settings_.revision(), "Settings could not be started", *failure)));
 }
 
-void Api::event(const Request& request, Respond respond) {
-  nlohmann::json event = objectIn(request);
-  if (!event.is_object()) return respond(errorResponse(400, "The body is no JSON object."));
-  if (!event["type"].is_string()) return respond(errorResponse(400, "The event has no \"type\"."));
-  settings_.request({{"verb", "event"}, {"event", std::move(event)}}, std::move(respond));
+void Api::event(Request request, Respond respond) {
+  settings_.request(wire::Event{std::move(request.body)}, std::move(respond));
 }
 
 void Api::image(const Request& request, Respond respond) {
   std::string identifier(identifierIn(request.head.path));
   if (const Response* known = images_.find(identifier)) return respond(*known);
-  const nlohmann::json message{{"verb", "image"}, {"id", identifier}};
-  settings_.request(message,
-                    [this, identifier = std::move(identifier), respond = std::move(respond)](Response response) {
-                      if (response.status == 200) images_.insert(identifier, response);
-                      respond(std::move(response));
-                    });
+  settings_.request(wire::Image{identifier}, [this, identifier, respond = std::move(respond)](Response response) {
+    if (response.status == 200) images_.insert(identifier, response);
+    respond(std::move(response));
+  });
 }
 
 void Api::addPhoto(const Request& request, Respond respond) {
-  nlohmann::json message{{"verb", "addPhoto"}, {"file", request.upload->path().string()}};
-  if (!addFileName(request, message)) return respond(errorResponse(400, "The X-Sim-File-Name names no file."));
-  settings_.request(std::move(message), keeping(request.upload, std::move(respond)));
+  wire::AddPhoto call{request.upload->path().string(), {}};
+  if (!readFileName(request, call.name)) return respond(errorResponse(400, "The X-Sim-File-Name names no file."));
+  settings_.request(std::move(call), keeping(request.upload, std::move(respond)));
 }
 
 void Api::pickFile(const Request& request, Respond respond) {
-  nlohmann::json message{{"verb", "pickFile"}, {"file", request.upload->path().string()}};
-  if (!addFileName(request, message) || !message.contains("name"))
-    return respond(errorResponse(400, "The X-Sim-File-Name names no file."));
-  if (!addRevision(request, message)) return respond(errorResponse(400, "The X-Sim-Revision is no whole number."));
-  settings_.request(std::move(message), keeping(request.upload, std::move(respond)));
+  wire::PickFile call{request.upload->path().string(), {}, {}};
+  std::optional<std::string> name;
+  if (!readFileName(request, name) || !name) return respond(errorResponse(400, "The X-Sim-File-Name names no file."));
+  call.name = *std::move(name);
+  if (!readRevision(request, call.revision))
+    return respond(errorResponse(400, "The X-Sim-Revision is no whole number."));
+  settings_.request(std::move(call), keeping(request.upload, std::move(respond)));
 }
 
 void Api::shared(const Request& request, Respond respond) {
-  const nlohmann::json message{{"verb", "shared"}, {"id", identifierIn(request.head.path)}};
-  settings_.request(message, [respond = std::move(respond)](Response response) {
+  wire::Shared call{std::string(identifierIn(request.head.path))};
+  settings_.request(std::move(call), [respond = std::move(respond)](Response response) {
     if (response.status == 200) response.headers.emplace_back("Content-Disposition", "attachment");
     respond(std::move(response));
   });
@@ -158,7 +130,7 @@ void Api::pasteboard(const Request& request, const Respond& respond) {
   if (!body.is_object() || string == body.end() || !(string->is_string() || string->is_null()))
     return respond(errorResponse(400, "The body must be {\"string\": text or null}."));
   device_.setPasteboard(string->is_null() ? std::nullopt : std::optional(string->get<std::string>()));
-  settings_.tell(pasteboardMessage(device_.pasteboard()));
+  settings_.tell(wire::Pasteboard{device_.pasteboard()});
   respond(jsonResponse(200, body));
 }
 
@@ -174,7 +146,7 @@ void Api::appearance(const Request& request, const Respond& respond) {
   if (!body.is_object() || style == body.end() || !(*style == "light" || *style == "dark"))
     return respond(errorResponse(400, "The body must be {\"style\": \"light\" or \"dark\"}."));
   device_.setAppearance(style->get<std::string>());
-  settings_.tell(appearanceMessage(*device_.appearance()));
+  settings_.tell(appearanceCall(*device_.appearance()));
   respond(jsonResponse(200, body));
 }
 
@@ -185,22 +157,15 @@ void Api::display(const Request& request, const Respond& respond) {
                                  "The body must have \"kind\", \"phone\" or \"tablet\", or \"orientation\", "
                                  "\"portrait\" or \"landscape\", or both."));
   device_.setDisplay(*display);
-  settings_.tell(displayMessage(*display));
+  settings_.tell(displayCall(*display));
   respond(jsonResponse(200, display->json()));
 }
 
-nlohmann::json pasteboardMessage(const std::optional<std::string>& string) {
-  nlohmann::json message{{"verb", "pasteboard"}, {"string", nullptr}};
-  if (string) message["string"] = *string;
-  return message;
-}
+wire::Appearance appearanceCall(std::string_view style) { return {style == "dark"}; }
 
-nlohmann::json appearanceMessage(const std::string& style) { return {{"verb", "appearance"}, {"style", style}}; }
-
-nlohmann::json displayMessage(const Display& display) {
-  nlohmann::json message = display.json();
-  message["verb"] = "display";
-  return message;
+wire::Display displayCall(const Display& display) {
+  const SafeArea& covered = display.safeArea;
+  return {display.width, display.height, display.scale, covered.top, covered.left, covered.bottom, covered.right};
 }
 
 }  // namespace sim

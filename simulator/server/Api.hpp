@@ -20,7 +20,7 @@ class Api final {
 
  private:
   void screen(const Respond& respond);
-  void event(const Request& request, Respond respond);
+  void event(Request request, Respond respond);
   void image(const Request& request, Respond respond);
   void addPhoto(const Request& request, Respond respond);
   void pickFile(const Request& request, Respond respond);
@@ -37,13 +37,10 @@ class Api final {
   ImageCache& images_;
 };
 
-/// The message that tells the Settings process what the pasteboard holds.
-nlohmann::json pasteboardMessage(const std::optional<std::string>& string);
+/// What tells the Settings process whether the device is "light" or "dark".
+wire::Appearance appearanceCall(std::string_view style);
 
-/// The message that tells the Settings process whether the device is "light" or "dark".
-nlohmann::json appearanceMessage(const std::string& style);
-
-/// The message that tells the Settings process what the screen is like.
-nlohmann::json displayMessage(const Display& display);
+/// What tells the Settings process what the screen is like.
+wire::Display displayCall(const Display& display);
 
 }  // namespace sim

@@ -13,9 +13,11 @@ std::vector<std::string_view> RequestHead::values(std::string_view name) const {
   return found;
 }
 
-Response jsonResponse(int status, const nlohmann::json& body) {
-  return {status, "application/json", std::make_shared<const std::string>(toText(body)), {}};
+Response jsonResponse(int status, std::string body) {
+  return {status, "application/json", std::make_shared<const std::string>(std::move(body)), {}};
 }
+
+Response jsonResponse(int status, const nlohmann::json& body) { return jsonResponse(status, toText(body)); }
 
 Response errorResponse(int status, std::string_view message) {
   return jsonResponse(status, {{"error", std::string(message)}});

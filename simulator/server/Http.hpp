@@ -41,6 +41,8 @@ struct Response {
 /// Gives the response to one request; called once, on any thread.
 using Respond = std::function<void(Response)>;
 
+/// `body` is a JSON text.
+Response jsonResponse(int status, std::string body);
 Response jsonResponse(int status, const nlohmann::json& body);
 
 /// `{"error": message}`.

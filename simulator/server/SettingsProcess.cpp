@@ -1,7 +1,6 @@
 #include "server/SettingsProcess.hpp"
 
 #include "base/Failure.hpp"
-#include "server/ScreenRevision.hpp"
 
 #include <poll.h>
 
@@ -13,25 +12,41 @@ namespace {
 
 std::string seconds(std::chrono::milliseconds time) { return std::to_string(time.count() / 1000) + " s"; }
 
-bool isAnsweredWithScreen(std::string_view verb) { return verb == "screen" || verb == "event" || verb == "pickFile"; }
-
 bool isReadable(int descriptor) {
   pollfd socket{descriptor, POLLIN, 0};
   return ::poll(&socket, 1, 0) > 0;
 }
 
-// The process is our own program, but the bundles in it are anybody's: nothing that a browser would run goes through.
-bool isPassive(std::string_view type) {
-  return type == "application/json" || type == "application/octet-stream" || type.starts_with("image/");
+int statusOf(wire::Outcome outcome) {
+  switch (outcome) {
+    case wire::Outcome::done: return 200;
+    case wire::Outcome::malformed: return 400;
+    case wire::Outcome::unknown: return 404;
+    case wire::Outcome::stale: return 409;
+    case wire::Outcome::refused: return 422;
+    case wire::Outcome::failed: return 500;
+    case wire::Outcome::diskFull: return 507;
+    case wire::Outcome::garbled: return 502;
+  }
+  return 502;
 }
 
-Response responseFrom(wire::Message message) {
-  nlohmann::json& header = message.header;
-  const nlohmann::json& status = header["status"];
-  const std::string type = header["type"].is_string() ? header["type"].get<std::string>() : "";
-  const bool hasGoodStatus = status.is_number_unsigned() && status >= 200 && status <= 599;
-  if (!hasGoodStatus || !isPassive(type)) return errorResponse(502, "Settings has given a malformed answer.");
-  return {status.get<int>(), type, std::make_shared<const std::string>(std::move(message.payload)), {}};
+// The process is our own program, but the bundles in it are anybody's: nothing that a browser would run is among these.
+std::string typeOf(wire::Answer kind) {
+  switch (kind) {
+    case wire::Answer::screen:
+    case wire::Answer::photo: return "application/json";
+    case wire::Answer::picture: return "image/png";
+    default: return "application/octet-stream";
+  }
+}
+
+Response responseFrom(wire::Answer kind, wire::Reply reply) {
+  if (reply.outcome == wire::Outcome::done)
+    return {200, typeOf(kind), std::make_shared<const std::string>(std::move(reply.content)), {}};
+  nlohmann::json body{{"error", std::move(reply.content)}};
+  if (reply.outcome == wire::Outcome::stale) body["revision"] = reply.revision;
+  return jsonResponse(statusOf(reply.outcome), body);
 }
 
 }  // namespace
@@ -54,12 +69,10 @@ void SettingsProcess::stop() {
   failPending(503, "The simulator is stopping.");
 }
 
-void SettingsProcess::request(nlohmann::json message, Respond respond) {
+void SettingsProcess::request(wire::Call call, Respond respond) {
   if (!child_) return respond(errorResponse(503, failure_.value_or("Settings is not running.")));
 
   const std::uint64_t number = ++lastRequest_;
-  message["request"] = number;
-  std::string verb = message.value("verb", "");
   const Milliseconds patience = hasAnswered_ ? settings_.patience.answer : settings_.patience.firstAnswer;
   const EventLoop::Timer timeout = loop_.after(patience, [this, number, patience] {
     const auto entry = pending_.find(number);
@@ -69,13 +82,13 @@ void SettingsProcess::request(nlohmann::json message, Respond respond) {
                   nullptr)(errorResponse(504, "Settings has not answered within " + seconds(patience) + "."));
   });
   if (pending_.empty()) waitingSince_ = Clock::now();
-  pending_.emplace(number, Pending{std::move(verb), std::move(respond), timeout});
+  pending_.emplace(number, Pending{wire::traitsOf(call).answer, std::move(respond), timeout});
   watchForHang();
-  send(message);
+  send({number, std::move(call)});
 }
 
-void SettingsProcess::tell(const nlohmann::json& message) {
-  if (child_) send(message);
+void SettingsProcess::tell(wire::Call call) {
+  if (child_) send({0, std::move(call)});
 }
 
 void SettingsProcess::respring() {
@@ -91,9 +104,9 @@ void SettingsProcess::respring() {
   for (auto& [number, pending] : interrupted) {
     loop_.cancel(pending.timeout);
     if (!pending.respond) continue;
-    if (isAnsweredWithScreen(pending.verb)) {
-      request({{"verb", "screen"}}, std::move(pending.respond));
-    } else if (pending.verb == "addPhoto") {
+    if (pending.kind == wire::Answer::screen) {
+      request(wire::Screen{}, std::move(pending.respond));
+    } else if (pending.kind == wire::Answer::photo) {
       pending.respond(errorResponse(503, "Settings was started afresh meanwhile. Please try again."));
     } else {
       pending.respond(errorResponse(404, "What this was about went with the respring."));
@@ -118,13 +131,13 @@ void SettingsProcess::launch() {
   failure_.reset();
   loop_.watch(child_->endDescriptor(), POLLIN, [this] { childEnded(); });
   flush();
-  for (const nlohmann::json& message : listener_.greeting()) send(message);
+  for (wire::Call& call : listener_.greeting()) send({0, std::move(call)});
   listener_.started();
   listener_.revisionChanged();
 }
 
-void SettingsProcess::send(const nlohmann::json& message) {
-  child_->channel().queue({message, {}});
+void SettingsProcess::send(wire::Request request) {
+  child_->channel().queue(wire::encode(std::move(request)));
   flush();
 }
 
@@ -168,27 +181,22 @@ void SettingsProcess::drain() {
 bool SettingsProcess::receive() {
   std::vector<wire::Message> messages;
   const bool open = child_->channel().receive(messages);
-  for (wire::Message& message : messages) take(std::move(message));
+  for (wire::Message& message : messages) take(wire::decodeReport(std::move(message)));
   return open;
 }
 
-void SettingsProcess::take(wire::Message message) {
-  if (message.header.contains("reply")) return answer(std::move(message));
-  const auto post = message.header.find("post");
-  if (post == message.header.end()) return;
-  if (*post == "changed") {
-    const auto revision = message.header.find("revision");
-    const bool isNumber = revision != message.header.end() && revision->is_number_unsigned();
-    if (isNumber) sawRevision(revision->get<std::uint64_t>());
-  } else {
-    listener_.posted(message.header);
-  }
+void SettingsProcess::take(wire::Report report) {
+  std::visit(wire::Overloaded{
+                 [this](wire::Reply& reply) { answer(std::move(reply)); },
+                 [this](wire::Changed& changed) { sawRevision(changed.revision); },
+                 [this](wire::Unreadable&) { listener_.logged("Settings has said what nobody understands."); },
+                 [this](auto& post) { listener_.posted(std::move(post)); },
+             },
+             report);
 }
 
-void SettingsProcess::answer(wire::Message message) {
-  const nlohmann::json& number = message.header["reply"];
-  if (!number.is_number_unsigned()) return;
-  const auto entry = pending_.find(number.get<std::uint64_t>());
+void SettingsProcess::answer(wire::Reply reply) {
+  const auto entry = pending_.find(reply.request);
   if (entry == pending_.end()) return;
   Pending pending = std::move(entry->second);
   pending_.erase(entry);
@@ -196,9 +204,8 @@ void SettingsProcess::answer(wire::Message message) {
   hasAnswered_ = true;
   waitingSince_ = Clock::now();
 
-  const auto type = message.header.find("type");
-  if (type != message.header.end() && *type == "application/json") sawRevision(revisionIn(message.payload));
-  if (pending.respond) pending.respond(responseFrom(std::move(message)));
+  sawRevision(reply.revision);
+  if (pending.respond) pending.respond(responseFrom(pending.kind, std::move(reply)));
 }
 
 void SettingsProcess::sawRevision(std::uint64_t revision) {

@@ -4,8 +4,7 @@
 #include "server/ChildProcess.hpp"
 #include "server/EventLoop.hpp"
 #include "server/Http.hpp"
-
-#include <nlohmann/json.hpp>
+#include "wire/Messages.hpp"
 
 #include <chrono>
 #include <cstdint>
@@ -14,7 +13,7 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
+#include <variant>
 #include <vector>
 
 namespace sim {
@@ -43,10 +42,13 @@ class SettingsProcess final {
     Patience patience{};
   };
 
+  /// What has happened on the device.
+  using Post = std::variant<wire::Notification, wire::OpenURL, wire::Pasteboard, wire::Log>;
+
   /// What the keeper tells its owner.
   struct Listener {
-    std::function<std::vector<nlohmann::json>()> greeting;  // The messages that a fresh process gets first.
-    std::function<void(const nlohmann::json& post)> posted;
+    std::function<std::vector<wire::Call>()> greeting;  // What a fresh process is told first.
+    std::function<void(Post post)> posted;
     std::function<void(const std::string& line)> logged;
     std::function<void()> revisionChanged;
     std::function<void()> started;  // A fresh process has taken over; what was known of the old one's pictures is void.
@@ -64,12 +66,12 @@ class SettingsProcess final {
   /// Ends the process; what was asked is answered with 503.
   void stop();
 
-  /// Asks the process. `message` gets its number here. `respond` gets the answer, or an error: 504 when none came in
-  /// time, 500 when the process ended over it, 503 when there is no process.
-  void request(nlohmann::json message, Respond respond);
+  /// Asks the process. `respond` gets the answer, or an error: 504 when none came in time, 500 when the process ended
+  /// over it, 503 when there is no process, 502 when the answer is none.
+  void request(wire::Call call, Respond respond);
 
   /// Tells the process something that has no answer. Dropped when there is none: a fresh one is greeted.
-  void tell(const nlohmann::json& message);
+  void tell(wire::Call call);
 
   /// Kills the process and starts afresh. Open requests whose answer is a screen are answered with the fresh one.
   void respring();
@@ -82,21 +84,21 @@ class SettingsProcess final {
 
  private:
   struct Pending {
-    std::string verb;
+    wire::Answer kind;
     Respond respond;
     EventLoop::Timer timeout;
   };
 
   void launch();
-  void send(const nlohmann::json& message);
+  void send(wire::Request request);
   void flush();
   void channelReady();
   void channelClosed();
   void childEnded();
   void drain();
   bool receive();
-  void take(wire::Message message);
-  void answer(wire::Message message);
+  void take(wire::Report report);
+  void answer(wire::Reply reply);
   void sawRevision(std::uint64_t revision);
   void watchForHang();
   void checkForHang();

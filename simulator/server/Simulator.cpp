@@ -18,12 +18,6 @@ constexpr std::chrono::seconds kKeepAlive{15};
 constexpr std::string_view kFontFolder = "/usr/share/fonts/opentype/inter";
 constexpr std::string_view kFonts[] = {"Inter-Regular.otf", "Inter-Medium.otf", "Inter-SemiBold.otf", "Inter-Bold.otf"};
 
-std::optional<std::string> textIn(const nlohmann::json& message, const char* key) {
-  const auto found = message.find(key);
-  if (found == message.end() || !found->is_string()) return std::nullopt;
-  return found->get<std::string>();
-}
-
 }  // namespace
 
 Simulator::Simulator(const Options& options, SettingsProcess::Patience patience)
@@ -75,28 +69,25 @@ SettingsProcess::Listener Simulator::settingsListener() {
   return {
       .greeting =
           [this] {
-            std::vector messages{displayMessage(device_.display()), pasteboardMessage(device_.pasteboard())};
-            if (const auto& style = device_.appearance()) messages.push_back(appearanceMessage(*style));
-            return messages;
+            std::vector<wire::Call> calls{displayCall(device_.display()), wire::Pasteboard{device_.pasteboard()}};
+            if (const auto& style = device_.appearance()) calls.push_back(appearanceCall(*style));
+            return calls;
           },
-      .posted = [this](const nlohmann::json& post) { posted(post); },
+      .posted = [this](SettingsProcess::Post post) { posted(std::move(post)); },
       .logged = [this](const std::string& line) { logged(line); },
       .revisionChanged = [this] { publish(); },
       .started = [this] { images_.clear(); },
   };
 }
 
-void Simulator::posted(const nlohmann::json& post) {
-  const auto kind = textIn(post, "post");
-  if (kind == "notification") {
-    if (auto name = textIn(post, "name")) device_.addNotification(*std::move(name));
-  } else if (kind == "openURL") {
-    if (auto url = textIn(post, "url")) device_.addOpenedUrl(*std::move(url));
-  } else if (kind == "pasteboard") {
-    device_.setPasteboard(textIn(post, "string"));
-  } else if (kind == "log") {
-    if (auto line = textIn(post, "line")) device_.addLogLine(*std::move(line));
-  }
+void Simulator::posted(SettingsProcess::Post post) {
+  std::visit(wire::Overloaded{
+                 [this](wire::Notification& each) { device_.addNotification(std::move(each.name)); },
+                 [this](wire::OpenURL& each) { device_.addOpenedUrl(std::move(each.url)); },
+                 [this](wire::Pasteboard& each) { device_.setPasteboard(std::move(each.string)); },
+                 [this](wire::Log& each) { device_.addLogLine(std::move(each.line)); },
+             },
+             post);
 }
 
 void Simulator::logged(const std::string& line) {

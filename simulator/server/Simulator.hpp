@@ -41,7 +41,7 @@ class Simulator final {
  private:
   void readPage(const Options& options);
   SettingsProcess::Listener settingsListener();
-  void posted(const nlohmann::json& post);
+  void posted(SettingsProcess::Post post);
   void logged(const std::string& line);
   void publish();
   void takeResprings();

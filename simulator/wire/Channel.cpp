@@ -6,19 +6,20 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <string_view>
 #include <utility>
 
 namespace sim::wire {
 namespace {
 
-// Texts that go over the channel in a header have at most 64 MiB, of which JSON's escapes may make more; bodies, which
-// are screens, PNGs and shared files, at most 256 MiB. The limits only stop nonsense.
-constexpr std::size_t kLongestLine = 256u << 20;
+// A header's texts are names and paths; payloads are texts of at most 64 MiB, screens, PNGs, and shared files of at
+// most 256 MiB. The limits only stop nonsense.
+constexpr std::size_t kLongestLine = 1u << 20;
 constexpr std::size_t kLongestPayload = 512u << 20;
 
 std::string encodedHeader(const Message& message) {
   nlohmann::json header = message.header;
-  if (!message.payload.empty()) header["length"] = message.payload.size();
+  if (message.payload) header["length"] = message.payload->size();
   std::string line = toText(header);
   line.push_back('\n');
   return line;
@@ -39,13 +40,13 @@ bool sendAll(int descriptor, const char* bytes, std::size_t count) {
 
 bool Channel::send(const Message& message) {
   const std::string line = encodedHeader(message);
-  return sendAll(descriptor(), line.data(), line.size()) &&
-         sendAll(descriptor(), message.payload.data(), message.payload.size());
+  const std::string_view payload = message.payload ? *message.payload : std::string_view();
+  return sendAll(descriptor(), line.data(), line.size()) && sendAll(descriptor(), payload.data(), payload.size());
 }
 
 void Channel::queue(const Message& message) {
   outgoing_ += encodedHeader(message);
-  outgoing_ += message.payload;
+  if (message.payload) outgoing_ += *message.payload;
 }
 
 bool Channel::flush() {
@@ -77,7 +78,7 @@ bool Channel::receive(std::vector<Message>& out) {
   while (true) {
     if (partial_) {
       const std::size_t step = std::min(missing_, buffer_.size() - taken);
-      partial_->payload.append(buffer_, taken, step);
+      partial_->payload->append(buffer_, taken, step);
       taken += step;
       missing_ -= step;
       if (missing_ > 0) break;
@@ -96,15 +97,17 @@ bool Channel::receive(std::vector<Message>& out) {
     taken = end + 1;
     scanned = taken;
     if (!header.is_object()) return false;
-    const auto length = header.find("length");
-    if (length != header.end()) {
+    Message message{std::move(header), std::nullopt};
+    const auto length = message.header.find("length");
+    if (length != message.header.end()) {
       if (!length->is_number_unsigned() || length->get<std::size_t>() > kLongestPayload) return false;
       missing_ = length->get<std::size_t>();
+      message.payload.emplace();
     }
     if (missing_ > 0) {
-      partial_ = Message{std::move(header), {}};
+      partial_ = std::move(message);
     } else {
-      out.push_back(Message{std::move(header), {}});
+      out.push_back(std::move(message));
     }
   }
   buffer_.erase(0, taken);

@@ -1,5 +1,5 @@
 // The message channel between the simulator (the server) and the Settings process: JSON headers, one a line, each
-// followed by as many raw bytes as its "length" says.
+// followed by as many raw bytes as its "length" says; one without a "length" has none.
 #pragma once
 
 #include "base/Descriptor.hpp"
@@ -14,11 +14,11 @@
 
 namespace sim::wire {
 
-/// One message: a JSON object, and the bytes that follow it: the body of an answer, be it a screen, a picture or a
-/// file.
+/// One message as the channel sees it: a JSON object, and the bytes that follow it, if any. What it means is said in
+/// Messages.hpp.
 struct Message {
   nlohmann::json header;
-  std::string payload;
+  std::optional<std::string> payload;
 };
 
 /// One end of a connected stream socket. Not thread-safe: one reader and one
@@ -46,7 +46,8 @@ class Channel final {
   bool hasQueued() const noexcept { return sent_ < outgoing_.size(); }
 
   /// Reads whatever has arrived, waiting for at least one byte, and appends each complete message to `out`.
-  /// False when the peer has closed or sent a line that is no JSON object (or claims an absurd length).
+  /// False when the peer has closed, within a message too, or sent a line that is no JSON object, is absurdly long or
+  /// claims an absurd length.
   bool receive(std::vector<Message>& out);
 
  private:

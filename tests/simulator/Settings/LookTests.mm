@@ -203,10 +203,10 @@ TEST_F(LookTest, aTapOnABarsViewReachesTheControlInIt) {
   const std::string id = page()["buttons"][0]["id"];
   [button setEnabled:NO];
   session().refresh();
-  EXPECT_EQ(tap(id), 422);
+  EXPECT_EQ(tap(id), Outcome::refused);
   [button setEnabled:YES];
   session().refresh();
-  EXPECT_EQ(tap(id), 200);
+  EXPECT_EQ(tap(id), Outcome::done);
   EXPECT_EQ([[[list navigationController] viewControllers] count], 2u);
 }
 

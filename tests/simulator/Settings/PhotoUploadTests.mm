@@ -5,6 +5,9 @@
 
 #include "simulator/Settings/SessionTest.h"
 
+#include <optional>
+#include <utility>
+
 namespace {
 
 class PhotoUploadTest : public SessionTest {
@@ -24,15 +27,8 @@ class PhotoUploadTest : public SessionTest {
     return write(@"/.simulator/uploads/1", png);
   }
   Json item(std::size_t index) { return screen()["sheet"]["items"][index]; }
-  /// The status; the answer is in `reply`.
-  int take(const sim::Reply &answer) {
-    reply = Json::parse(answer.body, nullptr, false);
-    return answer.status;
-  }
-  int addPhoto(NSString *file, const Json &more = Json::object()) {
-    Json request{{"file", [file UTF8String]}};
-    request.update(more);
-    return take(session().addPhoto(request));
+  Outcome addPhoto(NSString *file, std::optional<std::string> name = {}) {
+    return perform(sim::wire::AddPhoto{[file UTF8String], std::move(name)});
   }
   ListPage *list_ = nil;  // Not owned.
 };
@@ -41,31 +37,29 @@ TEST_F(PhotoUploadTest, APhotoIsAddedAndAnOpenPickerShowsIt) {
   makeFolder(@"/var/mobile/Media/DCIM");
   pickPhoto();
   EXPECT_EQ(screen()["sheet"]["items"], Json::array());
-  EXPECT_EQ(addPhoto(uploadPicture(), {{"name", "a.png"}}), 200);
+  EXPECT_EQ(addPhoto(uploadPicture(), "a.png"), Outcome::done);
   EXPECT_EQ(reply, Json({{"path", "100APPLE/IMG_0001.PNG"}}));
-  EXPECT_TRUE(session().refresh());
   EXPECT_EQ(item(0)["path"], "100APPLE/IMG_0001.PNG");
-  EXPECT_EQ(send({{"type", "pick"}, {"path", "100APPLE/IMG_0001.PNG"}}), 200);
+  EXPECT_EQ(send({{"type", "pick"}, {"path", "100APPLE/IMG_0001.PNG"}}), Outcome::done);
 }
 
 TEST_F(PhotoUploadTest, APhotoNeedsNoPicker) {
   makeFolder(@"/var/mobile/Media/DCIM");
-  EXPECT_EQ(addPhoto(uploadPicture()), 200);
-  EXPECT_FALSE(session().refresh()) << "the screen is as before";
+  EXPECT_EQ(addPhoto(uploadPicture()), Outcome::done);
+  EXPECT_EQ(session().revision(), 1u) << "the screen is as before";
 }
 
 TEST_F(PhotoUploadTest, WhatIsNoPictureIsRefusedWithASentence) {
   makeFolder(@"/var/mobile/Media/DCIM");
-  EXPECT_EQ(addPhoto(upload("text"), {{"name", "holiday.txt"}}), 422);
+  EXPECT_EQ(addPhoto(upload("text"), "holiday.txt"), Outcome::refused);
   EXPECT_EQ(reply["error"], "“holiday.txt” is damaged, too large, or not a picture.");
-  EXPECT_EQ(addPhoto(upload("text")), 422);
+  EXPECT_EQ(addPhoto(upload("text")), Outcome::refused);
   EXPECT_EQ(reply["error"], "The file is damaged, too large, or not a picture.");
-  EXPECT_EQ(take(session().addPhoto(Json::object())), 400);
   EXPECT_EQ(listing(@"/var/mobile/Media/DCIM"), "");
 }
 
 TEST_F(PhotoUploadTest, WithoutALibraryAPhotoIsRefused) {
-  EXPECT_EQ(addPhoto(uploadPicture()), 422);
+  EXPECT_EQ(addPhoto(uploadPicture()), Outcome::refused);
   EXPECT_EQ(reply["error"], "The device has no photo library: its folder /var/mobile/Media/DCIM is missing.");
   EXPECT_FALSE(exists(@"/var/mobile/Media"));
   EXPECT_TRUE(exists(@"/.simulator/uploads/1"));
@@ -73,7 +67,7 @@ TEST_F(PhotoUploadTest, WithoutALibraryAPhotoIsRefused) {
 
 TEST_F(PhotoUploadTest, ALibraryOnABadDiskIsTheDisksFault) {
   write(@"/var/mobile/Media/DCIM/100APPLE", "a file in the folder's place");
-  EXPECT_EQ(addPhoto(uploadPicture(), {{"name", "a.png"}}), 500);
+  EXPECT_EQ(addPhoto(uploadPicture(), "a.png"), Outcome::failed);
   EXPECT_EQ(reply.value("error", "").rfind("“a.png” could not be put into the photo library: ", 0), 0u) << reply;
   EXPECT_TRUE(exists(@"/.simulator/uploads/1"));
 }
@@ -82,7 +76,7 @@ TEST_F(PhotoUploadTest, APhotoIsMovedBehindTheNewest) {
   write(@"/var/mobile/Media/DCIM/100APPLE/IMG_0007.JPG", "x");
   NSString *file = uploadPicture();
   const std::string bytes = read(@"/.simulator/uploads/1");
-  EXPECT_EQ(addPhoto(file, {{"name", "holiday.png"}}), 200);
+  EXPECT_EQ(addPhoto(file, "holiday.png"), Outcome::done);
   EXPECT_EQ(reply["path"], "100APPLE/IMG_0008.PNG");
   EXPECT_FALSE(exists(@"/.simulator/uploads/1"));
   EXPECT_EQ(read(@"/var/mobile/Media/DCIM/100APPLE/IMG_0008.PNG"), bytes);
@@ -97,7 +91,7 @@ TEST_F(PhotoUploadTest, WhatCannotBeReadWholeIsNotAdded) {
     makeFolder(@"/in/folder")
   ];
   for (NSString *file in files) {
-    EXPECT_EQ(addPhoto(file, {{"name", "holiday.txt"}}), 422) << [file UTF8String];
+    EXPECT_EQ(addPhoto(file, "holiday.txt"), Outcome::refused) << [file UTF8String];
     EXPECT_EQ(reply["error"], "“holiday.txt” is damaged, too large, or not a picture.");
   }
   EXPECT_EQ(listing(@"/var/mobile/Media/DCIM"), "");
@@ -108,10 +102,10 @@ TEST_F(PhotoUploadTest, AFileThatIsTooLargeIsNotRead) {
   makeFolder(@"/var/mobile/Media/DCIM");
   NSString *file = uploadPicture();
   ASSERT_EQ(::truncate([file fileSystemRepresentation], (200ll << 20) + 1), 0);
-  EXPECT_EQ(addPhoto(file), 422);
+  EXPECT_EQ(addPhoto(file), Outcome::refused);
   EXPECT_EQ(reply["error"], "The file is damaged, too large, or not a picture.");
   ASSERT_EQ(::truncate([file fileSystemRepresentation], 200ll << 20), 0);
-  EXPECT_EQ(addPhoto(file), 200) << "what follows a picture is no harm";
+  EXPECT_EQ(addPhoto(file), Outcome::done) << "what follows a picture is no harm";
 }
 
 }  // namespace

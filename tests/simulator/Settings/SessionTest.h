@@ -5,6 +5,7 @@
 #import <objcxx/Retained.h>
 
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -67,14 +68,18 @@ class SessionTest : public DeviceTest {
   std::string labels() const;
   std::string titles() const;
 
-  int send(const sim::Json &event);  ///< The reply's status; the reply is in `reply`.
-  int tap(const std::string &id) { return send({{"type", "tap"}, {"id", id}}); }
-  int set(const std::string &id, const sim::Json &value) {
+  /// What became of it; `reply` has the content as JSON, or {"error"}.
+  sim::wire::Outcome perform(const sim::wire::Call &call);
+  sim::wire::Outcome send(const sim::Json &event) { return perform(sim::wire::Event{event.dump()}); }
+  sim::wire::Outcome tap(const std::string &id) { return send({{"type", "tap"}, {"id", id}}); }
+  sim::wire::Outcome set(const std::string &id, const sim::Json &value) {
     return send({{"type", "set"}, {"id", id}, {"value", value}});
   }
-  int move(const sim::Json &from, const sim::Json &to) { return send({{"type", "move"}, {"from", from}, {"to", to}}); }
-  /// Expects `status` and a sentence, and that neither the screen nor its revision has changed.
-  void expectRefused(const sim::Json &event, int status);
+  sim::wire::Outcome move(const sim::Json &from, const sim::Json &to) {
+    return send({{"type", "move"}, {"from", from}, {"to", to}});
+  }
+  /// Expects `outcome` and a sentence, and that neither the screen nor its revision has changed.
+  void expectRefused(const sim::Json &event, sim::wire::Outcome outcome);
 
   static std::string calls(ListPage *page);
   /// A square picture, `side` points and pixels wide.
@@ -95,5 +100,10 @@ class SessionTest : public DeviceTest {
 
 }  // namespace testing_support
 
+namespace sim::wire {
+inline void PrintTo(Outcome outcome, std::ostream *out) { *out << nameOf(outcome); }
+}  // namespace sim::wire
+
 using sim::Json;
+using sim::wire::Outcome;
 using testing_support::SessionTest;

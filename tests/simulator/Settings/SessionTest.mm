@@ -195,17 +195,18 @@ std::string SessionTest::titles() const {
   return result;
 }
 
-int SessionTest::send(const Json &event) {
-  // Numbers are of other kinds when they come from a text.
-  const sim::Reply answer = session_->perform(Json::parse(event.dump(), nullptr, false));
-  reply = Json::parse(answer.body, nullptr, false);
-  EXPECT_TRUE(reply.is_object()) << answer.body;
-  return answer.status;
+Outcome SessionTest::perform(const sim::wire::Call &call) {
+  const sim::wire::Reply answer = session_->perform(call);
+  EXPECT_EQ(answer.revision, session_->revision());
+  reply =
+      answer.outcome == Outcome::done ? Json::parse(answer.content, nullptr, false) : Json{{"error", answer.content}};
+  EXPECT_TRUE(reply.is_object()) << answer.content;
+  return answer.outcome;
 }
 
-void SessionTest::expectRefused(const Json &event, int status) {
+void SessionTest::expectRefused(const Json &event, Outcome outcome) {
   const std::string before = session_->screen();
-  EXPECT_EQ(send(event), status) << event.dump();
+  EXPECT_EQ(send(event), outcome) << event.dump();
   EXPECT_FALSE(reply.value("error", "").empty()) << event.dump();
   EXPECT_EQ(session_->screen(), before) << event.dump();
 }

@@ -5,12 +5,15 @@
 #import "Settings/Service.hpp"
 #import "Settings/SettingsRootController.h"
 #include "simulator/Settings/SessionTest.h"
-#include "wire/Channel.hpp"
+#include "wire/Messages.hpp"
+#include "wire/NoticePage.hpp"
 
 #include <sys/socket.h>
 
 #include <filesystem>
 #include <system_error>
+#include <utility>
+#include <variant>
 
 /// Notes the vertical size class at each change of traits.
 @interface TraitView : UIView {
@@ -28,12 +31,21 @@
 
 namespace {
 
+namespace wire = sim::wire;
+
 /// "a", the first half of a pair, "b", the second half of another.
 NSString *halvesOfPairs() {
   NSMutableString *text = [NSMutableString stringWithString:@"a😀b😀"];
   [text deleteCharactersInRange:NSMakeRange(4, 1)];
   [text deleteCharactersInRange:NSMakeRange(2, 1)];
   return text;
+}
+
+/// The names of the fields, in their order.
+std::string namesIn(const Json &object) {
+  std::string names;
+  for (const auto &field : object.items()) names += field.key() + " ";
+  return names;
 }
 
 TEST_F(SessionTest, TheFirstScreenHasTheGivenRevision) {
@@ -45,7 +57,7 @@ TEST_F(SessionTest, TheFirstScreenHasTheGivenRevision) {
 TEST_F(SessionTest, TheRevisionGrowsOnlyWithAChange) {
   ListPage *page = startList(@[ @[ @"a" ] ]);
   EXPECT_FALSE(session().refresh());
-  EXPECT_EQ(tap(rowId(0, 0)), 200);  // Nothing on the screen comes of it.
+  EXPECT_EQ(tap(rowId(0, 0)), Outcome::done);  // Nothing on the screen comes of it.
   EXPECT_EQ(session().revision(), 1u);
 
   [[page->sections.get() objectAtIndex:0] addObject:@"b"];
@@ -61,18 +73,18 @@ TEST_F(SessionTest, WhatWasQueuedIsOnTheScreenOfTheReply) {
   dispatch_async(dispatch_get_main_queue(), ^{
     [page pushNext];
   });
-  EXPECT_EQ(tap(rowId(0, 0)), 200);
+  EXPECT_EQ(tap(rowId(0, 0)), Outcome::done);
   EXPECT_EQ(reply["path"], Json({"List", "Next"}));
 }
 
 TEST_F(SessionTest, AnExceptionInATapIsLoggedAndNothingElse) {
   ListPage *page = startList(@[ @[ @"a" ] ]);
   page->tapRaises = @"TestException";
-  EXPECT_EQ(tap(rowId(0, 0)), 200);
+  EXPECT_EQ(tap(rowId(0, 0)), Outcome::done);
   EXPECT_EQ(reply, screen());
   EXPECT_TRUE(logged("TestException"));
   page->tapRaises = nil;
-  EXPECT_EQ(tap(rowId(0, 0)), 200);
+  EXPECT_EQ(tap(rowId(0, 0)), Outcome::done);
   EXPECT_EQ(calls(page), "tap 0.0,tap 0.0");
 }
 
@@ -81,7 +93,7 @@ TEST_F(SessionTest, AnExceptionOnTheMainQueueIsLogged) {
   dispatch_async(dispatch_get_main_queue(), ^{
     [NSException raise:@"TestException" format:@"as the test wants"];
   });
-  EXPECT_EQ(tap(rowId(0, 0)), 200);
+  EXPECT_EQ(tap(rowId(0, 0)), Outcome::done);
   EXPECT_TRUE(logged("TestException"));
   EXPECT_EQ(labels(), " a ");
 }
@@ -97,8 +109,28 @@ TEST_F(SessionTest, APageWhoseRowsRaiseCanBeLeft) {
   EXPECT_EQ(labels(), "");
   EXPECT_NE(this->page()["sections"][0].value("footer", "").find("TestException"), std::string::npos);
   EXPECT_TRUE(logged("TestException"));
-  EXPECT_EQ(tap(this->page()["back"]["id"]), 200);
+  EXPECT_EQ(tap(this->page()["back"]["id"]), Outcome::done);
   EXPECT_EQ(labels(), " a ");
+}
+
+TEST_F(SessionTest, APageThatCannotBeShownHasTheFieldsOfAnyOther) {
+  ListPage *page = startList(@[ @[ @"a" ] ]);
+  const Json whole = screen();
+  page->raises = @"TestException";
+  [[page tableView] reloadData];
+  session().refresh();
+  const Json withoutSettings = Json::parse(sim::wire::noticeScreen(7, "No", "Why."), nullptr, false);
+  EXPECT_EQ(namesIn(withoutSettings), namesIn(whole));
+  EXPECT_EQ(withoutSettings["revision"], 7);
+  EXPECT_EQ(withoutSettings["page"]["sections"][0]["header"], "No");
+  EXPECT_EQ(withoutSettings["page"]["sections"][0]["footer"], "Why.");
+  for (const Json &notice : {screen()["page"], withoutSettings["page"]}) {
+    EXPECT_EQ(namesIn(notice), namesIn(whole["page"]));
+    EXPECT_EQ(namesIn(notice["bar"]), namesIn(whole["page"]["bar"]));
+    EXPECT_EQ(notice["contentInset"], whole["page"]["contentInset"]);
+    EXPECT_EQ(namesIn(notice["sections"][0]), namesIn(whole["page"]["sections"][0]));
+    EXPECT_EQ(notice["sections"][0]["rows"], Json::array());
+  }
 }
 
 TEST_F(SessionTest, APageWithoutATableShowsItsView) {
@@ -153,7 +185,7 @@ TEST_F(SessionTest, APageThatWasPoppedIsLetGo) {
   }
   EXPECT_EQ(deaths, 0);
   @autoreleasepool {
-    EXPECT_EQ(tap(this->page()["back"]["id"]), 200);
+    EXPECT_EQ(tap(this->page()["back"]["id"]), Outcome::done);
   }
   EXPECT_EQ(deaths, 1);
 }
@@ -203,10 +235,10 @@ TEST_F(SessionTest, TheInstalledBundleOpens) {
     if (row.value("label", "") == "Zuno") zuno = row.value("id", "");
   }
   ASSERT_FALSE(zuno.empty()) << rows.dump();
-  EXPECT_EQ(tap(zuno), 200);
+  EXPECT_EQ(tap(zuno), Outcome::done);
   EXPECT_EQ(screen()["path"].size(), 2u);
   EXPECT_GT(page()["sections"].size(), 1u);
-  EXPECT_EQ(tap(page()["back"]["id"]), 200);
+  EXPECT_EQ(tap(page()["back"]["id"]), Outcome::done);
   EXPECT_EQ(titles(), "/Settings");
 }
 
@@ -217,8 +249,8 @@ class ServiceTest : public SessionTest {
     SessionTest::SetUp();
     int ends[2];
     ASSERT_EQ(::socketpair(AF_UNIX, SOCK_STREAM, 0, ends), 0);
-    simulator = std::make_unique<sim::wire::Channel>(sim::Descriptor(ends[0]));
-    settings = std::make_unique<sim::wire::Channel>(sim::Descriptor(ends[1]));
+    simulator = std::make_unique<wire::Channel>(sim::Descriptor(ends[0]));
+    settings = std::make_unique<wire::Channel>(sim::Descriptor(ends[1]));
     list = startList(@[ @[ @"a" ] ]);
     service = std::make_unique<sim::Service>(*settings, session());
   }
@@ -228,41 +260,65 @@ class ServiceTest : public SessionTest {
   }
 
   /// Sends, has it served, and gives everything that came back.
-  std::vector<sim::wire::Message> exchange(const Json &message) {
-    EXPECT_TRUE(simulator->send({message, {}}));
+  std::vector<wire::Report> exchange(wire::Message message) {
+    EXPECT_TRUE(simulator->send(message));
     EXPECT_TRUE(service->serve());
     return received();
   }
-  std::vector<sim::wire::Message> received() {
-    std::vector<sim::wire::Message> messages;
+  std::vector<wire::Report> received() {
+    std::vector<wire::Message> messages;
     char probe;
     while (::recv(simulator->descriptor(), &probe, 1, MSG_PEEK | MSG_DONTWAIT) > 0) simulator->receive(messages);
-    return messages;
+    std::vector<wire::Report> reports;
+    for (wire::Message &message : messages) reports.push_back(wire::decodeReport(std::move(message)));
+    return reports;
+  }
+  /// The only thing that comes back: the answer, whose number and revision are right.
+  wire::Reply ask(wire::Call call) {
+    const auto reports = exchange(wire::encode(wire::Request{7, std::move(call)}));
+    const auto *reply = reports.size() == 1 ? std::get_if<wire::Reply>(&reports[0]) : nullptr;
+    EXPECT_TRUE(reply);
+    if (!reply) return {};
+    EXPECT_EQ(reply->request, 7u);
+    EXPECT_EQ(reply->revision, session().revision());
+    return *reply;
+  }
+  /// Tells something, and gives the revision that comes back; 0 when nothing does.
+  std::uint64_t tell(wire::Call call) { return revisionIn(exchange(wire::encode(wire::Request{0, std::move(call)}))); }
+  static std::uint64_t revisionIn(const std::vector<wire::Report> &reports) {
+    EXPECT_LE(reports.size(), 1u);
+    if (reports.empty()) return 0;
+    const auto *changed = std::get_if<wire::Changed>(&reports[0]);
+    EXPECT_TRUE(changed);
+    return changed ? changed->revision : 0;
   }
 
-  std::unique_ptr<sim::wire::Channel> simulator;
-  std::unique_ptr<sim::wire::Channel> settings;
+  std::unique_ptr<wire::Channel> simulator;
+  std::unique_ptr<wire::Channel> settings;
   std::unique_ptr<sim::Service> service;
   ListPage *list = nil;  // Not owned.
 };
 
 TEST_F(ServiceTest, AnswersForScreenAndEvent) {
-  auto messages = exchange({{"request", 7}, {"verb", "screen"}});
-  ASSERT_EQ(messages.size(), 1u);
-  EXPECT_EQ(messages[0].header["reply"], 7);
-  EXPECT_EQ(messages[0].header["status"], 200);
-  EXPECT_EQ(messages[0].header["type"], "application/json");
-  EXPECT_EQ(Json::parse(messages[0].payload, nullptr, false), screen());
+  const auto answer = ask(wire::Screen{});
+  EXPECT_EQ(answer.outcome, Outcome::done);
+  EXPECT_EQ(Json::parse(answer.content, nullptr, false), screen());
   EXPECT_FALSE(service->owesAnnouncement());
 
-  messages = exchange({{"request", 8}, {"verb", "event"}, {"event", {{"type", "tap"}, {"id", rowId(0, 0)}}}});
-  ASSERT_EQ(messages.size(), 1u);
-  EXPECT_EQ(messages[0].header["reply"], 8);
+  const auto tapped = ask(wire::Event{Json{{"type", "tap"}, {"id", rowId(0, 0)}}.dump()});
+  EXPECT_EQ(Json::parse(tapped.content, nullptr, false), screen());
   EXPECT_EQ(calls(list), "tap 0.0");
+  EXPECT_EQ(ask(wire::Event{""}).outcome, Outcome::malformed);
+}
 
-  messages = exchange({{"request", 9}, {"verb", "event"}});
-  ASSERT_EQ(messages.size(), 1u);
-  EXPECT_EQ(messages[0].header["status"], 400);
+TEST_F(ServiceTest, ARefusalTellsTheRevisionToo) {
+  [list pushNext];
+  const auto answer = ask(wire::Event{R"({"type":"tap","id":"none"})"});
+  EXPECT_EQ(answer.outcome, Outcome::unknown);
+  EXPECT_EQ(answer.revision, 2u) << "of the page that came by itself";
+  EXPECT_FALSE(service->owesAnnouncement());
+  const auto late = ask(wire::Event{R"({"type":"tap","id":"none","revision":1})"});
+  EXPECT_EQ(late.outcome, Outcome::stale);
 }
 
 TEST_F(ServiceTest, AnswersForPictures) {
@@ -271,62 +327,67 @@ TEST_F(ServiceTest, AnswersForPictures) {
   list->sectionView = objcxx::share<UIView>(view);
   [[list tableView] reloadData];
   session().refresh();
-  const std::string identifier = identifierOf(page()["sections"][0]["headerView"]["image"]);
-  auto messages = exchange({{"request", 1}, {"verb", "image"}, {"id", identifier}});
-  ASSERT_EQ(messages.size(), 1u);
-  EXPECT_EQ(messages[0].header["type"], "image/png");
-  EXPECT_EQ(messages[0].payload.substr(1, 3), "PNG");
+  const auto answer = ask(wire::Image{identifierOf(page()["sections"][0]["headerView"]["image"])});
+  EXPECT_EQ(answer.outcome, Outcome::done);
+  EXPECT_EQ(answer.content.substr(1, 3), "PNG");
   EXPECT_TRUE(service->owesAnnouncement());
-  for (const Json &unknown : {Json("0"), Json(3), Json()}) {
-    messages = exchange({{"request", 2}, {"verb", "image"}, {"id", unknown}});
-    ASSERT_EQ(messages.size(), 1u);
-    EXPECT_EQ(messages[0].header["status"], 404);
-  }
+  EXPECT_EQ(ask(wire::Image{"0"}).outcome, Outcome::unknown);
 }
 
 TEST_F(ServiceTest, AnswersForFiles) {
   const std::string file = [write(@"/.simulator/uploads/1", "a text") UTF8String];
-  auto messages = exchange({{"request", 1}, {"verb", "pickFile"}, {"file", file}, {"name", "a.txt"}});
-  ASSERT_EQ(messages.size(), 1u);
-  EXPECT_EQ(messages[0].header["status"], 422);
+  EXPECT_EQ(ask(wire::PickFile{file, "a.txt", {}}).outcome, Outcome::refused);
 
   UIActivityViewController *sheet = [[[UIActivityViewController alloc]
       initWithActivityItems:@[ [NSURL fileURLWithPath:path(@"/.simulator/uploads/1")] ]
       applicationActivities:nil] autorelease];
   [list presentViewController:sheet animated:YES completion:nil];
   session().refresh();
-  const std::string identifier = screen()["sheet"]["items"][0].value("id", "");
-  messages = exchange({{"request", 2}, {"verb", "shared"}, {"id", identifier}});
-  ASSERT_EQ(messages.size(), 1u);
-  EXPECT_EQ(messages[0].header["type"], "application/octet-stream");
-  EXPECT_EQ(messages[0].payload, "a text");
-  for (const Json &unknown : {Json("none"), Json(3), Json()}) {
-    messages = exchange({{"request", 3}, {"verb", "shared"}, {"id", unknown}});
-    ASSERT_EQ(messages.size(), 1u);
-    EXPECT_EQ(messages[0].header["status"], 404);
-    EXPECT_EQ(messages[0].header["type"], "application/json");
-  }
+  const auto answer = ask(wire::Shared{screen()["sheet"]["items"][0].value("id", "")});
+  EXPECT_EQ(answer.outcome, Outcome::done);
+  EXPECT_EQ(answer.content, "a text");
+  EXPECT_EQ(ask(wire::Shared{"none"}).outcome, Outcome::unknown);
 }
 
-TEST_F(ServiceTest, AnAddedPhotoIsAnnouncedBeforeTheAnswer) {
+TEST_F(ServiceTest, AnAddedPhotoIsOnTheScreenOfItsAnswer) {
   makeFolder(@"/var/mobile/Media/DCIM");
   [list presentViewController:[[[UIImagePickerController alloc] init] autorelease] animated:YES completion:nil];
   session().refresh();
-  const std::string file = [write(@"/.simulator/uploads/1", UIImagePNGRepresentation(picture(4))) UTF8String];
-  auto messages = exchange({{"request", 1}, {"verb", "addPhoto"}, {"file", file}, {"name", "a.png"}});
-  ASSERT_EQ(messages.size(), 2u);
-  EXPECT_EQ(messages[0].header["post"], "changed");
-  EXPECT_EQ(messages[0].header["revision"], session().revision());
-  EXPECT_EQ(messages[1].header["status"], 200);
-  EXPECT_EQ(Json::parse(messages[1].payload, nullptr, false), Json({{"path", "100APPLE/IMG_0001.PNG"}}));
+  const auto before = session().revision();
+  const auto answer =
+      ask(wire::AddPhoto{[write(@"/.simulator/uploads/1", UIImagePNGRepresentation(picture(4))) UTF8String], "a.png"});
+  EXPECT_EQ(answer.outcome, Outcome::done);
+  EXPECT_EQ(answer.revision, before + 1);
+  EXPECT_EQ(Json::parse(answer.content, nullptr, false), Json({{"path", "100APPLE/IMG_0001.PNG"}}));
 }
 
-TEST_F(ServiceTest, AnUnknownRequestIsAnsweredAndAnUnknownMessageIgnored) {
-  auto messages = exchange({{"request", 1}, {"verb", "dance"}});
-  ASSERT_EQ(messages.size(), 1u);
-  EXPECT_EQ(messages[0].header["status"], 400);
-  EXPECT_TRUE(exchange({{"verb", "dance"}}).empty());
-  EXPECT_TRUE(exchange({{"verb", 3}}).empty());
+TEST_F(ServiceTest, TakesWhatItIsToldAndTellsWhatBecameOfTheScreen) {
+  EXPECT_EQ(tell(wire::Pasteboard{"text"}), 0u);
+  EXPECT_OBJC_EQ([[UIPasteboard generalPasteboard] string], @"text");
+  EXPECT_TRUE(service->owesAnnouncement());
+  EXPECT_EQ(tell(wire::Pasteboard{}), 0u);
+  EXPECT_OBJC_EQ([[UIPasteboard generalPasteboard] string], nil);
+  EXPECT_EQ(tell(wire::Display{820, 1180, 2, 24, 0, 20, 0}), 2u);
+  EXPECT_EQ(row(0, 0)["frame"][2], 820);
+  EXPECT_FALSE(service->owesAnnouncement());
+  EXPECT_EQ(tell(wire::Display{820, 1180, 2, 24, 0, 20, 0}), 0u) << "the screen is the same";
+  EXPECT_EQ(tell(wire::Appearance{true}), 0u) << "colours tell both of their forms";
+  EXPECT_EQ([[list traitCollection] userInterfaceStyle], UIUserInterfaceStyleDark);
+  EXPECT_EQ(tell(wire::Appearance{false}), 0u);
+  EXPECT_EQ(tell(wire::Display{390, 844, 3, 0, 0, 0, 0}), 3u);
+}
+
+TEST_F(ServiceTest, AnUnknownCallIsAnsweredOrLogged) {
+  const auto reports = exchange({{{"verb", "dance"}, {"request", 1}}, {}});
+  ASSERT_EQ(reports.size(), 1u);
+  const auto *reply = std::get_if<wire::Reply>(&reports[0]);
+  ASSERT_TRUE(reply);
+  EXPECT_EQ(reply->request, 1u);
+  EXPECT_EQ(reply->outcome, Outcome::malformed);
+  EXPECT_FALSE(reply->content.empty());
+  EXPECT_TRUE(exchange({{{"verb", "dance"}}, {}}).empty());
+  EXPECT_TRUE(logged("[simulator] "));
+  EXPECT_TRUE(exchange({{{"verb", 3}}, {}}).empty());
 }
 
 TEST_F(ServiceTest, AnnouncesWhatChangedByItself) {
@@ -334,10 +395,7 @@ TEST_F(ServiceTest, AnnouncesWhatChangedByItself) {
   EXPECT_TRUE(received().empty());
   [list pushNext];
   service->announce();
-  auto messages = received();
-  ASSERT_EQ(messages.size(), 1u);
-  EXPECT_EQ(messages[0].header["post"], "changed");
-  EXPECT_EQ(messages[0].header["revision"], 2);
+  EXPECT_EQ(revisionIn(received()), 2u);
   service->announce();
   EXPECT_TRUE(received().empty());
 }

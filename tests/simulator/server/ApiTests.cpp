@@ -60,7 +60,7 @@ TEST_F(ApiTests, AnUnknownIdentifierIsRefused) {
   EXPECT_EQ(response.json()["error"], "There is no \"nothing\" on the screen.");
 }
 
-TEST_F(ApiTests, MalformedEventsAreRefusedBeforeTheyReachAnybody) {
+TEST_F(ApiTests, MalformedEventsAreRefused) {
   const std::string deep = "{\"type\":" + std::string(100'000, '[') + std::string(100'000, ']') + "}";
   for (const std::string& body :
        {std::string(), std::string("null"), std::string("[]"), std::string("{"), std::string("{}"),
@@ -76,12 +76,21 @@ TEST_F(ApiTests, MalformedEventsAreRefusedBeforeTheyReachAnybody) {
   EXPECT_EQ(simulator_.get("/api/screen").json()["revision"], 1);
 }
 
+TEST_F(ApiTests, AnEventReachesTheSettingsProcessAsItIs) {
+  const std::string body = "{ \"id\":\"echo\",\"type\":\"tap\", \"number\":1.50,\"text\":\"\\u00fc\" }";
+  test::HttpRequest request{"POST", "/api/events", simulator_.pageHeaders(), body};
+  request.headers.push_back("Content-Type: application/json");
+  request.headers.push_back("Content-Length: " + std::to_string(body.size()));
+  EXPECT_EQ(test::roundTrip(simulator_.port(), request.bytes()).body, body);
+}
+
 TEST_F(ApiTests, AnEventForAnotherRevisionIsRefused) {
   const json stale{{"type", "tap"}, {"id", "log:x"}, {"revision", 1}};
   EXPECT_EQ(simulator_.send("POST", "/api/events", stale).status, 200);
   const auto response = simulator_.send("POST", "/api/events", stale);
   EXPECT_EQ(response.status, 409);
   EXPECT_TRUE(response.json()["error"].is_string());
+  EXPECT_EQ(response.json()["revision"], 2);
   EXPECT_EQ(simulator_.device()["log"].size(), 1u);
   EXPECT_EQ(simulator_.send("POST", "/api/events", {{"type", "tap"}, {"id", "log:x"}, {"revision", 2}}).status, 200);
 }
@@ -91,7 +100,16 @@ TEST_F(ApiTests, APostedRevisionCountsAtOnce) {
   EXPECT_EQ(simulator_.send("POST", "/api/events", {{"type", "tap"}, {"id", "log:x"}, {"revision", 1}}).status, 409);
 }
 
-TEST_F(ApiTests, AMalformedAnswerIsAnErrorOfItsOwn) { EXPECT_EQ(simulator_.tap("malformed").status, 502); }
+TEST_F(ApiTests, AMalformedAnswerIsAnErrorOfItsOwn) {
+  const auto response = simulator_.tap("malformed");
+  EXPECT_EQ(response.status, 502);
+  EXPECT_EQ(response.json()["error"], "Settings has given a malformed answer.");
+}
+
+TEST_F(ApiTests, WhatNobodyUnderstandsIsLogged) {
+  EXPECT_EQ(simulator_.tap("nonsense").status, 200) << "the process is none the worse";
+  EXPECT_EQ(simulator_.device()["log"], json::array({"[simulator] Settings has said what nobody understands."}));
+}
 
 TEST_F(ApiTests, PicturesComeFromTheSettingsProcess) {
   for (int i = 0; i < 2; ++i) {

@@ -37,6 +37,11 @@ TEST_F(SharedFileTests, WhatIsNotSharedIsNotFound) {
   EXPECT_EQ(simulator_.get("/shared").status, 404);
 }
 
-TEST_F(SharedFileTests, NothingThatABrowserRunsGoesOut) { EXPECT_EQ(simulator_.get("/shared/page").status, 502); }
+TEST_F(SharedFileTests, NothingGoesOutAsWhatABrowserRuns) {
+  const auto response = simulator_.get("/shared/page");
+  EXPECT_EQ(response.header("Content-Type"), "application/octet-stream");
+  EXPECT_EQ(response.header("Content-Disposition"), "attachment");
+  EXPECT_EQ(response.header("X-Content-Type-Options"), "nosniff");
+}
 
 }  // namespace

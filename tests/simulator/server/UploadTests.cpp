@@ -225,6 +225,7 @@ TEST_F(UploadTests, ARefusedFileIsRemoved) {
   const HttpResponse response = upload("/api/photos", "refuse it");
   EXPECT_EQ(response.status, 422);
   EXPECT_EQ(response.json()["error"], "This is no picture.");
+  EXPECT_EQ(upload("/api/photos", "full it is").status, 507);
   expectNothingLeft();
 }
 

@@ -42,7 +42,40 @@ TEST_F(ChannelTests, BringsHeadersAndPayloadsInTheirOrder) {
   EXPECT_EQ(messages[0].header, (nlohmann::json{{"reply", 1}, {"length", 5}}));
   EXPECT_EQ(messages[0].payload, picture);
   EXPECT_EQ(messages[1].header["line"], "a\nb");
+  EXPECT_EQ(messages[1].payload, std::nullopt);
+}
+
+TEST_F(ChannelTests, AnEmptyPayloadIsOne) {
+  ASSERT_TRUE(here_.send({{{"number", 1}}, ""}));
+  here_.queue({{{"number", 2}}, ""});
+  ASSERT_TRUE(here_.flush());
+  const auto messages = receive(2);
+  ASSERT_EQ(messages.size(), 2u);
+  EXPECT_EQ(messages[0].payload, "");
   EXPECT_EQ(messages[1].payload, "");
+}
+
+TEST_F(ChannelTests, AMessageThatEndsInTheMiddleIsNone) {
+  for (const std::string& part : {std::string("{\"verb\":\"scr"), std::string("{\"length\":5}\nabcd")}) {
+    Pair pair;
+    Channel reader(sim::Descriptor(pair.ends[1]));
+    ASSERT_EQ(::send(pair.ends[0], part.data(), part.size(), 0), static_cast<ssize_t>(part.size()));
+    ::close(pair.ends[0]);
+    std::vector<Message> messages;
+    EXPECT_TRUE(reader.receive(messages)) << "the rest may still come";
+    EXPECT_FALSE(reader.receive(messages));
+    EXPECT_TRUE(messages.empty()) << part;
+  }
+}
+
+TEST_F(ChannelTests, AHeaderWithoutAnEndIsRefused) {
+  std::thread writer([&] { here_.send({{{"line", std::string(3 << 20, 'x')}}, {}}); });
+  std::vector<Message> messages;
+  while (there_.receive(messages)) {
+  }
+  EXPECT_TRUE(messages.empty());
+  ::shutdown(there_.descriptor(), SHUT_RDWR);
+  writer.join();
 }
 
 TEST_F(ChannelTests, BringsPayloadsThatArriveInPieces) {

@@ -1,7 +1,8 @@
 #include "support/plain/FakeSettings.hpp"
 
+#include "base/Json.hpp"
 #include "support/plain/TemporaryFolder.hpp"
-#include "wire/Channel.hpp"
+#include "wire/Messages.hpp"
 
 #include <signal.h>
 #include <spawn.h>
@@ -12,13 +13,18 @@
 #include <cstdlib>
 #include <fstream>
 #include <iomanip>
+#include <optional>
 #include <string>
 #include <thread>
+#include <utility>
+#include <variant>
 
 namespace test {
 namespace {
 
 using nlohmann::json;
+using sim::wire::Outcome;
+namespace wire = sim::wire;
 
 class FakeSettings {
  public:
@@ -29,27 +35,35 @@ class FakeSettings {
     std::ofstream(device_ / "fake/starts", std::ios::app) << revision_ << "\n";
     if (std::filesystem::exists(device_ / "fake/exit-at-start")) return 7;
     std::this_thread::sleep_for(std::chrono::milliseconds(std::atol(readText(device_ / "fake/slow-start").c_str())));
-    std::vector<sim::wire::Message> messages;
+    std::vector<wire::Message> messages;
     while (channel_.receive(messages)) {
-      for (const auto& message : messages) take(message.header);
+      for (wire::Message& message : messages) take(wire::decodeRequest(std::move(message)));
       messages.clear();
     }
     return 0;
   }
 
  private:
-  void take(const json& message) {
-    const std::string verb = message.value("verb", "");
-    if (verb == "pasteboard") pasteboard_ = message.at("string");
-    if (verb == "appearance") appearance_ = message.at("style");
-    if (verb == "display") {
-      display_ = {message.at("width"), message.at("height"), message.at("scale"), message.at("safeArea").at("left")};
-    }
-    if (verb == "screen") answer(message, 200, screen());
-    if (verb == "event") event(message);
-    if (verb == "image") image(message);
-    if (verb == "shared") shared(message);
-    if (verb == "addPhoto" || verb == "pickFile") upload(message);
+  void take(const wire::Request& request) {
+    request_ = request.number;
+    std::visit(wire::Overloaded{
+                   [this](const wire::Screen&) { answer(screen()); },
+                   [this](const wire::Event& call) { event(call); },
+                   [this](const wire::PickFile& call) { upload(call.file, call.name, call.revision); },
+                   [this](const wire::AddPhoto& call) { upload(call.file, call.name, {}); },
+                   [this](const wire::Image& call) { image(call.id); },
+                   [this](const wire::Shared& call) { shared(call.id); },
+                   [this](const wire::Pasteboard& call) { pasteboard_ = orNull(call.string); },
+                   [this](const wire::Appearance& call) { appearance_ = call.isDark ? "dark" : "light"; },
+                   [this](const wire::Display& call) { display_ = {call.width, call.height, call.scale, call.left}; },
+                   [this](const wire::Unreadable&) { refuse(Outcome::malformed, "This is no call."); },
+               },
+               request.call);
+  }
+
+  template <typename Value>
+  static json orNull(const std::optional<Value>& value) {
+    return value ? json(*value) : json();
   }
 
   json screen() const {
@@ -60,70 +74,68 @@ class FakeSettings {
             {"process", ::getpid()}};
   }
 
-  void answer(const json& request, int status, const json& body) {
-    channel_.send({{{"reply", request.at("request")}, {"status", status}, {"type", "application/json"}}, body.dump()});
+  void report(wire::Report report) { channel_.send(wire::encode(std::move(report))); }
+  void answer(std::string content) { report(wire::Reply{request_, Outcome::done, revision_, std::move(content)}); }
+  void answer(const json& content) { answer(content.dump()); }
+  void refuse(Outcome outcome, std::string why) { report(wire::Reply{request_, outcome, revision_, std::move(why)}); }
+
+  void image(const std::string& id) {
+    if (id == "none") return refuse(Outcome::unknown, "There is no such picture.");
+    answer("picture " + id);
   }
 
-  void post(const json& post) { channel_.send({post, {}}); }
-
-  void image(const json& request) {
-    const std::string id = request.at("id");
-    if (id == "none") return answer(request, 404, {{"error", "There is no such picture."}});
-    channel_.send({{{"reply", request.at("request")}, {"status", 200}, {"type", "image/png"}}, "picture " + id});
+  void shared(const std::string& id) {
+    if (id == "none") return refuse(Outcome::unknown, "Nothing shares this.");
+    if (id == "page") return answer(std::string("<!doctype html><script>1</script>"));
+    answer(std::string(static_cast<std::size_t>(std::atoll(id.c_str())), 'x'));
   }
 
-  void shared(const json& request) {
-    const std::string id = request.at("id");
-    if (id == "none") return answer(request, 404, {{"error", "Nothing shares this."}});
-    const std::string type = id == "page" ? "text/html" : "application/octet-stream";
-    channel_.send({{{"reply", request.at("request")}, {"status", 200}, {"type", type}},
-                   std::string(static_cast<std::size_t>(std::atoll(id.c_str())), 'x')});
-  }
-
-  void upload(const json& request) {
-    const std::filesystem::path file = request.at("file").get<std::string>();
+  void upload(const std::filesystem::path& file, const std::optional<std::string>& name,
+              std::optional<std::uint64_t> revision) {
     const auto size = std::filesystem::file_size(file);
     std::string what;
     std::ifstream(file) >> std::setw(16) >> what;
     if (what == "crash") ::raise(SIGABRT);
     if (what == "hang") ::pause();
     if (what == "killall") return killall();
-    if (what == "refuse") return answer(request, 422, {{"error", "This is no picture."}});
+    if (what == "refuse") return refuse(Outcome::refused, "This is no picture.");
+    if (what == "full") return refuse(Outcome::diskFull, "There is no room.");
     if (what == "keep") std::filesystem::rename(file, device_ / "fake/kept");
-    answer(request, 200,
-           {{"name", request.value("name", json())}, {"size", size}, {"revision", request.value("revision", json())}});
+    answer(json{{"name", orNull(name)}, {"size", size}, {"revision", orNull(revision)}});
   }
 
-  void event(const json& request) {
-    const json& event = request.at("event");
-    if (event.value("revision", revision_) != revision_)
-      return answer(request, 409, {{"error", "The screen has changed."}});
+  void event(const wire::Event& call) {
+    const json event = sim::parseJson(call.body).value_or(json());
+    if (!event.is_object() || !event.value("type", json()).is_string())
+      return refuse(Outcome::malformed, "This is no event.");
+    if (event.value("revision", revision_) != revision_) return refuse(Outcome::stale, "The screen has changed.");
     const std::string id = event.value("id", "");
     const auto colon = id.find(':');
     const std::string what = id.substr(0, colon);
     const std::string value = colon == std::string::npos ? "" : id.substr(colon + 1);
-    if (what == "notify") post({{"post", "notification"}, {"name", value}});
-    else if (what == "open") post({{"post", "openURL"}, {"url", value}});
-    else if (what == "copy") post({{"post", "pasteboard"}, {"string", value}});
-    else if (what == "clear") post({{"post", "pasteboard"}, {"string", nullptr}});
-    else if (what == "log") post({{"post", "log"}, {"line", value}});
-    else if (what == "change")
-      return post({{"post", "changed"}, {"revision", ++revision_}}), answer(request, 200, json::object());
+    if (what == "notify") report(wire::Notification{value});
+    else if (what == "open") report(wire::OpenURL{value});
+    else if (what == "copy") report(wire::Pasteboard{value});
+    else if (what == "clear") report(wire::Pasteboard{});
+    else if (what == "log") report(wire::Log{value});
+    else if (what == "change") return report(wire::Changed{revision_ + 1}), answer(json::object()), ++revision_, void();
     else if (what == "crash") ::raise(SIGABRT);
     else if (what == "exit") ::_exit(3);
     else if (what == "hang") ::pause();
     else if (what == "slow") std::this_thread::sleep_for(std::chrono::milliseconds(std::stol(value)));
     else if (what == "garbage") ::send(channel_.descriptor(), "no message\n", 11, MSG_NOSIGNAL);
+    else if (what == "nonsense") channel_.send({{{"verb", "dance"}}, {}});
     else if (what == "malformed")
-      return channel_.send({{{"reply", request.at("request")}, {"status", "fine"}}, {}}), void();
+      return channel_.send({{{"verb", "reply"}, {"request", request_}, {"outcome", "fine"}}, {}}), void();
+    else if (what == "echo") return answer(call.body);
     else if (what == "killall") return killall();
-    else return answer(request, 404, {{"error", "There is no \"" + id + "\" on the screen."}});
+    else return refuse(Outcome::unknown, "There is no \"" + id + "\" on the screen.");
     ++revision_;
-    answer(request, 200, screen());
+    answer(screen());
   }
 
   void killall() {
-    post({{"post", "notification"}, {"name", "before the respring"}});
+    report(wire::Notification{"before the respring"});
     const std::string program = device_.string() + "/var/jb/usr/bin/killall";
     const char* arguments[] = {"killall", "-9", "backboardd", nullptr};
     pid_t process = 0;
@@ -132,8 +144,9 @@ class FakeSettings {
   }
 
   std::filesystem::path device_;
-  sim::wire::Channel channel_;
+  wire::Channel channel_;
   std::uint64_t revision_;
+  std::uint64_t request_ = 0;  // The number of the one at hand.
   json pasteboard_ = "never told";
   json appearance_;
   json display_;

@@ -12,13 +12,16 @@
 //   hang                never answer again
 //   slow:MILLISECONDS   answer later
 //   garbage             write a line that is no message
-//   malformed           answer without a body
+//   nonsense            report what nobody understands
+//   malformed           answer with an answer that is none
+//   echo                answer with the event as it came
 //   killall             post a notification, start the device's killall as a bundle does, and never answer
 // Any other identifier is answered with 404. The picture N is the text "picture N"; "none" is not there. The shared
 // file N has N bytes; "none" is not there, and "page" is HTML.
 //
 // What it does with an uploaded file is said by the file's first word: "crash", "hang", "killall" as above, "refuse"
-// (422), "keep" (moves it to "fake/kept"). Otherwise it answers with what it got: {"name", "size", "revision"}.
+// (422), "full" (507), "keep" (moves it to "fake/kept"). Otherwise it answers with what it got: {"name", "size",
+// "revision"}.
 #pragma once
 
 namespace test {

@@ -31,9 +31,9 @@ TEST_F(RowButtonTest, AButtonInTheAccessoryIsDescribedAndTapped) {
                                                         {"title", nullptr},
                                                         {"accessibilityLabel", "Remove"},
                                                         {"frame", {40, 0, 30, 30}}}));
-  EXPECT_EQ(send(tapButton()), 200);
+  EXPECT_EQ(send(tapButton()), Outcome::done);
   EXPECT_EQ(calls(page_), "changed") << "the row itself is not tapped";
-  EXPECT_EQ(tap(rowId(0, 0)), 200);
+  EXPECT_EQ(tap(rowId(0, 0)), Outcome::done);
   EXPECT_EQ(calls(page_), "changed,tap 0.0") << "nor the button with the row";
 }
 
@@ -45,20 +45,20 @@ TEST_F(RowButtonTest, AButtonThatCannotBeReachedIsRefused) {
   EXPECT_EQ(row(0, 0)["accessoryButton"]["close"], false);
   EXPECT_EQ(row(0, 0)["accessoryButton"]["title"], "Do");
   EXPECT_EQ(row(0, 0)["accessoryButton"]["enabled"], false);
-  expectRefused(tapButton(), 422);
+  expectRefused(tapButton(), Outcome::refused);
   [button setEnabled:YES];
   [button setHidden:YES];
   session().refresh();
   EXPECT_TRUE(row(0, 0)["accessoryButton"].is_null());
-  expectRefused(tapButton(), 422);
+  expectRefused(tapButton(), Outcome::refused);
   EXPECT_EQ(calls(page_), "");
 }
 
 TEST_F(RowButtonTest, ARowWithoutAButtonIsRefused) {
   ListPage *page = startList(@[ @[ @"a" ] ]);
   EXPECT_TRUE(row(0, 0)["accessoryButton"].is_null());
-  expectRefused({{"type", "tap"}, {"id", rowId(0, 0)}, {"part", "button"}}, 422);
-  expectRefused({{"type", "tap"}, {"id", rowId(0, 0)}, {"part", "buttons"}}, 400);
+  expectRefused({{"type", "tap"}, {"id", rowId(0, 0)}, {"part", "button"}}, Outcome::refused);
+  expectRefused({{"type", "tap"}, {"id", rowId(0, 0)}, {"part", "buttons"}}, Outcome::malformed);
   EXPECT_EQ(calls(page), "");
 }
 

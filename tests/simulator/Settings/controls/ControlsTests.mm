@@ -17,7 +17,7 @@ class ControlsTest : public SessionTest {};
 TEST_F(ControlsTest, OnlyASliderIsDragged) {
   UISwitch *control = [[[UISwitch alloc] initWithFrame:CGRectZero] autorelease];
   startControl(control);
-  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", true}, {"finished", false}}, 422);
+  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", true}, {"finished", false}}, Outcome::refused);
   EXPECT_FALSE([control isOn]);
 }
 
@@ -26,22 +26,22 @@ TEST_F(ControlsTest, DisabledControlsAreLeftAlone) {
   [control setEnabled:NO];
   ControlPage *page = startControl(control);
   EXPECT_EQ(row(0, 0)["enabled"], false);
-  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", true}}, 422);
+  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", true}}, Outcome::refused);
   EXPECT_EQ(calls(page), "");
 }
 
 TEST_F(ControlsTest, ARowWithoutAControlCannotBeSet) {
   startList(@[ @[ @"a" ] ]);
-  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", true}}, 422);
+  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", true}}, Outcome::refused);
 }
 
 TEST_F(ControlsTest, AControlIsWorkedThoughARowStandsOpen) {
   const auto control = objcxx::adopt([[UISwitch alloc] init]);
   startControl(control.get());
-  EXPECT_EQ(send({{"type", "swipe"}, {"id", rowId(0, 0)}}), 200);
-  expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, 422);
+  EXPECT_EQ(send({{"type", "swipe"}, {"id", rowId(0, 0)}}), Outcome::done);
+  expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, Outcome::refused);
   EXPECT_EQ(row(0, 0)["swipeOpen"], true);
-  EXPECT_EQ(set(rowId(0, 0), true), 200);
+  EXPECT_EQ(set(rowId(0, 0), true), Outcome::done);
   EXPECT_TRUE([control.get() isOn]);
   EXPECT_EQ(row(0, 0)["swipeOpen"], false);
 }
@@ -50,13 +50,13 @@ TEST_F(ControlsTest, OnlyFieldsTakeThePasteboard) {
   UISwitch *control = [[[UISwitch alloc] init] autorelease];
   startControl(control);
   [[UIPasteboard generalPasteboard] sim_setStringFromOutside:@"x"];
-  expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, 422);
+  expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, Outcome::refused);
 }
 
 TEST_F(ControlsTest, AControlOfAnAppsOwnIsWhatItsSuperclassIs) {
   OwnSwitch *control = [[[OwnSwitch alloc] initWithFrame:CGRectZero] autorelease];
   ASSERT_EQ(controlOf(control)["type"], "switch");
-  EXPECT_EQ(set(rowId(0, 0), true), 200);
+  EXPECT_EQ(set(rowId(0, 0), true), Outcome::done);
   EXPECT_TRUE([control isOn]);
 }
 
@@ -66,7 +66,7 @@ TEST_F(ControlsTest, TheControlIsFoundBelowTheAccessoryView) {
   [holder.get() addSubview:[[[UILabel alloc] initWithFrame:CGRectZero] autorelease]];
   [holder.get() addSubview:control];
   EXPECT_EQ(controlOf(holder.get())["type"], "switch");
-  EXPECT_EQ(set(rowId(0, 0), true), 200);
+  EXPECT_EQ(set(rowId(0, 0), true), Outcome::done);
   EXPECT_TRUE([control isOn]);
 }
 

@@ -24,11 +24,11 @@ TEST_F(SegmentedControlTest, SegmentsTakeNumbersAndTitles) {
   EXPECT_TRUE(row(0, 0)["value"].is_null());
   EXPECT_TRUE(row(0, 0)["control"]["selected"].is_null());
   for (const Json &wrong : {Json(2), Json(-1), Json("three"), Json(true), Json(0.5)}) {
-    expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", wrong}}, 422);
+    expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", wrong}}, Outcome::refused);
   }
-  EXPECT_EQ(set(rowId(0, 0), 1), 200);
+  EXPECT_EQ(set(rowId(0, 0), 1), Outcome::done);
   EXPECT_EQ([control selectedSegmentIndex], 1);
-  EXPECT_EQ(set(rowId(0, 0), "one"), 200);
+  EXPECT_EQ(set(rowId(0, 0), "one"), Outcome::done);
   EXPECT_EQ(row(0, 0)["control"]["selected"], 0);
   EXPECT_EQ(row(0, 0)["value"], 0);
   EXPECT_EQ(row(0, 0)["control"]["titles"], Json({"one", "two"}));

@@ -28,13 +28,13 @@ TEST_F(SliderTest, SlidersTakeNumbersWithinTheirLimits) {
   [control setMaximumValue:10];
   startControl(control);
   for (const Json &wrong : {Json("3"), Json(true), Json()}) {
-    expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", wrong}}, 422);
+    expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", wrong}}, Outcome::refused);
   }
-  EXPECT_EQ(set(rowId(0, 0), 2.5), 200);
+  EXPECT_EQ(set(rowId(0, 0), 2.5), Outcome::done);
   EXPECT_EQ(row(0, 0)["value"], 2.5);
-  EXPECT_EQ(set(rowId(0, 0), 1e300), 200);
+  EXPECT_EQ(set(rowId(0, 0), 1e300), Outcome::done);
   EXPECT_EQ(row(0, 0)["value"], 10);
-  EXPECT_EQ(set(rowId(0, 0), -1e300), 200);
+  EXPECT_EQ(set(rowId(0, 0), -1e300), Outcome::done);
   EXPECT_EQ(row(0, 0)["value"], 0);
   EXPECT_EQ(row(0, 0)["control"]["max"], 10);
 }
@@ -47,16 +47,16 @@ TEST_F(SliderTest, ASliderIsDraggedUntilTheFingerLifts) {
     return send({{"type", "set"}, {"id", rowId(0, 0)}, {"value", value}, {"finished", finished}});
   };
   EXPECT_EQ(row(0, 0)["control"]["followed"], false);
-  EXPECT_EQ(drag(0.25, false), 200);
+  EXPECT_EQ(drag(0.25, false), Outcome::done);
   EXPECT_EQ(row(0, 0)["value"], 0.25);
   EXPECT_EQ(calls(page), "");
-  EXPECT_EQ(drag(0.5, true), 200);
+  EXPECT_EQ(drag(0.5, true), Outcome::done);
   EXPECT_EQ(calls(page), "changed");
-  EXPECT_EQ(drag(0.75, 1), 400);
-  EXPECT_EQ(drag(0.75, nullptr), 400);
+  EXPECT_EQ(drag(0.75, 1), Outcome::malformed);
+  EXPECT_EQ(drag(0.75, nullptr), Outcome::malformed);
   EXPECT_EQ(row(0, 0)["value"], 0.5);
   [control addTarget:page action:@selector(changed:) forControlEvents:UIControlEventTouchDragInside];
-  EXPECT_EQ(drag(0.75, false), 200);
+  EXPECT_EQ(drag(0.75, false), Outcome::done);
   EXPECT_EQ(row(0, 0)["control"]["followed"], true);
   EXPECT_EQ(calls(page), "changed,changed");
 }

@@ -21,12 +21,12 @@ TEST_F(SwitchTest, SwitchesTakeTruthValues) {
   EXPECT_EQ(row(0, 0)["control"]["type"], "switch");
   EXPECT_EQ(row(0, 0)["value"], false);
   for (const Json &wrong : {Json(1), Json("true"), Json(), Json::array({true}), Json::object()}) {
-    expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", wrong}}, 422);
+    expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", wrong}}, Outcome::refused);
   }
-  EXPECT_EQ(set(rowId(0, 0), true), 200);
+  EXPECT_EQ(set(rowId(0, 0), true), Outcome::done);
   EXPECT_TRUE([control isOn]);
   EXPECT_EQ(row(0, 0)["value"], true);
-  EXPECT_EQ(set(rowId(0, 0), true), 200);
+  EXPECT_EQ(set(rowId(0, 0), true), Outcome::done);
   EXPECT_EQ(calls(page), "changed");
 }
 

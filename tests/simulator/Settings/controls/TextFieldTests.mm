@@ -46,11 +46,11 @@ TEST_F(TextFieldTest, TextFieldsTakeAnyText) {
   UITextField *control = [[[UITextField alloc] initWithFrame:CGRectMake(0, 0, 100, 30)] autorelease];
   startControl(control);
   for (const Json &wrong : {Json(2), Json(true), Json()}) {
-    expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", wrong}}, 422);
+    expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", wrong}}, Outcome::refused);
   }
   for (const std::string &text : {std::string("plain"), std::string("\"\\\t\x01"), std::string("a\0b", 3),
                                   std::string("\xf0\x9f\x98\x80"), std::string(300000, 'x'), std::string()}) {
-    EXPECT_EQ(set(rowId(0, 0), text), 200);
+    EXPECT_EQ(set(rowId(0, 0), text), Outcome::done);
     EXPECT_EQ([[control text] lengthOfBytesUsingEncoding:NSUTF8StringEncoding], text.size());
     EXPECT_TRUE(row(0, 0)["value"] == text.substr(0, 65'536));
   }
@@ -61,13 +61,13 @@ TEST_F(TextFieldTest, AFieldTakesThePasteboard) {
   UITextField *control = [[[UITextField alloc] initWithFrame:CGRectMake(0, 0, 100, 30)] autorelease];
   startControl(control);
   [[UIPasteboard generalPasteboard] sim_setStringFromOutside:@"two"];
-  EXPECT_EQ(set(rowId(0, 0), "one "), 200);
-  EXPECT_EQ(send({{"type", "paste"}, {"id", rowId(0, 0)}}), 200);
+  EXPECT_EQ(set(rowId(0, 0), "one "), Outcome::done);
+  EXPECT_EQ(send({{"type", "paste"}, {"id", rowId(0, 0)}}), Outcome::done);
   EXPECT_OBJC_EQ([control text], @"one two");
   [control setEnabled:NO];
   session().refresh();
-  expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, 422);
-  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", "x"}}, 422);
+  expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, Outcome::refused);
+  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", "x"}}, Outcome::refused);
   EXPECT_EQ(reply["error"], "This control is disabled.");
 }
 

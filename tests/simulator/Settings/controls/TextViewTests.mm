@@ -34,24 +34,24 @@ TEST_F(TextViewTest, AViewTakesAnyText) {
   startControl(view());
   EXPECT_EQ(row(0, 0)["value"], "");
   for (const Json &wrong : {Json(2), Json(true), Json()}) {
-    expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", wrong}}, 422);
+    expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", wrong}}, Outcome::refused);
   }
-  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", "x"}, {"finished", false}}, 422);
-  EXPECT_EQ(set(rowId(0, 0), "one\ntwo"), 200);
+  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", "x"}, {"finished", false}}, Outcome::refused);
+  EXPECT_EQ(set(rowId(0, 0), "one\ntwo"), Outcome::done);
   EXPECT_OBJC_EQ([view() text], @"one\ntwo");
   EXPECT_EQ(row(0, 0)["value"], "one\ntwo");
-  EXPECT_EQ(set(rowId(0, 0), std::string(65'537, 'x')), 200);
+  EXPECT_EQ(set(rowId(0, 0), std::string(65'537, 'x')), Outcome::done);
   EXPECT_EQ(row(0, 0)["valueLength"], 65'537);
 }
 
 TEST_F(TextViewTest, AViewTakesThePasteboard) {
   startControl(view());
   [[UIPasteboard generalPasteboard] sim_setStringFromOutside:nil];
-  expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, 422);
+  expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, Outcome::refused);
   EXPECT_EQ(reply["error"], "The pasteboard is empty.");
   [[UIPasteboard generalPasteboard] sim_setStringFromOutside:@"two"];
-  EXPECT_EQ(set(rowId(0, 0), "one "), 200);
-  EXPECT_EQ(send({{"type", "paste"}, {"id", rowId(0, 0)}}), 200);
+  EXPECT_EQ(set(rowId(0, 0), "one "), Outcome::done);
+  EXPECT_EQ(send({{"type", "paste"}, {"id", rowId(0, 0)}}), Outcome::done);
   EXPECT_OBJC_EQ([view() text], @"one two");
 }
 
@@ -59,9 +59,9 @@ TEST_F(TextViewTest, AViewThatIsReadOnlyIsLeftAlone) {
   [view() setEditable:NO];
   startControl(view());
   [[UIPasteboard generalPasteboard] sim_setStringFromOutside:@"x"];
-  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", "x"}}, 422);
+  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", "x"}}, Outcome::refused);
   EXPECT_EQ(reply["error"], "This control is disabled.");
-  expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, 422);
+  expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, Outcome::refused);
   EXPECT_EQ(reply["error"], "This control is disabled.");
 }
 

@@ -86,11 +86,11 @@ TEST_F(ColorPickerTest, AColourIsDraggedAndChosen) {
   present();
   Json drag = setEvent("#00ff0080");
   drag["finished"] = false;
-  EXPECT_EQ(send(drag), 200);
+  EXPECT_EQ(send(drag), Outcome::done);
   EXPECT_EQ(color()["value"], "#00ff0080");
   drag["finished"] = true;
-  EXPECT_EQ(send(drag), 200);
-  EXPECT_EQ(send(setEvent("#ABCDEF")), 200);
+  EXPECT_EQ(send(drag), Outcome::done);
+  EXPECT_EQ(send(setEvent("#ABCDEF")), Outcome::done);
   EXPECT_EQ(color()["value"], "#abcdefff");
   EXPECT_EQ(notes(), (Notes{"dragged", "chose", "chose"}));
 }
@@ -117,41 +117,42 @@ TEST_F(ColorPickerTest, WhatIsNoColourIsRefused) {
                             Json("#ff00é"),
                             Json::array({255, 0, 0}),
                             Json::object({{"light", "#ff0000"}})}) {
-    expectRefused(setEvent(value), 422);
+    expectRefused(setEvent(value), Outcome::refused);
   }
   Json event = setEvent("#ff0000");
   event["finished"] = "yes";
-  expectRefused(event, 400);
+  expectRefused(event, Outcome::malformed);
   event.erase("finished");
   event.erase("value");
-  expectRefused(event, 400);
+  expectRefused(event, Outcome::malformed);
   [picker setSupportsAlpha:NO];
   session().refresh();
-  expectRefused(setEvent("#ff0000fe"), 422);
+  expectRefused(setEvent("#ff0000fe"), Outcome::refused);
   EXPECT_EQ(notes(), Notes{});
-  EXPECT_EQ(send(setEvent("#ff0000ff")), 200);
+  EXPECT_EQ(send(setEvent("#ff0000ff")), Outcome::done);
 }
 
 TEST_F(ColorPickerTest, OnlyThePickerOnTheScreenTakesColours) {
   present();
   const Json event = setEvent("#ff0000");
-  for (const char *type : {"tap", "swipe", "paste"}) expectRefused({{"type", type}, {"id", event["id"]}}, 404);
-  expectRefused({{"type", "set"}, {"id", "color999"}, {"value", "#ff0000"}}, 404);
-  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", "#ff0000"}}, 404);
-  expectRefused({{"type", "pick"}, {"path", "#ff0000"}}, 422);
+  for (const char *type : {"tap", "swipe", "paste"})
+    expectRefused({{"type", type}, {"id", event["id"]}}, Outcome::unknown);
+  expectRefused({{"type", "set"}, {"id", "color999"}, {"value", "#ff0000"}}, Outcome::unknown);
+  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", "#ff0000"}}, Outcome::unknown);
+  expectRefused({{"type", "pick"}, {"path", "#ff0000"}}, Outcome::refused);
   UIAlertController *alert = [UIAlertController alertControllerWithTitle:@"x"
                                                                  message:nil
                                                           preferredStyle:UIAlertControllerStyleAlert];
   [alert addAction:[UIAlertAction actionWithTitle:@"OK" style:UIAlertActionStyleCancel handler:nil]];
   [[page_ presentedViewController] presentViewController:alert animated:NO completion:nil];
   session().refresh();
-  expectRefused(event, 404);
-  EXPECT_EQ(send({{"type", "dismiss"}}), 200);
-  EXPECT_EQ(send(setEvent("#ff0000")), 200);
-  EXPECT_EQ(send({{"type", "dismiss"}}), 200);
+  expectRefused(event, Outcome::unknown);
+  EXPECT_EQ(send({{"type", "dismiss"}}), Outcome::done);
+  EXPECT_EQ(send(setEvent("#ff0000")), Outcome::done);
+  EXPECT_EQ(send({{"type", "dismiss"}}), Outcome::done);
   EXPECT_EQ(notes(), (Notes{"chose", "finished"}));
   EXPECT_TRUE(screen()["sheet"].is_null());
-  expectRefused(event, 404);
+  expectRefused(event, Outcome::unknown);
 }
 
 }  // namespace

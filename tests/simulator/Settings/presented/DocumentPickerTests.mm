@@ -3,6 +3,8 @@
 
 #include "simulator/Settings/SessionTest.h"
 
+#include <optional>
+
 /// Notes what it was given.
 @interface FileReceiver : NSObject <UIDocumentPickerDelegate> {
  @public
@@ -36,13 +38,8 @@ class DocumentPickerTest : public SessionTest {
     present(list_, picker);
   }
   NSString *upload(std::string_view content) { return write(@"/.simulator/uploads/1", content); }
-  /// The status; the answer is in `reply`.
-  int pickFile(NSString *file, const Json &more) {
-    Json request = more;
-    if (file) request["file"] = [file UTF8String];
-    const sim::Reply answer = session().pickFile(request);
-    reply = Json::parse(answer.body, nullptr, false);
-    return answer.status;
+  Outcome pickFile(NSString *file, const char *name, std::optional<std::uint64_t> revision = {}) {
+    return perform(sim::wire::PickFile{[file UTF8String], name, revision});
   }
   Json item(std::size_t index) { return screen()["sheet"]["items"][index]; }
   NSString *pickedName() { return [[receiver_.get()->url.get() path] lastPathComponent]; }
@@ -63,13 +60,13 @@ TEST_F(DocumentPickerTest, TheFilesOfTheDeviceAreListedAndPicked) {
   EXPECT_TRUE(item(0)["image"].is_null()) << "documents are no pictures";
   std::string beyond = item(1).value("id", "");
   beyond.back() = '2';
-  expectRefused({{"type", "tap"}, {"id", beyond}}, 404);
-  expectRefused({{"type", "pick"}, {"path", "c.txt"}}, 422);
+  expectRefused({{"type", "tap"}, {"id", beyond}}, Outcome::unknown);
+  expectRefused({{"type", "pick"}, {"path", "c.txt"}}, Outcome::refused);
   EXPECT_EQ(reply["error"], "There is no such file on the device.");
-  EXPECT_EQ(tap(item(1)["id"]), 200);
+  EXPECT_EQ(tap(item(1)["id"]), Outcome::done);
   EXPECT_OBJC_EQ(pickedName(), @"b.txt");
   pickDocument();
-  EXPECT_EQ(send({{"type", "pick"}, {"path", "a/Dark.plist"}}), 200);
+  EXPECT_EQ(send({{"type", "pick"}, {"path", "a/Dark.plist"}}), Outcome::done);
   EXPECT_OBJC_EQ(pickedName(), @"Dark.plist");
   EXPECT_TRUE(screen()["sheet"].is_null());
 }
@@ -77,15 +74,15 @@ TEST_F(DocumentPickerTest, TheFilesOfTheDeviceAreListedAndPicked) {
 TEST_F(DocumentPickerTest, DismissingItCancels) {
   pickDocument();
   const Json colour{{"type", "set"}, {"id", "color2"}, {"value", "#ff0000"}};
-  expectRefused(colour, 404);
-  EXPECT_EQ(send({{"type", "dismiss"}}), 200);
+  expectRefused(colour, Outcome::unknown);
+  EXPECT_EQ(send({{"type", "dismiss"}}), Outcome::done);
   EXPECT_EQ(receiver_.get()->cancels, 1);
   EXPECT_TRUE(screen()["sheet"].is_null());
 }
 
 TEST_F(DocumentPickerTest, AFileOfTheComputerIsPickedUnderItsName) {
   pickDocument();
-  EXPECT_EQ(pickFile(upload("content"), {{"name", "Dark.plist"}}), 200);
+  EXPECT_EQ(pickFile(upload("content"), "Dark.plist"), Outcome::done);
   EXPECT_EQ(reply, screen());
   EXPECT_EQ(reply["sheet"], nullptr);
   EXPECT_OBJC_EQ([[receiver_.get()->url.get() path] lastPathComponent], @"Dark.plist");
@@ -93,10 +90,10 @@ TEST_F(DocumentPickerTest, AFileOfTheComputerIsPickedUnderItsName) {
 }
 
 TEST_F(DocumentPickerTest, WithoutADocumentPickerNoFileIsPicked) {
-  EXPECT_EQ(pickFile(upload("x"), {{"name", "a"}}), 422);
+  EXPECT_EQ(pickFile(upload("x"), "a"), Outcome::refused);
   makeFolder(@"/var/mobile/Media/DCIM");
   present(list_, [[[UIImagePickerController alloc] init] autorelease]);
-  EXPECT_EQ(pickFile(upload("x"), {{"name", "a"}}), 422);
+  EXPECT_EQ(pickFile(upload("x"), "a"), Outcome::refused);
   EXPECT_EQ(screen()["sheet"]["kind"], "photos");
   EXPECT_FALSE(exists(@"/var/mobile/tmp"));
 }
@@ -104,16 +101,14 @@ TEST_F(DocumentPickerTest, WithoutADocumentPickerNoFileIsPicked) {
 TEST_F(DocumentPickerTest, AFileForAnotherRevisionIsRefused) {
   pickDocument();
   const auto revision = session().revision();
-  EXPECT_EQ(pickFile(upload("x"), {{"name", "a"}, {"revision", revision + 1}}), 409);
+  EXPECT_EQ(pickFile(upload("x"), "a", revision + 1), Outcome::stale);
   EXPECT_OBJC_EQ(receiver_.get()->url.get(), nil);
-  EXPECT_EQ(pickFile(upload("x"), {{"name", "a"}, {"revision", revision}}), 200);
+  EXPECT_EQ(pickFile(upload("x"), "a", revision), Outcome::done);
 }
 
 TEST_F(DocumentPickerTest, AFileWithoutAUsableNameIsRefused) {
   pickDocument();
-  EXPECT_EQ(pickFile(upload("x"), Json::object()), 400);
-  EXPECT_EQ(pickFile(nil, {{"name", "a"}}), 400);
-  for (const char *name : {"..", "a/b", ""}) EXPECT_GE(pickFile(upload("x"), {{"name", name}}), 400) << name;
+  for (const char *name : {"..", "a/b", ""}) EXPECT_NE(pickFile(upload("x"), name), Outcome::done) << name;
   EXPECT_OBJC_EQ(receiver_.get()->url.get(), nil);
   EXPECT_EQ(screen()["sheet"]["kind"], "documents");
 }

@@ -73,24 +73,25 @@ TEST_F(PhotoPickerTest, APhotoIsPickedByItsItemAndByItsPath) {
   EXPECT_EQ(items[0]["title"], "a.png");
   EXPECT_EQ(items[0]["path"], "100APPLE/a.png");
   std::string beyond = items[1].value("id", "");
-  expectRefused({{"type", "tap"}, {"id", beyond}}, 422);
+  expectRefused({{"type", "tap"}, {"id", beyond}}, Outcome::refused);
   EXPECT_EQ(reply["error"], "“b.png” is damaged, too large, or not a picture.");
   beyond.back() = '2';
-  expectRefused({{"type", "tap"}, {"id", beyond}}, 404);
-  expectRefused({{"type", "pick"}, {"path", "100APPLE/c.png"}}, 422);
+  expectRefused({{"type", "tap"}, {"id", beyond}}, Outcome::unknown);
+  expectRefused({{"type", "pick"}, {"path", "100APPLE/c.png"}}, Outcome::refused);
   EXPECT_EQ(reply["error"], "There is no such photo on the device.");
   // An action of an alert would have the same number.
-  expectRefused({{"type", "tap"}, {"id", "action" + items[0].value("id", "").substr(4)}}, 404);
-  expectRefused({{"type", "set"}, {"id", items[0]["id"]}, {"value", "x"}}, 404);
-  expectRefused({{"type", "paste"}, {"id", items[0]["id"]}}, 404);
-  EXPECT_EQ(tap(items[0]["id"]), 200);
-  EXPECT_EQ(send({{"type", "pick"}, {"path", "100APPLE/a.png"}}), 200) << "without a delegate the picker stays";
+  expectRefused({{"type", "tap"}, {"id", "action" + items[0].value("id", "").substr(4)}}, Outcome::unknown);
+  expectRefused({{"type", "set"}, {"id", items[0]["id"]}, {"value", "x"}}, Outcome::unknown);
+  expectRefused({{"type", "paste"}, {"id", items[0]["id"]}}, Outcome::unknown);
+  EXPECT_EQ(tap(items[0]["id"]), Outcome::done);
+  EXPECT_EQ(send({{"type", "pick"}, {"path", "100APPLE/a.png"}}), Outcome::done)
+      << "without a delegate the picker stays";
 }
 
 TEST_F(PhotoPickerTest, DismissingItCancels) {
   photo(@"a.png", UIImagePNGRepresentation(picture(50)));
   openPicker();
-  EXPECT_EQ(send({{"type", "dismiss"}}), 200);
+  EXPECT_EQ(send({{"type", "dismiss"}}), Outcome::done);
   EXPECT_TRUE(screen()["sheet"].is_null());
 }
 

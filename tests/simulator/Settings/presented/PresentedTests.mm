@@ -40,12 +40,12 @@ TEST_F(PresentedTest, WhatIsOfNoKindOfItsOwnIsAPage) {
   [plain setTitle:@"Over"];
   session().refresh();
   EXPECT_EQ(screen()["sheet"]["title"], "Over");
-  for (const char *type : {"tap", "paste"}) expectRefused({{"type", type}, {"id", "item2.0"}}, 404);
-  expectRefused({{"type", "set"}, {"id", "item2.0"}, {"value", 1}}, 404);
-  expectRefused({{"type", "pick"}, {"path", "a"}}, 422);
-  EXPECT_EQ(send({{"type", "dismiss"}}), 200);
+  for (const char *type : {"tap", "paste"}) expectRefused({{"type", type}, {"id", "item2.0"}}, Outcome::unknown);
+  expectRefused({{"type", "set"}, {"id", "item2.0"}, {"value", 1}}, Outcome::unknown);
+  expectRefused({{"type", "pick"}, {"path", "a"}}, Outcome::refused);
+  EXPECT_EQ(send({{"type", "dismiss"}}), Outcome::done);
   EXPECT_TRUE(screen()["sheet"].is_null());
-  expectRefused({{"type", "dismiss"}}, 422);
+  expectRefused({{"type", "dismiss"}}, Outcome::refused);
 }
 
 TEST_F(PresentedTest, AnAlertOfAnAppsOwnIsAnAlertAndANavigationControllerAPage) {
@@ -56,7 +56,7 @@ TEST_F(PresentedTest, AnAlertOfAnAppsOwnIsAnAlertAndANavigationControllerAPage) 
   present(list, alert);
   EXPECT_EQ(screen()["alert"]["title"], "Own");
   EXPECT_TRUE(screen()["sheet"].is_null());
-  EXPECT_EQ(send({{"type", "dismiss"}}), 200);
+  EXPECT_EQ(send({{"type", "dismiss"}}), Outcome::done);
   UINavigationController *pages =
       [[[UINavigationController alloc] initWithRootViewController:[[[PlainPage alloc] init] autorelease]] autorelease];
   present(list, pages);

@@ -27,12 +27,11 @@ class ShareSheetTest : public SessionTest {
   int tapPart(const Json &item, const char *part) {
     return send({{"type", "tap"}, {"id", item["id"]}, {"part", part}});
   }
-  /// The bytes of a shared item, or "STATUS sentence".
+  /// The bytes of a shared item, or "OUTCOME: sentence".
   std::string shared(const std::string &identifier) {
-    sim::Reply problem;
-    NSData *content = session().sharedContentOf(identifier, problem);
-    if (content) return std::string(static_cast<const char *>([content bytes]), [content length]);
-    return std::to_string(problem.status) + " " + Json::parse(problem.body, nullptr, false).value("error", "");
+    const sim::wire::Reply answer = session().perform(sim::wire::Shared{identifier});
+    return answer.outcome == Outcome::done ? answer.content
+                                           : std::string(nameOf(answer.outcome)) + ": " + answer.content;
   }
 
   ListPage *list_ = nil;  // Not owned.
@@ -59,7 +58,7 @@ TEST_F(ShareSheetTest, SharedItemsTellWhatCanBeDoneWithThem) {
 
 TEST_F(ShareSheetTest, CopyingASharedItemEndsTheSheet) {
   share(@[ @"first", [NSURL fileURLWithPath:write(@"/var/Dark.plist", "<plist/>")] ]);
-  EXPECT_EQ(tapPart(item(1), "copy"), 200);
+  EXPECT_EQ(tapPart(item(1), "copy"), Outcome::done);
   EXPECT_EQ(reply["sheet"], nullptr);
   EXPECT_OBJC_EQ([[UIPasteboard generalPasteboard] string], @"<plist/>");
   EXPECT_EQ(calls(list_), "CopyToPasteboard 1");
@@ -70,10 +69,10 @@ TEST_F(ShareSheetTest, SavingASharedItemEndsTheSheet) {
   const std::string identifier = item(0).value("id", "");
   EXPECT_EQ(item(0)["url"], "/shared/" + identifier);
   EXPECT_EQ(shared(identifier), "<plist/>");
-  EXPECT_EQ(tapPart(item(0), "save"), 200);
+  EXPECT_EQ(tapPart(item(0), "save"), Outcome::done);
   EXPECT_EQ(reply["sheet"], nullptr);
   EXPECT_EQ(calls(list_), "SaveToFiles 1");
-  EXPECT_EQ(shared(identifier), "404 Nothing on the screen shares this.");
+  EXPECT_EQ(shared(identifier), "unknown: Nothing on the screen shares this.");
 }
 
 TEST_F(ShareSheetTest, ASharedPictureIsSavedUpright) {
@@ -88,42 +87,42 @@ TEST_F(ShareSheetTest, ASharedPictureIsSavedUpright) {
 
 TEST_F(ShareSheetTest, WhatASharedItemCannotDoIsRefused) {
   UIActivityViewController *sheet = share(@[ @"text", [NSURL fileURLWithPath:write(@"/var/a.bin", "\xff")] ]);
-  expectRefused({{"type", "tap"}, {"id", item(0)["id"]}}, 422);
-  expectRefused({{"type", "tap"}, {"id", item(0)["id"]}, {"part", "save"}}, 422);
-  expectRefused({{"type", "tap"}, {"id", item(1)["id"]}, {"part", "copy"}}, 422);
-  expectRefused({{"type", "tap"}, {"id", item(1)["id"]}, {"part", "accessory"}}, 422);
-  expectRefused({{"type", "tap"}, {"id", item(1)["id"]}, {"part", "print"}}, 400);
-  expectRefused({{"type", "tap"}, {"id", "item99.0"}, {"part", "copy"}}, 404);
+  expectRefused({{"type", "tap"}, {"id", item(0)["id"]}}, Outcome::refused);
+  expectRefused({{"type", "tap"}, {"id", item(0)["id"]}, {"part", "save"}}, Outcome::refused);
+  expectRefused({{"type", "tap"}, {"id", item(1)["id"]}, {"part", "copy"}}, Outcome::refused);
+  expectRefused({{"type", "tap"}, {"id", item(1)["id"]}, {"part", "accessory"}}, Outcome::refused);
+  expectRefused({{"type", "tap"}, {"id", item(1)["id"]}, {"part", "print"}}, Outcome::malformed);
+  expectRefused({{"type", "tap"}, {"id", "item99.0"}, {"part", "copy"}}, Outcome::unknown);
   [sheet setExcludedActivityTypes:@[ UIActivityTypeCopyToPasteboard, SIMActivityTypeSaveToFiles ]];
   session().refresh();
   EXPECT_EQ(item(0)["activities"], Json::array());
   EXPECT_EQ(item(1)["url"], nullptr);
-  expectRefused({{"type", "tap"}, {"id", item(0)["id"]}, {"part", "copy"}}, 422);
-  expectRefused({{"type", "tap"}, {"id", item(1)["id"]}, {"part", "save"}}, 422);
+  expectRefused({{"type", "tap"}, {"id", item(0)["id"]}, {"part", "copy"}}, Outcome::refused);
+  expectRefused({{"type", "tap"}, {"id", item(1)["id"]}, {"part", "save"}}, Outcome::refused);
   EXPECT_EQ(calls(list_), "");
 }
 
 TEST_F(ShareSheetTest, OnlyWhatTheSheetSharesIsGiven) {
   NSURL *vanishing = [NSURL fileURLWithPath:write(@"/var/Gone.plist", "x")];
-  EXPECT_EQ(shared("item1.0"), "404 Nothing on the screen shares this.");
+  EXPECT_EQ(shared("item1.0"), "unknown: Nothing on the screen shares this.");
   share(@[ @"text", vanishing ]);
   const std::string text = item(0).value("id", "");
   const std::string file = item(1).value("id", "");
   for (const std::string &other : {text, std::string("row1.0.0"), std::string(""), std::string("../x"), file + "0"}) {
-    EXPECT_EQ(shared(other), "404 Nothing on the screen shares this.") << other;
+    EXPECT_EQ(shared(other), "unknown: Nothing on the screen shares this.") << other;
   }
   [[NSFileManager defaultManager] removeItemAtPath:[vanishing path] error:NULL];
-  EXPECT_EQ(shared(file), "422 “Gone.plist” cannot be read.");
+  EXPECT_EQ(shared(file), "refused: “Gone.plist” cannot be read.");
 }
 
 TEST_F(ShareSheetTest, ARowSharesNothing) {
-  expectRefused({{"type", "tap"}, {"id", rowId(0, 0)}, {"part", "save"}}, 422);
+  expectRefused({{"type", "tap"}, {"id", rowId(0, 0)}, {"part", "save"}}, Outcome::refused);
   EXPECT_EQ(calls(list_), "");
 }
 
 TEST_F(ShareSheetTest, ClosingTheSheetSharesNothing) {
   share(@[ @"text" ]);
-  EXPECT_EQ(send({{"type", "dismiss"}}), 200);
+  EXPECT_EQ(send({{"type", "dismiss"}}), Outcome::done);
   EXPECT_EQ(reply["sheet"], nullptr);
   EXPECT_EQ(calls(list_), "(null) 0");
 }
