@@ -1,5 +1,7 @@
 #import "Settings/FileTransfer.hpp"
 
+#import <Foundation/SIMDevice.h>
+
 #import "Settings/ElementId.hpp"
 #import "Settings/PhotoUpload.hpp"
 #import "Settings/presented/Presented.hpp"
@@ -10,6 +12,11 @@ namespace {
 NSString *textOf(const Json &request, const char *name) {
   const auto found = request.find(name);
   return found == request.end() ? nil : stringFrom(*found);
+}
+
+NSString *deviceFile(const Json &request) {
+  NSString *path = textOf(request, "file");
+  return path ? SIMDevicePath(path) : nil;
 }
 
 int statusOf(NSError *error) {
@@ -27,12 +34,12 @@ EventResult failed(NSError *error) { return {statusOf(error), utf8([error locali
 EventResult notShared() { return {404, "Nothing on the screen shares this."}; }
 
 EventResult addUploadedPhoto(const Json &request, NSString **path) {
-  NSString *file = textOf(request, "file");
+  NSString *file = deviceFile(request);
   return file ? uploadPhoto(file, textOf(request, "name"), path) : malformed("There is no file.");
 }
 
 EventResult pickUploadedFile(const Json &request, UINavigationController *navigation) {
-  NSString *file = textOf(request, "file");
+  NSString *file = deviceFile(request);
   NSString *name = textOf(request, "name");
   if (!file || !name) return malformed("There is no file, or it has no name.");
   UIViewController *presented = presentedOver(navigation);

@@ -125,13 +125,13 @@ void Api::image(const Request& request, Respond respond) {
 }
 
 void Api::addPhoto(const Request& request, Respond respond) {
-  nlohmann::json message{{"verb", "addPhoto"}, {"file", request.upload->path().string()}};
+  nlohmann::json message{{"verb", "addPhoto"}, {"file", request.upload->devicePath()}};
   if (!addFileName(request, message)) return respond(errorResponse(400, "The X-Sim-File-Name names no file."));
   settings_.request(std::move(message), keeping(request.upload, std::move(respond)));
 }
 
 void Api::pickFile(const Request& request, Respond respond) {
-  nlohmann::json message{{"verb", "pickFile"}, {"file", request.upload->path().string()}};
+  nlohmann::json message{{"verb", "pickFile"}, {"file", request.upload->devicePath()}};
   if (!addFileName(request, message) || !message.contains("name"))
     return respond(errorResponse(400, "The X-Sim-File-Name names no file."));
   if (!addRevision(request, message)) return respond(errorResponse(400, "The X-Sim-Revision is no whole number."));

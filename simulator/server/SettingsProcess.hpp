@@ -4,6 +4,7 @@
 #include "server/ChildProcess.hpp"
 #include "server/EventLoop.hpp"
 #include "server/Http.hpp"
+#include "server/Sandbox.hpp"
 
 #include <nlohmann/json.hpp>
 
@@ -41,6 +42,7 @@ class SettingsProcess final {
     std::string program;
     std::string deviceFolder;
     Patience patience{};
+    const Sandbox* sandbox = nullptr;  // What the program runs in; outlives the keeper.
   };
 
   /// What the keeper tells its owner.
@@ -88,6 +90,7 @@ class SettingsProcess final {
   };
 
   void launch();
+  ProgramCommand command(int channel) const;
   void send(const nlohmann::json& message);
   void flush();
   void channelReady();

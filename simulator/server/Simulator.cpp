@@ -24,15 +24,28 @@ std::optional<std::string> textIn(const nlohmann::json& message, const char* key
   return found->get<std::string>();
 }
 
+// Nothing where Settings is to run, or can only run, without one. The user is told of the latter.
+std::optional<Sandbox> sandboxFor(const Options& options, const DeviceFolder& folder) {
+  if (!options.sandbox) return std::nullopt;
+  Sandbox sandbox(folder.path(), folder.ownFolder());
+  const std::string problem = sandbox.problem();
+  if (problem.empty()) return sandbox;
+  std::fprintf(stderr, "Settings runs without a sandbox, its device paths mapped by the frameworks: %s.\n",
+               problem.c_str());
+  return std::nullopt;
+}
+
 }  // namespace
 
 Simulator::Simulator(const Options& options, SettingsProcess::Patience patience)
     : folder_(options.device),
-      uploads_(folder_.ownFolder() / "uploads"),
+      uploads_(folder_.path(), folder_.ownDevicePath() + "/uploads"),
       device_([this] { publish(); }),
       files_(loop_, folder_.path(), preferenceFolders(), [this] { device_.filesChanged(); }),
       images_(kImageCacheBytes),
-      settings_(loop_, {options.settings, folder_.path(), patience}, settingsListener()),
+      sandbox_(sandboxFor(options, folder_)),
+      settings_(loop_, {options.settings, folder_.path(), patience, sandbox_ ? &*sandbox_ : nullptr},
+                settingsListener()),
       api_(settings_, device_, files_, images_) {
   readPage(options);
   folder_.install(options.install);

@@ -56,6 +56,7 @@ class Simulator final {
   DeviceState device_;
   PreferenceFiles files_;
   ImageCache images_;
+  std::optional<Sandbox> sandbox_;
   SettingsProcess settings_;
   Api api_;
   std::string address_;
