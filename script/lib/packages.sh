@@ -22,6 +22,7 @@ webp-pixbuf-loader       run test bench mutate
 heif-gdk-pixbuf          run test bench mutate
 fonts-inter              run test bench mutate
 librsvg2-bin             run test bench mutate
+bubblewrap               run test bench
 nodejs                   run test
 npm                      run test
 llvm-19                  test mutate

@@ -66,6 +66,12 @@ NSString *SIMDeviceCodeFile(const void *address) {
   Dl_info found{};
   if (!SIMDeviceFolder() || dladdr(address, &found) == 0 || !found.dli_fname) return nil;
   NSString *file = [NSString stringWithUTF8String:found.dli_fname];
+  if ([SIMDeviceFolder() length] == 0) {
+    // The device's paths are the system's, but for what the host lends.
+    for (NSString *lent in @[ @"/run/", @"/usr/lib/", @"/lib/", @"/lib64/" ]) {
+      if ([file hasPrefix:lent]) return nil;
+    }
+  }
   NSString *folder = [SIMDeviceFolder() stringByAppendingString:@"/"];
   return [file hasPrefix:folder] ? [file substringFromIndex:[folder length] - 1] : nil;
 }

@@ -1,5 +1,7 @@
 #import "Settings/FileTransfer.hpp"
 
+#import <Foundation/SIMDevice.h>
+
 #import "Settings/ElementId.hpp"
 #import "Settings/PhotoUpload.hpp"
 #import "Settings/presented/Presented.hpp"
@@ -22,14 +24,14 @@ EventResult failed(NSError *error) { return {outcomeOf(error), utf8([error local
 EventResult notShared() { return {Outcome::unknown, "Nothing on the screen shares this."}; }
 
 EventResult addUploadedPhoto(const wire::AddPhoto &call, NSString **path) {
-  return uploadPhoto(stringFrom(call.file), call.name ? stringFrom(*call.name) : nil, path);
+  return uploadPhoto(SIMDevicePath(stringFrom(call.file)), call.name ? stringFrom(*call.name) : nil, path);
 }
 
 EventResult pickUploadedFile(const wire::PickFile &call, UINavigationController *navigation) {
   UIViewController *presented = presentedOver(navigation);
   const PresentedAdapter *adapter = presentedAdapter(presented);
   if (!adapter || !adapter->pickFile) return refused("Nothing on the screen asks for a file.");
-  return adapter->pickFile(presented, stringFrom(call.file), stringFrom(call.name));
+  return adapter->pickFile(presented, SIMDevicePath(stringFrom(call.file)), stringFrom(call.name));
 }
 
 EventResult readSharedItem(std::string_view text, UINavigationController *navigation, PageNumbers &numbers,

@@ -11,8 +11,6 @@
 #include <optional>
 #include <string_view>
 
-#include "base/TemporaryFile.hpp"
-
 #import "Settings/Guarded.hpp"
 #import "Settings/Service.hpp"
 #import "Settings/SettingsRootController.h"
@@ -74,7 +72,6 @@ int main(int count, char **arguments) {
   @autoreleasepool {
     SIMStartFoundation();
     SIMSetDeviceFolder([NSString stringWithUTF8String:options->device]);
-    sim::removeAbandonedFiles(options->device);  // A respring ends Settings in the middle of whatever it writes.
 
     // Programs that a bundle starts must not keep the channel open.
     (void)::fcntl(options->channel, F_SETFD, FD_CLOEXEC);

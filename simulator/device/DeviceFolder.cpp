@@ -85,6 +85,8 @@ void DeviceFolder::install(const std::filesystem::path& tree) {
 
 std::filesystem::path DeviceFolder::ownFolder() const { return path_ / kOwnFolder; }
 
+std::string DeviceFolder::ownDevicePath() const { return "/" + std::string(kOwnFolder); }
+
 const std::vector<std::string>& preferenceFolders() {
   static const std::vector<std::string> folders{"/var/mobile/Library/Preferences",
                                                 "/var/jb/var/mobile/Library/Preferences"};

@@ -27,6 +27,8 @@ class DeviceFolder final {
 
   /// The hidden folder of the simulator's own files.
   std::filesystem::path ownFolder() const;
+  /// The same as a path on the device.
+  std::string ownDevicePath() const;
 
   FolderLock& lock() noexcept { return lock_; }
   ProcessPipe& backboardd() noexcept { return backboardd_; }

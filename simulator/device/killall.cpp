@@ -9,6 +9,7 @@
 #include <array>
 #include <climits>
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -25,20 +26,21 @@ bool isEndingSignal(std::string_view signal) {
   return false;
 }
 
-// The folder that holds the device's files, or an empty text when this program is not installed in one.
-std::string deviceFolder() {
+// The folder that holds the device's files ("" where the device's paths are the system's); nothing when this program
+// is not installed in one.
+std::optional<std::string> deviceFolder() {
   char path[PATH_MAX];
   const ssize_t size = ::readlink("/proc/self/exe", path, sizeof path);
   const std::string_view program(path, size > 0 ? static_cast<std::size_t>(size) : 0);
-  if (!program.ends_with(kInstalledAt)) return {};
+  if (!program.ends_with(kInstalledAt)) return std::nullopt;
   return std::string(program.substr(0, program.size() - kInstalledAt.size()));
 }
 
 bool kill(std::string_view name) {
-  const std::string folder = deviceFolder();
-  if (name != kDaemon || folder.empty()) return false;
+  const auto folder = deviceFolder();
+  if (name != kDaemon || !folder) return false;
   // Without a simulator nobody reads the pipe, and opening it fails.
-  const sim::Descriptor pipe(::open((folder + "/.simulator/backboardd").c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC));
+  const sim::Descriptor pipe(::open((*folder + "/.simulator/backboardd").c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC));
   return pipe && ::write(pipe.get(), "\n", 1) == 1;
 }
 

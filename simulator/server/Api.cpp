@@ -95,13 +95,13 @@ void Api::image(const Request& request, Respond respond) {
 }
 
 void Api::addPhoto(const Request& request, Respond respond) {
-  wire::AddPhoto call{request.upload->path().string(), {}};
+  wire::AddPhoto call{request.upload->devicePath(), {}};
   if (!readFileName(request, call.name)) return respond(errorResponse(400, "The X-Sim-File-Name names no file."));
   settings_.request(std::move(call), keeping(request.upload, std::move(respond)));
 }
 
 void Api::pickFile(const Request& request, Respond respond) {
-  wire::PickFile call{request.upload->path().string(), {}, {}};
+  wire::PickFile call{request.upload->devicePath(), {}, {}};
   std::optional<std::string> name;
   if (!readFileName(request, name) || !name) return respond(errorResponse(400, "The X-Sim-File-Name names no file."));
   call.name = *std::move(name);

@@ -23,6 +23,9 @@ extern "C" {  // The header of glibc 2.36 does not say so itself.
 namespace sim {
 namespace {
 
+// For the system to end what it has killed.
+constexpr std::chrono::milliseconds kLongestEnd{1'000};
+
 struct SocketPair {
   Descriptor parent;
   Descriptor child;
@@ -67,9 +70,10 @@ std::optional<int> startError(int errors) {
   return count == sizeof error ? std::optional(error) : std::nullopt;
 }
 
-pid_t startProgram(const std::string& program, const std::vector<std::string>& arguments, int channel) {
+pid_t startProgram(const ProgramCommand& command, int channel) {
+  const std::string& program = command.program;
   std::vector<char*> pointers{const_cast<char*>(program.c_str())};
-  for (const std::string& argument : arguments) pointers.push_back(const_cast<char*>(argument.c_str()));
+  for (const std::string& argument : command.arguments) pointers.push_back(const_cast<char*>(argument.c_str()));
   pointers.push_back(nullptr);
 
   // A device binds every symbol of a file when it loads it. A file that needs what nobody has is then not loaded, and
@@ -99,16 +103,16 @@ pid_t startProgram(const std::string& program, const std::vector<std::string>& a
 
 }  // namespace
 
-ChildProcess::ChildProcess(const std::string& program,
-                           const std::function<std::vector<std::string>(int descriptor)>& arguments) {
+ChildProcess::ChildProcess(const std::function<ProgramCommand(int descriptor)>& command) {
   SocketPair ends = makeSocketPair();
-  identifier_ = startProgram(program, arguments(ends.child.get()), ends.child.get());
+  const ProgramCommand started = command(ends.child.get());
+  identifier_ = startProgram(started, ends.child.get());
   channel_.emplace(std::move(ends.parent));
   end_ = Descriptor(::pidfd_open(identifier_, 0));
   if (!end_) {
     const int error = errno;
     kill();
-    throw Failure::fromErrno("Cannot watch " + program, error);
+    throw Failure::fromErrno("Cannot watch " + started.program, error);
   }
 }
 
@@ -123,9 +127,19 @@ std::string ChildProcess::kill() {
   while (::waitpid(identifier_, &status, 0) < 0 && errno == EINTR) {
   }
   reaped_ = true;
-  if (WIFSIGNALED(status))
-    return "was ended by signal " + std::to_string(WTERMSIG(status)) + " (" + ::strsignal(WTERMSIG(status)) + ")";
-  return "exited with status " + std::to_string(WEXITSTATUS(status));
+  awaitEnd();
+  // A sandbox tells the signal that ended its program as shells do, by a status above 128.
+  const int code = WEXITSTATUS(status);
+  const int signal = WIFSIGNALED(status) ? WTERMSIG(status) : code > 128 && code < 128 + NSIG ? code - 128 : 0;
+  if (signal != 0) return "was ended by signal " + std::to_string(signal) + " (" + ::strsignal(signal) + ")";
+  return "exited with status " + std::to_string(code);
+}
+
+// The child of a sandbox ends after the sandbox: then nobody has the other end of the channel.
+void ChildProcess::awaitEnd() const {
+  if (!channel_) return;
+  pollfd other{channel_->descriptor(), 0, 0};  // POLLHUP always counts.
+  ::poll(&other, 1, static_cast<int>(kLongestEnd.count()));
 }
 
 void ChildProcess::stop(std::chrono::milliseconds patience) {

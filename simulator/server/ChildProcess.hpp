@@ -14,15 +14,19 @@
 
 namespace sim {
 
+struct ProgramCommand {
+  std::string program;                 ///< Absolute.
+  std::vector<std::string> arguments;  ///< Without the program's name.
+};
+
 /// One running child in a process group of its own, which ends with its parent. Reaped by the destructor at the latest,
 /// which kills it. Main thread only: the child ends with the thread that started it.
 class ChildProcess final {
  public:
-  /// Starts `program`. `arguments` makes its arguments (without the program's name) from the number of the descriptor
-  /// that is the child's end of the channel. The child's output goes to standard error. What it loads later must be
-  /// complete, as on a device (LD_BIND_NOW of ld.so). Throws Failure when the program
-  /// cannot be started.
-  ChildProcess(const std::string& program, const std::function<std::vector<std::string>(int descriptor)>& arguments);
+  /// Starts the program that `command` names for the number of the descriptor that is the child's end of the channel.
+  /// The child's output goes to standard error. What it loads later must be complete, as on a device (LD_BIND_NOW of
+  /// ld.so). Throws Failure when the program cannot be started.
+  explicit ChildProcess(const std::function<ProgramCommand(int descriptor)>& command);
   ~ChildProcess();
   ChildProcess(const ChildProcess&) = delete;
   ChildProcess& operator=(const ChildProcess&) = delete;
@@ -41,6 +45,8 @@ class ChildProcess final {
   void stop(std::chrono::milliseconds patience);
 
  private:
+  void awaitEnd() const;
+
   std::optional<wire::Channel> channel_;
   Descriptor end_;
   pid_t identifier_ = -1;

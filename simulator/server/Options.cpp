@@ -16,6 +16,12 @@ std::uint16_t portIn(std::string_view text) {
   return port;
 }
 
+bool sandboxIn(std::string_view text) {
+  if (text != "auto" && text != "off")
+    throw UsageError("The sandbox must be \"auto\" or \"off\", not \"" + std::string(text) + "\".");
+  return text == "auto";
+}
+
 // An option that takes a path.
 struct PathOption {
   std::string_view name;
@@ -46,10 +52,13 @@ Options parseOptions(int count, const char* const* arguments, Options options) {
       continue;
     }
     std::filesystem::path* place = placeOf(name, options);
-    if (place == nullptr && name != "--port") throw UsageError("There is no option \"" + std::string(name) + "\".");
+    const bool isOther = name == "--port" || name == "--sandbox";
+    if (place == nullptr && !isOther) throw UsageError("There is no option \"" + std::string(name) + "\".");
     if (++i == count || *arguments[i] == '\0') throw UsageError("The option " + std::string(name) + " needs a value.");
     if (place != nullptr) {
       *place = arguments[i];
+    } else if (name == "--sandbox") {
+      options.sandbox = sandboxIn(arguments[i]);
     } else {
       options.port = portIn(arguments[i]);
     }
@@ -78,6 +87,8 @@ std::string_view usage() {
          "  --settings FILE  the Settings program (beside the simulator)\n"
          "  --web DIR        the page's files (the source's simulator/web)\n"
          "  --modules DIR    the page's installed modules (the source's node_modules)\n"
+         "  --sandbox WHEN   auto: Settings sees nothing of this computer but the device, where the system lets\n"
+         "                   users make name spaces; off: only the frameworks map its paths (auto)\n"
          "  --help           shows this\n";
 }
 

@@ -16,6 +16,7 @@ struct Options {
   std::filesystem::path web;       // The page's folder.
   std::filesystem::path modules;   // The folder of the page's installed modules.
   std::uint16_t port = 0;          // 0: a free one.
+  bool sandbox = true;             // Whether Settings runs in a sandbox where one is possible.
   bool help = false;
 };
 

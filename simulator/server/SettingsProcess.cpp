@@ -1,6 +1,7 @@
 #include "server/SettingsProcess.hpp"
 
 #include "base/Failure.hpp"
+#include "base/TemporaryFile.hpp"
 
 #include <poll.h>
 
@@ -119,11 +120,9 @@ void SettingsProcess::launch() {
   launched_ = Clock::now();
   hasAnswered_ = false;
   isClosed_ = false;
+  removeAbandonedFiles(settings_.deviceFolder);  // A respring ends Settings in the middle of whatever it writes.
   try {
-    child_ = std::make_unique<ChildProcess>(settings_.program, [this](int descriptor) {
-      return std::vector<std::string>{"--device",   settings_.deviceFolder,   "--channel", std::to_string(descriptor),
-                                      "--revision", std::to_string(revision_)};
-    });
+    child_ = std::make_unique<ChildProcess>([this](int descriptor) { return command(descriptor); });
   } catch (const Failure& failure) {
     ended(failure.what());
     return;
@@ -134,6 +133,14 @@ void SettingsProcess::launch() {
   for (wire::Call& call : listener_.greeting()) send({0, std::move(call)});
   listener_.started();
   listener_.revisionChanged();
+}
+
+ProgramCommand SettingsProcess::command(int channel) const {
+  const std::vector<std::string> arguments{"--device",   settings_.sandbox ? "/" : settings_.deviceFolder,
+                                           "--channel",  std::to_string(channel),
+                                           "--revision", std::to_string(revision_)};
+  if (settings_.sandbox) return settings_.sandbox->command(settings_.program, arguments);
+  return {settings_.program, arguments};
 }
 
 void SettingsProcess::send(wire::Request request) {

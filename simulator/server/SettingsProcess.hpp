@@ -4,6 +4,7 @@
 #include "server/ChildProcess.hpp"
 #include "server/EventLoop.hpp"
 #include "server/Http.hpp"
+#include "server/Sandbox.hpp"
 #include "wire/Messages.hpp"
 
 #include <chrono>
@@ -40,6 +41,7 @@ class SettingsProcess final {
     std::string program;
     std::string deviceFolder;
     Patience patience{};
+    const Sandbox* sandbox = nullptr;  // What the program runs in; outlives the keeper.
   };
 
   /// What has happened on the device.
@@ -90,6 +92,7 @@ class SettingsProcess final {
   };
 
   void launch();
+  ProgramCommand command(int channel) const;
   void send(wire::Request request);
   void flush();
   void channelReady();

@@ -18,15 +18,28 @@ constexpr std::chrono::seconds kKeepAlive{15};
 constexpr std::string_view kFontFolder = "/usr/share/fonts/opentype/inter";
 constexpr std::string_view kFonts[] = {"Inter-Regular.otf", "Inter-Medium.otf", "Inter-SemiBold.otf", "Inter-Bold.otf"};
 
+// Nothing where Settings is to run, or can only run, without one. The user is told of the latter.
+std::optional<Sandbox> sandboxFor(const Options& options, const DeviceFolder& folder) {
+  if (!options.sandbox) return std::nullopt;
+  Sandbox sandbox(folder.path(), folder.ownFolder());
+  const std::string problem = sandbox.problem();
+  if (problem.empty()) return sandbox;
+  std::fprintf(stderr, "Settings runs without a sandbox, its device paths mapped by the frameworks: %s.\n",
+               problem.c_str());
+  return std::nullopt;
+}
+
 }  // namespace
 
 Simulator::Simulator(const Options& options, SettingsProcess::Patience patience)
     : folder_(options.device),
-      uploads_(folder_.ownFolder() / "uploads"),
+      uploads_(folder_.path(), folder_.ownDevicePath() + "/uploads"),
       device_([this] { publish(); }),
       files_(loop_, folder_.path(), preferenceFolders(), [this] { device_.filesChanged(); }),
       images_(kImageCacheBytes),
-      settings_(loop_, {options.settings, folder_.path(), patience}, settingsListener()),
+      sandbox_(sandboxFor(options, folder_)),
+      settings_(loop_, {options.settings, folder_.path(), patience, sandbox_ ? &*sandbox_ : nullptr},
+                settingsListener()),
       api_(settings_, device_, files_, images_) {
   readPage(options);
   folder_.install(options.install);
@@ -85,9 +98,17 @@ void Simulator::posted(SettingsProcess::Post post) {
                  [this](wire::Notification& each) { device_.addNotification(std::move(each.name)); },
                  [this](wire::OpenURL& each) { device_.addOpenedUrl(std::move(each.url)); },
                  [this](wire::Pasteboard& each) { device_.setPasteboard(std::move(each.string)); },
-                 [this](wire::Log& each) { device_.addLogLine(std::move(each.line)); },
+                 [this](wire::Log& each) { device_.addLogLine(asOnDevice(std::move(each.line))); },
              },
              post);
+}
+
+// Without the device folder before the paths in it.
+std::string Simulator::asOnDevice(std::string line) const {
+  const std::string folder = folder_.path().string() + "/";
+  for (std::size_t place = 0; (place = line.find(folder, place)) != std::string::npos; ++place)
+    line.replace(place, folder.size(), "/");
+  return line;
 }
 
 void Simulator::logged(const std::string& line) {

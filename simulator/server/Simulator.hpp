@@ -42,6 +42,7 @@ class Simulator final {
   void readPage(const Options& options);
   SettingsProcess::Listener settingsListener();
   void posted(SettingsProcess::Post post);
+  std::string asOnDevice(std::string line) const;
   void logged(const std::string& line);
   void publish();
   void takeResprings();
@@ -56,6 +57,7 @@ class Simulator final {
   DeviceState device_;
   PreferenceFiles files_;
   ImageCache images_;
+  std::optional<Sandbox> sandbox_;
   SettingsProcess settings_;
   Api api_;
   std::string address_;

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <variant>
 
@@ -14,8 +15,8 @@ namespace sim {
 /// thread at a time.
 class Upload final {
  public:
-  Upload(std::filesystem::path path, Descriptor descriptor)
-      : path_(std::move(path)), descriptor_(std::move(descriptor)) {}
+  Upload(std::filesystem::path path, std::string devicePath, Descriptor descriptor)
+      : path_(std::move(path)), devicePath_(std::move(devicePath)), descriptor_(std::move(descriptor)) {}
   ~Upload();
   Upload(const Upload&) = delete;
   Upload& operator=(const Upload&) = delete;
@@ -23,11 +24,12 @@ class Upload final {
   /// Writes the bytes behind those that are there. Returns 0 or the `errno` value that says why not.
   int append(std::string_view bytes);
 
-  /// Absolute.
-  const std::filesystem::path& path() const noexcept { return path_; }
+  /// As a path on the device.
+  const std::string& devicePath() const noexcept { return devicePath_; }
 
  private:
   std::filesystem::path path_;
+  std::string devicePath_;
   Descriptor descriptor_;
 };
 
@@ -36,15 +38,16 @@ using UploadPtr = std::shared_ptr<Upload>;
 /// The folder of all uploads. One thread at a time.
 class UploadFolder final {
  public:
-  /// Makes the folder, whose parent exists, or empties it of what a former run left. Throws Failure when that cannot be
-  /// done.
-  explicit UploadFolder(std::filesystem::path folder);
+  /// Makes the folder at `devicePath` of the device folder, whose parent exists, or empties it of what a former run
+  /// left. Throws Failure when that cannot be done.
+  UploadFolder(const std::filesystem::path& deviceFolder, std::string devicePath);
 
   /// A new, empty file, or the `errno` value that says why there is none.
   std::variant<UploadPtr, int> begin();
 
  private:
   std::filesystem::path folder_;
+  std::string devicePath_;
   std::uint64_t lastNumber_ = 0;
 };
 

@@ -105,7 +105,7 @@ struct Event {
 /// Asks to pick an uploaded file in the document picker on the screen.
 struct PickFile {
   static constexpr Verb kVerb = Verb::pickFile;
-  std::string file;                       ///< Its path on the computer.
+  std::string file;                       ///< Its path on the device.
   std::string name;                       ///< What it is called on the device.
   std::optional<std::uint64_t> revision;  ///< Of the screen that it is for; nothing for any.
   static void fields(auto& self, auto& codec) {
@@ -118,7 +118,7 @@ struct PickFile {
 /// Asks to move an uploaded picture into the photo library.
 struct AddPhoto {
   static constexpr Verb kVerb = Verb::addPhoto;
-  std::string file;                 ///< Its path on the computer.
+  std::string file;                 ///< Its path on the device.
   std::optional<std::string> name;  ///< What people call it.
   static void fields(auto& self, auto& codec) {
     codec("file", self.file);

@@ -29,7 +29,7 @@ test('A text that no property list can hold leaves the file as it is, and the lo
   assert.equal(await readFile(join(folder, mainFile), 'utf8'), stored);
   const lines = (await logOf(api)).filter((line) => line.startsWith('[Foundation]'));
   assert.deepEqual(lines, [
-    `[Foundation] ${join(folder, mainFile)} was not written: A text holds a character that XML cannot hold`,
+    `[Foundation] /${mainFile} was not written: A text holds a character that XML cannot hold`,
   ]);
 });
 
@@ -42,7 +42,7 @@ test('A folder that cannot be written is told in the log; the switch stays as it
   assert.equal(await shown('Enabled'), false);
   assert.equal(await readFile(preferences, 'utf8'), 'a file in place of the folder');
   const lines = (await logOf(api)).filter((line) => line.startsWith('[Foundation]'));
-  assert.deepEqual(lines, [`[Foundation] ${join(folder, mainFile)} was not written: Not a directory`]);
+  assert.deepEqual(lines, [`[Foundation] /${mainFile} was not written: Not a directory`]);
 });
 
 test('What interrupted writes have left is removed when Settings starts, and nothing else', async (t) => {

@@ -111,7 +111,7 @@ test('A copied widget folder is a widget of its own, and the log says whose code
   assert.deepEqual((await shownIn(page, /^Disabled/)).sort(), ['Clock', 'Note'], 'one row for one identifier');
   const { log } = await api('GET', '/api/device');
   assert.ok(log.includes('[ZunoWidgetLoader] Loaded 4 widgets!'));
-  const files = ['ClockWidget.bundle', 'ACopy.bundle'].map((name) => join(folder, widgets, name, 'ClockWidget'));
+  const files = ['ClockWidget.bundle', 'ACopy.bundle'].map((name) => join('/', widgets, name, 'ClockWidget'));
   const lines = log.filter((line) => line.startsWith('objc:'));
   assert.equal(lines.length, 1);
   const wanted = /^objc: Class ClockWidget is implemented in both (.*) and (.*)\. The one in (.*) is used\.$/;
@@ -230,10 +230,10 @@ test('Why a widget did not load is told in the log', async (t) => {
     await rm(code);
     await writeFile(code, 'no code at all');
   };
-  const { api, folder } = await startZuno(t, { labels: editor, prepare });
+  const { api } = await startZuno(t, { labels: editor, prepare });
   const log = await logOf(api);
   assert.ok(log.includes('[Foundation] There is no class "ClokWidget", for which '
     + '/var/jb/Library/PreferenceBundles/ZunoPrefs.bundle/ZunoPrefs asks'), log.join('\n'));
-  const text = join(folder, widgets, 'TextWidget.bundle');
+  const text = join('/', widgets, 'TextWidget.bundle');
   assert.ok(log.includes(`[Foundation] The code of ${text} was not loaded: ${text}/ClockWidget: file too short`), log.join('\n'));
 });

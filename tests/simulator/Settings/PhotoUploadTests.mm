@@ -28,7 +28,7 @@ class PhotoUploadTest : public SessionTest {
   }
   Json item(std::size_t index) { return screen()["sheet"]["items"][index]; }
   Outcome addPhoto(NSString *file, std::optional<std::string> name = {}) {
-    return perform(sim::wire::AddPhoto{[file UTF8String], std::move(name)});
+    return perform(sim::wire::AddPhoto{[onDevice(file) UTF8String], std::move(name)});
   }
   ListPage *list_ = nil;  // Not owned.
 };

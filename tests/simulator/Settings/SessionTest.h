@@ -1,6 +1,7 @@
 // A running Settings application with a test's own first page, in a device folder of the test's own, and the log.
 #pragma once
 
+#import <Foundation/SIMDevice.h>
 #import <UIKit/UIKit.h>
 #import <objcxx/Retained.h>
 
@@ -67,6 +68,9 @@ class SessionTest : public DeviceTest {
   /// The labels of all rows: " a  b | c ".
   std::string labels() const;
   std::string titles() const;
+
+  /// The path on the device of a file in the device folder.
+  static NSString *onDevice(NSString *file) { return [file substringFromIndex:[SIMDeviceFolder() length]]; }
 
   /// What became of it; `reply` has the content as JSON, or {"error"}.
   sim::wire::Outcome perform(const sim::wire::Call &call);

@@ -335,7 +335,7 @@ TEST_F(ServiceTest, AnswersForPictures) {
 }
 
 TEST_F(ServiceTest, AnswersForFiles) {
-  const std::string file = [write(@"/.simulator/uploads/1", "a text") UTF8String];
+  const std::string file = [onDevice(write(@"/.simulator/uploads/1", "a text")) UTF8String];
   EXPECT_EQ(ask(wire::PickFile{file, "a.txt", {}}).outcome, Outcome::refused);
 
   UIActivityViewController *sheet = [[[UIActivityViewController alloc]
@@ -354,8 +354,8 @@ TEST_F(ServiceTest, AnAddedPhotoIsOnTheScreenOfItsAnswer) {
   [list presentViewController:[[[UIImagePickerController alloc] init] autorelease] animated:YES completion:nil];
   session().refresh();
   const auto before = session().revision();
-  const auto answer =
-      ask(wire::AddPhoto{[write(@"/.simulator/uploads/1", UIImagePNGRepresentation(picture(4))) UTF8String], "a.png"});
+  NSString *file = onDevice(write(@"/.simulator/uploads/1", UIImagePNGRepresentation(picture(4))));
+  const auto answer = ask(wire::AddPhoto{[file UTF8String], "a.png"});
   EXPECT_EQ(answer.outcome, Outcome::done);
   EXPECT_EQ(answer.revision, before + 1);
   EXPECT_EQ(Json::parse(answer.content, nullptr, false), Json({{"path", "100APPLE/IMG_0001.PNG"}}));

@@ -19,7 +19,8 @@ using nlohmann::json;
 class ApiTests : public ::testing::Test {
  protected:
   test::TemporaryFolder folder_;
-  test::RunningSimulator simulator_{folder_.path() / "device"};
+  const std::filesystem::path device_ = std::filesystem::canonical(folder_.path()) / "device";
+  test::RunningSimulator simulator_{device_};
 };
 
 TEST_F(ApiTests, GivesTheScreenOfTheSettingsProcess) {
@@ -42,12 +43,14 @@ TEST_F(ApiTests, WhatAnEventPostedIsThereWhenItIsAnswered) {
   simulator_.tap("open:https://example.com/");
   simulator_.tap("copy:gr\u00FC\u00DFe \U0001F600");
   simulator_.tap("log:a line");
+  simulator_.tap("log:" + device_.string() + "/var/a and " + device_.string() + "/b, not " + device_.string() + "2/c");
   const json device = simulator_.device();
   EXPECT_EQ(device["notifications"], json::parse(R"([{"name":"com.example.first","sequence":1},
                                                      {"name":"com.example.second","sequence":2}])"));
   EXPECT_EQ(device["openedURLs"], json::array({"https://example.com/"}));
   EXPECT_EQ(device["pasteboard"], "gr\u00FC\u00DFe \U0001F600");
-  EXPECT_EQ(device["log"], json::array({"a line"}));
+  EXPECT_EQ(device["log"], json::array({"a line", "/var/a and /b, not " + device_.string() + "2/c"}))
+      << "paths are those of the device";
   EXPECT_EQ(device["resprings"], 0);
   EXPECT_EQ(device["files"], json::array());
   simulator_.tap("clear");

@@ -15,18 +15,20 @@ TEST(OptionsTests, Defaults) {
   const sim::Options options = parse({});
   EXPECT_EQ(options.device, "device");
   EXPECT_EQ(options.port, 0);
+  EXPECT_TRUE(options.sandbox);
   EXPECT_FALSE(options.help);
 }
 
 TEST(OptionsTests, TakesEveryOption) {
-  const sim::Options options =
-      parse({"--device", "d", "--install", "i", "--settings", "s", "--web", "w", "--modules", "m", "--port", "65535"});
+  const sim::Options options = parse({"--device", "d", "--install", "i", "--settings", "s", "--web", "w", "--modules",
+                                      "m", "--port", "65535", "--sandbox", "off"});
   EXPECT_EQ(options.device, "d");
   EXPECT_EQ(options.install, "i");
   EXPECT_EQ(options.settings, "s");
   EXPECT_EQ(options.web, "w");
   EXPECT_EQ(options.modules, "m");
   EXPECT_EQ(options.port, 65535);
+  EXPECT_FALSE(options.sandbox);
   EXPECT_TRUE(parse({"--help"}).help);
 }
 
@@ -37,6 +39,8 @@ TEST(OptionsTests, RefusesEverythingElse) {
                                                     {"--device", ""},
                                                     {"--port"},
                                                     {"--port", "65536"},
+                                                    {"--sandbox"},
+                                                    {"--sandbox", "on"},
                                                     {"--port", "-1"},
                                                     {"--port", "80x"},
                                                     {"--port", ""},

@@ -45,6 +45,7 @@ class ProgramTests : public ::testing::Test {
                                  "--web",      folder_.path() / "web",
                                  "--modules",  folder_.path() / "modules",
                                  "--install",  folder_.path() / "tree",
+                                 "--sandbox",  "off",
                                  "--settings", std::filesystem::read_symlink("/proc/self/exe")};
     all.insert(all.end(), more.begin(), more.end());
     return all;
@@ -232,6 +233,16 @@ TEST_F(ProgramTests, AnUploadThatFillsTheDiskIsSaidAndLeavesNothing) {
 
 TEST_F(ProgramTests, WithoutSettingsItServesAndSaysWhy) {
   test::RunningProgram simulator(kSimulator, arguments({"--settings", folder_.path() / "nothing"}));
+  const std::string address = simulator.readLine();
+  const std::vector<std::string> headers{"Host: 127.0.0.1:" + std::to_string(portIn(address)), "Connection: close",
+                                         "X-Sim-Token: " + address.substr(address.size() - 32)};
+  const auto screen = test::roundTrip(portIn(address), test::HttpRequest{"GET", "/api/screen", headers, {}}.bytes());
+  EXPECT_THAT(screen.body, HasSubstr("nothing: No such file or directory."));
+}
+
+TEST_F(ProgramTests, WithoutSettingsASandboxSaysTheSame) {
+  test::RunningProgram simulator(kSimulator,
+                                 arguments({"--settings", folder_.path() / "nothing", "--sandbox", "auto"}));
   const std::string address = simulator.readLine();
   const std::vector<std::string> headers{"Host: 127.0.0.1:" + std::to_string(portIn(address)), "Connection: close",
                                          "X-Sim-Token: " + address.substr(address.size() - 32)};

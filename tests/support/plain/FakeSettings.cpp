@@ -90,8 +90,8 @@ class FakeSettings {
     answer(std::string(static_cast<std::size_t>(std::atoll(id.c_str())), 'x'));
   }
 
-  void upload(const std::filesystem::path& file, const std::optional<std::string>& name,
-              std::optional<std::uint64_t> revision) {
+  void upload(const std::string& path, const std::optional<std::string>& name, std::optional<std::uint64_t> revision) {
+    const std::filesystem::path file = device_.string() + path;
     const auto size = std::filesystem::file_size(file);
     std::string what;
     std::ifstream(file) >> std::setw(16) >> what;

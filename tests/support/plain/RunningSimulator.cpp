@@ -25,6 +25,7 @@ sim::Options optionsFor(const std::filesystem::path& device) {
   sim::Options options;
   options.device = device;
   options.install = files / "tree";
+  options.sandbox = false;  // The program is this one, which lies among others.
   options.settings = std::filesystem::read_symlink("/proc/self/exe");
   options.web = files / "web";
   options.modules = files / "modules";

@@ -39,7 +39,7 @@ class DocumentPickerTest : public SessionTest {
   }
   NSString *upload(std::string_view content) { return write(@"/.simulator/uploads/1", content); }
   Outcome pickFile(NSString *file, const char *name, std::optional<std::uint64_t> revision = {}) {
-    return perform(sim::wire::PickFile{[file UTF8String], name, revision});
+    return perform(sim::wire::PickFile{[onDevice(file) UTF8String], name, revision});
   }
   Json item(std::size_t index) { return screen()["sheet"]["items"][index]; }
   NSString *pickedName() { return [[receiver_.get()->url.get() path] lastPathComponent]; }

@@ -24,7 +24,7 @@ class ShareSheetTest : public SessionTest {
     return sheet;
   }
   Json item(std::size_t index) { return screen()["sheet"]["items"][index]; }
-  int tapPart(const Json &item, const char *part) {
+  Outcome tapPart(const Json &item, const char *part) {
     return send({{"type", "tap"}, {"id", item["id"]}, {"part", part}});
   }
   /// The bytes of a shared item, or "OUTCOME: sentence".
