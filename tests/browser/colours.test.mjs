@@ -83,6 +83,42 @@ test('A finger picks in the grid and in the spectrum', async (t) => {
   });
 });
 
+test('A knob that is let go where it was taken ends its drag', async (t) => {
+  const started = await start(t, { titleColour: 'FF800080' });
+  const { page, api } = started;
+  await openPicker(page, 'FF800080');
+  const slider = page.getByRole('slider', { name: 'Opacity' });
+  const isHalf = (whether) => eventually(async () => {
+    const { sheet } = await api('GET', '/api/screen');
+    assert.equal(sheet.color.value === '#ff800080', whether);
+  });
+  await page.mouse.move(...await placeIn(slider));
+  await page.mouse.down();
+  await page.mouse.move(...await placeIn(slider, 0.75), { steps: 4 });
+  await isHalf(false);
+  await page.mouse.move(...await placeIn(slider), { steps: 4 });
+  await isHalf(true);
+  assert.deepEqual(await notificationsOf(api), []);
+  await page.mouse.up();
+  await eventually(async () => assert.deepEqual(await notificationsOf(api), [posted]));
+  await storedIs(started, { titleColour: 'FF800080' });
+});
+
+test('A touch that the system takes away ends its drag', async (t) => {
+  const started = await start(t, null, { hasTouch: true });
+  const { page } = started;
+  await openPicker(page);
+  const client = await page.context().newCDPSession(page);
+  const touch = async (type, ...places) => client.send('Input.dispatchTouchEvent', {
+    type, touchPoints: places.map(([x, y]) => ({ x, y })),
+  });
+  await touch('touchStart', await placeIn(cellOf(page, '0061FD')));
+  await touch('touchMove', await placeIn(cellOf(page, 'E22400')));
+  await eventually(async () => assert.equal(await cellOf(page, 'E22400').getAttribute('aria-selected'), 'true'));
+  await touch('touchCancel');
+  await storedIs(started, { titleColour: 'E22400' });
+});
+
 test('A colour is picked by the keyboard alone', async (t) => {
   const started = await start(t, { titleColour: 'FFFFFF' });
   const { page } = started;
