@@ -1,5 +1,7 @@
 #import "theme/BackgroundImage.h"
 
+#include <chrono>
+
 #include "core/FileState.hpp"
 #import "core/PreferenceFile.h"
 #import "theme/ThemeChange.h"
@@ -65,11 +67,14 @@ void storeBackgroundImage(NSString *text) {
 
 std::size_t backgroundFingerprint() {
   static FileState known;
+  static bool counts = false;
   static std::size_t fingerprint = 0;
   const auto file = PreferenceFile::ofDomain(kThemeDomain);
+  const auto start = std::chrono::system_clock::now();
   const FileState state = fileState([file.path() fileSystemRepresentation]);
-  if (known != state) {
+  if (!counts || known != state) {
     known = state;
+    counts = showsChangesAfter(state, start);
     fingerprint = file.fingerprint(kBackgroundImage);
   }
   return fingerprint;
