@@ -48,8 +48,7 @@ constexpr UIControlEvents kMoves =
 }
 
 - (void)setValue:(id)value {
-  const bool isUsable = [value isKindOfClass:[NSNumber class]] && std::isfinite([value doubleValue]);
-  [super setValue:isUsable ? value : [[self specifier] propertyForKey:PSDefaultValueKey]];
+  [super setValue:zuno::numberOrDefault(value, [self specifier])];
 }
 
 - (void)setCellEnabled:(BOOL)enabled {

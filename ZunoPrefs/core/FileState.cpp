@@ -33,4 +33,12 @@ FileState fileState(int descriptor) noexcept {
   return ::fstat(descriptor, &status) == 0 ? stateFrom(status) : FileState{};
 }
 
+bool showsChangesAfter(const FileState& state, std::chrono::system_clock::time_point time) noexcept {
+  using std::chrono::nanoseconds;
+  // A file system that keeps whole seconds is told by them: elsewhere a time seldom is one.
+  const bool keepsSeconds = state.changed % nanoseconds(std::chrono::seconds(1)).count() == 0;
+  const nanoseconds unsure = keepsSeconds ? nanoseconds(kClockTick + kCoarsestTime) : nanoseconds(kClockTick);
+  return time.time_since_epoch() - nanoseconds(state.changed) >= unsure;
+}
+
 }  // namespace zuno

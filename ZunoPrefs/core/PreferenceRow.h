@@ -19,6 +19,10 @@ NSString *rowText(PSSpecifier *row, NSString *name);
 /// platform formats nil. The value has whatever type the file gives it.
 id rowValue(PSSpecifier *row, const PreferenceFile &file);
 
+/// `value` if it is a finite number, else the row's "default" if that is one, else nil: as readers of the files take
+/// what is stored for a number or a switch.
+NSNumber *numberOrDefault(id value, PSSpecifier *row);
+
 /// Stores `value` under the row's "key" and then, whether or not the file could be written, posts the Darwin
 /// notification that the row's "PostNotification" names, if any.
 void setRowValue(id value, PSSpecifier *row, const PreferenceFile &file);

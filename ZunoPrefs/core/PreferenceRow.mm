@@ -3,7 +3,14 @@
 #import <CoreFoundation/CoreFoundation.h>
 #import <Preferences/PSSpecifier.h>
 
+#include <cmath>
+
 namespace zuno {
+namespace {
+
+bool isFiniteNumber(id value) { return [value isKindOfClass:[NSNumber class]] && std::isfinite([value doubleValue]); }
+
+}  // namespace
 
 NSString *const kUserAgentRow = @"User-Agent";
 
@@ -18,6 +25,12 @@ id rowValue(PSSpecifier *row, const PreferenceFile &file) {
     return [NSString stringWithFormat:@"%@/%@", file.value(@"device"), file.value(@"iosVersion")];
   }
   return file.value(key) ?: [row propertyForKey:@"default"];
+}
+
+NSNumber *numberOrDefault(id value, PSSpecifier *row) {
+  if (isFiniteNumber(value)) return value;
+  id initial = [row propertyForKey:PSDefaultValueKey];
+  return isFiniteNumber(initial) ? initial : nil;
 }
 
 void setRowValue(id value, PSSpecifier *row, const PreferenceFile &file) {

@@ -5,7 +5,6 @@
 
 #import <objcxx/Retained.h>
 
-#include <chrono>
 #include <cstddef>
 #include <span>
 #include <string>
@@ -18,12 +17,10 @@ namespace zuno {
 
 /// The last pass over a preference file. Every row of a page asks for its own value, and over a file that holds a photo
 /// of many megabytes each pass takes milliseconds; so a pass looks up every key that was asked for before, and it
-/// answers as long as the file is as it was read. A file that had changed within kTick before it was read is read again
-/// every time: another change could leave it with the same time. So a change is always seen. Main thread only.
+/// answers as long as the file is as it was read. A file that had only just changed when it was read is read again
+/// every time (see showsChangesAfter). So a change is always seen. Main thread only.
 class PreferenceScan final {
  public:
-  /// The coarsest clock that file systems take their times from: Linux counts 100 to 1000 ticks a second.
-  static constexpr std::chrono::milliseconds kTick{10};
   /// Texts above this size, in bytes, are not kept: a photo is read from the file when it is wanted.
   static constexpr std::size_t kLargestKept = 4096;
   /// With more keys than this the earlier ones are forgotten.

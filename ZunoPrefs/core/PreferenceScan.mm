@@ -1,6 +1,7 @@
 #import "core/PreferenceScan.h"
 
 #include <algorithm>
+#include <chrono>
 #include <iterator>
 #include <variant>
 
@@ -52,7 +53,7 @@ const PreferenceScan::Entry &PreferenceScan::find(const std::string &path, std::
 }
 
 void PreferenceScan::pass() {
-  const auto start = std::chrono::system_clock::now().time_since_epoch();
+  const auto start = std::chrono::system_clock::now();
   const FileBytes file(path_.c_str());
   const std::vector<std::string_view> keys(keys_.begin(), keys_.end());
   std::vector<PropertyListScan> scans(keys.size());
@@ -60,7 +61,7 @@ void PreferenceScan::pass() {
   entries_.clear();
   std::transform(scans.begin(), scans.end(), std::back_inserter(entries_), entryOf);
   state_ = file.state();
-  counts_ = start - std::chrono::nanoseconds(state_.changed) >= kTick;
+  counts_ = showsChangesAfter(state_, start);
 }
 
 }  // namespace zuno

@@ -35,7 +35,7 @@ UIImage *pickedImage(NSDictionary *info);
 void storeBackgroundImage(NSString *text);
 
 /// What tells the stored text from another; 0 where the theme file holds none. Reads that file when it is another than
-/// last time, or was written since. Main thread only.
+/// last time, was written since, or had only just been written then. Main thread only.
 std::size_t backgroundFingerprint();
 
 /// Whether the theme file holds a background image, readable or not.

@@ -2,6 +2,7 @@
 
 #import <objcxx/Retained.h>
 
+#include <chrono>
 #include <string_view>
 
 #include "core/FileState.hpp"
@@ -79,11 +80,14 @@ void storeBackgroundImage(NSString *text) {
 
 std::size_t backgroundFingerprint() {
   static FileState known;
+  static bool counts = false;
   static std::size_t fingerprint = 0;
   const auto file = PreferenceFile::ofDomain(kThemeDomain);
+  const auto start = std::chrono::system_clock::now();
   const FileState state = fileState([file.path() fileSystemRepresentation]);
-  if (known != state) {
+  if (!counts || known != state) {
     known = state;
+    counts = showsChangesAfter(state, start);
     fingerprint = file.fingerprint(kBackgroundImage);
   }
   return fingerprint;

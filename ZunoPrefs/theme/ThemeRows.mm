@@ -2,8 +2,6 @@
 
 #import <Preferences/PSSpecifier.h>
 
-#include <cmath>
-
 #import "core/PreferenceRow.h"
 
 namespace zuno {
@@ -11,13 +9,9 @@ namespace {
 
 NSString *const kEnabled = @"enabled";
 
-bool isFinite(id value) { return [value isKindOfClass:[NSNumber class]] && std::isfinite([value doubleValue]); }
-
 /// As readers of the file take a switch: on for every number but 0; the "default" stands in for what is no number.
 bool isOn(PSSpecifier *row, const PreferenceFile &file) {
-  id value = rowValue(row, file);
-  if (!isFinite(value)) value = [row propertyForKey:PSDefaultValueKey];
-  return isFinite(value) && [value doubleValue] != 0;
+  return [numberOrDefault(rowValue(row, file), row) doubleValue] != 0;
 }
 
 }  // namespace

@@ -3,8 +3,8 @@
 
 #include "theme/Theme.hpp"
 
-/// The switcher in small, above the theme page's rows: drawn from the theme file as it stands, and again whenever that
-/// changes, the appearance of the system does, or the screen.
+/// The switcher in small, above the theme page's rows: drawn from the theme file as it stands, and again whenever this
+/// process changes that, the appearance of the system changes, or the screen.
 ///
 /// Lengths of the theme are points of the screen, and shrink with it. One element for assistive technologies, described
 /// in words. Main thread only.
@@ -18,7 +18,6 @@
   UILabel *_badge;
   zuno::Look _look;
   std::size_t _photo;  // The stored photo's fingerprint; 0 while none is shown.
-  BOOL _isStale;
 }
 
 @end

@@ -131,7 +131,6 @@ NSString *description(const Look &look, bool hasPicture, bool isDark) {
 - (instancetype)initWithFrame:(CGRect)frame {
   if (!(self = [super initWithFrame:frame])) return nil;
 
-  _isStale = YES;
   _screen = newBox(self);
   [_screen setClipsToBounds:YES];
   _picture = [[UIImageView alloc] initWithFrame:CGRectZero];
@@ -183,12 +182,7 @@ NSString *description(const Look &look, bool hasPicture, bool isDark) {
   [centre removeObserver:self];
   if (![self window]) return;
 
-  [centre addObserver:self selector:@selector(themeChanged) name:zuno::kThemeChanged object:nil];
-  [self themeChanged];
-}
-
-- (void)themeChanged {
-  _isStale = YES;
+  [centre addObserver:self selector:@selector(setNeedsLayout) name:zuno::kThemeChanged object:nil];
   [self setNeedsLayout];
 }
 
@@ -199,13 +193,11 @@ NSString *description(const Look &look, bool hasPicture, bool isDark) {
 
 #pragma mark - Drawing
 
+/// Looks at the file each time: another program may have written it.
 - (void)layoutSubviews {
   [super layoutSubviews];
-  if (_isStale) {
-    _isStale = NO;
-    _look = zuno::lookOf(zuno::storedTheme());
-    _photo = _look.hasPicture ? zuno::backgroundFingerprint() : 0;
-  }
+  _look = zuno::lookOf(zuno::storedTheme());
+  _photo = _look.hasPicture ? zuno::backgroundFingerprint() : 0;
   const CGFloat scale = scaleForWidth([self bounds].size.width);
   [self layOutAtScale:scale];
   [self showPictureAtScale:scale];

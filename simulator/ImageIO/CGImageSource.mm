@@ -28,8 +28,8 @@ NSNumber *number(CFDictionaryRef options, CFStringRef key) {
 
 /// 0: no limit.
 int longestSide(CFDictionaryRef options) {
-  NSNumber *most = number(options, kCGImageSourceThumbnailMaxPixelSize);
-  return most ? int(std::clamp([most doubleValue], 0.0, double(INT_MAX))) : 0;
+  const double most = [number(options, kCGImageSourceThumbnailMaxPixelSize) doubleValue];
+  return most > 0 ? int(std::min(most, double(INT_MAX))) : 0;  // What is no number is not above 0.
 }
 
 }  // namespace

@@ -46,7 +46,10 @@ test('A colour is picked in the grid by the mouse, and stored once when the butt
   const started = await start(t, { unknown: 'kept' });
   const { page, api } = started;
   await openPicker(page);
+  await cellOf(page, 'FFFFFF').focus();
+  await page.keyboard.press('ArrowDown');
   await cellOf(page, '0061FD').click();
+  assert.equal(await cellOf(page, '0061FD').getAttribute('tabindex'), '0', 'the keys go on from there');
   await storedIs(started, { unknown: 'kept', titleColour: '0061FD' });
   assert.deepEqual(await notificationsOf(api), [posted]);
   assert.equal(await cellOf(page, '0061FD').getAttribute('aria-selected'), 'true');
@@ -64,8 +67,17 @@ test('A colour is picked in the grid by the mouse, and stored once when the butt
   await page.mouse.up();
   await storedIs(started, { unknown: 'kept', titleColour: 'E22400' });
   assert.deepEqual(await notificationsOf(api), [posted, posted]);
+
+  const grid = page.getByRole('grid', { name: 'Colours' });
+  for (const [edge, digits] of [[-0.05, 'FFFFFF'], [1.05, 'DEEED4']]) {
+    await page.mouse.move(...await placeIn(cellOf(page, '0061FD')));
+    await page.mouse.down();
+    await page.mouse.move(...await placeIn(grid, edge, edge), { steps: 4 });
+    await page.mouse.up();
+    await storedIs(started, { unknown: 'kept', titleColour: digits });
+  }
   await close(page);
-  await rowOf(page, 'Titles', 'E22400').waitFor();
+  await rowOf(page, 'Titles', 'DEEED4').waitFor();
 });
 
 test('A finger picks in the grid and in the spectrum', async (t) => {
@@ -81,6 +93,42 @@ test('A finger picks in the grid and in the spectrum', async (t) => {
     const [red, green, blue] = [0, 2, 4].map((at) => parseInt(titleColour.slice(at, at + 2), 16));
     assert.ok(red < 10 && green > 245 && blue < 10, titleColour);
   });
+});
+
+test('A knob that is let go where it was taken ends its drag', async (t) => {
+  const started = await start(t, { titleColour: 'FF800080' });
+  const { page, api } = started;
+  await openPicker(page, 'FF800080');
+  const slider = page.getByRole('slider', { name: 'Opacity' });
+  const isHalf = (whether) => eventually(async () => {
+    const { sheet } = await api('GET', '/api/screen');
+    assert.equal(sheet.color.value === '#ff800080', whether);
+  });
+  await page.mouse.move(...await placeIn(slider));
+  await page.mouse.down();
+  await page.mouse.move(...await placeIn(slider, 0.75), { steps: 4 });
+  await isHalf(false);
+  await page.mouse.move(...await placeIn(slider), { steps: 4 });
+  await isHalf(true);
+  assert.deepEqual(await notificationsOf(api), []);
+  await page.mouse.up();
+  await eventually(async () => assert.deepEqual(await notificationsOf(api), [posted]));
+  await storedIs(started, { titleColour: 'FF800080' });
+});
+
+test('A touch that the system takes away ends its drag', async (t) => {
+  const started = await start(t, null, { hasTouch: true });
+  const { page } = started;
+  await openPicker(page);
+  const client = await page.context().newCDPSession(page);
+  const touch = async (type, ...places) => client.send('Input.dispatchTouchEvent', {
+    type, touchPoints: places.map(([x, y]) => ({ x, y })),
+  });
+  await touch('touchStart', await placeIn(cellOf(page, '0061FD')));
+  await touch('touchMove', await placeIn(cellOf(page, 'E22400')));
+  await eventually(async () => assert.equal(await cellOf(page, 'E22400').getAttribute('aria-selected'), 'true'));
+  await touch('touchCancel');
+  await storedIs(started, { titleColour: 'E22400' });
 });
 
 test('A colour is picked by the keyboard alone', async (t) => {
@@ -134,10 +182,14 @@ test('The sliders and the fields set the parts and the digits, and every way kee
   await page.getByRole('slider', { name: 'Green' }).focus();
   await page.keyboard.press('ArrowRight');
   await storedIs(started, { titleColour: '102130' });
+  const green = page.getByRole('textbox', { name: 'Green, number' });
+  await eventually(async () => assert.equal(await green.inputValue(), '33', 'the number follows'));
   await enter('Red, number', '255');
   await storedIs(started, { titleColour: 'FF2130' });
   await enter('Blue, number', '999');
   await storedIs(started, { titleColour: 'FF21FF' });
+  const digits = page.getByRole('textbox', { name: /Hex/ });
+  await eventually(async () => assert.equal(await digits.inputValue(), 'FF21FF', 'the digits follow'));
   await enter('Opacity, number', '50');
   await storedIs(started, { titleColour: 'FF21FF80' });
   await enter('sRGB Hex Color #', 'abcdef');
@@ -146,12 +198,11 @@ test('The sliders and the fields set the parts and the digits, and every way kee
   const before = await notificationsOf(api);
   for (const text of ['', 'red', '12345', '1234567', 'GGGGGG']) {
     await enter('sRGB Hex Color #', text);
-    await eventually(async () => assert.equal(await page.getByRole('textbox', { name: /Hex/ }).inputValue(), 'ABCDEF'));
+    await eventually(async () => assert.equal(await digits.inputValue(), 'ABCDEF'));
   }
   for (const text of ['', '-1', '1.5', 'x']) {
     await enter('Green, number', text);
-    const field = page.getByRole('textbox', { name: 'Green, number' });
-    await eventually(async () => assert.equal(await field.inputValue(), '205'));
+    await eventually(async () => assert.equal(await green.inputValue(), '205'));
   }
   assert.equal((await notificationsOf(api)).length, before.length, 'what is no colour is not sent');
   await wayOf(page, 'Grid').check();

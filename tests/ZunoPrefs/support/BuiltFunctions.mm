@@ -2,6 +2,7 @@
 // try the code that is installed and not a second compile of its source.
 #include "ZunoPrefs/support/BuiltBundle.h"
 #include "cells/PackageStatus.hpp"
+#include "core/FileState.hpp"
 #include "core/PropertyListScan.hpp"
 #include "core/PropertyListScanFile.hpp"
 #include "lists/ToneKernel.hpp"
@@ -24,6 +25,13 @@ std::optional<std::string_view> statusField(std::string_view record, std::string
   static auto *const function =
       built<decltype(statusField)>("_ZN4zuno11statusFieldESt17basic_string_viewIcSt11char_traitsIcEES3_");
   return function(record, name);
+}
+
+bool showsChangesAfter(const FileState &state, std::chrono::system_clock::time_point time) noexcept {
+  static auto *const function =
+      built<decltype(showsChangesAfter)>("_ZN4zuno17showsChangesAfterERKNS_9FileStateENSt6chrono10time_pointINS3_3_"
+                                         "V212system_clockENS3_8durationIlSt5ratioILl1ELl1000000000EEEEEE");
+  return function(state, time);
 }
 
 PropertyListScan scanPropertyList(std::span<const std::byte> document, std::string_view key) noexcept {

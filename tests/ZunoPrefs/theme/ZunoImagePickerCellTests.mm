@@ -1,9 +1,13 @@
 #import "theme/ZunoImagePickerCell.h"
 
+#import <Foundation/SIMDevice.h>
 #import <Preferences/PSSpecifier.h>
 #import <dispatch/MainQueue+Sim.h>
 
 #import "theme/ZunoCustomiseRootListController.h"
+
+#include <fstream>
+#include <string>
 
 #include "ZunoPrefs/theme/ThemeTest.h"
 
@@ -181,6 +185,42 @@ TEST_F(ImageCellTest, ACellThatIsUsedAgainShowsWhatIsStoredNowAndTakesItsRowsTap
     EXPECT_EQ([row target], cell);
     EXPECT_OBJC_EQ(NSStringFromSelector([row buttonAction]), @"openImagePicker");
     EXPECT_OBJC_EQ([[cell textLabel] text], @"Background Image");
+  }
+}
+
+/// Many of these changes fall into one tick of the file system's clock, on systems that do not tell finer.
+TEST_F(ImageCellTest, APhotoThatIsChangedInPlaceRightAfterItWasReadIsShown) {
+  ZunoImagePickerCell *cell = newCell(newRow());
+  UIView *parent = [[[UIView alloc] initWithFrame:CGRectZero] autorelease];
+  [parent addSubview:cell];
+  // Of one length: spaces at the end do not count.
+  const auto file = [&](UIColor *colour) {
+    NSString *photo = [[cell encodeToBase64String:picture(8, colour)] stringByPaddingToLength:400
+                                                                                   withString:@" "
+                                                                              startingAtIndex:0];
+    return "<plist><dict><key>backgroundImage</key><string>" + std::string([photo UTF8String]) +
+           "</string></dict></plist>";
+  };
+  const std::string blue = file([UIColor blueColor]), red = file([UIColor redColor]);
+  ASSERT_EQ(blue.size(), red.size());
+  storeImage(@"");
+  const std::string path = [SIMDevicePath(kThemeFile) fileSystemRepresentation];
+  const auto write = [&](const std::string &content, std::ios::openmode mode = {}) {
+    std::fstream(path, std::ios::in | std::ios::out | std::ios::binary | mode) << content;
+  };
+  const auto shown = [&] {
+    [cell refreshCellContentsWithSpecifier:[cell specifier]];
+    return [[cell imageView] image];
+  };
+  for (int attempt = 0; attempt < 200; ++attempt) {
+    write(blue, std::ios::trunc);
+    (void)shown();
+    write(blue);
+    UIImage *before = shown();
+    write(red);
+    UIImage *after = shown();
+    ASSERT_EQ(colourOf(before), "0,0,255") << attempt;
+    ASSERT_EQ(colourOf(after), "255,0,0") << attempt;
   }
 }
 

@@ -452,6 +452,22 @@ TEST_F(ThemePreviewTest, FollowsTheTurnedDeviceAndAnotherWidth) {
   EXPECT_EQ(CGImageGetHeight([picture() CGImage]), 708u);
 }
 
+TEST_F(ThemePreviewTest, ShowsWhatAnotherProgramWroteWhenTheAppearanceOrTheScreenChanges) {
+  writeOn(@{});
+  (void)shown();
+  const auto rewrite = [&](NSString *colour, NSString *photo) {
+    write(@{@"enabled" : @1, @"useCustom" : @1, @"badgeColour" : colour, @"backgroundImage" : photo});
+  };
+  rewrite(@"0000FF", stored(picture(30, [UIColor blueColor])));
+  [[[page() view] window] sim_changeUserInterfaceStyle:UIUserInterfaceStyleDark];
+  EXPECT_EQ(text([part(@"badge") backgroundColor]), "0,0,255,255");
+  EXPECT_EQ(colourOf(picture()), "0,0,255");
+  rewrite(@"00FF00", stored(picture(30, [UIColor redColor])));
+  turn(CGSizeMake(844, 390), 3);
+  EXPECT_EQ(text([part(@"badge") backgroundColor]), "0,255,0,255");
+  EXPECT_EQ(colourOf(picture()), "255,0,0");
+}
+
 TEST_F(ThemePreviewTest, IsDescribedInWords) {
   ZunoThemePreview *view = preview();
   EXPECT_TRUE([view isAccessibilityElement]);
@@ -505,9 +521,14 @@ TEST_F(ThemePreviewTest, AChangedSliderDoesNotDecodeThePhotoAgain) {
 
 TEST_F(ThemePreviewTest, APageThatHasGoneIsForgotten) {
   ZunoThemePreview *view = [[preview() retain] autorelease];
+  UILabel *badge = [view valueForKey:@"badge"];
+  writeOn(@{});
   [view removeFromSuperview];
-  set(@60, @"cornerRadius");  // Reaches no view that is off screen.
-  EXPECT_FALSE([[view valueForKey:@"isStale"] boolValue]);
+  [view layoutIfNeeded];
+  const std::string before = text([badge backgroundColor]);
+  set(@"0000FF", @"badgeColour");  // Reaches no view that is off screen.
+  [view layoutIfNeeded];
+  EXPECT_EQ(text([badge backgroundColor]), before);
 }
 
 }  // namespace

@@ -125,6 +125,7 @@ TEST_F(GaussianBlurTests, WithoutClampingTheEdgesFadeIntoNothing) {
   EXPECT_NEAR(at(*pixels, 12, 42).alpha, 255 * 0.5497, 1);
   EXPECT_NEAR(at(*pixels, 12, 42).red, 200 * 0.5497, 1) << "premultiplied";
   EXPECT_LE(at(*pixels, 0, 42).alpha, 2);
+  EXPECT_TRUE(CGRectIsNull([blurredBy([image imageByCroppingToRect:CGRectZero], 4) extent])) << "nothing does not grow";
 }
 
 TEST_F(GaussianBlurTests, TransparentPixelsTakeNoPart) {
@@ -152,9 +153,14 @@ TEST_F(GaussianBlurTests, TheRadiusIsTenUntilSetAndNothingBelowZeroBlurs) {
   CIFilter *filter = [CIFilter filterWithName:@"CIGaussianBlur"];
   [filter setValue:[NSNumber numberWithInt:3] forKey:kCIInputRadiusKey];
   EXPECT_OBJC_EQ([[[filter copy] autorelease] valueForKey:kCIInputRadiusKey], [NSNumber numberWithInt:3]);
+  [filter setValue:image forKey:kCIInputImageKey];
+  EXPECT_OBJC_EQ([[[filter copy] autorelease] valueForKey:kCIInputImageKey], image);
+  EXPECT_OBJC_EQ([[[filter copy] autorelease] name], @"CIGaussianBlur");
+  [filter setValue:nil forKey:kCIInputImageKey];
   [filter setDefaults];
   EXPECT_OBJC_EQ([filter valueForKey:kCIInputRadiusKey], [NSNumber numberWithInt:10]);
   EXPECT_OBJC_EQ([filter inputKeys], (@[ @"inputImage", @"inputRadius" ]));
+  EXPECT_OBJC_EQ([filter outputKeys], @[ @"outputImage" ]);
   EXPECT_OBJC_EQ([filter outputImage], nil);
 }
 
@@ -168,6 +174,9 @@ TEST_F(GaussianBlurTests, ClampingRepeatsTheOutermostPixels) {
   EXPECT_EQ(at(*pixels, 0, 0), (Pixel{0, 255, 0, 255})) << "the top row goes on upwards";
   const auto away = drawn(image, CGRectMake(1000, -500, 2, 2));
   EXPECT_EQ(at(*away, 1, 1), (Pixel{0, 0, 255, 255}));
+  CIImage *nothing = [[image imageByCroppingToRect:CGRectZero] imageByClampingToExtent];
+  EXPECT_TRUE(CGRectIsNull([nothing extent]));
+  EXPECT_EQ(at(*drawn(nothing, CGRectMake(0, 0, 2, 2)), 1, 1), (Pixel{0, 0, 0, 0}));
 }
 
 TEST_F(GaussianBlurTests, CroppingCutsAndKeepsPlaces) {
@@ -177,8 +186,20 @@ TEST_F(GaussianBlurTests, CroppingCutsAndKeepsPlaces) {
   EXPECT_EQ(at(*pixels, 1, 0), (Pixel{0, 0, 0, 0}));
   EXPECT_EQ(at(*pixels, 2, 0), (Pixel{0, 255, 0, 255}));
   EXPECT_EQ(at(*pixels, 2, 2), (Pixel{0, 0, 0, 0}));
-  EXPECT_TRUE(CGRectIsNull([[image imageByCroppingToRect:CGRectMake(50, 50, 2, 2)] extent]));
+  for (const CGRect away : {CGRectMake(50, 50, 2, 2), CGRectMake(50, 6, 2, 2), CGRectMake(2, 50, 2, 2)}) {
+    EXPECT_TRUE(CGRectIsNull([[image imageByCroppingToRect:away] extent]));
+  }
   EXPECT_EQ(drawn([image imageByCroppingToRect:CGRectZero], CGRectMake(2, 6, 1, 1))->bytes()[3], 0);
+}
+
+TEST_F(GaussianBlurTests, WhatLiesBesideAnOpaqueImageIsTransparent) {
+  const auto pixels = drawn(recipe(marked(8, 8)), CGRectMake(-2, -1, 12, 12));
+  EXPECT_NE(pixels->alpha(), sim::Alpha::ignored);
+  EXPECT_EQ(at(*pixels, 0, 0), (Pixel{0, 0, 0, 0}));
+  EXPECT_EQ(at(*pixels, 2, 3), (Pixel{0, 255, 0, 255})) << "the upper left";
+  EXPECT_EQ(at(*pixels, 9, 10), (Pixel{0, 0, 255, 255})) << "the lower right";
+  EXPECT_EQ(at(*pixels, 9, 11), (Pixel{0, 0, 0, 0}));
+  EXPECT_EQ(at(*pixels, 10, 10), (Pixel{0, 0, 0, 0}));
 }
 
 TEST_F(GaussianBlurTests, StepsFollowOneAnother) {

@@ -1,6 +1,8 @@
 #import <CoreGraphics/CGImage+Sim.h>
 #import <ImageIO/ImageIO.h>
 
+#include <cmath>
+
 #include "support/objc/ObjCTest.h"
 
 #include "support/images/TestImages.hpp"
@@ -38,8 +40,10 @@ TEST_F(ImageSourceTests, TheLongerSideBecomesWhatIsAskedForAndNeverMoreThanItIs)
   EXPECT_EQ(small->height(), 20);
   EXPECT_EQ(at(*small, 5, 15), (Pixel{255, 0, 0, 255}));
   EXPECT_EQ(at(*small, 45, 15), (Pixel{0, 0, 255, 255}));
-  for (id side :
-       @[ [NSNumber numberWithInt:1000], [NSNumber numberWithInt:0], [NSNumber numberWithDouble:1e30], @"50" ]) {
+  for (id side : @[
+         [NSNumber numberWithInt:1000], [NSNumber numberWithInt:0], [NSNumber numberWithInt:-50],
+         [NSNumber numberWithDouble:1e30], [NSNumber numberWithDouble:static_cast<double>(NAN)], @"50"
+       ]) {
     EXPECT_EQ(thumbnail(png, always(side))->width(), 200) << [[side description] UTF8String];
   }
   EXPECT_EQ(thumbnail(png, always(nil))->width(), 200);

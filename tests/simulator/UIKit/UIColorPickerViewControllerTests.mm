@@ -69,6 +69,23 @@ std::string text(UIColor *color) {
 }
 @end
 
+/// Lets go of the picker that it observes.
+@interface ColorDropper : NSObject {
+ @public
+  objcxx::Retained<UIColorPickerViewController> *picker;
+}
+@end
+
+@implementation ColorDropper
+- (void)observeValueForKeyPath:(NSString *)path
+                      ofObject:(id)object
+                        change:(NSDictionary *)change
+                       context:(void *)context {
+  [object removeObserver:self forKeyPath:path];
+  *picker = nullptr;
+}
+@end
+
 namespace {
 
 class UIColorPickerTest : public DeviceTest {
@@ -126,6 +143,18 @@ TEST_F(UIColorPickerTest, TheColourChangesBeforeTheDelegateHearsOfIt) {
   [picker_.get() removeObserver:observer.get() forKeyPath:@"selectedColor"];
   EXPECT_EQ(taker.get()->calls, (Calls{"observed 255,0,255,255", "chose 255,0,255,255", "observed 0,0,255,255"}))
       << "code that sets the colour is not told of it";
+}
+
+TEST_F(UIColorPickerTest, APickerThatIsLetGoWhenItsColourChangesTellsItsDelegateFirst) {
+  const auto taker = objcxx::adopt([[ColorTaker alloc] init]);
+  const auto dropper = objcxx::adopt([[ColorDropper alloc] init]);
+  auto picker = objcxx::adopt([[UIColorPickerViewController alloc] init]);
+  dropper.get()->picker = &picker;
+  [picker.get() setDelegate:taker.get()];
+  [picker.get() addObserver:dropper.get() forKeyPath:@"selectedColor" options:0 context:nullptr];
+  EXPECT_TRUE([picker.get() sim_selectColorByUser:color(1) continuously:NO]);
+  EXPECT_EQ(picker.get(), nil);
+  EXPECT_EQ(taker.get()->calls, Calls{"chose 255,0,255,255"});
 }
 
 TEST_F(UIColorPickerTest, WithoutOpacityOnlyOpaqueColoursArePicked) {

@@ -11,7 +11,7 @@ export function ColorSpectrum({ color, choose }) {
   // Where the knob was put says more than the digits: those of white have no hue, and both edges have the same.
   const [put, setPut] = useState(null);
   const isThere = put && digitsOf(pureColor(put)) === digitsOf(color);
-  const place = isThere ? put : hueAndLightness(color, put?.hue);
+  const place = isThere ? put : hueAndLightness(color);
 
   const take = (next, continuous) => {
     setPut(next);

@@ -1,4 +1,4 @@
-import { html, useEffect, useState } from '/modules/htm-preact.mjs';
+import { html, useEffect, useRef, useState } from '/modules/htm-preact.mjs';
 
 /**
  * A slider over the colours that it leads to, and its number in a field. `track` and `knob` are CSS backgrounds,
@@ -8,7 +8,13 @@ export function PartSlider({ name, value, most, unit = '', track, knob, set }) {
   const [text, setText] = useState(String(value));
   useEffect(() => setText(String(value)), [value]);
 
-  const slide = (continuous) => (event) => set(Number(event.target.value), continuous);
+  const isHeld = useRef(false);
+  const slide = (continuous) => (event) => {
+    isHeld.current = continuous;
+    set(Number(event.target.value), continuous);
+  };
+  // A knob that is let go where it was taken tells of no change.
+  const letGo = (event) => setTimeout(() => isHeld.current && slide(false)(event));
   const type = (event) => {
     const entered = event.target.value.trim().replace(/\s*%$/, '');
     const number = /^\d{1,3}$/.test(entered) ? Math.min(Number(entered), most) : value;
@@ -21,7 +27,7 @@ export function PartSlider({ name, value, most, unit = '', track, knob, set }) {
       <span class="color-part-name" aria-hidden="true">${name}</span>
       <input type="range" class="slider color-slider" min="0" max=${most} step="1" value=${value} aria-label=${name}
         aria-valuetext=${`${value}${unit}`} style=${{ '--colors': track, '--knob': knob }}
-        onInput=${slide(true)} onChange=${slide(false)} />
+        onInput=${slide(true)} onChange=${slide(false)} onPointerUp=${letGo} onPointerCancel=${letGo} />
       <span class="color-amount">
         <input type="text" inputmode="numeric" class="color-number" value=${text} maxlength="4"
           aria-label=${`${name}, number`} onInput=${(event) => setText(event.target.value)} onChange=${type} />

@@ -24,12 +24,12 @@ export function percent(alpha) {
   return `${Math.round((alpha / 255) * 100)}%`;
 }
 
-/** Hue from 0 up to 1, and lightness from 0 to 1. A grey has no hue of its own and gets `hueOfGrey`. */
-export function hueAndLightness({ red, green, blue }, hueOfGrey = 0) {
+/** Hue from 0 up to 1, and lightness from 0 to 1. A grey has no hue of its own and gets 0. */
+export function hueAndLightness({ red, green, blue }) {
   const high = Math.max(red, green, blue);
   const range = high - Math.min(red, green, blue);
   const lightness = (2 * high - range) / 510;
-  if (range === 0) return { hue: hueOfGrey, lightness };
+  if (range === 0) return { hue: 0, lightness };
   let hue = (red - green) / range + 4;
   if (high === red) hue = (green - blue) / range;
   else if (high === green) hue = (blue - red) / range + 2;
