@@ -9,7 +9,7 @@
 namespace zuno {
 namespace {
 
-NSString *const kEnabled = @"enabled";
+NSString *const kThemeEnabled = @"enabled";
 
 bool isFinite(id value) { return [value isKindOfClass:[NSNumber class]] && std::isfinite([value doubleValue]); }
 
@@ -40,7 +40,7 @@ void disableDependentRows(NSArray *rows, const PreferenceFile &file) {
     }
     NSString *needed = own ?: ofGroup;
     if (needed && ![on containsObject:needed]) {
-      [row setProperty:[NSNumber numberWithBool:NO] forKey:kEnabled];
+      [row setProperty:[NSNumber numberWithBool:NO] forKey:kThemeEnabled];
       continue;
     }
     NSString *key = rowText(row, @"key");
