@@ -34,19 +34,42 @@ if(CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
 endif()
 
+# join_sources(TARGET): compiles TARGET's sources several at a time; see join.py.
+option(ZUNO_JOIN "Compile several sources as one" OFF)
+function(join_sources target)
+  if(NOT ZUNO_JOIN)
+    return()
+  endif()
+  get_target_property(sources ${target} SOURCES)
+  execute_process(COMMAND /usr/bin/python3 -B ${CMAKE_SOURCE_DIR}/cmake/join.py
+                          ${CMAKE_CURRENT_BINARY_DIR}/joined/${target} ${sources}
+                  OUTPUT_VARIABLE joined OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  set_target_properties(${target} PROPERTIES SOURCES "${joined}")
+endfunction()
+
 # precompile(TARGET [OBJCXX HEADER…] [ALL HEADER…]): compiles some of the standard library's headers once for TARGET, and
 # those named (without angle brackets): for its Objective-C++, or for that and its C++. A source names what it uses all
-# the same.
+# the same. A language of which TARGET has one source or two is left alone: its headers would take longer than both.
 function(precompile target)
   cmake_parse_arguments(arg "" "" "OBJCXX;ALL" ${ARGN})
+  set(languages CXX OBJCXX)
+  set(suffixes cpp mm)
+  get_target_property(sources ${target} SOURCES)
   set(angle "$<ANGLE-R>")
-  foreach(header algorithm filesystem functional map memory optional string string_view vector ${arg_ALL})
-    list(APPEND headers "$<$<COMPILE_LANGUAGE:CXX,OBJCXX>:<${header}${angle}>")
+  set(headers "")
+  foreach(language suffix IN ZIP_LISTS languages suffixes)
+    set(compiled ${sources})
+    list(FILTER compiled INCLUDE REGEX "\\.${suffix}$")
+    list(LENGTH compiled count)
+    if(count GREATER 2)
+      foreach(header algorithm filesystem functional map memory optional string string_view vector ${arg_ALL} ${arg_${language}})
+        list(APPEND headers "$<$<COMPILE_LANGUAGE:${language}>:<${header}${angle}>")
+      endforeach()
+    endif()
   endforeach()
-  foreach(header ${arg_OBJCXX})
-    list(APPEND headers "$<$<COMPILE_LANGUAGE:OBJCXX>:<${header}${angle}>")
-  endforeach()
-  target_precompile_headers(${target} PRIVATE ${headers})
+  if(headers)
+    target_precompile_headers(${target} PRIVATE ${headers})
+  endif()
 endfunction()
 
 # Objective-C++ over GNUstep base on GCC's runtime. GNUstep and GCC say themselves where their headers lie. objc/objc.h

@@ -7,7 +7,7 @@
 namespace zuno {
 namespace {
 
-NSString *const kEnabled = @"enabled";
+NSString *const kThemeEnabled = @"enabled";
 
 /// As readers of the file take a switch: on for every number but 0; the "default" stands in for what is no number.
 bool isOn(PSSpecifier *row, const PreferenceFile &file) {
@@ -34,7 +34,7 @@ void disableDependentRows(NSArray *rows, const PreferenceFile &file) {
     }
     NSString *needed = own ?: ofGroup;
     if (needed && ![on containsObject:needed]) {
-      [row setProperty:[NSNumber numberWithBool:NO] forKey:kEnabled];
+      [row setProperty:[NSNumber numberWithBool:NO] forKey:kThemeEnabled];
       continue;
     }
     NSString *key = rowText(row, @"key");

@@ -27,7 +27,7 @@ test('Only the root page has a large title, and each page has one heading', asyn
 
 test('Pushing slides the page in, tells assistive technology and moves the focus to its heading', async (t) => {
   const { url } = await startFake(t, root, follow);
-  const page = await openPage(t, url);
+  const page = await openPage(t, url, { hurry: 1 });
   await page.getByRole('button', { name: 'Entry 3', exact: true }).focus();
   await page.keyboard.press('Enter');
   await page.locator('.navigation[data-motion="push"]').waitFor();
@@ -76,7 +76,7 @@ test('A change of the page itself does not slide', async (t) => {
 
 test('With reduced motion nothing slides', async (t) => {
   const { url } = await startFake(t, root, follow);
-  const page = await openPage(t, url, { reducedMotion: 'reduce' });
+  const page = await openPage(t, url, { hurry: 1, reducedMotion: 'reduce' });
   await page.getByRole('button', { name: 'Entry 3', exact: true }).click();
   await page.locator('.navigation[data-motion="push"]').waitFor();
   const animations = await page.evaluate(() => document.getAnimations().map(({ animationName }) => animationName));

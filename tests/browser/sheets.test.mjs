@@ -48,7 +48,7 @@ test('A file that is stopped while it waits for an earlier input is not sent', a
 
 test('The screen behind a sheet stays where it is while the sheet comes up', async (t) => {
   const { url } = await startFake(t, theme, closing);
-  const page = await openPage(t, url);
+  const page = await openPage(t, url, { hurry: 1 });
   await page.getByRole('button', { name: 'Background' }).waitFor();
   await page.evaluate(() => {
     const screenElement = document.querySelector('.screen');

@@ -424,7 +424,7 @@ def parse_together(paths, arguments):
 def arguments(root):
   """The compiler's arguments for the simulator's sources, as the build has them."""
   commands = json.loads((root / 'build/asan/compile_commands.json').read_text())
-  command = next(each for each in commands if each['file'] == str(root / 'simulator/Settings/ScreenDescription.mm'))
+  command = next(each for each in commands if re.search(r'/sim_settings\.dir/(?!cmake_pch)\S+\.mm\.o ', each['command']))
   words = shlex.split(command['command'])
   words = words[next(at for at, word in enumerate(words) if word.endswith('clang++-19')) + 1:words.index('-o')]
   # Of the compiler itself: the precompiled headers, which were made with the sanitizers.

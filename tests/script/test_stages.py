@@ -5,6 +5,7 @@ import pty
 import re
 import subprocess
 import tempfile
+import time
 import unittest
 from pathlib import Path
 
@@ -91,6 +92,35 @@ class StagesTest(unittest.TestCase):
         result = self.run_script("shown_stage Tests sh -c 'echo bad; exit 4'\necho on")
         self.assertEqual((4, "== Tests\nbad\n"), (result.returncode, result.stdout))
         self.assertRegex(result.stderr, r"^script/sample: Tests failed after [0-9mins ]+\.\n$")
+
+    def test_a_stage_beside_goes_on_with_the_next_ones(self):
+        result = self.run_script(
+            "slow() { echo begun; until [ -e go ]; do sleep 0.05; done; echo done; }\n"
+            "stage_beside Build slow\nshown_stage Tests touch go\nstage_joined\n"
+            "printf '%s\\n' \"${stages_times[@]#* }\""
+        )
+        self.assertEqual((0, "== Tests\nTests\nBuild\n"), (result.returncode, result.stdout))
+        self.assertEqual("Build, beside what follows\n", result.stderr)
+        self.assertEqual("== Build\nbegun\ndone\n", self.log.read_text())
+        self.assertEqual(["sample.log"], os.listdir(self.log.parent))
+
+    def test_a_failure_of_a_stage_beside_is_told_when_it_is_joined(self):
+        result = self.run_script("fails() { echo bad; false; echo on; }\nstage_beside Build fails\nstage_joined\necho on")
+        self.assertEqual((1, ""), (result.returncode, result.stdout))
+        self.assertRegex(result.stderr, r"sample: Build failed after [0-9mins ]+\. The end of .*:\n  == Build\n  bad\n$")
+
+    def test_a_stage_beside_ends_with_the_script(self):
+        result = self.run_script(
+            "slow() { sleep 100 & echo $! >child; wait; }\nstage_beside Build slow\n"
+            "until [ -s child ]; do sleep 0.05; done\nshown_stage Tests false"
+        )
+        self.assertEqual(1, result.returncode)
+        status = Path("/proc", (self.folder / "child").read_text().strip(), "status")
+        for _ in range(100):
+            if not status.exists() or "State:\tZ" in status.read_text():
+                return
+            time.sleep(0.05)
+        self.fail("The child of the stage goes on.")
 
     def test_the_times_of_all_stages_come_at_the_end(self):
         result = self.run_script("stages_times=('61 Build' '5 Tests')\nstages_start=$((EPOCHSECONDS - 3661))\nstage_times")
