@@ -83,7 +83,8 @@ TEST_F(DeviceFolderTests, AFailureOnTheWayKeepsTheAccountOfWhatWasInstalled) {
   DeviceFolder device(path());
   test::writeText(folder_.path() / "tree/b/c", "two");
   test::writeText(path() / "b", "a file in the folder's place");
-  EXPECT_THAT(failureOf([&] { device.install(folder_.path() / "tree"); }), StartsWith("Cannot make "));
+  EXPECT_EQ(failureOf([&] { device.install(folder_.path() / "tree"); }),
+            "Cannot make " + path().string() + "/b: Not a directory.");
   EXPECT_THAT(test::readText(path() / ".simulator/installed.json"), HasSubstr("\"a\""));
 }
 
@@ -101,6 +102,9 @@ TEST_F(DeviceFolderTests, AFileOnTheWayIsSaid) {
 TEST_F(DeviceFolderTests, AFileInPlaceOfAStandardFolderIsSaid) {
   test::writeText(path() / "var", "x");
   EXPECT_THAT(openFailure(), StartsWith("Cannot make the folder " + path().string() + "/var/"));
+  std::filesystem::remove(path() / "var");
+  test::writeText(path() / "Applications", "x");
+  EXPECT_EQ(openFailure(), "Cannot make the folder " + path().string() + "/Applications: Not a directory.");
 }
 
 TEST_F(DeviceFolderTests, ASecondSimulatorIsToldWhoHasIt) {
