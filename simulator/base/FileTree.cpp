@@ -102,8 +102,8 @@ int makeFolder(const std::string& path, bool withParents) {
   if (!withParents) return ::mkdir(path.c_str(), 0777) == 0 ? 0 : errno;
   std::error_code error;
   std::filesystem::create_directories(path, error);
-  return error == std::errc::file_exists ? ENOTDIR
-                                         : error.value();  // A link that leads nowhere is there, but no folder.
+  // A link that leads nowhere stands there, but is no folder.
+  return error == std::errc::file_exists ? ENOTDIR : error.value();
 }
 
 }  // namespace sim
