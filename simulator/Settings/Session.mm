@@ -1,12 +1,12 @@
 #import "Settings/Session.hpp"
 
+#import <Foundation/Guarded.h>
 #import <UIKit/UIKit.h>
 #import <UIKit/UIWindow+Sim.h>
 #import <dispatch/MainQueue+Sim.h>
 
 #import "Settings/EventRouter.hpp"
 #import "Settings/FileTransfer.hpp"
-#import "Settings/Guarded.hpp"
 
 #include <utility>
 
@@ -26,15 +26,15 @@ Session::Session(UIViewController *root, std::uint64_t firstRevision)
       revision_(firstRevision) {
   [[navigation_.get() navigationBar] setPrefersLargeTitles:YES];
   [window_.get() setRootViewController:navigation_.get()];
-  guarded("opening the application", [this] { [window_.get() makeKeyAndVisible]; });
+  guarded(@"opening the application", [this] { [window_.get() makeKeyAndVisible]; });
   refresh();
 }
 
 bool Session::refresh() {
-  guarded("running the main queue", [] { SIMDrainMainQueue(); });
+  guarded(@"running the main queue", [] { SIMDrainMainQueue(); });
   JsonText now;
   images_.beginDescription();
-  if (guarded("describing the screen", [&] { writeScreen(now, navigation_.get(), numbers_, images_); })) return false;
+  if (guarded(@"describing the screen", [&] { writeScreen(now, navigation_.get(), numbers_, images_); })) return false;
   // What follows the opening brace.
   const std::string_view description = std::string_view(now.text()).substr(1);
   if (description == std::string_view(text_).substr(headLength_)) return false;
@@ -80,19 +80,19 @@ Reply Session::performing(const Json &request, Work work) {
     }
   }
   EventResult result;
-  guarded("performing an event", [&] { result = work(); });
+  guarded(@"performing an event", [&] { result = work(); });
   refresh();
   return result.status == 200 ? Reply{200, text_} : errorReply(result);
 }
 
 void Session::setDark(bool dark) {
-  guarded("changing the appearance", [&] {
+  guarded(@"changing the appearance", [&] {
     [window_.get() sim_changeUserInterfaceStyle:dark ? UIUserInterfaceStyleDark : UIUserInterfaceStyleLight];
   });
 }
 
 void Session::setScreen(CGSize size, CGFloat scale, UIEdgeInsets safeArea) {
-  guarded("changing the screen", [&] { [window_.get() sim_changeScreenToSize:size scale:scale safeArea:safeArea]; });
+  guarded(@"changing the screen", [&] { [window_.get() sim_changeScreenToSize:size scale:scale safeArea:safeArea]; });
 }
 
 }  // namespace sim
