@@ -22,6 +22,14 @@ TAB_IN_TEXT = {"tests/packaging/test_commands.py"}
 TEXT = CPP | WIDTHS.keys() | TABBED | {".js", ".mjs", ".json", ".md", ".html", ".svg", ".txt", ".tbd", ".toml"}
 
 _OBJECTIVE_C = re.compile(r"^\s*(#import\b|@(interface|implementation|protocol|class)\b)")
+# What declares a constant of a file. Those with a name of Apple's, or the simulator's own beside them, begin with its
+# letters.
+_CONSTANT = re.compile(
+    r"(?:(?:static|inline|extern)\s+)*"
+    r"(?:constexpr\s[^;={(]*?|(?:[\w:]+\s)?[\w:<>]+\s?\*\s?const\s+|const\s[^;={(*&]*?)"
+    r"\b(\w+)\s*(?:\[[^\]]*\])?\s*(?:=(?!=)|\{)"
+)
+_CONSTANT_NAME = re.compile(r"k[A-Z]|[A-Z]{2}")
 _CPP_EXCEPTION = re.compile(r"(?<![@\w])(try\s*\{|catch\s*\()")
 _COMMENT_OR_TEXT = re.compile(r'//.*|"(?:\\.|[^"\\])*"')
 
@@ -61,6 +69,9 @@ def _findings_of_lines(path, kind, lines):
             yield number, f"{len(line)} characters; {WIDTHS[kind]} is the most"
         if kind == ".cpp" and _OBJECTIVE_C.match(line):
             yield number, "Objective-C belongs in a .mm file"
+        constant = kind in CPP and _CONSTANT.match(line)
+        if constant and not _CONSTANT_NAME.match(constant[1]):
+            yield number, f"the constant {constant[1]} has no k at the beginning of its name"
         # GCC's Objective-C runtime ends the process when a C++ exception is caught in such a file.
         if kind == ".mm" and _CPP_EXCEPTION.search(_COMMENT_OR_TEXT.sub("", line)):
             yield number, "a .mm file cannot catch C++ exceptions: catch them in a .cpp file"
@@ -80,7 +91,8 @@ def _findings_of_header(kind, lines):
 def folders_without_tests(paths):
     """Source folders, relative to the root, that tests/ does not mirror."""
     tests = {parent for path in paths if path.parts[0] == "tests" for parent in path.parents}
-    sources = {path.parent for path in paths if path.parts[0] in ("ZunoPrefs", "simulator") and path.suffix in (".cpp", ".mm")}
+    sources = {path.parent for path in paths
+               if path.parts[0] in ("ZunoPrefs", "simulator") and path.suffix in (".cpp", ".mm")}  # fmt: skip
     return sorted(folder for folder in sources if Path("tests") / folder not in tests)
 
 

@@ -17,7 +17,8 @@ WELL = {
 }
 # Each with what the violation is called.
 ILL = {
-    "simulator/device/Ill.cpp": [("int  ill();\n", "-Wclang-format-violations"), ("#import <a.h>\n", "belongs in a .mm file")],
+    "simulator/device/Ill.cpp": [("int  ill();\n", "-Wclang-format-violations"),
+                                 ("#import <a.h>\n", "belongs in a .mm file")],  # fmt: skip
     "simulator/device/Ill.mm": [("void f() {\n  int*x;\n}\n", "-Wclang-format-violations")],
     "simulator/device/Ill.c": [("int x;\n", "names such a file .cpp")],
     "simulator/web/ill.js": [
