@@ -6,7 +6,8 @@ function(belongs_on_device)
   set_property(GLOBAL APPEND PROPERTY ON_DEVICE ${ARGN})
 endfunction()
 
-# To be called when all is told that belongs there: removes what an earlier build put into the tree and this one does not.
+# To be called when all is told that belongs there: removes what an earlier build put into the tree and this one does
+# not.
 function(remove_what_left_the_device)
   get_property(kept GLOBAL PROPERTY ON_DEVICE)
   file(GLOB_RECURSE found LIST_DIRECTORIES true ${DEVICE_ROOT}/*)

@@ -34,9 +34,9 @@ if(CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
 endif()
 
-# precompile(TARGET [OBJCXX HEADER…] [ALL HEADER…]): compiles some of the standard library's headers once for TARGET, and
-# those named (without angle brackets): for its Objective-C++, or for that and its C++. A source names what it uses all
-# the same.
+# precompile(TARGET [OBJCXX HEADER…] [ALL HEADER…]): compiles some of the standard library's headers once for TARGET,
+# and those named (without angle brackets): for its Objective-C++, or for that and its C++. A source names what it uses
+# all the same.
 function(precompile target)
   cmake_parse_arguments(arg "" "" "OBJCXX;ALL" ${ARGN})
   set(angle "$<ANGLE-R>")

@@ -131,7 +131,9 @@ test('Switches and sliders have the colours and pictures that were set', async (
   const images = page.locator('.slider-image');
   await eventually(async () => assert.equal(await page.locator('img.slider-image').count(), 1));
   assert.equal(await images.count(), 2);
-  const [first, last, bar] = [await images.first().boundingBox(), await images.last().boundingBox(), await slider.boundingBox()];
+  const [first, last, bar] = await Promise.all(
+    [images.first(), images.last(), slider].map((each) => each.boundingBox()),
+  );
   assert.ok(first.x < bar.x && bar.x < last.x, 'the pictures stand at the ends');
 });
 

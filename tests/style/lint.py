@@ -14,12 +14,13 @@ CPP = {".cpp", ".hpp", ".h", ".mm"}
 FOREIGN = {".c": ".cpp", ".cc": ".cpp", ".cxx": ".cpp", ".m": ".mm", ".M": ".mm", ".hh": ".hpp", ".hxx": ".hpp",
            ".cjs": ".js", ".jsx": ".js", ".ts": ".js"}  # fmt: skip
 # Characters in a line. clang-format and eslint keep those of their languages.
-WIDTHS = {".py": 140, ".sh": 140, ".css": 140, ".cmake": 140}
+WIDTH = 120
+NARROW = {".py", ".sh", ".css", ".cmake", ".mk", "Makefile"}
 # Where a tab is part of the language.
 TABBED = {".mk", ".plist", ".in", "Makefile"}
 # Text inside a Makefile inside a string.
 TAB_IN_TEXT = {"tests/packaging/test_commands.py"}
-TEXT = CPP | WIDTHS.keys() | TABBED | {".js", ".mjs", ".json", ".md", ".html", ".svg", ".txt", ".tbd", ".toml"}
+TEXT = CPP | NARROW | TABBED | {".js", ".mjs", ".json", ".md", ".html", ".svg", ".txt", ".tbd", ".toml"}
 
 _OBJECTIVE_C = re.compile(r"^\s*(#import\b|@(interface|implementation|protocol|class)\b)")
 # What declares a constant of a file. Those with a name of Apple's, or the simulator's own beside them, begin with its
@@ -36,6 +37,8 @@ _COMMENT_OR_TEXT = re.compile(r'//.*|"(?:\\.|[^"\\])*"')
 
 def kind_of(path, text):
     """The suffix that stands for a file's language: that of a script comes from its first line."""
+    if path.name == "CMakeLists.txt":
+        return ".cmake"
     if path.suffix:
         return path.suffix
     first = text.split("\n", 1)[0]
@@ -65,8 +68,8 @@ def _findings_of_lines(path, kind, lines):
             yield number, "space at the end of the line"
         if "\t" in line and kind not in TABBED and path.as_posix() not in TAB_IN_TEXT:
             yield number, "a tab"
-        if len(line) > WIDTHS.get(kind, len(line)):
-            yield number, f"{len(line)} characters; {WIDTHS[kind]} is the most"
+        if kind in NARROW and len(line) > WIDTH:
+            yield number, f"{len(line)} characters; {WIDTH} is the most"
         if kind == ".cpp" and _OBJECTIVE_C.match(line):
             yield number, "Objective-C belongs in a .mm file"
         constant = kind in CPP and _CONSTANT.match(line)

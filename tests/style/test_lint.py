@@ -47,15 +47,15 @@ class FindingsTest(unittest.TestCase):
             self.assert_well(name, "a:\n\tb\n")
 
     def test_the_width_is_counted_in_characters(self):
-        for name in ("a.py", "a.sh", "a.css", "a.cmake"):
-            self.assert_told(2, "141 characters; 140 is the most", name, "a\n" + "x" * 141 + "\n")
-            self.assert_well(name, "ä" * 140 + "\n")
+        for name in ("a.py", "a.sh", "a.css", "a.cmake", "a/CMakeLists.txt", "a.mk", "packaging/Makefile"):
+            self.assert_told(2, "121 characters; 120 is the most", name, "a\n" + "x" * 121 + "\n")
+            self.assert_well(name, "ä" * 120 + "\n")
         self.assert_well("a.md", "x" * 500 + "\n")
 
     def test_a_script_is_known_by_its_first_line(self):
         for first in ("#!/usr/bin/env bash", "#!/bin/sh", "#!/usr/bin/python3"):
-            self.assert_told(2, "is the most", "script/run", first + "\n" + "x" * 141 + "\n")
-        self.assert_well("script/data", "x" * 141 + "\n")
+            self.assert_told(2, "is the most", "script/run", first + "\n" + "x" * 121 + "\n")
+        self.assert_well("script/data", "x" * 121 + "\n")
 
     def test_objective_c_is_not_in_a_plain_source(self):
         for line in ("#import <a.h>", "@interface A", "@implementation A", "@protocol A;", "@class A;"):

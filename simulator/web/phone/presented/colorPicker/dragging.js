@@ -1,6 +1,6 @@
 /**
- * Handlers for choosing by a finger or a mouse on a surface. `choose(place, continuous)` gets the place as shares of the
- * surface's width and height, from 0 to 1.
+ * Handlers for choosing by a finger or a mouse on a surface. `choose(place, continuous)` gets the place as shares of
+ * the surface's width and height, from 0 to 1.
  */
 export function dragging(choose) {
   const placeOf = (event) => {
