@@ -7,7 +7,7 @@ const rules = {
   eqeqeq: 'error',
   'for-direction': 'error',
   'getter-return': 'error',
-  'max-len': ['error', { code: 132, ignoreStrings: true, ignoreTemplateLiterals: true, ignoreUrls: true }],
+  'max-len': ['error', { code: 120, ignoreStrings: true, ignoreTemplateLiterals: true, ignoreUrls: true }],
   'no-async-promise-executor': 'error',
   'no-compare-neg-zero': 'error',
   'no-cond-assign': 'error',

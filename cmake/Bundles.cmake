@@ -1,6 +1,26 @@
 # The tree that the simulator installs into a device folder, laid out as on a device.
 set(DEVICE_ROOT ${CMAKE_BINARY_DIR}/device-root)
 
+# belongs_on_device(FILE…): the absolute paths of what this build puts into the tree.
+function(belongs_on_device)
+  set_property(GLOBAL APPEND PROPERTY ON_DEVICE ${ARGN})
+endfunction()
+
+# To be called when all is told that belongs there: removes what an earlier build put into the tree and this one does
+# not.
+function(remove_what_left_the_device)
+  get_property(kept GLOBAL PROPERTY ON_DEVICE)
+  file(GLOB_RECURSE found LIST_DIRECTORIES true ${DEVICE_ROOT}/*)
+  list(REMOVE_ITEM found ${kept})
+  list(SORT found ORDER DESCENDING)  # What lies in a folder comes before it.
+  foreach(path IN LISTS found)
+    file(GLOB inside "${path}/*")
+    if(NOT inside)
+      file(REMOVE_RECURSE "${path}")
+    endif()
+  endforeach()
+endfunction()
+
 # install_on_device(TARGET FILE FOLDER): building TARGET also copies FILE to FOLDER, an absolute path on the device.
 function(install_on_device target file folder)
   get_filename_component(source ${file} ABSOLUTE)
@@ -12,6 +32,7 @@ function(install_on_device target file folder)
   string(MAKE_C_IDENTIFIER ${target}${folder}/${name} id)
   add_custom_target(${id} DEPENDS ${copy})
   add_dependencies(${target} ${id})
+  belongs_on_device(${copy})
 endfunction()
 
 # add_loadable_bundle(TARGET DIRECTORY … [NAME …] [EXTENSION …] SOURCES … RESOURCES … LIBRARIES …)
@@ -31,6 +52,7 @@ function(add_loadable_bundle target)
   add_library(${target} MODULE ${arg_SOURCES})
   set_target_properties(${target} PROPERTIES
     PREFIX "" SUFFIX "" OUTPUT_NAME "${arg_NAME}" LIBRARY_OUTPUT_DIRECTORY "${folder}")
+  belongs_on_device("${folder}/${arg_NAME}")
   target_link_libraries(${target} PRIVATE ${arg_LIBRARIES})
   target_link_options(${target} PRIVATE -Wl,-Bsymbolic)
   if(NOT ZUNO_SANITIZE)
@@ -49,6 +71,8 @@ function(add_loadable_bundle target)
       COMMAND ${CMAKE_COMMAND} -E ${copy} "${resource}" "${folder}/${file}"
       DEPENDS "${resource}" ${inside})
     list(APPEND copies "${folder}/${file}")
+    list(TRANSFORM inside REPLACE "^${resource}" "${folder}/${file}")
+    belongs_on_device("${folder}/${file}" ${inside})
   endforeach()
   if(copies)
     add_custom_target(${target}_resources DEPENDS ${copies})

@@ -34,7 +34,8 @@ if(CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
 endif()
 
-# join_sources(TARGET): compiles TARGET's sources several at a time; see join.py.
+# join_sources(TARGET): compiles TARGET's sources several at a time; see join.py. A source that changes has them joined
+# anew, since it may have got a name that another has.
 option(ZUNO_JOIN "Compile several sources as one" OFF)
 function(join_sources target)
   if(NOT ZUNO_JOIN)
@@ -45,11 +46,12 @@ function(join_sources target)
                           ${CMAKE_CURRENT_BINARY_DIR}/joined/${target} ${sources}
                   OUTPUT_VARIABLE joined OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
   set_target_properties(${target} PROPERTIES SOURCES "${joined}")
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${sources})
 endfunction()
 
-# precompile(TARGET [OBJCXX HEADER…] [ALL HEADER…]): compiles some of the standard library's headers once for TARGET, and
-# those named (without angle brackets): for its Objective-C++, or for that and its C++. A source names what it uses all
-# the same. A language of which TARGET has one source or two is left alone: its headers would take longer than both.
+# precompile(TARGET [OBJCXX HEADER…] [ALL HEADER…]): compiles some of the standard library's headers once for TARGET,
+# and those named (without angle brackets): for its Objective-C++, or for that and its C++. A source names what it uses
+# all the same. A language of which TARGET has one source or two is left alone: its headers would take longer than both.
 function(precompile target)
   cmake_parse_arguments(arg "" "" "OBJCXX;ALL" ${ARGN})
   set(languages CXX OBJCXX)
@@ -62,7 +64,8 @@ function(precompile target)
     list(FILTER compiled INCLUDE REGEX "\\.${suffix}$")
     list(LENGTH compiled count)
     if(count GREATER 2)
-      foreach(header algorithm filesystem functional map memory optional string string_view vector ${arg_ALL} ${arg_${language}})
+      foreach(header algorithm filesystem functional map memory optional string string_view vector ${arg_ALL}
+                     ${arg_${language}})
         list(APPEND headers "$<$<COMPILE_LANGUAGE:${language}>:<${header}${angle}>")
       endforeach()
     endif()

@@ -35,8 +35,8 @@ $(OUT)/$(1)/%.o: ZunoPrefs/% packaging/bundle.mk packaging/clang.mk $(TOOLS)
 	packaging/device-clang $(1)-apple-ios$(ZUNO_DEPLOYMENT_TARGET) "$(SDK)" -c $$< -o $$@ \
 	  $(COMPILE_FLAGS) -MMD -MP -MF $$(@:.o=.d) -MT $$@
 
-# What is linked, in a file that is written when it changes: a source that is gone leaves nothing newer than the executable
-# behind, and the names of an SDK's stubs may hold what make takes for the end of a name.
+# What is linked, in a file that is written when it changes: a source that is gone leaves nothing newer than the
+# executable behind, and the names of an SDK's stubs may hold what make takes for the end of a name.
 $(OUT)/$(1)/inputs: always
 	@mkdir -p $$(@D)
 	@{ printf '%s\n' $(SOURCE_NAMES) && cd "$(SDK)" && cksum $(STUBS); } >$$@.new

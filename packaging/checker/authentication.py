@@ -38,7 +38,9 @@ def signed_pointers(subject):
 
 
 def _tables(subject, image):
-    """(name, address, size) of the virtual tables: of all with the linker's map, else the first entry of those exported."""
+    """(name, address, size) of the virtual tables: of all with the linker's map, else the first entry of those
+    exported.
+    """
     if subject.link_map is None:
         return [(name, address, 24) for name, address in image.defined.items() if name.startswith("__ZTV")]
     placed = read_map(Path(subject.link_map).read_text(encoding="utf-8"))

@@ -95,8 +95,8 @@ class _Linked:
 def _fixups(linked):
     """What each pointer becomes, by address.
 
-    The four programs come in the order of what counts more. A lazy pointer is first one into the file, to code that looks
-    its symbol up: it becomes an ordinary import, and nothing needs the function that binds lazily any more.
+    The four programs come in the order of what counts more. A lazy pointer is first one into the file, to code that
+    looks its symbol up: it becomes an ordinary import, and nothing needs the function that binds lazily any more.
     """
     rebase, bind, weak, lazy = (linked.range(linked.dyld_info + 8 + 8 * index) for index in range(4))
     segments = linked.segments

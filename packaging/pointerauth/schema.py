@@ -1,11 +1,12 @@
 """How a signed pointer is asked for in 64 bits, before the link and after it.
 
-In an object file, bits 0 to 31 hold the addend, 32 to 47 the discriminator, 48 whether the address of the pointer counts
-as well, 49 and 50 the key; 63 is set, and the bits between are clear. (LLVM: AArch64MachObjectWriter, AArch64AuthMCExpr.)
+In an object file, bits 0 to 31 hold the addend, 32 to 47 the discriminator, 48 whether the address of the pointer
+counts as well, 49 and 50 the key; 63 is set, and the bits between are clear. (LLVM: AArch64MachObjectWriter,
+AArch64AuthMCExpr.)
 
 A plain pointer may look the same: clang sets bit 63 of a type's name that is not unique. So the form that the linker
-carries along unread has a mark in bits 51 to 55, which are clear in every pointer with a tag in its upper 8 bits, and not
-all set, as in a small negative number.
+carries along unread has a mark in bits 51 to 55, which are clear in every pointer with a tag in its upper 8 bits, and
+not all set, as in a small negative number.
 """
 
 from typing import NamedTuple

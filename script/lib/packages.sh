@@ -82,7 +82,8 @@ packages_find_missing() {
   local wanted installed package
   mapfile -t wanted < <(awk -F ' *[|] *' -v purpose=" $1 " -v release="$release" '
     ($2 == "" || $2 == release) && index($1 " ", purpose) { sub(/ .*/, "", $1); print $1 }' <<<"$packages_table")
-  installed=$(dpkg-query -W -f='${db:Status-Status} ${Package}\n' "${wanted[@]}" 2>/dev/null | sed -n 's/^installed //p' || true)
+  installed=$(dpkg-query -W -f='${db:Status-Status} ${Package}\n' "${wanted[@]}" 2>/dev/null |
+    sed -n 's/^installed //p' || true)
   for package in "${wanted[@]}"; do
     case $package in nodejs) command -v node ;; npm) command -v npm ;; *) false ;; esac >/dev/null && continue
     grep -qxF "$package" <<<"$installed" || missing+=("$package")
@@ -93,19 +94,21 @@ packages_become_root() {
   [ "$(id -u)" != 0 ] || return 0
   command -v sudo >/dev/null || refuse "needs root, or sudo, to install ${missing[*]}."
   # A password is asked for here, where nothing moves on the terminal.
-  sudo -n true 2>/dev/null || { [ -t 0 ] && sudo -v; } || refuse "needs root to install ${missing[*]}, and sudo refuses it."
+  sudo -n true 2>/dev/null || { [ -t 0 ] && sudo -v; } ||
+    refuse "needs root to install ${missing[*]}, and sudo refuses it."
   as_root=(sudo)
 }
 
 packages_install() {
   echo "Installing ${missing[*]}"
-  # The progress goes through a descriptor of its own: apt takes the one that it is told to use away from dpkg. sudo closes
-  # all but three, so it is opened behind sudo.
+  # The progress goes through a descriptor of its own: apt takes the one that it is told to use away from dpkg. sudo
+  # closes all but three, so it is opened behind sudo.
   local unknown apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive sh -c 'exec apt-get -q "$@" 3>&1' apt-get
     -o APT::Status-Fd=3 -o Dpkg::Use-Pty=0 -o DPkg::Lock::Timeout=120)
   "${apt[@]}" update
   unknown=$(comm -23 <(printf '%s\n' "${missing[@]}" | sort) <(packages_known | sort))
-  [ -z "$unknown" ] || refuse "needs what no package source of this machine has: ${unknown//$'\n'/ }. See $PWD/$stages_log."
+  [ -z "$unknown" ] ||
+    refuse "needs what no package source of this machine has: ${unknown//$'\n'/ }. See $PWD/$stages_log."
   "${apt[@]}" -y install --no-install-recommends "${missing[@]}"
 }
 

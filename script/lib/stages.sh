@@ -12,8 +12,8 @@ begin_stages() {
   trap 'exit 130' INT
 }
 
-# stage TITLE COMMAND…: runs COMMAND with all that it prints in the log, and ends the script when it fails. COMMAND may be
-# a function; it runs in a subshell of its own.
+# stage TITLE COMMAND…: runs COMMAND with all that it prints in the log, and ends the script when it fails. COMMAND may
+# be a function; it runs in a subshell of its own.
 stage() {
   local title=$1 start=$EPOCHSECONDS status
   shift
@@ -27,7 +27,9 @@ stage() {
     "$stages_refused") exit 2 ;;
     *) stages_fail "$title" "$start" "$status" ;;
   esac
-  if [ -t 2 ]; then printf '\r\033[K%-*s %s\n' "$stages_width" "$title" "$(stages_time $((EPOCHSECONDS - start)))" >&2; fi
+  if [ -t 2 ]; then
+    printf '\r\033[K%-*s %s\n' "$stages_width" "$title" "$(stages_time $((EPOCHSECONDS - start)))" >&2
+  fi
   stages_note "$title" "$start"
 }
 
@@ -130,7 +132,8 @@ stages_follow() {
       if [[ $line =~ ^\[([0-9]+)/([0-9]+)\]\  ]]; then progress="${BASH_REMATCH[1]} of ${BASH_REMATCH[2]}"; fi
     fi
     if [ -t 2 ]; then
-      printf '\r\033[K%-*s %s%s' "$stages_width" "$title" "$(stages_time $((EPOCHSECONDS - start)))" "${progress:+, $progress}" >&2
+      printf '\r\033[K%-*s %s%s' "$stages_width" "$title" "$(stages_time $((EPOCHSECONDS - start)))" \
+        "${progress:+, $progress}" >&2
     fi
   done
 }

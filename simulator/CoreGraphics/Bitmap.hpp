@@ -12,11 +12,11 @@ namespace sim {
 enum class Alpha { ignored, straight, premultiplied };
 
 /// Most pixels that an image may have: 100 million.
-inline constexpr std::int64_t maxPixels = 100'000'000;
+inline constexpr std::int64_t kMaxPixels = 100'000'000;
 
 /// Whether an image of that many pixels may be made: both sides positive, the area within `maxPixels`.
 constexpr bool isDrawableSize(std::int64_t width, std::int64_t height) noexcept {
-  return width > 0 && height > 0 && width <= maxPixels && height <= maxPixels / width;
+  return width > 0 && height > 0 && width <= kMaxPixels && height <= kMaxPixels / width;
 }
 
 /// An image of 8-bit red, green, blue, alpha, without padding between rows. Written only by whoever makes it.

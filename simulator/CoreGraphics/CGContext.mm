@@ -57,7 +57,7 @@ namespace sim {
 CGContextRef createImageContext(CGSize size, CGFloat scale, bool opaque) {
   const double width = std::ceil(size.width * scale - 1e-6);
   const double height = std::ceil(size.height * scale - 1e-6);
-  if (!(width >= 1 && height >= 1 && width < double(maxPixels) && height < double(maxPixels))) return nullptr;
+  if (!(width >= 1 && height >= 1 && width < double(kMaxPixels) && height < double(kMaxPixels))) return nullptr;
   const SurfacePtr surface = makeSurface(std::int64_t(width), std::int64_t(height));
   if (!surface) return nullptr;
   SIMContext *context = [[SIMContext alloc] init];

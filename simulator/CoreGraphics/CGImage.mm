@@ -113,8 +113,8 @@ CGImageRef CGImageCreate(size_t width, size_t height, size_t bitsPerComponent, s
       alpha >= kCGImageAlphaPremultipliedLast && alpha <= kCGImageAlphaNoneSkipFirst &&
       (order == kCGBitmapByteOrderDefault || order == kCGBitmapByteOrder32Big || order == kCGBitmapByteOrder32Little);
   if (!provider || decode || !knownLayout || bitsPerComponent != 8 || bitsPerPixel != 32 ||
-      CGColorSpaceGetModel(space) != kCGColorSpaceModelRGB || width > size_t(sim::maxPixels) ||
-      height > size_t(sim::maxPixels) || !sim::isDrawableSize(std::int64_t(width), std::int64_t(height)) ||
+      CGColorSpaceGetModel(space) != kCGColorSpaceModelRGB || width > size_t(sim::kMaxPixels) ||
+      height > size_t(sim::kMaxPixels) || !sim::isDrawableSize(std::int64_t(width), std::int64_t(height)) ||
       bytesPerRow < width * 4 || bytesPerRow > SIZE_MAX / height) {
     NSLog(@"CGImageCreate: %zu × %zu pixels of %zu bits in rows of %zu bytes, layout %u, are not carried.", width,
           height, bitsPerPixel, bytesPerRow, unsigned(bitmapInfo));

@@ -9,22 +9,22 @@ namespace sim {
 namespace {
 
 // Of the shorter side.
-constexpr double cornerRadius = 0.2237;
+constexpr double kCornerRadius = 0.2237;
 
 // A corner whose curvature grows from nothing and falls again, from one edge to the other: how far each point lies from
 // the corner along the edge that leads to it and along the one that leads away, in radii.
 struct Curve {
   Point control1, control2, end;
 };
-constexpr Point cornerStart{1.528665, 0};
-constexpr Curve corner[] = {
+constexpr Point kCornerStart{1.528665, 0};
+constexpr Curve kCorner[] = {
     {{1.088493, 0}, {0.868407, 0}, {0.631494, 0.074911}},
     {{0.372824, 0.169060}, {0.169060, 0.372824}, {0.074911, 0.631494}},
     {{0, 0.868407}, {0, 1.088493}, {0, 1.528665}},
 };
 
 Path iconOutline(double width, double height) {
-  const double radius = std::min(width, height) * cornerRadius;
+  const double radius = std::min(width, height) * kCornerRadius;
   // Clockwise; each maps what is said above to a corner of the picture.
   const Transform corners[] = {
       {-radius, 0, 0, radius, width, 0},
@@ -34,9 +34,9 @@ Path iconOutline(double width, double height) {
   };
   Path path;
   for (const Transform& place : corners) {
-    if (path.empty()) path.move(place(cornerStart));
-    else path.line(place(cornerStart));
-    for (const Curve& curve : corner) path.curve(place(curve.control1), place(curve.control2), place(curve.end));
+    if (path.empty()) path.move(place(kCornerStart));
+    else path.line(place(kCornerStart));
+    for (const Curve& curve : kCorner) path.curve(place(curve.control1), place(curve.control2), place(curve.end));
   }
   path.close();
   return path;

@@ -9,7 +9,7 @@ namespace sim {
 namespace {
 
 // Control points this far along the tangents make a cubic curve follow a quarter of a circle.
-constexpr double quarterHandle = 0.5522847498307936;
+constexpr double kQuarterHandle = 0.5522847498307936;
 
 struct ContextEnd {
   void operator()(cairo_t* context) const noexcept { cairo_destroy(context); }
@@ -71,8 +71,8 @@ void Path::ellipse(const Box& box, const Transform& transform) {
   const double y = box.top + box.height / 2;
   const double dx = box.width / 2;
   const double dy = box.height / 2;
-  const double hx = dx * quarterHandle;
-  const double hy = dy * quarterHandle;
+  const double hx = dx * kQuarterHandle;
+  const double hy = dy * kQuarterHandle;
   const auto quarter = [&](Point c1, Point c2, Point to) { curve(transform(c1), transform(c2), transform(to)); };
   move(transform({x + dx, y}));
   quarter({x + dx, y + hy}, {x + hx, y + dy}, {x, y + dy});
@@ -88,7 +88,7 @@ void Path::roundedRect(const Box& box, const std::array<double, 4>& radii, const
   std::transform(radii.begin(), radii.end(), cut.begin(), [&](double r) { return r > 0 ? std::min(r, limit) : 0; });
   const auto [topLeft, topRight, bottomRight, bottomLeft] = cut;
   const double left = box.left, top = box.top, right = left + box.width, bottom = top + box.height;
-  const double rest = 1 - quarterHandle;
+  const double rest = 1 - kQuarterHandle;
   const auto to = [&](double x, double y) { line(transform({x, y})); };
   const auto corner = [&](Point c1, Point c2, Point end) {
     if (c1 != c2 || c2 != end) curve(transform(c1), transform(c2), transform(end));

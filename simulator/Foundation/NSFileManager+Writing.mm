@@ -6,7 +6,11 @@
 
 #include "base/FileTree.hpp"
 
+#include <sys/stat.h>
+
 #include <cerrno>
+#include <span>
+#include <string>
 
 // Replacing the methods of the class is what this file is for.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
@@ -39,7 +43,12 @@
     withIntermediateDirectories:(BOOL)withParents
                      attributes:(NSDictionary *)attributes
                           error:(NSError **)error {
-  if (const int number = sim::makeFolder(sim::fileSystemPath(path), withParents)) {
+  const std::string folder = sim::fileSystemPath(path);
+  int number = sim::makeFolder(folder, withParents);
+  struct stat status{};
+  // What stands at the path itself is told as being in the way, other than a file above it.
+  if (number == ENOTDIR && ::lstat(folder.c_str(), &status) == 0) number = EEXIST;
+  if (number != 0) {
     return sim::reportFailedWrite(error, [NSString stringWithFormat:@"The folder %@ was not made", path],
                                   sim::writeError(path, number));
   }

@@ -8,11 +8,11 @@ NSLog_printf_handler *standardHandler = nullptr;
 
 /// UTF-16 units; the rest is cut off. The log of a device carries 1,024 bytes of a line, and a bundle that logs what
 /// was pasted into it must not flood the terminal.
-constexpr NSUInteger longestLine = 8'192;
+constexpr NSUInteger kLongestLine = 8'192;
 
 /// `line` is "<date> <process>[<numbers>] <message>\n". Foundation calls this with its log lock held.
 void pass(NSString *line) {
-  if ([line length] > longestLine) line = [[line substringToIndex:longestLine] stringByAppendingString:@"\u2026\n"];
+  if ([line length] > kLongestLine) line = [[line substringToIndex:kLongestLine] stringByAppendingString:@"\u2026\n"];
   standardHandler(line);
   if (!logHandler) return;
   const NSRange prefix = [line rangeOfString:@"] "];

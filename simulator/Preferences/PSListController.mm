@@ -1,6 +1,7 @@
 // Life cycle of a list page and its rows. Lookup, changes, taps and the table have files of their own.
 #import <Preferences/PSListController+Sim.h>
 
+#import <Foundation/Guarded.h>
 #import <Preferences/PSSpecifier+Sim.h>
 #import <Preferences/PSTableCell.h>
 #import <Preferences/PreferencesLog.h>
@@ -178,7 +179,8 @@ NSMutableArray *rowsFrom(id specifiers, Class page) {
   if (_listState->isPrepared) return;
   _listState->isPrepared = true;
   id made = nil;
-  sim::guarded([NSString stringWithFormat:@"-[%@ specifiers]", [self class]], [&] { made = [self specifiers]; });
+  NSString *doing = [NSString stringWithFormat:@"asking -[%@ specifiers]", [self class]];
+  sim::guarded(doing, [&] { made = [self specifiers]; });
   NSMutableArray *rows = rowsFrom(made, [self class]);
   if ([made isKindOfClass:[NSArray class]] && [rows isEqualToArray:made] && made == _specifiers) {
     [self sim_index:made];

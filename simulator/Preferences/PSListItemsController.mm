@@ -2,7 +2,6 @@
 
 #import <Preferences/PSListController+Sim.h>
 #import <Preferences/PSSpecifier+Sim.h>
-#import <Preferences/PreferencesLog.h>
 #import <UIKit/UIKit.h>
 
 @implementation PSListItemsController
@@ -21,8 +20,7 @@
 - (NSArray *)sim_items {
   PSSpecifier *parent = [self specifier];
   if ([parent propertyForKey:PSValuesDataSourceKey]) {
-    sim::guarded([NSString stringWithFormat:@"%@: the data source", [parent sim_label]],
-                 [&] { [parent loadValuesAndTitlesFromDataSource]; });
+    [parent sim_loadValuesAndTitles];
   }
   _deferItemSelection = [parent sim_flagForKey:PSDeferItemSelectionKey fallback:NO];
 

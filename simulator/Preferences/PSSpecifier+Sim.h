@@ -19,6 +19,8 @@ typedef NS_OPTIONS(unsigned, SIMSpecifierFault) {
 
 /// The getter's value; nil without a getter, and when it raises (which is logged).
 - (id)sim_value;
+/// Loads the values and titles from the data source; nothing when it raises (which is logged).
+- (void)sim_loadValuesAndTitles;
 /// `sim_value` when it is nil or of one of the two classes (the second may be nil); otherwise nil, logged once.
 - (id)sim_valueOfClass:(Class)first orClass:(Class)second;
 /// Logs that the value is not what the cell type shows; once for each specifier.

@@ -1,5 +1,6 @@
 #import <Preferences/PSSpecifier+Sim.h>
 
+#import <Foundation/Guarded.h>
 #import <Foundation/NotCarried.h>
 #import <Preferences/Living.hpp>
 #import <Preferences/PreferencesLog.h>
@@ -195,8 +196,14 @@ NSDictionary *titlesByValue(NSArray *values, NSArray *titles) {
 
 - (id)sim_value {
   id value = nil;
-  sim::guarded([NSString stringWithFormat:@"%@: the getter", [self sim_label]], [&] { value = [self performGetter]; });
+  NSString *doing = [NSString stringWithFormat:@"asking the getter of %@", [self sim_label]];
+  sim::guarded(doing, [&] { value = [self performGetter]; });
   return value;
+}
+
+- (void)sim_loadValuesAndTitles {
+  NSString *doing = [NSString stringWithFormat:@"asking the data source of %@", [self sim_label]];
+  sim::guarded(doing, [&] { [self loadValuesAndTitlesFromDataSource]; });
 }
 
 - (id)sim_valueOfClass:(Class)first orClass:(Class)second {

@@ -185,8 +185,7 @@ void setUpKeyboard(PSSpecifier *specifier) {
 
 void setUpValues(PSSpecifier *specifier) {
   if ([specifier propertyForKey:PSValuesDataSourceKey]) {
-    guarded([NSString stringWithFormat:@"%@: the data source", [specifier sim_label]],
-            [&] { [specifier loadValuesAndTitlesFromDataSource]; });
+    [specifier sim_loadValuesAndTitles];
     return;
   }
   NSArray *values = [specifier propertyForKey:PSValidValuesKey];

@@ -1,5 +1,6 @@
 #import "Settings/ScreenDescription.hpp"
 
+#import <Foundation/Guarded.h>
 #import <UIKit/UIKit.h>
 #import <UIKit/UIBarButtonItem+Sim.h>
 #import <UIKit/UINavigationController+Sim.h>
@@ -8,7 +9,6 @@
 
 #import "Settings/BarButtons.hpp"
 #import "Settings/ElementId.hpp"
-#import "Settings/Guarded.hpp"
 #import "Settings/ImageStore.hpp"
 #import "Settings/JsonValues.hpp"
 #import "Settings/RowDescription.hpp"
@@ -152,7 +152,7 @@ void writePage(JsonText &out, UINavigationController *navigation, PageNumbers &n
   writeButtons(out.name("buttons"), navigation, page, number, images);
   writeBar(out, navigation, page, images);
   const std::size_t head = out.text().size();
-  NSString *raised = guarded("describing the page", [&] { writeContent(out, page, number, images); });
+  NSString *raised = guarded(@"describing the page", [&] { writeContent(out, page, number, images); });
   if (raised) {
     out.truncate(head);
     wire::writeNotice(out, "", "This page cannot be shown. Its code raised " + utf8(raised) + ".");

@@ -1,5 +1,6 @@
 #import "Settings/Session.hpp"
 
+#import <Foundation/Guarded.h>
 #import <UIKit/UIKit.h>
 #import <UIKit/UIPasteboard+Sim.h>
 #import <UIKit/UIWindow+Sim.h>
@@ -7,7 +8,6 @@
 
 #import "Settings/EventRouter.hpp"
 #import "Settings/FileTransfer.hpp"
-#import "Settings/Guarded.hpp"
 
 #include "base/Json.hpp"
 
@@ -36,15 +36,15 @@ Session::Session(UIViewController *root, std::uint64_t firstRevision)
       revision_(firstRevision) {
   [[navigation_.get() navigationBar] setPrefersLargeTitles:YES];
   [window_.get() setRootViewController:navigation_.get()];
-  guarded("opening the application", [this] { [window_.get() makeKeyAndVisible]; });
+  guarded(@"opening the application", [this] { [window_.get() makeKeyAndVisible]; });
   refresh();
 }
 
 bool Session::refresh() {
-  guarded("running the main queue", [] { SIMDrainMainQueue(); });
+  guarded(@"running the main queue", [] { SIMDrainMainQueue(); });
   JsonText now;
   images_.beginDescription();
-  if (guarded("describing the screen", [&] { writeScreen(now, navigation_.get(), numbers_, images_); })) return false;
+  if (guarded(@"describing the screen", [&] { writeScreen(now, navigation_.get(), numbers_, images_); })) return false;
   // What follows the opening brace.
   const std::string_view description = std::string_view(now.text()).substr(1);
   if (description == std::string_view(text_).substr(headLength_)) return false;
@@ -61,7 +61,7 @@ wire::Reply Session::perform(const wire::Call &call) {
   const wire::VerbTraits &traits = wire::traitsOf(call);
   const bool answersScreen = traits.answer == wire::Answer::screen;
   wire::Reply reply;
-  NSString *raised = guarded("performing an event",
+  NSString *raised = guarded(@"performing an event",
                              [&] { reply = std::visit([this](const auto &each) { return work(each); }, call); });
   if (raised && !answersScreen) reply = replyTo({Outcome::failed, "It raised " + utf8(raised) + "."});
   if (traits.describesScreen) refresh();
@@ -126,13 +126,13 @@ wire::Reply Session::work(const wire::Display &call) {
 }
 
 void Session::setDark(bool dark) {
-  guarded("changing the appearance", [&] {
+  guarded(@"changing the appearance", [&] {
     [window_.get() sim_changeUserInterfaceStyle:dark ? UIUserInterfaceStyleDark : UIUserInterfaceStyleLight];
   });
 }
 
 void Session::setScreen(CGSize size, CGFloat scale, UIEdgeInsets safeArea) {
-  guarded("changing the screen", [&] { [window_.get() sim_changeScreenToSize:size scale:scale safeArea:safeArea]; });
+  guarded(@"changing the screen", [&] { [window_.get() sim_changeScreenToSize:size scale:scale safeArea:safeArea]; });
 }
 
 }  // namespace sim

@@ -1,7 +1,7 @@
 #import "Settings/SettingsRootController.h"
 
+#import <Foundation/Guarded.h>
 #import <Preferences/Preferences.h>
-#import <Preferences/PreferencesLog.h>
 
 #import "Settings/PreferenceLoader.h"
 
@@ -47,14 +47,14 @@
   return _specifiers;
 }
 
+- (void)sim_loadBundle:(PSSpecifier *)specifier {
+  [super lazyLoadBundle:specifier];  // The compiler cannot send this from within a lambda.
+}
+
 /// A bundle that cannot be loaded is tried again at the next tap.
 - (void)lazyLoadBundle:(PSSpecifier *)specifier {
-  @try {
-    [super lazyLoadBundle:specifier];
-  } @catch (NSException *exception) {
-    sim::logPreferences(@"Loading the bundle of \"%@\" raised %@: %@", [specifier name], [exception name],
-                        [exception reason]);
-  }
+  NSString *doing = [NSString stringWithFormat:@"loading the bundle of \"%@\"", [specifier name]];
+  sim::guarded(doing, [&] { [self sim_loadBundle:specifier]; });
   if (specifier->action) [self showController:[self sim_errorPageForSpecifier:specifier] animate:YES];
 }
 

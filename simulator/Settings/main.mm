@@ -1,5 +1,6 @@
 // The Settings process: hosts the settings bundles of a device folder, driven by the simulator over a channel.
 #import <Foundation/Foundation.h>
+#import <Foundation/Guarded.h>
 #import <Foundation/SIMDevice.h>
 
 #include <fcntl.h>
@@ -11,7 +12,6 @@
 #include <optional>
 #include <string_view>
 
-#import "Settings/Guarded.hpp"
 #import "Settings/Service.hpp"
 #import "Settings/SettingsRootController.h"
 
@@ -92,7 +92,7 @@ int main(int count, char **arguments) {
         watcher->arrived = NO;
         NSDate *limit =
             service.owesAnnouncement() ? [NSDate dateWithTimeIntervalSinceNow:kQuietSeconds] : [NSDate distantFuture];
-        sim::guarded("running the main run loop", [&] { [loop runMode:NSDefaultRunLoopMode beforeDate:limit]; });
+        sim::guarded(@"running the main run loop", [&] { [loop runMode:NSDefaultRunLoopMode beforeDate:limit]; });
         // Messages are served when everything else that woke the loop, a timer or a queued block, has run.
         if (watcher->arrived) {
           open = service.serve();

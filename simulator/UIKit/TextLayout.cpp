@@ -8,7 +8,7 @@
 namespace sim {
 namespace {
 
-constexpr const char* family = "Inter";
+constexpr const char* kFamily = "Inter";
 
 struct ObjectEnd {
   void operator()(gpointer object) const noexcept { g_object_unref(object); }
@@ -45,7 +45,7 @@ PangoEllipsizeMode ellipsizeOf(TextEllipsis ellipsis) {
 LayoutPtr layOut(std::string_view text, const TextStyle& style, const TextBlock& block) {
   LayoutPtr layout(pango_layout_new(measuringContext()));
   PangoFontDescription* font = pango_font_description_new();
-  pango_font_description_set_family_static(font, family);
+  pango_font_description_set_family_static(font, kFamily);
   pango_font_description_set_absolute_size(font, units(std::max(style.size, 0.0)));
   pango_font_description_set_weight(font, PangoWeight(style.weight));
   pango_font_description_set_style(font, style.italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);

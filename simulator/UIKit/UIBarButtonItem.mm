@@ -20,14 +20,14 @@ struct BarButtonItemState {
 
 namespace {
 // In the order of UIBarButtonSystemItem.
-NSString *const systemItemNames[] = {
+NSString *const kSystemItemNames[] = {
     @"done",    @"cancel", @"edit",     @"save",     @"add",       @"flexibleSpace", @"fixedSpace",
     @"compose", @"reply",  @"action",   @"organize", @"bookmarks", @"search",        @"refresh",
     @"stop",    @"camera", @"trash",    @"play",     @"pause",     @"rewind",        @"fastForward",
     @"undo",    @"redo",   @"pageCurl", @"close",
 };
-constexpr NSInteger systemItemCount = sizeof(systemItemNames) / sizeof(systemItemNames[0]);
-static_assert(systemItemCount == UIBarButtonSystemItemClose + 1);
+constexpr NSInteger kSystemItemCount = sizeof(kSystemItemNames) / sizeof(kSystemItemNames[0]);
+static_assert(kSystemItemCount == UIBarButtonSystemItemClose + 1);
 }  // namespace
 
 @implementation UIBarButtonItem
@@ -57,7 +57,7 @@ static_assert(systemItemCount == UIBarButtonSystemItemClose + 1);
 }
 
 - (instancetype)initWithBarButtonSystemItem:(UIBarButtonSystemItem)systemItem target:(id)target action:(SEL)action {
-  if (systemItem < 0 || systemItem >= systemItemCount) {
+  if (systemItem < 0 || systemItem >= kSystemItemCount) {
     [self release];
     [NSException raise:NSInvalidArgumentException format:@"There is no system item %ld.", (long)systemItem];
   }
@@ -132,7 +132,7 @@ static_assert(systemItemCount == UIBarButtonSystemItemClose + 1);
 
 - (NSString *)sim_systemItemName {
   const NSInteger systemItem = _barButtonItemState->systemItem;
-  return systemItem < 0 ? nil : systemItemNames[systemItem];
+  return systemItem < 0 ? nil : kSystemItemNames[systemItem];
 }
 
 /// What a tap on a view in a bar reaches: the first control in it that takes touches, depth first.

@@ -40,8 +40,8 @@ void set(sim::PerState<Value> &values, UIControlState state, const objcxx::Retai
   else values.erase(state);
 }
 
-constexpr CGFloat systemTitleSize = 15;
-constexpr CGFloat systemVerticalInset = 6;
+constexpr CGFloat kSystemTitleSize = 15;
+constexpr CGFloat kSystemVerticalInset = 6;
 
 }  // namespace
 
@@ -68,7 +68,7 @@ constexpr CGFloat systemVerticalInset = 6;
     _buttonState->titleLabel = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectZero]);
     UILabel *label = _buttonState->titleLabel.get();
     const bool isSystem = _buttonState->type == UIButtonTypeSystem;
-    [label setFont:[UIFont systemFontOfSize:isSystem ? systemTitleSize : [UIFont buttonFontSize]]];
+    [label setFont:[UIFont systemFontOfSize:isSystem ? kSystemTitleSize : [UIFont buttonFontSize]]];
     [label setLineBreakMode:NSLineBreakByTruncatingMiddle];
     [self addSubview:label];
     [self sim_showCurrent];
@@ -182,7 +182,7 @@ constexpr CGFloat systemVerticalInset = 6;
   (void)size;
   const CGSize title = [self sim_titleSize];
   const CGSize image = [[self currentImage] size];
-  const CGFloat inset = _buttonState->type == UIButtonTypeSystem ? systemVerticalInset : 0;
+  const CGFloat inset = _buttonState->type == UIButtonTypeSystem ? kSystemVerticalInset : 0;
   return CGSizeMake(image.width + title.width, std::max(image.height, title.height) + 2 * inset);
 }
 

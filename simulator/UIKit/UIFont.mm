@@ -34,7 +34,7 @@ struct NamedWeight {
   NSString *name;
 };
 
-const std::array<NamedWeight, 9> weights{{
+const std::array<NamedWeight, 9> kWeights{{
     {-0.8, 100, @"Ultralight"},
     {-0.6, 200, @"Thin"},
     {-0.4, 300, @"Light"},
@@ -47,7 +47,7 @@ const std::array<NamedWeight, 9> weights{{
 }};
 
 const NamedWeight &nearest(UIFontWeight weight) {
-  return *std::min_element(weights.begin(), weights.end(), [&](const auto &one, const auto &other) {
+  return *std::min_element(kWeights.begin(), kWeights.end(), [&](const auto &one, const auto &other) {
     return std::abs(one.weight - weight) < std::abs(other.weight - weight);
   });
 }
@@ -58,7 +58,7 @@ struct StyleSize {
   UIFontWeight weight;
 };
 
-const std::array<StyleSize, 11> styleSizes{{
+const std::array<StyleSize, 11> kStyleSizes{{
     {UIFontTextStyleLargeTitle, 34, 0},
     {UIFontTextStyleTitle1, 28, 0},
     {UIFontTextStyleTitle2, 22, 0},
@@ -73,10 +73,10 @@ const std::array<StyleSize, 11> styleSizes{{
 }};
 
 // The system font's vertical metrics as shares of its size.
-constexpr CGFloat ascenderShare = 0.9521484375;
-constexpr CGFloat descenderShare = -0.2412109375;
-constexpr CGFloat capHeightShare = 0.70458984375;
-constexpr CGFloat xHeightShare = 0.5263671875;
+constexpr CGFloat kAscenderShare = 0.9521484375;
+constexpr CGFloat kDescenderShare = -0.2412109375;
+constexpr CGFloat kCapHeightShare = 0.70458984375;
+constexpr CGFloat kXHeightShare = 0.5263671875;
 
 }  // namespace
 
@@ -107,7 +107,7 @@ constexpr CGFloat xHeightShare = 0.5263671875;
 }
 
 + (UIFont *)preferredFontForTextStyle:(UIFontTextStyle)style {
-  for (const StyleSize &entry : styleSizes) {
+  for (const StyleSize &entry : kStyleSizes) {
     if ([entry.style isEqualToString:style]) return [self systemFontOfSize:entry.size weight:entry.weight];
   }
   return [self preferredFontForTextStyle:UIFontTextStyleBody];
@@ -146,23 +146,23 @@ constexpr CGFloat xHeightShare = 0.5263671875;
 @synthesize pointSize = _pointSize;
 
 - (CGFloat)ascender {
-  return _pointSize * ascenderShare;
+  return _pointSize * kAscenderShare;
 }
 
 - (CGFloat)descender {
-  return _pointSize * descenderShare;
+  return _pointSize * kDescenderShare;
 }
 
 - (CGFloat)capHeight {
-  return _pointSize * capHeightShare;
+  return _pointSize * kCapHeightShare;
 }
 
 - (CGFloat)xHeight {
-  return _pointSize * xHeightShare;
+  return _pointSize * kXHeightShare;
 }
 
 - (CGFloat)lineHeight {
-  return _pointSize * (ascenderShare - descenderShare);
+  return _pointSize * (kAscenderShare - kDescenderShare);
 }
 
 - (CGFloat)leading {

@@ -37,7 +37,7 @@ struct NumberedFile {
 };
 
 /// How many files are remembered.
-constexpr std::size_t filesKept = 64;
+constexpr std::size_t kFilesKept = 64;
 
 /// The number of the last image that was made from the same bytes and was asked for it; `number`, which is remembered
 /// for them, when there was none.
@@ -46,7 +46,7 @@ NSUInteger numberOfFile(const FileKey &key, NSUInteger number) {
   const auto found = std::find_if(files.begin(), files.end(), [&](const auto &each) { return each.key == key; });
   if (found != files.end()) return found->number;
   files.push_back({key, number});
-  if (files.size() > filesKept) files.pop_front();
+  if (files.size() > kFilesKept) files.pop_front();
   return number;
 }
 

@@ -13,13 +13,13 @@
 
 namespace {
 
-constexpr sim::Orientation orientations[] = {sim::Orientation::up,           sim::Orientation::down,
-                                             sim::Orientation::left,         sim::Orientation::right,
-                                             sim::Orientation::upMirrored,   sim::Orientation::downMirrored,
-                                             sim::Orientation::leftMirrored, sim::Orientation::rightMirrored};
+constexpr sim::Orientation kOrientations[] = {sim::Orientation::up,           sim::Orientation::down,
+                                              sim::Orientation::left,         sim::Orientation::right,
+                                              sim::Orientation::upMirrored,   sim::Orientation::downMirrored,
+                                              sim::Orientation::leftMirrored, sim::Orientation::rightMirrored};
 
 UIImageOrientation imageOrientation(sim::Orientation orientation) {
-  return UIImageOrientation(std::find(std::begin(orientations), std::end(orientations), orientation) - orientations);
+  return UIImageOrientation(std::find(std::begin(kOrientations), std::end(kOrientations), orientation) - kOrientations);
 }
 
 CGFloat usableScale(CGFloat scale) { return scale > 0 && std::isfinite(scale) ? scale : 1; }
@@ -30,7 +30,7 @@ namespace sim {
 
 Orientation storedOrientation(UIImageOrientation orientation) {
   const auto place = std::size_t(orientation);
-  return place < std::size(orientations) ? orientations[place] : Orientation::up;
+  return place < std::size(kOrientations) ? kOrientations[place] : Orientation::up;
 }
 
 }  // namespace sim

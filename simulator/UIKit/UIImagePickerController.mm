@@ -24,8 +24,8 @@ struct ImagePickerState {
 
 namespace {
 
-NSString *const imageType = @"public.image";
-constexpr unsigned long long largestFile = 200ull << 20;  // Bytes.
+NSString *const kImageType = @"public.image";
+constexpr unsigned long long kLargestFile = 200ull << 20;  // Bytes.
 
 NSString *photoFolder() { return SIMDevicePath(@"/var/mobile/Media/DCIM"); }
 
@@ -40,14 +40,14 @@ NSString *photoFolder() { return SIMDevicePath(@"/var/mobile/Media/DCIM"); }
 }
 
 + (NSArray *)availableMediaTypesForSourceType:(UIImagePickerControllerSourceType)sourceType {
-  return [self isSourceTypeAvailable:sourceType] ? @[ imageType ] : nil;
+  return [self isSourceTypeAvailable:sourceType] ? @[ kImageType ] : nil;
 }
 
 - (instancetype)initWithNibName:(NSString *)nibName bundle:(NSBundle *)bundle {
   if (!(self = [super initWithNibName:nibName bundle:bundle])) return nil;
 
   _imagePickerState = std::make_unique<sim::ImagePickerState>();
-  _imagePickerState->mediaTypes = objcxx::share(@[ imageType ]);
+  _imagePickerState->mediaTypes = objcxx::share(@[ kImageType ]);
   return self;
 }
 
@@ -101,12 +101,12 @@ NSString *photoFolder() { return SIMDevicePath(@"/var/mobile/Media/DCIM"); }
 
 + (BOOL)sim_isTooLarge:(NSString *)file {
   NSString *real = [file stringByResolvingSymlinksInPath];
-  return [[[NSFileManager defaultManager] attributesOfItemAtPath:real error:NULL] fileSize] > largestFile;
+  return [[[NSFileManager defaultManager] attributesOfItemAtPath:real error:NULL] fileSize] > kLargestFile;
 }
 
 - (NSArray *)sim_photoPaths {
   if (![UIImagePickerController isSourceTypeAvailable:UIImagePickerControllerSourceTypePhotoLibrary]) return @[];
-  if (![_imagePickerState->mediaTypes.get() containsObject:imageType]) return @[];  // The library holds no films.
+  if (![_imagePickerState->mediaTypes.get() containsObject:kImageType]) return @[];  // The library holds no films.
   return sim::pathsBelow(photoFolder(), {".png", ".jpg", ".jpeg", ".heic", ".heif", ".webp", ".gif", ".tif", ".tiff"});
 }
 
@@ -132,7 +132,7 @@ NSString *photoFolder() { return SIMDevicePath(@"/var/mobile/Media/DCIM"); }
   if ([delegate respondsToSelector:@selector(imagePickerController:didFinishPickingMediaWithInfo:)]) {
     [delegate imagePickerController:self
         didFinishPickingMediaWithInfo:@{
-          UIImagePickerControllerMediaType : imageType,
+          UIImagePickerControllerMediaType : kImageType,
           UIImagePickerControllerOriginalImage : image,
           UIImagePickerControllerImageURL : copy,
         }];

@@ -25,7 +25,7 @@ struct UISegmentedControlState {
 
 namespace {
 
-constexpr CGFloat controlHeight = 32;
+constexpr CGFloat kControlHeight = 32;
 
 sim::Segment titled(NSString *title) { return {objcxx::adopt((NSString *)[title copy]), {}, true}; }
 sim::Segment pictured(UIImage *image) { return {{}, objcxx::share(image), true}; }
@@ -56,11 +56,11 @@ sim::Segment pictured(UIImage *image) { return {{}, objcxx::share(image), true};
 }
 
 - (CGSize)sizeThatFits:(CGSize)size {
-  return CGSizeMake(size.width, controlHeight);
+  return CGSizeMake(size.width, kControlHeight);
 }
 
 - (CGSize)intrinsicContentSize {
-  return CGSizeMake(UIViewNoIntrinsicMetric, controlHeight);
+  return CGSizeMake(UIViewNoIntrinsicMetric, kControlHeight);
 }
 
 - (NSUInteger)numberOfSegments {

@@ -24,7 +24,7 @@ struct UISliderState {
 
 namespace {
 
-constexpr CGFloat sliderHeight = 34;
+constexpr CGFloat kSliderHeight = 34;
 
 }  // namespace
 
@@ -37,11 +37,11 @@ constexpr CGFloat sliderHeight = 34;
 }
 
 - (CGSize)sizeThatFits:(CGSize)size {
-  return CGSizeMake(size.width, sliderHeight);
+  return CGSizeMake(size.width, kSliderHeight);
 }
 
 - (CGSize)intrinsicContentSize {
-  return CGSizeMake(UIViewNoIntrinsicMetric, sliderHeight);
+  return CGSizeMake(UIViewNoIntrinsicMetric, kSliderHeight);
 }
 
 - (float)value {

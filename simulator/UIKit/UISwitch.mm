@@ -15,33 +15,33 @@ struct UISwitchState {
 
 namespace {
 
-constexpr CGSize switchSize = {51, 31};
+constexpr CGSize kSwitchSize = {51, 31};
 
 }  // namespace
 
 @implementation UISwitch
 
 - (instancetype)initWithFrame:(CGRect)frame {
-  if (!(self = [super initWithFrame:{frame.origin, switchSize}])) return nil;
+  if (!(self = [super initWithFrame:{frame.origin, kSwitchSize}])) return nil;
   _switchState = std::make_unique<sim::UISwitchState>();
   return self;
 }
 
 - (void)setFrame:(CGRect)frame {
-  [super setFrame:{frame.origin, switchSize}];
+  [super setFrame:{frame.origin, kSwitchSize}];
 }
 
 - (void)setBounds:(CGRect)bounds {
-  [super setBounds:{bounds.origin, switchSize}];
+  [super setBounds:{bounds.origin, kSwitchSize}];
 }
 
 - (CGSize)sizeThatFits:(CGSize)size {
   (void)size;
-  return switchSize;
+  return kSwitchSize;
 }
 
 - (CGSize)intrinsicContentSize {
-  return switchSize;
+  return kSwitchSize;
 }
 
 - (BOOL)isOn {

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr CGFloat defaultRowHeight = 44;
+constexpr CGFloat kDefaultRowHeight = 44;
 
 /// A height that the table view takes as it is; nothing for the automatic one and for what is no height.
 bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
@@ -46,7 +46,7 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
 
   std::vector<long> counts;
   [self sim_askCounts:counts];
-  state.geometry.reset(counts, defaultRowHeight);
+  state.geometry.reset(counts, kDefaultRowHeight);
   state.parts.resize(counts.size());
   for (long section = 0; section < state.geometry.sectionCount(); ++section) [self sim_estimateSection:section];
   [self sim_updateMargins];
@@ -68,7 +68,7 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
   if (!(estimate > 0)) {
     estimate = !state.has.rowHeight && isHeight(state.rowHeight) ? state.rowHeight
                : state.learnedRowHeight > 0                      ? state.learnedRowHeight
-                                                                 : defaultRowHeight;
+                                                                 : kDefaultRowHeight;
   }
   // The delegate's code may reload: what it is asked about may be gone when it has answered.
   for (sim::RowIndex index{section, 0}; state.geometry.contains(index); ++index.row) {
@@ -92,7 +92,7 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
   if (!isHeight(height)) {
     if (!cell) return;
     height = [cell sizeThatFits:CGSizeMake([cell bounds].size.width, 0)].height;
-    if (!isHeight(height)) height = defaultRowHeight;
+    if (!isHeight(height)) height = kDefaultRowHeight;
     [self sim_learnRowHeight:height];
   }
   if (state.geometry.contains(index)) state.geometry.setHeight(index, height, true);

@@ -9,11 +9,11 @@
 
 namespace {
 
-constexpr CGFloat plainTitleHeight = 28;    // Until the title's view is there.
-constexpr CGFloat groupedTitleHeight = 38;  // The same.
-constexpr CGFloat groupedGap = 17.5;        // Above and below the rows of each section.
-constexpr CGFloat plainTopPadding = 22;
-constexpr CGFloat plainTitleSize = 17;
+constexpr CGFloat kPlainTitleHeight = 28;    // Until the title's view is there.
+constexpr CGFloat kGroupedTitleHeight = 38;  // The same.
+constexpr CGFloat kGroupedGap = 17.5;        // Above and below the rows of each section.
+constexpr CGFloat kPlainTopPadding = 22;
+constexpr CGFloat kPlainTitleSize = 17;
 
 bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
 
@@ -24,7 +24,7 @@ sim::SectionPart *partAt(sim::TableViewState &state, long section, BOOL header) 
 }
 
 /// The first header of a grouped table view lies a gap further down.
-CGFloat groupedGapAbove(long section, BOOL header) { return header && section == 0 ? groupedGap : 0; }
+CGFloat groupedGapAbove(long section, BOOL header) { return header && section == 0 ? kGroupedGap : 0; }
 
 /// How far a title stays from the edges of its view, as UIKit lays it out in a table view of this style.
 UIEdgeInsets titleInsets(UITableViewStyle style, long section, BOOL header, CGFloat margin, UIEdgeInsets covered) {
@@ -67,7 +67,7 @@ UIEdgeInsets titleInsets(UITableViewStyle style, long section, BOOL header, CGFl
   UILabel *label = [view textLabel];
   [label setText:header && !isPlain ? [title uppercaseString] : title];
   if (header && isPlain) {
-    [label setFont:[UIFont systemFontOfSize:plainTitleSize weight:UIFontWeightSemibold]];
+    [label setFont:[UIFont systemFontOfSize:kPlainTitleSize weight:UIFontWeightSemibold]];
     [label setTextColor:[UIColor labelColor]];
   }
   return view;
@@ -121,12 +121,12 @@ UIEdgeInsets titleInsets(UITableViewStyle style, long section, BOOL header, CGFl
   const bool shows = part->hasView ? static_cast<bool>(part->view) : delegateGivesViews || [title length] > 0;
   const CGFloat set = header ? state.headerHeight : state.footerHeight;
   if (isHeight(set) && (shows || grouped)) return set;
-  if (!shows) return grouped ? groupedGap + groupedGapAbove(section, header) : 0;
+  if (!shows) return grouped ? kGroupedGap + groupedGapAbove(section, header) : 0;
   if (part->view) {
     const CGFloat fitting = [part->view.get() sizeThatFits:CGSizeMake([self sim_rowWidth], 0)].height;
     if (isHeight(fitting) && fitting > 0) return fitting;
   }
-  return grouped ? groupedTitleHeight + groupedGapAbove(section, header) : plainTitleHeight;
+  return grouped ? kGroupedTitleHeight + groupedGapAbove(section, header) : kPlainTitleHeight;
 }
 
 - (void)sim_measureSection:(long)section {
@@ -135,7 +135,7 @@ UIEdgeInsets titleInsets(UITableViewStyle style, long section, BOOL header, CGFl
   if (!isHeight(header)) {
     header = [self sim_defaultHeightOfSection:section header:YES];
     if (state.style == UITableViewStylePlain && header > 0) {
-      header += isHeight(state.headerTopPadding) ? state.headerTopPadding : plainTopPadding;
+      header += isHeight(state.headerTopPadding) ? state.headerTopPadding : kPlainTopPadding;
     }
   }
   CGFloat footer = state.has.footerHeight ? [state.delegate tableView:self heightForFooterInSection:section] : -1;

@@ -6,18 +6,18 @@
 namespace {
 
 // A cell takes some 60 µs to make and to describe, so that a thousand are ready before a person notices a wait.
-constexpr long mostDescribedRows = 1000;
+constexpr long kMostDescribedRows = 1000;
 // Points above and below the bounds in which the rows of a longer table view are described: ten screens, or the rows
 // that a fast flick passes in half a second.
-constexpr CGFloat describedMargin = 8000;
+constexpr CGFloat kDescribedMargin = 8000;
 
 // Stops counting at the limit: a table may have as many sections as rows.
 bool isDescribedWhole(const sim::TableGeometry &geometry) {
   long count = 0;
-  for (long section = 0; section < geometry.sectionCount() && count <= mostDescribedRows; ++section) {
+  for (long section = 0; section < geometry.sectionCount() && count <= kMostDescribedRows; ++section) {
     count += geometry.rowCount(section);
   }
-  return count <= mostDescribedRows;
+  return count <= kMostDescribedRows;
 }
 
 // How many rows of `section`, which has `count`, come before `index` in display order; all when there is no such row.
@@ -82,9 +82,9 @@ long rowsBefore(std::optional<sim::RowIndex> index, long section, long count) {
   if (isDescribedWhole(geometry)) return NSMakeRange(0, NSUInteger(count));
 
   const CGRect bounds = [self bounds];
-  const double bottom = bounds.origin.y + bounds.size.height + describedMargin;
+  const double bottom = bounds.origin.y + bounds.size.height + kDescribedMargin;
   const auto last = geometry.firstRowEndingAfter(bottom);
-  const long first = rowsBefore(geometry.firstRowEndingAfter(bounds.origin.y - describedMargin), section, count);
+  const long first = rowsBefore(geometry.firstRowEndingAfter(bounds.origin.y - kDescribedMargin), section, count);
   const long end = rowsBefore(last ? geometry.next(*last) : last, section, count);
   return NSMakeRange(NSUInteger(first), NSUInteger(std::max(end - first, 0L)));
 }

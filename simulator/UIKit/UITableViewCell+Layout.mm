@@ -5,13 +5,13 @@
 
 namespace {
 
-constexpr CGFloat minimumHeight = 44;
-constexpr CGFloat verticalPadding = 22;  // Above and below the text together.
-constexpr CGFloat imageGap = 15;
-constexpr CGFloat labelGap = 8;
-constexpr CGFloat editControlWidth = 38;
-constexpr CGFloat reorderControlWidth = 46;
-constexpr CGFloat value2NameWidth = 91;
+constexpr CGFloat kMinimumHeight = 44;
+constexpr CGFloat kVerticalPadding = 22;  // Above and below the text together.
+constexpr CGFloat kImageGap = 15;
+constexpr CGFloat kLabelGap = 8;
+constexpr CGFloat kEditControlWidth = 38;
+constexpr CGFloat kReorderControlWidth = 46;
+constexpr CGFloat kValue2NameWidth = 91;
 
 CGFloat widthOfAccessory(UITableViewCellAccessoryType type) {
   switch (type) {
@@ -44,9 +44,9 @@ RowLayout layOut(const sim::TableViewCellState &state, CGSize size) {
   const CGFloat margin = state.margin;
   const bool indents =
       state.editing && state.shouldIndentWhileEditing && state.editingStyle != UITableViewCellEditingStyleNone;
-  const CGFloat left = state.coveredSides.left + (indents ? editControlWidth : 0);
+  const CGFloat left = state.coveredSides.left + (indents ? kEditControlWidth : 0);
   CGFloat right =
-      size.width - state.coveredSides.right - (state.editing && state.showsReorderControl ? reorderControlWidth : 0);
+      size.width - state.coveredSides.right - (state.editing && state.showsReorderControl ? kReorderControlWidth : 0);
 
   UIView *view = (state.editing ? state.editingAccessoryView : state.accessoryView).get();
   const CGFloat accessoryWidth =
@@ -61,13 +61,13 @@ RowLayout layOut(const sim::TableViewCellState &state, CGSize size) {
   layout.content = CGRectMake(left, 0, std::max<CGFloat>(right - left, 0), size.height);
 
   layout.textStart = margin + (CGFloat)state.indentationLevel * state.indentationWidth;
-  layout.textEnd = layout.content.size.width - (hasAccessory ? labelGap : margin);
+  layout.textEnd = layout.content.size.width - (hasAccessory ? kLabelGap : margin);
   if (UIImage *image = [state.imageView.get() image]) {
     const CGSize natural = [image size];
     const CGFloat height = std::min(natural.height, size.height);
     const CGFloat width = natural.height > 0 ? natural.width * height / natural.height : 0;
     layout.image = CGRectMake(layout.textStart, (size.height - height) / 2, width, height);
-    layout.textStart += width + imageGap;
+    layout.textStart += width + kImageGap;
   }
   layout.textEnd = std::max(layout.textEnd, layout.textStart);
   return layout;
@@ -96,16 +96,16 @@ RowLayout layOut(const sim::TableViewCellState &state, CGSize size) {
     case UITableViewCellStyleDefault: [text setFrame:CGRectMake(start, 0, width, height)]; break;
     case UITableViewCellStyleValue1: {
       const CGFloat textWidth = fittingSize(text, width).width;
-      const CGFloat rest = textWidth > 0 ? width - textWidth - labelGap : width;
+      const CGFloat rest = textWidth > 0 ? width - textWidth - kLabelGap : width;
       const CGFloat detailWidth = fittingSize(detail, rest).width;
       [text setFrame:CGRectMake(start, 0, textWidth, height)];
       [detail setFrame:CGRectMake(layout.textEnd - detailWidth, 0, detailWidth, height)];
       break;
     }
     case UITableViewCellStyleValue2: {
-      const CGFloat nameWidth = std::min(value2NameWidth, width);
+      const CGFloat nameWidth = std::min(kValue2NameWidth, width);
       [text setFrame:CGRectMake(start, 0, nameWidth, height)];
-      [detail setFrame:CGRectMake(start + nameWidth + labelGap, 0, std::max<CGFloat>(width - nameWidth - labelGap, 0),
+      [detail setFrame:CGRectMake(start + nameWidth + kLabelGap, 0, std::max<CGFloat>(width - nameWidth - kLabelGap, 0),
                                   height)];
       break;
     }
@@ -123,12 +123,12 @@ RowLayout layOut(const sim::TableViewCellState &state, CGSize size) {
 - (CGSize)sizeThatFits:(CGSize)size {
   const auto &state = *_cellState;
   const CGFloat width = size.width > 0 ? size.width : [self bounds].size.width;
-  const RowLayout layout = layOut(state, CGSizeMake(width, minimumHeight));
+  const RowLayout layout = layOut(state, CGSizeMake(width, kMinimumHeight));
   const CGFloat textWidth = layout.textEnd - layout.textStart;
   const CGFloat upper = fittingSize(state.textLabel.get(), textWidth).height;
   const CGFloat lower = fittingSize(state.detailTextLabel.get(), textWidth).height;
   const CGFloat content = state.style == UITableViewCellStyleSubtitle ? upper + lower : std::max(upper, lower);
-  return CGSizeMake(width, std::max(minimumHeight, content + verticalPadding));
+  return CGSizeMake(width, std::max(kMinimumHeight, content + kVerticalPadding));
 }
 
 @end

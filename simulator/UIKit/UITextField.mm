@@ -11,7 +11,7 @@ NSString *const UITextFieldTextDidChangeNotification = @"UITextFieldTextDidChang
 
 namespace {
 
-constexpr CGFloat borderedHeight = 34;
+constexpr CGFloat kBorderedHeight = 34;
 
 objcxx::Retained<NSString> textOrEmpty(NSString *text) { return objcxx::adopt((NSString *)[text ? text : @"" copy]); }
 
@@ -32,7 +32,7 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 
 - (CGSize)sizeThatFits:(CGSize)size {
   const CGFloat line = sim::ceiledToPixel([[self font] lineHeight]);
-  return CGSizeMake(size.width, _fieldState->borderStyle == UITextBorderStyleRoundedRect ? borderedHeight : line);
+  return CGSizeMake(size.width, _fieldState->borderStyle == UITextBorderStyleRoundedRect ? kBorderedHeight : line);
 }
 
 - (CGSize)intrinsicContentSize {

@@ -35,7 +35,7 @@ struct UITextViewState {
 namespace {
 
 // What the text container keeps free on either side.
-constexpr CGFloat lineFragmentPadding = 5;
+constexpr CGFloat kLineFragmentPadding = 5;
 
 void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] postNotificationName:name object:object]; }
 
@@ -54,7 +54,7 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 
 - (CGSize)sizeThatFits:(CGSize)size {
   const UIEdgeInsets insets = _textState->textContainerInset;
-  const CGFloat margins = insets.left + insets.right + 2 * lineFragmentPadding;
+  const CGFloat margins = insets.left + insets.right + 2 * kLineFragmentPadding;
   sim::TextBlock block;
   block.wrap = sim::TextWrap::word;
   block.width = size.width > 0 ? std::max<CGFloat>(size.width - margins, 1) : 0;

@@ -22,11 +22,11 @@ Subviews::iterator find(Subviews &views, UIView *view) {
 void refuse(NSString *reason) { [NSException raise:NSInvalidArgumentException format:@"%@", reason]; }
 
 // Layout that asks for layout again is given it, but not for ever.
-constexpr int mostLayoutRounds = 100;
+constexpr int kMostLayoutRounds = 100;
 
 void layOut(UIView *view) {
   sim::UIViewState &state = [view sim_state];
-  for (int round = 0; state.needsLayout && round < mostLayoutRounds; ++round) {
+  for (int round = 0; state.needsLayout && round < kMostLayoutRounds; ++round) {
     state.needsLayout = false;
     const auto observer = (UIResponder<SIMLayoutObserver> *)state.viewController;
     const BOOL observes = [observer respondsToSelector:@selector(viewWillLayoutSubviews)];

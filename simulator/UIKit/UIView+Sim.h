@@ -5,9 +5,9 @@
 #import <UIKit/UIView.h>
 
 @interface UIView (Sim)
-/// The controller whose view this is: the next responder, told of layout by `viewWillLayoutSubviews` and
+/// Tells the view its controller, whose view it is: the next responder, told of layout by `viewWillLayoutSubviews` and
 /// `viewDidLayoutSubviews`. Not owned; the controller clears it when it lets go of the view.
-@property(nonatomic, assign, setter=sim_setViewController:) UIResponder *sim_viewController;
+- (void)sim_setViewController:(UIResponder *)controller;
 /// Whether a finger could reach the view: it and everything above it is shown and lets touches through.
 - (BOOL)sim_acceptsTouches;
 /// Tells the receiver and everything below, with the controllers that the views belong to and their children, that the

@@ -203,10 +203,6 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
 
 @implementation UIView (Sim)
 
-- (UIResponder *)sim_viewController {
-  return _state->viewController;
-}
-
 - (void)sim_setViewController:(UIResponder *)controller {
   _state->viewController = controller;
 }

@@ -101,9 +101,9 @@ int makeFolder(const std::string& path, bool withParents) {
   if (path.empty()) return ENOENT;
   if (!withParents) return ::mkdir(path.c_str(), 0777) == 0 ? 0 : errno;
   std::error_code error;
-  if (std::filesystem::exists(path, error) && !std::filesystem::is_directory(path, error)) return EEXIST;
   std::filesystem::create_directories(path, error);
-  return error.value();
+  // A link that leads nowhere stands there, but is no folder.
+  return error == std::errc::file_exists ? ENOTDIR : error.value();
 }
 
 }  // namespace sim

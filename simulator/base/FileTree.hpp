@@ -18,7 +18,7 @@ int moveItem(const std::string& from, const std::string& to);
 int removeItem(const std::string& path);
 
 /// Makes the folder at `path`, with those above it that are missing when it is `withParents`; then one that is there
-/// already will do. Returns 0 or an `errno` value.
+/// already will do, and ENOTDIR tells that anything else is. Returns 0 or an `errno` value.
 int makeFolder(const std::string& path, bool withParents);
 
 }  // namespace sim

@@ -49,16 +49,18 @@ std::vector<std::filesystem::path> filesIn(const std::filesystem::path& tree) {
   return files;
 }
 
+// Its permissions are those that a package gives, whatever the umask of who built it.
 ShippedFile shippedFrom(const std::filesystem::path& tree, const std::filesystem::path& file) {
   std::error_code error;
-  const auto permissions = std::filesystem::status(file, error).permissions() & std::filesystem::perms::all;
+  const auto permissions = std::filesystem::status(file, error).permissions();
+  const bool isProgram = (permissions & std::filesystem::perms::owner_exec) != std::filesystem::perms::none;
   const auto content = [file] {
     int error = 0;
     const auto read = readFile(file, &error);
     if (!read) throw Failure::fromErrno("Cannot read " + file.string(), error);
     return std::string(read->text());
   };
-  return {file.lexically_relative(tree).generic_string(), editionOf(file), static_cast<mode_t>(permissions), content};
+  return {file.lexically_relative(tree).generic_string(), editionOf(file), isProgram ? 0755u : kNewFileMode, content};
 }
 
 }  // namespace

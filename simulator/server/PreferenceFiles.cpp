@@ -136,8 +136,9 @@ nlohmann::json PreferenceFiles::read(const std::string& path, const std::filesys
 
   const auto bytes = readFile(file);
   if (!bytes) return failed("The file cannot be read.");
-  auto content = propertyListJson(bytes->bytes());
-  if (!content) return failed("The file is no property list.");
+  const char* problem = nullptr;
+  auto content = propertyListJson(bytes->bytes(), &problem);
+  if (!content) return failed(problem);
   return {{"path", path}, {"content", std::move(*content)}, {"error", nullptr}};
 }
 

@@ -47,8 +47,8 @@ export class Api {
   }
 
   /**
-   * Resolves with `{path}`, the picture's place in the photo library. `way`: `progress` gets the part that has been sent;
-   * `signal` ends the sending, and changes nothing once all has been sent.
+   * Resolves with `{path}`, the picture's place in the photo library. `way`: `progress` gets the part that has been
+   * sent; `signal` ends the sending, and changes nothing once all has been sent.
    */
   addPhoto(file, way) {
     return this.#upload('/api/photos', file, {}, way);

@@ -80,8 +80,8 @@ function revoke(entry) {
 }
 
 /**
- * One picture of the device: `image` is `{url, width, height, tint}` in points; with a tint only its shape counts, which is
- * filled with that colour. Without `alt` it is decoration. `fallback` is shown when the picture cannot be had.
+ * One picture of the device: `image` is `{url, width, height, tint}` in points; with a tint only its shape counts,
+ * which is filled with that colour. Without `alt` it is decoration. `fallback` is shown when the picture cannot be had.
  */
 export function Picture({ image, alt = '', style, fallback, ...rest }) {
   const { images } = useContext(SessionContext);

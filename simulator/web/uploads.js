@@ -8,8 +8,8 @@ const pictureName = /\.(png|jpe?g|heic|heif|webp|gif|tiff?)$/i;
 /**
  * Files of this computer on their way to the device, one after another.
  *
- * What is under way is `upload` in the store: null, or `{text, fraction, canStop}` with the part that has been sent from 0
- * to 1, or null when the device works on it. Refusals become the store's `notice`. Nothing here rejects.
+ * What is under way is `upload` in the store: null, or `{text, fraction, canStop}` with the part that has been sent
+ * from 0 to 1, or null when the device works on it. Refusals become the store's `notice`. Nothing here rejects.
  */
 export class Uploads {
   #session;

@@ -124,7 +124,10 @@ test('A custom cell that is higher than its slot covers what follows, as on a de
   assert.equal(await slot.evaluate((element) => getComputedStyle(element).pointerEvents), 'none');
 });
 
-/** How strong the line is below each row that is not its section's last and can be seen, in pixels of the separators' colour. */
+/**
+ * How strong the line is below each row that is not its section's last and can be seen, in pixels of the separators'
+ * colour.
+ */
 async function linesDrawn(page) {
   const shot = await page.screenshot();
   return page.evaluate(async (base64) => {
@@ -138,7 +141,8 @@ async function linesDrawn(page) {
       const column = x + 0.75 * width;
       if (![-3, 3].every((off) => document.elementFromPoint(column, bottom + off)?.closest('.row'))) return [];
       const scale = bitmap.width / innerWidth;
-      const { data } = context.getImageData(...[column, bottom - 3, 1 / scale, 6].map((length) => Math.round(length * scale)));
+      const { data } = context.getImageData(...[column, bottom - 3, 1 / scale, 6]
+        .map((length) => Math.round(length * scale)));
       const [red, , , alpha] = getComputedStyle(row, '::after').backgroundColor.match(/[\d.]+/g).map(Number);
       return [data.reduce((sum, value, at) => sum + (at % 4 === 0 ? 255 - value : 0), 0) / ((255 - red) * alpha)];
     };

@@ -65,6 +65,25 @@ test("A row's picture has the corners and the border of its layer", async (t) =>
   assert.deepEqual([width, height], [29, 29]);
 });
 
+test("A row's picture that is not scaled keeps its size, and the row cuts what is too tall for it", async (t) => {
+  const tall = picture({ width: 40, height: 100 });
+  const rows = [['Centred', 'center', false], ['At the top', 'top', true], ['Scaled', 'scaleToFill', false]];
+  const { page } = await open(t, one(...rows.map(([title, contentMode, clips]) =>
+    link(title, { image: tall, imageStyle: { shadow: null, layer: null, clips, contentMode } }))));
+  const places = [];
+  for (const [title] of rows) {
+    const item = page.locator('.row', { hasText: title });
+    await item.locator('img').waitFor();
+    const [outer, inner] = [await item.boundingBox(), await item.locator('img').boundingBox()];
+    places.push([inner.width, inner.height, inner.y - outer.y].map(Math.round));
+    assert.equal((await item.locator('.row-picture').boundingBox()).height, 44, 'its view is as high as the row');
+  }
+  assert.deepEqual(places, [[40, 100, -28], [40, 100, 0], [18, 44, 0]]);
+  const overflow = await style(page.locator('.row', { hasText: 'At the top' }).locator('.row-picture'), 'overflow');
+  assert.equal(overflow, 'hidden', 'a view that clips cuts its picture itself');
+  assert.equal(await style(page.locator('.row-content').first(), 'overflow'), 'hidden');
+});
+
 test('A template is filled with its tint, another picture keeps its colours', async (t) => {
   const image = (at, fields) => view('image', [at, 0, 30, 20], { image: picture(fields), contentMode: 'scaleAspectFit', accessibilityLabel: `Picture ${at}` });
   const { page } = await open(t, one(row('', { frame: [16, 0, 358, 44], views: [image(0, { tint: purple }), image(40, {})] })));
@@ -112,7 +131,9 @@ test('Switches and sliders have the colours and pictures that were set', async (
   const images = page.locator('.slider-image');
   await eventually(async () => assert.equal(await page.locator('img.slider-image').count(), 1));
   assert.equal(await images.count(), 2);
-  const [first, last, bar] = [await images.first().boundingBox(), await images.last().boundingBox(), await slider.boundingBox()];
+  const [first, last, bar] = await Promise.all(
+    [images.first(), images.last(), slider].map((each) => each.boundingBox()),
+  );
   assert.ok(first.x < bar.x && bar.x < last.x, 'the pictures stand at the ends');
 });
 

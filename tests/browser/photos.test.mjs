@@ -119,5 +119,6 @@ test('After Settings ended, pictures have other addresses and the page shows the
   const after = await eventually(iconOf);
   assert.notEqual(after, before);
   await icon.waitFor();
-  await eventually(async () => assert.ok(await icon.evaluate((element) => element.decode().then(() => element.naturalWidth > 0))));
+  const isDrawn = (element) => element.decode().then(() => element.naturalWidth > 0);
+  await eventually(async () => assert.ok(await icon.evaluate(isDrawn)));
 });

@@ -18,7 +18,10 @@ const gap = { x: 0.185, y: 0.6 }; // Between the middle card and the left one wh
 const corner = { x: 0.228, y: 0.825 }; // At the middle card's lower left.
 const badge = { x: 0.83, y: 0.27 };
 
-/** The colours of the preview's screen as it is drawn, at places given as shares of its sides: [[red, green, blue], …]. */
+/**
+ * The colours of the preview's screen as it is drawn, at places given as shares of its sides: [[red, green, blue],
+ * …].
+ */
 async function coloursAt(page, ...places) {
   await settled(page);
   await page.waitForFunction(() => [...document.querySelectorAll('.view img')].every((image) => image.complete));
@@ -60,12 +63,14 @@ const near = (one, other, off = 6) => one.every((part, at) => Math.abs(part - ot
 async function startThemed(t, values, options = {}) {
   const started = await startZuno(t, {
     labels: ['Zuno'], expected, ...options,
-    prepare: async (folder) => layFile(folder, themeFile, propertyListText({ enabled: true, useCustom: true, ...values })),
+    prepare: async (folder) =>
+      layFile(folder, themeFile, propertyListText({ enabled: true, useCustom: true, ...values })),
   });
   if (options.photo !== false) {
     const png = await readFile(join(started.folder, 'var/mobile/Media/DCIM/100APPLE/IMG_0002.PNG'));
     const backgroundImage = png.toString('base64').replace(/.{64}/g, '$&\r\n');
-    await layFile(started.folder, themeFile, propertyListText({ enabled: true, useCustom: true, ...values, backgroundImage }));
+    await layFile(started.folder, themeFile,
+      propertyListText({ enabled: true, useCustom: true, ...values, backgroundImage }));
   }
   await open(started.page, 'Customise');
   await previewOf(started.page).waitFor();

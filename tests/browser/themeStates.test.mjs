@@ -64,7 +64,8 @@ for (const colorScheme of ['light', 'dark']) {
     await assertUsable(page, [...background, ...cards], false);
     assert.equal(await custom.isChecked(), true, 'the choice is kept');
     await assertUsable(page, always, true);
-    await eventually(async () => assert.deepEqual(await started.stored(themeFile), { enabled: false, useCustom: true }));
+    const left = { enabled: false, useCustom: true };
+    await eventually(async () => assert.deepEqual(await started.stored(themeFile), left));
   });
 }
 

@@ -193,7 +193,10 @@ test('A widget that does not build leaves no bundle, and takes none away', async
   assert.deepEqual((await readdir(join(folder, 'var/jb/Library/Zuno'))), ['Widgets']);
 });
 
-/** A device without a page in the browser whose widget Tide has this in its -init, with the editor's row just tapped. */
+/**
+ * A device without a page in the browser whose widget Tide has this in its -init, with the editor's row just
+ * tapped.
+ */
 async function openEditorOver(t, body) {
   const { api, folder } = await startSimulator(t);
   await buildWidget(await foreignWidget(t, withInit(body)), folder);

@@ -1,10 +1,10 @@
 """Finds what a bundle can set in the simulator's frameworks and nobody reads.
 
-A setter (of a property in a public header, or a method or function whose name says "set") is alive when what it is given
-gets somewhere: it is read by code that is heard of, it is passed on to code that is alive, or the setter says in the log
-that it is not carried. Code is heard of unless it is an accessor of something dead, or a public method that answers a
-question which no code that is heard of asks. That a value is stored, compared, copied along or released does not count,
-nor that a bundle can read it back.
+A setter (of a property in a public header, or a method or function whose name says "set") is alive when what it is
+given gets somewhere: it is read by code that is heard of, it is passed on to code that is alive, or the setter says in
+the log that it is not carried. Code is heard of unless it is an accessor of something dead, or a public method that
+answers a question which no code that is heard of asks. That a value is stored, compared, copied along or released does
+not count, nor that a bundle can read it back.
 
 The sources are read with libclang, many at a time, because the headers take longer than the sources.
 """
@@ -210,7 +210,9 @@ class Sources:
     return next(((each, code[1]) for each in self.family(code[0]) if (each, code[1]) in self.answers), None)
 
   def _may_be(self, sent, wanted):
-    """Whether a message to `sent` may be answered by `wanted`, which a superclass, a protocol or a subclass declares."""
+    """Whether a message to `sent` may be answered by `wanted`, which a superclass, a protocol or a subclass
+    declares.
+    """
     if sent == wanted:
       return True
     if sent[1] != wanted[1] or not sent[0] or not wanted[0]:
@@ -395,8 +397,8 @@ def place_of(cursor):
 def parse_together(paths, arguments):
   """Parses `paths` in as few translation units as names that only one file should see allow.
 
-  Yields (unit, the paths whose contents are good in it). Raises RuntimeError with the first message for a file that does
-  not compile by itself.
+  Yields (unit, the paths whose contents are good in it). Raises RuntimeError with the first message for a file that
+  does not compile by itself.
   """
   index = Index.create()
   left = list(paths)

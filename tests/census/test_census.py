@@ -10,7 +10,8 @@ import census
 ROOT = Path(__file__).resolve().parents[2]
 INCLUDE = [ROOT / 'simulator', ROOT / 'include']
 UMBRELLAS = ['UIKit/UIKit.h', 'Preferences/Preferences.h', 'NorvikAppList/NorvikAppList.h',
-             'NorvikAppList/NorvikAppListTableViewController.h', 'PrivateFoundation/NSTask.h', 'CoreFoundation/CoreFoundation.h',
+             'NorvikAppList/NorvikAppListTableViewController.h', 'PrivateFoundation/NSTask.h',
+             'CoreFoundation/CoreFoundation.h',
              'ImageIO/ImageIO.h']
 FOLDERS = ['CoreFoundation', 'CoreGraphics', 'CoreImage', 'ImageIO', 'QuartzCore', 'Foundation', 'UIKit', 'Preferences',
            'AppList', 'Settings']
@@ -63,15 +64,17 @@ class CensusTest(unittest.TestCase):
   def setUpClass(cls):
     sys.setrecursionlimit(10_000)  # As deep as expressions are nested.
     cls.headers = public_headers()
-    paths = [path for folder in FOLDERS for path in sorted((ROOT / 'simulator' / folder).rglob('*.mm')) if path.name != 'main.mm']
+    sources = (path for folder in FOLDERS for path in sorted((ROOT / 'simulator' / folder).rglob('*.mm')))
+    paths = [path for path in sources if path.name != 'main.mm']
     cls.sources = sources_of(paths, census.arguments(ROOT), cls.headers.__contains__)
     cls.dead = {setter.name: setter for setter in cls.sources.dead()}
 
   def test_the_headers_and_their_setters_are_found(self):
     self.assertGreater(len(self.headers), 80)
     names = {setter.name for setter in self.sources.setters.values()}
-    self.assertLessEqual({'CALayer.cornerRadius', 'UISwitch.on', 'UITextInputTraits.keyboardType', 'CGContextSetLineWidth',
-                          '-[UIButton setTitle:forState:]', '-[PSTableCell setCellEnabled:]', 'PSSpecifier.name'}, names)
+    self.assertLessEqual({'CALayer.cornerRadius', 'UISwitch.on', 'UITextInputTraits.keyboardType',
+                          'CGContextSetLineWidth', '-[UIButton setTitle:forState:]',
+                          '-[PSTableCell setCellEnabled:]', 'PSSpecifier.name'}, names)
     self.assertNotIn('UIDevice.name', names, 'cannot be set')
 
   def test_nothing_that_can_be_set_is_ignored_in_silence(self):

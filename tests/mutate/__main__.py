@@ -79,7 +79,8 @@ def files_of(arguments, root):
         path = argument if argument.exists() else root / argument
         if not path.exists():
             raise FileNotFoundError(f"no file {argument}")
-        files += [each for each in sorted(path.iterdir()) if each.suffix in (".mm", ".cpp")] if path.is_dir() else [path]
+        within = sorted(path.iterdir()) if path.is_dir() else []
+        files += [each for each in within if each.suffix in (".mm", ".cpp")] if path.is_dir() else [path]
     return files
 
 

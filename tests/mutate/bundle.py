@@ -113,7 +113,8 @@ class Build:
         """Compiles the source by its own command with more options. Returns whether that worked."""
         words = shlex.split(source.command)
         words[words.index("-o") + 1] = str(output)
-        return self._succeeds([*words, "-w", "-Wno-error", "-include-pch", str(self._prefixes[source.object]), *options])
+        prefix = str(self._prefixes[source.object])
+        return self._succeeds([*words, "-w", "-Wno-error", "-include-pch", prefix, *options])
 
     def affected(self, path):
         """The sources that a change of `path` makes compile again."""

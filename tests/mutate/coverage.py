@@ -16,8 +16,8 @@ class Coverage:
         self.seconds = seconds  # {suite: seconds of the processor}
 
     def suites_for(self, path, first, last):
-        """The suites that run any of the lines from `first` to `last`. Every suite when no code stands there: a constant
-        works wherever it is used."""
+        """The suites that run any of the lines from `first` to `last`. Every suite when no code stands there: a
+        constant works wherever it is used."""
         known = self._lines.get(str(path), {})
         found = [known[str(line)] for line in range(first, last + 1) if str(line) in known]
         names = set().union(*found) if found else set(self.seconds)

@@ -147,7 +147,8 @@ class MutatorsTest(unittest.TestCase):
     def test_literals(self):
         for literal, other in {
             "0": "1", "1": "0", "41": "42", "0x0f": "0x10", "1'000u": "1001u", "010": "011", "0.45": "0.46",
-            "1.0": "1.1", "0.3f": "0.4f", "9.99": "10.00", '"text"': '"text~"', '""': '"~"', 'u8"a"': 'u8"a~"', "'a'": "'!'",
+            "1.0": "1.1", "0.3f": "0.4f", "9.99": "10.00", '"text"': '"text~"', '""': '"~"',
+            'u8"a"': 'u8"a~"', "'a'": "'!'",
             "'!'": "'?'", "'\\n'": "'!'",
         }.items():  # fmt: skip
             self.assertEqual(changed_literal(literal), other, literal)

@@ -102,7 +102,8 @@ class PointersTest(Turned):
 
     def test_the_smallest_form_of_imports_that_holds_the_addends_is_taken(self):
         for value, form in (("_outside", 1), ("_outside+8", 1), ("(_outside+8)@AUTH(ia,0)", 2), ("_outside+0x80000", 2),
-                            ("_outside-0x40000", 1), ("_outside-0x40008", 2), ("_outside+0x1000000000", 3)):  # fmt: skip
+                            ("_outside-0x40000", 1), ("_outside-0x40008", 2),
+                            ("_outside+0x1000000000", 3)):  # fmt: skip
             with self.subTest(value):
                 image, found = self.finished(pointers(only=value))
                 self.assertEqual(form, struct.unpack_from("<I", image.data, image.chained_fixups[0] + 20)[0])
@@ -316,7 +317,8 @@ class RefusedTest(Turned):
     def test_a_file_of_another_layout(self):
         whole = self.linked(self.TEXT)
         for place, layout, value, words in (
-            (8, "<I", 2, "is linked for the unknown processor 0x2"), (32 + 24, "<Q", 0x4000, "is not laid out as lld does"),
+            (8, "<I", 2, "is linked for the unknown processor 0x2"),
+            (32 + 24, "<Q", 0x4000, "is not laid out as lld does"),
             (self.command(whole, 0x1B), "<I", 0x1D, "lacks a signature"),  # A second one.
             (self.command(whole, 0x80000022), "<I", 0x22, None),  # The same without "required".
             *((self.command(whole, 0xB) + field, "<I", 1, "has tables in __LINKEDIT that lld does not make")

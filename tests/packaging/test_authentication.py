@@ -1,4 +1,6 @@
-"""Rules about code for arm64e: what is signed and how, what the compiler asked for, and that the slices are the same."""
+"""Rules about code for arm64e: what is signed and how, what the compiler asked for, and that the slices are the
+same.
+"""
 
 import struct
 import unittest
@@ -182,7 +184,8 @@ class SignedPointersTest(BothSlicesTest):
         self.slice, self.link_map = device_code("arm64e", SIGNED_SOURCE + source)
         (image,) = macho.slices(self.slice)
         address = image.defined["_kNumber"]
-        self.assertEqual([f"does not sign the isa of the constant object at {address:#x}"], self.judged("signed_pointers"))
+        self.assertEqual([f"does not sign the isa of the constant object at {address:#x}"],
+                         self.judged("signed_pointers"))
 
     def test_the_flag_of_signed_class_ro(self):
         ((info, _),) = self.image.section("__objc_imageinfo")
@@ -281,10 +284,14 @@ class RequestedPointersTest(BothSlicesTest):
                          self.judged("requested_pointers", content))  # fmt: skip
 
     def test_a_label_of_one_object_is_not_that_of_another(self):
-        """Strings that the linker merges are not in its map, and each object numbers its own from the same beginning."""
-        page = "__attribute__((objc_root_class)) @interface NSObject { Class isa; } @end\n@interface NSString : NSObject @end\n"
+        """Strings that the linker merges are not in its map, and each object numbers its own from the same
+        beginning.
+        """
+        page = ("__attribute__((objc_root_class)) @interface NSObject { Class isa; } @end\n"
+                "@interface NSString : NSObject @end\n")
         page += "@interface %s : NSObject @end\n@implementation %s\n- (id)text { return @\"%s\"; }\n@end\n"
-        self.slice, self.link_map = device_code("arm64e", page % ("One", "One", "it\u2019s"), page % ("Two", "Two", "plain"))
+        self.slice, self.link_map = device_code("arm64e", page % ("One", "One", "it\u2019s"),
+                                                        page % ("Two", "Two", "plain"))
         self.assertIn("] l_.str\n", self.link_map.read_text())
         self.assertEqual([], self.judged("requested_pointers"))
 

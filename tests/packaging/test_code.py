@@ -110,7 +110,8 @@ class SignatureTest(PackageTest):
         (image,) = macho.slices(self.code)
         last = image.signature[0] - 1
         self.code = self.code[:last] + bytes([self.code[last] ^ 1]) + self.code[last + 1 :]
-        self.assertIn(("load_commands", f"{WORDS} was changed after it was signed (page {last // 4096})"), self.problems())
+        self.assertIn(("load_commands", f"{WORDS} was changed after it was signed (page {last // 4096})"),
+                      self.problems())
 
     def test_lengths_that_do_not_fit_are_found(self):
         whole, signature = self.code, self.code.index(b"\xfa\xde\x0c\xc0")

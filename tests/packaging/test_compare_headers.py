@@ -116,7 +116,8 @@ class CompareHeadersTest(unittest.TestCase):
         ours = PLATFORM.replace("- (void)more;", "- (void)more;\n- (void)less;")
         result = self.run_on(ours, self.sdk(ours.replace("less;", "less __attribute__((unavailable));")))
         self.assertIn("method -[Thing less]: not in the SDK", result.stderr)
-        result = self.run_on(PLATFORM, self.sdk(PLATFORM.replace("extern Root", "__attribute__((unavailable)) extern Root")))
+        sdk = PLATFORM.replace("extern Root", "__attribute__((unavailable)) extern Root")
+        result = self.run_on(PLATFORM, self.sdk(sdk))
         self.assertIn("constant ThingName: not in the SDK", result.stderr)
 
     def test_another_encoding(self):
@@ -263,8 +264,9 @@ class CompareHeadersTest(unittest.TestCase):
         write(self.folder / "bin/gcc", f"#!/bin/sh\necho '{self.folder}/gcc/include'\n").chmod(0o755)
         with mock.patch.dict(os.environ, PATH=f"{self.folder}/bin:{os.environ['PATH']}"):
             result = self.run_on(PLATFORM, self.sdk(PLATFORM))
-        self.assertEqual((2, "", f"packaging/compare-headers: {self.folder}/gcc/include/objc/objc.h defines BOOL in another "
-                          "way than expected\n"), (result.returncode, result.stdout, result.stderr))  # fmt: skip
+        header = f"{self.folder}/gcc/include/objc/objc.h"
+        told = f"packaging/compare-headers: {header} defines BOOL in another way than expected\n"
+        self.assertEqual((2, "", told), (result.returncode, result.stdout, result.stderr))
 
 
 class PrivateHeadersTest(unittest.TestCase):

@@ -12,7 +12,8 @@ from fixture import TREE, write
 class DeviceTestCommandTest(unittest.TestCase):
     def refused(self, *arguments):
         """The one sentence with which it refuses."""
-        result = subprocess.run([str(TREE / "script/device-test"), *map(str, arguments)], capture_output=True, text=True)
+        command = [str(TREE / "script/device-test"), *map(str, arguments)]
+        result = subprocess.run(command, capture_output=True, text=True)
         self.assertEqual((2, ""), (result.returncode, result.stdout))
         self.assertEqual(1, result.stderr.count("\n"), result.stderr)
         return result.stderr

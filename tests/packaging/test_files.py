@@ -38,7 +38,8 @@ class ControlTest(PackageTest):
         for name in names:
             self.files[f"DEBIAN/{name}"] = "#!/bin/sh\n"
             self.modes[f"DEBIAN/{name}"] = 0o755
-        self.assert_problems(*(f"control_fields: control: the maintainer script {name} is not expected" for name in names))
+        told = "control_fields: control: the maintainer script {} is not expected"
+        self.assert_problems(*(told.format(name) for name in names))
 
 
 class ReadingTest(PackageTest):

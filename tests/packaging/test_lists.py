@@ -85,10 +85,10 @@ class NamedClassesTest(PackageTest):
         for slices in (((0, self.code), (0x80000002, other)), ((0x80000002, other), (0, self.code))):
             self.code = fat(*slices)
             found = self.problems()
-            self.assertIn(("named_classes", f"{ROOT_LIST}: cellClass names the class SampleCell, which nothing defines"),
-                          found)  # fmt: skip
-            self.assertIn(("named_selectors", f"{ROOT_LIST}: action names the selector restart, which no class implements"),
-                          found)  # fmt: skip
+            cell = f"{ROOT_LIST}: cellClass names the class SampleCell, which nothing defines"
+            action = f"{ROOT_LIST}: action names the selector restart, which no class implements"
+            self.assertIn(("named_classes", cell), found)
+            self.assertIn(("named_selectors", action), found)
 
 
 class NamedSelectorsTest(PackageTest):

@@ -65,7 +65,8 @@ class OpcodesTest(unittest.TestCase):
 
     def test_programs_that_end_early(self):
         for read, program in (
-            (self.rebased, b"\x30"), (self.rebased, b"\x30\x80"), (self.rebased, b"\x80\x01"), (self.bound, b"\x40_name"),
+            (self.rebased, b"\x30"), (self.rebased, b"\x30\x80"), (self.rebased, b"\x80\x01"),
+            (self.bound, b"\x40_name"),
             (self.bound, b"\x60\xff"), (self.bound, b"\xc0\x01"),
         ):  # fmt: skip
             with self.subTest(program.hex()), self.assertRaisesRegex(CannotTurn, "has fixups that end early"):
@@ -106,7 +107,8 @@ class ChainsTest(unittest.TestCase):
             for optional in (False, True):
                 with self.subTest(fields, optional=optional):
                     wanted = Imported("_name", fields.get("ordinal", 1), optional)
-                    self.assertEqual((form, wanted, fields.get("addend", 0)), self.imported(optional=optional, **fields))
+                    imported = self.imported(optional=optional, **fields)
+                    self.assertEqual((form, wanted, fields.get("addend", 0)), imported)
 
     def test_names_that_are_longer_than_the_small_forms_reach(self):
         long, other = "_" + "a" * (1 << 23), "_other"
@@ -163,7 +165,8 @@ class SignatureTest(unittest.TestCase):
             pages = -(-size // 4096)
             self.assertEqual((20 + 96 + 32 * pages, 96 + 32 * pages),
                              (struct.unpack_from(">I", made, 4)[0], struct.unpack_from(">I", made, 24)[0]))  # fmt: skip
-            self.assertEqual((len(made), pages, size), (Signature(blob).size(size), *struct.unpack_from(">2I", made, 48)))
+            signed = (Signature(blob).size(size), *struct.unpack_from(">2I", made, 48))
+            self.assertEqual((len(made), pages, size), signed)
 
 
 class FrameTest(unittest.TestCase):
@@ -171,7 +174,8 @@ class FrameTest(unittest.TestCase):
 
     def file(self, *commands, size=None, magic=0xFEEDFACF):
         body = b"".join(commands)
-        head = struct.pack("<8I", magic, 0x0100000C, 0x80000002, 6, len(commands), len(body) if size is None else size, 0, 0)
+        head = struct.pack("<8I", magic, 0x0100000C, 0x80000002, 6, len(commands),
+                           len(body) if size is None else size, 0, 0)
         return head + body + bytes(64)
 
     def segment(self, count, room):

@@ -109,7 +109,8 @@ class DocumentsTest(unittest.TestCase):
 
     def test_an_empty_list_and_one_without_entries_are_alike(self):
         for empty in ("[ ]", ""):
-            (document,) = documents(f"---\ninstall-name: /a\nexports:\n  - archs: [ arm64 ]\n    symbols: {empty}\n", "arm64")
+            (document,) = documents(f"---\ninstall-name: /a\nexports:\n  - archs: [ arm64 ]\n    symbols: {empty}\n",
+                                            "arm64")
             self.assertEqual(set(), document.symbols)
         self.assertEqual(set(), documents("---\ninstall-name: /a\nexports:\n", "arm64")[0].symbols)
 

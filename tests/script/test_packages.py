@@ -167,7 +167,8 @@ class PackagesTest(unittest.TestCase):
             'printf "%s:\\n  Installed: (none)\\n  Candidate: $v\\n" "$each"; done'
         )  # fmt: skip
         log = self.tree / "build/log/bootstrap.log"
-        self.assert_refused(f"needs what no package source of this machine has: gcc gobjc. See {log}.", self.bootstrap())
+        told = f"needs what no package source of this machine has: gcc gobjc. See {log}."
+        self.assert_refused(told, self.bootstrap())
 
     def test_when_apt_fails_its_last_lines_are_shown(self):
         self.installed()
@@ -179,7 +180,8 @@ class PackagesTest(unittest.TestCase):
 
     def test_an_unknown_purpose_is_refused(self):
         result = self.bootstrap("everything")
-        self.assertEqual((2, "usage: script/bootstrap run|test|bench|mutate|package|device-test\n"), (result.returncode, result.stderr))
+        usage = "usage: script/bootstrap run|test|bench|mutate|package|device-test\n"
+        self.assertEqual((2, usage), (result.returncode, result.stderr))
 
 
 if __name__ == "__main__":

@@ -67,7 +67,8 @@ class StagesTest(unittest.TestCase):
         self.assertEqual(3, result.returncode)
         lines = result.stderr.splitlines()
         self.assertEqual("Build", lines[0])
-        self.assertRegex(lines[1], rf"^script/sample: Build failed after [0-9mins ]+\. The end of {re.escape(str(self.log))}:$")
+        told = rf"script/sample: Build failed after [0-9mins ]+\. The end of {re.escape(str(self.log))}:"
+        self.assertRegex(lines[1], f"^{told}$")
         self.assertEqual([f"  {number}" for number in range(71, 101)], lines[2:])
 
     def test_a_function_stops_at_its_first_failure(self):
@@ -123,8 +124,10 @@ class StagesTest(unittest.TestCase):
         self.fail("The child of the stage goes on.")
 
     def test_the_times_of_all_stages_come_at_the_end(self):
-        result = self.run_script("stages_times=('61 Build' '5 Tests')\nstages_start=$((EPOCHSECONDS - 3661))\nstage_times")
-        self.assertRegex(result.stderr, r"^ +1 min 01 s  Build\n +5 s  Tests\n +6\d min \d\d s  script/sample in all\n$")
+        times = "stages_times=('61 Build' '5 Tests')\nstages_start=$((EPOCHSECONDS - 3661))"
+        result = self.run_script(f"{times}\nstage_times")
+        told = r"^ +1 min 01 s  Build\n +5 s  Tests\n +6\d min \d\d s  script/sample in all\n$"
+        self.assertRegex(result.stderr, told)
 
 
 if __name__ == "__main__":

@@ -14,20 +14,31 @@ CPP = {".cpp", ".hpp", ".h", ".mm"}
 FOREIGN = {".c": ".cpp", ".cc": ".cpp", ".cxx": ".cpp", ".m": ".mm", ".M": ".mm", ".hh": ".hpp", ".hxx": ".hpp",
            ".cjs": ".js", ".jsx": ".js", ".ts": ".js"}  # fmt: skip
 # Characters in a line. clang-format and eslint keep those of their languages.
-WIDTHS = {".py": 140, ".sh": 140, ".css": 140, ".cmake": 140}
+WIDTH = 120
+NARROW = {".py", ".sh", ".css", ".cmake", ".mk", "Makefile"}
 # Where a tab is part of the language.
 TABBED = {".mk", ".plist", ".in", "Makefile"}
 # Text inside a Makefile inside a string.
 TAB_IN_TEXT = {"tests/packaging/test_commands.py"}
-TEXT = CPP | WIDTHS.keys() | TABBED | {".js", ".mjs", ".json", ".md", ".html", ".svg", ".txt", ".tbd", ".toml"}
+TEXT = CPP | NARROW | TABBED | {".js", ".mjs", ".json", ".md", ".html", ".svg", ".txt", ".tbd", ".toml"}
 
 _OBJECTIVE_C = re.compile(r"^\s*(#import\b|@(interface|implementation|protocol|class)\b)")
+# What declares a constant of a file. Those with a name of Apple's, or the simulator's own beside them, begin with its
+# letters.
+_CONSTANT = re.compile(
+    r"(?:(?:static|inline|extern)\s+)*"
+    r"(?:constexpr\s[^;={(]*?|(?:[\w:]+\s)?[\w:<>]+\s?\*\s?const\s+|const\s[^;={(*&]*?)"
+    r"\b(\w+)\s*(?:\[[^\]]*\])?\s*(?:=(?!=)|\{)"
+)
+_CONSTANT_NAME = re.compile(r"k[A-Z]|[A-Z]{2}")
 _CPP_EXCEPTION = re.compile(r"(?<![@\w])(try\s*\{|catch\s*\()")
 _COMMENT_OR_TEXT = re.compile(r'//.*|"(?:\\.|[^"\\])*"')
 
 
 def kind_of(path, text):
     """The suffix that stands for a file's language: that of a script comes from its first line."""
+    if path.name == "CMakeLists.txt":
+        return ".cmake"
     if path.suffix:
         return path.suffix
     first = text.split("\n", 1)[0]
@@ -57,10 +68,13 @@ def _findings_of_lines(path, kind, lines):
             yield number, "space at the end of the line"
         if "\t" in line and kind not in TABBED and path.as_posix() not in TAB_IN_TEXT:
             yield number, "a tab"
-        if len(line) > WIDTHS.get(kind, len(line)):
-            yield number, f"{len(line)} characters; {WIDTHS[kind]} is the most"
+        if kind in NARROW and len(line) > WIDTH:
+            yield number, f"{len(line)} characters; {WIDTH} is the most"
         if kind == ".cpp" and _OBJECTIVE_C.match(line):
             yield number, "Objective-C belongs in a .mm file"
+        constant = kind in CPP and _CONSTANT.match(line)
+        if constant and not _CONSTANT_NAME.match(constant[1]):
+            yield number, f"the constant {constant[1]} has no k at the beginning of its name"
         # GCC's Objective-C runtime ends the process when a C++ exception is caught in such a file.
         if kind == ".mm" and _CPP_EXCEPTION.search(_COMMENT_OR_TEXT.sub("", line)):
             yield number, "a .mm file cannot catch C++ exceptions: catch them in a .cpp file"
@@ -80,7 +94,8 @@ def _findings_of_header(kind, lines):
 def folders_without_tests(paths):
     """Source folders, relative to the root, that tests/ does not mirror."""
     tests = {parent for path in paths if path.parts[0] == "tests" for parent in path.parents}
-    sources = {path.parent for path in paths if path.parts[0] in ("ZunoPrefs", "simulator") and path.suffix in (".cpp", ".mm")}
+    sources = {path.parent for path in paths
+               if path.parts[0] in ("ZunoPrefs", "simulator") and path.suffix in (".cpp", ".mm")}  # fmt: skip
     return sorted(folder for folder in sources if Path("tests") / folder not in tests)
 
 

@@ -47,21 +47,34 @@ class FindingsTest(unittest.TestCase):
             self.assert_well(name, "a:\n\tb\n")
 
     def test_the_width_is_counted_in_characters(self):
-        for name in ("a.py", "a.sh", "a.css", "a.cmake"):
-            self.assert_told(2, "141 characters; 140 is the most", name, "a\n" + "x" * 141 + "\n")
-            self.assert_well(name, "ä" * 140 + "\n")
+        for name in ("a.py", "a.sh", "a.css", "a.cmake", "a/CMakeLists.txt", "a.mk", "packaging/Makefile"):
+            self.assert_told(2, "121 characters; 120 is the most", name, "a\n" + "x" * 121 + "\n")
+            self.assert_well(name, "ä" * 120 + "\n")
         self.assert_well("a.md", "x" * 500 + "\n")
 
     def test_a_script_is_known_by_its_first_line(self):
         for first in ("#!/usr/bin/env bash", "#!/bin/sh", "#!/usr/bin/python3"):
-            self.assert_told(2, "is the most", "script/run", first + "\n" + "x" * 141 + "\n")
-        self.assert_well("script/data", "x" * 141 + "\n")
+            self.assert_told(2, "is the most", "script/run", first + "\n" + "x" * 121 + "\n")
+        self.assert_well("script/data", "x" * 121 + "\n")
 
     def test_objective_c_is_not_in_a_plain_source(self):
         for line in ("#import <a.h>", "@interface A", "@implementation A", "@protocol A;", "@class A;"):
             self.assert_told(1, "belongs in a .mm file", "a.cpp", line + "\n")
             self.assert_well("a.mm", line + "\n")
         self.assert_well("a.cpp", 'auto a = "@interface";\n')
+
+    def test_constants_of_a_file_begin_with_k(self):
+        for line in ("constexpr int most = 1;", "const std::array<A, 2> all{{", "static const int most = 1;",
+                     "inline constexpr std::size_t most = 1;", "NSString *const name = @\"\";",
+                     "constexpr A corner{1, 2};", "NSString *const names[] = {",
+                     "constexpr const char* name = \"\";"):  # fmt: skip
+            for kind in ("cpp", "mm"):
+                self.assert_told(1, "has no k", f"a.{kind}", line + "\n")
+        for line in ("constexpr int kMost = 1;", "const A kAll[] = {", "const UIFontWeight UIFontWeightThin = 1;",
+                     "NSString *const PSKey = @\"\";", "constexpr int sum(int a) { return a; }",
+                     "  constexpr int local = 1;", "const char* text = nullptr;", "const A *current = nullptr;",
+                     "const A& of(B b) {", "int most = 1;", "constexpr bool operator==(A, B) = default;"):  # fmt: skip
+            self.assert_well("a.mm", line + "\n")
 
     def test_exceptions_of_cpp_are_not_caught_in_objective_c(self):
         for line in ("  try {", "  } catch (...) {", "try{", "catch(int a)"):
@@ -72,7 +85,7 @@ class FindingsTest(unittest.TestCase):
 
     def test_a_header_is_read_once(self):
         self.assert_told(1, "no #pragma once", "a.h", "int a;\n")
-        self.assert_told(1, "no #pragma once", "a.hpp", "// A.\n#import <a.h>\n")
+        self.assert_told(1, "no #pragma once", "a.hpp", "// A.\n#include <a.h>\n")
         self.assert_told(3, "stands twice", "a.h", "#pragma once\n\n#pragma once\n")
         self.assert_well("a.h", "#pragma once\nint a;\n")
         self.assert_well("a.h", "#import <a.h>\n\n@interface A\n@end\n")

@@ -17,7 +17,8 @@ WELL = {
 }
 # Each with what the violation is called.
 ILL = {
-    "simulator/device/Ill.cpp": [("int  ill();\n", "-Wclang-format-violations"), ("#import <a.h>\n", "belongs in a .mm file")],
+    "simulator/device/Ill.cpp": [("int  ill();\n", "-Wclang-format-violations"),
+                                 ("#import <a.h>\n", "belongs in a .mm file")],  # fmt: skip
     "simulator/device/Ill.mm": [("void f() {\n  int*x;\n}\n", "-Wclang-format-violations")],
     "simulator/device/Ill.c": [("int x;\n", "names such a file .cpp")],
     "simulator/web/ill.js": [
@@ -67,6 +68,19 @@ class FormatTest(unittest.TestCase):
     def test_what_is_well_passes(self):
         result = run(self.root, "--check")
         self.assertEqual(0, result.returncode, result.stdout + result.stderr)
+
+    def test_a_tree_that_is_no_clone_is_read_as_one(self):
+        shutil.rmtree(self.root / ".git")
+        self.write("build/ill.c", "")  # .gitignore names it.
+        result = run(self.root, "--check")
+        self.assertEqual((0, ""), (result.returncode, result.stdout + result.stderr))
+        self.write("simulator/device/Ill.cpp", "int  ill();\n")
+        self.write("simulator/device/Ill.c", "")
+        result = run(self.root, "--check")
+        self.assertEqual(1, result.returncode)
+        self.assertIn("Ill.cpp:1:4: error", result.stderr)
+        self.assertIn("simulator/device/Ill.c:1: this tree names such a file .cpp", result.stdout)
+        self.assertFalse((self.root / ".git").exists())
 
     def test_each_violation_is_refused_and_left_alone(self):
         files = {}

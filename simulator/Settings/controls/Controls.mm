@@ -44,8 +44,10 @@ bool writeControlValue(JsonText &out, UIView *control) {
 const char *setControl(UIView *view, const Json &value, bool isFinished) {
   UIView *control = findControl(view);
   const ControlAdapter *adapter = adapterOf(control);
-  if (!adapter || !adapter->set) return "There is nothing to set here.";
-  if (!isFinished && !adapter->isDragged) return "Only a slider is dragged.";
+  if (!adapter) return "This row has no control.";
+  if (!adapter->set) return "This control shows something and cannot be set.";
+  if (!isFinished && !adapter->isDragged)
+    return "Only a slider is dragged: \"finished\": false is not for this control.";
   return adapter->set(control, value, isFinished);
 }
 

@@ -4,8 +4,8 @@ import { Card } from '/panel/Card.js';
 import { SessionContext } from '/session.js';
 
 /**
- * The device's pasteboard, which can be read, replaced, emptied and copied to the computer's clipboard here. `string` is
- * the beginning of a text of `length` UTF-16 units, all of it as a rule; null when there is none.
+ * The device's pasteboard, which can be read, replaced, emptied and copied to the computer's clipboard here. `string`
+ * is the beginning of a text of `length` UTF-16 units, all of it as a rule; null when there is none.
  */
 export function Pasteboard({ string, length }) {
   const session = useContext(SessionContext);

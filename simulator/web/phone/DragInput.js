@@ -1,7 +1,7 @@
 /**
- * Sends the values of a control that is dragged, one after another. Of those that come while one is on its way only the last
- * is sent, so that the device keeps up with the finger or the key; where a finger is lifted is sent before what the next one
- * drags.
+ * Sends the values of a control that is dragged, one after another. Of those that come while one is on its way only the
+ * last is sent, so that the device keeps up with the finger or the key; where a finger is lifted is sent before what
+ * the next one drags.
  */
 export class DragInput {
   #session;
@@ -18,7 +18,10 @@ export class DragInput {
     return this.#running !== null;
   }
 
-  /** `continuous` while the finger stays. Resolves, when all that waits was sent, with whether the last of it was taken. */
+  /**
+   * `continuous` while the finger stays. Resolves, when all that waits was sent, with whether the last of it was
+   * taken.
+   */
   send(value, continuous) {
     if (!continuous) this.#waiting = [];
     else if (this.#waiting.at(-1)?.continuous) this.#waiting.pop();

@@ -1,6 +1,6 @@
 import { html } from '/modules/htm-preact.mjs';
 import { Picture } from '/images.js';
-import { objectFitOf } from '/phone/contentMode.js';
+import { objectFitOf, placeOf } from '/phone/contentMode.js';
 import { imageSizeOf } from '/phone/layout.js';
 import { borderStyle, layerStyle, shadowFilter } from '/phone/look.js';
 
@@ -8,15 +8,16 @@ import { borderStyle, layerStyle, shadowFilter } from '/phone/look.js';
 export function RowPicture({ row }) {
   const { image, imageStyle } = row;
   const size = imageSizeOf(row);
+  const place = placeOf(imageStyle?.contentMode, image, size);
   const picture = (style, name) => html`
-    <${Picture} class=${name} image=${{ ...image, ...size }}
-      style=${{ objectFit: objectFitOf(imageStyle?.contentMode), ...style }} />`;
+    <${Picture} class=${name} image=${{ ...image, ...place?.size ?? size }}
+      style=${{ objectFit: objectFitOf(imageStyle?.contentMode), ...place?.style, ...style }} />`;
   const shadow = { filter: shadowFilter(imageStyle?.shadow) };
-  if (!imageStyle?.layer) return picture(shadow, 'row-picture');
+  if (!imageStyle?.layer && !place) return picture(shadow, 'row-picture');
   const frame = { width: `${size.width}px`, height: `${size.height}px` };
   return html`
     <span class="row-picture" style=${{ ...frame, ...layerStyle(imageStyle.layer, imageStyle.clips) }}>
-      ${picture({ display: 'block' })}
+      ${picture({ display: 'block', ...imageStyle.layer ? {} : shadow })}
       <${Border} layer=${imageStyle.layer} />
     </span>`;
 }

@@ -14,7 +14,10 @@ export function objectFitOf(contentMode) {
   return objectFits[contentMode] ?? 'fill';
 }
 
-/** The size and the style of place that a picture of size `own` has in a view of size `room`; null when it is scaled. */
+/**
+ * The size and the style of place that a picture of size `own` has in a view of size `room`; null when it is
+ * scaled.
+ */
 export function placeOf(contentMode, own, room) {
   const place = places[contentMode];
   if (!place) return null;

@@ -8,8 +8,8 @@ const moves = {
 };
 
 /**
- * The row to focus after `key` on `place` (`{section, row}` each), or null when the key does not move the focus. `canFocus`
- * says of a row whether the focus can be on something in it.
+ * The row to focus after `key` on `place` (`{section, row}` each), or null when the key does not move the focus.
+ * `canFocus` says of a row whether the focus can be on something in it.
  */
 export function nextStop(page, place, key, canFocus) {
   const [direction, count] = moves[key] ?? [];

@@ -21,8 +21,8 @@ export function shadowFilter(shadow) {
 }
 
 /**
- * The styles of a layer: rounded corners, a border inside of the edges, a shadow. `clips`: what lies outside of the layer,
- * or of its round corners, is not drawn; nor is then its shadow.
+ * The styles of a layer: rounded corners, a border inside of the edges, a shadow. `clips`: what lies outside of the
+ * layer, or of its round corners, is not drawn; nor is then its shadow.
  */
 export function layerStyle(layer, clips) {
   const style = clips ? { overflow: 'hidden' } : {};

@@ -99,7 +99,10 @@ function findRow({ sections }, expected, identity) {
   return null;
 }
 
-/** Follows one pointer from the handle until it is lifted. `finish` is given the last drag, null if it was cancelled. */
+/**
+ * Follows one pointer from the handle until it is lifted. `finish` is given the last drag, null if it was
+ * cancelled.
+ */
 function startGesture(event, { page, scroller, table, from, show, finish }) {
   const { pointerId } = event;
   const scale = pixelsPerPoint(table);

@@ -21,7 +21,8 @@ const launchers = {
 };
 const axePath = createRequire(import.meta.url).resolve('axe-core/axe.min.js');
 
-// Running browsers by what sets them apart: a page's colour scheme can be chosen in Chromium, and in Firefox only for all.
+// Running browsers by what sets them apart: a page's colour scheme can be chosen in Chromium, and in Firefox only for
+// all.
 const launched = new Map();
 let axeSource = null;
 

@@ -46,7 +46,10 @@ function checksum(bytes) {
   return ~crc >>> 0;
 }
 
-/** Width, height and the colours of the four corners, clockwise from the upper left, of a picture that a browser reads. */
+/**
+ * Width, height and the colours of the four corners, clockwise from the upper left, of a picture that a browser
+ * reads.
+ */
 export async function readPicture(page, bytes) {
   return page.evaluate(async (base64) => {
     const blob = new Blob([Uint8Array.from(atob(base64), (letter) => letter.charCodeAt(0))]);

@@ -87,7 +87,7 @@ struct Format {
   bool saysZero;
 };
 
-constexpr Format formats[] = {
+constexpr Format kFormats[] = {
     {"png", pngHeader, 1'000'000, true},    {"jpeg", jpegOfSize, 65'500, true},
     {"gif", gifOfSize, 65'535, true},       {"tiff", tiffOfSize, 1'000'000, true},
     {"webp", webpOfSize, 1'000'000, false}, {"heif", heifOfSize, 1'000'000, true},
@@ -116,17 +116,17 @@ void forgetPeak() {
   EXPECT_TRUE(file.good()) << "this system does not forget the peak";
 }
 
-constexpr std::size_t megabyte = 1 << 20;
+constexpr std::size_t kMegabyte = 1 << 20;
 
 TEST(BadImageTests, AHeaderBeyondTheLimitIsRefusedBeforeAnythingIsAllocated) {
-  for (const Format& format : formats) {
+  for (const Format& format : kFormats) {
     const std::uint32_t side = std::min<std::uint32_t>(format.longest, 100'000);
     const File file = format.ofSize(side, side);
     forgetPeak();
     const std::size_t before = peakMemory();
     EXPECT_FALSE(opened(file).source) << format.name;
     EXPECT_FALSE(sim::squareThumbnail(opened(file), 100)) << format.name;
-    EXPECT_LT(peakMemory() - before, 16 * megabyte) << format.name;
+    EXPECT_LT(peakMemory() - before, 16 * kMegabyte) << format.name;
   }
 }
 
@@ -140,7 +140,7 @@ TEST(BadImageTests, TheSameFilesAreGoodWithTheirOwnSizes) {
 }
 
 TEST(BadImageTests, ASideOfNothingIsNoPicture) {
-  for (const Format& format : formats) {
+  for (const Format& format : kFormats) {
     if (!format.saysZero) continue;
     for (const auto& [width, height] : {std::pair{0u, 0u}, {0u, 12u}, {20u, 0u}}) {
       EXPECT_FALSE(hasPixels(format.ofSize(width, height))) << format.name << ' ' << width << " × " << height;
@@ -149,7 +149,7 @@ TEST(BadImageTests, ASideOfNothingIsNoPicture) {
 }
 
 TEST(BadImageTests, AClaimOfAMillionPixelsInARowNeedsNoMoreMemoryThanThese) {
-  for (const Format& format : formats) {
+  for (const Format& format : kFormats) {
     for (const bool stands : {false, true}) {
       const File file = stands ? format.ofSize(1, format.longest) : format.ofSize(format.longest, 1);
       forgetPeak();
@@ -164,7 +164,7 @@ TEST(BadImageTests, AClaimOfAMillionPixelsInARowNeedsNoMoreMemoryThanThese) {
           EXPECT_LE(std::max(small->width(), small->height()), 100) << format.name;
         }
       }
-      EXPECT_LT(peakMemory() - before, 64 * megabyte) << format.name;
+      EXPECT_LT(peakMemory() - before, 64 * kMegabyte) << format.name;
     }
   }
 }
@@ -181,7 +181,7 @@ TEST(BadImageTests, ALargeFrameOnASmallCanvasIsRefused) {
     EXPECT_EQ(image.source->width(), 1);
     EXPECT_EQ(image.source->height(), 1);
   }
-  EXPECT_LT(peakMemory() - before, 64 * megabyte);
+  EXPECT_LT(peakMemory() - before, 64 * kMegabyte);
 }
 
 TEST(BadImageTests, EveryCutOfEveryFormatIsRefused) {
@@ -199,7 +199,7 @@ TEST(BadImageTests, EveryCutOfEveryFormatIsRefused) {
 }
 
 TEST(BadImageTests, GarbageOfManyMegabytesIsNoPicture) {
-  File garbage(20 * megabyte);
+  File garbage(20 * kMegabyte);
   std::uint32_t state = 7;
   for (auto& byte : garbage) byte = std::uint8_t((state = state * 1664525 + 1013904223) >> 24);
   EXPECT_FALSE(opened(garbage).source);

@@ -10,9 +10,9 @@ namespace {
 
 using namespace test_images;
 
-constexpr Pixel clear{0, 0, 0, 0};
-constexpr Pixel red{255, 0, 0, 255};
-constexpr Pixel blue{0, 0, 255, 255};
+constexpr Pixel kClear{0, 0, 0, 0};
+constexpr Pixel kRed{255, 0, 0, 255};
+constexpr Pixel kBlue{0, 0, 255, 255};
 
 class CGContextTests : public ObjCTest {
  protected:
@@ -50,12 +50,12 @@ TEST_F(CGContextTests, FillsAndStrokesInTheirOwnColours) {
   CGContextSetLineWidth(context_, 2);
   CGContextAddRect(context_, CGRectMake(5, 5, 10, 10));
   CGContextDrawPath(context_, kCGPathFillStroke);
-  EXPECT_EQ(pixel(10, 10), red);
-  EXPECT_EQ(pixel(5, 10), blue);
-  EXPECT_EQ(pixel(4, 10), blue);
-  EXPECT_EQ(pixel(2, 10), clear);
+  EXPECT_EQ(pixel(10, 10), kRed);
+  EXPECT_EQ(pixel(5, 10), kBlue);
+  EXPECT_EQ(pixel(4, 10), kBlue);
+  EXPECT_EQ(pixel(2, 10), kClear);
   CGContextFillPath(context_);
-  EXPECT_EQ(pixel(5, 10), blue) << "drawing consumed the path";
+  EXPECT_EQ(pixel(5, 10), kBlue) << "drawing consumed the path";
 }
 
 TEST_F(CGContextTests, SavesAndRestoresWhatDecidesDrawing) {
@@ -66,13 +66,13 @@ TEST_F(CGContextTests, SavesAndRestoresWhatDecidesDrawing) {
   CGContextClipToRect(context_, CGRectMake(0, 0, 5, 5));
   CGContextFillRect(context_, CGRectMake(0, 0, 10, 10));
   CGContextRestoreGState(context_);
-  EXPECT_EQ(pixel(12, 2), blue);
-  EXPECT_EQ(pixel(12, 8), clear);
+  EXPECT_EQ(pixel(12, 2), kBlue);
+  EXPECT_EQ(pixel(12, 8), kClear);
   CGContextFillRect(context_, CGRectMake(0, 0, 5, 20));
-  EXPECT_EQ(pixel(2, 15), red);
+  EXPECT_EQ(pixel(2, 15), kRed);
   CGContextRestoreGState(context_);
   CGContextFillRect(context_, CGRectMake(18, 18, 2, 2));
-  EXPECT_EQ(pixel(19, 19), red);
+  EXPECT_EQ(pixel(19, 19), kRed);
 }
 
 TEST_F(CGContextTests, AlphaMultiplies) {
@@ -88,14 +88,14 @@ TEST_F(CGContextTests, BlendModesStayWithinTheirShape) {
   CGContextSetRGBFillColor(context_, 1, 0, 0, 1);
   CGContextFillRect(context_, CGRectMake(0, 0, 20, 20));
   CGContextClearRect(context_, CGRectMake(0, 0, 5, 5));
-  EXPECT_EQ(pixel(2, 2), clear);
-  EXPECT_EQ(pixel(10, 10), red);
+  EXPECT_EQ(pixel(2, 2), kClear);
+  EXPECT_EQ(pixel(10, 10), kRed);
   CGContextSetBlendMode(context_, kCGBlendModeSourceIn);
   CGContextSetRGBFillColor(context_, 0, 0, 1, 1);
   CGContextFillRect(context_, CGRectMake(0, 0, 10, 10));
-  EXPECT_EQ(pixel(2, 2), clear);
-  EXPECT_EQ(pixel(7, 7), blue);
-  EXPECT_EQ(pixel(15, 15), red) << "untouched outside the shape";
+  EXPECT_EQ(pixel(2, 2), kClear);
+  EXPECT_EQ(pixel(7, 7), kBlue);
+  EXPECT_EQ(pixel(15, 15), kRed) << "untouched outside the shape";
 }
 
 TEST_F(CGContextTests, ClipsToEllipses) {
@@ -103,8 +103,8 @@ TEST_F(CGContextTests, ClipsToEllipses) {
   CGContextClip(context_);
   CGContextSetRGBFillColor(context_, 1, 0, 0, 1);
   CGContextFillRect(context_, CGRectMake(0, 0, 20, 20));
-  EXPECT_EQ(pixel(0, 0), clear);
-  EXPECT_EQ(pixel(10, 10), red);
+  EXPECT_EQ(pixel(0, 0), kClear);
+  EXPECT_EQ(pixel(10, 10), kRed);
 }
 
 TEST_F(CGContextTests, DrawsImagesUpsideDown) {
@@ -112,8 +112,8 @@ TEST_F(CGContextTests, DrawsImagesUpsideDown) {
   CGContextSetInterpolationQuality(context_, kCGInterpolationNone);
   CGContextDrawImage(context_, CGRectMake(0, 0, 20, 20), image);
   EXPECT_EQ(pixel(2, 18), (Pixel{0, 255, 0, 255}));
-  EXPECT_EQ(pixel(2, 2), red);
-  EXPECT_EQ(pixel(18, 2), blue);
+  EXPECT_EQ(pixel(2, 2), kRed);
+  EXPECT_EQ(pixel(18, 2), kBlue);
   CGImageRelease(image);
 }
 
@@ -122,7 +122,7 @@ TEST_F(CGContextTests, TransformsWithoutAnInverseAreIgnored) {
   CGContextScaleCTM(context_, NAN, 1);
   CGContextSetRGBFillColor(context_, 1, 0, 0, 1);
   CGContextFillRect(context_, CGRectMake(0, 0, 20, 20));
-  EXPECT_EQ(pixel(10, 10), red);
+  EXPECT_EQ(pixel(10, 10), kRed);
 }
 
 TEST_F(CGContextTests, RectanglesLeaveTheCurrentPathAlone) {
@@ -134,8 +134,8 @@ TEST_F(CGContextTests, RectanglesLeaveTheCurrentPathAlone) {
   CGContextAddLineToPoint(context_, 0, 10);
   CGContextClosePath(context_);
   CGContextFillPath(context_);
-  EXPECT_EQ(pixel(2, 8), red);
-  EXPECT_EQ(pixel(17, 17), red);
+  EXPECT_EQ(pixel(2, 8), kRed);
+  EXPECT_EQ(pixel(17, 17), kRed);
 }
 
 TEST_F(CGContextTests, DashesLeaveGaps) {

@@ -12,8 +12,8 @@ namespace {
 
 using namespace test_images;
 
-constexpr Pixel clear{0, 0, 0, 0};
-constexpr Pixel red{255, 0, 0, 255};
+constexpr Pixel kClear{0, 0, 0, 0};
+constexpr Pixel kRed{255, 0, 0, 255};
 
 sim::BitmapPtr pixelsOf(UIImage *image) { return sim::sourceOf([image CGImage])->bitmap(); }
 
@@ -78,8 +78,8 @@ TEST_F(UIGraphicsTests, AnImageIsAsItWasWhenItWasTaken) {
   UIRectFill(CGRectMake(0, 0, 2, 2));
   UIImage *after = UIGraphicsGetImageFromCurrentImageContext();
   UIGraphicsEndImageContext();
-  EXPECT_EQ(at(*pixelsOf(before), 0, 0), clear);
-  EXPECT_EQ(at(*pixelsOf(after), 0, 0), red);
+  EXPECT_EQ(at(*pixelsOf(before), 0, 0), kClear);
+  EXPECT_EQ(at(*pixelsOf(after), 0, 0), kRed);
 }
 
 TEST_F(UIGraphicsTests, WithoutAContextNothingHappens) {
@@ -107,15 +107,15 @@ TEST_F(UIGraphicsTests, ContextsWithoutAreaDrawNowhere) {
 
 TEST_F(UIGraphicsTests, RectanglesOfAllKinds) {
   const auto framed = drawing([] { UIRectFrame(CGRectMake(2, 2, 10, 10)); });
-  EXPECT_EQ(at(*framed, 2, 2), red);
-  EXPECT_EQ(at(*framed, 11, 11), red);
-  EXPECT_EQ(at(*framed, 5, 5), clear);
+  EXPECT_EQ(at(*framed, 2, 2), kRed);
+  EXPECT_EQ(at(*framed, 11, 11), kRed);
+  EXPECT_EQ(at(*framed, 5, 5), kClear);
   const auto clipped = drawing([] {
     UIRectClip(CGRectMake(0, 0, 5, 5));
     UIRectFill(CGRectMake(0, 0, 20, 20));
   });
-  EXPECT_EQ(at(*clipped, 4, 4), red);
-  EXPECT_EQ(at(*clipped, 5, 5), clear);
+  EXPECT_EQ(at(*clipped, 4, 4), kRed);
+  EXPECT_EQ(at(*clipped, 5, 5), kClear);
 }
 
 TEST_F(UIGraphicsTests, ARoundedClipCutsTheCorners) {
@@ -131,10 +131,10 @@ TEST_F(UIGraphicsTests, ARoundedClipCutsTheCorners) {
   const auto result = pixelsOf(rounded);
   ASSERT_EQ(result->width(), 60);
   for (const int x : {0, 59}) {
-    for (const int y : {0, 59}) EXPECT_EQ(at(*result, x, y), clear) << x << ',' << y;
+    for (const int y : {0, 59}) EXPECT_EQ(at(*result, x, y), kClear) << x << ',' << y;
   }
   EXPECT_EQ(at(*result, 18, 0), (Pixel{0, 255, 0, 255})) << "where the curve ends";
-  EXPECT_EQ(at(*result, 0, 30), red);
+  EXPECT_EQ(at(*result, 0, 30), kRed);
   EXPECT_EQ(at(*result, 59, 30), (Pixel{0, 0, 255, 255}));
   EXPECT_EQ(at(*result, 6, 6).alpha, 255) << "inside the curve";
   EXPECT_EQ(at(*result, 4, 4).alpha, 0) << "outside the curve";
@@ -147,10 +147,10 @@ TEST_F(UIBezierPathTests, RoundsTheCornersAskedFor) {
                                              byRoundingCorners:UIRectCornerTopLeft | UIRectCornerBottomRight
                                                    cornerRadii:CGSizeMake(8, 8)];
   const auto picture = drawing([&] { [path fill]; });
-  EXPECT_EQ(at(*picture, 0, 0), clear);
-  EXPECT_EQ(at(*picture, 19, 0), red);
-  EXPECT_EQ(at(*picture, 0, 19), red);
-  EXPECT_EQ(at(*picture, 19, 19), clear);
+  EXPECT_EQ(at(*picture, 0, 0), kClear);
+  EXPECT_EQ(at(*picture, 19, 0), kRed);
+  EXPECT_EQ(at(*picture, 0, 19), kRed);
+  EXPECT_EQ(at(*picture, 19, 19), kClear);
 }
 
 TEST_F(UIBezierPathTests, ARadiusBeyondHalfIsCut) {
@@ -164,16 +164,16 @@ TEST_F(UIBezierPathTests, ARadiusBeyondHalfIsCut) {
 
 TEST_F(UIBezierPathTests, OvalsLinesAndCurves) {
   const auto oval = drawing([] { [[UIBezierPath bezierPathWithOvalInRect:CGRectMake(0, 0, 20, 20)] fill]; });
-  EXPECT_EQ(at(*oval, 10, 10), red);
-  EXPECT_EQ(at(*oval, 1, 1), clear);
+  EXPECT_EQ(at(*oval, 10, 10), kRed);
+  EXPECT_EQ(at(*oval, 1, 1), kClear);
   UIBezierPath *triangle = [UIBezierPath bezierPath];
   [triangle moveToPoint:CGPointMake(0, 0)];
   [triangle addLineToPoint:CGPointMake(20, 0)];
   [triangle addQuadCurveToPoint:CGPointMake(0, 20) controlPoint:CGPointMake(0, 0)];
   [triangle closePath];
   const auto picture = drawing([&] { [triangle fill]; });
-  EXPECT_EQ(at(*picture, 2, 2), red);
-  EXPECT_EQ(at(*picture, 15, 15), clear);
+  EXPECT_EQ(at(*picture, 2, 2), kRed);
+  EXPECT_EQ(at(*picture, 15, 15), kClear);
   UIBezierPath *line = [UIBezierPath bezierPath];
   [line addLineToPoint:CGPointMake(5, 5)];
   EXPECT_TRUE([line isEmpty]) << "no current point";
@@ -185,24 +185,24 @@ TEST_F(UIBezierPathTests, StrokesWithItsOwnWidth) {
   [line addLineToPoint:CGPointMake(20, 10)];
   [line setLineWidth:6];
   const auto picture = drawing([&] { [line stroke]; });
-  EXPECT_EQ(at(*picture, 10, 7), red);
-  EXPECT_EQ(at(*picture, 10, 12), red);
-  EXPECT_EQ(at(*picture, 10, 14), clear);
+  EXPECT_EQ(at(*picture, 10, 7), kRed);
+  EXPECT_EQ(at(*picture, 10, 12), kRed);
+  EXPECT_EQ(at(*picture, 10, 14), kClear);
 }
 
 TEST_F(UIBezierPathTests, EvenOddLeavesHoles) {
   UIBezierPath *ring = [UIBezierPath bezierPathWithRect:CGRectMake(0, 0, 20, 20)];
   [ring appendPath:[UIBezierPath bezierPathWithRect:CGRectMake(5, 5, 10, 10)]];
   [ring setUsesEvenOddFillRule:YES];
-  EXPECT_EQ(at(*drawing([&] { [ring fill]; }), 10, 10), clear);
+  EXPECT_EQ(at(*drawing([&] { [ring fill]; }), 10, 10), kClear);
   EXPECT_EQ(at(*drawing([&] {
               [ring addClip];
               UIRectFill(CGRectMake(0, 0, 20, 20));
             }),
                10, 10),
-            clear);
+            kClear);
   [ring setUsesEvenOddFillRule:NO];
-  EXPECT_EQ(at(*drawing([&] { [ring fill]; }), 10, 10), red);
+  EXPECT_EQ(at(*drawing([&] { [ring fill]; }), 10, 10), kRed);
 }
 
 TEST_F(UIBezierPathTests, ArcsAreClockwiseAsSeen) {
@@ -242,8 +242,8 @@ TEST_F(UIGraphicsImageRendererTests, DrawsInABlock) {
     [context fillRect:CGRectMake(0, 0, 5, 10)];
   }];
   EXPECT_EQ([image scale], 2);
-  EXPECT_EQ(at(*pixelsOf(image), 9, 9), red);
-  EXPECT_EQ(at(*pixelsOf(image), 10, 10), clear);
+  EXPECT_EQ(at(*pixelsOf(image), 9, 9), kRed);
+  EXPECT_EQ(at(*pixelsOf(image), 10, 10), kClear);
   NSData *png = [renderer PNGDataWithActions:nil];
   EXPECT_TRUE(CGSizeEqualToSize([[UIImage imageWithData:png] size], CGSizeMake(20, 20)));
 }

@@ -37,7 +37,7 @@ using testing_support::tableShowing;
 
 namespace {
 
-constexpr auto none = UITableViewRowAnimationNone;
+constexpr auto kNone = UITableViewRowAnimationNone;
 
 class UITableViewUpdatesTest : public ObjCTest {
  protected:
@@ -58,7 +58,7 @@ TEST_F(UITableViewUpdatesTest, InsertedRowsShowAtOnceAndOthersKeepTheirCells) {
   show({2});
   UITableViewCell *former = [table() cellForRowAtIndexPath:at(0, 1)];
   [section(0) insertObject:@"new" atIndex:1];
-  [table() insertRowsAtIndexPaths:@[ at(0, 1) ] withRowAnimation:none];
+  [table() insertRowsAtIndexPaths:@[ at(0, 1) ] withRowAnimation:kNone];
   EXPECT_EQ(liveRows(table()), "a0 new a1");
   EXPECT_EQ([table() cellForRowAtIndexPath:at(0, 2)], former);
   EXPECT_EQ([former frame].origin.y, 88);
@@ -80,7 +80,7 @@ TEST_F(UITableViewUpdatesTest, ReloadedRowsAreAskedForAgain) {
   [section(0) replaceObjectAtIndex:1 withObject:@"changed"];
   EXPECT_EQ(liveRows(table()), "a0 a1");
   rows_.get()->cellsGiven = 0;
-  [table() reloadRowsAtIndexPaths:@[ at(0, 1) ] withRowAnimation:none];
+  [table() reloadRowsAtIndexPaths:@[ at(0, 1) ] withRowAnimation:kNone];
   EXPECT_EQ(liveRows(table()), "a0 changed");
   EXPECT_EQ(rows_.get()->cellsGiven, 1);
 }
@@ -90,8 +90,8 @@ TEST_F(UITableViewUpdatesTest, ABatchIsOneUpdate) {
   [section(0) setArray:@[ @"a1" ]];
   [section(1) setArray:@[ @"a2", @"b0", @"new", @"b1" ]];
   [table() beginUpdates];
-  [table() deleteRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:none];
-  [table() insertRowsAtIndexPaths:@[ at(1, 2) ] withRowAnimation:none];
+  [table() deleteRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:kNone];
+  [table() insertRowsAtIndexPaths:@[ at(1, 2) ] withRowAnimation:kNone];
   [table() moveRowAtIndexPath:at(0, 2) toIndexPath:at(1, 0)];
   EXPECT_EQ([table() numberOfRowsInSection:0], 3);
   [table() endUpdates];
@@ -102,13 +102,13 @@ TEST_F(UITableViewUpdatesTest, ABatchIsOneUpdate) {
 TEST_F(UITableViewUpdatesTest, SectionsComeGoAndAreReloaded) {
   show({1, 1});
   [rows_.get()->sections.get() insertObject:[NSMutableArray arrayWithObject:@"new"] atIndex:0];
-  [table() insertSections:[NSIndexSet indexSetWithIndex:0] withRowAnimation:none];
+  [table() insertSections:[NSIndexSet indexSetWithIndex:0] withRowAnimation:kNone];
   EXPECT_EQ(liveRows(table()), "new a0 b0");
   [rows_.get()->sections.get() removeObjectAtIndex:1];
-  [table() deleteSections:[NSIndexSet indexSetWithIndex:1] withRowAnimation:none];
+  [table() deleteSections:[NSIndexSet indexSetWithIndex:1] withRowAnimation:kNone];
   EXPECT_EQ(describedRows(table()), "new | b0");
   [section(1) addObject:@"b1"];
-  [table() reloadSections:[NSIndexSet indexSetWithIndex:1] withRowAnimation:none];
+  [table() reloadSections:[NSIndexSet indexSetWithIndex:1] withRowAnimation:kNone];
   EXPECT_EQ(liveRows(table()), "new b0 b1");
   [rows_.get()->sections.get() exchangeObjectAtIndex:0 withObjectAtIndex:1];
   [table() moveSection:1 toSection:0];
@@ -123,16 +123,16 @@ TEST_F(UITableViewUpdatesTest, WrongCountsRaiseAndLeaveAUsableTable) {
     return name;
   };
   const std::string inconsistent = "NSInternalInconsistencyException";
-  EXPECT_EQ(wrong([](UITableView *table) { [table insertRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:none]; }),
+  EXPECT_EQ(wrong([](UITableView *table) { [table insertRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:kNone]; }),
             inconsistent);
-  EXPECT_EQ(wrong([](UITableView *table) { [table deleteRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:none]; }),
+  EXPECT_EQ(wrong([](UITableView *table) { [table deleteRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:kNone]; }),
             inconsistent);
-  EXPECT_EQ(wrong([](UITableView *table) { [table deleteRowsAtIndexPaths:@[ at(0, 7) ] withRowAnimation:none]; }),
+  EXPECT_EQ(wrong([](UITableView *table) { [table deleteRowsAtIndexPaths:@[ at(0, 7) ] withRowAnimation:kNone]; }),
             inconsistent);
-  EXPECT_EQ(wrong([](UITableView *table) { [table reloadRowsAtIndexPaths:@[ at(3, 0) ] withRowAnimation:none]; }),
+  EXPECT_EQ(wrong([](UITableView *table) { [table reloadRowsAtIndexPaths:@[ at(3, 0) ] withRowAnimation:kNone]; }),
             inconsistent);
   EXPECT_EQ(
-      wrong([](UITableView *table) { [table insertSections:[NSIndexSet indexSetWithIndex:0] withRowAnimation:none]; }),
+      wrong([](UITableView *table) { [table insertSections:[NSIndexSet indexSetWithIndex:0] withRowAnimation:kNone]; }),
       inconsistent);
   EXPECT_EQ(wrong([](UITableView *table) { [table endUpdates]; }), inconsistent);
 }
@@ -140,7 +140,7 @@ TEST_F(UITableViewUpdatesTest, WrongCountsRaiseAndLeaveAUsableTable) {
 TEST_F(UITableViewUpdatesTest, ChangesWithoutAnUpdateAreFoundAtTheNextOne) {
   show({2});
   [section(0) addObject:@"unannounced"];
-  EXPECT_EQ(raisedBy([&] { [table() reloadRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:none]; }),
+  EXPECT_EQ(raisedBy([&] { [table() reloadRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:kNone]; }),
             "NSInternalInconsistencyException");
 }
 
@@ -150,7 +150,7 @@ TEST_F(UITableViewUpdatesTest, TheCompletionComesFromTheMainQueue) {
   [table()
       performBatchUpdates:^{
         [section(0) addObject:@"new"];
-        [table() insertRowsAtIndexPaths:@[ at(0, 1) ] withRowAnimation:none];
+        [table() insertRowsAtIndexPaths:@[ at(0, 1) ] withRowAnimation:kNone];
       }
       completion:^(BOOL done) {
         finished += done ? 1 : 100;
@@ -165,10 +165,10 @@ TEST_F(UITableViewUpdatesTest, SelectionMovesAlongWithItsRow) {
   show({3});
   [table() selectRowAtIndexPath:at(0, 1) animated:NO scrollPosition:UITableViewScrollPositionNone];
   [section(0) insertObject:@"new" atIndex:0];
-  [table() insertRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:none];
+  [table() insertRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:kNone];
   EXPECT_OBJC_EQ([table() indexPathForSelectedRow], at(0, 2));
   [section(0) removeObjectAtIndex:2];
-  [table() deleteRowsAtIndexPaths:@[ at(0, 2) ] withRowAnimation:none];
+  [table() deleteRowsAtIndexPaths:@[ at(0, 2) ] withRowAnimation:kNone];
   EXPECT_OBJC_EQ([table() indexPathForSelectedRow], nil);
 }
 
@@ -178,7 +178,7 @@ TEST_F(UITableViewUpdatesTest, UpdatesBeforeTheFirstLayoutCountFromWhatIsThen) {
   [table() setDataSource:rows_.get()];
   [table() beginUpdates];
   [section(0) addObject:@"new"];
-  [table() insertRowsAtIndexPaths:@[ at(0, 1) ] withRowAnimation:none];
+  [table() insertRowsAtIndexPaths:@[ at(0, 1) ] withRowAnimation:kNone];
   [table() endUpdates];
   EXPECT_EQ(liveRows(table()), "a0 new");
 }
@@ -189,7 +189,7 @@ TEST_F(UITableViewUpdatesTest, ARowMayBeReloadedWhileAnotherIsMade) {
   EXPECT_EQ(liveRows(table.get()), "a0 a1 a2");
   EXPECT_EQ(describedRows(table.get()), "a0 a1 a2");
   [[rows.get() section:0] replaceObjectAtIndex:1 withObject:@"changed"];
-  [table.get() reloadRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:none];
+  [table.get() reloadRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:kNone];
   EXPECT_EQ(liveRows(table.get()), "a0 changed a2");
 }
 

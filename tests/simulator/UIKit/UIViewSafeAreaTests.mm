@@ -11,14 +11,14 @@ using testing_support::at;
 
 namespace {
 
-constexpr UIEdgeInsets upright{47, 0, 34, 0};
-constexpr UIEdgeInsets onItsSide{0, 47, 21, 47};
+constexpr UIEdgeInsets kUpright{47, 0, 34, 0};
+constexpr UIEdgeInsets kOnItsSide{0, 47, 21, 47};
 
 class SafeAreaTest : public ObjCTest {
  protected:
   void SetUp() override {
     ObjCTest::SetUp();
-    SIMSetMainScreen(CGSizeMake(390, 844), 3, upright);
+    SIMSetMainScreen(CGSizeMake(390, 844), 3, kUpright);
     window_ = adopt([[UIWindow alloc] init]);
   }
   void TearDown() override {
@@ -32,8 +32,8 @@ class SafeAreaTest : public ObjCTest {
     [window_.get() setFrame:[[UIScreen mainScreen] bounds]];
     [window_.get() layoutIfNeeded];
   }
-  void lay() { turnTo(CGSizeMake(844, 390), onItsSide); }
-  void stand() { turnTo(CGSizeMake(390, 844), upright); }
+  void lay() { turnTo(CGSizeMake(844, 390), kOnItsSide); }
+  void stand() { turnTo(CGSizeMake(390, 844), kUpright); }
 
   objcxx::Retained<UIViewController> pageInStack() {
     auto page = adopt([[UIViewController alloc] init]);
@@ -66,7 +66,7 @@ class SafeAreaTest : public ObjCTest {
 };
 
 TEST_F(SafeAreaTest, ReachesIntoAViewAsFarAsTheViewLiesThere) {
-  expectInsets(window_.get(), upright);
+  expectInsets(window_.get(), kUpright);
   const auto inside = adopt([[UIView alloc] initWithFrame:CGRectMake(0, 40, 390, 780)]);
   expectInsets(inside.get(), UIEdgeInsetsZero);
   [window_.get() addSubview:inside.get()];
@@ -86,7 +86,7 @@ TEST_F(SafeAreaTest, TheNavigationBarIsPartOfIt) {
   expectInsets([page.get() view], UIEdgeInsetsMake(32, 47, 21, 47));
   EXPECT_TRUE(CGRectEqualToRect([[stack_.get() navigationBar] frame], CGRectMake(0, 0, 844, 32)));
   [stack_.get() setNavigationBarHidden:YES];
-  expectInsets([page.get() view], onItsSide);
+  expectInsets([page.get() view], kOnItsSide);
   SIMSetMainScreen(CGSizeMake(1180, 820), 2, UIEdgeInsetsMake(24, 0, 20, 0));
   [stack_.get() setNavigationBarHidden:NO];
   [window_.get() setFrame:[[UIScreen mainScreen] bounds]];

@@ -54,7 +54,7 @@ using testing_support::windowShowing;
 
 namespace {
 
-constexpr UIEdgeInsets sides{0, 47, 21, 47};
+constexpr UIEdgeInsets kSides{0, 47, 21, 47};
 
 class UIWindowScreenTest : public ObjCTest {
  protected:
@@ -71,7 +71,7 @@ class UIWindowScreenTest : public ObjCTest {
     made.get()->name = name;
     return made;
   }
-  void lay() { [window_.get() sim_changeScreenToSize:CGSizeMake(844, 390) scale:3 safeArea:sides]; }
+  void lay() { [window_.get() sim_changeScreenToSize:CGSizeMake(844, 390) scale:3 safeArea:kSides]; }
 
   std::vector<std::string> events_;
   objcxx::Retained<UIWindow> window_;
@@ -113,7 +113,7 @@ TEST_F(UIWindowScreenTest, TheSameSizeIsNoTurn) {
 TEST_F(UIWindowScreenTest, NoScreenIsNoTurn) {
   const auto root = page("A");
   window_ = windowShowing(root.get());
-  [window_.get() sim_changeScreenToSize:CGSizeMake(0, 390) scale:3 safeArea:sides];
+  [window_.get() sim_changeScreenToSize:CGSizeMake(0, 390) scale:3 safeArea:kSides];
   [window_.get() sim_changeScreenToSize:CGSizeMake(844, 390) scale:3 safeArea:UIEdgeInsetsMake(0, 800, 0, 800)];
   EXPECT_EQ(takeEvents(events_), "");
   EXPECT_EQ([window_.get() bounds].size.width, 390);

@@ -98,8 +98,11 @@ TEST_F(FileTreeTests, AFolderIsMadeWithItsParentsOrAlone) {
   EXPECT_EQ(sim::makeFolder(path("x/y"), false), ENOENT);
   EXPECT_EQ(sim::makeFolder(path("x"), false), 0);
   test::writeText(path("file"), "");
-  EXPECT_EQ(sim::makeFolder(path("file"), true), EEXIST);
+  EXPECT_EQ(sim::makeFolder(path("file"), true), ENOTDIR);
+  EXPECT_EQ(sim::makeFolder(path("file"), false), EEXIST);
   EXPECT_EQ(sim::makeFolder(path("file/below"), true), ENOTDIR);
+  std::filesystem::create_symlink("nowhere", path("dangling"));
+  EXPECT_EQ(sim::makeFolder(path("dangling"), true), ENOTDIR);
   EXPECT_EQ(sim::makeFolder("", true), ENOENT);
 }
 

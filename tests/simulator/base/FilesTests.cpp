@@ -119,6 +119,17 @@ TEST_F(FilesTests, TheFileAndThenItsFolderAreOnTheDisk) {
   EXPECT_EQ(synced[1], folder_.path().string());
 }
 
+TEST_F(FilesTests, ANameWithoutAFolderIsOfTheCurrentOne) {
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(folder_.path());
+  EXPECT_EQ(sim::writeFileAtomically("file", bytesOf("content")), 0);
+  std::filesystem::current_path(before);
+  EXPECT_EQ(text("file"), "content");
+  ASSERT_THAT(synced, SizeIs(2));
+  EXPECT_TRUE(synced[0].starts_with(path(".simulator-write-"))) << synced[0];
+  EXPECT_EQ(synced[1], folder_.path().string());
+}
+
 TEST_F(FilesTests, AFileThatDoesNotReachTheDiskIsNotWritten) {
   EXPECT_EQ(write("file", "old"), 0);
   syncError = EIO;

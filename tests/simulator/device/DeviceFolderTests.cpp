@@ -8,8 +8,10 @@
 
 #include <unistd.h>
 
+#include <map>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -52,6 +54,20 @@ TEST_F(DeviceFolderTests, InstallsTheTree) {
   EXPECT_EQ(test::readText(path() / "var/jb/Library/PreferenceBundles/A.bundle/Info.plist"), "x");
 }
 
+TEST_F(DeviceFolderTests, PermissionsAreThoseOfAPackageWhoeverBuiltTheTree) {
+  const auto tree = folder_.path() / "tree";
+  const std::map<std::string, std::pair<unsigned, unsigned>> modes{
+      {"a", {0600, 0644}}, {"b", {0700, 0755}}, {"c", {0666, 0644}}, {"d", {0777, 0755}}, {"e", {0444, 0644}}};
+  for (const auto& [name, mode] : modes) {
+    test::writeText(tree / name, "x");
+    std::filesystem::permissions(tree / name, std::filesystem::perms{mode.first});
+  }
+  DeviceFolder device(path());
+  device.install(tree);
+  for (const auto& [name, mode] : modes)
+    EXPECT_EQ(std::filesystem::status(path() / name).permissions(), std::filesystem::perms{mode.second}) << name;
+}
+
 TEST_F(DeviceFolderTests, FollowsATreeThatChanges) {
   const auto file = folder_.path() / "tree/a";
   test::writeText(file, "one");
@@ -83,7 +99,8 @@ TEST_F(DeviceFolderTests, AFailureOnTheWayKeepsTheAccountOfWhatWasInstalled) {
   DeviceFolder device(path());
   test::writeText(folder_.path() / "tree/b/c", "two");
   test::writeText(path() / "b", "a file in the folder's place");
-  EXPECT_THAT(failureOf([&] { device.install(folder_.path() / "tree"); }), StartsWith("Cannot make "));
+  EXPECT_EQ(failureOf([&] { device.install(folder_.path() / "tree"); }),
+            "Cannot make " + path().string() + "/b: Not a directory.");
   EXPECT_THAT(test::readText(path() / ".simulator/installed.json"), HasSubstr("\"a\""));
 }
 
@@ -99,6 +116,9 @@ TEST_F(DeviceFolderTests, AFileOnTheWayIsSaid) {
 }
 
 TEST_F(DeviceFolderTests, AFileInPlaceOfAStandardFolderIsSaid) {
+  test::writeText(path() / "Applications", "x");
+  EXPECT_EQ(openFailure(), "Cannot make the folder " + path().string() + "/Applications: Not a directory.");
+  std::filesystem::remove(path() / "Applications");
   test::writeText(path() / "var", "x");
   EXPECT_THAT(openFailure(), StartsWith("Cannot make the folder " + path().string() + "/var/"));
 }

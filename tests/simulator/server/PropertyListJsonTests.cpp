@@ -13,12 +13,19 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace {
 
 using nlohmann::json;
 
 std::optional<json> shown(std::string_view bytes) { return sim::propertyListJson(std::as_bytes(std::span(bytes))); }
+
+std::string problemOf(std::string_view bytes) {
+  const char* problem = "";
+  EXPECT_EQ(sim::propertyListJson(std::as_bytes(std::span(bytes)), &problem), std::nullopt);
+  return problem;
+}
 
 std::string xml(const std::string& content) {
   return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
@@ -129,9 +136,32 @@ TEST(PropertyListJsonTests, WhatIsLeftOutIsReadAllTheSame) {
 
 TEST(PropertyListJsonTests, LongKeysAreCut) {
   const std::string key = repeated("\u00E4", 3'000);
-  const json expected{{repeated("\u00E4", 2'048) + "\u2026", true}};
+  const json expected{{repeated("\u00E4", 2'049) + "\u2026", true}};
   EXPECT_EQ(read("<dict><key>" + key + "</key><true/></dict>"), expected);
   EXPECT_EQ(read("<dict><key>" + repeated("k", 4'096) + "</key><true/></dict>"), (json{{repeated("k", 4'096), true}}));
+}
+
+TEST(PropertyListJsonTests, LongKeysThatBeginAlikeAreToldApart) {
+  const std::string key = repeated("k", 5'000);
+  const std::string cut = repeated("k", 4'099) + "\u2026";
+  EXPECT_EQ(read("<dict><key>" + key + "1</key><string>a</string><key>" + key + "2</key><string>b</string><key>" + key +
+                 "3</key><array><string>c</string></array></dict>"),
+            (json{{cut, "a"}, {cut + " (2)", "b"}, {cut + " (3)", {"c"}}}));
+  const std::string whole = repeated("k", 4'093) + "\u2026";
+  EXPECT_EQ(read("<dict><key>" + repeated("k", 4'093) + "\U0001F600</key><string>a</string><key>" + whole +
+                 "</key><string>b</string></dict>")
+                .size(),
+            2u)
+      << "a short key is never mistaken for a cut one";
+}
+
+TEST(PropertyListJsonTests, WhatIsLeftOutTakesNoKeysPlace) {
+  std::string entries = "<key>\u2026</key><string>dots</string><key>\u2026 (2)</key><string>two</string>";
+  for (int i = 0; i < 1'000; ++i) entries += "<key>" + std::to_string(i) + "</key><true/>";
+  const json all = read("<dict>" + entries + "</dict>");
+  EXPECT_EQ(all.value("\u2026", json()), "dots");
+  EXPECT_EQ(all.value("\u2026 (2)", json()), "two");
+  EXPECT_EQ(all.value("\u2026 (3)", json()), json::parse(R"({"omitted":2})"));
 }
 
 TEST(PropertyListJsonTests, OfEqualKeysTheLastCounts) {
@@ -156,7 +186,7 @@ TEST(PropertyListJsonTests, AnythingElseIsNone) {
        {std::string(), std::string("hello"), std::string("bplist00"), std::string(1000, '\0'),
         whole.substr(0, whole.size() / 2), xml("<dict><key>a</key>").substr(0, 200), std::string("<plist>"), xml(""),
         std::string("{\"a\":1}")})
-    EXPECT_EQ(shown(bytes), std::nullopt) << bytes.substr(0, 60);
+    EXPECT_EQ(problemOf(bytes), "The file is no property list.") << bytes.substr(0, 60);
 }
 
 TEST(PropertyListJsonTests, EveryCutOfAFileIsSurvived) {
@@ -207,6 +237,40 @@ TEST(PropertyListJsonTests, DataThatMultipliesIsRefused) {
   maker.addArray({3, 3, 3, 3, 3, 3, 3, 3});
   maker.addData(2 << 20);
   EXPECT_EQ(shown(maker.finish()), std::nullopt);
+}
+
+TEST(PropertyListJsonTests, ValuesBeyondAMillionAreTooMuch) {
+  const auto list = [](std::uint32_t values) {
+    test::BinaryPropertyList maker;
+    maker.addArray(std::vector<std::uint32_t>(values - 1, 1));
+    maker.addArray({});
+    return maker.finish();
+  };
+  EXPECT_EQ(shown(list(1'000'000))->back(), json::parse(R"({"omitted":998999})"));
+  EXPECT_EQ(problemOf(list(1'000'001)), "The file holds too much to be shown.");
+  EXPECT_EQ(problemOf(xml("<array>" + repeated("<true/>", 1'000'000) + "</array>")),
+            "The file holds too much to be shown.");
+}
+
+TEST(PropertyListJsonTests, BytesBeyondTheLimitAreTooMuch) {
+  const auto list = [](void (*add)(test::BinaryPropertyList&), std::uint32_t count) {
+    test::BinaryPropertyList maker;
+    maker.addArray(std::vector<std::uint32_t>(count, 1));
+    add(maker);
+    return maker.finish();
+  };
+  constexpr std::size_t size = 16 << 20;
+  const auto addText = [](test::BinaryPropertyList& maker) { maker.addText(std::string(size, 'x')); };
+  const auto addData = [](test::BinaryPropertyList& maker) { maker.addData(size); };
+  const auto addKey = [](test::BinaryPropertyList& maker) {
+    maker.addDictionary({2}, {3});
+    maker.addText(std::string(size, 'x'));
+    maker.addTrue();
+  };
+  for (const auto add : {+addText, +addData, +addKey}) {
+    EXPECT_EQ(shown(list(add, 8))->size(), 8u);
+    EXPECT_EQ(problemOf(list(add, 9)), "The file holds too much to be shown.");
+  }
 }
 
 TEST(PropertyListJsonTests, CirclesAreRefused) {

@@ -8,7 +8,7 @@
 namespace test_images {
 namespace {
 
-constexpr const char* heifBase64 =
+constexpr const char* kHeifBase64 =
     "AAAAHGZ0eXBoZWljAAAAAG1pZjFoZWljbWlhZgAAAa1tZXRhAAAAAAAAACFoZGxyAAAAAAAAAABwaWN0AAAAAAAAAAAAAAAAAAAAAA5waXRt"
     "AAAAAAACAAAAEGlkYXQAAAAAAEAAIAAAADhpbG9jAQAAAERAAAIAAQAAAAAAAAHRAAEAAAAAAAAAgQACAAEAAAAAAAAAAQAAAAAAAAAIAAAA"
     "OGlpbmYAAAAAAAIAAAAVaW5mZQIAAAEAAQAAaHZjMQAAAAAVaW5mZQIAAAAAAgAAZ3JpZAAAAADYaXBycAAAALZpcGNvAAAAdmh2Y0MBA3AA"
@@ -92,7 +92,7 @@ File gif() {
 
 File heif() {
   gsize length = 0;
-  guchar* bytes = g_base64_decode(heifBase64, &length);
+  guchar* bytes = g_base64_decode(kHeifBase64, &length);
   File file(bytes, bytes + length);
   g_free(bytes);
   return file;

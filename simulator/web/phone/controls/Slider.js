@@ -10,8 +10,8 @@ const unseenDecimals = 2;
 const moves = { ArrowLeft: -1, ArrowDown: -1, ArrowRight: 1, ArrowUp: 1, PageDown: -10, PageUp: 10 };
 
 /**
- * A number within [min, max]. It is sent when the knob is let go, and also meanwhile if something on the device follows it
- * (`row.control.followed`). `row.detail` is how the device writes it, if it does.
+ * A number within [min, max]. It is sent when the knob is let go, and also meanwhile if something on the device follows
+ * it (`row.control.followed`). `row.detail` is how the device writes it, if it does.
  */
 function Slider({ row, name }) {
   const session = useContext(SessionContext);

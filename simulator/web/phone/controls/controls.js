@@ -6,8 +6,9 @@ import { textField } from '/phone/controls/TextField.js';
 import { textView } from '/phone/controls/TextView.js';
 
 /**
- * The controls by their `type`. `Content` is given `{row, name}`, the name for assistive technologies. `isGroup`: it has no
- * single element that a label could name. `showsDetail`: the row's detail stands beside it. `isPassive`: it takes no input.
+ * The controls by their `type`. `Content` is given `{row, name}`, the name for assistive technologies. `isGroup`: it
+ * has no single element that a label could name. `showsDetail`: the row's detail stands beside it. `isPassive`: it
+ * takes no input.
  */
 const controls = {
   switch: switchControl, slider, segmented: segmentedControl, text: textField, secureText: textField, textView, spinner,

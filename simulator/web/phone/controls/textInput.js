@@ -36,7 +36,8 @@ export function useField(row, name) {
 function styleOf({ control, backgroundColor, enabled }) {
   const ground = paintedOver(cellBackground, backgroundColor);
   return {
-    color: enabled === false ? undefined : cssTextColor(control.textColor, ground), textAlign: alignments[control.alignment],
+    color: enabled === false ? undefined : cssTextColor(control.textColor, ground),
+    textAlign: alignments[control.alignment],
     fontSize: (control.fontSize ?? plainSize) === plainSize ? undefined : `${control.fontSize}px`,
   };
 }

@@ -6,7 +6,10 @@ import { Close as CloseSymbol } from '/phone/symbols.js';
 import { UploadProgress } from '/phone/UploadProgress.js';
 import { SessionContext } from '/session.js';
 
-/** A sheet over the page: photos, documents or a colour to pick, or things to share. `covered`: an alert lies over it. */
+/**
+ * A sheet over the page: photos, documents or a colour to pick, or things to share. `covered`: an alert lies over
+ * it.
+ */
 export function Sheet({ sheet, covered }) {
   const session = useContext(SessionContext);
   const card = useRef(null);

@@ -18,6 +18,7 @@ TEST_F(ControlsTest, OnlyASliderIsDragged) {
   UISwitch *control = [[[UISwitch alloc] initWithFrame:CGRectZero] autorelease];
   startControl(control);
   expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", true}, {"finished", false}}, Outcome::refused);
+  EXPECT_EQ(reply["error"], "Only a slider is dragged: \"finished\": false is not for this control.");
   EXPECT_FALSE([control isOn]);
 }
 
@@ -32,7 +33,10 @@ TEST_F(ControlsTest, DisabledControlsAreLeftAlone) {
 
 TEST_F(ControlsTest, ARowWithoutAControlCannotBeSet) {
   startList(@[ @[ @"a" ] ]);
-  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", true}}, Outcome::refused);
+  for (const bool isFinished : {true, false}) {
+    expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", true}, {"finished", isFinished}}, Outcome::refused);
+    EXPECT_EQ(reply["error"], "This row has no control.");
+  }
 }
 
 TEST_F(ControlsTest, AControlIsWorkedThoughARowStandsOpen) {

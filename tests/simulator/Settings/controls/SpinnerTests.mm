@@ -16,7 +16,7 @@ TEST_F(SpinnerTest, ASpinnerHasItsColourAndNothingToSet) {
   EXPECT_EQ(row(0, 0)["enabled"], true);
   EXPECT_TRUE(row(0, 0)["accessoryView"].is_null()) << "it is the row's control";
   expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", true}}, Outcome::refused);
-  EXPECT_EQ(reply["error"], "There is nothing to set here.");
+  EXPECT_EQ(reply["error"], "This control shows something and cannot be set.");
   [[UIPasteboard generalPasteboard] sim_setStringFromOutside:@"x"];
   expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, Outcome::refused);
   EXPECT_EQ(reply["error"], "Nothing can be pasted here.");

@@ -2,8 +2,8 @@
 const lastPlaces = new WeakMap();
 
 /**
- * Handlers for choosing by a finger or a mouse on a surface. `choose(place, continuous)` gets the place as shares of the
- * surface's width and height, from 0 to 1. A touch that the system takes away ends where it was last.
+ * Handlers for choosing by a finger or a mouse on a surface. `choose(place, continuous)` gets the place as shares of
+ * the surface's width and height, from 0 to 1. A touch that the system takes away ends where it was last.
  */
 export function dragging(choose) {
   const placeOf = (event) => {

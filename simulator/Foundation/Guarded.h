@@ -5,17 +5,17 @@
 
 namespace sim {
 
-/// A line in the log: what was being done, the exception, and the file on the device whose code raised it or, when that
-/// was a framework, called that.
-void logUncaught(const char* doing, NSException* exception);
+/// A line in the log: what was being done, the exception, and the file on the device whose code raised it or,
+/// when that was a framework, called that.
+void logUncaught(NSString *doing, NSException *exception);
 
 /// Runs `body`. What it raises ends the application on a device; here it becomes a line in the log. Returns the
 /// exception's name, autoreleased, or nil when nothing was raised.
 template <typename Body>
-NSString* guarded(const char* doing, Body body) {
+NSString *guarded(NSString *doing, Body body) {
   @try {
     body();
-  } @catch (NSException* exception) {
+  } @catch (NSException *exception) {
     logUncaught(doing, exception);
     return [exception name] ?: @"NSException";
   }
