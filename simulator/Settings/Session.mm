@@ -72,6 +72,7 @@ NSData *Session::sharedContentOf(std::string_view identifier, Reply &problem) {
 /// queue.
 template <typename Work>
 Reply Session::performing(const Json &request, Work work) {
+  if (hasUnnamedRows(navigation_.get())) refresh();  // So that a row that was loaded anew meanwhile is found.
   if (const auto wanted = request.find("revision"); wanted != request.end()) {
     if (!wanted->is_number_unsigned()) return {400, dump({{"error", "A revision is a whole number."}})};
     if (*wanted != revision_) {

@@ -49,6 +49,7 @@ template <typename TraitOf>
 void RowNumbers::recognise(const std::vector<Row*>& fresh, TraitOf traitOf, bool onlyUnlike) {
   using Trait = decltype(traitOf(RowTraits()));
   std::unordered_map<Trait, Alike> rows;
+  rows.reserve(lost_.size());
   for (Row& row : lost_) {
     if (row.number != 0 && traitOf(row.traits) != Trait()) rows[traitOf(row.traits)].lost.push_back(&row);
   }
