@@ -76,8 +76,9 @@ void change(Editor *editor, Times &times, const std::string &prefix) {
 /// One event on the page that shows the editor, with the whole screen as the answer.
 void changeByEvent(Editor *editor, Times &times, std::size_t count) {
   sim::Session session(editor, 1);
-  const std::string row = "row1.1." + std::to_string(count / 2);
   for (int repetition = 0; repetition < kRepetitions; ++repetition) {
+    const auto screen = sim::Json::parse(session.screen(), nullptr, false);
+    const std::string row = screen["page"]["sections"][1]["rows"][count / 2]["id"];
     measure(times, "tap event", [&] {
       const sim::Reply reply = session.perform({{"type", "tap"}, {"id", row}});
       require(reply.status == 200 && session.revision() == static_cast<std::uint64_t>(repetition) + 2,

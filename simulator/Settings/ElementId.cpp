@@ -47,7 +47,7 @@ std::string ElementId::text() const {
   const Form& form = kForms[static_cast<std::size_t>(kind)];
   std::string text(form.word);
   text += std::to_string(owner);
-  if (form.hasRow) text += '.' + std::to_string(section) + '.' + std::to_string(row);
+  if (form.hasRow) text += '.' + std::to_string(row);
   if (form.hasIndex) text += '.' + std::to_string(index);
   return text;
 }
@@ -62,10 +62,8 @@ std::optional<ElementId> ElementId::parse(std::string_view text) {
     if (!owner) return std::nullopt;
     id.owner = *owner;
     if (form.hasRow) {
-      const auto section = takeDottedNumber(rest);
-      const auto row = section ? takeDottedNumber(rest) : std::nullopt;
+      const auto row = takeDottedNumber(rest);
       if (!row) return std::nullopt;
-      id.section = *section;
       id.row = *row;
     }
     if (form.hasIndex) {

@@ -42,7 +42,7 @@ class Route {
       case ElementKind::kButton: return tapButton(id->index);
       case ElementKind::kRow: return tapRow(*id);
       case ElementKind::kSwipe:
-        return [table() sim_performSwipeActionAtIndex:id->index ofRow:path(*id)] ? EventResult{} : unknown();
+        return [table() sim_performSwipeActionAtIndex:id->index ofRow:pathOf(*id)] ? EventResult{} : unknown();
       default: return unknown();
     }
   }
@@ -54,11 +54,12 @@ class Route {
     if (open != event_.end() && !open->is_boolean()) return malformed("\"open\" is true or false.");
     const auto id = elementId();
     if (!id || id->kind != ElementKind::kRow || !isOnPage(*id)) return unknown();
-    if (![table() sim_hasRowAtIndexPath:path(*id)]) return unknown();
+    NSIndexPath *path = pathOf(*id);
+    if (!path) return unknown();
     if (open == event_.end() || open->get<bool>()) {
-      return done([table() sim_swipeRowAtIndexPath:path(*id)], "This row has no actions.");
+      return done([table() sim_swipeRowAtIndexPath:path], "This row has no actions.");
     }
-    if ([[table() sim_swipedRow] isEqual:path(*id)]) (void)[table() sim_closeSwipedRow];
+    if ([[table() sim_swipedRow] isEqual:path]) (void)[table() sim_closeSwipedRow];
     return {};
   }
 
@@ -135,9 +136,8 @@ class Route {
   bool isOnPage(const ElementId &id) const { return !presented_ && numbers_.of(page_) == id.owner; }
   bool isPresented(const ElementId &id) const { return presented_ && numbers_.of(presented_) == id.owner; }
 
-  static NSIndexPath *path(const ElementId &id) {
-    return [NSIndexPath indexPathForRow:static_cast<NSInteger>(id.row) inSection:static_cast<NSInteger>(id.section)];
-  }
+  /// Where the row that `id` is of is now; nil when it is gone.
+  NSIndexPath *pathOf(const ElementId &id) const { return [table() sim_indexPathOfRowNumbered:id.row]; }
 
   std::optional<NSIndexPath *> indexPath(const char *name) const {
     const auto pair = event_.find(name);
@@ -150,31 +150,33 @@ class Route {
     return [NSIndexPath indexPathForRow:(*pair)[1].get<NSInteger>() inSection:(*pair)[0].get<NSInteger>()];
   }
 
-  EventResult tapButton(std::uint32_t index) const {
-    NSArray *buttons = barButtons(page_);
-    if (index >= [buttons count]) return unknown();
-    return done([(UIBarButtonItem *)[buttons objectAtIndex:index] sim_tap], "This button does nothing now.");
+  EventResult tapButton(std::uint32_t number) const {
+    for (UIBarButtonItem *button in barButtons(page_)) {
+      if (numbers_.of(button) == number) return done([button sim_tap], "This button does nothing now.");
+    }
+    return unknown();
   }
 
   EventResult tapRow(const ElementId &id) const {
-    if (![table() sim_hasRowAtIndexPath:path(id)]) return unknown();
+    NSIndexPath *path = pathOf(id);
+    if (!path) return unknown();
     if (part() == "copy" || part() == "save") return refused("This row shares nothing.");
     if ([table() sim_closeSwipedRow]) return {};  // The touch is used up.
     if (part() == "accessory") {
-      return done([table() sim_tapAccessoryAtIndexPath:path(id)], "This row has no button.");
+      return done([table() sim_tapAccessoryAtIndexPath:path], "This row has no button.");
     }
     if (part() == "button") {
-      return tapAccessoryButton([[table() sim_cellForControlEventsAtIndexPath:path(id)] sim_shownAccessoryView]);
+      return tapAccessoryButton([[table() sim_cellForControlEventsAtIndexPath:path] sim_shownAccessoryView]);
     }
-    (void)[table() sim_tapRowAtIndexPath:path(id)];  // A row that refuses a tap stays as it is, as on a device.
+    (void)[table() sim_tapRowAtIndexPath:path];  // A row that refuses a tap stays as it is, as on a device.
     return {};
   }
 
   /// Works the control of the row; `perform` says why it could not.
   template <typename Perform>
   EventResult work(const ElementId &id, Perform perform) const {
-    if (id.kind != ElementKind::kRow || !isOnPage(id) || ![table() sim_hasRowAtIndexPath:path(id)]) return unknown();
-    UIView *cell = [table() sim_cellForControlEventsAtIndexPath:path(id)];
+    if (id.kind != ElementKind::kRow || !isOnPage(id)) return unknown();
+    UIView *cell = [table() sim_cellForControlEventsAtIndexPath:pathOf(id)];
     if (!cell) return unknown();
     const char *problem = perform(cell);
     if (!problem) (void)[table() sim_closeSwipedRow];

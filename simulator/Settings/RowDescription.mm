@@ -9,11 +9,14 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <unordered_map>
+#include <vector>
 
 #import "Settings/ElementId.hpp"
 #import "Settings/ImageStore.hpp"
 #import "Settings/JsonValues.hpp"
+#import "Settings/RowTraits.hpp"
 #import "Settings/controls/AccessoryButton.hpp"
 #import "Settings/controls/Controls.hpp"
 #import "Settings/views/ImageView.hpp"
@@ -82,16 +85,16 @@ id storedValue(UITableViewCell *cell, PSSpecifier *specifier) {
 /// Writes the rows of one table.
 class RowWriter {
  public:
-  RowWriter(JsonText &out, UITableView *table, std::uint32_t page, ImageStore &images)
-      : out_(out), table_(table), page_(page), images_(images) {}
+  RowWriter(JsonText &out, UITableView *table, ImageStore &images) : out_(out), table_(table), images_(images) {}
 
   /// Writes of each row what can be said without making its cell.
   void writeOutlines(NSRange rows, NSInteger section) {
     for (NSUInteger row = rows.location; row < NSMaxRange(rows); ++row) {
       @autoreleasepool {
         NSIndexPath *path = [NSIndexPath indexPathForRow:static_cast<NSInteger>(row) inSection:section];
+        noteOutline(table_, path);
         out_.beginObject();
-        out_.name("id").string(idOf(path).text());
+        writeId(path);
         out_.name("outline").flag(true);
         out_.name("height").number([table_ sim_likelyHeightOfRowAtIndexPath:path]);
         out_.endObject();
@@ -100,26 +103,48 @@ class RowWriter {
   }
 
   void write(NSIndexPath *path, UITableViewCell *cell) {
-    const ElementId row = idOf(path);
+    noteRow(table_, path, cell);
     UIView *accessory = [cell sim_shownAccessoryView];
     UIView *control = findControl(accessory) ?: findControl([cell contentView]);
     PSSpecifier *specifier = [cell isKindOfClass:[PSTableCell class]] ? [(PSTableCell *)cell specifier] : nil;
     out_.beginObject();
-    out_.name("id").string(row.text());
+    writeId(path);
     writeKind(cell, specifier);
     writeTexts(cell, control);
     writeState(path, cell, control, specifier);
     writePicture([cell sim_imageViewIfMade]);
     writeLook(cell, findControl(accessory) ? nil : accessory);
-    writeSwipeActions(path, row);
+    writeSwipeActions(path);
     writeOwnViews(cell, control);
     out_.endObject();
   }
 
+  /// Rows are numbered when all of them have been looked at, and named after that.
+  void writeIds(std::uint32_t page) {
+    [table_ sim_settleRowNumbers];
+    std::vector<std::string> texts;
+    texts.reserve(named_.size());
+    for (const Named &named : named_) {
+      @autoreleasepool {
+        NSIndexPath *path = [NSIndexPath indexPathForRow:named.row inSection:named.section];
+        texts.push_back(ElementId{named.kind, page, [table_ sim_numberOfRowAtIndexPath:path], named.index}.text());
+      }
+    }
+    out_.fill(texts);
+  }
+
  private:
-  ElementId idOf(NSIndexPath *path) const {
-    return {ElementKind::kRow, page_, static_cast<std::uint32_t>([path section]),
-            static_cast<std::uint32_t>([path row]), 0};
+  /// What an id is still to be written of.
+  struct Named {
+    ElementKind kind;
+    NSInteger section;
+    NSInteger row;
+    std::uint32_t index;
+  };
+
+  void writeId(NSIndexPath *path, ElementKind kind = ElementKind::kRow, std::uint32_t index = 0) {
+    out_.name("id").emptyString();
+    named_.push_back({kind, [path section], [path row], index});
   }
 
   void writeKind(UITableViewCell *cell, PSSpecifier *specifier) {
@@ -193,14 +218,13 @@ class RowWriter {
     out_.name("highlighted").flag([cell isHighlighted]);
   }
 
-  void writeSwipeActions(NSIndexPath *path, ElementId row) {
+  void writeSwipeActions(NSIndexPath *path) {
     out_.name("swipeOpen").flag([[table_ sim_swipedRow] isEqual:path]);
     out_.name("swipeActions").beginArray();
     std::uint32_t index = 0;
     for (SIMSwipeAction *action in [table_ sim_swipeActionsAtIndexPath:path]) {
-      const ElementId id{ElementKind::kSwipe, row.owner, row.section, row.row, index++};
       out_.beginObject();
-      out_.name("id").string(id.text());
+      writeId(path, ElementKind::kSwipe, index++);
       writeText(out_.name("title"), [action title]);
       writeColor(out_.name("color"), [action backgroundColor]);
       UIImage *image = [action image];
@@ -241,8 +265,8 @@ class RowWriter {
 
   JsonText &out_;
   UITableView *table_;  // Not owned.
-  std::uint32_t page_;
   ImageStore &images_;
+  std::vector<Named> named_;
   std::unordered_map<Class, bool> frameworkClasses_;
 };
 
@@ -250,7 +274,7 @@ class RowWriter {
 
 void writeSections(JsonText &out, UITableView *table, std::uint32_t page, ImageStore &images) {
   [table sim_prepareForDescription];
-  RowWriter rows(out, table, page, images);
+  RowWriter rows(out, table, images);
   RowWriter *writer = &rows;
   out.beginArray();
   for (NSInteger section = 0; section < [table numberOfSections]; ++section) {
@@ -275,6 +299,7 @@ void writeSections(JsonText &out, UITableView *table, std::uint32_t page, ImageS
     out.endObject();
   }
   out.endArray();
+  rows.writeIds(page);
 }
 
 }  // namespace sim

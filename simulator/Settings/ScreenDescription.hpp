@@ -16,18 +16,19 @@ namespace sim {
 
 class ImageStore;
 
-/// Gives each page, alert and sheet on the screen a number that is unique in the process. Main thread only.
+/// Gives each page, alert and sheet on the screen, and each button in the bar of a page, a number that is unique in the
+/// process. Main thread only.
 class PageNumbers final {
  public:
-  /// The number of `page`; a new one for a page that was not among the current ones.
-  std::uint32_t of(UIViewController* page);
-  /// Between the two, every page that stays is asked for; the others are then forgotten and let go.
+  /// The number of `object`; a new one for an object that was not among the current ones.
+  std::uint32_t of(NSObject* object);
+  /// Between the two, every object that stays is asked for; the others are then forgotten and let go.
   void beginDescription();
   void endDescription();
 
  private:
   struct Entry {
-    objcxx::Retained<UIViewController> page;  // Kept, so that no address is met twice.
+    objcxx::Retained<NSObject> object;  // Kept, so that no address is met twice.
     std::uint32_t number;
     bool used;
   };
@@ -37,6 +38,9 @@ class PageNumbers final {
 
 /// The table that a page shows: the first one in its view; nil when it shows none.
 UITableView* tableOf(UIViewController* page);
+
+/// Whether the page in front has rows that have come or were loaded anew since it was described.
+bool hasUnnamedRows(UINavigationController* navigation);
 
 /// What is in front of the pages: an alert, a sheet, or nil.
 UIViewController* presentedOver(UINavigationController* navigation);

@@ -75,13 +75,12 @@ void writeBar(JsonText &out, UINavigationController *navigation, UIViewControlle
   writeOptionalView(out.name("titleView"), [item titleView], images);
 }
 
-void writeButtons(JsonText &out, UINavigationController *navigation, UIViewController *page, std::uint32_t number,
+void writeButtons(JsonText &out, UINavigationController *navigation, UIViewController *page, PageNumbers &numbers,
                   ImageStore &images) {
   out.beginArray();
-  std::uint32_t index = 0;
   for (UIBarButtonItem *item in barButtons(page)) {
     out.beginObject();
-    out.name("id").string(ElementId{ElementKind::kButton, number, 0, 0, index++}.text());
+    out.name("id").string(ElementId{ElementKind::kButton, numbers.of(page), 0, numbers.of(item)}.text());
     writeText(out.name("title"), [item title]);
     writeText(out.name("systemItem"), [item sim_systemItemName]);
     out.name("side").string(isLeftButton(page, item) ? "left" : "right");
@@ -149,7 +148,7 @@ void writePage(JsonText &out, UINavigationController *navigation, PageNumbers &n
   out.name("class").string(classNameOf(page));
   writeText(out.name("title"), titleOf(page));
   writeBack(out.name("back"), navigation, number);
-  writeButtons(out.name("buttons"), navigation, page, number, images);
+  writeButtons(out.name("buttons"), navigation, page, numbers, images);
   writeBar(out, navigation, page, images);
   const std::size_t head = out.text().size();
   NSString *raised = guarded(@"describing the page", [&] { writeContent(out, page, number, images); });
@@ -162,13 +161,13 @@ void writePage(JsonText &out, UINavigationController *navigation, PageNumbers &n
 
 }  // namespace
 
-std::uint32_t PageNumbers::of(UIViewController *page) {
+std::uint32_t PageNumbers::of(NSObject *object) {
   for (Entry &entry : entries_) {
-    if (entry.page.get() != page) continue;
+    if (entry.object.get() != object) continue;
     entry.used = true;
     return entry.number;
   }
-  entries_.push_back({objcxx::share(page), next_, true});
+  entries_.push_back({objcxx::share(object), next_, true});
   return next_++;
 }
 
@@ -182,6 +181,12 @@ void PageNumbers::endDescription() {
 
 UITableView *tableOf(UIViewController *page) { return firstTable([page view]); }
 
+bool hasUnnamedRows(UINavigationController *navigation) {
+  UIViewController *page = [navigation topViewController];
+  UITableView *table = [page isViewLoaded] ? tableOf(page) : nil;
+  return table && ![table sim_hasRowNumbers];
+}
+
 UIViewController *presentedOver(UINavigationController *navigation) {
   UIViewController *front = [navigation sim_frontmostViewController];
   return front == navigation ? nil : front;
@@ -193,6 +198,7 @@ void writeScreen(JsonText &out, UINavigationController *navigation, PageNumbers 
   out.name("path").beginArray();
   for (UIViewController *page in [navigation viewControllers]) {
     numbers.of(page);
+    for (UIBarButtonItem *button in barButtons(page)) numbers.of(button);
     writeText(out, titleOf(page));
   }
   out.endArray();

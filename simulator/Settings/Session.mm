@@ -60,6 +60,8 @@ bool Session::refresh() {
 wire::Reply Session::perform(const wire::Call &call) {
   const wire::VerbTraits &traits = wire::traitsOf(call);
   const bool answersScreen = traits.answer == wire::Answer::screen;
+  // So that a row that was loaded anew meanwhile is found.
+  if (traits.describesScreen && hasUnnamedRows(navigation_.get())) refresh();
   wire::Reply reply;
   NSString *raised = guarded(@"performing an event",
                              [&] { reply = std::visit([this](const auto &each) { return work(each); }, call); });

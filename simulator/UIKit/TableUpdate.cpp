@@ -112,7 +112,11 @@ class Resolution final {
   /// The rows that stay fill, in order, the places that no inserted or moved row takes.
   void placeRows() {
     for (std::size_t section = 0; section < before_.size() && !failed(); ++section) {
-      if (outcome.sections[section]) placeRowsOf(static_cast<long>(section), *outcome.sections[section]);
+      if (sectionChanges_[section] == Change::reloaded) {
+        markReloaded(section);
+      } else if (outcome.sections[section]) {
+        placeRowsOf(static_cast<long>(section), *outcome.sections[section]);
+      }
     }
   }
 
@@ -120,6 +124,13 @@ class Resolution final {
 
  private:
   using Flags = std::vector<unsigned char>;
+
+  void markReloaded(std::size_t section) {
+    for (std::size_t row = 0; row < outcome.rows[section].size(); ++row) {
+      const Change change = rowChanges_[section][row];
+      outcome.rows[section][row].reloaded = change == Change::none || change == Change::reloaded;
+    }
+  }
 
   void placeRowsOf(long from, long to) {
     const auto& changes = rowChanges_[from];

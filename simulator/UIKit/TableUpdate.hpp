@@ -18,7 +18,7 @@ class TableUpdate final {
  public:
   /// Where a row of the former table is now.
   struct Fate {
-    std::optional<RowIndex> index;  // None: the row is gone.
+    std::optional<RowIndex> index;  // None: the row is gone, or if `reloaded`, its section is loaded again.
     bool reloaded = false;
   };
 

@@ -43,10 +43,12 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
   state.parts.clear();
   state.selected.clear();
   state.geometry.reset({}, 0);
+  state.numbers.reload({});
 
   std::vector<long> counts;
   [self sim_askCounts:counts];
   state.geometry.reset(counts, kDefaultRowHeight);
+  state.numbers.reload(counts);
   state.parts.resize(counts.size());
   for (long section = 0; section < state.geometry.sectionCount(); ++section) [self sim_estimateSection:section];
   [self sim_updateMargins];

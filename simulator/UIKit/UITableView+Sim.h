@@ -3,6 +3,10 @@
 
 #import <UIKit/UITableView.h>
 
+#include <UIKit/RowNumbers.hpp>
+
+#include <cstdint>
+
 @class UIImage;
 
 /// An action that a swipe over a row uncovers.
@@ -51,6 +55,20 @@
 /// Scrolls the row into the bounds and gives its live cell, whose controls may then be worked; nil for a row that is
 /// not there.
 - (UITableViewCell *)sim_cellForControlEventsAtIndexPath:(NSIndexPath *)indexPath;
+@end
+
+/// The numbers by which the host names rows; see sim::RowNumbers.
+@interface UITableView (SimIdentity)
+/// What the row is known again by after a reload. Nothing for a path that names no row.
+- (void)sim_knowRowAtIndexPath:(NSIndexPath *)indexPath by:(const sim::RowTraits &)traits;
+/// Numbers the rows that have no number, after all was said of them that is known.
+- (void)sim_settleRowNumbers;
+/// NO when rows have come or were loaded anew since.
+@property(nonatomic, readonly) BOOL sim_hasRowNumbers;
+/// 0 for a row that is not there or has no number yet. No two rows of the process ever have the same.
+- (std::uint32_t)sim_numberOfRowAtIndexPath:(NSIndexPath *)indexPath;
+/// nil when no row has it.
+- (NSIndexPath *)sim_indexPathOfRowNumbered:(std::uint32_t)number;
 @end
 
 @interface UITableView (SimHeadersAndFooters)

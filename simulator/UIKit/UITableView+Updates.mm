@@ -121,6 +121,7 @@
   [self sim_moveSwipedRow:outcome];
   const sim::TableGeometry former = state.geometry;
   state.geometry.reset(counts, 0);
+  state.numbers.follow(outcome, counts);
 
   auto formerParts = std::exchange(state.parts, std::vector<sim::SectionParts>(counts.size()));
   for (std::size_t section = 0; section < formerParts.size(); ++section) {

@@ -1,6 +1,7 @@
 // The state of a table view, shared by the files that implement it.
 #pragma once
 
+#include "RowNumbers.hpp"
 #include "TableGeometry.hpp"
 #include "TableUpdate.hpp"
 
@@ -78,6 +79,7 @@ struct TableViewState {
   UIEdgeInsets laidOutSafeArea = UIEdgeInsetsZero;
   bool layingOut = false;
   TableGeometry geometry;
+  RowNumbers numbers;  // Of the rows of `geometry`.
   std::vector<SectionParts> parts;
   std::map<RowIndex, objcxx::Retained<UITableViewCell>> live;
   RowIndex guestIndex;                      // The row of `guest`.

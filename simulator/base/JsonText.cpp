@@ -109,4 +109,29 @@ void JsonText::string(std::string_view utf8) {
   text_ += '"';
 }
 
+void JsonText::emptyString() {
+  plain("\"\"");
+  empty_.push_back(text_.size() - 1);
+}
+
+void JsonText::fill(const std::vector<std::string>& strings) {
+  std::size_t length = text_.size();
+  for (const std::string& string : strings) length += string.size();
+  std::string filled;
+  filled.reserve(length);
+  std::size_t written = 0;
+  for (std::size_t index = 0; index < empty_.size(); ++index) {
+    filled.append(text_, written, empty_[index] - written).append(strings[index]);
+    written = empty_[index];
+  }
+  filled.append(text_, written);
+  text_ = std::move(filled);
+  empty_.clear();
+}
+
+void JsonText::truncate(std::size_t size) {
+  text_.resize(size);
+  while (!empty_.empty() && empty_.back() >= size) empty_.pop_back();
+}
+
 }  // namespace sim

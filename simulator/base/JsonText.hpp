@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace sim {
 
@@ -37,12 +38,17 @@ class JsonText final {
   void number(float value);
   /// Bytes that are no UTF-8 become replacement characters.
   void string(std::string_view utf8);
+  /// Leaves a string empty, for `fill`.
+  void emptyString();
+  /// Gives the strings left empty what they say, in order; all of them, in UTF-8 without anything to escape. Time is
+  /// linear in the length of the text.
+  void fill(const std::vector<std::string>& strings);
 
   const std::string& text() const& noexcept { return text_; }
   std::string text() && noexcept { return std::move(text_); }
   /// Takes back everything after the first `size` bytes, after which a value ended or was about to begin. Of a text
   /// that is not pretty.
-  void truncate(std::size_t size) { text_.resize(size); }
+  void truncate(std::size_t size);
 
  private:
   void newLine();
@@ -54,7 +60,8 @@ class JsonText final {
 
   JsonFormat format_;
   std::string text_;
-  std::size_t depth_ = 0;  // Of a pretty text.
+  std::size_t depth_ = 0;           // Of a pretty text.
+  std::vector<std::size_t> empty_;  // Where the strings left empty have their content.
 };
 
 }  // namespace sim

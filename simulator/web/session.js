@@ -3,7 +3,6 @@ import { ApiError } from '/api.js';
 import { ImageCache } from '/images.js';
 import { Store } from '/store.js';
 import { readEvents } from '/stream.js';
-import { placeOf, signatureOf } from '/targets.js';
 import { Uploads } from '/uploads.js';
 
 export const SessionContext = createContext(null);
@@ -52,26 +51,26 @@ export class Session {
 
   /** `more` is what the event says beside the id. */
   tap(id, more) {
-    return this.#sendTo(id, { type: 'tap', id, ...more });
+    return this.send(() => ({ type: 'tap', id, ...more }));
   }
 
   /** Swipes the row `id` open so that its actions show, or closed. */
   swipe(id, open) {
-    return this.#sendTo(id, { type: 'swipe', id, open });
+    return this.send(() => ({ type: 'swipe', id, open }));
   }
 
   set(id, value) {
-    return this.#sendTo(id, { type: 'set', id, value });
+    return this.send(() => ({ type: 'set', id, value }));
   }
 
   /** Moves a slider, or a colour in its picker, while the finger stays on it. */
   drag(id, value) {
-    return this.#sendTo(id, { type: 'set', id, value, finished: false });
+    return this.send(() => ({ type: 'set', id, value, finished: false }));
   }
 
   /** Adds what is on the device's pasteboard to the text of a field. */
   paste(id) {
-    return this.#sendTo(id, { type: 'paste', id });
+    return this.send(() => ({ type: 'paste', id }));
   }
 
   /** Has the device scroll to a row of which the screen has the outline only, so that it is described. */
@@ -149,15 +148,6 @@ export class Session {
     return this.#refreshScreen();
   }
 
-  // Ids name places. The event goes to what the user meant, wherever an input before it has put that.
-  #sendTo(id, event) {
-    const meant = signatureOf(this.store.state.screen, id);
-    return this.send((screen) => {
-      const place = placeOf(screen, meant, id);
-      return place && { ...event, id: place };
-    });
-  }
-
   #queue(perform) {
     const done = this.#input.then(() => this.#deliver(perform));
     this.#input = done;
@@ -188,6 +178,8 @@ export class Session {
         return true;
       } catch (error) {
         await this.#refreshScreen();
+        // What the user saw is gone.
+        if (error.status === 404) break;
         if (error.status !== 409) {
           if (this.store.state.screenError === null) this.store.set({ notice: error.message });
           return false;

@@ -5,8 +5,7 @@ import { objectFitOf, placeOf as placeOfPicture } from '../../simulator/web/phon
 import { nextStop } from '../../simulator/web/phone/keyboard.js';
 import { dragLayout, nearestDestination, rowAt, topsOf } from '../../simulator/web/phone/layout.js';
 import { readEvents } from '../../simulator/web/stream.js';
-import { placeOf, signatureOf } from '../../simulator/web/targets.js';
-import { control, row, screen, section } from './support/screens.mjs';
+import { control, row, section } from './support/screens.mjs';
 
 const white = { light: '#ffffff', dark: '#000000' };
 
@@ -114,25 +113,6 @@ test('A picture that is scaled fills the view, whole or cut, with its shape or w
   const modes = ['scaleToFill', 'scaleAspectFit', 'scaleAspectFill', undefined];
   assert.deepEqual(modes.map(objectFitOf), ['fill', 'contain', 'cover', 'fill']);
   for (const mode of modes) assert.equal(placeOfPicture(mode, { width: 1, height: 1 }, { width: 2, height: 2 }), null);
-});
-
-test('An id is told apart from the same id over another row', () => {
-  const before = screen(['Settings'], [section(null, [row('Maps', { id: 'row1' })])]);
-  const same = screen(['Settings'], [section(null, [row('Maps', { id: 'row1', value: 3 })])]);
-  const other = screen(['Settings'], [section(null, [row('Mail', { id: 'row1' })])]);
-  assert.equal(signatureOf(before, 'row1'), signatureOf(same, 'row1'));
-  assert.notEqual(signatureOf(before, 'row1'), signatureOf(other, 'row1'));
-  assert.equal(signatureOf(before, 'row2'), null);
-});
-
-test('A row is found where it has gone, when it is the only one like it on the same page', () => {
-  const page = (...rows) => screen(['Settings'], [section(null, rows)]);
-  const meant = signatureOf(page(row('Mail'), row('Maps')), 'row1.0.1');
-  assert.equal(placeOf(page(row('Mail'), row('Maps')), meant, 'row1.0.1'), 'row1.0.1');
-  assert.equal(placeOf(page(row('Maps')), meant, 'row1.0.1'), 'row1.0.0');
-  assert.equal(placeOf(page(row('Maps'), row('Mail'), row('Maps')), meant, 'row1.0.1'), null, 'two are like it');
-  assert.equal(placeOf(page(row('Mail')), meant, 'row1.0.1'), null);
-  assert.equal(placeOf(screen(['Settings', 'More'], [section(null, [row('Maps')])]), meant, 'row1.0.1'), null);
 });
 
 test('Events are read from a stream however it is cut', async () => {

@@ -274,37 +274,64 @@ test('The focus stays at its place when the rows are made anew', async (t) => {
   await eventually(async () => assert.ok(await hasFocus(second)));
 });
 
-test('A tap on a row that has meanwhile become another one is not sent', async (t) => {
+test('The focus goes with its row', async (t) => {
+  const sections = (...lists) => screen(['Settings', 'Page'], lists.map((rows) => section(null, rows.map((name) => link(name)))));
+  const { fake, url } = await startFake(t, sections(['First', 'Second'], ['Third', 'Fourth']));
+  const page = await openPage(t, url);
+  const second = page.getByRole('button', { name: 'Second' });
+  await second.focus();
+  fake.show(sections(['First', 'Fourth'], ['Third', 'Second']));
+  await eventually(async () => assert.equal(await page.getByRole('button').allInnerTexts().then((texts) => texts.at(-1)), 'Second'));
+  await eventually(async () => assert.ok(await hasFocus(second)));
+  await page.keyboard.press('ArrowUp');
+  assert.ok(await hasFocus(page.getByRole('button', { name: 'Third' })));
+});
+
+test('A tap on a row that is gone meanwhile touches no other row', async (t) => {
   let release;
   const held = new Promise((resolve) => { release = resolve; });
-  const show = (second) => one(link('Slow', { id: 'a' }), link(second, { id: 'b' }));
-  const { fake, url } = await startFake(t, show('Delete'), async (event, it) => {
+  const touched = [];
+  const show = (second) => one(link('Slow'), link(second));
+  const { url } = await startFake(t, show('Delete'), async ({ id }, it) => {
+    touched.push(id);
     await held;
     it.screen = show('Keep');
   });
-  const page = await openPage(t, url);
+  const page = await openPage(t, url, { expected: /404/ });
   await page.getByRole('button', { name: 'Slow' }).click();
   await page.getByRole('button', { name: 'Delete' }).click();
   release();
   await page.getByText('The screen has changed. Please try again.').waitFor();
-  assert.deepEqual(sent(fake), [{ type: 'tap', id: 'a' }]);
+  assert.deepEqual(touched, ['row2.Slow']);
 });
 
 test('A tap on a row that the tap before it has moved goes where the row is now', async (t) => {
   let release;
   const held = new Promise((resolve) => { release = resolve; });
   const names = ['First', 'Second', 'Third'];
-  const { fake, url } = await startFake(t, one(...names.map((name) => link(name))), async (event, it) => {
+  const { fake, url } = await startFake(t, one(...names.map((name) => link(name))), async ({ id }, it) => {
     await held;
-    names.splice(Number(event.id.at(-1)), 1);
+    names.splice(names.findIndex((name) => id.endsWith(name)), 1);
     it.screen = one(...names.map((name) => link(name)));
   });
   const page = await openPage(t, url);
   for (const name of ['First', 'Second', 'Third']) await page.getByRole('button', { name }).click();
   release();
   await eventually(() => assert.deepEqual(names, []));
-  assert.deepEqual(sent(fake).map(({ id }) => id), Array(3).fill('row2.0.0'));
+  assert.deepEqual(sent(fake).map(({ id }) => id), ['row2.First', 'row2.Second', 'row2.Third']);
   assert.equal(await page.locator('.notice-text').count(), 0);
+});
+
+test('A row that comes before the others leaves them their elements, and what is typed in them', async (t) => {
+  const field = () => control('Name', 'text', 'a');
+  const { fake, url } = await startFake(t, one(field()));
+  const page = await openPage(t, url);
+  const input = page.getByRole('textbox', { name: 'Name' });
+  await input.fill('half typed');
+  fake.show(one(link('New'), field(), link('New')));
+  await eventually(async () => assert.equal(await page.getByRole('button', { name: 'New' }).count(), 2));
+  assert.ok(await hasFocus(input));
+  assert.equal(await input.inputValue(), 'half typed');
 });
 
 test('A tap is repeated by itself when only the revision had moved on', async (t) => {

@@ -39,7 +39,7 @@ test('Swiping a row shows its actions, the first at the edge', async (t) => {
   const remove = actions.getByRole('button', { name: 'Delete' });
   const share = actions.getByRole('button', { name: 'Share' });
   assert.ok((await remove.boundingBox()).x > (await share.boundingBox()).x);
-  await eventually(() => assert.deepEqual(swipes(fake), [['row2.0.1', true]]));
+  await eventually(() => assert.deepEqual(swipes(fake), [['row2.Light', true]]));
   assert.deepEqual(taps(fake), []);
 });
 
@@ -60,7 +60,7 @@ test('A row stays open after its action until the device closes it', async (t) =
 test('A row that the device opens shows its actions', async (t) => {
   const { fake, url } = await startPresets(t);
   const page = await openPage(t, url);
-  fake.show(swiped(presets(), { id: 'row2.0.0', open: true }));
+  fake.show(swiped(presets(), { id: 'row2.Dark', open: true }));
   await page.getByRole('group', { name: 'Actions for Dark' }).waitFor();
   fake.show(presets());
   await page.getByRole('group', { name: 'Actions for Dark' }).waitFor({ state: 'detached' });
@@ -90,9 +90,9 @@ test('A click beside an open row closes it and does nothing else', async (t) => 
   await actions.waitFor({ state: 'detached' });
   await settled(page);
   assert.deepEqual(taps(fake), []);
-  await eventually(() => assert.deepEqual(swipes(fake), [true, false, true, false].map((open) => ['row2.0.1', open])));
+  await eventually(() => assert.deepEqual(swipes(fake), [true, false, true, false].map((open) => ['row2.Light', open])));
   await page.getByRole('button', { name: 'Dark', exact: true }).click();
-  await eventually(() => assert.deepEqual(taps(fake), ['row2.0.0']));
+  await eventually(() => assert.deepEqual(taps(fake), ['row2.Dark']));
 });
 
 test('A trackpad swipes by scrolling sideways', async (t) => {

@@ -19,7 +19,7 @@ void writeFields(JsonText &out, UIAlertController *alert, std::uint32_t number) 
   std::uint32_t index = 0;
   for (UITextField *field in [alert textFields]) {
     out.beginObject();
-    out.name("id").string(ElementId{ElementKind::kAlertField, number, 0, 0, index++}.text());
+    out.name("id").string(ElementId{ElementKind::kAlertField, number, 0, index++}.text());
     writeText(out.name("placeholder"), [field placeholder]);
     writeText(out, "value", [field text] ?: @"");
     out.name("secure").flag([field isSecureTextEntry]);
@@ -34,7 +34,7 @@ void writeActions(JsonText &out, UIAlertController *alert, std::uint32_t number)
   std::uint32_t index = 0;
   for (UIAlertAction *action in [alert actions]) {
     out.beginObject();
-    out.name("id").string(ElementId{ElementKind::kAlertAction, number, 0, 0, index++}.text());
+    out.name("id").string(ElementId{ElementKind::kAlertAction, number, 0, index++}.text());
     writeText(out.name("title"), [action title]);
     out.name("style").string(styleName([action style]));
     out.name("enabled").flag([action isEnabled]);

@@ -12,7 +12,7 @@ void describe(JsonText &out, UIViewController *presented, std::uint32_t number, 
   out.name("items").beginArray();
   out.endArray();
   out.name("color").beginObject();
-  out.name("id").string(ElementId{ElementKind::kSheetColor, number, 0, 0, 0}.text());
+  out.name("id").string(ElementId{ElementKind::kSheetColor, number}.text());
   writeColor(out.name("value"), [[picker selectedColor] resolvedColorWithTraitCollection:[picker traitCollection]]);
   out.name("supportsAlpha").flag([picker supportsAlpha]);
   out.endObject();

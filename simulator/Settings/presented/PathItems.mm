@@ -10,7 +10,7 @@ void writePathItems(JsonText &out, NSArray *paths, std::uint32_t number, NSStrin
   std::uint32_t index = 0;
   for (NSString *path in paths) {
     out.beginObject();
-    out.name("id").string(ElementId{ElementKind::kSheetItem, number, 0, 0, index++}.text());
+    out.name("id").string(ElementId{ElementKind::kSheetItem, number, 0, index++}.text());
     writeText(out.name("title"), [path lastPathComponent]);
     writeText(out.name("path"), path);
     out.name("image");

@@ -41,7 +41,7 @@ void describe(JsonText &out, UIViewController *presented, std::uint32_t number, 
   writeText(out.name("title"), @"Share");
   out.name("items").beginArray();
   for (id item in [sheet sim_activityItems]) {
-    writeItem(out, item, activities, ElementId{ElementKind::kSheetItem, number, 0, 0, index++}.text());
+    writeItem(out, item, activities, ElementId{ElementKind::kSheetItem, number, 0, index++}.text());
   }
   out.endArray();
 }

@@ -12,14 +12,14 @@ import { useStore } from '/store.js';
 /**
  * One page of the navigation stack.
  *
- * `place` says where a page that comes back was left (`{scrollTop, section, row}`); `onLeave` is told it.
+ * `place` says where a page that comes back was left (`{scrollTop, section, row, id}`); `onLeave` is told it.
  * `takesFocus`: the focus was in the page before, and this one takes it over.
  */
 export function Page({ screen, leaving, place, takesFocus, onLeave }) {
   const { page } = screen;
   const scroller = useRef(null);
   const heading = useRef(null);
-  const active = useRef({ section: place?.section ?? 0, row: place?.row ?? null });
+  const active = useRef({ section: place?.section ?? 0, row: place?.row ?? null, id: place?.id ?? null });
   const [scrolled, setScrolled] = useState({ bar: false, title: false });
   const session = useContext(SessionContext);
   const shallow = useStore(session.store, (state) => isShallow(displayIn(state)));

@@ -4,7 +4,6 @@ import { dragLayout, rowAt, topsOf } from '/phone/layout.js';
 import { pixelsPerPoint } from '/phone/points.js';
 import { useDescribedRows, useKnownRows } from '/phone/outlines.js';
 import { Row, rowStyle } from '/phone/Row.js';
-import { identityOf } from '/targets.js';
 
 // Sections with more rows than this are drawn only where they can be seen.
 const drawnWhole = 60;
@@ -18,7 +17,6 @@ export function Section({
   const rows = useKnownRows(section.rows, active);
   const list = useRef(null);
   const tops = useMemo(() => topsOf(rows), [rows]);
-  const keys = useMemo(() => keysOf(rows), [rows]);
   const { first, last, isNear } = useVisibleRange(list, scroller, rows, tops);
   const { drag } = reordering;
   const { offset, total } = dragLayout(number, tops, drag);
@@ -37,14 +35,15 @@ export function Section({
 
   // The list items are elements here, not components, because then those that stay are not taken out when others go.
   const item = (at) => html`
-    <li class="row" key=${keys[at]} data-section=${number} data-row=${at} data-hidden=${at === dragged}
-      data-first=${at === 0} data-last=${at === rows.length - 1} data-custom=${rows[at].views?.length > 0}
-      data-swipe=${openSwipe === at ? 'open' : 'closed'} aria-setsize=${rows.length} aria-posinset=${at + 1}
+    <li class="row" key=${rows[at].id} data-section=${number} data-row=${at} data-id=${rows[at].id}
+      data-hidden=${at === dragged} data-first=${at === 0} data-last=${at === rows.length - 1}
+      data-custom=${rows[at].views?.length > 0}
+      data-swipe=${openSwipe === rows[at].id ? 'open' : 'closed'} aria-setsize=${rows.length} aria-posinset=${at + 1}
       style=${rowStyle(rows[at], tops[at] + offset(at))}>
       ${!rows[at].outline && html`
         <${Row} row=${rows[at]} section=${number} index=${at} header=${section.header} isChoice=${isChoice}
-          reordering=${reordering} swipeOpen=${openSwipe === at}
-          setSwipeOpen=${(open) => setOpenSwipe(at, open)} />`}
+          reordering=${reordering} swipeOpen=${openSwipe === rows[at].id}
+          setSwipeOpen=${(open) => setOpenSwipe(rows[at].id, open)} />`}
     </li>`;
 
   return html`
@@ -82,17 +81,6 @@ function SectionView({ view, height }) {
     <div class="section-view" style=${{ height: `${height ?? ownHeight}px` }}>
       <${CustomViews} views=${[{ ...view, frame: [x, 0, width, ownHeight] }]} on="page" />
     </div>`;
-}
-
-/** A key for each row that follows the row when the rows are put in another order. */
-function keysOf(rows) {
-  const seen = new Map();
-  return rows.map((row) => {
-    const identity = identityOf(row);
-    const count = seen.get(identity) ?? 0;
-    seen.set(identity, count + 1);
-    return `${identity} ${count}`;
-  });
 }
 
 /** First and last row to draw, as the list lies in its scroller, and whether the list comes near what can be seen. */

@@ -1,5 +1,6 @@
 import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '/modules/htm-preact.mjs';
 import { rowCanFocus } from '/phone/controls/controls.js';
+import { findRow } from '/phone/findRow.js';
 import { nextStop } from '/phone/keyboard.js';
 import { LiftedRow } from '/phone/LiftedRow.js';
 import { useReordering } from '/phone/reordering.js';
@@ -10,33 +11,34 @@ import { SessionContext } from '/session.js';
 /**
  * The sections of a page.
  *
- * `scroller` refers to the element that scrolls. `active` refers to `{section, row}`, the row that last had the focus;
- * `takesFocus`: it gets the focus back when the table appears.
+ * `scroller` refers to the element that scrolls. `active` refers to `{section, row, id}`, the row that last had the focus,
+ * or what is in its place when it is gone; `takesFocus`: it gets the focus back when the table appears.
  */
 export function Table({ page, scroller, active, takesFocus }) {
   const session = useContext(SessionContext);
-  const [activeRow, setActiveRow] = useState(active.current.row === null ? null : { ...active.current });
+  active.current = { ...active.current, ...findRow(page, active.current.id) };
+  const [, setActive] = useState(active.current);
+  const activeRow = active.current.row === null ? null : active.current;
   const [openSwipe, setOpenSwipe] = useOpenRow(page, session);
   const table = useRef(null);
   const focus = useRef({ held: false, part: 'main', wanted: takesFocus ? 'main' : null }).current;
   const reordering = useReordering({ page, scroller, table, session, focusRow });
 
-  function focusRow(section, row, part = 'main') {
+  function focusRow(place, part = 'main') {
     focus.wanted = part;
-    activate(section, row);
+    activate(place);
   }
 
-  function activate(section, row) {
-    active.current = { section, row };
-    setActiveRow({ section, row });
+  function activate(place) {
+    active.current = place;
+    setActive(place);
   }
 
   const onFocusIn = (event) => {
     const place = placeOf(event.target);
     focus.held = place !== null;
     focus.part = event.target.closest('[data-part]')?.dataset.part ?? 'main';
-    const isActive = place?.section === activeRow?.section && place?.row === activeRow?.row;
-    if (place && !isActive) activate(place.section, place.row);
+    if (place && place.id !== active.current.id) activate(place);
   };
   const onFocusOut = (event) => {
     if (event.relatedTarget) focus.held = table.current.contains(event.relatedTarget);
@@ -67,7 +69,7 @@ export function Table({ page, scroller, active, takesFocus }) {
     const next = nextStop(page, place, event.key, rowCanFocus);
     if (!next) return;
     event.preventDefault();
-    focusRow(next.section, next.row);
+    focusRow({ ...next, id: page.sections[next.section].rows[next.row].id });
   };
 
   return html`
@@ -76,15 +78,14 @@ export function Table({ page, scroller, active, takesFocus }) {
       ${page.sections.map((section, at) => html`
         <${Section} key=${at} section=${section} number=${at} scroller=${scroller}
           active=${activeRow?.section === at ? activeRow.row : null} reordering=${reordering}
-          restoreFocus=${restoreFocus} openSwipe=${openSwipe?.section === at ? openSwipe.row : null}
-          setOpenSwipe=${(row, open) => setOpenSwipe(at, row, open)} />`)}
+          restoreFocus=${restoreFocus} openSwipe=${openSwipe} setOpenSwipe=${setOpenSwipe} />`)}
       ${reordering.drag && html`<${LiftedRow} row=${reordering.row} drag=${reordering.drag} />`}
     </div>`;
 }
 
 function placeOf(element) {
-  const item = element.closest('[data-row]');
-  return item ? { section: Number(item.dataset.section), row: Number(item.dataset.row) } : null;
+  const { section, row, id } = element.closest('[data-row]')?.dataset ?? {};
+  return id ? { section: Number(section), row: Number(row), id } : null;
 }
 
 /** The element of a row to focus: the wanted part, or the nearest thing to it in the row or the rows around it. */

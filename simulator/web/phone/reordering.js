@@ -1,7 +1,7 @@
 import { useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { findRow } from '/phone/findRow.js';
 import { nearestDestination, topsOf } from '/phone/layout.js';
 import { pixelsPerPoint } from '/phone/points.js';
-import { identityOf } from '/targets.js';
 
 const scrollZone = 70;
 const fastestScroll = 14;
@@ -48,9 +48,9 @@ export function useReordering({ page, scroller, table, session, focusRow }) {
       (sameRows(seen, now) ? { type: 'move', from: [from.section, from.row], to: [to.section, to.row] } : null));
     if (!sent) return;
     const shown = session.store.state.screen.page;
-    const place = findRow(shown, to, identityOf(moved));
+    const place = findRow(shown, moved.id);
     if (!place) return;
-    focusRow(place.section, place.row, 'handle');
+    focusRow({ ...place, id: moved.id }, 'handle');
     const { header, rows } = shown.sections[place.section];
     session.announce(`${moved.label}, row ${place.row + 1} of ${rows.length}${header ? ` in ${header}` : ''}`);
   }
@@ -72,11 +72,7 @@ export function useReordering({ page, scroller, table, session, focusRow }) {
 function sameRows(one, other) {
   return one === other || (one.sections.length === other.sections.length
     && one.sections.every(({ rows }, at) => rows.length === other.sections[at].rows.length
-      && rows.every((row, index) => mayBeSame(row, other.sections[at].rows[index]))));
-}
-
-function mayBeSame(one, other) {
-  return one.outline || other.outline || identityOf(one) === identityOf(other);
+      && rows.every(({ id }, index) => id === other.sections[at].rows[index].id)));
 }
 
 /** Where a row goes by one step: within its section, or over its edge into the next one. */
@@ -86,17 +82,6 @@ function neighbour({ sections }, section, row, direction) {
   const other = section + direction;
   if (!sections[other]) return null;
   return { section: other, row: direction > 0 ? 0 : sections[other].rows.length };
-}
-
-/** The row of `identity`, at `expected` or else the one nearest to the top. */
-function findRow({ sections }, expected, identity) {
-  const at = sections[expected.section]?.rows[expected.row];
-  if (at && identityOf(at) === identity) return expected;
-  for (const [section, { rows }] of sections.entries()) {
-    const row = rows.findIndex((candidate) => identityOf(candidate) === identity);
-    if (row >= 0) return { section, row };
-  }
-  return null;
 }
 
 /**

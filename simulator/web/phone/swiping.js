@@ -6,7 +6,7 @@ const opensAt = 40;
 const wheelRest = 250;
 
 /**
- * Which row of `page` shows its swipe actions, as `{section, row}` or null, and the way to change that.
+ * The id of the row of `page` that shows its swipe actions, or null, and the way to change that.
  *
  * The device says which; what the user does shows at once, and until the device has answered.
  */
@@ -14,20 +14,20 @@ export function useOpenRow(page, session) {
   const [ahead, setAhead] = useState(null);
   const described = useMemo(() => openRowOf(page), [page]);
   const open = ahead ? ahead.open : described;
-  const setOpen = async (section, row, isOpen) => {
-    if (isOpen === (open?.section === section && open.row === row)) return;
-    const own = { open: isOpen ? { section, row } : null };
+  const setOpen = async (id, isOpen) => {
+    if (isOpen === (open === id)) return;
+    const own = { open: isOpen ? id : null };
     setAhead(own);
-    await session.swipe(page.sections[section].rows[row].id, isOpen);
+    await session.swipe(id, isOpen);
     setAhead((now) => (now === own ? null : now));
   };
   return [open, setOpen];
 }
 
-function openRowOf(page) {
-  for (const [section, { rows }] of page.sections.entries()) {
-    const row = rows.findIndex(({ swipeOpen }) => swipeOpen);
-    if (row >= 0) return { section, row };
+function openRowOf({ sections }) {
+  for (const { rows } of sections) {
+    const open = rows.find(({ swipeOpen }) => swipeOpen);
+    if (open) return open.id;
   }
   return null;
 }

@@ -32,8 +32,8 @@ const picture = Buffer.from(
  * The simulator's HTTP interface over screens that a test makes up, for what no installed bundle shows.
  *
  * `screen` is the screen without its revision. A row that is swiped stays open until it is swiped back, as on a device.
- * `onEvent(event, fake)` may change `fake.screen` and `fake.device`; it returns undefined, or `{status, error}` to
- * refuse the event. All events are kept in `events`.
+ * An event for an id that is not on the screen is refused. `onEvent(event, fake)` may change `fake.screen` and
+ * `fake.device`; it returns undefined, or `{status, error}` to refuse the event. All events are kept in `events`.
  */
 export class FakeSimulator {
   events = [];
@@ -133,6 +133,9 @@ export class FakeSimulator {
     this.events.push(event);
     if (event.revision !== undefined && event.revision !== this.revision) {
       return reply(response, 409, { error: 'the screen has changed' });
+    }
+    if (event.id !== undefined && !JSON.stringify(this.screen).includes(`"id":${JSON.stringify(event.id)}`)) {
+      return reply(response, 404, { error: 'nothing has this id' });
     }
     const refused = await this.onEvent(event, this);
     if (refused) return reply(response, refused.status, { error: refused.error });

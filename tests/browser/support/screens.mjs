@@ -32,11 +32,16 @@ export function section(header, rows, footer = null) {
   return { header, footer, headerView: null, footerView: null, headerHeight: null, footerHeight: null, rows };
 }
 
-/** Rows without an id get one that names their place. */
+/** Rows without an id get one by their label, the same on every screen: the first "Mail" of page 2 is "row2.Mail". */
 export function screen(path, sections, fields = {}) {
-  sections.forEach(({ rows }, at) => rows.forEach((each, index) => {
-    each.id ??= `row${path.length}.${at}.${index}`;
-  }));
+  const taken = new Set();
+  for (const each of sections.flatMap(({ rows }) => rows)) {
+    const name = `row${path.length}.${each.label ?? each.cell}`;
+    let id = name;
+    for (let like = 2; taken.has(id); like += 1) id = `${name} ${like}`;
+    each.id ??= id;
+    taken.add(each.id);
+  }
   return {
     path,
     page: {

@@ -85,7 +85,7 @@ TEST(TableUpdateTest, AReloadedSectionMayHaveAnyNumberOfRows) {
   EXPECT_EQ(outcome.error, "");
   EXPECT_EQ(outcome.sections[0], std::nullopt);
   EXPECT_EQ(outcome.sections[1], 1);
-  EXPECT_EQ(fates(outcome, 0), "-");
+  EXPECT_EQ(fates(outcome, 0), "-r");
 }
 
 TEST(TableUpdateTest, RowsOfADeletedSectionMayBeDeletedToo) {

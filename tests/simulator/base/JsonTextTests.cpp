@@ -117,4 +117,24 @@ TEST(JsonTextTest, APrettyTextHasALineForEachEntry) {
             "  \"b\" : {\n\n  },\n  \"c\" : null\n}");
 }
 
+TEST(JsonTextTest, StringsLeftEmptyAreFilledLater) {
+  JsonText out;
+  out.beginObject();
+  out.name("a").emptyString();
+  out.name("b").string("");
+  const std::size_t head = out.text().size();
+  out.name("c").emptyString();
+  out.truncate(head);
+  out.name("d").beginArray();
+  out.emptyString();
+  out.null();
+  out.endArray();
+  EXPECT_EQ(out.text(), R"({"a":"","b":"","d":["",null])");
+  out.fill({"one", "two"});
+  out.name("e").emptyString();
+  out.endObject();
+  out.fill({"three"});
+  EXPECT_EQ(out.text(), R"({"a":"one","b":"","d":["two",null],"e":"three"})");
+}
+
 }  // namespace

@@ -1,0 +1,15 @@
+// What rows are known again by when their table is loaded anew: their specifiers, or else what they show.
+#pragma once
+
+#import <UIKit/UIKit.h>
+
+namespace sim {
+
+/// Tells `table` what is known of the row at `path`, which `cell` shows.
+void noteRow(UITableView* table, NSIndexPath* path, UITableViewCell* cell);
+
+/// The same for a row without a cell. Only the rows of a page of specifiers are known without one; what is known of any
+/// other stays.
+void noteOutline(UITableView* table, NSIndexPath* path);
+
+}  // namespace sim
