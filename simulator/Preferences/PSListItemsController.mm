@@ -13,7 +13,7 @@
 }
 
 - (NSArray *)specifiers {
-  if (!_specifiers) _specifiers = [[self sim_items] retain];
+  if (!_specifiers) _specifiers = [[self sim_items] mutableCopy];
   return _specifiers;
 }
 

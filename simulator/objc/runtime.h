@@ -3,8 +3,6 @@
 
 #include <objc/objc.h>
 
-#include <stdint.h>
-
 #if defined(__OBJC_GNUSTEP_RUNTIME_ABI__)
 // The one function in it that looks into an object. With ARC an `id` is no pointer to a structure.
 #define object_getClass(parameter) objc_classOfStructure(const struct objc_object *object)
@@ -20,7 +18,7 @@ static inline Class object_getClass(id object) {
 #endif
 
 /// How an object refers to one that is associated with it; the atomic ones give it out retained and autoreleased.
-typedef uintptr_t objc_AssociationPolicy;
+typedef __UINTPTR_TYPE__ objc_AssociationPolicy;
 enum {
   OBJC_ASSOCIATION_ASSIGN = 0,
   OBJC_ASSOCIATION_RETAIN_NONATOMIC = 1,
