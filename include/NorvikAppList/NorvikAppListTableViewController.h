@@ -3,11 +3,9 @@
 
 #import <UIKit/UIKit.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
-namespace sim {
-struct AppListPageState;
-}
+SIM_STATE_TYPE(AppListPageState);
 
 /// Lists the installed applications with a check mark at the chosen ones. Main thread only.
 ///
@@ -15,7 +13,7 @@ struct AppListPageState;
 /// identifier; every other key of the file is kept. Chosen applications that are not installed stay stored.
 @interface NorvikAppListTableViewController : UITableViewController {
  @private
-  std::unique_ptr<sim::AppListPageState> _pageState;
+  SIM_STATE(AppListPageState, _pageState);
 }
 /// `identifier` names the preference file, `key` the entry in it.
 - (instancetype)initWithIdentifier:(NSString *)identifier andKey:(NSString *)key;

@@ -2,13 +2,11 @@
 
 #import <Preferences/PSViewController.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
 @class PSConfirmationSpecifier, PSTableCell;
 
-namespace sim {
-struct PSListControllerState;
-}
+SIM_STATE_TYPE(PSListControllerState);
 
 /// A settings page made of specifiers. Main thread only.
 ///
@@ -16,10 +14,10 @@ struct PSListControllerState;
 /// page releases it and asks again after `reloadSpecifiers`.
 @interface PSListController : PSViewController {
  @protected
-  NSArray *_specifiers;  // Owned; mutable or immutable.
+  NSMutableArray *_specifiers;  // Owned.
 
  @private
-  std::unique_ptr<sim::PSListControllerState> _listState;
+  SIM_STATE(PSListControllerState, _listState);
 }
 @property(nonatomic, copy) NSString *specifierID;
 
@@ -29,14 +27,14 @@ struct PSListControllerState;
 /// Where property lists, texts and icons are found: the bundle of the controller's class.
 - (NSBundle *)bundle;
 
-- (NSArray *)specifiers;
+- (NSMutableArray *)specifiers;
 /// Replaces all rows and reloads.
 - (void)setSpecifiers:(NSArray *)specifiers;
 
 /// Rows of `<name>.plist` in the page's bundle, in a new mutable array. Sets the page's title and identifier when the
 /// list has them. A list that is missing or malformed gives an empty array and a log line.
-- (NSArray *)loadSpecifiersFromPlistName:(NSString *)name target:(id)target;
-- (NSArray *)loadSpecifiersFromPlistName:(NSString *)name target:(id)target bundle:(NSBundle *)bundle;
+- (NSMutableArray *)loadSpecifiersFromPlistName:(NSString *)name target:(id)target;
+- (NSMutableArray *)loadSpecifiersFromPlistName:(NSString *)name target:(id)target bundle:(NSBundle *)bundle;
 
 /// Redraws the table.
 - (void)reload;

@@ -30,10 +30,10 @@ typedef NS_ENUM(NSInteger, PSCellType) {
 /// Everything that is not an instance variable is in `properties`; rows and pages read their own keys from there.
 @interface PSSpecifier : NSObject {
  @public
-  id target;   // Not owned.
-  SEL getter;  // Takes the specifier, returns an object.
-  SEL setter;  // Takes the value and the specifier.
-  SEL action;  // Takes nothing or the specifier.
+  __unsafe_unretained id target;  // Not owned.
+  SEL getter;                     // Takes the specifier, returns an object.
+  SEL setter;                     // Takes the value and the specifier.
+  SEL action;                     // Takes nothing or the specifier.
   SEL cancel;
   Class detailControllerClass;
   PSCellType cellType;  // -1 when the type is unknown.
@@ -110,3 +110,6 @@ typedef NS_ENUM(NSInteger, PSCellType) {
 /// Does nothing without a valid setter.
 - (void)performSetterWithValue:(id)value;
 @end
+
+// Whoever has a row can name its cell.
+#import <Preferences/PSTableCell.h>

@@ -4,16 +4,14 @@
 
 #import <Preferences/PSSpecifier.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
-namespace sim {
-struct PSTableCellState;
-}
+SIM_STATE_TYPE(PSTableCellState);
 
 /// The cell of a specifier. Main thread only.
 @interface PSTableCell : UITableViewCell {
  @private
-  std::unique_ptr<sim::PSTableCellState> _tableCellState;
+  SIM_STATE(PSTableCellState, _tableCellState);
 }
 /// The row shown. Setting another one refreshes the cell.
 @property(nonatomic, retain) PSSpecifier *specifier;

@@ -15,6 +15,18 @@
 #define CF_EXPORT extern
 #endif
 
+#if !defined(TRUE)
+#define TRUE 1
+#endif
+#if !defined(FALSE)
+#define FALSE 0
+#endif
+
+#define CF_INLINE static __inline__ __attribute__((always_inline))
+#define CF_RETURNS_RETAINED __attribute__((cf_returns_retained))
+#define CF_RETURNS_NOT_RETAINED __attribute__((cf_returns_not_retained))
+#define CF_CONSUMED __attribute__((cf_consumed))
+
 typedef const void* CFTypeRef;
 typedef const struct __CFString* CFStringRef;
 typedef const struct __CFData* CFDataRef;
@@ -32,7 +44,7 @@ typedef unsigned long CFHashCode;
 typedef unsigned long CFTypeID;
 
 /// A constant string. Objective-C sources only.
-#define CFSTR(text) ((CFStringRef)(const void*)@text)
+#define CFSTR(text) ((__bridge CFStringRef) @text)
 
 CF_EXTERN_C_BEGIN
 

@@ -13,7 +13,8 @@ typedef struct CGAffineTransform {
 static const CGAffineTransform CGAffineTransformIdentity __attribute__((unused)) = {1, 0, 0, 1, 0, 0};
 
 CG_INLINE CGAffineTransform CGAffineTransformMake(CGFloat a, CGFloat b, CGFloat c, CGFloat d, CGFloat tx, CGFloat ty) {
-  return CGAffineTransform{a, b, c, d, tx, ty};
+  CGAffineTransform transform = {a, b, c, d, tx, ty};
+  return transform;
 }
 CG_EXTERN CGAffineTransform CGAffineTransformMakeTranslation(CGFloat tx, CGFloat ty);
 CG_EXTERN CGAffineTransform CGAffineTransformMakeScale(CGFloat sx, CGFloat sy);

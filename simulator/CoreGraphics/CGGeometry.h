@@ -3,8 +3,10 @@
 
 #include <CoreGraphics/CGBase.h>
 
-#include <cfloat>
-#include <cmath>
+#include <float.h>
+#include <math.h>
+#include <stdbool.h>
+#include <stdint.h>
 
 #if !defined(CF_DEFINES_CG_TYPES)  // Newer Foundations bring these types themselves.
 typedef struct CGPoint {
@@ -41,12 +43,22 @@ static const CGRect CGRectInfinite __attribute__((unused)) = {{-DBL_MAX / 2, -DB
 /// The empty rectangle at infinity that CGRectIntersection answers for disjoint rectangles.
 static const CGRect CGRectNull __attribute__((unused)) = {{INFINITY, INFINITY}, {0, 0}};
 
-CG_INLINE CGPoint CGPointMake(CGFloat x, CGFloat y) { return CGPoint{x, y}; }
-CG_INLINE CGSize CGSizeMake(CGFloat width, CGFloat height) { return CGSize{width, height}; }
-CG_INLINE CGRect CGRectMake(CGFloat x, CGFloat y, CGFloat width, CGFloat height) {
-  return CGRect{{x, y}, {width, height}};
+CG_INLINE CGPoint CGPointMake(CGFloat x, CGFloat y) {
+  CGPoint point = {x, y};
+  return point;
 }
-CG_INLINE CGVector CGVectorMake(CGFloat dx, CGFloat dy) { return CGVector{dx, dy}; }
+CG_INLINE CGSize CGSizeMake(CGFloat width, CGFloat height) {
+  CGSize size = {width, height};
+  return size;
+}
+CG_INLINE CGRect CGRectMake(CGFloat x, CGFloat y, CGFloat width, CGFloat height) {
+  CGRect rect = {{x, y}, {width, height}};
+  return rect;
+}
+CG_INLINE CGVector CGVectorMake(CGFloat dx, CGFloat dy) {
+  CGVector vector = {dx, dy};
+  return vector;
+}
 
 CG_INLINE bool CGPointEqualToPoint(CGPoint a, CGPoint b) { return a.x == b.x && a.y == b.y; }
 CG_INLINE bool CGSizeEqualToSize(CGSize a, CGSize b) { return a.width == b.width && a.height == b.height; }

@@ -3,7 +3,9 @@
 
 #import <CoreImage/CIImage.h>
 
-#include <objcxx/Retained.h>
+#include <objcxx/HiddenState.h>
+
+SIM_STATE_TYPE(CIFilterState);
 
 CG_EXTERN NSString *const kCIInputImageKey;
 CG_EXTERN NSString *const kCIInputRadiusKey;
@@ -16,8 +18,7 @@ CG_EXTERN NSString *const kCIOutputImageKey;
 /// end.
 @interface CIFilter : NSObject <NSCopying> {
  @private
-  objcxx::Retained<NSString> _name;
-  objcxx::Retained<CIImage> _inputImage;
+  SIM_STATE(CIFilterState, _filterState);
 }
 /// nil, with a log line, for a filter that is not carried. Its inputs have their defaults.
 + (CIFilter *)filterWithName:(NSString *)name;

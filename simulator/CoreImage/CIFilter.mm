@@ -1,6 +1,13 @@
 #import <CoreImage/CIFilter.h>
 #import <CoreImage/CIImage+Sim.h>
 
+#include <objcxx/Retained.h>
+
+struct sim::CIFilterState {
+  objcxx::Retained<NSString> name;
+  objcxx::Retained<CIImage> inputImage;
+};
+
 NSString *const kCIInputImageKey = @"inputImage";
 NSString *const kCIInputRadiusKey = @"inputRadius";
 NSString *const kCIOutputImageKey = @"outputImage";
@@ -36,17 +43,24 @@ objcxx::Retained<NSNumber> defaultRadius() { return objcxx::share([NSNumber numb
   return filter;
 }
 
+- (instancetype)init {
+  if (!(self = [super init])) return nil;
+
+  _filterState = std::make_unique<sim::CIFilterState>();
+  return self;
+}
+
 // Key-value coding reaches the inputs by their accessors only.
 + (BOOL)accessInstanceVariablesDirectly {
   return NO;
 }
 
 - (NSString *)name {
-  return _name.get();
+  return _filterState->name.get();
 }
 
 - (void)setName:(NSString *)name {
-  _name = objcxx::adopt((NSString *)[name copy]);
+  _filterState->name = objcxx::adopt((NSString *)[name copy]);
 }
 
 - (NSArray *)inputKeys {
@@ -61,11 +75,11 @@ objcxx::Retained<NSNumber> defaultRadius() { return objcxx::share([NSNumber numb
 }
 
 - (CIImage *)inputImage {
-  return _inputImage.get();
+  return _filterState->inputImage.get();
 }
 
 - (void)setInputImage:(CIImage *)image {
-  _inputImage = objcxx::share(image);
+  _filterState->inputImage = objcxx::share(image);
 }
 
 - (CIImage *)outputImage {
@@ -74,8 +88,7 @@ objcxx::Retained<NSNumber> defaultRadius() { return objcxx::share([NSNumber numb
 
 - (id)copyWithZone:(NSZone *)zone {
   CIFilter *copy = [[[self class] allocWithZone:zone] init];
-  copy->_name = _name;
-  copy->_inputImage = _inputImage;
+  *copy->_filterState = *_filterState;
   return copy;
 }
 

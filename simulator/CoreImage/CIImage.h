@@ -4,18 +4,16 @@
 #import <CoreGraphics/CoreGraphics.h>
 #import <Foundation/Foundation.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
-namespace sim {
-struct CIImageState;
-}
+SIM_STATE_TYPE(CIImageState);
 
 @class UIImage;
 
 /// Immutable.
 @interface CIImage : NSObject <NSCopying> {
  @private
-  std::unique_ptr<sim::CIImageState> _state;
+  SIM_STATE(CIImageState, _state);
 }
 + (CIImage *)imageWithCGImage:(CGImageRef)image;
 /// nil for data that is no image.

@@ -12,4 +12,6 @@
 #undef CGRectMaxXEdge
 #undef CGRectMaxYEdge
 
+#import <Foundation/FoundationMacros.h>
+
 #import <Foundation/FoundationAdditions.h>

@@ -9,6 +9,24 @@
 
 NS_ASSUME_NONNULL_BEGIN
 
+/// Hands an object's ownership to CoreFoundation: under ARC it is retained once, and CFRelease ends that.
+NS_INLINE CFTypeRef CFBridgingRetain(id object) {
+#if __has_feature(objc_arc)
+  return (__bridge_retained CFTypeRef)object;
+#else
+  return (CFTypeRef)[object retain];
+#endif
+}
+/// Takes over what CFRetain, a function with Create or Copy in its name or CFBridgingRetain gave. Without ARC the
+/// object is autoreleased.
+NS_INLINE id CFBridgingRelease(CFTypeRef object) {
+#if __has_feature(objc_arc)
+  return (__bridge_transfer id)object;
+#else
+  return [(id)object autorelease];
+#endif
+}
+
 enum {
   /// Top-level values other than arrays and dictionaries are accepted.
   NSJSONReadingFragmentsAllowed = NSJSONReadingAllowFragments,

@@ -111,7 +111,7 @@ NSMutableArray *rowsFrom(id specifiers, Class page) {
   return [NSBundle bundleForClass:[self class]];
 }
 
-- (NSArray *)specifiers {
+- (NSMutableArray *)specifiers {
   return _specifiers;
 }
 
@@ -121,11 +121,11 @@ NSMutableArray *rowsFrom(id specifiers, Class page) {
   [[self table] reloadData];
 }
 
-- (NSArray *)loadSpecifiersFromPlistName:(NSString *)name target:(id)target {
+- (NSMutableArray *)loadSpecifiersFromPlistName:(NSString *)name target:(id)target {
   return [self loadSpecifiersFromPlistName:name target:target bundle:[self bundle]];
 }
 
-- (NSArray *)loadSpecifiersFromPlistName:(NSString *)name target:(id)target bundle:(NSBundle *)bundle {
+- (NSMutableArray *)loadSpecifiersFromPlistName:(NSString *)name target:(id)target bundle:(NSBundle *)bundle {
   NSDictionary *list = sim::specifierPropertyList(name, bundle);
   if (!list) return [NSMutableArray array];
   id title = [list objectForKey:@"title"];

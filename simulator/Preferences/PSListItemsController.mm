@@ -12,7 +12,7 @@
 }
 
 - (NSArray *)specifiers {
-  if (!_specifiers) _specifiers = [[self sim_items] retain];
+  if (!_specifiers) _specifiers = [[self sim_items] mutableCopy];
   return _specifiers;
 }
 

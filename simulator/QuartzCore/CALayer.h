@@ -4,11 +4,9 @@
 #import <CoreGraphics/CoreGraphics.h>
 #import <Foundation/Foundation.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
-namespace sim {
-struct CALayerState;
-}
+SIM_STATE_TYPE(CALayerState);
 
 typedef NS_OPTIONS(NSUInteger, CACornerMask) {
   kCALayerMinXMinYCorner = 1U << 0,
@@ -25,7 +23,7 @@ typedef NS_OPTIONS(NSUInteger, CACornerMask) {
 /// `clipsToBounds`, `alpha`, `backgroundColor` and `hidden`. Main thread only.
 @interface CALayer : NSObject {
  @private
-  std::unique_ptr<sim::CALayerState> _state;
+  SIM_STATE(CALayerState, _state);
 }
 /// The view; not owned.
 @property(assign) id<CALayerDelegate> delegate;

@@ -6,6 +6,8 @@
 #import <Preferences/PreferencesLog.h>
 #import <Preferences/SpecifierLoader.h>
 
+#include <objcxx/Retained.h>
+
 #include <algorithm>
 #include <vector>
 

@@ -23,7 +23,7 @@
                                                       cell:PSStaticTextCell
                                                       edit:Nil];
   [row setProperty:@"PSStaticTextCell" forKey:PSTableCellClassKey];
-  _specifiers = [[NSArray alloc] initWithObjects:[PSSpecifier emptyGroupSpecifier], row, nil];
+  _specifiers = [[NSMutableArray alloc] initWithObjects:[PSSpecifier emptyGroupSpecifier], row, nil];
   return _specifiers;
 }
 
@@ -43,7 +43,7 @@
   NSArray *entries = sim::preferenceEntries(self);
   NSString *note = [entries count] == 0 ? @"No settings bundle is installed." : nil;
   PSSpecifier *group = [PSSpecifier groupSpecifierWithHeader:nil footer:note];
-  _specifiers = [[@[ group ] arrayByAddingObjectsFromArray:entries] retain];
+  _specifiers = [[@[ group ] arrayByAddingObjectsFromArray:entries] mutableCopy];
   return _specifiers;
 }
 

@@ -3,9 +3,9 @@
 
 #import <UIKit/UIView.h>
 
-namespace sim {
-struct UIActivityIndicatorViewState;
-}
+#include <objcxx/HiddenState.h>
+
+SIM_STATE_TYPE(UIActivityIndicatorViewState);
 
 typedef NS_ENUM(NSInteger, UIActivityIndicatorViewStyle) {
   UIActivityIndicatorViewStyleWhiteLarge = 0,
@@ -17,7 +17,7 @@ typedef NS_ENUM(NSInteger, UIActivityIndicatorViewStyle) {
 
 @interface UIActivityIndicatorView : UIView {
  @private
-  std::unique_ptr<sim::UIActivityIndicatorViewState> _indicatorState;
+  SIM_STATE(UIActivityIndicatorViewState, _indicatorState);
 }
 - (instancetype)initWithActivityIndicatorStyle:(UIActivityIndicatorViewStyle)style;
 @property(nonatomic) UIActivityIndicatorViewStyle activityIndicatorViewStyle;

@@ -3,6 +3,8 @@
 
 #import <UIKit/UIViewController.h>
 
+#include <objcxx/HiddenState.h>
+
 typedef NSString *UIActivityType;
 UIKIT_EXTERN UIActivityType const UIActivityTypeMessage;
 UIKIT_EXTERN UIActivityType const UIActivityTypeMail;
@@ -16,14 +18,12 @@ UIKIT_EXTERN UIActivityType const UIActivityTypeAirDrop;
 typedef void (^UIActivityViewControllerCompletionWithItemsHandler)(UIActivityType activityType, BOOL completed,
                                                                    NSArray *returnedItems, NSError *activityError);
 
-namespace sim {
-struct ActivityState;
-}
+SIM_STATE_TYPE(ActivityState);
 
 /// On a large screen it has to be given a place to show from; see `popoverPresentationController`. Main thread.
 @interface UIActivityViewController : UIViewController {
  @private
-  std::unique_ptr<sim::ActivityState> _activityState;
+  SIM_STATE(ActivityState, _activityState);
 }
 /// `applicationActivities` may be nil; activities of an application's own are not carried, so no other value is.
 /// Raises NSInvalidArgumentException for no items and for activities.

@@ -3,7 +3,7 @@
 
 #import <Foundation/Foundation.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
 @class UIAlertAction;
 
@@ -13,14 +13,12 @@ typedef NS_ENUM(NSInteger, UIAlertActionStyle) {
   UIAlertActionStyleDestructive,
 };
 
-namespace sim {
-struct AlertActionState;
-}
+SIM_STATE_TYPE(AlertActionState);
 
 /// Main thread.
 @interface UIAlertAction : NSObject <NSCopying> {
  @private
-  std::unique_ptr<sim::AlertActionState> _alertActionState;
+  SIM_STATE(AlertActionState, _alertActionState);
 }
 /// The handler is copied; nil for a button that only dismisses.
 + (instancetype)actionWithTitle:(NSString *)title

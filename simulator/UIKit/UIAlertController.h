@@ -4,6 +4,8 @@
 #import <UIKit/UIAlertAction.h>
 #import <UIKit/UIViewController.h>
 
+#include <objcxx/HiddenState.h>
+
 @class UITextField;
 
 typedef NS_ENUM(NSInteger, UIAlertControllerStyle) {
@@ -11,14 +13,12 @@ typedef NS_ENUM(NSInteger, UIAlertControllerStyle) {
   UIAlertControllerStyleAlert,
 };
 
-namespace sim {
-struct AlertControllerState;
-}
+SIM_STATE_TYPE(AlertControllerState);
 
 /// Main thread.
 @interface UIAlertController : UIViewController {
  @private
-  std::unique_ptr<sim::AlertControllerState> _alertControllerState;
+  SIM_STATE(AlertControllerState, _alertControllerState);
 }
 + (instancetype)alertControllerWithTitle:(NSString *)title
                                  message:(NSString *)message

@@ -3,7 +3,7 @@
 
 #import <UIKit/UIResponder.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
 @class UIApplication;
 @class UIEvent;
@@ -20,14 +20,12 @@ typedef NS_ENUM(NSInteger, UIApplicationState) {
 @protocol UIApplicationDelegate <NSObject>
 @end
 
-namespace sim {
-struct ApplicationState;
-}
+SIM_STATE_TYPE(ApplicationState);
 
 /// Main thread.
 @interface UIApplication : UIResponder {
  @private
-  std::unique_ptr<sim::ApplicationState> _applicationState;
+  SIM_STATE(ApplicationState, _applicationState);
 }
 + (UIApplication *)sharedApplication;
 /// Not owned.

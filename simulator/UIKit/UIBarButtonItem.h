@@ -3,6 +3,8 @@
 
 #import <UIKit/UIBarItem.h>
 
+#include <objcxx/HiddenState.h>
+
 @class UIColor;
 @class UIView;
 
@@ -40,14 +42,12 @@ typedef NS_ENUM(NSInteger, UIBarButtonSystemItem) {
   UIBarButtonSystemItemClose,
 };
 
-namespace sim {
-struct BarButtonItemState;
-}
+SIM_STATE_TYPE(BarButtonItemState);
 
 /// A button that sends `action` to `target`. The target is not owned. Main thread.
 @interface UIBarButtonItem : UIBarItem {
  @private
-  std::unique_ptr<sim::BarButtonItemState> _barButtonItemState;
+  SIM_STATE(BarButtonItemState, _barButtonItemState);
 }
 - (instancetype)initWithTitle:(NSString *)title style:(UIBarButtonItemStyle)style target:(id)target action:(SEL)action;
 - (instancetype)initWithImage:(UIImage *)image style:(UIBarButtonItemStyle)style target:(id)target action:(SEL)action;

@@ -3,18 +3,16 @@
 
 #import <Foundation/Foundation.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
 @class UIImage;
 
-namespace sim {
-struct BarItemState;
-}
+SIM_STATE_TYPE(BarItemState);
 
 /// Abstract base of the items in bars. Main thread.
 @interface UIBarItem : NSObject {
  @private
-  std::unique_ptr<sim::BarItemState> _barItemState;
+  SIM_STATE(BarItemState, _barItemState);
 }
 @property(nonatomic, copy) NSString *title;
 @property(nonatomic, retain) UIImage *image;

@@ -4,11 +4,9 @@
 #import <CoreGraphics/CoreGraphics.h>
 #import <UIKit/UIKitDefines.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
-namespace sim {
-struct UIBezierPathState;
-}
+SIM_STATE_TYPE(UIBezierPathState);
 
 typedef NS_OPTIONS(NSUInteger, UIRectCorner) {
   UIRectCornerTopLeft = 1 << 0,
@@ -20,7 +18,7 @@ typedef NS_OPTIONS(NSUInteger, UIRectCorner) {
 
 @interface UIBezierPath : NSObject <NSCopying> {
  @private
-  std::unique_ptr<sim::UIBezierPathState> _state;
+  SIM_STATE(UIBezierPathState, _state);
 }
 + (instancetype)bezierPath;
 + (instancetype)bezierPathWithRect:(CGRect)rect;

@@ -5,9 +5,9 @@
 #import <UIKit/UIImageView.h>
 #import <UIKit/UILabel.h>
 
-namespace sim {
-struct UIButtonState;
-}
+#include <objcxx/HiddenState.h>
+
+SIM_STATE_TYPE(UIButtonState);
 
 typedef NS_ENUM(NSInteger, UIButtonType) {
   UIButtonTypeCustom = 0,
@@ -21,7 +21,7 @@ typedef NS_ENUM(NSInteger, UIButtonType) {
 
 @interface UIButton : UIControl {
  @private
-  std::unique_ptr<sim::UIButtonState> _buttonState;
+  SIM_STATE(UIButtonState, _buttonState);
 }
 + (instancetype)buttonWithType:(UIButtonType)type;
 @property(nonatomic, readonly) UIButtonType buttonType;

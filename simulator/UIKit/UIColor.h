@@ -4,18 +4,16 @@
 #import <CoreGraphics/CGColor.h>
 #import <UIKit/UIKitDefines.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
 @class UITraitCollection;
 
-namespace sim {
-struct UIColorState;
-}
+SIM_STATE_TYPE(UIColorState);
 
 /// Immutable. A dynamic colour answers component questions for the current traits (see UITraitCollection).
 @interface UIColor : NSObject <NSCopying> {
  @private
-  std::unique_ptr<sim::UIColorState> _state;
+  SIM_STATE(UIColorState, _state);
 }
 + (UIColor *)colorWithWhite:(CGFloat)white alpha:(CGFloat)alpha;
 + (UIColor *)colorWithRed:(CGFloat)red green:(CGFloat)green blue:(CGFloat)blue alpha:(CGFloat)alpha;

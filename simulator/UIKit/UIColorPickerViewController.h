@@ -3,6 +3,8 @@
 
 #import <UIKit/UIViewController.h>
 
+#include <objcxx/HiddenState.h>
+
 @class UIColor;
 @class UIColorPickerViewController;
 
@@ -19,14 +21,12 @@
 - (void)colorPickerViewControllerDidFinish:(UIColorPickerViewController *)viewController;
 @end
 
-namespace sim {
-struct ColorPickerState;
-}
+SIM_STATE_TYPE(ColorPickerState);
 
 /// The selected colour changes before the delegate hears of it, and can be observed. Main thread.
 @interface UIColorPickerViewController : UIViewController {
  @private
-  std::unique_ptr<sim::ColorPickerState> _colorPickerState;
+  SIM_STATE(ColorPickerState, _colorPickerState);
 }
 - (instancetype)init;
 /// Not owned; a device forgets one that has gone.

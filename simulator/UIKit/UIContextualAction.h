@@ -3,7 +3,7 @@
 
 #import <Foundation/Foundation.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
 @class UIColor;
 @class UIContextualAction;
@@ -19,14 +19,12 @@ typedef NS_ENUM(NSInteger, UIContextualActionStyle) {
 typedef void (^UIContextualActionHandler)(UIContextualAction *action, __kindof UIView *sourceView,
                                           void (^completionHandler)(BOOL actionPerformed));
 
-namespace sim {
-struct ContextualActionState;
-}
+SIM_STATE_TYPE(ContextualActionState);
 
 /// Main thread.
 @interface UIContextualAction : NSObject {
  @private
-  std::unique_ptr<sim::ContextualActionState> _contextualActionState;
+  SIM_STATE(ContextualActionState, _contextualActionState);
 }
 /// The handler is copied.
 + (instancetype)contextualActionWithStyle:(UIContextualActionStyle)style

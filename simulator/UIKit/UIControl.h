@@ -3,9 +3,9 @@
 
 #import <UIKit/UIView.h>
 
-namespace sim {
-struct UIControlMemory;
-}
+#include <objcxx/HiddenState.h>
+
+SIM_STATE_TYPE(UIControlMemory);
 
 @class UIEvent;
 
@@ -46,7 +46,7 @@ typedef NS_ENUM(NSInteger, UIControlContentHorizontalAlignment) {
 
 @interface UIControl : UIView {
  @private
-  std::unique_ptr<sim::UIControlMemory> _controlState;
+  SIM_STATE(UIControlMemory, _controlState);
 }
 @property(nonatomic, getter=isEnabled) BOOL enabled;
 @property(nonatomic, getter=isSelected) BOOL selected;

@@ -3,6 +3,8 @@
 
 #import <UIKit/UIViewController.h>
 
+#include <objcxx/HiddenState.h>
+
 @class UIDocumentPickerViewController;
 
 typedef NS_ENUM(NSUInteger, UIDocumentPickerMode) {
@@ -20,15 +22,13 @@ typedef NS_ENUM(NSUInteger, UIDocumentPickerMode) {
 - (void)documentPickerWasCancelled:(UIDocumentPickerViewController *)controller;
 @end
 
-namespace sim {
-struct DocumentPickerState;
-}
+SIM_STATE_TYPE(DocumentPickerState);
 
 /// The picker begins to dismiss itself before it tells its delegate: as on a device, what presented it presents nothing
 /// else until it has gone. Main thread.
 @interface UIDocumentPickerViewController : UIViewController {
  @private
-  std::unique_ptr<sim::DocumentPickerState> _documentPickerState;
+  SIM_STATE(DocumentPickerState, _documentPickerState);
 }
 /// For the modes import and open. Raises NSInvalidArgumentException for any other mode and for no types.
 - (instancetype)initWithDocumentTypes:(NSArray *)allowedUTIs inMode:(UIDocumentPickerMode)mode;

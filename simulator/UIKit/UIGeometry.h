@@ -25,10 +25,12 @@ static const UIEdgeInsets UIEdgeInsetsZero __attribute__((unused)) = {0, 0, 0, 0
 static const UIOffset UIOffsetZero __attribute__((unused)) = {0, 0};
 
 UIKIT_STATIC_INLINE UIEdgeInsets UIEdgeInsetsMake(CGFloat top, CGFloat left, CGFloat bottom, CGFloat right) {
-  return UIEdgeInsets{top, left, bottom, right};
+  UIEdgeInsets insets = {top, left, bottom, right};
+  return insets;
 }
 UIKIT_STATIC_INLINE UIOffset UIOffsetMake(CGFloat horizontal, CGFloat vertical) {
-  return UIOffset{horizontal, vertical};
+  UIOffset offset = {horizontal, vertical};
+  return offset;
 }
 UIKIT_STATIC_INLINE CGRect UIEdgeInsetsInsetRect(CGRect rect, UIEdgeInsets insets) {
   return CGRectMake(rect.origin.x + insets.left, rect.origin.y + insets.top,

@@ -6,11 +6,9 @@
 #import <UIKit/UIColor.h>
 #import <UIKit/UITraitCollection.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
-namespace sim {
-struct UIImageState;
-}
+SIM_STATE_TYPE(UIImageState);
 
 /// How the stored pixels have to be turned to stand upright, as a camera's orientation tag says.
 typedef NS_ENUM(NSInteger, UIImageOrientation) {
@@ -35,7 +33,7 @@ typedef NS_ENUM(NSInteger, UIImageRenderingMode) {
 /// is found only then draws nothing, has no PNG or JPEG representation, and its `CGImage` provides no data.
 @interface UIImage : NSObject {
  @private
-  std::unique_ptr<sim::UIImageState> _state;
+  SIM_STATE(UIImageState, _state);
 }
 /// From the main bundle; with the extension left out, PNG. Takes name@3x or name@2x where the screen's scale wants it.
 + (UIImage *)imageNamed:(NSString *)name;

@@ -3,6 +3,8 @@
 
 #import <UIKit/UINavigationController.h>
 
+#include <objcxx/HiddenState.h>
+
 @class UIImagePickerController;
 
 typedef NS_ENUM(NSInteger, UIImagePickerControllerSourceType) {
@@ -27,14 +29,12 @@ UIKIT_EXTERN UIImagePickerControllerInfoKey const UIImagePickerControllerImageUR
 - (void)imagePickerControllerDidCancel:(UIImagePickerController *)picker;
 @end
 
-namespace sim {
-struct ImagePickerState;
-}
+SIM_STATE_TYPE(ImagePickerState);
 
 /// Main thread.
 @interface UIImagePickerController : UINavigationController {
  @private
-  std::unique_ptr<sim::ImagePickerState> _imagePickerState;
+  SIM_STATE(ImagePickerState, _imagePickerState);
 }
 /// There is no camera; the library and the album are there when the device has a folder of photos.
 + (BOOL)isSourceTypeAvailable:(UIImagePickerControllerSourceType)sourceType;

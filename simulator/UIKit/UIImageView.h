@@ -4,13 +4,13 @@
 #import <UIKit/UIImage.h>
 #import <UIKit/UIView.h>
 
-namespace sim {
-struct UIImageViewState;
-}
+#include <objcxx/HiddenState.h>
+
+SIM_STATE_TYPE(UIImageViewState);
 
 @interface UIImageView : UIView {
  @private
-  std::unique_ptr<sim::UIImageViewState> _imageViewState;
+  SIM_STATE(UIImageViewState, _imageViewState);
 }
 /// Takes the image's size. User interaction is off.
 - (instancetype)initWithImage:(UIImage *)image;

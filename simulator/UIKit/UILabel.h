@@ -5,13 +5,13 @@
 #import <UIKit/UIFont.h>
 #import <UIKit/UIView.h>
 
-namespace sim {
-struct UILabelState;
-}
+#include <objcxx/HiddenState.h>
+
+SIM_STATE_TYPE(UILabelState);
 
 @interface UILabel : UIView {
  @private
-  std::unique_ptr<sim::UILabelState> _labelState;
+  SIM_STATE(UILabelState, _labelState);
 }
 @property(nonatomic, copy) NSString *text;
 /// Its first character's font and colour become the label's own. Setting `text` drops it.

@@ -3,6 +3,8 @@
 
 #import <UIKit/UIView.h>
 
+#include <objcxx/HiddenState.h>
+
 @class UIColor;
 @class UINavigationItem;
 
@@ -11,14 +13,12 @@ typedef NS_ENUM(NSInteger, UIBarStyle) {
   UIBarStyleBlack = 1,
 };
 
-namespace sim {
-struct NavigationBarState;
-}
+SIM_STATE_TYPE(NavigationBarState);
 
 /// State only; the items are those of the controller's stack. Main thread.
 @interface UINavigationBar : UIView {
  @private
-  std::unique_ptr<sim::NavigationBarState> _navigationBarState;
+  SIM_STATE(NavigationBarState, _navigationBarState);
 }
 @property(nonatomic) UIBarStyle barStyle;
 @property(nonatomic, getter=isTranslucent) BOOL translucent;

@@ -3,6 +3,8 @@
 
 #import <UIKit/UIViewController.h>
 
+#include <objcxx/HiddenState.h>
+
 @class UINavigationBar;
 @class UINavigationController;
 
@@ -22,15 +24,13 @@ typedef NS_ENUM(NSInteger, UINavigationControllerOperation) {
                     animated:(BOOL)animated;
 @end
 
-namespace sim {
-struct NavigationControllerState;
-}
+SIM_STATE_TYPE(NavigationControllerState);
 
 /// Owns the controllers of its stack. A stack that changes while pages are being exchanged changes at once; the pages
 /// that show follow when that exchange is over. Main thread.
 @interface UINavigationController : UIViewController {
  @private
-  std::unique_ptr<sim::NavigationControllerState> _navigationControllerState;
+  SIM_STATE(NavigationControllerState, _navigationControllerState);
 }
 - (instancetype)initWithRootViewController:(UIViewController *)rootViewController;
 

@@ -3,7 +3,7 @@
 
 #import <Foundation/Foundation.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
 @class UIBarButtonItem;
 @class UIView;
@@ -14,14 +14,12 @@ typedef NS_ENUM(NSInteger, UINavigationItemLargeTitleDisplayMode) {
   UINavigationItemLargeTitleDisplayModeNever,
 };
 
-namespace sim {
-struct NavigationItemState;
-}
+SIM_STATE_TYPE(NavigationItemState);
 
 /// State only. Main thread.
 @interface UINavigationItem : NSObject {
  @private
-  std::unique_ptr<sim::NavigationItemState> _navigationItemState;
+  SIM_STATE(NavigationItemState, _navigationItemState);
 }
 - (instancetype)initWithTitle:(NSString *)title;
 

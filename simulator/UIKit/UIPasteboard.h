@@ -3,16 +3,14 @@
 
 #import <Foundation/Foundation.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
-namespace sim {
-struct PasteboardState;
-}
+SIM_STATE_TYPE(PasteboardState);
 
 /// Main thread.
 @interface UIPasteboard : NSObject {
  @private
-  std::unique_ptr<sim::PasteboardState> _pasteboardState;
+  SIM_STATE(PasteboardState, _pasteboardState);
 }
 + (UIPasteboard *)generalPasteboard;
 /// The first string; nil when there is none. Setting nil empties the pasteboard.

@@ -4,7 +4,7 @@
 #import <UIKit/UIGeometry.h>
 #import <UIKit/UIPresentationController.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
 @class UIBarButtonItem;
 @class UIPopoverPresentationController;
@@ -26,14 +26,12 @@ typedef NS_OPTIONS(NSUInteger, UIPopoverArrowDirection) {
 - (void)prepareForPopoverPresentation:(UIPopoverPresentationController *)popoverPresentationController;
 @end
 
-namespace sim {
-struct PopoverState;
-}
+SIM_STATE_TYPE(PopoverState);
 
 /// State only. Made by the view controller that it presents. Main thread.
 @interface UIPopoverPresentationController : UIPresentationController {
  @private
-  std::unique_ptr<sim::PopoverState> _popoverState;
+  SIM_STATE(PopoverState, _popoverState);
 }
 @property(nonatomic, retain) UIView *sourceView;
 /// In the coordinates of `sourceView`; CGRectNull at first, which stands for the view's bounds.

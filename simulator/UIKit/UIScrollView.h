@@ -3,6 +3,8 @@
 
 #import <UIKit/UIView.h>
 
+#include <objcxx/HiddenState.h>
+
 @class UIScrollView;
 
 typedef NS_ENUM(NSInteger, UIScrollViewKeyboardDismissMode) {
@@ -16,14 +18,12 @@ typedef NS_ENUM(NSInteger, UIScrollViewKeyboardDismissMode) {
 - (void)scrollViewDidScroll:(UIScrollView *)scrollView;
 @end
 
-namespace sim {
-struct ScrollViewState;
-}
+SIM_STATE_TYPE(ScrollViewState);
 
 /// Main thread.
 @interface UIScrollView : UIView {
  @private
-  std::unique_ptr<sim::ScrollViewState> _scrollViewState;
+  SIM_STATE(ScrollViewState, _scrollViewState);
 }
 /// The origin of the bounds. Setting it tells the delegate when it changes.
 @property(nonatomic) CGPoint contentOffset;

@@ -4,17 +4,15 @@
 #import <UIKit/UIControl.h>
 #import <UIKit/UIImage.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
-namespace sim {
-struct UISegmentedControlState;
-}
+SIM_STATE_TYPE(UISegmentedControlState);
 
 enum { UISegmentedControlNoSegment = -1 };
 
 @interface UISegmentedControl : UIControl {
  @private
-  std::unique_ptr<sim::UISegmentedControlState> _segmentState;
+  SIM_STATE(UISegmentedControlState, _segmentState);
 }
 /// Strings and images; anything else raises NSInvalidArgumentException.
 - (instancetype)initWithItems:(NSArray *)items;

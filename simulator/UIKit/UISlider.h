@@ -4,13 +4,13 @@
 #import <UIKit/UIControl.h>
 #import <UIKit/UIImage.h>
 
-namespace sim {
-struct UISliderState;
-}
+#include <objcxx/HiddenState.h>
+
+SIM_STATE_TYPE(UISliderState);
 
 @interface UISlider : UIControl {
  @private
-  std::unique_ptr<sim::UISliderState> _sliderState;
+  SIM_STATE(UISliderState, _sliderState);
 }
 /// Kept between the two ends; not a number counts as the lower end. Setting it sends no action.
 @property(nonatomic) float value;

@@ -3,13 +3,13 @@
 
 #import <UIKit/UIControl.h>
 
-namespace sim {
-struct UISwitchState;
-}
+#include <objcxx/HiddenState.h>
+
+SIM_STATE_TYPE(UISwitchState);
 
 @interface UISwitch : UIControl {
  @private
-  std::unique_ptr<sim::UISwitchState> _switchState;
+  SIM_STATE(UISwitchState, _switchState);
 }
 /// Setting it sends no action.
 @property(nonatomic, getter=isOn) BOOL on;

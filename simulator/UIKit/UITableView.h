@@ -5,6 +5,8 @@
 #import <UIKit/UIScrollView.h>
 #import <UIKit/UITableViewCell.h>
 
+#include <objcxx/HiddenState.h>
+
 @class UISwipeActionsConfiguration;
 @class UITableView;
 @class UITableViewHeaderFooterView;
@@ -103,15 +105,13 @@ UIKIT_EXTERN const CGFloat UITableViewAutomaticDimension;
                          toProposedIndexPath:(NSIndexPath *)proposedDestinationIndexPath;
 @end
 
-namespace sim {
-struct TableViewState;
-}
+SIM_STATE_TYPE(TableViewState);
 
 /// Main thread. Only the rows that lie in the bounds have cells; the cells of the others wait in the reuse queue.
 /// Counts are asked at -reloadData, cells at the next layout.
 @interface UITableView : UIScrollView {
  @private
-  std::unique_ptr<sim::TableViewState> _tableViewState;
+  SIM_STATE(TableViewState, _tableViewState);
 }
 /// Designated.
 - (instancetype)initWithFrame:(CGRect)frame style:(UITableViewStyle)style;

@@ -3,6 +3,8 @@
 
 #import <UIKit/UIView.h>
 
+#include <objcxx/HiddenState.h>
+
 @class UIImageView;
 @class UILabel;
 
@@ -34,14 +36,12 @@ typedef NS_ENUM(NSInteger, UITableViewCellAccessoryType) {
   UITableViewCellAccessoryDetailButton,
 };
 
-namespace sim {
-struct TableViewCellState;
-}
+SIM_STATE_TYPE(TableViewCellState);
 
 /// The standard labels and the image view are made when they are first asked for. Main thread.
 @interface UITableViewCell : UIView {
  @private
-  std::unique_ptr<sim::TableViewCellState> _cellState;
+  SIM_STATE(TableViewCellState, _cellState);
 }
 /// Designated.
 - (instancetype)initWithStyle:(UITableViewCellStyle)style reuseIdentifier:(NSString *)reuseIdentifier;

@@ -4,14 +4,14 @@
 #import <UIKit/UITableView.h>
 #import <UIKit/UIViewController.h>
 
-namespace sim {
-struct TableViewControllerState;
-}
+#include <objcxx/HiddenState.h>
+
+SIM_STATE_TYPE(TableViewControllerState);
 
 /// Data source and delegate of its table view, which it reloads when it first appears. Main thread.
 @interface UITableViewController : UIViewController <UITableViewDataSource, UITableViewDelegate> {
  @private
-  std::unique_ptr<sim::TableViewControllerState> _tableViewControllerState;
+  SIM_STATE(TableViewControllerState, _tableViewControllerState);
 }
 /// Designated. -init gives the plain style.
 - (instancetype)initWithStyle:(UITableViewStyle)style;

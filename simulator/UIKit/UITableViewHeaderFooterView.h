@@ -3,16 +3,16 @@
 
 #import <UIKit/UIView.h>
 
+#include <objcxx/HiddenState.h>
+
 @class UILabel;
 
-namespace sim {
-struct HeaderFooterViewState;
-}
+SIM_STATE_TYPE(HeaderFooterViewState);
 
 /// Main thread.
 @interface UITableViewHeaderFooterView : UIView {
  @private
-  std::unique_ptr<sim::HeaderFooterViewState> _headerFooterState;
+  SIM_STATE(HeaderFooterViewState, _headerFooterState);
 }
 /// Designated.
 - (instancetype)initWithReuseIdentifier:(NSString *)reuseIdentifier;

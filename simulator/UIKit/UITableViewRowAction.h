@@ -3,7 +3,7 @@
 
 #import <Foundation/Foundation.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
 @class UIColor;
 @class UITableViewRowAction;
@@ -14,14 +14,12 @@ typedef NS_ENUM(NSInteger, UITableViewRowActionStyle) {
   UITableViewRowActionStyleNormal,
 };
 
-namespace sim {
-struct RowActionState;
-}
+SIM_STATE_TYPE(RowActionState);
 
 /// Main thread.
 @interface UITableViewRowAction : NSObject <NSCopying> {
  @private
-  std::unique_ptr<sim::RowActionState> _rowActionState;
+  SIM_STATE(RowActionState, _rowActionState);
 }
 /// The handler is copied.
 + (instancetype)rowActionWithStyle:(UITableViewRowActionStyle)style

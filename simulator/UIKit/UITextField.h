@@ -6,9 +6,9 @@
 #import <UIKit/UIFont.h>
 #import <UIKit/UITextInputTraits.h>
 
-namespace sim {
-struct UITextFieldState;
-}
+#include <objcxx/HiddenState.h>
+
+SIM_STATE_TYPE(UITextFieldState);
 
 @class UITextField;
 
@@ -46,7 +46,7 @@ UIKIT_EXTERN NSString *const UITextFieldTextDidChangeNotification;
 
 @interface UITextField : UIControl <UITextInputTraits> {
  @private
-  std::unique_ptr<sim::UITextFieldState> _fieldState;
+  SIM_STATE(UITextFieldState, _fieldState);
 }
 /// Never nil; setting nil empties it. Setting it sends no action and asks no delegate.
 @property(nonatomic, copy) NSString *text;

@@ -6,9 +6,9 @@
 #import <UIKit/UIScrollView.h>
 #import <UIKit/UITextInputTraits.h>
 
-namespace sim {
-struct UITextViewState;
-}
+#include <objcxx/HiddenState.h>
+
+SIM_STATE_TYPE(UITextViewState);
 
 @class UITextView;
 
@@ -29,7 +29,7 @@ UIKIT_EXTERN NSString *const UITextViewTextDidEndEditingNotification;
 
 @interface UITextView : UIScrollView <UITextInputTraits> {
  @private
-  std::unique_ptr<sim::UITextViewState> _textState;
+  SIM_STATE(UITextViewState, _textState);
 }
 /// Never nil; setting nil empties it. Setting it asks no delegate.
 @property(nonatomic, copy) NSString *text;

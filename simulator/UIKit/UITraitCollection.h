@@ -4,8 +4,6 @@
 #import <CoreGraphics/CGBase.h>
 #import <UIKit/UIDevice.h>
 
-#include <memory>
-
 typedef NS_ENUM(NSInteger, UIUserInterfaceStyle) {
   UIUserInterfaceStyleUnspecified,
   UIUserInterfaceStyleLight,

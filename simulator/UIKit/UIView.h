@@ -8,11 +8,9 @@
 #import <UIKit/UIResponder.h>
 #import <UIKit/UITraitCollection.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
-namespace sim {
-struct UIViewState;
-}
+SIM_STATE_TYPE(UIViewState);
 
 @class UIWindow;
 
@@ -58,7 +56,7 @@ UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 
 @interface UIView : UIResponder <CALayerDelegate, UITraitEnvironment> {
  @private
-  std::unique_ptr<sim::UIViewState> _state;
+  SIM_STATE(UIViewState, _state);
 }
 /// Designated.
 - (instancetype)initWithFrame:(CGRect)frame;

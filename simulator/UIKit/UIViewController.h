@@ -5,7 +5,7 @@
 #import <UIKit/UIResponder.h>
 #import <UIKit/UITraitCollection.h>
 
-#include <memory>
+#include <objcxx/HiddenState.h>
 
 @class NSBundle;
 @class UIBarButtonItem;
@@ -35,9 +35,7 @@ typedef NS_ENUM(NSInteger, UIModalTransitionStyle) {
   UIModalTransitionStylePartialCurl,
 };
 
-namespace sim {
-struct ViewControllerState;
-}
+SIM_STATE_TYPE(ViewControllerState);
 
 /// Main thread.
 ///
@@ -47,7 +45,7 @@ struct ViewControllerState;
 /// the main queue when it is.
 @interface UIViewController : UIResponder <UITraitEnvironment> {
  @private
-  std::unique_ptr<sim::ViewControllerState> _viewControllerState;
+  SIM_STATE(ViewControllerState, _viewControllerState);
 }
 /// Designated. No interface files are read: the view is made by -loadView whatever the name.
 - (instancetype)initWithNibName:(NSString *)nibName bundle:(NSBundle *)bundle;

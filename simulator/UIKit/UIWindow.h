@@ -3,6 +3,8 @@
 
 #import <UIKit/UIView.h>
 
+#include <objcxx/HiddenState.h>
+
 @class UIScreen;
 @class UIViewController;
 
@@ -11,15 +13,13 @@ UIKIT_EXTERN const UIWindowLevel UIWindowLevelNormal;
 UIKIT_EXTERN const UIWindowLevel UIWindowLevelStatusBar;
 UIKIT_EXTERN const UIWindowLevel UIWindowLevelAlert;
 
-namespace sim {
-struct WindowState;
-}
+SIM_STATE_TYPE(WindowState);
 
 /// Hidden at first. The page of a window appears when the window is shown and disappears when it is hidden.
 /// Main thread.
 @interface UIWindow : UIView {
  @private
-  std::unique_ptr<sim::WindowState> _windowState;
+  SIM_STATE(WindowState, _windowState);
 }
 /// Owned. Exchanging it while the window shows makes the pages disappear and appear.
 @property(nonatomic, retain) UIViewController *rootViewController;

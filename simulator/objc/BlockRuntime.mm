@@ -1,5 +1,5 @@
 // The block runtime, to the public block ABI. Debian's runtime library does not retain the Objective-C objects that a
-// block captures; this one does.
+// block captures; this one does. As on a device, blocks are objects: they go into collections and `copy` properties.
 #import <Foundation/Foundation.h>
 
 #include <Block.h>
@@ -8,7 +8,27 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "WeakReferences.hpp"
+
 extern "C" void *_NSConcreteMallocBlock[32];  // Only this file makes blocks on the heap.
+
+@interface NSBlock : NSObject
+@end
+
+@interface __NSStackBlock__ : NSBlock
+@end
+
+@interface __NSMallocBlock__ : NSBlock
+@end
+
+@interface __NSGlobalBlock__ : NSBlock
+@end
+
+// What a block has in front, as the compiler writes it down, are the classes themselves.
+#define CLASS_OF_BLOCKS(SYMBOL, CLASS) __asm__(".globl " SYMBOL "\n.set " SYMBOL ", _OBJC_CLASS_" CLASS)
+CLASS_OF_BLOCKS("_NSConcreteStackBlock", "__NSStackBlock__");
+CLASS_OF_BLOCKS("_NSConcreteMallocBlock", "__NSMallocBlock__");
+CLASS_OF_BLOCKS("_NSConcreteGlobalBlock", "__NSGlobalBlock__");
 
 namespace {
 
@@ -98,10 +118,6 @@ void releaseByref(Byref *source) {
 
 extern "C" {
 
-void *_NSConcreteStackBlock[32];
-void *_NSConcreteGlobalBlock[32];
-void *_NSConcreteMallocBlock[32];
-
 void *_Block_copy(const void *argument) {
   auto *source = const_cast<Block *>(static_cast<const Block *>(argument));
   if (!source || (source->flags & kIsGlobal)) return source;
@@ -120,7 +136,11 @@ void *_Block_copy(const void *argument) {
 void _Block_release(const void *argument) {
   auto *block = const_cast<Block *>(static_cast<const Block *>(argument));
   if (!block || !(block->flags & kNeedsFree)) return;
-  if (!dropReference(block->flags)) return;
+  {
+    const sim::WeakReferences::ReleaseGuard guard(block);
+    if (!dropReference(block->flags)) return;
+    guard.forget();
+  }
   if (block->flags & kHasCopyDispose) block->descriptor->dispose(block);
   std::free(block);
 }
@@ -151,3 +171,63 @@ void _Block_object_dispose(const void *object, const int flags) {
 }
 
 }  // extern "C"
+
+/// Only the copies on the heap are counted: a block on the stack ends with its function whoever retains it, and one
+/// that captures nothing lives as long as the program.
+@implementation NSBlock
+
+- (id)copy {
+  return static_cast<id>(_Block_copy(self));
+}
+
+- (id)copyWithZone:(NSZone *)zone {
+  return static_cast<id>(_Block_copy(self));
+}
+
+- (id)retain {
+  return self;
+}
+
+- (oneway void)release {
+}
+
+- (id)autorelease {
+  return self;
+}
+
+- (NSUInteger)retainCount {
+  return 1;
+}
+
+- (void)dealloc {
+  if (false) [super dealloc];  // _Block_release ends a block.
+}
+
+@end
+
+@implementation __NSStackBlock__
+@end
+
+@implementation __NSGlobalBlock__
+@end
+
+@implementation __NSMallocBlock__
+
+- (id)retain {
+  return static_cast<id>(_Block_copy(self));
+}
+
+- (oneway void)release {
+  _Block_release(self);
+}
+
+- (id)autorelease {
+  [NSAutoreleasePool addObject:self];
+  return self;
+}
+
+- (NSUInteger)retainCount {
+  return static_cast<NSUInteger>(reinterpret_cast<Block *>(self)->flags & kReferenceMask);
+}
+
+@end

@@ -3,8 +3,7 @@
 // for one class: a second definition leaves it with half a class, over which it ends the process.
 //
 // The functions below stand before those of the same names in GCC's runtime, as this library does before that one in
-// the order in which the loader looks symbols up. They know of a class what the compilers write down for version 8 of
-// its module format.
+// the order in which the loader looks symbols up.
 #import <Foundation/Foundation.h>
 
 #import <Foundation/SIMLog.h>
@@ -22,34 +21,15 @@
 #include <string>
 #include <vector>
 
+#include "IvarOffsets.hpp"
+#include "ModuleFormat.hpp"
+
 namespace {
 
-/// A class as it is compiled, up to what is used here. A metaclass has the same form.
-struct ClassDefinition {
-  ClassDefinition *metaclass;
-  const char *superclass;  // By name; the runtime replaces it by the class.
-  const char *name;
-};
-
-struct CategoryDefinition {
-  const char *category;
-  const char *className;
-};
-
-struct Definitions {
-  unsigned long selectorCount;
-  void *selectors;
-  unsigned short classCount;
-  unsigned short categoryCount;
-  void *all[];  // Classes, categories, and a pointer to constant objects.
-};
-
-struct Module {
-  unsigned long version;
-  unsigned long size;
-  const char *name;
-  Definitions *definitions;
-};
+using sim::CategoryDefinition;
+using sim::ClassDefinition;
+using sim::Definitions;
+using sim::Module;
 
 /// A class that has its name in its own file only.
 struct PrivateClass {
@@ -221,6 +201,7 @@ void __objc_exec_class(Module *module) {
   const Image image(module);
   const auto duplicates = renameClasses(*module->definitions, image);
   redirectCategories(*module->definitions, image);
+  if (sim::prepareModule(*module)) sim::fillIvarOffsets(module);
   next(module);
   for (const auto &duplicate : duplicates) finish(duplicate, image);
 }

@@ -28,7 +28,7 @@ class FindingsTest(unittest.TestCase):
         for name, own in (("a.c", ".cpp"), ("a.cc", ".cpp"), ("a.cxx", ".cpp"), ("a.m", ".mm"), ("a.hh", ".hpp"),
                           ("a.hxx", ".hpp"), ("a.cjs", ".js"), ("a.jsx", ".js"), ("a.ts", ".js")):  # fmt: skip
             self.assert_told(1, f"names such a file {own}", name, "")
-        for name in ("a.cpp", "a.mm", "a.js", "a.mjs", "a.png", "LICENCE"):
+        for name in ("a.cpp", "a.mm", "a.js", "a.mjs", "a.png", "LICENCE", "tests/objc/c/a.m"):
             self.assert_well(name, "")
 
     def test_the_end_of_a_file(self):
@@ -80,6 +80,7 @@ class FindingsTest(unittest.TestCase):
         for line in ("  try {", "  } catch (...) {", "try{", "catch(int a)"):
             self.assert_told(1, "cannot catch C++ exceptions", "a.mm", line + "\n")
             self.assert_well("a.cpp", line + "\n")
+            self.assert_well("tests/objc/a.mm", line + "\n")
         for line in ("@try {", "} @catch (NSException *e) {", "// try {", 'NSString *a = @"try {";', "[self retry{];"):
             self.assert_well("a.mm", line + "\n")
 

@@ -1,0 +1,4 @@
+#pragma once
+
+#include <objc/message.h>
+#include <objc/runtime.h>

@@ -1,0 +1,1 @@
+#include "../c/Language.m"

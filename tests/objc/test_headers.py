@@ -1,0 +1,108 @@
+"""Every header that makers include compiles by itself, in each language that they write."""
+
+import subprocess
+import tempfile
+import unittest
+from concurrent.futures import ThreadPoolExecutor
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+UMBRELLAS = """Foundation/Foundation.h CoreFoundation/CoreFoundation.h CoreGraphics/CoreGraphics.h CoreImage/CoreImage.h
+    ImageIO/ImageIO.h QuartzCore/QuartzCore.h UIKit/UIKit.h dispatch/dispatch.h objc/message.h objc/objc-runtime.h
+    os/availability.h Preferences/Preferences.h""".split()
+# Not part of a framework's umbrella.
+PRIVATE = "include/Preferences/*.h include/NorvikAppList/*.h include/PrivateFoundation/*.h".split()
+
+GCC = subprocess.run(["gcc", "-print-file-name=include"], capture_output=True, text=True, check=True).stdout.strip()
+GNUSTEP = subprocess.run(
+    ["gnustep-config", "--variable=GNUSTEP_SYSTEM_HEADERS"], capture_output=True, text=True, check=True
+).stdout.strip()
+COMMON = f"""-I simulator -I include -isystem {GNUSTEP} -idirafter {GCC} -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -DGNU_RUNTIME=1
+    -D_NATIVE_OBJC_EXCEPTIONS -Wall -Wextra -Werror -Wno-import -Wno-deprecated-declarations -fblocks -fexceptions
+    -fobjc-exceptions -fconstant-string-class=NSConstantString""".split()
+LANGUAGES = {
+    "Objective-C with ARC": "-x objective-c -fobjc-runtime=gnustep-1.8 -fobjc-arc",
+    "Objective-C without ARC": "-x objective-c -fobjc-runtime=gnustep-1.8 -fno-objc-arc",
+    "Objective-C++ with ARC": "-x objective-c++ -std=gnu++17 -fobjc-runtime=gnustep-1.8 -fobjc-arc",
+    "Objective-C++ of our own": "-x objective-c++ -std=gnu++20 -fobjc-runtime=gcc -fno-objc-arc",
+}  # fmt: skip
+
+
+def clang(text, *arguments):
+    """The result of a compilation of `text`."""
+    command = ["clang-19", *COMMON, *arguments, "-"]
+    return subprocess.run(command, cwd=ROOT, input=text, capture_output=True, text=True, check=False)
+
+
+def public_headers():
+    """Our headers that the umbrellas include, as a maker names them."""
+    text = "".join(f"#import <{name}>\n" for name in UMBRELLAS)
+    rule = clang(text, *LANGUAGES["Objective-C with ARC"].split(), "-MM", "-MT", "all").stdout
+    ours = {Path(name) for name in rule.replace("\\\n", " ").split()[1:] if name.startswith(("simulator/", "include/"))}
+    ours.update(path.relative_to(ROOT) for pattern in PRIVATE for path in ROOT.glob(pattern))
+    return sorted(Path(*path.parts[1:]).as_posix() for path in ours)
+
+
+class Headers(unittest.TestCase):
+    def test_each_alone_in_each_language(self):
+        headers = public_headers()
+        self.assertGreater(len(headers), 80)
+        for name in UMBRELLAS:
+            self.assertIn(name, headers)
+        cases = [(header, language) for header in headers for language in LANGUAGES]
+        with ThreadPoolExecutor(2) as pool:
+            results = pool.map(
+                lambda case: clang(f"#import <{case[0]}>\n", "-fsyntax-only", *LANGUAGES[case[1]].split()), cases
+            )
+            for (header, language), result in zip(cases, results):
+                with self.subTest(header=header, language=language):
+                    self.assertEqual(result.returncode, 0, result.stderr)
+
+    def test_frameworks_are_imported_as_modules(self):
+        modules = "Foundation CoreFoundation CoreGraphics CoreImage ImageIO QuartzCore UIKit Preferences".split()
+        use = "UIView *view(PSListController *page) { return CGRectIsEmpty(page.view.frame) ? nil : page.table; }"
+        text = "".join(f"@import {name};\n" for name in modules) + use
+        with tempfile.TemporaryDirectory() as cache:
+            for language, more in (("Objective-C with ARC", ()), ("Objective-C++ with ARC", ("-fcxx-modules",))):
+                with self.subTest(language=language):
+                    result = clang(
+                        text, "-fsyntax-only", *LANGUAGES[language].split(), "-fmodules", f"-fmodules-cache-path={cache}", *more
+                    )
+                    self.assertEqual(result.returncode, 0, result.stderr)
+
+    def test_what_makers_write_over_them(self):
+        """Words and habits of makers' sources that are no more than declarations."""
+        text = """
+            #import <Preferences/PSSpecifier.h>
+            #import <Preferences/PSListController.h>
+            NS_INLINE CGFloat twice(CGFloat x) { return x * 2; }
+            API_AVAILABLE(ios(14.0)) @interface Cell : PSTableCell @property (nonatomic, weak) id owner; @end
+            @implementation Cell @end
+            @interface Page : PSListController @end
+            @implementation Page
+            - (NSArray *)specifiers {
+              if (!_specifiers) _specifiers = [self loadSpecifiersFromPlistName:@"Root" target:self];
+              [_specifiers addObject:[PSSpecifier emptyGroupSpecifier]];
+              return _specifiers;
+            }
+            - (void)use:(PSSpecifier *)row NS_EXTENSION_UNAVAILABLE("") {
+              if (@available(iOS 14, *)) row->action = nil;
+              NSError *error = nil;
+              NSString *text = [NSString stringWithContentsOfFile:@"/x" encoding:NSUTF8StringEncoding error:nil];
+              CFStringRef bridged = (__bridge CFStringRef)text;
+              CFTypeRef kept = CFBridgingRetain(text);
+              NSString *back = CFBridgingRelease(kept);
+              BOOL flags[] = {TRUE, FALSE, twice(1) > 2};
+              NSArray *all = @[ @YES, @(flags[0]), back, (__bridge NSString *)bridged, @{@"k" : @NO}[@"k"] ];
+              [self performSelector:nil withObject:all[0] withObject:error];
+            }
+            @end
+            """
+        for language in ("Objective-C with ARC", "Objective-C++ with ARC"):
+            with self.subTest(language=language):
+                result = clang(text, "-fsyntax-only", *LANGUAGES[language].split(), "-Wno-arc-performSelector-leaks")
+                self.assertEqual(result.returncode, 0, result.stderr)
+
+
+if __name__ == "__main__":
+    unittest.main()
