@@ -5,7 +5,7 @@
 #import <dispatch/MainQueue+Sim.h>
 #import <objcxx/Retained.h>
 
-#import "Settings/Session.hpp"
+#import "Settings/Session.h"
 #include "Claims.hpp"
 #include "lists_device.h"
 #include "median.hpp"

@@ -9,7 +9,7 @@
 
 #import "CoreGraphics/CGImage+Sim.h"
 #import "CoreGraphics/ImageEncoder.hpp"
-#import "Settings/Session.hpp"
+#import "Settings/Session.h"
 #import "core/PreferenceFile.h"
 #import "theme/BackgroundImage.h"
 #import "theme/ThemeChange.h"

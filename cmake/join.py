@@ -2,9 +2,9 @@
 
     join.py FOLDER SOURCE…
 
-Writes files into FOLDER that include several sources each, of one language, and prints what is to be compiled in place of
-the sources, separated by semicolons. No two sources come together that give something of their own the same name: their
-order decides, and the first file with room and without the name takes a source.
+Writes files into FOLDER that include several sources each, of one language, and prints what is to be compiled in place
+of the sources, separated by semicolons. No two sources come together that give something of their own the same name:
+their order decides, and the first file with room and without the name takes a source.
 """
 import re
 import sys
@@ -18,7 +18,10 @@ ROOM = 32_000
 DECLARED = (
     re.compile(r"(?:template <.*> )?(?:struct|class|enum(?: class)?|union|#define) (\w+)"),
     re.compile(r"@(?:interface|protocol) (\w+ ?\(\w*\))"),
-    re.compile(r"(?!TEST|INSTANTIATE|MATCHER|class|struct|enum|using|namespace|extern|[#@}/])[^=({;]*?([\w:]+)\s*(?:\[\w*\]\s*)?[=({;]"),
+    re.compile(
+        r"(?!TEST|INSTANTIATE|MATCHER|class|struct|enum|using|namespace|extern|[#@}/])"
+        r"[^=({;]*?([\w:]+)\s*(?:\[\w*\]\s*)?[=({;]"
+    ),
     re.compile(r"MATCHER\w*\((\w+)"),
 )
 

@@ -46,14 +46,15 @@ shown_stage() {
   stages_note "$title" "$start"
 }
 
-# stage_beside TITLE COMMAND…: begins a stage whose work goes on beside the next ones, which come first where there is not
-# enough of the processor for all; `stage_joined` waits for it. One at a time.
+# stage_beside TITLE COMMAND…: begins a stage whose work goes on beside the next ones, which come first where there is
+# not enough of the processor for all; `stage_joined` waits for it. One at a time.
 stage_beside() {
   beside_title=$1 beside_start=$EPOCHSECONDS
   shift
   printf '%s, beside what follows\n' "$beside_title" >&2
   set -m  # A group of its own, so that all of it can be ended.
-  (set -e; renice -n 10 "$BASHPID" >/dev/null; printf '== %s\n' "$beside_title"; "$@") >"$stages_log.beside" 2>&1 </dev/null &
+  (set -e; renice -n 10 "$BASHPID" >/dev/null; printf '== %s\n' "$beside_title"; "$@") \
+    >"$stages_log.beside" 2>&1 </dev/null &
   beside_job=$!
   set +m
   trap 'kill -- -"$beside_job" 2>/dev/null' EXIT

@@ -1,7 +1,7 @@
 // The context itself, and the state that decides how it draws.
 #import <CoreGraphics/CGColor+Sim.h>
 #import <CoreGraphics/CGContext+Sim.h>
-#import <CoreGraphics/CGContextState.hpp>
+#import <CoreGraphics/CGContextState.h>
 #import <CoreGraphics/CairoSurface.hpp>
 
 namespace {

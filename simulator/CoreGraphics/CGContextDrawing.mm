@@ -1,6 +1,6 @@
 // Paths, fills, strokes, clips and images.
 #import <CoreGraphics/CGContext+Sim.h>
-#import <CoreGraphics/CGContextState.hpp>
+#import <CoreGraphics/CGContextState.h>
 #import <CoreGraphics/CGImage+Sim.h>
 #import <CoreGraphics/CGPath+Sim.h>
 #import <CoreGraphics/CairoSurface.hpp>

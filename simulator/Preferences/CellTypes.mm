@@ -1,4 +1,4 @@
-#import <Preferences/CellTypes.hpp>
+#import <Preferences/CellTypes.h>
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
 #import <Preferences/PSEditableTableCell.h>
 
-#import <Preferences/CellTypes.hpp>
+#import <Preferences/CellTypes.h>
 #import <Preferences/PSSpecifier+Sim.h>
 #import <Preferences/PSTableCell+Sim.h>
-#import <Preferences/RowLook.hpp>
+#import <Preferences/RowLook.h>
 #import <UIKit/FrameworkSupport.h>
 #import <UIKit/UIKit.h>
 

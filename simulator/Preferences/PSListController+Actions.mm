@@ -1,13 +1,13 @@
 // What a tap on a row does.
 #import <Preferences/PSListController+Sim.h>
 
-#import <Preferences/CellTypes.hpp>
+#import <Preferences/CellTypes.h>
 #import <Preferences/PSConfirmationSpecifier.h>
 #import <Preferences/PSControlTableCell.h>
 #import <Preferences/PSSpecifier+Sim.h>
 #import <Preferences/PSTableCell+Sim.h>
 #import <Preferences/PreferencesLog.h>
-#import <Preferences/RowLook.hpp>
+#import <Preferences/RowLook.h>
 #import <UIKit/UIKit.h>
 
 using objcxx::adopt;

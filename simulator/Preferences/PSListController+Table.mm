@@ -1,12 +1,12 @@
 // The page as data source and delegate of its table.
 #import <Preferences/PSListController+Sim.h>
 
-#import <Preferences/CellTypes.hpp>
+#import <Preferences/CellTypes.h>
 #import <Preferences/PSSpecifier+Sim.h>
 #import <Preferences/PSTableCell+Sim.h>
 #import <Preferences/PreferencesLog.h>
 #import <Preferences/PreferencesTableCustomView.h>
-#import <Preferences/RowLook.hpp>
+#import <Preferences/RowLook.h>
 #import <UIKit/FrameworkSupport.h>
 #import <UIKit/UIKit.h>
 

@@ -1,7 +1,7 @@
 // The simulator's own view of a row's cell, for the page and for the host. Bundles never include this.
 #pragma once
 
-#import <Preferences/CellTypes.hpp>
+#import <Preferences/CellTypes.h>
 #import <Preferences/PSTableCell.h>
 
 #import <objcxx/Retained.h>

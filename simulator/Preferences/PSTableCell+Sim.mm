@@ -3,7 +3,7 @@
 
 #import <Preferences/PSSpecifier+Sim.h>
 #import <Preferences/PreferencesLog.h>
-#import <Preferences/RowLook.hpp>
+#import <Preferences/RowLook.h>
 #import <UIKit/UIKit.h>
 
 @implementation PSTableCell (Sim)

@@ -1,7 +1,7 @@
 #import <Preferences/PSTableCell+Sim.h>
 
 #import <Preferences/PSSpecifier+Sim.h>
-#import <Preferences/RowLook.hpp>
+#import <Preferences/RowLook.h>
 #import <UIKit/UIKit.h>
 
 using objcxx::adopt;

@@ -2,7 +2,7 @@
 
 #import <Preferences/PSSpecifier+Sim.h>
 #import <Preferences/PSTableCell+Sim.h>
-#import <Preferences/RowLook.hpp>
+#import <Preferences/RowLook.h>
 #import <UIKit/FrameworkSupport.h>
 #import <UIKit/UIKit.h>
 

@@ -1,6 +1,6 @@
-#import <Preferences/RowLook.hpp>
+#import <Preferences/RowLook.h>
 
-#import <Preferences/CellTypes.hpp>
+#import <Preferences/CellTypes.h>
 #import <Preferences/PSSpecifier+Sim.h>
 
 namespace sim {

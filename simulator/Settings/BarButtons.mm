@@ -1,4 +1,4 @@
-#import "Settings/BarButtons.hpp"
+#import "Settings/BarButtons.h"
 
 #import <UIKit/UIBarButtonItem.h>
 #import <UIKit/UIBarButtonItem+Sim.h>

@@ -1,4 +1,4 @@
-#import "Settings/EventRouter.hpp"
+#import "Settings/EventRouter.h"
 
 #import <UIKit/UIKit.h>
 #import <UIKit/UIBarButtonItem+Sim.h>
@@ -6,11 +6,11 @@
 #import <UIKit/UITableView+Sim.h>
 #import <UIKit/UITableViewCell+Sim.h>
 
-#import "Settings/BarButtons.hpp"
+#import "Settings/BarButtons.h"
 #import "Settings/ElementId.hpp"
-#import "Settings/controls/AccessoryButton.hpp"
-#import "Settings/controls/Controls.hpp"
-#import "Settings/presented/Presented.hpp"
+#import "Settings/controls/AccessoryButton.h"
+#import "Settings/controls/Controls.h"
+#import "Settings/presented/Presented.h"
 
 #include <limits>
 #include <optional>

@@ -1,10 +1,10 @@
-#import "Settings/FileTransfer.hpp"
+#import "Settings/FileTransfer.h"
 
 #import <Foundation/SIMDevice.h>
 
 #import "Settings/ElementId.hpp"
-#import "Settings/PhotoUpload.hpp"
-#import "Settings/presented/Presented.hpp"
+#import "Settings/PhotoUpload.h"
+#import "Settings/presented/Presented.h"
 
 namespace sim {
 namespace {

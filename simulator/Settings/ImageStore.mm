@@ -1,8 +1,8 @@
-#import "Settings/ImageStore.hpp"
+#import "Settings/ImageStore.h"
 
 #import <UIKit/UIImage+Sim.h>
 
-#import "Settings/JsonValues.hpp"
+#import "Settings/JsonValues.h"
 
 #include <sys/stat.h>
 

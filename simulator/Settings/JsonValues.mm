@@ -1,4 +1,4 @@
-#import "Settings/JsonValues.hpp"
+#import "Settings/JsonValues.h"
 
 #import <UIKit/UIColor+Sim.h>
 #import <objcxx/Retained.h>

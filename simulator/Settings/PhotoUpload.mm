@@ -1,9 +1,9 @@
-#import "Settings/PhotoUpload.hpp"
+#import "Settings/PhotoUpload.h"
 
 #import <CoreGraphics/CGImage+Sim.h>
 #import <UIKit/UIImagePickerController+Sim.h>
 
-#import "Settings/JsonValues.hpp"
+#import "Settings/JsonValues.h"
 #import "Settings/PhotoLibrary.hpp"
 
 #include <cerrno>

@@ -1,4 +1,4 @@
-#import "Settings/RowDescription.hpp"
+#import "Settings/RowDescription.h"
 
 #import <Preferences/PSTableCell+Sim.h>
 #import <Preferences/Preferences.h>
@@ -14,15 +14,15 @@
 #include <vector>
 
 #import "Settings/ElementId.hpp"
-#import "Settings/ImageStore.hpp"
-#import "Settings/JsonValues.hpp"
-#import "Settings/RowTraits.hpp"
-#import "Settings/controls/AccessoryButton.hpp"
-#import "Settings/controls/Controls.hpp"
-#import "Settings/views/ImageView.hpp"
-#import "Settings/views/Label.hpp"
-#import "Settings/views/Layer.hpp"
-#import "Settings/views/Views.hpp"
+#import "Settings/ImageStore.h"
+#import "Settings/JsonValues.h"
+#import "Settings/RowTraits.h"
+#import "Settings/controls/AccessoryButton.h"
+#import "Settings/controls/Controls.h"
+#import "Settings/views/ImageView.h"
+#import "Settings/views/Label.h"
+#import "Settings/views/Layer.h"
+#import "Settings/views/Views.h"
 
 namespace sim {
 namespace {

@@ -1,12 +1,12 @@
-#import "Settings/RowTraits.hpp"
+#import "Settings/RowTraits.h"
 
 #import <Preferences/Preferences.h>
 #import <UIKit/UITableView+Sim.h>
 #import <UIKit/UITableViewCell+Sim.h>
 #import <objcxx/Retained.h>
 
-#import "Settings/JsonValues.hpp"
-#import "Settings/views/Views.hpp"
+#import "Settings/JsonValues.h"
+#import "Settings/views/Views.h"
 
 #include <memory>
 #include <string>

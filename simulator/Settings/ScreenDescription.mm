@@ -1,4 +1,4 @@
-#import "Settings/ScreenDescription.hpp"
+#import "Settings/ScreenDescription.h"
 
 #import <Foundation/Guarded.h>
 #import <UIKit/UIKit.h>
@@ -7,14 +7,14 @@
 #import <UIKit/UITableView+Sim.h>
 #import <UIKit/UIViewController+Sim.h>
 
-#import "Settings/BarButtons.hpp"
+#import "Settings/BarButtons.h"
 #import "Settings/ElementId.hpp"
-#import "Settings/ImageStore.hpp"
-#import "Settings/JsonValues.hpp"
-#import "Settings/RowDescription.hpp"
-#import "Settings/presented/Presented.hpp"
-#import "Settings/views/ImageView.hpp"
-#import "Settings/views/Views.hpp"
+#import "Settings/ImageStore.h"
+#import "Settings/JsonValues.h"
+#import "Settings/RowDescription.h"
+#import "Settings/presented/Presented.h"
+#import "Settings/views/ImageView.h"
+#import "Settings/views/Views.h"
 
 #include "wire/NoticePage.hpp"
 

@@ -1,4 +1,4 @@
-#import "Settings/Service.hpp"
+#import "Settings/Service.h"
 
 #import <CoreFoundation/CFNotificationCenter+Sim.h>
 #import <Foundation/SIMLog.h>

@@ -1,4 +1,4 @@
-#import "Settings/Session.hpp"
+#import "Settings/Session.h"
 
 #import <Foundation/Guarded.h>
 #import <UIKit/UIKit.h>
@@ -6,8 +6,8 @@
 #import <UIKit/UIWindow+Sim.h>
 #import <dispatch/MainQueue+Sim.h>
 
-#import "Settings/EventRouter.hpp"
-#import "Settings/FileTransfer.hpp"
+#import "Settings/EventRouter.h"
+#import "Settings/FileTransfer.h"
 
 #include "base/Json.hpp"
 

@@ -12,7 +12,7 @@
 #include <optional>
 #include <string_view>
 
-#import "Settings/Service.hpp"
+#import "Settings/Service.h"
 #import "Settings/SettingsRootController.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #import <CoreGraphics/CGColor+Sim.h>
 #import <CoreGraphics/CGContext+Sim.h>
 #import <CoreImage/CIImage+Sim.h>
-#import <UIKit/UIImageFile.hpp>
+#import <UIKit/UIImageFile.h>
 #import <UIKit/UIColor+Sim.h>
 #import <UIKit/UIGraphics.h>
 #import <UIKit/UIScreen.h>

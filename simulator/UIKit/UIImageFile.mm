@@ -1,4 +1,4 @@
-#import <UIKit/UIImageFile.hpp>
+#import <UIKit/UIImageFile.h>
 
 #include <cmath>
 #include <initializer_list>

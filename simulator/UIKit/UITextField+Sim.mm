@@ -2,7 +2,7 @@
 #import <UIKit/UIControl+Sim.h>
 #import <UIKit/UIPasteboard.h>
 #import <UIKit/UITextField+Sim.h>
-#import <UIKit/UITextFieldState.hpp>
+#import <UIKit/UITextFieldState.h>
 
 #include <algorithm>
 

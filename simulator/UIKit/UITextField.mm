@@ -3,7 +3,7 @@
 #import <UIKit/UIControl+Sim.h>
 #import <UIKit/UIFont+Sim.h>
 #import <UIKit/UITextField+Sim.h>
-#import <UIKit/UITextFieldState.hpp>
+#import <UIKit/UITextFieldState.h>
 
 NSString *const UITextFieldTextDidBeginEditingNotification = @"UITextFieldTextDidBeginEditingNotification";
 NSString *const UITextFieldTextDidEndEditingNotification = @"UITextFieldTextDidEndEditingNotification";

@@ -4,7 +4,7 @@
 #import <UIKit/NSText+Sim.h>
 #import <UIKit/UIFont+Sim.h>
 #import <UIKit/UIPasteboard.h>
-#import <UIKit/UITextInputState.hpp>
+#import <UIKit/UITextInputState.h>
 #import <UIKit/UITextView+Sim.h>
 #import <UIKit/UIView+Sim.h>
 

@@ -1,6 +1,6 @@
 // Frames, bounds, conversion and autoresizing. Everything reads the stored rectangle, never an overridden `frame`.
 #import <UIKit/UIView+Sim.h>
-#import <UIKit/UIViewState.hpp>
+#import <UIKit/UIViewState.h>
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // The tree of views, and layout.
 #import <UIKit/UIResponder+Sim.h>
 #import <UIKit/UIView+Sim.h>
-#import <UIKit/UIViewState.hpp>
+#import <UIKit/UIViewState.h>
 
 #include <algorithm>
 

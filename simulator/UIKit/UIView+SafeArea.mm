@@ -2,7 +2,7 @@
 #import <UIKit/UIScreen+Sim.h>
 #import <UIKit/UIScrollView.h>
 #import <UIKit/UIViewController+Sim.h>
-#import <UIKit/UIViewState.hpp>
+#import <UIKit/UIViewState.h>
 #import <UIKit/UIWindow.h>
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 #import <UIKit/UIScreen.h>
 #import <UIKit/UIView+Sim.h>
 #import <UIKit/UIViewController+Sim.h>
-#import <UIKit/UIViewState.hpp>
+#import <UIKit/UIViewState.h>
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "AssociatedObjects.hpp"
+#import "AssociatedObjects.h"
 
 #include <objc/runtime.h>
 

@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "WeakReferences.hpp"
+#import "WeakReferences.h"
 
 extern "C" void *_NSConcreteMallocBlock[32];  // Only this file makes blocks on the heap.
 

@@ -5,8 +5,8 @@
 #include <objc/Protocol.h>
 #include <objc/runtime.h>
 
-#include "AssociatedObjects.hpp"
-#include "WeakReferences.hpp"
+#import "AssociatedObjects.h"
+#import "WeakReferences.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "WeakReferences.hpp"
+#import "WeakReferences.h"
 
 #include <objc/arc.h>
 

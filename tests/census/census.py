@@ -426,7 +426,8 @@ def parse_together(paths, arguments):
 def arguments(root):
   """The compiler's arguments for the simulator's sources, as the build has them."""
   commands = json.loads((root / 'build/asan/compile_commands.json').read_text())
-  command = next(each for each in commands if re.search(r'/sim_settings\.dir/(?!cmake_pch)\S+\.mm\.o ', each['command']))
+  settings_source = re.compile(r'/sim_settings\.dir/(?!cmake_pch)\S+\.mm\.o ')
+  command = next(each for each in commands if settings_source.search(each['command']))
   words = shlex.split(command['command'])
   words = words[next(at for at, word in enumerate(words) if word.endswith('clang++-19')) + 1:words.index('-o')]
   # Of the compiler itself: the precompiled headers, which were made with the sanitizers.

@@ -17,8 +17,8 @@ GCC = subprocess.run(["gcc", "-print-file-name=include"], capture_output=True, t
 GNUSTEP = subprocess.run(
     ["gnustep-config", "--variable=GNUSTEP_SYSTEM_HEADERS"], capture_output=True, text=True, check=True
 ).stdout.strip()
-COMMON = f"""-I simulator -I include -isystem {GNUSTEP} -idirafter {GCC} -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -DGNU_RUNTIME=1
-    -D_NATIVE_OBJC_EXCEPTIONS -Wall -Wextra -Werror -Wno-import -Wno-deprecated-declarations -fblocks -fexceptions
+COMMON = f"""-I simulator -I include -isystem {GNUSTEP} -idirafter {GCC}
+    -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -DGNU_RUNTIME=1 -D_NATIVE_OBJC_EXCEPTIONS -Wall -Wextra -Werror -Wno-import -Wno-deprecated-declarations -fblocks -fexceptions
     -fobjc-exceptions -fconstant-string-class=NSConstantString""".split()
 LANGUAGES = {
     "Objective-C with ARC": "-x objective-c -fobjc-runtime=gnustep-1.8 -fobjc-arc",
@@ -65,9 +65,8 @@ class Headers(unittest.TestCase):
         with tempfile.TemporaryDirectory() as cache:
             for language, more in (("Objective-C with ARC", ()), ("Objective-C++ with ARC", ("-fcxx-modules",))):
                 with self.subTest(language=language):
-                    result = clang(
-                        text, "-fsyntax-only", *LANGUAGES[language].split(), "-fmodules", f"-fmodules-cache-path={cache}", *more
-                    )
+                    flags = [*LANGUAGES[language].split(), "-fmodules", f"-fmodules-cache-path={cache}", *more]
+                    result = clang(text, "-fsyntax-only", *flags)
                     self.assertEqual(result.returncode, 0, result.stderr)
 
     def test_what_makers_write_over_them(self):

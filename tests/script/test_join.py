@@ -68,7 +68,8 @@ class JoinTest(unittest.TestCase):
 
     def test_names_that_are_no_declarations_do_not_part_sources(self):
         text = (
-            '#include "same.h"\n#import <UIKit/UIKit.h>\nusing namespace same;\nusing ::testing::Eq;\nnamespace same {\n'
+            '#include "same.h"\n#import <UIKit/UIKit.h>\n'
+            'using namespace same;\nusing ::testing::Eq;\nnamespace same {\n'
             "  same(same);\n}  // namespace same\n// same(same)\nTEST(Same, Same) {\nTEST_F(Same, Same) {\n}\n"
         )
         self.assertEqual([["a.mm", "b.mm"]], self.joined(self.source("a.mm", text), self.source("b.mm", text)))

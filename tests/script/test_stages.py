@@ -106,9 +106,11 @@ class StagesTest(unittest.TestCase):
         self.assertEqual(["sample.log"], os.listdir(self.log.parent))
 
     def test_a_failure_of_a_stage_beside_is_told_when_it_is_joined(self):
-        result = self.run_script("fails() { echo bad; false; echo on; }\nstage_beside Build fails\nstage_joined\necho on")
+        fails = "fails() { echo bad; false; echo on; }\n"
+        result = self.run_script(fails + "stage_beside Build fails\nstage_joined\necho on")
         self.assertEqual((1, ""), (result.returncode, result.stdout))
-        self.assertRegex(result.stderr, r"sample: Build failed after [0-9mins ]+\. The end of .*:\n  == Build\n  bad\n$")
+        told = r"sample: Build failed after [0-9mins ]+\. The end of .*:\n  == Build\n  bad\n$"
+        self.assertRegex(result.stderr, told)
 
     def test_a_stage_beside_ends_with_the_script(self):
         result = self.run_script(

@@ -22,6 +22,8 @@ NARROW = {".py", ".sh", ".css", ".cmake", ".mk", "Makefile"}
 TABBED = {".mk", ".plist", ".in", "Makefile"}
 # Text inside a Makefile inside a string.
 TAB_IN_TEXT = {"tests/packaging/test_commands.py"}
+# Of a class: the simulator's own, and UIKit's additions to Foundation as Apple has them.
+OWN_VIEWS = ("+Sim", "+UIKit")
 TEXT = CPP | NARROW | TABBED | {".js", ".mjs", ".json", ".md", ".html", ".svg", ".txt", ".tbd", ".toml"}
 
 _OBJECTIVE_C = re.compile(r"^\s*(#import\b|@(interface|implementation|protocol|class)\b)")
@@ -58,6 +60,8 @@ def findings(path, text):
     kind = kind_of(path, text)
     if kind in FOREIGN and not (kind == ".m" and written_by_makers(path)):
         yield 1, f"this tree names such a file {FOREIGN[kind]}"
+    if kind == ".h" and "+" in path.stem and path.parts[0] == "simulator" and not path.stem.endswith(OWN_VIEWS):
+        yield 1, "the simulator's own view of a class stands in a header with +Sim"
     if kind not in TEXT:
         return
     lines = text.split("\n")
@@ -76,8 +80,8 @@ def _findings_of_lines(path, kind, lines):
             yield number, "a tab"
         if kind in NARROW and len(line) > WIDTH:
             yield number, f"{len(line)} characters; {WIDTH} is the most"
-        if kind == ".cpp" and _OBJECTIVE_C.match(line):
-            yield number, "Objective-C belongs in a .mm file"
+        if kind in (".cpp", ".hpp") and _OBJECTIVE_C.match(line):
+            yield number, f"Objective-C belongs in a {'.mm file' if kind == '.cpp' else '.h header'}"
         constant = kind in CPP and _CONSTANT.match(line)
         if constant and not _CONSTANT_NAME.match(constant[1]):
             yield number, f"the constant {constant[1]} has no k at the beginning of its name"

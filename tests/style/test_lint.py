@@ -63,6 +63,17 @@ class FindingsTest(unittest.TestCase):
             self.assert_well("a.mm", line + "\n")
         self.assert_well("a.cpp", 'auto a = "@interface";\n')
 
+    def test_a_header_with_objective_c_is_named_so(self):
+        for line in ("#import <a.h>", "@interface A", "@class A;"):
+            self.assert_told(2, "belongs in a .h header", "a.hpp", f"// A.\n{line}\n#pragma once\n")
+        self.assert_well("a.hpp", "// A.\n#pragma once\n#include <a.h>\n")
+
+    def test_one_suffix_for_the_own_view_of_a_class(self):
+        for name in ("simulator/UIKit/UIView+Private.h", "simulator/UIKit/UIView+Internal.h"):
+            self.assert_told(1, "a header with +Sim", name, "#import <a.h>\n@interface A\n@end\n")
+        for name in ("simulator/UIKit/UIView+Sim.h", "simulator/UIKit/NSIndexPath+UIKit.h", "ZunoPrefs/a/A+Colours.h"):
+            self.assert_well(name, "#import <a.h>\n@interface A\n@end\n")
+
     def test_constants_of_a_file_begin_with_k(self):
         for line in ("constexpr int most = 1;", "const std::array<A, 2> all{{", "static const int most = 1;",
                      "inline constexpr std::size_t most = 1;", "NSString *const name = @\"\";",

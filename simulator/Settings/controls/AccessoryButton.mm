@@ -1,10 +1,10 @@
-#import "Settings/controls/AccessoryButton.hpp"
+#import "Settings/controls/AccessoryButton.h"
 
 #import <UIKit/UIControl+Sim.h>
 #import <objcxx/Retained.h>
 
-#import "Settings/JsonValues.hpp"
-#import "Settings/views/Views.hpp"
+#import "Settings/JsonValues.h"
+#import "Settings/views/Views.h"
 
 namespace sim {
 namespace {

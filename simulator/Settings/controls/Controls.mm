@@ -1,7 +1,7 @@
-#import "Settings/controls/Controls.hpp"
+#import "Settings/controls/Controls.h"
 
-#import "Settings/AdapterTable.hpp"
-#import "Settings/controls/ControlAdapter.hpp"
+#import "Settings/AdapterTable.h"
+#import "Settings/controls/ControlAdapter.h"
 
 namespace sim {
 

@@ -1,8 +1,8 @@
 #import <UIKit/UISlider+Sim.h>
 
-#import "Settings/ImageStore.hpp"
-#import "Settings/controls/ControlAdapter.hpp"
-#import "Settings/views/ImageView.hpp"
+#import "Settings/ImageStore.h"
+#import "Settings/controls/ControlAdapter.h"
+#import "Settings/views/ImageView.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,4 +1,4 @@
-#import "Settings/controls/ControlAdapter.hpp"
+#import "Settings/controls/ControlAdapter.h"
 
 namespace sim {
 namespace {

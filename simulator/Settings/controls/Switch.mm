@@ -1,6 +1,6 @@
 #import <UIKit/UISwitch+Sim.h>
 
-#import "Settings/controls/ControlAdapter.hpp"
+#import "Settings/controls/ControlAdapter.h"
 
 namespace sim {
 namespace {

@@ -1,7 +1,7 @@
 #import <UIKit/UITextField+Sim.h>
 
-#import "Settings/controls/TextInput.hpp"
-#import "Settings/views/Views.hpp"
+#import "Settings/controls/TextInput.h"
+#import "Settings/views/Views.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#import "Settings/controls/TextInput.hpp"
+#import "Settings/controls/TextInput.h"
 
 namespace sim {
 namespace {

@@ -1,7 +1,7 @@
 #import <UIKit/UIAlertController+Sim.h>
 
-#import "Settings/controls/Controls.hpp"
-#import "Settings/presented/PresentedAdapter.hpp"
+#import "Settings/controls/Controls.h"
+#import "Settings/presented/PresentedAdapter.h"
 
 namespace sim {
 namespace {

@@ -1,6 +1,6 @@
 #import <UIKit/UIColorPickerViewController+Sim.h>
 
-#import "Settings/presented/PresentedAdapter.hpp"
+#import "Settings/presented/PresentedAdapter.h"
 
 namespace sim {
 namespace {

@@ -1,8 +1,8 @@
 #import <UIKit/UIDocumentPickerViewController+Sim.h>
 
-#import "Settings/FileTransfer.hpp"
-#import "Settings/presented/PathItems.hpp"
-#import "Settings/presented/PresentedAdapter.hpp"
+#import "Settings/FileTransfer.h"
+#import "Settings/presented/PathItems.h"
+#import "Settings/presented/PresentedAdapter.h"
 
 namespace sim {
 namespace {

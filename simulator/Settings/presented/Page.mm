@@ -1,5 +1,5 @@
 // A page that is presented over the others: any controller of no kind of its own.
-#import "Settings/presented/PresentedAdapter.hpp"
+#import "Settings/presented/PresentedAdapter.h"
 
 namespace sim {
 namespace {

@@ -1,7 +1,7 @@
-#import "Settings/presented/PathItems.hpp"
+#import "Settings/presented/PathItems.h"
 
-#import "Settings/ImageStore.hpp"
-#import "Settings/JsonValues.hpp"
+#import "Settings/ImageStore.h"
+#import "Settings/JsonValues.h"
 
 namespace sim {
 

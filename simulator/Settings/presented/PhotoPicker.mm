@@ -1,7 +1,7 @@
 #import <UIKit/UIImagePickerController+Sim.h>
 
-#import "Settings/presented/PathItems.hpp"
-#import "Settings/presented/PresentedAdapter.hpp"
+#import "Settings/presented/PathItems.h"
+#import "Settings/presented/PresentedAdapter.h"
 
 namespace sim {
 namespace {

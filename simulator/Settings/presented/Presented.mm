@@ -1,8 +1,8 @@
-#import "Settings/presented/Presented.hpp"
+#import "Settings/presented/Presented.h"
 
-#import "Settings/AdapterTable.hpp"
-#import "Settings/ScreenDescription.hpp"
-#import "Settings/views/Views.hpp"
+#import "Settings/AdapterTable.h"
+#import "Settings/ScreenDescription.h"
+#import "Settings/views/Views.h"
 
 namespace sim {
 

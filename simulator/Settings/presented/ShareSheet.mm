@@ -1,8 +1,8 @@
 #import <UIKit/SharedItem.h>
 #import <UIKit/UIActivityViewController+Sim.h>
 
-#import "Settings/FileTransfer.hpp"
-#import "Settings/presented/PresentedAdapter.hpp"
+#import "Settings/FileTransfer.h"
+#import "Settings/presented/PresentedAdapter.h"
 
 namespace sim {
 namespace {

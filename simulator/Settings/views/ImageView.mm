@@ -1,7 +1,7 @@
-#import "Settings/views/ImageView.hpp"
+#import "Settings/views/ImageView.h"
 
-#import "Settings/ImageStore.hpp"
-#import "Settings/views/ViewAdapter.hpp"
+#import "Settings/ImageStore.h"
+#import "Settings/views/ViewAdapter.h"
 
 namespace sim {
 namespace {

@@ -1,10 +1,10 @@
-#import "Settings/views/Label.hpp"
+#import "Settings/views/Label.h"
 
 #import <UIKit/UIFont+Sim.h>
 
-#import "Settings/JsonValues.hpp"
-#import "Settings/views/ViewAdapter.hpp"
-#import "Settings/views/Views.hpp"
+#import "Settings/JsonValues.h"
+#import "Settings/views/ViewAdapter.h"
+#import "Settings/views/Views.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
-#import "Settings/views/Layer.hpp"
+#import "Settings/views/Layer.h"
 
 #import <QuartzCore/QuartzCore.h>
 #import <UIKit/UIView+Sim.h>
 
-#import "Settings/JsonValues.hpp"
+#import "Settings/JsonValues.h"
 
 #include <utility>
 

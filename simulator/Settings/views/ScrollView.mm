@@ -1,4 +1,4 @@
-#import "Settings/views/ViewAdapter.hpp"
+#import "Settings/views/ViewAdapter.h"
 
 namespace sim {
 namespace {

@@ -1,9 +1,9 @@
-#import "Settings/views/Views.hpp"
+#import "Settings/views/Views.h"
 
-#import "Settings/AdapterTable.hpp"
-#import "Settings/JsonValues.hpp"
-#import "Settings/views/Layer.hpp"
-#import "Settings/views/ViewAdapter.hpp"
+#import "Settings/AdapterTable.h"
+#import "Settings/JsonValues.h"
+#import "Settings/views/Layer.h"
+#import "Settings/views/ViewAdapter.h"
 
 #include <objc/runtime.h>
 

@@ -1,5 +1,5 @@
 // What a row of each type is called, shows and does.
-#import <Preferences/CellTypes.hpp>
+#import <Preferences/CellTypes.h>
 #import <UIKit/UIAlertController+Sim.h>
 #import <UIKit/UITableView+Sim.h>
 

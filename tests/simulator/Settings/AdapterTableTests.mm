@@ -1,5 +1,5 @@
 // Which adapter an object has.
-#import "Settings/AdapterTable.hpp"
+#import "Settings/AdapterTable.h"
 
 #import <UIKit/UIKit.h>
 #import <objcxx/Retained.h>

@@ -73,7 +73,7 @@
 
 namespace {
 
-constexpr auto none = UITableViewRowAnimationNone;
+constexpr auto kNone = UITableViewRowAnimationNone;
 
 NSIndexPath *at(NSInteger section, NSInteger row) { return [NSIndexPath indexPathForRow:row inSection:section]; }
 
@@ -121,7 +121,7 @@ TEST_F(RowIdentityTest, ARowKeepsItsIdWhenOneIsInsertedBeforeIt) {
   start(@[ @[ @"a", @"b" ] ]);
   const auto before = ids();
   [rows(0) insertObject:@"new" atIndex:0];
-  [table() insertRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:none];
+  [table() insertRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:kNone];
   session().refresh();
   EXPECT_EQ(labels(), " new  a  b ");
   EXPECT_EQ(ids()["a"], before.at("a"));
@@ -134,12 +134,12 @@ TEST_F(RowIdentityTest, TheIdOfADeletedRowNamesNothing) {
   start(@[ @[ @"a", @"b", @"c" ] ]);
   const auto before = ids();
   [rows(0) removeObjectAtIndex:0];
-  [table() deleteRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:none];
+  [table() deleteRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:kNone];
   session().refresh();
   expectGone(before.at("a"));
   EXPECT_EQ(calls(list_), "");
   [rows(0) insertObject:@"a" atIndex:0];
-  [table() insertRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:none];
+  [table() insertRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:kNone];
   session().refresh();
   expectGone(before.at("a"));
   EXPECT_EQ(ids()["c"], before.at("c"));
@@ -183,7 +183,7 @@ TEST_F(RowIdentityTest, AReloadedRowKeepsItsIdWhateverItShows) {
   start(@[ @[ @"a", @"b" ] ]);
   const auto before = idsOf(0);
   [rows(0) replaceObjectAtIndex:0 withObject:@"another"];
-  [table() reloadRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:none];
+  [table() reloadRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:kNone];
   session().refresh();
   EXPECT_EQ(labels(), " another  b ");
   EXPECT_EQ(idsOf(0), before);
@@ -193,7 +193,7 @@ TEST_F(RowIdentityTest, RowsOfAReloadedSectionAreKnownByWhatTheyShow) {
   start(@[ @[ @"a", @"b" ], @[ @"a" ] ]);
   const auto first = idsOf(0), second = idsOf(1);
   [rows(0) setArray:@[ @"new", @"b", @"a" ]];
-  [table() reloadSections:[NSIndexSet indexSetWithIndex:0] withRowAnimation:none];
+  [table() reloadSections:[NSIndexSet indexSetWithIndex:0] withRowAnimation:kNone];
   session().refresh();
   EXPECT_EQ(rowId(0, 1), first[1]);
   EXPECT_EQ(rowId(0, 2), first[0]);
@@ -334,7 +334,7 @@ TEST_F(RowIdentityTest, AnEventFindsItsRowThoughTheScreenHasNotBeenDescribedSinc
   start(@[ @[ @"a", @"b" ] ]);
   const auto before = ids();
   [rows(0) insertObject:@"new" atIndex:0];
-  [table() insertRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:none];
+  [table() insertRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:kNone];
   EXPECT_EQ(tap(before.at("a")), Outcome::done);
   EXPECT_EQ(calls(list_), "tap 0.1");
   [rows(0) setArray:@[ @"b", @"a" ]];
@@ -353,7 +353,7 @@ TEST_F(RowIdentityTest, SwipeActionsGoWithTheirRow) {
   start(@[ @[ @"a", @"b" ] ]);
   const std::string remove = row(0, 1)["swipeActions"][0]["id"];
   [rows(0) insertObject:@"new" atIndex:0];
-  [table() insertRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:none];
+  [table() insertRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:kNone];
   session().refresh();
   EXPECT_EQ(row(0, 2)["swipeActions"][0]["id"], remove);
   EXPECT_EQ(tap(remove), Outcome::done);
@@ -369,7 +369,7 @@ TEST_F(RowIdentityTest, OutlinesOfALongListHaveTheIdsOfTheirRows) {
   const auto before = idsOf(0);
   EXPECT_EQ(std::set(before.begin(), before.end()).size(), 3000u);
   [rows(0) insertObject:@"new" atIndex:0];
-  [table() insertRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:none];
+  [table() insertRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:kNone];
   EXPECT_EQ(tap(before[2000]), Outcome::done);
   EXPECT_EQ(calls(list_), "tap 0.2001");
   EXPECT_EQ(row(0, 2001)["label"], "row 2000");
@@ -403,7 +403,7 @@ TEST_F(RowIdentityTest, AFailedUpdateLosesNoRowThatIsStillThere) {
   start(@[ @[ @"a", @"b" ] ]);
   const auto before = ids();
   [rows(0) removeObjectAtIndex:0];
-  EXPECT_EQ(raisedBy([&] { [table() insertRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:none]; }),
+  EXPECT_EQ(raisedBy([&] { [table() insertRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:kNone]; }),
             "NSInternalInconsistencyException");
   session().refresh();
   EXPECT_EQ(labels(), " b ");

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#import "Settings/Session.hpp"
+#import "Settings/Session.h"
 #include "support/objc/ObjCMatchers.h"
 #include "support/objc/ObjCTest.h"
 

@@ -2,7 +2,7 @@
 #import <UIKit/UIKit.h>
 #import <dispatch/dispatch.h>
 
-#import "Settings/Service.hpp"
+#import "Settings/Service.h"
 #import "Settings/SettingsRootController.h"
 #include "simulator/Settings/SessionTest.h"
 #include "wire/Messages.hpp"

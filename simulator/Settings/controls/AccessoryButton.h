@@ -9,9 +9,9 @@
 namespace sim {
 
 /// Writes the first button in `accessory` that can be seen, and where it lies in it; null without one.
-void writeAccessoryButton(JsonText& out, UIView* accessory);
+void writeAccessoryButton(JsonText &out, UIView *accessory);
 
 /// What a finger on that button does.
-EventResult tapAccessoryButton(UIView* accessory);
+EventResult tapAccessoryButton(UIView *accessory);
 
 }  // namespace sim

@@ -9,7 +9,7 @@
 #include "Settings/ElementId.hpp"
 #include "Settings/EventResult.hpp"
 #include "base/JsonText.hpp"
-#include "Settings/JsonValues.hpp"
+#import "Settings/JsonValues.h"
 
 namespace sim {
 
@@ -24,20 +24,20 @@ struct PresentedAdapter {
   Class (*kind)() = nullptr;
   PresentedPlace place = PresentedPlace::kSheet;
   /// Writes everything but the anchor. `number` is the controller's, which its ids have as their owner.
-  void (*describe)(JsonText& out, UIViewController* presented, std::uint32_t number, ImageStore& images) = nullptr;
+  void (*describe)(JsonText &out, UIViewController *presented, std::uint32_t number, ImageStore &images) = nullptr;
   /// `part` is empty for a tap on the whole element.
-  EventResult (*tap)(UIViewController* presented, const ElementId& id, std::string_view part) = nullptr;
+  EventResult (*tap)(UIViewController *presented, const ElementId &id, std::string_view part) = nullptr;
   /// `isFinished` is whether the finger lifts afterwards.
-  EventResult (*set)(UIViewController* presented, const ElementId& id, const Json& value, bool isFinished) = nullptr;
-  EventResult (*paste)(UIViewController* presented, const ElementId& id) = nullptr;
+  EventResult (*set)(UIViewController *presented, const ElementId &id, const Json &value, bool isFinished) = nullptr;
+  EventResult (*paste)(UIViewController *presented, const ElementId &id) = nullptr;
   /// Chooses what the description has under this "path".
-  EventResult (*pick)(UIViewController* presented, NSString* path) = nullptr;
+  EventResult (*pick)(UIViewController *presented, NSString *path) = nullptr;
   /// Chooses the file at `file`, which lies on the computer, under the name `name`.
-  EventResult (*pickFile)(UIViewController* presented, NSString* file, NSString* name) = nullptr;
+  EventResult (*pickFile)(UIViewController *presented, NSString *file, NSString *name) = nullptr;
   /// Stores what the element is saved as, autoreleased, at `content`.
-  EventResult (*read)(UIViewController* presented, const ElementId& id, NSData** content) = nullptr;
+  EventResult (*read)(UIViewController *presented, const ElementId &id, NSData **content) = nullptr;
   /// Closes or cancels it.
-  EventResult (*dismiss)(UIViewController* presented) = nullptr;
+  EventResult (*dismiss)(UIViewController *presented) = nullptr;
 };
 
 }  // namespace sim

@@ -6,10 +6,10 @@
 namespace sim {
 
 /// Tells `table` what is known of the row at `path`, which `cell` shows.
-void noteRow(UITableView* table, NSIndexPath* path, UITableViewCell* cell);
+void noteRow(UITableView *table, NSIndexPath *path, UITableViewCell *cell);
 
 /// The same for a row without a cell. Only the rows of a page of specifiers are known without one; what is known of any
 /// other stays.
-void noteOutline(UITableView* table, NSIndexPath* path);
+void noteOutline(UITableView *table, NSIndexPath *path);
 
 }  // namespace sim

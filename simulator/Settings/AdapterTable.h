@@ -16,12 +16,12 @@ template <typename Adapter>
 class AdapterTable final {
  public:
   /// The adapters are not owned and outlive the table.
-  AdapterTable(std::initializer_list<const Adapter*> adapters) {
-    for (const Adapter* adapter : adapters) adapters_.emplace(adapter->kind(), adapter);
+  AdapterTable(std::initializer_list<const Adapter *> adapters) {
+    for (const Adapter *adapter : adapters) adapters_.emplace(adapter->kind(), adapter);
   }
 
   /// nullptr for nil, and for an object of no such class.
-  const Adapter* of(id object) const {
+  const Adapter *of(id object) const {
     for (Class kind = [object class]; kind; kind = class_getSuperclass(kind)) {
       if (const auto found = adapters_.find(kind); found != adapters_.end()) return found->second;
     }
@@ -29,7 +29,7 @@ class AdapterTable final {
   }
 
  private:
-  std::unordered_map<Class, const Adapter*> adapters_;
+  std::unordered_map<Class, const Adapter *> adapters_;
 };
 
 }  // namespace sim

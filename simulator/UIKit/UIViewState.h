@@ -13,10 +13,10 @@ struct UIViewState {
   CGPoint origin = CGPointZero;  ///< In the superview's coordinates.
   CGRect bounds = CGRectZero;
 
-  UIView* superview = nil;  // Not owned; cleared by the superview.
+  UIView *superview = nil;  // Not owned; cleared by the superview.
   std::vector<objcxx::Retained<UIView>> subviews;
   objcxx::Retained<NSArray> subviewsArray;  ///< What `subviews` last answered; nothing after a change.
-  UIResponder* viewController = nil;        // Not owned; cleared by the controller.
+  UIResponder *viewController = nil;        // Not owned; cleared by the controller.
   objcxx::Retained<CALayer> layer;
   bool needsLayout = true;
 
@@ -44,7 +44,7 @@ struct UIViewState {
 
 /// Between the sources of UIView.
 @interface UIView (State)
-- (sim::UIViewState&)sim_state;
+- (sim::UIViewState &)sim_state;
 /// Shares a change of the superview's size out to margins and size as the autoresizing mask says.
 - (void)sim_resizeWithOldSuperviewSize:(CGSize)oldSize;
 @end

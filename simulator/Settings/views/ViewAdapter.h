@@ -16,7 +16,7 @@ struct ViewAdapter {
   /// The name in descriptions.
   std::string_view type;
   /// Writes what such a view adds to what every view has. The view is of the class `kind` or of a subclass.
-  void (*describe)(JsonText& out, UIView* view, ImageStore& images) = nullptr;
+  void (*describe)(JsonText &out, UIView *view, ImageStore &images) = nullptr;
 };
 
 }  // namespace sim

@@ -12,6 +12,6 @@ namespace sim {
 ///
 /// Refused when there is no library, or the file is no picture that can be decoded or too large; `diskFull` or `failed`
 /// when the disk is full or at fault otherwise. The sentence calls the file by `name` unless that is nil. Main thread.
-EventResult uploadPhoto(NSString* file, NSString* name, NSString** path);
+EventResult uploadPhoto(NSString *file, NSString *name, NSString **path);
 
 }  // namespace sim

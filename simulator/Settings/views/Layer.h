@@ -8,9 +8,9 @@
 namespace sim {
 
 /// Writes corners, border and shadow; null when the layer adds nothing.
-void writeLayer(JsonText& out, UIView* view);
+void writeLayer(JsonText &out, UIView *view);
 
 /// Writes the shadow alone; null when the layer casts none.
-void writeShadow(JsonText& out, UIView* view);
+void writeShadow(JsonText &out, UIView *view);
 
 }  // namespace sim

@@ -12,17 +12,17 @@ namespace sim {
 class ImageStore;
 
 /// Writes a view and everything in it: class, frame (points, in its superview), text, picture, colours, layer.
-void writeView(JsonText& out, UIView* view, ImageStore& images);
+void writeView(JsonText &out, UIView *view, ImageStore &images);
 
 /// The same; null for nil.
-void writeOptionalView(JsonText& out, UIView* view, ImageStore& images);
+void writeOptionalView(JsonText &out, UIView *view, ImageStore &images);
 
 /// The class's name.
 std::string_view classNameOf(id object);
 
-void writeFrame(JsonText& out, CGRect frame);
+void writeFrame(JsonText &out, CGRect frame);
 
 /// "left", "center" and so on, for a text alignment.
-const char* alignmentName(NSTextAlignment alignment);
+const char *alignmentName(NSTextAlignment alignment);
 
 }  // namespace sim

@@ -2,7 +2,7 @@
 #pragma once
 
 #import <UIKit/UITextField.h>
-#import <UIKit/UITextInputState.hpp>
+#import <UIKit/UITextInputState.h>
 
 #include <objcxx/Retained.h>
 
@@ -34,7 +34,7 @@ struct UITextFieldState {
 /// Between the sources of UITextField.
 @interface UITextField (State)
 /// Replaces the text and tells everybody who listens.
-- (void)sim_changeTextTo:(NSString*)text;
+- (void)sim_changeTextTo:(NSString *)text;
 /// NO when there is nothing to clear or the delegate refuses.
 - (BOOL)sim_clear;
 @end

@@ -4,8 +4,8 @@
 #import <UIKit/UIKit.h>
 
 #include "Settings/EventResult.hpp"
-#include "Settings/JsonValues.hpp"
-#include "Settings/ScreenDescription.hpp"
+#import "Settings/JsonValues.h"
+#import "Settings/ScreenDescription.h"
 
 namespace sim {
 

@@ -5,7 +5,7 @@
 
 #include <string_view>
 
-#include "Settings/presented/PresentedAdapter.hpp"
+#import "Settings/presented/PresentedAdapter.h"
 
 namespace sim {
 

@@ -23,7 +23,7 @@ struct DrawState {
 
 @interface SIMContext : NSObject {
  @public
-  cairo_t* _cairo;  // Owned.
+  cairo_t *_cairo;  // Owned.
   BOOL _opaque;
   sim::DrawState _state;
   std::vector<sim::DrawState> _saved;
@@ -32,6 +32,6 @@ struct DrawState {
 
 namespace sim {
 
-inline SIMContext* contextObject(CGContextRef context) { return (SIMContext*)context; }
+inline SIMContext *contextObject(CGContextRef context) { return (SIMContext *)context; }
 
 }  // namespace sim

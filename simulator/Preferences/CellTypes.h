@@ -30,8 +30,8 @@ enum class ShownValue {
 /// Everything that follows from a row's type alone.
 struct CellTraits {
   PSCellType type = kNoCellType;
-  NSString* name = nil;  ///< In property lists, under "cell".
-  NSString* cellClass = @"PSTableCell";
+  NSString *name = nil;  ///< In property lists, under "cell".
+  NSString *cellClass = @"PSTableCell";
   Tap tap = Tap::kNothing;
   ShownValue shows = ShownValue::kNone;
   CGFloat height = UITableViewAutomaticDimension;  ///< In points, where the specifier has none.
@@ -42,10 +42,10 @@ struct CellTraits {
 };
 
 /// Of what is no type: those of a plain row, without a name. Lives as long as the process.
-const CellTraits& traitsOf(PSCellType type);
+const CellTraits &traitsOf(PSCellType type);
 
 /// The type of a name such as "PSSwitchCell"; `kNoCellType` for nil and for any other text.
-PSCellType cellTypeNamed(NSString* name);
+PSCellType cellTypeNamed(NSString *name);
 
 /// The framework's class for the type.
 Class classOfCellType(PSCellType type);

@@ -26,18 +26,18 @@ class ImageStore final {
   /// Writes {"url","width","height","tint"} in points; null for nil. Keeps the picture. `shown` is the size in points
   /// at which it is drawn: no more pixels than that needs are sent. An empty size: as many as the screen has. `tint` is
   /// the colour that the picture's shape is filled with; nil for its own colours.
-  void write(JsonText& out, UIImage* image, CGSize shown, UIColor* tint = nil);
+  void write(JsonText &out, UIImage *image, CGSize shown, UIColor *tint = nil);
 
   /// Writes the thumbnail of the picture file at `path`, a square; null when there is no such file. Only looks the file
   /// up: it is read and decoded when the thumbnail is asked for. The identifier changes with the file's content.
-  void writeThumbnail(JsonText& out, NSString* path);
+  void writeThumbnail(JsonText &out, NSString *path);
 
   /// Makes the last description the current screen: pictures that neither it nor the one before shows are let go.
   void accept();
 
   /// The PNG file of the picture with this identifier, autoreleased; nil when no such picture is kept or it cannot be
   /// read.
-  NSData* pngOf(std::string_view identifier) const;
+  NSData *pngOf(std::string_view identifier) const;
 
  private:
   struct Picture {
@@ -47,7 +47,7 @@ class ImageStore final {
   };
   using Pictures = std::unordered_map<std::string, Picture>;
 
-  void add(JsonText& out, std::string identifier, CGSize size, UIColor* tint, Picture picture);
+  void add(JsonText &out, std::string identifier, CGSize size, UIColor *tint, Picture picture);
 
   const std::string prefix_;
   Pictures described_;

@@ -9,9 +9,9 @@
 #include <string>
 #include <string_view>
 
-#include "Settings/ImageStore.hpp"
-#include "Settings/JsonValues.hpp"
-#include "Settings/ScreenDescription.hpp"
+#import "Settings/ImageStore.h"
+#import "Settings/JsonValues.h"
+#import "Settings/ScreenDescription.h"
 #include "wire/Messages.hpp"
 
 namespace sim {
@@ -21,10 +21,10 @@ class Session final {
  public:
   /// Shows `root` as the first page of the application's window. The first screen has the revision `firstRevision`,
   /// which no earlier run has reached.
-  Session(UIViewController* root, std::uint64_t firstRevision);
+  Session(UIViewController *root, std::uint64_t firstRevision);
 
   /// The screen as JSON, with its "revision".
-  const std::string& screen() const { return text_; }
+  const std::string &screen() const { return text_; }
   std::uint64_t revision() const { return revision_; }
 
   /// Runs what waits on the main queue and describes the screen anew. True when it changed, and the revision with it.
@@ -33,10 +33,10 @@ class Session final {
   /// Does what `call` asks for and answers, to no request yet. A call that describes the screen is followed by
   /// everything that it put on the main queue; it is done also when a page's code raises on the way, which the log
   /// tells. What is malformed, names nothing or cannot be done now changes nothing.
-  wire::Reply perform(const wire::Call& call);
+  wire::Reply perform(const wire::Call &call);
 
   /// The PNG file of a picture on the screen, autoreleased; nil for an unknown identifier.
-  NSData* pngOf(std::string_view identifier) const { return images_.pngOf(identifier); }
+  NSData *pngOf(std::string_view identifier) const { return images_.pngOf(identifier); }
 
   /// Light or dark, from now on.
   void setDark(bool dark);
@@ -47,16 +47,16 @@ class Session final {
 
  private:
   // One for each call. Those that are answered with the screen leave its content to `perform`.
-  wire::Reply work(const wire::Unreadable& call);
-  wire::Reply work(const wire::Screen& call);
-  wire::Reply work(const wire::Event& call);
-  wire::Reply work(const wire::PickFile& call);
-  wire::Reply work(const wire::AddPhoto& call);
-  wire::Reply work(const wire::Image& call);
-  wire::Reply work(const wire::Shared& call);
-  wire::Reply work(const wire::Pasteboard& call);
-  wire::Reply work(const wire::Appearance& call);
-  wire::Reply work(const wire::Display& call);
+  wire::Reply work(const wire::Unreadable &call);
+  wire::Reply work(const wire::Screen &call);
+  wire::Reply work(const wire::Event &call);
+  wire::Reply work(const wire::PickFile &call);
+  wire::Reply work(const wire::AddPhoto &call);
+  wire::Reply work(const wire::Image &call);
+  wire::Reply work(const wire::Shared &call);
+  wire::Reply work(const wire::Pasteboard &call);
+  wire::Reply work(const wire::Appearance &call);
+  wire::Reply work(const wire::Display &call);
 
   objcxx::Retained<UIWindow> window_;
   objcxx::Retained<UINavigationController> navigation_;

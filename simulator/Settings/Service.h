@@ -3,7 +3,7 @@
 
 #import <Foundation/Foundation.h>
 
-#include "Settings/Session.hpp"
+#import "Settings/Session.h"
 #include "wire/Channel.hpp"
 
 namespace sim {

@@ -15,12 +15,12 @@ class ImageStore;
 
 /// Writes an item for each of `paths`. `pictureFolder` is where they lie on this computer when they are pictures; nil
 /// for others, which are shown without one.
-void writePathItems(JsonText& out, NSArray* paths, std::uint32_t number, NSString* pictureFolder, ImageStore& images);
+void writePathItems(JsonText &out, NSArray *paths, std::uint32_t number, NSString *pictureFolder, ImageStore &images);
 
 /// The one of `paths` that `place` names; nil for none.
-NSString* pathNamed(const ElementId& place, NSArray* paths);
+NSString *pathNamed(const ElementId &place, NSArray *paths);
 
 /// What picking a path came to.
-EventResult pickResult(BOOL picked, NSError* error);
+EventResult pickResult(BOOL picked, NSError *error);
 
 }  // namespace sim

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "base/JsonText.hpp"
-#include "Settings/JsonValues.hpp"
+#import "Settings/JsonValues.h"
 
 namespace sim {
 
@@ -17,20 +17,20 @@ class ImageStore;
 struct ControlAdapter {
   Class (*kind)() = nullptr;
   /// The name in descriptions.
-  std::string_view (*type)(UIView* control) = nullptr;
+  std::string_view (*type)(UIView *control) = nullptr;
   /// Writes what goes with the type: its limits and its look.
-  void (*describe)(JsonText& out, UIView* control, ImageStore& images) = nullptr;
+  void (*describe)(JsonText &out, UIView *control, ImageStore &images) = nullptr;
   /// Writes what it is set to under the name "value". False, with nothing written, when it has no value now.
-  bool (*writeValue)(JsonText& out, UIView* control) = nullptr;
+  bool (*writeValue)(JsonText &out, UIView *control) = nullptr;
   /// Sets it as a person does. `isFinished` is whether the finger lifts afterwards; only a control that `isDragged` is
   /// told of one that stays.
-  const char* (*set)(UIView* control, const Json& value, bool isFinished) = nullptr;
+  const char *(*set)(UIView *control, const Json &value, bool isFinished) = nullptr;
   /// Adds the pasteboard's string, of which there is one, to its text.
-  const char* (*paste)(UIView* control) = nullptr;
+  const char *(*paste)(UIView *control) = nullptr;
   bool isDragged = false;
 };
 
 /// Why a control that is disabled does nothing.
-constexpr const char* kUnreachable = "This control is disabled.";
+constexpr const char *kUnreachable = "This control is disabled.";
 
 }  // namespace sim

@@ -22,24 +22,24 @@ using Json = nlohmann::json;
 constexpr NSUInteger kLongestText = 65'536;
 
 /// The text; null for nil. Of one that is too long, its beginning and an ellipsis.
-void writeText(JsonText& out, NSString* text);
+void writeText(JsonText &out, NSString *text);
 
 /// The text under `name`. Of one that is too long, its beginning, and how many UTF-16 units it has under
 /// "<name>Length": who edits it has to know that it is not whole.
-void writeText(JsonText& out, std::string_view name, NSString* text);
+void writeText(JsonText &out, std::string_view name, NSString *text);
 
 /// A property-list value; null for nil. Data becomes its byte count ("<20 bytes>"), a date its description, and
 /// anything else its class name, so that no value can fail to be shown.
-void writeValue(JsonText& out, id value);
+void writeValue(JsonText &out, id value);
 
 /// "#rrggbbaa", or {"light","dark"} for a colour that differs between the two; null for nil.
-void writeColor(JsonText& out, UIColor* color);
+void writeColor(JsonText &out, UIColor *color);
 
 /// The colour that "#rrggbb" or "#rrggbbaa" names, in either case, autoreleased; nil for anything else.
-UIColor* colorFrom(const Json& value);
+UIColor *colorFrom(const Json &value);
 
 /// The string, autoreleased; nil for bytes that are no UTF-8, and for a value that is no text.
-NSString* stringFrom(const std::string& text);
-NSString* stringFrom(const Json& value);
+NSString *stringFrom(const std::string &text);
+NSString *stringFrom(const Json &value);
 
 }  // namespace sim

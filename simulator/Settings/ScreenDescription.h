@@ -21,7 +21,7 @@ class ImageStore;
 class PageNumbers final {
  public:
   /// The number of `object`; a new one for an object that was not among the current ones.
-  std::uint32_t of(NSObject* object);
+  std::uint32_t of(NSObject *object);
   /// Between the two, every object that stays is asked for; the others are then forgotten and let go.
   void beginDescription();
   void endDescription();
@@ -37,16 +37,16 @@ class PageNumbers final {
 };
 
 /// The table that a page shows: the first one in its view; nil when it shows none.
-UITableView* tableOf(UIViewController* page);
+UITableView *tableOf(UIViewController *page);
 
 /// Whether the page in front has rows that have come or were loaded anew since it was described.
-bool hasUnnamedRows(UINavigationController* navigation);
+bool hasUnnamedRows(UINavigationController *navigation);
 
 /// What is in front of the pages: an alert, a sheet, or nil.
-UIViewController* presentedOver(UINavigationController* navigation);
+UIViewController *presentedOver(UINavigationController *navigation);
 
 /// Writes what `navigation` shows: {"path","page","alert","sheet"}. A page whose code raises is shown without rows,
 /// with the exception's name as a footer.
-void writeScreen(JsonText& out, UINavigationController* navigation, PageNumbers& numbers, ImageStore& images);
+void writeScreen(JsonText &out, UINavigationController *navigation, PageNumbers &numbers, ImageStore &images);
 
 }  // namespace sim
