@@ -18,8 +18,9 @@ GNUSTEP = subprocess.run(
     ["gnustep-config", "--variable=GNUSTEP_SYSTEM_HEADERS"], capture_output=True, text=True, check=True
 ).stdout.strip()
 COMMON = f"""-I simulator -I include -isystem {GNUSTEP} -idirafter {GCC}
-    -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -DGNU_RUNTIME=1 -D_NATIVE_OBJC_EXCEPTIONS -Wall -Wextra -Werror -Wno-import -Wno-deprecated-declarations -fblocks -fexceptions
-    -fobjc-exceptions -fconstant-string-class=NSConstantString""".split()
+    -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -DGNU_RUNTIME=1 -D_NATIVE_OBJC_EXCEPTIONS -Wall -Wextra -Werror -Wno-import
+    -Wno-deprecated-declarations -fblocks -fexceptions -fobjc-exceptions
+    -fconstant-string-class=NSConstantString""".split()
 LANGUAGES = {
     "Objective-C with ARC": "-x objective-c -fobjc-runtime=gnustep-1.8 -fobjc-arc",
     "Objective-C without ARC": "-x objective-c -fobjc-runtime=gnustep-1.8 -fno-objc-arc",

@@ -74,7 +74,6 @@ TEST_F(EventTest, UnknownIdsAreRefused) {
 TEST_F(EventTest, AnotherRevisionIsRefusedAndTheRightOneTaken) {
   ListPage *page = startList(@[ @[ @"a" ] ]);
   expectRefused({{"type", "tap"}, {"id", rowId(0, 0)}, {"revision", 2}}, Outcome::stale);
-  EXPECT_EQ(reply["revision"], 1);
   EXPECT_EQ(calls(page), "");
   EXPECT_EQ(send({{"type", "tap"}, {"id", rowId(0, 0)}, {"revision", 1}}), Outcome::done);
   EXPECT_EQ(calls(page), "tap 0.0");
