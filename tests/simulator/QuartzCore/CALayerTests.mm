@@ -1,5 +1,6 @@
 #import <QuartzCore/CALayer+Sim.h>
 #import <UIKit/UIKit.h>
+#import <objcxx/Retained.h>
 
 #import "support/objc/ObjCMatchers.h"
 #import "support/objc/ObjCTest.h"
