@@ -5,6 +5,9 @@
 #include <objc/runtime.h>
 #include_next <objc/message.h>
 
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wincompatible-library-redeclaration"
 OBJC_EXPORT void objc_msgSend(void);
 OBJC_EXPORT void objc_msgSend_stret(void);
 OBJC_EXPORT void objc_msgSend_fpret(void);
+#pragma clang diagnostic pop

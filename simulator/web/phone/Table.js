@@ -11,8 +11,8 @@ import { SessionContext } from '/session.js';
 /**
  * The sections of a page.
  *
- * `scroller` refers to the element that scrolls. `active` refers to `{section, row, id}`, the row that last had the focus,
- * or what is in its place when it is gone; `takesFocus`: it gets the focus back when the table appears.
+ * `scroller` refers to the element that scrolls. `active` refers to `{section, row, id}`, the row that last had the
+ * focus, or what is in its place when it is gone; `takesFocus`: it gets the focus back when the table appears.
  */
 export function Table({ page, scroller, active, takesFocus }) {
   const session = useContext(SessionContext);

@@ -36,8 +36,8 @@ export async function closeBrowser() {
 /**
  * A page in a browser context of its own; `options` are those of a context.
  *
- * Its animations run `hurry` times as fast in Chromium, which draws each of their frames with the processor: a test that
- * looks at the motion itself asks for 1.
+ * Its animations run `hurry` times as fast in Chromium, which draws each of their frames with the processor: a test
+ * that looks at the motion itself asks for 1.
  *
  * When the test `t` ends it fails if the page wrote an error to the console, threw one, or asked another host.
  * `expected` matches console errors and exceptions that belong to the test.
