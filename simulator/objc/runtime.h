@@ -18,8 +18,8 @@ static inline Class object_getClass(id object) {
 #endif
 
 /// How an object refers to one that is associated with it; the atomic ones give it out retained and autoreleased.
-typedef __UINTPTR_TYPE__ objc_AssociationPolicy;
-enum {
+typedef enum objc_AssociationPolicy : __UINTPTR_TYPE__ objc_AssociationPolicy;
+enum objc_AssociationPolicy : __UINTPTR_TYPE__ {
   OBJC_ASSOCIATION_ASSIGN = 0,
   OBJC_ASSOCIATION_RETAIN_NONATOMIC = 1,
   OBJC_ASSOCIATION_COPY_NONATOMIC = 3,
