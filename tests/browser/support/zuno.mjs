@@ -99,8 +99,9 @@ export async function layFile(folder, path, content) {
   return file;
 }
 
-/** The names of the Darwin notifications that were posted, oldest first. */
+/** The names of the Darwin notifications that were posted, oldest first, by whatever Settings was doing when asked. */
 export async function notificationsOf(api) {
+  await api('GET', '/api/screen');  // Answered after that: a file is written before its notification is posted.
   return (await api('GET', '/api/device')).notifications.map(({ name }) => name);
 }
 
