@@ -80,9 +80,11 @@ void changeByEvent(Editor *editor, Times &times, std::size_t count) {
     const auto screen = sim::Json::parse(session.screen(), nullptr, false);
     const std::string row = screen["page"]["sections"][1]["rows"][count / 2]["id"];
     measure(times, "tap event", [&] {
-      const sim::Reply reply = session.perform({{"type", "tap"}, {"id", row}});
-      require(reply.status == 200 && session.revision() == static_cast<std::uint64_t>(repetition) + 2,
-              "an event was refused");
+      const sim::Json tap{{"type", "tap"}, {"id", row}};
+      const sim::wire::Reply reply = session.perform(sim::wire::Event{tap.dump()});
+      require(
+          reply.outcome == sim::wire::Outcome::done && session.revision() == static_cast<std::uint64_t>(repetition) + 2,
+          "an event was refused");
     });
     measure(times, "description", [&] { require(!session.refresh(), "the screen changed by itself"); });
   }
