@@ -91,7 +91,8 @@ class FindingsTest(unittest.TestCase):
         for line in ("  try {", "  } catch (...) {", "try{", "catch(int a)"):
             self.assert_told(1, "cannot catch C++ exceptions", "a.mm", line + "\n")
             self.assert_well("a.cpp", line + "\n")
-            self.assert_well("tests/objc/a.mm", line + "\n")
+            self.assert_told(1, "cannot catch C++ exceptions", "tests/objc/ours/Ours.mm", line + "\n")
+            self.assert_well("tests/objc/ExceptionTests.mm", line + "\n")
         for line in ("@try {", "} @catch (NSException *e) {", "// try {", 'NSString *a = @"try {";', "[self retry{];"):
             self.assert_well("a.mm", line + "\n")
 
