@@ -1,6 +1,6 @@
 // Exceptions of both languages through code of both kinds. This file is compiled as makers' code, like all tests beside
-// it: there a handler of C++ takes objects and lets them pass (simulator/objc/Exceptions.mm). In code of the simulator's
-// own kind, on GCC's runtime alone, the same handler ends the process.
+// it: there a handler of C++ takes objects and lets them pass (simulator/objc/Exceptions.mm). In code of the
+// simulator's own kind, on GCC's runtime alone, the same handler ends the process.
 #include <stdexcept>
 #include <string>
 
