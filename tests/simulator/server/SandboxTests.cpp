@@ -4,6 +4,8 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <poll.h>
+#include <signal.h>
 #include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -120,6 +122,42 @@ TEST_F(SandboxTest, NoProcessOfTheHostIsSeenOrKilled) {
                 "kill -9 -1\n"  // Itself excepted.
                 "for process in /proc/[0-9]*; do echo process; done"),
             "process\nprocess\nstatus 0");
+}
+
+TEST_F(SandboxTest, TheTerminalOfTheHostIsAnotherSessions) {
+  if (!isPossible()) return;
+  EXPECT_EQ(run("read number name state parent group session rest < /proc/self/stat\n"
+                "[ $session = 0 ] || echo own"),  // 0: one that is not seen from here.
+            "own\nstatus 0");
+}
+
+TEST_F(SandboxTest, WhatRunsInItEndsWithIt) {
+  if (!isPossible()) return;
+  write("programs/probe", "#!/bin/sh\necho up; read line");
+  fs::permissions(path("programs/probe"), fs::perms::owner_all);
+  int input[2], output[2];
+  ASSERT_EQ(pipe2(input, O_CLOEXEC), 0);
+  ASSERT_EQ(pipe2(output, O_CLOEXEC), 0);
+  const auto command = sandbox_->command(path("programs/probe"), {});
+  std::vector<char*> words{const_cast<char*>(command.program.c_str())};
+  for (const std::string& word : command.arguments) words.push_back(const_cast<char*>(word.c_str()));
+  words.push_back(nullptr);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_adddup2(&actions, input[0], 0);
+  posix_spawn_file_actions_adddup2(&actions, output[1], 1);
+  pid_t child = 0;
+  ASSERT_EQ(posix_spawn(&child, words[0], &actions, nullptr, words.data(), environ), 0);
+  posix_spawn_file_actions_destroy(&actions);
+  ::close(output[1]);
+  char said[8] = {};
+  EXPECT_EQ(::read(output[0], said, 3), 3);
+  ::kill(child, SIGKILL);
+  waitpid(child, nullptr, 0);
+  pollfd rest{output[0], POLLIN, 0};
+  EXPECT_EQ(::poll(&rest, 1, 10'000), 1);
+  EXPECT_EQ(::read(output[0], said, 1), 0) << "nobody is left who could write";
+  for (const int end : {input[0], input[1], output[0]}) ::close(end);
 }
 
 TEST_F(SandboxTest, ThereIsNoNetwork) {
