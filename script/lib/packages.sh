@@ -24,6 +24,7 @@ fonts-inter              run test bench mutate
 librsvg2-bin             run test bench mutate
 bubblewrap               run test bench
 nodejs                   run test
+esbuild                  run test
 npm                      run test
 llvm-19                  test mutate
 libgtest-dev             test mutate

@@ -28,12 +28,11 @@ struct PathOption {
   std::filesystem::path Options::* place;
 };
 
-constexpr std::array<PathOption, 5> kPathOptions{{
+constexpr std::array<PathOption, 4> kPathOptions{{
     {"--device", &Options::device},
     {"--install", &Options::install},
     {"--settings", &Options::settings},
     {"--web", &Options::web},
-    {"--modules", &Options::modules},
 }};
 
 std::filesystem::path* placeOf(std::string_view name, Options& options) {
@@ -68,14 +67,13 @@ Options parseOptions(int count, const char* const* arguments, Options options) {
 
 Options defaultOptions(const std::filesystem::path& program) {
   const auto programs = program.parent_path();
-  const auto source = std::filesystem::path(__FILE__).parent_path().parent_path();
-  const auto tree = programs.parent_path() / "device-root";
+  const auto build = programs.parent_path();
+  const auto tree = build / "device-root";
   std::error_code error;
   Options options;
   options.install = std::filesystem::is_directory(tree, error) ? tree : std::filesystem::path();
   options.settings = programs / "settings";
-  options.web = source / "web";
-  options.modules = source.parent_path() / "node_modules";
+  options.web = build / "page";
   return options;
 }
 
@@ -85,8 +83,7 @@ std::string_view usage() {
          "  --port N         the port on 127.0.0.1; 0 is a free one (0)\n"
          "  --install DIR    a tree of files to install on the device (the build's device-root)\n"
          "  --settings FILE  the Settings program (beside the simulator)\n"
-         "  --web DIR        the page's files (the source's simulator/web)\n"
-         "  --modules DIR    the page's installed modules (the source's node_modules)\n"
+         "  --web DIR        the page's files (the build's page)\n"
          "  --sandbox WHEN   auto: Settings sees nothing of this computer but the device, where the system lets\n"
          "                   users make name spaces; off: only the frameworks map its paths (auto)\n"
          "  --help           shows this\n";

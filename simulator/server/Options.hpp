@@ -14,7 +14,6 @@ struct Options {
   std::filesystem::path install;   // Empty: nothing to install.
   std::filesystem::path settings;  // The Settings program.
   std::filesystem::path web;       // The page's folder.
-  std::filesystem::path modules;   // The folder of the page's installed modules.
   std::uint16_t port = 0;          // 0: a free one.
   bool sandbox = true;             // Whether Settings runs in a sandbox where one is possible.
   bool help = false;
@@ -29,7 +28,7 @@ class UsageError : public std::runtime_error {
 /// Reads the arguments (with the program's name first). What is not given stands as in `defaults`. Throws UsageError.
 Options parseOptions(int count, const char* const* arguments, Options defaults);
 
-/// The options where the build and the source tree put things. `program` is the simulator's own executable.
+/// The options where the build puts things. `program` is the simulator's own executable.
 Options defaultOptions(const std::filesystem::path& program);
 
 std::string_view usage();

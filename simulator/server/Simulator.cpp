@@ -71,9 +71,6 @@ void Simulator::run() { loop_.run(); }
 
 void Simulator::readPage(const Options& options) {
   page_.addPage(options.web);
-  if (!page_.addFile("/modules/htm-preact.mjs", options.modules / "htm/preact/standalone.module.js"))
-    std::fprintf(stderr, "The page's module htm is not installed in %s; the page will stay empty.\n",
-                 options.modules.c_str());
   for (const std::string_view font : kFonts)
     page_.addFile("/fonts/" + std::string(font), std::filesystem::path(kFontFolder) / font);
 }

@@ -1,4 +1,4 @@
-import { html, render } from '/modules/htm-preact.mjs';
+import { html, render } from 'htm/preact/standalone';
 import { Api } from '/api.js';
 import { Panel } from '/panel/Panel.js';
 import { Phone } from '/phone/Phone.js';

@@ -1,4 +1,4 @@
-import { createContext } from '/modules/htm-preact.mjs';
+import { createContext } from 'htm/preact/standalone';
 import { ApiError } from '/api.js';
 import { ImageCache } from '/images.js';
 import { Store } from '/store.js';

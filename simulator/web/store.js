@@ -1,4 +1,4 @@
-import { useEffect, useState } from '/modules/htm-preact.mjs';
+import { useEffect, useState } from 'htm/preact/standalone';
 
 /** Holds one state object and tells its listeners when it was replaced. */
 export class Store {

@@ -6,13 +6,13 @@ import { join } from 'node:path';
 import { test } from 'node:test';
 import { fileURLToPath } from 'node:url';
 import { promisify } from 'node:util';
+import { build } from './support/build.mjs';
 import { defer } from './support/cleanup.mjs';
 import { Device } from './support/device.mjs';
 import { propertyListText } from './support/propertyList.mjs';
 import { startSimulator } from './support/simulator.mjs';
 
 const root = fileURLToPath(new URL('../../', import.meta.url));
-const build = process.env.SIMULATOR_BUILD ?? join(root, 'build/dev');
 const run = promisify(execFile);
 
 /** A widget as makers write it: in C or C++, with what only today's Objective-C has. */

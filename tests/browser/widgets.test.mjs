@@ -7,6 +7,7 @@ import { test } from 'node:test';
 import { fileURLToPath } from 'node:url';
 import { promisify } from 'node:util';
 import { eventually } from './support/browser.mjs';
+import { build } from './support/build.mjs';
 import { defer } from './support/cleanup.mjs';
 import { Device } from './support/device.mjs';
 import { propertyListText } from './support/propertyList.mjs';
@@ -14,7 +15,6 @@ import { startSimulator } from './support/simulator.mjs';
 import { dragTo, labelsOf, layFile, mainFile, open, rowOf, shownIn, startZuno } from './support/zuno.mjs';
 
 const root = fileURLToPath(new URL('../../', import.meta.url));
-const build = process.env.SIMULATOR_BUILD ?? join(root, 'build/dev');
 const widgets = 'var/jb/Library/Zuno/Widgets';
 const prefix = 'com.norvik.Zunowidgets.';
 const music = 'KRBMusicView';

@@ -1,4 +1,4 @@
-import { html } from '/modules/htm-preact.mjs';
+import { html } from 'htm/preact/standalone';
 
 /** A titled part of the panel; `note` is a short remark beside the title, `path` a longer one below it. */
 export function Card({ title, note, path, children }) {

@@ -1,4 +1,4 @@
-import { html, useContext } from '/modules/htm-preact.mjs';
+import { html, useContext } from 'htm/preact/standalone';
 import { SessionContext } from '/session.js';
 import { Turn } from '/phone/symbols.js';
 

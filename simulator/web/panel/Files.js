@@ -1,4 +1,4 @@
-import { html } from '/modules/htm-preact.mjs';
+import { html } from 'htm/preact/standalone';
 import { Card } from '/panel/Card.js';
 import { PropertyList } from '/panel/PropertyList.js';
 

@@ -1,4 +1,4 @@
-import { html, useLayoutEffect, useRef } from '/modules/htm-preact.mjs';
+import { html, useLayoutEffect, useRef } from 'htm/preact/standalone';
 import { Card } from '/panel/Card.js';
 
 const shownLines = 500;

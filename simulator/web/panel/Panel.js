@@ -1,4 +1,4 @@
-import { html, useContext } from '/modules/htm-preact.mjs';
+import { html, useContext } from 'htm/preact/standalone';
 import { displayIn } from '/display.js';
 import { Card } from '/panel/Card.js';
 import { Display } from '/panel/Display.js';

@@ -1,4 +1,4 @@
-import { html, useContext, useEffect, useState } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useState } from 'htm/preact/standalone';
 import { lengthInWords, takeLongPaste } from '/longText.js';
 import { Card } from '/panel/Card.js';
 import { SessionContext } from '/session.js';

@@ -1,4 +1,4 @@
-import { html, useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { html, useEffect, useRef, useState } from 'htm/preact/standalone';
 
 const shownLength = 120;
 const flashDuration = 1500;

@@ -1,4 +1,4 @@
-import { html, useEffect, useState } from '/modules/htm-preact.mjs';
+import { html, useEffect, useState } from 'htm/preact/standalone';
 
 // Lengths in pixels; those of the page's own layout are in styles/layout.css.
 const frame = 12;

@@ -1,4 +1,4 @@
-import { html, useContext, useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useRef, useState } from 'htm/preact/standalone';
 import { sheetOf } from '/phone/presented/sheets.js';
 import { SessionContext } from '/session.js';
 import { useStore } from '/store.js';

@@ -1,4 +1,4 @@
-import { html, useRef } from '/modules/htm-preact.mjs';
+import { html, useRef } from 'htm/preact/standalone';
 
 /** A button that asks for files of the computer and gives them to `choose` as an array. `accept` as of an input. */
 export function FileChooser({ label, accept, multiple, choose }) {

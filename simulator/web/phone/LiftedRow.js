@@ -1,4 +1,4 @@
-import { html } from '/modules/htm-preact.mjs';
+import { html } from 'htm/preact/standalone';
 import { RowBody } from '/phone/RowBody.js';
 import { Grip } from '/phone/symbols.js';
 

@@ -1,4 +1,4 @@
-import { html } from '/modules/htm-preact.mjs';
+import { html } from 'htm/preact/standalone';
 import { Grip } from '/phone/symbols.js';
 
 /** The handle of a row that can be moved: dragged by a pointer, or moved by the up and down arrow keys. */

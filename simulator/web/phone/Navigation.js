@@ -1,4 +1,4 @@
-import { html, useContext, useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useRef, useState } from 'htm/preact/standalone';
 import { Page } from '/phone/Page.js';
 import { SessionContext } from '/session.js';
 

@@ -1,4 +1,4 @@
-import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from 'htm/preact/standalone';
 import { cssColor, cssTextColor, pairOf } from '/colors.js';
 import { Picture } from '/images.js';
 import { InlineView, textOf } from '/phone/views/CustomViews.js';

@@ -1,4 +1,4 @@
-import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from 'htm/preact/standalone';
 import { displayIn, isShallow } from '/display.js';
 import { cssColor, pairOf } from '/colors.js';
 import { CustomViews } from '/phone/views/CustomViews.js';

@@ -1,4 +1,4 @@
-import { html, useContext, useEffect, useRef } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useRef } from 'htm/preact/standalone';
 import { displayIn } from '/display.js';
 import { SessionContext } from '/session.js';
 import { useStore } from '/store.js';

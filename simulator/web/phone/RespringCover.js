@@ -1,4 +1,4 @@
-import { html, useContext, useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useRef, useState } from 'htm/preact/standalone';
 import { SessionContext } from '/session.js';
 
 const duration = 1600;

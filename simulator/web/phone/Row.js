@@ -1,4 +1,4 @@
-import { html, useContext, useRef } from '/modules/htm-preact.mjs';
+import { html, useContext, useRef } from 'htm/preact/standalone';
 import { cssColor } from '/colors.js';
 import { CustomViews } from '/phone/views/CustomViews.js';
 import { heightOf, imageSizeOf } from '/phone/layout.js';

@@ -1,4 +1,4 @@
-import { html } from '/modules/htm-preact.mjs';
+import { html } from 'htm/preact/standalone';
 import { cssColor, cssTextColor, paintedOver } from '/colors.js';
 import { ControlRow } from '/phone/controls/ControlRow.js';
 import { CustomViews, InlineView } from '/phone/views/CustomViews.js';

@@ -1,4 +1,4 @@
-import { html, useEffect, useLayoutEffect, useMemo, useRef, useState } from '/modules/htm-preact.mjs';
+import { html, useEffect, useLayoutEffect, useMemo, useRef, useState } from 'htm/preact/standalone';
 import { CustomViews } from '/phone/views/CustomViews.js';
 import { dragLayout, rowAt, topsOf } from '/phone/layout.js';
 import { pixelsPerPoint } from '/phone/points.js';

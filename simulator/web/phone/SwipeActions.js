@@ -1,4 +1,4 @@
-import { html, useContext, useEffect, useLayoutEffect, useRef } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useLayoutEffect, useRef } from 'htm/preact/standalone';
 import { cssColor } from '/colors.js';
 import { Picture } from '/images.js';
 import { More } from '/phone/symbols.js';

@@ -1,4 +1,4 @@
-import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from 'htm/preact/standalone';
 import { rowCanFocus } from '/phone/controls/controls.js';
 import { findRow } from '/phone/findRow.js';
 import { nextStop } from '/phone/keyboard.js';

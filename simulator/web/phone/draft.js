@@ -1,4 +1,4 @@
-import { useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { useEffect, useRef, useState } from 'htm/preact/standalone';
 
 /**
  * Text that the user edits before it is sent. What comes from the device meanwhile does not disturb it.

@@ -1,6 +1,6 @@
 // Long lists: the screen describes the rows around the device's scroll position, and of the others has an outline.
 
-import { useContext, useEffect, useMemo, useRef } from '/modules/htm-preact.mjs';
+import { useContext, useEffect, useMemo, useRef } from 'htm/preact/standalone';
 import { SessionContext } from '/session.js';
 
 // Milliseconds in which a list that is being scrolled does not ask again.

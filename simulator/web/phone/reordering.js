@@ -1,4 +1,4 @@
-import { useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { useEffect, useRef, useState } from 'htm/preact/standalone';
 import { findRow } from '/phone/findRow.js';
 import { nearestDestination, topsOf } from '/phone/layout.js';
 import { pixelsPerPoint } from '/phone/points.js';

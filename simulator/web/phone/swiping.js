@@ -1,4 +1,4 @@
-import { useEffect, useMemo, useRef, useState } from '/modules/htm-preact.mjs';
+import { useEffect, useMemo, useRef, useState } from 'htm/preact/standalone';
 import { pixelsPerPoint } from '/phone/points.js';
 
 const begins = 8;

@@ -1,4 +1,4 @@
-import { html } from '/modules/htm-preact.mjs';
+import { html } from 'htm/preact/standalone';
 
 // The few line drawings of the phone. All are decoration: the name stands on the element that holds them.
 

@@ -1,11 +1,10 @@
 import { createServer } from 'node:http';
 import { readFile } from 'node:fs/promises';
 import { extname, join, normalize } from 'node:path';
-import { fileURLToPath } from 'node:url';
+import { build } from './build.mjs';
 import { defer } from './cleanup.mjs';
 import { swiped } from './screens.mjs';
 
-const root = fileURLToPath(new URL('../../../', import.meta.url));
 const types = {
   '.html': 'text/html', '.js': 'text/javascript', '.mjs': 'text/javascript', '.css': 'text/css',
   '.svg': 'image/svg+xml', '.otf': 'font/otf',
@@ -153,9 +152,8 @@ export class FakeSimulator {
   }
 
   async #file(path, response) {
-    const file = path === '/modules/htm-preact.mjs' ? join(root, 'node_modules/htm/preact/standalone.module.js')
-      : path.startsWith('/fonts/') ? join('/usr/share/fonts/opentype/inter', normalize(path.slice(6)))
-        : join(root, 'simulator/web', normalize(path === '/' ? '/index.html' : path));
+    const file = path.startsWith('/fonts/') ? join('/usr/share/fonts/opentype/inter', normalize(path.slice(6)))
+      : join(build, 'page', normalize(path === '/' ? '/index.html' : path));
     try {
       const content = await readFile(file);
       const type = types[extname(file)] ?? 'application/octet-stream';

@@ -3,11 +3,9 @@ import { mkdtemp, rm } from 'node:fs/promises';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { createInterface } from 'node:readline';
-import { fileURLToPath } from 'node:url';
+import { build } from './build.mjs';
 import { defer } from './cleanup.mjs';
 
-const root = fileURLToPath(new URL('../../../', import.meta.url));
-const build = process.env.SIMULATOR_BUILD ?? join(root, 'build/dev');
 const program = join(build, 'simulator/simulator');
 
 /**

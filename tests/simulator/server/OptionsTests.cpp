@@ -20,13 +20,12 @@ TEST(OptionsTests, Defaults) {
 }
 
 TEST(OptionsTests, TakesEveryOption) {
-  const sim::Options options = parse({"--device", "d", "--install", "i", "--settings", "s", "--web", "w", "--modules",
-                                      "m", "--port", "65535", "--sandbox", "off"});
+  const sim::Options options = parse(
+      {"--device", "d", "--install", "i", "--settings", "s", "--web", "w", "--port", "65535", "--sandbox", "off"});
   EXPECT_EQ(options.device, "d");
   EXPECT_EQ(options.install, "i");
   EXPECT_EQ(options.settings, "s");
   EXPECT_EQ(options.web, "w");
-  EXPECT_EQ(options.modules, "m");
   EXPECT_EQ(options.port, 65535);
   EXPECT_FALSE(options.sandbox);
   EXPECT_TRUE(parse({"--help"}).help);

@@ -34,7 +34,6 @@ class ProgramTests : public ::testing::Test {
  protected:
   ProgramTests() {
     test::writeText(folder_.path() / "web/index.html", "<!doctype html>");
-    test::writeText(folder_.path() / "modules/htm/preact/standalone.module.js", "export {};");
     test::writeText(folder_.path() / "tree/var/jb/usr/bin/tool", "tool");
   }
 
@@ -43,7 +42,6 @@ class ProgramTests : public ::testing::Test {
   std::vector<std::string> arguments(const std::vector<std::string>& more = {}) const {
     std::vector<std::string> all{"--device",   device(),
                                  "--web",      folder_.path() / "web",
-                                 "--modules",  folder_.path() / "modules",
                                  "--install",  folder_.path() / "tree",
                                  "--sandbox",  "off",
                                  "--settings", std::filesystem::read_symlink("/proc/self/exe")};

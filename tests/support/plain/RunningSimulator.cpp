@@ -1,5 +1,6 @@
 #include "support/plain/RunningSimulator.hpp"
 
+#include "base/Json.hpp"
 #include "server/Options.hpp"
 #include "server/Simulator.hpp"
 
@@ -17,7 +18,6 @@ sim::Options optionsFor(const std::filesystem::path& device) {
   writeText(files / "web/index.html", "<!doctype html><title>Simulator</title>");
   writeText(files / "web/parts/list.js", "export {};");
   writeText(files / "web/.hidden", "hidden");
-  writeText(files / "modules/htm/preact/standalone.module.js", "export {};");
   const auto killall = files / "tree/var/jb/usr/bin/killall";
   std::filesystem::create_directories(killall.parent_path());
   std::filesystem::copy_file(BUILD_FOLDER "/device-root/var/jb/usr/bin/killall", killall,
@@ -28,7 +28,6 @@ sim::Options optionsFor(const std::filesystem::path& device) {
   options.sandbox = false;  // The program is this one, which lies among others.
   options.settings = std::filesystem::read_symlink("/proc/self/exe");
   options.web = files / "web";
-  options.modules = files / "modules";
   return options;
 }
 
@@ -75,7 +74,7 @@ HttpResponse RunningSimulator::get(const std::string& target) const {
 
 HttpResponse RunningSimulator::send(const std::string& method, const std::string& target,
                                     const nlohmann::json& body) const {
-  HttpRequest request{method, target, pageHeaders(), body.dump()};
+  HttpRequest request{method, target, pageHeaders(), sim::toText(body)};
   request.headers.push_back("Content-Type: application/json");
   request.headers.push_back("Content-Length: " + std::to_string(request.body.size()));
   return roundTrip(port_, request.bytes());

@@ -1,4 +1,4 @@
-import { html } from '/modules/htm-preact.mjs';
+import { html } from 'htm/preact/standalone';
 import { controlOf } from '/phone/controls/controls.js';
 import { RowPicture } from '/phone/RowPicture.js';
 import { InlineView } from '/phone/views/CustomViews.js';

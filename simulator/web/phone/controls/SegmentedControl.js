@@ -1,4 +1,4 @@
-import { html, useContext, useEffect, useState } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useState } from 'htm/preact/standalone';
 import { cssColor, cssTextColor, pairOf } from '/colors.js';
 import { Picture } from '/images.js';
 import { SessionContext } from '/session.js';

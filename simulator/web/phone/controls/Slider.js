@@ -1,4 +1,4 @@
-import { html, useContext, useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useRef, useState } from 'htm/preact/standalone';
 import { cssColor } from '/colors.js';
 import { Picture } from '/images.js';
 import { DragInput } from '/phone/DragInput.js';

@@ -1,4 +1,4 @@
-import { html, useContext, useEffect, useState } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useState } from 'htm/preact/standalone';
 import { cssColor } from '/colors.js';
 import { setOnly } from '/phone/look.js';
 import { SessionContext } from '/session.js';

@@ -1,4 +1,4 @@
-import { html } from '/modules/htm-preact.mjs';
+import { html } from 'htm/preact/standalone';
 import { useField } from '/phone/controls/textInput.js';
 import { InlineView } from '/phone/views/CustomViews.js';
 

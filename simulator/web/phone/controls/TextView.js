@@ -1,4 +1,4 @@
-import { html } from '/modules/htm-preact.mjs';
+import { html } from 'htm/preact/standalone';
 import { useField } from '/phone/controls/textInput.js';
 
 /** Several lines of text, sent when the field is left; Escape takes the change back. */

@@ -1,4 +1,4 @@
-import { useContext } from '/modules/htm-preact.mjs';
+import { useContext } from 'htm/preact/standalone';
 import { cssTextColor, paintedOver } from '/colors.js';
 import { takeLongPaste } from '/longText.js';
 import { useDraft } from '/phone/draft.js';

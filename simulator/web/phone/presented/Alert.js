@@ -1,4 +1,4 @@
-import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from 'htm/preact/standalone';
 import { lengthInWords } from '/longText.js';
 import { AlertField } from '/phone/presented/AlertField.js';
 import { trapTab } from '/phone/focusTrap.js';

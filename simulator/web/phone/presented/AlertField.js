@@ -1,4 +1,4 @@
-import { html, useContext, useRef } from '/modules/htm-preact.mjs';
+import { html, useContext, useRef } from 'htm/preact/standalone';
 import { lengthInWords, takeLongPaste } from '/longText.js';
 import { SessionContext } from '/session.js';
 import { useStore } from '/store.js';

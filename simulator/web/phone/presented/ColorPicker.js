@@ -1,4 +1,4 @@
-import { html, useContext, useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useRef, useState } from 'htm/preact/standalone';
 import { ColorGrid } from '/phone/presented/colorPicker/ColorGrid.js';
 import { ColorSliders } from '/phone/presented/colorPicker/ColorSliders.js';
 import { ColorSpectrum } from '/phone/presented/colorPicker/ColorSpectrum.js';

@@ -1,4 +1,4 @@
-import { html } from '/modules/htm-preact.mjs';
+import { html } from 'htm/preact/standalone';
 import { Page as DocumentSymbol } from '/phone/symbols.js';
 
 function DocumentList({ items, choose, working }) {

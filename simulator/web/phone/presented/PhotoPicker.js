@@ -1,4 +1,4 @@
-import { html, useEffect, useRef } from '/modules/htm-preact.mjs';
+import { html, useEffect, useRef } from 'htm/preact/standalone';
 import { LazyPicture } from '/images.js';
 
 function PhotoGrid({ items, choose, working }) {

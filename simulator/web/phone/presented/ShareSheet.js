@@ -1,4 +1,4 @@
-import { html, useContext, useState } from '/modules/htm-preact.mjs';
+import { html, useContext, useState } from 'htm/preact/standalone';
 import { Page as DocumentSymbol } from '/phone/symbols.js';
 import { SessionContext } from '/session.js';
 

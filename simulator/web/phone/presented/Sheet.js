@@ -1,4 +1,4 @@
-import { html, useContext, useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { html, useContext, useEffect, useRef, useState } from 'htm/preact/standalone';
 import { FileChooser } from '/phone/FileChooser.js';
 import { trapTab } from '/phone/focusTrap.js';
 import { sheetOf } from '/phone/presented/sheets.js';

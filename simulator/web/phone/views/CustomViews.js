@@ -1,4 +1,4 @@
-import { html } from '/modules/htm-preact.mjs';
+import { html } from 'htm/preact/standalone';
 import { cssColor, paintedOver } from '/colors.js';
 import { layerStyle } from '/phone/look.js';
 import { Border } from '/phone/RowPicture.js';

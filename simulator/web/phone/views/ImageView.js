@@ -1,4 +1,4 @@
-import { html } from '/modules/htm-preact.mjs';
+import { html } from 'htm/preact/standalone';
 import { Picture } from '/images.js';
 import { layerStyle } from '/phone/look.js';
 import { objectFitOf, placeOf } from '/phone/contentMode.js';

@@ -1,4 +1,4 @@
-import { html } from '/modules/htm-preact.mjs';
+import { html } from 'htm/preact/standalone';
 import { cssColor, cssTextColor } from '/colors.js';
 import { alignments, textShadow } from '/phone/look.js';
 

@@ -1,4 +1,4 @@
-import { html } from '/modules/htm-preact.mjs';
+import { html } from 'htm/preact/standalone';
 
 /** The content of a scroll view, which a finger moves where there is more of it than room. */
 export function ScrollView({ view, children }) {

@@ -1,4 +1,4 @@
-import { html, useRef, useState } from '/modules/htm-preact.mjs';
+import { html, useRef, useState } from 'htm/preact/standalone';
 import { digitsOf, nameOf, parse } from '/phone/presented/colorPicker/colorValues.js';
 import { dragging } from '/phone/presented/colorPicker/dragging.js';
 

@@ -1,4 +1,4 @@
-import { html, useEffect, useState } from '/modules/htm-preact.mjs';
+import { html, useEffect, useState } from 'htm/preact/standalone';
 import { digitsOf, format, parse } from '/phone/presented/colorPicker/colorValues.js';
 import { PartSlider } from '/phone/presented/colorPicker/PartSlider.js';
 

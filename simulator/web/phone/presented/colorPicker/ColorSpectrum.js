@@ -1,4 +1,4 @@
-import { html, useState } from '/modules/htm-preact.mjs';
+import { html, useState } from 'htm/preact/standalone';
 import { digitsOf, format, hueAndLightness, nameOf, opaque, pureColor } from '/phone/presented/colorPicker/colorValues.js';
 import { dragging } from '/phone/presented/colorPicker/dragging.js';
 

@@ -1,4 +1,4 @@
-import { html } from '/modules/htm-preact.mjs';
+import { html } from 'htm/preact/standalone';
 import { format } from '/phone/presented/colorPicker/colorValues.js';
 import { PartSlider } from '/phone/presented/colorPicker/PartSlider.js';
 

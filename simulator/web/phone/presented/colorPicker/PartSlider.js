@@ -1,4 +1,4 @@
-import { html, useEffect, useRef, useState } from '/modules/htm-preact.mjs';
+import { html, useEffect, useRef, useState } from 'htm/preact/standalone';
 
 /**
  * A slider over the colours that it leads to, and its number in a field. `track` and `knob` are CSS backgrounds,
