@@ -44,7 +44,8 @@ function(join_sources target)
   get_target_property(sources ${target} SOURCES)
   execute_process(COMMAND /usr/bin/python3 -B ${CMAKE_SOURCE_DIR}/cmake/join.py
                           ${CMAKE_CURRENT_BINARY_DIR}/joined/${target} ${sources}
-                  OUTPUT_VARIABLE joined OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+                  WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} OUTPUT_VARIABLE joined
+                  OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
   set_target_properties(${target} PROPERTIES SOURCES "${joined}")
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${sources})
 endfunction()

@@ -61,7 +61,7 @@ def main(folder, *sources):
     folder.mkdir(parents=True, exist_ok=True)
     compiled = [source for source in sources if not source.endswith((".mm", ".cpp"))]
     for suffix in (".mm", ".cpp"):
-        files = together([Path(source) for source in sources if source.endswith(suffix)])
+        files = together([Path(source).resolve() for source in sources if source.endswith(suffix)])
         for number, paths in enumerate(files):
             if len(paths) > 1:
                 joined = folder / f"{number}{suffix}"

@@ -55,7 +55,7 @@ struct Descriptor {
   void (*dispose)(const void *block);
 };
 
-struct Block {
+struct BlockLiteral {
   void *isa;
   volatile std::int32_t flags;
   std::int32_t reserved;
@@ -119,13 +119,13 @@ void releaseByref(Byref *source) {
 extern "C" {
 
 void *_Block_copy(const void *argument) {
-  auto *source = const_cast<Block *>(static_cast<const Block *>(argument));
+  auto *source = const_cast<BlockLiteral *>(static_cast<const BlockLiteral *>(argument));
   if (!source || (source->flags & kIsGlobal)) return source;
   if (source->flags & kNeedsFree) {
     addReference(source->flags);
     return source;
   }
-  auto *copy = static_cast<Block *>(allocate(source->descriptor->size));
+  auto *copy = static_cast<BlockLiteral *>(allocate(source->descriptor->size));
   std::memcpy(static_cast<void *>(copy), source, source->descriptor->size);
   copy->isa = _NSConcreteMallocBlock;
   copy->flags = (source->flags & ~kReferenceMask) | kNeedsFree | 1;
@@ -134,7 +134,7 @@ void *_Block_copy(const void *argument) {
 }
 
 void _Block_release(const void *argument) {
-  auto *block = const_cast<Block *>(static_cast<const Block *>(argument));
+  auto *block = const_cast<BlockLiteral *>(static_cast<const BlockLiteral *>(argument));
   if (!block || !(block->flags & kNeedsFree)) return;
   {
     const sim::WeakReferences::ReleaseGuard guard(block);
@@ -227,7 +227,7 @@ void _Block_object_dispose(const void *object, const int flags) {
 }
 
 - (NSUInteger)retainCount {
-  return static_cast<NSUInteger>(reinterpret_cast<Block *>(self)->flags & kReferenceMask);
+  return static_cast<NSUInteger>(reinterpret_cast<BlockLiteral *>(self)->flags & kReferenceMask);
 }
 
 @end

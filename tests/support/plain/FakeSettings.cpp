@@ -76,7 +76,7 @@ class FakeSettings {
 
   void report(wire::Report report) { channel_.send(wire::encode(std::move(report))); }
   void answer(std::string content) { report(wire::Reply{request_, Outcome::done, revision_, std::move(content)}); }
-  void answer(const json& content) { answer(content.dump()); }
+  void answer(const json& content) { answer(sim::toText(content)); }
   void refuse(Outcome outcome, std::string why) { report(wire::Reply{request_, outcome, revision_, std::move(why)}); }
 
   void image(const std::string& id) {

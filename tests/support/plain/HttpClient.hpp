@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/Descriptor.hpp"
+#include "base/Json.hpp"
 
 #include <nlohmann/json.hpp>
 
@@ -22,7 +23,7 @@ struct HttpResponse {
   std::string header(std::string_view name) const;
 
   /// The body as JSON; discarded when it is none.
-  nlohmann::json json() const { return nlohmann::json::parse(body, nullptr, false); }
+  nlohmann::json json() const { return sim::parseJson(body).value_or(nlohmann::json::value_t::discarded); }
 };
 
 /// One connection.
