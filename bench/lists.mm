@@ -1,7 +1,10 @@
-// How the time that the two list editors need grows with the number of apps and widgets. The claims are the ratios of
-// the medians for twice as much: about 2 means that the time is linear, about 4 that it is quadratic.
+// How the time that the two list editors need grows with the number of apps and widgets, and that of knowing rows again
+// with the number of rows. The claims are the ratios of the medians for twice as much: about 2 means that the time is
+// linear, about 4 that it is quadratic.
 #import <Foundation/SIMDevice.h>
 #import <NorvikAppList/NorvikAppList.h>
+#import <Preferences/Preferences.h>
+#import <UIKit/RowNumbers.hpp>
 #import <UIKit/UIKit.h>
 #import <dispatch/MainQueue+Sim.h>
 #import <objcxx/Retained.h>
@@ -29,6 +32,37 @@
 - (void)saveLists;
 @end
 
+/// A page of `count` rows with identifiers, made anew whenever it is loaded anew, then in the opposite order.
+@interface TurningPage : PSListController {
+ @public
+  int count;
+  BOOL isTurned;
+}
+@end
+
+@implementation TurningPage
+
+- (NSArray *)specifiers {
+  if (_specifiers) return _specifiers;
+  NSMutableArray *made = [NSMutableArray arrayWithCapacity:static_cast<NSUInteger>(count)];
+  for (int row = 0; row < count; ++row) {
+    NSString *name = [NSString stringWithFormat:@"Row %d", isTurned ? count - 1 - row : row];
+    PSSpecifier *specifier = [PSSpecifier preferenceSpecifierNamed:name
+                                                            target:self
+                                                               set:NULL
+                                                               get:NULL
+                                                            detail:Nil
+                                                              cell:PSStaticTextCell
+                                                              edit:Nil];
+    [specifier setIdentifier:name];
+    [made addObject:specifier];
+  }
+  _specifiers = [made copy];
+  return _specifiers;
+}
+
+@end
+
 namespace {
 
 using Editor = UITableViewController<ListEditor>;
@@ -38,6 +72,10 @@ using bench::median;
 using bench::require;
 
 constexpr int kRepetitions = 7;
+
+/// For the ratio of the times for ten times as many rows: twice as much as linear, because the texts of many rows no
+/// longer fit into the caches. Quadratic time would be 100.
+constexpr double kIdentity = 20;
 
 /// Milliseconds by name of what was measured.
 using Times = std::map<std::string, std::vector<double>>;
@@ -141,6 +179,50 @@ Times measureWidgets(int count) {
   return times;
 }
 
+/// A page loads all of its rows anew, which the screen then knows again.
+Times measureReload(int count) {
+  Times times;
+  auto page = objcxx::adopt([[TurningPage alloc] init]);
+  page.get()->count = count;
+  sim::Session session(page.get(), 1);
+  const auto idOf = [&](std::size_t row) -> std::string {
+    return sim::Json::parse(session.screen(), nullptr, false)["page"]["sections"][0]["rows"][row]["id"];
+  };
+  for (int repetition = 0; repetition < kRepetitions; ++repetition) {
+    const std::string first = idOf(0);
+    page.get()->isTurned = !page.get()->isTurned;
+    measure(times, "reload", [&] {
+      [page.get() reloadSpecifiers];
+      require(session.refresh(), "the rows were not turned");
+    });
+    require(idOf(static_cast<std::size_t>(count) - 1) == first, "a row was not known again");
+  }
+  return times;
+}
+
+/// The same without all else: the rows' numbers, by what they show.
+Times measureIdentity(int count) {
+  Times times;
+  sim::RowNumbers numbers;
+  std::uint32_t next = 1;
+  bool isTurned = false;
+  const auto reload = [&] {
+    numbers.reload({count});
+    for (int row = 0; row < count; ++row) {
+      const std::string text = "Row " + std::to_string(isTurned ? count - 1 - row : row);
+      numbers.know({0, row}, {nullptr, "UITableViewCell\n" + text, text});
+    }
+    numbers.settle(next);
+  };
+  reload();
+  for (int repetition = 0; repetition < kRepetitions; ++repetition) {
+    isTurned = !isTurned;
+    measure(times, "identity", reload);
+    require(numbers.at({0, 0}) == static_cast<std::uint32_t>(isTurned ? count : 1), "a row was not known again");
+  }
+  return times;
+}
+
 void report(const Times &many, const Times &few, int manyCount, int fewCount) {
   for (const auto &[name, times] : few) {
     std::printf("  %-20s %6d: %10.3f ms %6d: %10.3f ms\n", name.c_str(), fewCount, median(times), manyCount,
@@ -166,11 +248,20 @@ int main() {
     const Times manyApps = measureApps(20000);
     const Times fewWidgets = measureWidgets(200);
     const Times manyWidgets = measureWidgets(400);
+    const Times fewRows = measureReload(10000);
+    const Times manyRows = measureReload(20000);
+    const Times fewNumbers = measureIdentity(1000);
+    const Times manyNumbers = measureIdentity(10000);
     report(manyApps, fewApps, 20000, 10000);
     report(manyWidgets, fewWidgets, 400, 200);
+    report(manyRows, fewRows, 20000, 10000);
+    report(manyNumbers, fewNumbers, 10000, 1000);
     bench::Claims claims;
     claim(claims, manyApps, fewApps, 20000, 10000);
     claim(claims, manyWidgets, fewWidgets, 400, 200);
+    claim(claims, manyRows, fewRows, 20000, 10000);
+    claims.ratio("lists identity", "10000/1000", median(manyNumbers.at("identity")), median(fewNumbers.at("identity")),
+                 bench::atMost(kIdentity));
     return claims.report(std::cout);
   }
 }

@@ -12,6 +12,8 @@
 #import "Settings/controls/Controls.h"
 #import "Settings/presented/Presented.h"
 
+#include "base/Json.hpp"
+
 #include <limits>
 #include <optional>
 #include <string_view>
@@ -102,8 +104,8 @@ class Route {
   }
 
   EventResult pick() const {
-    const auto path = event_.find("path");
-    NSString *text = path == event_.end() ? nil : stringFrom(*path);
+    const std::string *path = textIn(event_, "path");
+    NSString *text = path ? stringFrom(*path) : nil;
     if (!text) return malformed("A \"pick\" event has a \"path\".");
     return adapter_ && adapter_->pick ? adapter_->pick(presented_, text) : refused("No picker is presented.");
   }
@@ -119,18 +121,13 @@ class Route {
   }
   /// Only when it `hasPossiblePart`; empty for none.
   std::string_view part() const {
-    const auto part = event_.find("part");
-    return part == event_.end() ? std::string_view() : part->get_ref<const std::string &>();
+    const std::string *part = textIn(event_, "part");
+    return part ? *part : std::string_view();
   }
 
-  bool hasId() const {
-    const auto id = event_.find("id");
-    return id != event_.end() && id->is_string();
-  }
+  bool hasId() const { return textIn(event_, "id"); }
   /// Only when it `hasId`; nullopt for one that nothing can have.
-  std::optional<ElementId> elementId() const {
-    return ElementId::parse(event_.find("id")->get_ref<const std::string &>());
-  }
+  std::optional<ElementId> elementId() const { return ElementId::parse(*textIn(event_, "id")); }
 
   /// Whether `id` is of the page in front. Nothing on a page can be touched while something covers it.
   bool isOnPage(const ElementId &id) const { return !presented_ && numbers_.of(page_) == id.owner; }
@@ -194,9 +191,9 @@ class Route {
 }  // namespace
 
 EventResult routeEvent(const Json &event, UINavigationController *navigation, PageNumbers &numbers) {
-  const auto type = event.is_object() ? event.find("type") : event.end();
-  if (type == event.end() || !type->is_string()) return malformed("An event is an object with a \"type\".");
-  const std::string_view name = type->get_ref<const std::string &>();
+  const std::string *type = textIn(event, "type");
+  if (!type) return malformed("An event is an object with a \"type\".");
+  const std::string_view name = *type;
   const Route route(event, navigation, numbers);
   if (name == "tap") return route.tap();
   if (name == "swipe") return route.swipe();

@@ -38,8 +38,7 @@ void writeColor(JsonText &out, UIColor *color);
 /// The colour that "#rrggbb" or "#rrggbbaa" names, in either case, autoreleased; nil for anything else.
 UIColor *colorFrom(const Json &value);
 
-/// The string, autoreleased; nil for bytes that are no UTF-8, and for a value that is no text.
+/// The string, autoreleased; nil for bytes that are no UTF-8.
 NSString *stringFrom(const std::string &text);
-NSString *stringFrom(const Json &value);
 
 }  // namespace sim

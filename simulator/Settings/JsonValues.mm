@@ -111,8 +111,4 @@ NSString *stringFrom(const std::string &text) {
       .autoreleased();
 }
 
-NSString *stringFrom(const Json &value) {
-  return value.is_string() ? stringFrom(value.get_ref<const std::string &>()) : nil;
-}
-
 }  // namespace sim

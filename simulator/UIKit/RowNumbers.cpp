@@ -41,7 +41,9 @@ void RowNumbers::follow(const TableUpdate::Outcome& outcome, const std::vector<l
 }
 
 void RowNumbers::know(RowIndex index, RowTraits traits) {
-  sections_[index.section][index.row].traits = std::move(traits);
+  RowTraits& known = sections_[index.section][index.row].traits;
+  const bool saysLess = traits.shown.empty() && traits.model == known.model;
+  if (!saysLess) known = std::move(traits);
 }
 
 /// Gives the numbers of lost rows to the new ones with the same trait; if `onlyUnlike`, where one row each has it.
@@ -65,7 +67,6 @@ void RowNumbers::recognise(const std::vector<Row*>& fresh, TraitOf traitOf, bool
 }
 
 void RowNumbers::settle(std::uint32_t& next) {
-  if (isSettled_) return;
   std::vector<Row*> fresh;
   for (auto& section : sections_) {
     for (Row& row : section) {

@@ -32,6 +32,7 @@ class RowNumbers final {
   void reload(const std::vector<long>& counts);
   /// The rows go where `outcome`, which came without an error, says.
   void follow(const TableUpdate::Outcome& outcome, const std::vector<long>& counts);
+  /// What was known of the row goes, unless `traits` have the same model and nothing that it shows.
   void know(RowIndex index, RowTraits traits);
 
   /// Gives each row without a number its former one, or else `next`, which grows with it.

@@ -24,4 +24,9 @@ std::optional<nlohmann::json> parseJson(std::string_view text) {
   return value;
 }
 
+const std::string* textIn(const nlohmann::json& value, std::string_view key) {
+  const auto found = value.find(key);
+  return found == value.end() ? nullptr : found->get_ptr<const std::string*>();
+}
+
 }  // namespace sim

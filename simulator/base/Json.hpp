@@ -17,4 +17,7 @@ std::string toText(const nlohmann::json& value, int indent = -1);
 /// the text is anything else.
 std::optional<nlohmann::json> parseJson(std::string_view text);
 
+/// The text under `key`, which lives as long as `value`; nullptr when there is none, or `value` is no object.
+const std::string* textIn(const nlohmann::json& value, std::string_view key);
+
 }  // namespace sim

@@ -31,9 +31,9 @@ bool staysInside(const std::filesystem::path& path) {
   return true;
 }
 
-std::string textIn(const nlohmann::json& object, const char* key) {
-  const auto found = object.find(key);
-  return found != object.end() && found->is_string() ? found->get<std::string>() : std::string();
+std::string textOrNone(const nlohmann::json& entry, std::string_view key) {
+  const std::string* text = textIn(entry, key);
+  return text ? *text : std::string();
 }
 
 void replaceFile(const std::filesystem::path& file, std::string_view content, mode_t mode) {
@@ -46,10 +46,11 @@ void replaceFile(const std::filesystem::path& file, std::string_view content, mo
 Installer::Installer(std::filesystem::path root, std::filesystem::path manifest)
     : root_(std::move(root)), manifest_(std::move(manifest)) {
   const auto content = readFile(manifest_);
-  const auto parsed = nlohmann::json::parse(content ? content->text() : "{}", nullptr, false);
-  if (!parsed.is_object()) return;
-  for (const auto& [path, entry] : parsed.items())
-    if (entry.is_object() && staysInside(path)) entries_[path] = {textIn(entry, "edition"), textIn(entry, "digest")};
+  const auto parsed = content ? parseJson(content->text()) : std::nullopt;
+  if (!parsed || !parsed->is_object()) return;
+  for (const auto& [path, entry] : parsed->items())
+    if (entry.is_object() && staysInside(path))
+      entries_[path] = {textOrNone(entry, "edition"), textOrNone(entry, "digest")};
 }
 
 void Installer::install(const ShippedFile& file) {

@@ -21,14 +21,13 @@ nlohmann::json objectIn(const Request& request) {
 // The display that `body` asks for: what it leaves out stays as `now` has it. Nothing when it asks for none or an
 // unknown one.
 std::optional<Display> displayWanted(const nlohmann::json& body, const Display& now) {
-  const auto kind = body.find("kind");
-  const auto orientation = body.find("orientation");
-  if (kind == body.end() && orientation == body.end()) return std::nullopt;
-  const auto textOr = [&](auto found, std::string_view otherwise) -> std::string_view {
-    if (found == body.end()) return otherwise;
-    return found->is_string() ? std::string_view(found->template get_ref<const std::string&>()) : std::string_view();
+  if (!body.contains("kind") && !body.contains("orientation")) return std::nullopt;
+  const auto textOr = [&](const char* key, std::string_view otherwise) -> std::string_view {
+    if (!body.contains(key)) return otherwise;
+    const std::string* text = textIn(body, key);
+    return text ? *text : std::string_view();
   };
-  return displayOf(textOr(kind, now.kind), textOr(orientation, now.orientation));
+  return displayOf(textOr("kind", now.kind), textOr("orientation", now.orientation));
 }
 
 // Headers that go with an uploaded file.
@@ -142,10 +141,10 @@ void Api::pasteboardString(const Respond& respond) {
 
 void Api::appearance(const Request& request, const Respond& respond) {
   const nlohmann::json body = objectIn(request);
-  const auto style = body.find("style");
-  if (!body.is_object() || style == body.end() || !(*style == "light" || *style == "dark"))
+  const std::string* style = textIn(body, "style");
+  if (!style || !(*style == "light" || *style == "dark"))
     return respond(errorResponse(400, "The body must be {\"style\": \"light\" or \"dark\"}."));
-  device_.setAppearance(style->get<std::string>());
+  device_.setAppearance(*style);
   settings_.tell(appearanceCall(*device_.appearance()));
   respond(jsonResponse(200, body));
 }

@@ -72,7 +72,7 @@ bool Channel::receive(std::vector<Message>& out) {
   } while (count < 0 && errno == EINTR);
   if (count <= 0) return false;
 
-  std::size_t scanned = buffer_.size();  // No line break stands before this.
+  const std::size_t scanned = buffer_.size();  // No line break stands before this.
   buffer_.append(chunk, static_cast<std::size_t>(count));
   std::size_t taken = 0;
   while (true) {
@@ -84,7 +84,6 @@ bool Channel::receive(std::vector<Message>& out) {
       if (missing_ > 0) break;
       out.push_back(std::move(*partial_));
       partial_.reset();
-      scanned = std::max(scanned, taken);
       continue;
     }
     const std::size_t end = buffer_.find('\n', std::max(scanned, taken));
@@ -92,12 +91,10 @@ bool Channel::receive(std::vector<Message>& out) {
       if (buffer_.size() - taken > kLongestLine) return false;
       break;
     }
-    auto header = nlohmann::json::parse(buffer_.begin() + static_cast<std::ptrdiff_t>(taken),
-                                        buffer_.begin() + static_cast<std::ptrdiff_t>(end), nullptr, false);
+    auto header = parseJson(std::string_view(buffer_).substr(taken, end - taken));
     taken = end + 1;
-    scanned = taken;
-    if (!header.is_object()) return false;
-    Message message{std::move(header), std::nullopt};
+    if (!header || !header->is_object()) return false;
+    Message message{*std::move(header), std::nullopt};
     const auto length = message.header.find("length");
     if (length != message.header.end()) {
       if (!length->is_number_unsigned() || length->get<std::size_t>() > kLongestPayload) return false;

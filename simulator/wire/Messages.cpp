@@ -63,11 +63,7 @@ class Decoder final {
   bool read(const char* name, std::string& value) const { return take(name, &nlohmann::json::is_string, value); }
   bool read(const char* name, bool& value) const { return take(name, &nlohmann::json::is_boolean, value); }
   bool read(const char* name, std::uint64_t& value) const {
-    // A number that was not parsed is signed.
-    const auto found = message_.header.find(name);
-    if (found != message_.header.end() && found->is_number_integer() && !found->is_number_unsigned() && *found < 0)
-      return false;
-    return take(name, &nlohmann::json::is_number_integer, value);
+    return take(name, &nlohmann::json::is_number_unsigned, value);
   }
   bool read(const char* name, int& value) const {
     std::uint64_t number = 0;
@@ -129,7 +125,7 @@ const VerbTraits& traitsOf(const Call& call) {
 
 Message encode(Request request) {
   Message message = std::visit([](auto& call) { return encodeAs(call); }, request.call);
-  if (request.number > 0) message.header[kNumberField] = request.number;
+  message.header[kNumberField] = request.number;
   return message;
 }
 

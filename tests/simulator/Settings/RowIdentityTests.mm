@@ -399,6 +399,51 @@ TEST_F(RowIdentityTest, OutlinesAreKnownAgainByTheirSpecifiers) {
   EXPECT_EQ(idsOf(0), (std::vector(before.rbegin(), before.rend())));
 }
 
+TEST_F(RowIdentityTest, AnOutlineKeepsWhatItsRowWasKnownBy) {
+  NSMutableArray *names = [NSMutableArray array];
+  for (int row = 0; row < 3000; ++row) [names addObject:[NSString stringWithFormat:@"row %d", row]];
+  SpecifierPage *page = [[[SpecifierPage alloc] init] autorelease];
+  page->anonymous = YES;
+  page->names = objcxx::share((NSArray *)names);
+  SessionTest::start(page);
+  const auto before = idsOf(0);
+  EXPECT_EQ(send({{"type", "scroll"}, {"to", {0, 2000}}}), Outcome::done);
+  EXPECT_EQ(row(0, 1)["outline"], true);
+  [names exchangeObjectAtIndex:0 withObjectAtIndex:1];
+  [page reloadSpecifiers];
+  [[page table] scrollToRowAtIndexPath:at(0, 0) atScrollPosition:UITableViewScrollPositionTop animated:NO];
+  session().refresh();
+  EXPECT_EQ(row(0, 1)["label"], "row 0");
+  EXPECT_EQ(rowId(0, 1), before[0]);
+  EXPECT_EQ(rowId(0, 0), before[1]);
+}
+
+TEST_F(RowIdentityTest, SectionsThatComeAndGoInOneUpdateLeaveTheOthersTheirIds) {
+  start(@[ @[ @"a", @"b" ], @[ @"c" ], @[ @"d", @"e" ] ]);
+  const auto before = ids();
+  NSMutableArray *sections = list_->sections.get();
+  [sections removeObjectAtIndex:1];
+  [sections insertObject:[NSMutableArray arrayWithObjects:@"c", @"a", nil] atIndex:0];
+  [rows(1) removeObjectAtIndex:0];
+  [rows(2) insertObject:@"new" atIndex:1];
+  [table()
+      performBatchUpdates:^{
+        [table() deleteSections:[NSIndexSet indexSetWithIndex:1] withRowAnimation:kNone];
+        [table() insertSections:[NSIndexSet indexSetWithIndex:0] withRowAnimation:kNone];
+        [table() deleteRowsAtIndexPaths:@[ at(0, 0) ] withRowAnimation:kNone];
+        [table() insertRowsAtIndexPaths:@[ at(2, 1) ] withRowAnimation:kNone];
+      }
+               completion:nil];
+  session().refresh();
+  EXPECT_EQ(labels(), " c  a | b | d  new  e ");
+  EXPECT_EQ(idsOf(1), std::vector{before.at("b")});
+  EXPECT_EQ(rowId(2, 0), before.at("d"));
+  EXPECT_EQ(rowId(2, 2), before.at("e"));
+  for (const char *gone : {"a", "c"}) expectGone(before.at(gone));
+  EXPECT_EQ(tap(before.at("e")), Outcome::done);
+  EXPECT_EQ(calls(list_), "tap 2.2");
+}
+
 TEST_F(RowIdentityTest, AFailedUpdateLosesNoRowThatIsStillThere) {
   start(@[ @[ @"a", @"b" ] ]);
   const auto before = ids();

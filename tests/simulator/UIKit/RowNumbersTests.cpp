@@ -150,6 +150,12 @@ TEST_F(RowNumbersTest, ALabelTellsARowWhoseOtherTextsHaveChanged) {
   EXPECT_EQ(reloaded({{"Colour:blue", "Size:1", "Item:5", "Item:6"}}), "2 1 5 6") << "which of two it is is unknown";
 }
 
+TEST_F(RowNumbersTest, ALabelTellsNothingWhenSeveralRowsHaveIt) {
+  reloaded({{"Item:1"}});
+  EXPECT_EQ(reloaded({{"Item:2", "Item:3"}}), "2 3") << "which of the two has been the one is unknown";
+  EXPECT_EQ(reloaded({{"Item:4"}}), "4") << "and which of two has become the one";
+}
+
 TEST_F(RowNumbersTest, TheWholeGoesBeforeTheLabel) {
   reloaded({{"Item:1", "Item:2"}});
   EXPECT_EQ(reloaded({{"Item:0", "Item:1", "Item:2"}}), "3 1 2");
@@ -169,12 +175,44 @@ TEST_F(RowNumbersTest, TheModelGoesBeforeWhatShows) {
   EXPECT_EQ(numbers_.at({0, 1}), 1u);
 }
 
+TEST_F(RowNumbersTest, RowsOfOneModelKeepTheirOrder) {
+  const auto model = std::make_shared<int>();
+  numbers_.reload({2});
+  numbers_.know({0, 0}, {model, "a", ""});
+  numbers_.know({0, 1}, {model, "b", ""});
+  numbers_.settle(next_);
+  numbers_.reload({2});
+  numbers_.know({0, 0}, {model, "c", ""});
+  numbers_.know({0, 1}, {model, "d", ""});
+  numbers_.settle(next_);
+  EXPECT_EQ(numbers_.at({0, 0}), 1u);
+  EXPECT_EQ(numbers_.at({0, 1}), 2u);
+}
+
+TEST_F(RowNumbersTest, WhatWasKnownOfARowStaysWhenOnlyItsModelIsTold) {
+  const auto model = std::make_shared<int>();
+  numbers_.reload({1});
+  numbers_.know({0, 0}, {model, "a", ""});
+  numbers_.know({0, 0}, {model, "", ""});
+  numbers_.settle(next_);
+  numbers_.reload({1});
+  numbers_.know({0, 0}, {std::make_shared<int>(), "a", ""});
+  numbers_.settle(next_);
+  EXPECT_EQ(numbers_.at({0, 0}), 1u);
+  numbers_.know({0, 0}, {model, "", ""});
+  numbers_.reload({1});
+  numbers_.know({0, 0}, {std::make_shared<int>(), "a", ""});
+  numbers_.settle(next_);
+  EXPECT_EQ(numbers_.at({0, 0}), 2u) << "it stood for something else in the end";
+}
+
 TEST_F(RowNumbersTest, RowsOfWhichNothingIsKnownAreNewAfterAReload) {
   numbers_.reload({2});
   numbers_.settle(next_);
   numbers_.reload({2});
   EXPECT_FALSE(numbers_.isSettled());
   EXPECT_EQ(numbers_.find(1), std::nullopt);
+  EXPECT_EQ(numbers_.find(0), std::nullopt) << "no row's number";
   numbers_.settle(next_);
   EXPECT_EQ(numbers_.at({0, 0}), 3u);
 }

@@ -41,6 +41,17 @@ TEST(JsonTests, OneValueOfAtMost64Levels) {
   for (const char* text : {"", "{", "[1] 2", "nonsense", "\"\xff\""}) EXPECT_FALSE(parseJson(text)) << text;
 }
 
+TEST(JsonTests, ATextInAnObjectIsFoundByItsKey) {
+  const json value{{"text", "a"}, {"empty", ""}, {"number", 1}, {"null", nullptr}};
+  ASSERT_NE(sim::textIn(value, "text"), nullptr);
+  EXPECT_EQ(*sim::textIn(value, "text"), "a");
+  ASSERT_NE(sim::textIn(value, "empty"), nullptr);
+  EXPECT_EQ(*sim::textIn(value, "empty"), "");
+  for (const char* key : {"number", "null", "missing"}) EXPECT_EQ(sim::textIn(value, key), nullptr) << key;
+  for (const json& other : {json(), json("text"), json{"text"}, json(1)})
+    EXPECT_EQ(sim::textIn(other, "text"), nullptr);
+}
+
 TEST(JsonTests, AStreamKeepsEveryKindOfValue) {
   const std::string text = R"({"":{},"a":[1,-2,18446744073709551615,2.5,true,false,null,"\/"],"b":[]})";
   EXPECT_EQ(copied(text), R"({"":{},"a":[1,-2,18446744073709551615,2.5,true,false,null,"/"],"b":[]})");

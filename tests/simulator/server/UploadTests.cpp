@@ -226,6 +226,9 @@ TEST_F(UploadTests, ARefusedFileIsRemoved) {
   EXPECT_EQ(response.status, 422);
   EXPECT_EQ(response.json()["error"], "This is no picture.");
   EXPECT_EQ(upload("/api/photos", "full it is").status, 507);
+  const HttpResponse failed = upload("/api/photos", "fail over it");
+  EXPECT_EQ(failed.status, 500);
+  EXPECT_EQ(failed.json()["error"], "The disk is at fault.");
   expectNothingLeft();
 }
 

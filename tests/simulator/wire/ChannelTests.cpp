@@ -68,6 +68,19 @@ TEST_F(ChannelTests, AMessageThatEndsInTheMiddleIsNone) {
   }
 }
 
+TEST_F(ChannelTests, AMessageMayArriveByteByByte) {
+  const std::string bytes = "{\"a\":1,\"length\":3}\nx\ny{\"b\":2}\n";
+  std::vector<Message> messages;
+  for (const char byte : bytes) {
+    ASSERT_EQ(::send(here_.descriptor(), &byte, 1, 0), 1);
+    ASSERT_TRUE(there_.receive(messages));
+  }
+  ASSERT_EQ(messages.size(), 2u);
+  EXPECT_EQ(messages[0].header["a"], 1);
+  EXPECT_EQ(messages[0].payload, "x\ny");
+  EXPECT_EQ(messages[1].header, (nlohmann::json{{"b", 2}}));
+}
+
 TEST_F(ChannelTests, AHeaderWithoutAnEndIsRefused) {
   std::thread writer([&] { here_.send({{{"line", std::string(3 << 20, 'x')}}, {}}); });
   std::vector<Message> messages;
@@ -118,17 +131,22 @@ TEST_F(ChannelTests, WhatIsQueuedBehindAHalfSentMessageComesAfterIt) {
   EXPECT_EQ(messages[2].header, (nlohmann::json{{"number", 3}}));
 }
 
-TEST_F(ChannelTests, FlushTellsThatThePeerIsGone) {
+TEST_F(ChannelTests, SendAndFlushTellThatThePeerIsGone) {
   {
     const Channel gone(sim::Descriptor(::dup(pair_.ends[1])));
   }
   ::shutdown(pair_.ends[1], SHUT_RDWR);
   here_.queue({{{"verb", "screen"}}, {}});
   EXPECT_FALSE(here_.flush());
+  EXPECT_FALSE(here_.send({{{"verb", "screen"}}, "payload"}));
 }
 
 TEST_F(ChannelTests, RefusesWhatIsNoMessage) {
-  for (const std::string line : {"nonsense\n", "[1]\n", "{\"length\":-1}\n", "{\"length\":99999999999999}\n"}) {
+  const std::string deep = "{\"a\":" + std::string(100, '[') + std::string(100, ']') + "}\n";
+  for (const std::string& line :
+       {std::string("nonsense\n"), std::string("[1]\n"), std::string("{\"length\":-1}\n"),
+        std::string("{\"length\":1.5}\n"), std::string("{\"length\":\"5\"}\n"), std::string("{\"length\":null}\n"),
+        std::string("{\"length\":99999999999999}\n"), deep}) {
     Pair pair;
     Channel reader(sim::Descriptor(pair.ends[1]));
     ASSERT_EQ(::send(pair.ends[0], line.data(), line.size(), 0), static_cast<ssize_t>(line.size()));

@@ -99,6 +99,7 @@ class FakeSettings {
     if (what == "hang") ::pause();
     if (what == "killall") return killall();
     if (what == "refuse") return refuse(Outcome::refused, "This is no picture.");
+    if (what == "fail") return refuse(Outcome::failed, "The disk is at fault.");
     if (what == "full") return refuse(Outcome::diskFull, "There is no room.");
     if (what == "keep") std::filesystem::rename(file, device_ / "fake/kept");
     answer(json{{"name", orNull(name)}, {"size", size}, {"revision", orNull(revision)}});

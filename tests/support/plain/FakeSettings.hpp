@@ -20,8 +20,8 @@
 // file N has N bytes; "none" is not there, and "page" is HTML.
 //
 // What it does with an uploaded file is said by the file's first word: "crash", "hang", "killall" as above, "refuse"
-// (422), "full" (507), "keep" (moves it to "fake/kept"). Otherwise it answers with what it got: {"name", "size",
-// "revision"}.
+// (422), "fail" (500), "full" (507), "keep" (moves it to "fake/kept"). Otherwise it answers with what it got: {"name",
+// "size", "revision"}.
 #pragma once
 
 namespace test {
