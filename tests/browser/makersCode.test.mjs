@@ -17,8 +17,6 @@ const run = promisify(execFile);
 
 /** A widget as makers write it: in C or C++, with what only today's Objective-C has. */
 const source = `
-@import UIKit;
-@import Foundation;
 #import <Zuno/ZunoWidgetProtocol.h>
 #import <objc/runtime.h>
 
@@ -90,13 +88,19 @@ const source = `
 @end
 `;
 
-for (const suffix of ['m']) {
+// Objective-C++ imports headers.
+const imports = {
+  m: '@import UIKit;\n@import Foundation;',
+  mm: '#import <UIKit/UIKit.h>\n#include <string>\nstatic const std::string kTide = "tide";',
+};
+
+for (const suffix of ['m', 'mm']) {
   test(`A widget in today's Objective-C, with ARC, runs beside ours: .${suffix}`, async (t) => {
     const { api, folder } = await startSimulator(t);
     const maker = await mkdtemp(join(tmpdir(), 'maker-'));
     defer(t, () => rm(maker, { recursive: true, force: true }));
     await mkdir(maker, { recursive: true });
-    await writeFile(join(maker, `Tide.${suffix}`), source);
+    await writeFile(join(maker, `Tide.${suffix}`), imports[suffix] + source);
     await writeFile(join(maker, 'Makefile'), 'BUNDLE_NAME = Tide\nTide_CFLAGS = -fobjc-arc\n');
     await writeFile(join(maker, 'Info.plist'), propertyListText({
       CFBundleExecutable: 'Tide', CFBundleIdentifier: 'org.example.tide', CFBundleDisplayName: 'Tide', ZunoWidgetsVersion: 1,
