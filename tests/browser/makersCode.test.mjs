@@ -1,6 +1,6 @@
 import assert from 'node:assert/strict';
 import { execFile } from 'node:child_process';
-import { mkdir, mkdtemp, rm, writeFile } from 'node:fs/promises';
+import { cp, mkdir, mkdtemp, readFile, rm, writeFile } from 'node:fs/promises';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { test } from 'node:test';
@@ -116,3 +116,21 @@ for (const suffix of ['m', 'mm']) {
     assert.ok(log.includes('Loaded widget: org.example.tide') || log.some((line) => line.includes('org.example.tide')), log.join('\n'));
   });
 }
+
+test('The widget that the documents begin with is the sample, and is built and listed', async (t) => {
+  const sample = join(root, 'samples/widgets/Hello');
+  const code = await readFile(join(sample, 'HelloWidget.m'), 'utf8');
+  for (const document of ['widgets.md', 'simulator.md']) {
+    const text = await readFile(join(root, 'docs', document), 'utf8');
+    assert.equal(text.match(/```objc\n(.*?)```/s)[1], code, document);
+  }
+  const { api, folder } = await startSimulator(t);
+  const copy = await mkdtemp(join(tmpdir(), 'maker-'));
+  defer(t, () => rm(copy, { recursive: true, force: true }));
+  await cp(sample, copy, { recursive: true });
+  await run(join(root, 'script/widget'), [copy, '--device', folder], { env: { ...process.env, ZUNO_BUILD: build } });
+  const device = new Device(api);
+  await device.tapRow('Zuno');
+  const { page } = await device.tapRow('Widgets');
+  assert.ok(page.sections.some(({ rows }) => rows.some(({ label }) => label === 'Hello')));
+});
