@@ -66,6 +66,13 @@ const source = `
     [self setupWithFrame:CGRectMake(0, 0, 100, 50)];
     objc_setAssociatedObject(self, @selector(init), @[ _label ], OBJC_ASSOCIATION_RETAIN_NONATOMIC);
     mortal = nil;
+    BOOL isThen = NO, isNow = NO;
+    if (@available(iOS 15.0, *)) isThen = YES;
+    if (!@available(iOS 17.0, *)) isNow = YES;
+    unsigned int count = 0;
+    objc_property_t *properties = class_copyPropertyList([Tide class], &count);
+    NSLog(@"[Tide] available %d %d, %u properties, %s", isThen, isNow, count, property_getAttributes(properties[0]));
+    free(properties);
     NSLog(@"[Tide] %@ %@ %d %@ %d %g", _answers[@"name"](), raised, ends, self.mortal, [objc_getAssociatedObject(self, @selector(init))[0] isKindOfClass:[UILabel class]], _label.frame.size.width);
   }
   return self;
@@ -112,6 +119,7 @@ for (const suffix of ['m', 'mm']) {
     await device.tapRow('Zuno');
     await device.tapRow('Widgets');
     const { log } = await api('GET', '/api/device');
+    assert.ok(log.includes('[Tide] available 1 1, 3 properties, T@"UIView",&,N,V_contentView'), log.join('\n'));
     assert.ok(log.includes('[Tide] Tide NSRangeException 1 (null) 1 100'), log.join('\n'));
     assert.ok(log.includes('Loaded widget: org.example.tide') || log.some((line) => line.includes('org.example.tide')), log.join('\n'));
   });
