@@ -46,5 +46,5 @@ export default [
   { linterOptions: { reportUnusedDisableDirectives: 'error' } },
   { files: ['simulator/web/**/*.js'], languageOptions: { globals: globals.browser }, rules },
   // What a test evaluates in the page stands among what runs in Node.js.
-  { files: ['tests/browser/**/*.mjs', '*.mjs'], languageOptions: { globals: { ...globals.node, ...globals.browser } }, rules },
+  { files: ['tests/browser/**/*.mjs', 'script/**/*.mjs', '*.mjs'], languageOptions: { globals: { ...globals.node, ...globals.browser } }, rules },
 ];

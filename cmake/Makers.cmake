@@ -3,6 +3,8 @@
 set(CMAKE_OBJC_COMPILER ${CMAKE_C_COMPILER})
 enable_language(OBJC)
 
+get_filename_component(makers_header ${CMAKE_CURRENT_LIST_DIR}/../simulator/objc/makers.h ABSOLUTE)
+
 # makers_objc (with ARC) and makers_objc_manual (without): link one after the frameworks, whose options are for our own
 # code. A source of its own may have either: -fobjc-arc, -fno-objc-arc.
 add_library(makers_objc INTERFACE)
@@ -13,7 +15,8 @@ foreach(mode makers_objc=-fobjc-arc makers_objc_manual=-fno-objc-arc)
   list(GET mode 1 arc)
   target_compile_options(${library} INTERFACE
     $<$<COMPILE_LANGUAGE:OBJC,OBJCXX>:-fobjc-runtime=gnustep-1.8 ${arc} -fblocks -fexceptions -fobjc-exceptions
-      -fconstant-string-class=NSConstantString -idirafter ${gcc_include} -Wno-import -Wno-deprecated-declarations>)
+      -fconstant-string-class=NSConstantString -include${makers_header}
+      -idirafter ${gcc_include} -Wno-import -Wno-deprecated-declarations>)
   # C++'s runtime knows no exceptions of Objective-C: simulator/objc/Exceptions.mm stands before it.
   foreach(function __cxa_begin_catch __cxa_end_catch __cxa_rethrow _Unwind_Resume_or_Rethrow)
     target_link_options(${library} INTERFACE -Wl,--wrap=${function})

@@ -39,7 +39,8 @@ git                      test
 libbenchmark-dev         bench
 python3-clang-19         test mutate package
 python3                  test mutate package device-test
-make                     test package device-test
+make                     run test package device-test
+inotify-tools            run test
 fakeroot                 test package
 clang-22                 test package device-test
 lld-22                   test package device-test

@@ -2,8 +2,12 @@
 #pragma once
 
 #import <UIKit/UIKit.h>
+#import <UIKit/UITableView+Sim.h>
 
 namespace sim {
+
+/// What the row at `path` of `table`, which is there, is known by: of a page of specifiers without making its cell.
+RowTraits traitsOfRow(UITableView *table, NSIndexPath *path);
 
 /// Tells `table` what is known of the row at `path`, which `cell` shows.
 void noteRow(UITableView *table, NSIndexPath *path, UITableViewCell *cell);

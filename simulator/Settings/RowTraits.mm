@@ -54,6 +54,19 @@ PSListController *pageOfSpecifiers(UITableView *table) {
 
 }  // namespace
 
+RowTraits traitsOfRow(UITableView *table, NSIndexPath *path) {
+  PSSpecifier *specifier = [pageOfSpecifiers(table) specifierAtIndexPath:path];
+  if ([specifier identifier]) return traitsOf(specifier);
+  RowTraits traits;
+  RowTraits *const found = &traits;
+  [table sim_describeRows:NSMakeRange([path row], 1)
+                inSection:[path section]
+               usingBlock:^(NSIndexPath *, UITableViewCell *cell) {
+                 *found = traitsOf(cell);
+               }];
+  return traits;
+}
+
 void noteRow(UITableView *table, NSIndexPath *path, UITableViewCell *cell) {
   [table sim_knowRowAtIndexPath:path by:traitsOf(cell)];
 }

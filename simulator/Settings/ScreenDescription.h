@@ -22,6 +22,10 @@ class PageNumbers final {
  public:
   /// The number of `object`; a new one for an object that was not among the current ones.
   std::uint32_t of(NSObject *object);
+  /// Objects that are met from now on get higher numbers than `number`.
+  void reserve(std::uint32_t number);
+  /// Gives `object` a number that was reserved and that no other object has; otherwise nothing happens.
+  void assign(NSObject *object, std::uint32_t number);
   /// Between the two, every object that stays is asked for; the others are then forgotten and let go.
   void beginDescription();
   void endDescription();

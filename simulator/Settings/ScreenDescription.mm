@@ -19,6 +19,7 @@
 #include "wire/NoticePage.hpp"
 
 #include <algorithm>
+#include <limits>
 
 namespace sim {
 namespace {
@@ -169,6 +170,17 @@ std::uint32_t PageNumbers::of(NSObject *object) {
   }
   entries_.push_back({objcxx::share(object), next_, true});
   return next_++;
+}
+
+void PageNumbers::reserve(std::uint32_t number) {
+  if (number >= next_ && number < std::numeric_limits<std::uint32_t>::max() / 2) next_ = number + 1;
+}
+
+void PageNumbers::assign(NSObject *object, std::uint32_t number) {
+  const bool isFree = std::ranges::none_of(entries_, [&](const Entry &entry) { return entry.number == number; });
+  if (number == 0 || number >= next_ || !isFree) return;
+  (void)of(object);
+  std::ranges::find_if(entries_, [&](const Entry &entry) { return entry.object.get() == object; })->number = number;
 }
 
 void PageNumbers::beginDescription() {

@@ -11,6 +11,7 @@
 
 #import "Settings/ImageStore.h"
 #import "Settings/JsonValues.h"
+#import "Settings/PageTrail.h"
 #import "Settings/ScreenDescription.h"
 #include "wire/Messages.hpp"
 
@@ -57,10 +58,13 @@ class Session final {
   wire::Reply work(const wire::Pasteboard &call);
   wire::Reply work(const wire::Appearance &call);
   wire::Reply work(const wire::Display &call);
+  wire::Reply work(const wire::Place &call);
+  wire::Reply work(const wire::Reopen &call);
 
   objcxx::Retained<UIWindow> window_;
   objcxx::Retained<UINavigationController> navigation_;
   PageNumbers numbers_;
+  PageTrail trail_;
   ImageStore images_;
   std::uint64_t revision_;
   std::string text_;

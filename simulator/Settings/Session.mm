@@ -67,6 +67,7 @@ wire::Reply Session::perform(const wire::Call &call) {
                              [&] { reply = std::visit([this](const auto &each) { return work(each); }, call); });
   if (raised && !answersScreen) reply = replyTo({Outcome::failed, "It raised " + utf8(raised) + "."});
   if (traits.describesScreen) refresh();
+  trail_.didPerform(navigation_.get(), numbers_);
   if (answersScreen && reply.outcome == Outcome::done) reply.content = text_;
   reply.revision = revision_;
   return reply;
@@ -82,6 +83,7 @@ wire::Reply Session::work(const wire::Event &call) {
     if (!wanted->is_number_unsigned()) return replyTo(malformed("A revision is a whole number."));
     if (*wanted != revision_) return replyTo(stale());
   }
+  trail_.willPerform(event, navigation_.get(), numbers_);
   return replyTo(routeEvent(event, navigation_.get(), numbers_));
 }
 
@@ -124,6 +126,20 @@ wire::Reply Session::work(const wire::Appearance &call) {
 wire::Reply Session::work(const wire::Display &call) {
   setScreen(CGSizeMake(call.width, call.height), call.scale,
             UIEdgeInsetsMake(call.top, call.left, call.bottom, call.right));
+  return {};
+}
+
+wire::Reply Session::work(const wire::Place &) { return {.content = trail_.place(navigation_.get(), numbers_)}; }
+
+wire::Reply Session::work(const wire::Reopen &call) {
+  const auto perform = [this](const Json &event) {
+    trail_.willPerform(event, navigation_.get(), numbers_);
+    (void)routeEvent(event, navigation_.get(), numbers_);
+    refresh();
+    trail_.didPerform(navigation_.get(), numbers_);
+  };
+  const Json place = parseJson(call.place).value_or(Json());
+  if (!trail_.reopen(place, navigation_.get(), numbers_, perform)) return replyTo(malformed("This is no place."));
   return {};
 }
 

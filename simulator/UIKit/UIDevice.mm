@@ -1,6 +1,8 @@
 #import <UIKit/UIDevice.h>
 #import <UIKit/UIScreen.h>
 
+#include <objc/SystemVersion.hpp>
+
 #include <algorithm>
 
 @implementation UIDevice
@@ -27,7 +29,7 @@
 }
 
 - (NSString *)systemVersion {
-  return @"16.5";
+  return @(sim::kSystemVersion);
 }
 
 - (UIUserInterfaceIdiom)userInterfaceIdiom {

@@ -20,6 +20,21 @@ struct ProtocolDefinition {
   ProtocolList* protocols;
 };
 
+struct PropertyDefinition {
+  const char* name;  // Or, behind a zero and the distance to the name in a byte, the attributes and then the name.
+  unsigned char attributes[4];
+  const char* getter;
+  const char* getterTypes;
+  const char* setter;
+  const char* setterTypes;
+};
+
+struct PropertyList {
+  int count;
+  PropertyList* next;
+  PropertyDefinition all[];
+};
+
 struct IvarDefinition {
   const char* name;
   const char* type;
@@ -49,6 +64,7 @@ struct ClassDefinition {
   // What follows is in the newer format only.
   long abi;
   int** ivarOffsets;  // The variables that code which was compiled elsewhere reads, in the order of `ivars`.
+  PropertyList* properties;
 };
 
 struct CategoryDefinition {

@@ -1,5 +1,7 @@
 #include "ModuleFormat.hpp"
 
+#include "Properties.hpp"
+
 #include <objc/runtime.h>
 
 #include <algorithm>
@@ -90,6 +92,7 @@ bool prepareModule(Module &module) {
       definition->flags &= kKindOfClass;
       definition->metaclass->flags &= kKindOfClass;
       setVersions(definition->protocols);
+      noteProperties(*definition);
     }
     if (isNewer && definition->instanceSize <= 0) {
       waiting().push_back(definition);

@@ -1,5 +1,6 @@
 #include "server/Api.hpp"
 
+#include "base/Failure.hpp"
 #include "base/Json.hpp"
 #include "server/FileName.hpp"
 #include "server/UploadFolder.hpp"
@@ -7,6 +8,7 @@
 
 #include <charconv>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 namespace sim {
@@ -56,6 +58,41 @@ Respond keeping(const std::shared_ptr<Upload>& upload, Respond respond) {
   return [upload, respond = std::move(respond)](Response response) { respond(std::move(response)); };
 }
 
+// A member of `object` that is a `Value` or null; false when it is something else.
+template <typename Value>
+bool readOptional(const nlohmann::json& object, const char* name, std::optional<Value>& value) {
+  const auto found = object.find(name);
+  if (found == object.end() || found->is_null()) return true;
+  if constexpr (std::is_same_v<Value, std::string>) {
+    if (!found->is_string()) return false;
+  } else {
+    if (!found->is_number_unsigned()) return false;
+  }
+  value = found->template get<Value>();
+  return true;
+}
+
+// Nothing when `body` tells of no build.
+std::optional<Build> buildIn(const nlohmann::json& body) {
+  std::optional<std::string> name;
+  Build build;
+  if (!body.is_object() || !readOptional(body, "name", name) || !name) return std::nullopt;
+  build.name = *std::move(name);
+  if (!readOptional(body, "sentence", build.sentence)) return std::nullopt;
+  const auto errors = body.find("errors");
+  if (errors == body.end()) return build;
+  if (!errors->is_array()) return std::nullopt;
+  for (const nlohmann::json& each : *errors) {
+    Build::Error& error = build.errors.emplace_back();
+    std::optional<std::string> message;
+    if (!each.is_object() || !readOptional(each, "file", error.file) || !readOptional(each, "line", error.line) ||
+        !readOptional(each, "column", error.column) || !readOptional(each, "message", message) || !message)
+      return std::nullopt;
+    error.message = *std::move(message);
+  }
+  return build;
+}
+
 }  // namespace
 
 void Api::handle(Endpoint endpoint, Request request, Respond respond) {
@@ -71,6 +108,8 @@ void Api::handle(Endpoint endpoint, Request request, Respond respond) {
     case Endpoint::pasteboardString: return pasteboardString(respond);
     case Endpoint::appearance: return appearance(request, respond);
     case Endpoint::display: return display(request, respond);
+    case Endpoint::builds: return builds(request, respond);
+    case Endpoint::reload: return reload(std::move(respond));
   }
 }
 
@@ -81,6 +120,7 @@ void Api::screen(const Respond& respond) {
 }
 
 void Api::event(Request request, Respond respond) {
+  isPlaceCurrent_ = false;
   settings_.request(wire::Event{std::move(request.body)}, std::move(respond));
 }
 
@@ -106,6 +146,7 @@ void Api::pickFile(const Request& request, Respond respond) {
   call.name = *std::move(name);
   if (!readRevision(request, call.revision))
     return respond(errorResponse(400, "The X-Sim-Revision is no whole number."));
+  isPlaceCurrent_ = false;
   settings_.request(std::move(call), keeping(request.upload, std::move(respond)));
 }
 
@@ -158,6 +199,33 @@ void Api::display(const Request& request, const Respond& respond) {
   device_.setDisplay(*display);
   settings_.tell(displayCall(*display));
   respond(jsonResponse(200, display->json()));
+}
+
+void Api::builds(const Request& request, const Respond& respond) {
+  const nlohmann::json body = objectIn(request);
+  auto build = buildIn(body);
+  if (!build)
+    return respond(errorResponse(400,
+                                 "The body must have a \"name\", a \"sentence\" or null, and \"errors\", a list of "
+                                 "{\"file\", \"line\", \"column\", \"message\"}."));
+  device_.setBuild(*std::move(build));
+  respond(jsonResponse(200, body));
+}
+
+// Where a page's code is at fault, Settings may not be able to say where it is, or not get there again; then the place
+// before that counts until somebody touches the device.
+void Api::reload(Respond respond) {
+  try {
+    install_();
+  } catch (const Failure& failure) {
+    return respond(errorResponse(500, failure.what()));
+  }
+  if (isPlaceCurrent_) return settings_.restart(place_, std::move(respond));
+  settings_.askPlace([this, respond = std::move(respond)](Response answer) {
+    if (answer.status == 200) place_ = *answer.body;
+    isPlaceCurrent_ = true;
+    settings_.restart(place_, respond);
+  });
 }
 
 wire::Appearance appearanceCall(std::string_view style) { return {style == "dark"}; }

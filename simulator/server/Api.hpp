@@ -7,13 +7,20 @@
 #include "server/Router.hpp"
 #include "server/SettingsProcess.hpp"
 
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+
 namespace sim {
 
 /// Main thread only. What is handed over must outlive the interface.
 class Api final {
  public:
-  Api(SettingsProcess& settings, DeviceState& device, PreferenceFiles& files, ImageCache& images)
-      : settings_(settings), device_(device), files_(files), images_(images) {}
+  /// `install` brings the device folder up to date with what the build has now; it may throw Failure.
+  Api(SettingsProcess& settings, DeviceState& device, PreferenceFiles& files, ImageCache& images,
+      std::function<void()> install)
+      : settings_(settings), device_(device), files_(files), images_(images), install_(std::move(install)) {}
 
   /// Answers the call, now or later.
   void handle(Endpoint endpoint, Request request, Respond respond);
@@ -30,11 +37,16 @@ class Api final {
   void pasteboardString(const Respond& respond);
   void appearance(const Request& request, const Respond& respond);
   void display(const Request& request, const Respond& respond);
+  void builds(const Request& request, const Respond& respond);
+  void reload(Respond respond);
 
   SettingsProcess& settings_;
   DeviceState& device_;
   PreferenceFiles& files_;
   ImageCache& images_;
+  const std::function<void()> install_;
+  std::optional<std::string> place_;  // The pages that were open before the last reload.
+  bool isPlaceCurrent_ = false;       // Nobody has touched the device since.
 };
 
 /// What tells the Settings process whether the device is "light" or "dark".

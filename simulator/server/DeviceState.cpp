@@ -13,6 +13,21 @@ void append(std::deque<Item>& items, Item item, std::size_t most) {
   if (items.size() > most) items.pop_front();
 }
 
+template <typename Value>
+nlohmann::json orNull(const std::optional<Value>& value) {
+  return value ? nlohmann::json(*value) : nlohmann::json();
+}
+
+nlohmann::json jsonOf(const Build& build) {
+  nlohmann::json errors = nlohmann::json::array();
+  for (const Build::Error& error : build.errors)
+    errors.push_back({{"file", orNull(error.file)},
+                      {"line", orNull(error.line)},
+                      {"column", orNull(error.column)},
+                      {"message", error.message}});
+  return {{"name", build.name}, {"sentence", orNull(build.sentence)}, {"errors", std::move(errors)}};
+}
+
 }  // namespace
 
 void DeviceState::addNotification(std::string name) {
@@ -55,6 +70,17 @@ void DeviceState::setDisplay(const Display& display) {
   didChange();
 }
 
+void DeviceState::setBuild(Build build) {
+  if (!build.sentence) {
+    if (failedBuilds_.erase(build.name) > 0) didChange();
+    return;
+  }
+  if (!failedBuilds_.contains(build.name) && failedBuilds_.size() >= kMostBuilds) return;
+  if (build.errors.size() > kMostErrors) build.errors.resize(kMostErrors);
+  failedBuilds_.insert_or_assign(build.name, std::move(build));
+  didChange();
+}
+
 void DeviceState::filesChanged() { didChange(); }
 
 nlohmann::json DeviceState::json() const {
@@ -69,7 +95,9 @@ nlohmann::json DeviceState::json() const {
                        {"pasteboardLength", nullptr},
                        {"appearance", nullptr},
                        {"display", display_.json()},
-                       {"log", log_}};
+                       {"log", log_},
+                       {"builds", nlohmann::json::array()}};
+  for (const auto& [name, build] : failedBuilds_) state["builds"].push_back(jsonOf(build));
   if (pasteboard_) {
     state["pasteboard"] = beginningOf(*pasteboard_, kLongestPasteboard);
     state["pasteboardLength"] = pasteboardLength_;

@@ -8,10 +8,26 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace sim {
+
+/// Something that a maker builds for the device, and why it was not built.
+struct Build {
+  struct Error {
+    std::optional<std::string> file;  // As the maker knows it.
+    std::optional<std::uint64_t> line;
+    std::optional<std::uint64_t> column;
+    std::string message;
+  };
+
+  std::string name;
+  std::optional<std::string> sentence;
+  std::vector<Error> errors;
+};
 
 /// Main thread only. Each change calls `changed` after it.
 class DeviceState final {
@@ -19,6 +35,8 @@ class DeviceState final {
   static constexpr std::size_t kMostNotifications = 1'000;
   static constexpr std::size_t kMostOpenedUrls = 1'000;
   static constexpr std::size_t kMostLogLines = 2'000;
+  static constexpr std::size_t kMostBuilds = 20;             // That failed; of further ones nothing is kept.
+  static constexpr std::size_t kMostErrors = 50;             // Of a build; the first ones are kept.
   static constexpr std::size_t kLongestLogLine = 8'192;      // Bytes.
   static constexpr std::size_t kLongestPasteboard = 65'536;  // Bytes that are shown; all are kept.
 
@@ -31,6 +49,9 @@ class DeviceState final {
   void setPasteboard(std::optional<std::string> string);
   void setAppearance(std::string style);
   void setDisplay(const Display& display);
+  /// What became of the newest attempt to build `build.name`; without a sentence it was built, and nothing is left of
+  /// it.
+  void setBuild(Build build);
 
   /// The preference files have changed; they are kept elsewhere.
   void filesChanged();
@@ -64,7 +85,8 @@ class DeviceState final {
   std::deque<std::string> openedUrls_;
   std::deque<std::string> log_;
   std::optional<std::string> pasteboard_;
-  std::uint64_t pasteboardLength_ = 0;  // UTF-16 units.
+  std::uint64_t pasteboardLength_ = 0;         // UTF-16 units.
+  std::map<std::string, Build> failedBuilds_;  // By name.
   std::optional<std::string> appearance_;
   Display display_ = kPhoneDisplay;
 };

@@ -21,7 +21,7 @@ struct Route {
   std::size_t longestBody = 0;
 };
 
-constexpr std::array<Route, 10> kRoutes{{
+constexpr std::array<Route, 12> kRoutes{{
     {"/api/screen", "GET", Endpoint::screen},
     {"/api/events", "POST", Endpoint::events, BodyKind::json, kLongestText},
     {"/api/device", "GET", Endpoint::device},
@@ -31,6 +31,8 @@ constexpr std::array<Route, 10> kRoutes{{
     {"/api/device/display", "PUT", Endpoint::display, BodyKind::json, kLongestJson},
     {"/api/photos", "PUT", Endpoint::photos, BodyKind::file, kLongestFile},
     {"/api/picked-file", "PUT", Endpoint::pickedFile, BodyKind::file, kLongestFile},
+    {"/api/builds", "PUT", Endpoint::builds, BodyKind::json, kLongestJson},
+    {"/api/reload", "POST", Endpoint::reload, BodyKind::json, kLongestJson},
     {"/api/stream", "GET", std::nullopt},
 }};
 

@@ -20,7 +20,9 @@ enum class Endpoint {
   image,
   photos,
   pickedFile,
-  shared
+  shared,
+  builds,
+  reload
 };
 
 /// What the body of a call is: nothing, a JSON text that is kept in memory, or a file.

@@ -71,10 +71,14 @@ void SettingsProcess::stop() {
 }
 
 void SettingsProcess::request(wire::Call call, Respond respond) {
+  request(std::move(call), std::move(respond),
+          hasAnswered_ ? settings_.patience.answer : settings_.patience.firstAnswer);
+}
+
+void SettingsProcess::request(wire::Call call, Respond respond, Milliseconds patience) {
   if (!child_) return respond(errorResponse(503, failure_.value_or("Settings is not running.")));
 
   const std::uint64_t number = ++lastRequest_;
-  const Milliseconds patience = hasAnswered_ ? settings_.patience.answer : settings_.patience.firstAnswer;
   const EventLoop::Timer timeout = loop_.after(patience, [this, number, patience] {
     const auto entry = pending_.find(number);
     if (entry == pending_.end() || !entry->second.respond) return;
@@ -93,6 +97,22 @@ void SettingsProcess::tell(wire::Call call) {
 }
 
 void SettingsProcess::respring() {
+  startAfresh([] {});
+}
+
+void SettingsProcess::askPlace(Respond respond) {
+  request(wire::Place{}, std::move(respond), settings_.patience.place);
+}
+
+void SettingsProcess::restart(std::optional<std::string> place, Respond respond) {
+  startAfresh([&] {
+    if (place) request(wire::Reopen{*std::move(place)}, std::move(respond));
+    else request(wire::Screen{}, std::move(respond));
+  });
+}
+
+// `first` asks the fresh process before the requests that the old one leaves are asked again.
+void SettingsProcess::startAfresh(const std::function<void()>& first) {
   loop_.cancel(restartTimer_);
   if (child_) {
     child_->kill();
@@ -102,6 +122,7 @@ void SettingsProcess::respring() {
   shortLives_ = 0;
   auto interrupted = std::exchange(pending_, {});
   launch();
+  first();
   for (auto& [number, pending] : interrupted) {
     loop_.cancel(pending.timeout);
     if (!pending.respond) continue;

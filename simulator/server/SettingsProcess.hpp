@@ -28,6 +28,7 @@ class SettingsProcess final {
   /// How long the keeper waits.
   struct Patience {
     Milliseconds answer{25'000};       // For the answer to a request: a photo of 100 million pixels takes its time.
+    Milliseconds place{1'000};         // For the pages that are open, before a fresh start goes without them.
     Milliseconds firstAnswer{25'000};  // For the first one of a process, which loads its bundles before it.
     Milliseconds hung{30'000};         // With requests open and no answer to any of them, before the process is killed.
     Milliseconds close{3'000};         // For the process to end after its channel has, before it is killed.
@@ -78,6 +79,14 @@ class SettingsProcess final {
   /// Kills the process and starts afresh. Open requests whose answer is a screen are answered with the fresh one.
   void respring();
 
+  /// Asks the process which pages are open, as a text for `restart`. `respond` gets an error when it does not say so
+  /// soon.
+  void askPlace(Respond respond);
+
+  /// Like `respring`, and has the fresh process open the pages of `place`, or its first one without it, before anything
+  /// else is asked of it. `respond` gets the screen, or an error like that of `request`.
+  void restart(std::optional<std::string> place, Respond respond);
+
   /// The newest revision of the screen that is known. Grows across all processes.
   std::uint64_t revision() const noexcept { return revision_; }
 
@@ -92,6 +101,8 @@ class SettingsProcess final {
   };
 
   void launch();
+  void request(wire::Call call, Respond respond, Milliseconds patience);
+  void startAfresh(const std::function<void()>& first);
   ProgramCommand command(int channel) const;
   void send(wire::Request request);
   void flush();

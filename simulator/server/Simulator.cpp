@@ -40,7 +40,7 @@ Simulator::Simulator(const Options& options, SettingsProcess::Patience patience)
       sandbox_(sandboxFor(options, folder_)),
       settings_(loop_, {options.settings, folder_.path(), patience, sandbox_ ? &*sandbox_ : nullptr},
                 settingsListener()),
-      api_(settings_, device_, files_, images_) {
+      api_(settings_, device_, files_, images_, [this, tree = options.install] { folder_.install(tree); }) {
   readPage(options);
   folder_.install(options.install);
   Listener listener = listenOnLoopback(options.port);
@@ -48,6 +48,7 @@ Simulator::Simulator(const Options& options, SettingsProcess::Patience patience)
   const std::string token = makeToken();
   address_ = origin + "#t=" + token;
   folder_.lock().setAddress(origin);
+  addressFile_.emplace(folder_.ownFolder() / "address", address_);
 
   loop_.watch(folder_.backboardd().descriptor(), POLLIN, [this] { takeResprings(); });
   keepStreamsAlive();

@@ -1,6 +1,7 @@
 // The simulator as a whole: opens a device folder, keeps the Settings process, serves the page and the interface.
 #pragma once
 
+#include "device/AddressFile.hpp"
 #include "device/DeviceFolder.hpp"
 #include "server/Api.hpp"
 #include "server/DeviceState.hpp"
@@ -61,6 +62,7 @@ class Simulator final {
   SettingsProcess settings_;
   Api api_;
   std::string address_;
+  std::optional<AddressFile> addressFile_;
   std::optional<HttpServer> server_;
 };
 

@@ -26,6 +26,8 @@ enum class Verb : std::uint8_t {
   pasteboard,
   appearance,
   display,
+  place,
+  reopen,
   reply,
   changed,
   notification,
@@ -55,6 +57,8 @@ inline constexpr std::array kVerbs{
     VerbTraits{Verb::pasteboard, "pasteboard"},
     VerbTraits{Verb::appearance, "appearance", Answer::none, true},
     VerbTraits{Verb::display, "display", Answer::none, true},
+    VerbTraits{Verb::place, "place", Answer::file},
+    VerbTraits{Verb::reopen, "reopen", Answer::screen, true},
     // Reports of the Settings process, which also reports the pasteboard.
     VerbTraits{Verb::reply, "reply"},
     VerbTraits{Verb::changed, "changed"},
@@ -175,6 +179,19 @@ struct Display {
   }
 };
 
+/// Asks which pages are open and how they were reached: a text for `Reopen`.
+struct Place {
+  static constexpr Verb kVerb = Verb::place;
+  static void fields(auto&, auto&) {}
+};
+
+/// Asks a fresh process to open the pages that an earlier one had open.
+struct Reopen {
+  static constexpr Verb kVerb = Verb::reopen;
+  std::string place;  ///< What that answered to `Place`.
+  static void fields(auto& self, auto& codec) { codec.payload(self.place); }
+};
+
 /// Answers a request.
 struct Reply {
   static constexpr Verb kVerb = Verb::reply;
@@ -219,8 +236,8 @@ struct Log {
 };
 
 /// What the simulator says.
-using Call =
-    std::variant<Unreadable, Screen, Event, PickFile, AddPhoto, Image, Shared, Pasteboard, Appearance, Display>;
+using Call = std::variant<Unreadable, Screen, Event, PickFile, AddPhoto, Image, Shared, Pasteboard, Appearance, Display,
+                          Place, Reopen>;
 
 /// A call that is to be answered, or with the number 0 one that is not.
 struct Request {

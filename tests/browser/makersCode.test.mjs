@@ -1,6 +1,6 @@
 import assert from 'node:assert/strict';
 import { execFile } from 'node:child_process';
-import { mkdir, mkdtemp, rm, writeFile } from 'node:fs/promises';
+import { cp, mkdir, mkdtemp, readFile, rm, writeFile } from 'node:fs/promises';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { test } from 'node:test';
@@ -17,8 +17,6 @@ const run = promisify(execFile);
 
 /** A widget as makers write it: in C or C++, with what only today's Objective-C has. */
 const source = `
-@import UIKit;
-@import Foundation;
 #import <Zuno/ZunoWidgetProtocol.h>
 #import <objc/runtime.h>
 
@@ -68,6 +66,13 @@ const source = `
     [self setupWithFrame:CGRectMake(0, 0, 100, 50)];
     objc_setAssociatedObject(self, @selector(init), @[ _label ], OBJC_ASSOCIATION_RETAIN_NONATOMIC);
     mortal = nil;
+    BOOL isThen = NO, isNow = NO;
+    if (@available(iOS 15.0, *)) isThen = YES;
+    if (!@available(iOS 17.0, *)) isNow = YES;
+    unsigned int count = 0;
+    objc_property_t *properties = class_copyPropertyList([Tide class], &count);
+    NSLog(@"[Tide] available %d %d, %u properties, %s", isThen, isNow, count, property_getAttributes(properties[0]));
+    free(properties);
     NSLog(@"[Tide] %@ %@ %d %@ %d %g", _answers[@"name"](), raised, ends, self.mortal, [objc_getAssociatedObject(self, @selector(init))[0] isKindOfClass:[UILabel class]], _label.frame.size.width);
   }
   return self;
@@ -90,13 +95,19 @@ const source = `
 @end
 `;
 
-for (const suffix of ['m']) {
+// Objective-C++ imports headers.
+const imports = {
+  m: '@import UIKit;\n@import Foundation;',
+  mm: '#import <UIKit/UIKit.h>\n#include <string>\nstatic const std::string kTide = "tide";',
+};
+
+for (const suffix of ['m', 'mm']) {
   test(`A widget in today's Objective-C, with ARC, runs beside ours: .${suffix}`, async (t) => {
     const { api, folder } = await startSimulator(t);
     const maker = await mkdtemp(join(tmpdir(), 'maker-'));
     defer(t, () => rm(maker, { recursive: true, force: true }));
     await mkdir(maker, { recursive: true });
-    await writeFile(join(maker, `Tide.${suffix}`), source);
+    await writeFile(join(maker, `Tide.${suffix}`), imports[suffix] + source);
     await writeFile(join(maker, 'Makefile'), 'BUNDLE_NAME = Tide\nTide_CFLAGS = -fobjc-arc\n');
     await writeFile(join(maker, 'Info.plist'), propertyListText({
       CFBundleExecutable: 'Tide', CFBundleIdentifier: 'org.example.tide', CFBundleDisplayName: 'Tide', ZunoWidgetsVersion: 1,
@@ -108,7 +119,26 @@ for (const suffix of ['m']) {
     await device.tapRow('Zuno');
     await device.tapRow('Widgets');
     const { log } = await api('GET', '/api/device');
+    assert.ok(log.includes('[Tide] available 1 1, 3 properties, T@"UIView",&,N,V_contentView'), log.join('\n'));
     assert.ok(log.includes('[Tide] Tide NSRangeException 1 (null) 1 100'), log.join('\n'));
     assert.ok(log.includes('Loaded widget: org.example.tide') || log.some((line) => line.includes('org.example.tide')), log.join('\n'));
   });
 }
+
+test('The widget that the documents begin with is the sample, and is built and listed', async (t) => {
+  const sample = join(root, 'samples/widgets/Hello');
+  const code = await readFile(join(sample, 'HelloWidget.m'), 'utf8');
+  for (const document of ['widgets.md', 'simulator.md']) {
+    const text = await readFile(join(root, 'docs', document), 'utf8');
+    assert.equal(text.match(/```objc\n(.*?)```/s)[1], code, document);
+  }
+  const { api, folder } = await startSimulator(t);
+  const copy = await mkdtemp(join(tmpdir(), 'maker-'));
+  defer(t, () => rm(copy, { recursive: true, force: true }));
+  await cp(sample, copy, { recursive: true });
+  await run(join(root, 'script/widget'), [copy, '--device', folder], { env: { ...process.env, ZUNO_BUILD: build } });
+  const device = new Device(api);
+  await device.tapRow('Zuno');
+  const { page } = await device.tapRow('Widgets');
+  assert.ok(page.sections.some(({ rows }) => rows.some(({ label }) => label === 'Hello')));
+});

@@ -60,6 +60,13 @@ class WidgetTest(PackageTest):
             self.assertEqual(({"SampleWidget"}, {"show"}), objc.names(image))
         self.assertEqual(["arm64", "arm64e"], [image.arch for image in self.slices()])
 
+    def test_a_makefile_tells_whether_it_is_written_for_arc(self):
+        for option, condition in (("-fobjc-arc", "!__has_feature(objc_arc)"), ("-O2", "__has_feature(objc_arc)")):
+            write(self.widget / "Makefile", f"BUNDLE_NAME = Sample\nSample_CFLAGS = {option}\n")
+            write(self.widget / "SampleWidget.mm", f"#if {condition}\n#error not as the Makefile says\n#endif\n{CODE}")
+            self.made()
+            self.assertFalse((self.bundle / "Makefile").exists())
+
     def test_the_contract_is_found_where_the_device_has_it(self):
         check = "#if !__has_include(<Zuno/ZunoWidgetProtocol.h>)\n#error no contract\n#endif\n"
         write(self.widget / "SampleWidget.mm", check + CODE)
@@ -147,5 +154,5 @@ class DocumentTest(PackageTest):
         for folder in (TREE / "samples/widgets").iterdir():
             if folder.is_dir():
                 info = plistlib.loads((folder / "Info.plist").read_bytes())
-                self.assertTrue(list(folder.glob("*.mm")), folder)
+                self.assertTrue([*folder.glob("*.m"), *folder.glob("*.mm")], folder)
                 self.assertEqual("15.0", info["MinimumOSVersion"])

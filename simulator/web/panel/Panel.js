@@ -1,5 +1,6 @@
 import { html, useContext } from 'htm/preact/standalone';
 import { displayIn } from '/display.js';
+import { Builds } from '/panel/Builds.js';
 import { Card } from '/panel/Card.js';
 import { Display } from '/panel/Display.js';
 import { Files } from '/panel/Files.js';
@@ -18,6 +19,7 @@ export function Panel() {
     <aside class="panel" id="device" tabindex="-1" aria-label="Device">
       ${device && html`
         <${Display} display=${displayIn({ device })} />
+        <${Builds} builds=${device.builds ?? []} />
         <div class="panel-column">
           <${Files} files=${device.files ?? []} />
         </div>

@@ -57,6 +57,33 @@ TEST_F(ApiTests, WhatAnEventPostedIsThereWhenItIsAnswered) {
   EXPECT_EQ(simulator_.device()["pasteboard"], nullptr);
 }
 
+TEST_F(ApiTests, ABuildThatFailedIsShownUntilItSucceeds) {
+  const json failed{{"name", "Kite"},
+                    {"sentence", "Kite was not built."},
+                    {"errors", {{{"file", "a.m"}, {"line", 3}, {"column", nullptr}, {"message", "what"}}}}};
+  EXPECT_EQ(simulator_.send("PUT", "/api/builds", failed).json(), failed);
+  EXPECT_EQ(simulator_.device()["builds"], json::array({failed}));
+  EXPECT_EQ(simulator_.send("PUT", "/api/builds", {{"name", "Kite"}, {"sentence", nullptr}}).status, 200);
+  EXPECT_EQ(simulator_.device()["builds"], json::array());
+}
+
+TEST_F(ApiTests, WhatTellsOfNoBuildIsRefused) {
+  const std::vector<json> bodies{
+      nullptr,
+      json::array(),
+      json::object(),
+      {{"name", 1}},
+      {{"name", "a"}, {"sentence", 1}},
+      {{"name", "a"}, {"sentence", "b"}, {"errors", 1}},
+      {{"name", "a"}, {"sentence", "b"}, {"errors", {1}}},
+      {{"name", "a"}, {"sentence", "b"}, {"errors", {{{"line", 3}}}}},
+      {{"name", "a"}, {"sentence", "b"}, {"errors", {{{"line", -3}, {"message", "c"}}}}},
+      {{"name", "a"}, {"sentence", "b"}, {"errors", {{{"file", 3}, {"message", "c"}}}}},
+  };
+  for (const json& body : bodies) EXPECT_EQ(simulator_.send("PUT", "/api/builds", body).status, 400) << body;
+  EXPECT_EQ(simulator_.device()["builds"], json::array());
+}
+
 TEST_F(ApiTests, AnUnknownIdentifierIsRefused) {
   const auto response = simulator_.tap("nothing");
   EXPECT_EQ(response.status, 404);

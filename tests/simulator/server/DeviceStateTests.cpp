@@ -34,6 +34,31 @@ TEST_F(DeviceStateTests, AnEqualPasteboardIsNoChange) {
   EXPECT_EQ(changes_, 2);
 }
 
+TEST_F(DeviceStateTests, AFailedBuildStandsUntilItSucceeds) {
+  state_.setBuild({"Kite", "Kite was not built.", {{"a.m", 3, 5, "what"}, {{}, {}, {}, "no symbol"}}});
+  state_.setBuild({"Bite", "Bite was not built.", {}});
+  EXPECT_EQ(state_.json()["builds"], nlohmann::json::parse(R"([
+    {"name": "Bite", "sentence": "Bite was not built.", "errors": []},
+    {"name": "Kite", "sentence": "Kite was not built.", "errors": [
+      {"file": "a.m", "line": 3, "column": 5, "message": "what"},
+      {"file": null, "line": null, "column": null, "message": "no symbol"}]}])"));
+  state_.setBuild({"Kite", "Again.", {}});
+  EXPECT_EQ(state_.json()["builds"][1]["sentence"], "Again.");
+  EXPECT_EQ(changes_, 3);
+  state_.setBuild({"Kite", {}, {}});
+  state_.setBuild({"Other", {}, {}});
+  EXPECT_EQ(changes_, 4) << "one that had not failed changes nothing";
+  EXPECT_EQ(state_.json()["builds"].size(), 1u);
+}
+
+TEST_F(DeviceStateTests, FewBuildsAndErrorsAreKept) {
+  const std::vector<sim::Build::Error> errors(sim::DeviceState::kMostErrors + 1, {{}, {}, {}, "error"});
+  for (std::size_t i = 0; i <= sim::DeviceState::kMostBuilds; ++i)
+    state_.setBuild({"build " + std::to_string(i), "failed", errors});
+  EXPECT_EQ(state_.json()["builds"].size(), sim::DeviceState::kMostBuilds);
+  EXPECT_EQ(state_.json()["builds"][0]["errors"].size(), sim::DeviceState::kMostErrors);
+}
+
 TEST_F(DeviceStateTests, AnEqualDisplayIsNoChange) {
   state_.setDisplay(sim::kPhoneDisplay);
   EXPECT_EQ(changes_, 0);

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <fstream>
 #include <string>
 #include <thread>
 
@@ -75,6 +76,54 @@ TEST_F(SettingsProcessTests, AFreshProcessIsToldThePasteboardAndTheAppearance) {
   const json screen = simulator.get("/api/screen").json();
   EXPECT_EQ(screen["pasteboard"], "kept");
   EXPECT_EQ(screen["appearance"], "dark");
+}
+
+TEST_F(SettingsProcessTests, AReloadStartsAfreshWithTheSamePagesAndIsNoRespring) {
+  const test::RunningSimulator simulator(device());
+  const pid_t old = processOf(simulator);
+  simulator.tap("notify:a");
+  const auto response = simulator.send("POST", "/api/reload", json::object());
+  EXPECT_EQ(response.status, 200);
+  EXPECT_EQ(response.json()["reopened"], "place 1");
+  EXPECT_NE(response.json()["process"], old);
+  EXPECT_EQ(startCount(), 2);
+  EXPECT_EQ(simulator.device()["resprings"], 0);
+}
+
+TEST_F(SettingsProcessTests, WhatIsAskedDuringAReloadIsAnsweredAfterThePagesAreOpen) {
+  const test::RunningSimulator simulator(device());
+  simulator.tap("notify:a");
+  std::atomic<bool> asked = false;
+  std::thread slow([&] {
+    asked = true;
+    EXPECT_EQ(simulator.tap("slow:300").json()["reopened"], "place 1") << "it is asked for the screen anew";
+  });
+  test::waitUntil([&] { return asked.load(); });
+  std::this_thread::sleep_for(100ms);
+  EXPECT_EQ(simulator.send("POST", "/api/reload", json::object()).status, 200);
+  slow.join();
+}
+
+TEST_F(SettingsProcessTests, APlaceThatWasNotReachedIsTriedAgainUntilSomebodyTouchesTheDevice) {
+  const test::RunningSimulator simulator(device());
+  simulator.tap("notify:a");
+  std::ofstream(device() / "fake/crash-at-reopen") << "";
+  EXPECT_EQ(simulator.send("POST", "/api/reload", json::object()).status, 500);
+  EXPECT_EQ(simulator.get("/api/screen").json()["reopened"], nullptr) << "the first page";
+  std::filesystem::remove(device() / "fake/crash-at-reopen");
+  EXPECT_EQ(simulator.send("POST", "/api/reload", json::object()).json()["reopened"], "place 1");
+  simulator.tap("notify:b");
+  simulator.tap("notify:c");
+  EXPECT_EQ(simulator.send("POST", "/api/reload", json::object()).json()["reopened"], "place 2");
+}
+
+TEST_F(SettingsProcessTests, AProcessThatDoesNotSayWhereItIsIsReplacedSoon) {
+  const test::RunningSimulator simulator(device(), {.place = 100ms});
+  simulator.tap("notify:a");
+  EXPECT_EQ(simulator.send("POST", "/api/reload", json::object()).json()["reopened"], "place 1");
+  std::ofstream(device() / "fake/hang-at-place") << "";
+  simulator.tap("notify:a");
+  EXPECT_EQ(simulator.send("POST", "/api/reload", json::object()).json()["reopened"], "place 1") << "the last known";
 }
 
 TEST_F(SettingsProcessTests, PicturesOfAnEarlierProcessAreForgotten) {

@@ -55,6 +55,8 @@ TEST(MessagesTests, CallsArriveAsTheyWereSent) {
   EXPECT_EQ(sentAsCall(Image{"7-photo"}).id, "7-photo");
   EXPECT_EQ(sentAsCall(Shared{"item3.0"}).id, "item3.0");
   EXPECT_TRUE(sentAsCall(Appearance{true}).isDark);
+  sentAsCall(Place{});
+  EXPECT_EQ(sentAsCall(Reopen{bytes}).place, bytes);
   const auto display = sentAsCall(Display{390, 844, 3, 47, 1, 34, 2});
   EXPECT_EQ((std::vector{display.width, display.height, display.scale, display.top, display.left, display.bottom,
                          display.right}),

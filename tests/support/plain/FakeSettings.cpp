@@ -56,6 +56,8 @@ class FakeSettings {
                    [this](const wire::Pasteboard& call) { pasteboard_ = orNull(call.string); },
                    [this](const wire::Appearance& call) { appearance_ = call.isDark ? "dark" : "light"; },
                    [this](const wire::Display& call) { display_ = {call.width, call.height, call.scale, call.left}; },
+                   [this](const wire::Place&) { place(); },
+                   [this](const wire::Reopen& call) { reopen(call.place); },
                    [this](const wire::Unreadable&) { refuse(Outcome::malformed, "This is no call."); },
                },
                request.call);
@@ -67,17 +69,27 @@ class FakeSettings {
   }
 
   json screen() const {
-    return {{"revision", revision_},
-            {"pasteboard", pasteboard_},
-            {"appearance", appearance_},
-            {"display", display_},
-            {"process", ::getpid()}};
+    return {{"revision", revision_}, {"pasteboard", pasteboard_}, {"appearance", appearance_},
+            {"display", display_},   {"reopened", reopened_},     {"process", ::getpid()}};
   }
 
   void report(wire::Report report) { channel_.send(wire::encode(std::move(report))); }
   void answer(std::string content) { report(wire::Reply{request_, Outcome::done, revision_, std::move(content)}); }
   void answer(const json& content) { answer(sim::toText(content)); }
   void refuse(Outcome outcome, std::string why) { report(wire::Reply{request_, outcome, revision_, std::move(why)}); }
+
+  // The place is how often this process has been tapped.
+  void place() {
+    if (std::filesystem::exists(device_ / "fake/hang-at-place")) ::pause();
+    answer("place " + std::to_string(taps_));
+  }
+
+  void reopen(const std::string& place) {
+    if (std::filesystem::exists(device_ / "fake/crash-at-reopen")) ::raise(SIGABRT);
+    reopened_ = place;
+    ++revision_;
+    answer(screen());
+  }
 
   void image(const std::string& id) {
     if (id == "none") return refuse(Outcome::unknown, "There is no such picture.");
@@ -106,6 +118,7 @@ class FakeSettings {
   }
 
   void event(const wire::Event& call) {
+    ++taps_;
     const json event = sim::parseJson(call.body).value_or(json());
     if (!event.is_object() || !event.value("type", json()).is_string())
       return refuse(Outcome::malformed, "This is no event.");
@@ -148,6 +161,8 @@ class FakeSettings {
   wire::Channel channel_;
   std::uint64_t revision_;
   std::uint64_t request_ = 0;  // The number of the one at hand.
+  int taps_ = 0;
+  json reopened_;
   json pasteboard_ = "never told";
   json appearance_;
   json display_;

@@ -1,0 +1,128 @@
+import assert from 'node:assert/strict';
+import { spawn } from 'node:child_process';
+import { mkdtemp, readFile, rm, writeFile } from 'node:fs/promises';
+import { tmpdir } from 'node:os';
+import { join } from 'node:path';
+import { createInterface } from 'node:readline';
+import { test } from 'node:test';
+import { build } from './support/build.mjs';
+import { openPage } from './support/browser.mjs';
+import { defer } from './support/cleanup.mjs';
+import { kitePage, makerFolder, root, settingsBundle } from './support/makers.mjs';
+import { open } from './support/zuno.mjs';
+
+const group = (header) => `[PSSpecifier groupSpecifierWithHeader:@"${header}" footer:nil]`;
+const link = (name) => `[PSSpecifier preferenceSpecifierNamed:@"${name}" target:self set:NULL get:NULL `
+  + 'detail:KiteLinesController.class cell:PSLinkCell edit:nil]';
+
+/** A second page of `count` rows that are called `word` and their number. */
+const lines = (word, count = 60) => `#import <Preferences/PSListController.h>
+#import <Preferences/PSSpecifier.h>
+@interface KiteLinesController : PSListController
+@end
+@implementation KiteLinesController
+- (NSArray *)specifiers {
+  if (!_specifiers) {
+    _specifiers = [NSMutableArray array];
+    for (int i = 0; i < ${count}; ++i) {
+      NSString *name = [NSString stringWithFormat:@"${word} %d", i];
+      [_specifiers addObject:[PSSpecifier preferenceSpecifierNamed:name target:self set:NULL get:NULL detail:nil
+                                                              cell:PSStaticTextCell edit:nil]];
+    }
+  }
+  return _specifiers;
+}
+@end
+`;
+
+/** The simulator under the watch of `folders`, on a device folder of its own; `url`, `told` (what it says). */
+async function startWatch(t, folders) {
+  const device = await mkdtemp(join(tmpdir(), 'device-'));
+  defer(t, () => rm(device, { recursive: true, force: true }));
+  const words = [join(build, 'simulator/simulator'), '--device', device, '--port', '0', '--', ...folders];
+  const child = spawn(process.execPath, [join(root, 'script/lib/makers/watch.mjs'), build, ...words], {
+    stdio: ['ignore', 'pipe', 'pipe'],
+  });
+  const ended = new Promise((resolve) => child.once('close', resolve));
+  defer(t, async () => {
+    child.kill('SIGTERM');
+    assert.equal(await ended, 0, 'it ends with the simulator');
+  });
+  let said = '';
+  const heard = new Set();
+  child.stderr.on('data', (text) => {
+    said += text;
+    for (const each of heard) each();
+  });
+  /** Resolves when it has said `pattern` since the last time that this was asked. */
+  const told = (pattern) => new Promise((resolve) => {
+    const look = () => {
+      const match = said.match(pattern);
+      if (!match) return;
+      said = said.slice(match.index + match[0].length);
+      heard.delete(look);
+      resolve(match[0]);
+    };
+    heard.add(look);
+    look();
+  });
+  const [address] = await new Promise((resolve) => {
+    createInterface({ input: child.stdout }).once('line', (...line) => resolve(line));
+  });
+  return { url: address, told, device };
+}
+
+test('What is saved is shown on the same page at the same place, and what does not compile beside the phone', async (t) => {
+  const files = settingsBundle({
+    'KiteListController.m': kitePage(`${group('First')}, ${link('Lines')}`, { top: '@class KiteLinesController;\n'
+      + '@interface KiteLinesController : PSListController\n@end' }),
+    'KiteLinesController.m': lines('Line'),
+    'Resources/Texts.plist': '<plist version="1.0"><dict><key>title</key><string>Kites</string></dict></plist>',
+  });
+  files.Makefile = files.Makefile.replace('Kite_FILES = KiteListController.m', 'Kite_FILES = $(wildcard *.m)');
+  const source = await makerFolder(t, files);
+  const { url, told, device } = await startWatch(t, [source]);
+  await told(/shown after [\d.]+ s/);
+
+  const page = await openPage(t, url);
+  const main = page.getByRole('main');
+  await open(page, 'Kite', 'Lines');
+  const scroller = page.locator('.page:not([inert]) .scroller');
+  await scroller.evaluate((element) => { element.scrollTop = 900; });
+  await page.evaluate(() => { window.isSamePage = true; });
+
+  // A source.
+  const begin = performance.now();
+  await writeFile(join(source, 'KiteLinesController.m'), lines('Row'));
+  await main.getByText('Row 25', { exact: true }).waitFor();
+  t.diagnostic(`a saved source was seen after ${Math.round(performance.now() - begin)} ms`);
+  assert.equal(await scroller.evaluate((element) => element.scrollTop), 900);
+  assert.equal(await page.evaluate(() => window.isSamePage), true, 'the page in the browser was not loaded anew');
+  await told(/shown after [\d.]+ s/);
+
+  // A compiler error: what was built before runs on.
+  await writeFile(join(source, 'KiteLinesController.m'), lines('Broken').replace('return _specifiers;', 'return kite;'));
+  const alert = page.getByRole('alert').filter({ hasText: 'was not built' });
+  await alert.getByText('KiteLinesController.m:15:10').waitFor();
+  await alert.getByText('use of undeclared identifier \'kite\'').waitFor();
+  await main.getByText('Row 25', { exact: true }).waitFor();
+  assert.equal(await scroller.evaluate((element) => element.scrollTop), 900);
+
+  // What the simulator does not carry is told in the same place.
+  await writeFile(join(source, 'KiteLinesController.m'), `#import <HomeKit/HomeKit.h>\n${lines('Broken')}`);
+  await alert.getByText('Kite needs what the simulator does not carry: header <HomeKit/HomeKit.h>.').waitFor();
+
+  // Mended, and a property list.
+  await writeFile(join(source, 'KiteLinesController.m'), lines('Mended'));
+  await main.getByText('Mended 25', { exact: true }).waitFor();
+  await alert.waitFor({ state: 'detached' });
+  await told(/shown after [\d.]+ s/);
+  await writeFile(join(source, 'Resources/Texts.plist'), files['Resources/Texts.plist'].replace('Kites', 'Gulls'));
+  await told(/shown after [\d.]+ s/);
+  const installed = join(device, 'var/jb/Library/PreferenceBundles/Kite.bundle/Texts.plist');
+  assert.match(await readFile(installed, 'utf8'), /Gulls/);
+
+  // The page in front is not there any more.
+  await writeFile(join(source, 'KiteListController.m'), kitePage(group('Second')));
+  await main.getByText('Second').waitFor();
+});
