@@ -1,4 +1,4 @@
-import { html } from '/modules/htm-preact.mjs';
+import { html } from 'htm/preact/standalone';
 import { Card } from '/panel/Card.js';
 
 /** What could not be built for the device, with the compiler's errors; what was built before goes on running. */
