@@ -48,6 +48,13 @@ std::optional<double> numberIn(const Json &object, const char *name) {
   return found != object.end() && found->is_number() ? std::optional(found->get<double>()) : std::nullopt;
 }
 
+/// 0 for none.
+std::uint32_t pageNumberIn(const Json &entry) {
+  const auto found = entry.find("id");
+  const std::uint64_t number = found != entry.end() && found->is_number_unsigned() ? found->get<std::uint64_t>() : 0;
+  return number <= UINT32_MAX ? static_cast<std::uint32_t>(number) : 0;
+}
+
 /// Where the row stood; nil when no row is there now.
 NSIndexPath *formerPath(UITableView *table, const Json &touch) {
   const auto at = touch.find("at");
@@ -152,7 +159,7 @@ bool PageTrail::reopen(const Json &place, UINavigationController *navigation, Pa
   if (pages == place.end() || !pages->is_array()) return false;
   for (const Json &entry : *pages) {
     if (!entry.is_object()) return false;
-    numbers.reserve(static_cast<std::uint32_t>(numberIn(entry, "id").value_or(0)));
+    numbers.reserve(pageNumberIn(entry));
   }
   for (std::size_t depth = 0; depth < pages->size(); ++depth) {
     const Json &entry = (*pages)[depth];
@@ -165,7 +172,7 @@ bool PageTrail::reopen(const Json &place, UINavigationController *navigation, Pa
       if (depth >= [[navigation viewControllers] count]) return true;
     }
     UIViewController *page = [[navigation viewControllers] objectAtIndex:depth];
-    renumber(page, static_cast<std::uint32_t>(numberIn(entry, "id").value_or(0)), numbers);
+    renumber(page, pageNumberIn(entry), numbers);
     UITableView *table = [page isViewLoaded] ? tableOf(page) : nil;
     if (const auto offset = numberIn(entry, "offset"); table && offset) {
       [table setContentOffset:CGPointMake([table contentOffset].x, *offset)];

@@ -35,6 +35,8 @@ const lines = (word, count = 60) => `#import <Preferences/PSListController.h>
 @end
 `;
 
+const shown = /shown after [\d.]+ s/;
+
 /** The simulator under the watch of `folders`, on a device folder of its own; `url`, `told` (what it says). */
 async function startWatch(t, folders) {
   const device = await mkdtemp(join(tmpdir(), 'device-'));
@@ -82,7 +84,7 @@ test('What is saved is shown on the same page at the same place, and what does n
   files.Makefile = files.Makefile.replace('Kite_FILES = KiteListController.m', 'Kite_FILES = $(wildcard *.m)');
   const source = await makerFolder(t, files);
   const { url, told, device } = await startWatch(t, [source]);
-  await told(/shown after [\d.]+ s/);
+  await told(shown);
 
   const page = await openPage(t, url);
   const main = page.getByRole('main');
@@ -94,14 +96,16 @@ test('What is saved is shown on the same page at the same place, and what does n
   // A source.
   const begin = performance.now();
   await writeFile(join(source, 'KiteLinesController.m'), lines('Row'));
+  // However long a busy machine takes to compile it.
+  await told(shown);
   await main.getByText('Row 25', { exact: true }).waitFor();
   t.diagnostic(`a saved source was seen after ${Math.round(performance.now() - begin)} ms`);
   assert.equal(await scroller.evaluate((element) => element.scrollTop), 900);
   assert.equal(await page.evaluate(() => window.isSamePage), true, 'the page in the browser was not loaded anew');
-  await told(/shown after [\d.]+ s/);
 
   // A compiler error: what was built before runs on.
   await writeFile(join(source, 'KiteLinesController.m'), lines('Broken').replace('return _specifiers;', 'return kite;'));
+  await told(/Kite was not built\./);
   const alert = page.getByRole('alert').filter({ hasText: 'was not built' });
   await alert.getByText('KiteLinesController.m:15:10').waitFor();
   await alert.getByText('use of undeclared identifier \'kite\'').waitFor();
@@ -110,19 +114,21 @@ test('What is saved is shown on the same page at the same place, and what does n
 
   // What the simulator does not carry is told in the same place.
   await writeFile(join(source, 'KiteLinesController.m'), `#import <HomeKit/HomeKit.h>\n${lines('Broken')}`);
+  await told(/Kite needs/);
   await alert.getByText('Kite needs what the simulator does not carry: header <HomeKit/HomeKit.h>.').waitFor();
 
   // Mended, and a property list.
   await writeFile(join(source, 'KiteLinesController.m'), lines('Mended'));
+  await told(shown);
   await main.getByText('Mended 25', { exact: true }).waitFor();
   await alert.waitFor({ state: 'detached' });
-  await told(/shown after [\d.]+ s/);
   await writeFile(join(source, 'Resources/Texts.plist'), files['Resources/Texts.plist'].replace('Kites', 'Gulls'));
-  await told(/shown after [\d.]+ s/);
+  await told(shown);
   const installed = join(device, 'var/jb/Library/PreferenceBundles/Kite.bundle/Texts.plist');
   assert.match(await readFile(installed, 'utf8'), /Gulls/);
 
   // The page in front is not there any more.
   await writeFile(join(source, 'KiteListController.m'), kitePage(group('Second')));
+  await told(shown);
   await main.getByText('Second').waitFor();
 });
