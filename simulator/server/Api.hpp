@@ -6,24 +6,28 @@
 #include "server/ImageCache.hpp"
 #include "server/Router.hpp"
 #include "server/SettingsProcess.hpp"
+#include "server/WidgetStage.hpp"
+
+#include <string_view>
 
 namespace sim {
 
 /// Main thread only. What is handed over must outlive the interface.
 class Api final {
  public:
-  Api(SettingsProcess& settings, DeviceState& device, PreferenceFiles& files, ImageCache& images)
-      : settings_(settings), device_(device), files_(files), images_(images) {}
+  Api(SettingsProcess& settings, WidgetStage& stage, DeviceState& device, PreferenceFiles& files, ImageCache& images)
+      : settings_(settings), stage_(stage), device_(device), files_(files), images_(images) {}
 
   /// Answers the call, now or later.
   void handle(Endpoint endpoint, Request request, Respond respond);
 
  private:
   void screen(const Respond& respond);
-  void event(Request request, Respond respond);
+  void stage(const Request& request, Respond respond);
+  void event(SettingsProcess* process, Request request, Respond respond);
   void image(const Request& request, Respond respond);
   void addPhoto(const Request& request, Respond respond);
-  void pickFile(const Request& request, Respond respond);
+  void pickFile(SettingsProcess* process, const Request& request, Respond respond);
   void shared(const Request& request, Respond respond);
   void device(const Respond& respond);
   void pasteboard(const Request& request, const Respond& respond);
@@ -31,7 +35,12 @@ class Api final {
   void appearance(const Request& request, const Respond& respond);
   void display(const Request& request, const Respond& respond);
 
+  void ask(SettingsProcess* process, wire::Call call, Respond respond);
+  void tell(const wire::Call& call);
+  SettingsProcess* processOf(std::string_view identifier);
+
   SettingsProcess& settings_;
+  WidgetStage& stage_;
   DeviceState& device_;
   PreferenceFiles& files_;
   ImageCache& images_;

@@ -57,6 +57,8 @@ void DeviceState::setDisplay(const Display& display) {
 
 void DeviceState::filesChanged() { didChange(); }
 
+void DeviceState::stageChanged() { didChange(); }
+
 nlohmann::json DeviceState::json() const {
   nlohmann::json notifications = nlohmann::json::array();
   for (const Notification& notification : notifications_)

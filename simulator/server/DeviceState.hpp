@@ -32,8 +32,9 @@ class DeviceState final {
   void setAppearance(std::string style);
   void setDisplay(const Display& display);
 
-  /// The preference files have changed; they are kept elsewhere.
+  /// The preference files have changed; they are kept elsewhere. So is the stage.
   void filesChanged();
+  void stageChanged();
 
   const std::optional<std::string>& pasteboard() const noexcept { return pasteboard_; }
 
@@ -45,7 +46,7 @@ class DeviceState final {
   /// Grows with every change.
   std::uint64_t sequence() const noexcept { return sequence_; }
 
-  /// Everything but the files, as the interface gives it: of a long pasteboard only its beginning.
+  /// Everything but the files and the stage, as the interface gives it: of a long pasteboard only its beginning.
   nlohmann::json json() const;
 
  private:

@@ -21,7 +21,7 @@ struct Route {
   std::size_t longestBody = 0;
 };
 
-constexpr std::array<Route, 10> kRoutes{{
+constexpr std::array<Route, 14> kRoutes{{
     {"/api/screen", "GET", Endpoint::screen},
     {"/api/events", "POST", Endpoint::events, BodyKind::json, kLongestText},
     {"/api/device", "GET", Endpoint::device},
@@ -31,6 +31,10 @@ constexpr std::array<Route, 10> kRoutes{{
     {"/api/device/display", "PUT", Endpoint::display, BodyKind::json, kLongestJson},
     {"/api/photos", "PUT", Endpoint::photos, BodyKind::file, kLongestFile},
     {"/api/picked-file", "PUT", Endpoint::pickedFile, BodyKind::file, kLongestFile},
+    {"/api/stage", "POST", Endpoint::stage, BodyKind::json, kLongestJson},
+    {"/api/stage/screen", "GET", Endpoint::stageScreen},
+    {"/api/stage/events", "POST", Endpoint::stageEvents, BodyKind::json, kLongestText},
+    {"/api/stage/picked-file", "PUT", Endpoint::stagePickedFile, BodyKind::file, kLongestFile},
     {"/api/stream", "GET", std::nullopt},
 }};
 

@@ -20,7 +20,11 @@ enum class Endpoint {
   image,
   photos,
   pickedFile,
-  shared
+  shared,
+  stage,
+  stageScreen,
+  stageEvents,
+  stagePickedFile
 };
 
 /// What the body of a call is: nothing, a JSON text that is kept in memory, or a file.

@@ -14,6 +14,7 @@
 #include "server/SettingsProcess.hpp"
 #include "server/StaticFiles.hpp"
 #include "server/UploadFolder.hpp"
+#include "server/WidgetStage.hpp"
 
 #include <optional>
 #include <string>
@@ -41,6 +42,8 @@ class Simulator final {
  private:
   void readPage(const Options& options);
   SettingsProcess::Listener settingsListener();
+  WidgetStage::Listener stageListener();
+  std::vector<wire::Call> greeting() const;
   void posted(SettingsProcess::Post post);
   std::string asOnDevice(std::string line) const;
   void logged(const std::string& line);
@@ -59,6 +62,7 @@ class Simulator final {
   ImageCache images_;
   std::optional<Sandbox> sandbox_;
   SettingsProcess settings_;
+  WidgetStage stage_;
   Api api_;
   std::string address_;
   std::optional<HttpServer> server_;
