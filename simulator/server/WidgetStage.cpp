@@ -128,6 +128,7 @@ void WidgetStage::start(std::string wanted, Respond respond) {
   refused_.clear();
   fault_.reset();
   calls_.clear();
+  callCount_ = 0;
   step_ = 0;
   isActivePage_ = nullptr;
   isBusy_ = true;

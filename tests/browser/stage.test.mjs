@@ -284,7 +284,8 @@ for (const kind of ['phone', 'tablet']) {
     await stage.getByRole('switch', { name: 'Seconds' }).waitFor();
 
     await card.getByRole('button', { name: 'Show StageRaises' }).click();
-    await stage.getByText('StageRaises').waitFor();
+    await stage.locator('.view').getByText('StageRaises').waitFor();
+    assert.equal(await stage.getByRole('heading', { name: 'StageRaises' }).count(), 0, 'nothing covers the widget');
     await card.getByRole('button', { name: 'Send didScrollToView' }).click();
     await card.getByRole('alert').getByText('It raised TideException: no moon, in -didScrollToView.').waitFor();
     await page.getByRole('main', { name: 'Phone' }).getByRole('button', { name: 'Zuno' }).waitFor();

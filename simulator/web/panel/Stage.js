@@ -25,6 +25,10 @@ export function Stage({ stage, onStage, setOnStage }) {
         </button>
         <${Fault} fault=${fault} widgets=${widgets} />
         ${refusal && refusal !== fault?.text && html`<p class="card-error" role="alert">${refusal}</p>`}
+        ${shown && html`
+          <${Direction} stage=${stage} widget=${widgets.find(({ path }) => path === shown)} perform=${perform}
+            onStage=${onStage} setOnStage=${setOnStage} />`}
+        ${stage.calls.length > 0 && html`<${Calls} calls=${stage.calls} />`}
         ${widgets?.length === 0 && html`<p class="card-none">The widgets folder is empty</p>`}
         ${widgets?.length > 0 && html`
           <ul class="widget-list" role="list" aria-label="Widgets">
@@ -32,10 +36,6 @@ export function Stage({ stage, onStage, setOnStage }) {
               <${Widget} key=${widget.path} widget=${widget} isShown=${widget.path === shown}
                 show=${() => perform({ type: 'show', widget: widget.path })} />`)}
           </ul>`}
-        ${shown && html`
-          <${Direction} stage=${stage} widget=${widgets.find(({ path }) => path === shown)} perform=${perform}
-            onStage=${onStage} setOnStage=${setOnStage} />`}
-        ${stage.calls.length > 0 && html`<${Calls} calls=${stage.calls} />`}
       </div>
     <//>`;
 }

@@ -23,7 +23,7 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
   const [scrolled, setScrolled] = useState({ bar: false, title: false });
   const session = useContext(SessionContext);
   const shallow = useStore(session.store, (state) => isShallow(displayIn(state)));
-  const large = (page.largeTitle ?? !page.back) && !shallow;
+  const large = (page.largeTitle ?? !page.back) && !shallow && !page.bar?.hidden;
 
   const follow = () => {
     const top = scroller.current.scrollTop;
