@@ -36,7 +36,7 @@ class WidgetStageTests : public ::testing::Test {
 
   test::TemporaryFolder folder_;
   const std::filesystem::path device_ = std::filesystem::canonical(folder_.path()) / "device";
-  test::RunningSimulator simulator_{device_, {.hung = 600ms}};
+  test::RunningSimulator simulator_{device_, {.hung = 1'500ms}};
 };
 
 TEST_F(WidgetStageTests, NothingRunsBeforeSomebodyAsks) {

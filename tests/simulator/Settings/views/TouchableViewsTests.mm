@@ -67,14 +67,14 @@ TEST_F(TouchableViewsTest, ControlsOfRowsAreSetHereToo) {
 
 TEST_F(TouchableViewsTest, ATextIsPasted) {
   UITextField *field = [[[UITextField alloc] init] autorelease];
-  add(field, 0);
-  perform(sim::wire::Pasteboard{"Rosa"});
+  add(field, {});
+  [[UIPasteboard generalPasteboard] setString:@"Rosa"];
   EXPECT_EQ(send({{"type", "paste"}, {"id", id()}}), Outcome::done);
   EXPECT_EQ(added()["value"], "Rosa");
 }
 
 TEST_F(TouchableViewsTest, AControlThatNothingListensToIsAView) {
-  add([[[UIControl alloc] init] autorelease], 0);
+  add([[[UIControl alloc] init] autorelease], {});
   EXPECT_FALSE(added().contains("id"));
 }
 
