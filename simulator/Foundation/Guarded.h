@@ -9,6 +9,12 @@ namespace sim {
 /// when that was a framework, called that.
 void logUncaught(NSString *doing, NSException *exception);
 
+/// Is told of each exception that `guarded` has caught, when the log has its line.
+using UncaughtHandler = void (*)(NSException *exception, void *context);
+
+/// Sets the handler, of which there is at most one; nullptr sets none. Main thread.
+void setUncaughtHandler(UncaughtHandler handler, void *context);
+
 /// Runs `body`. What it raises ends the application on a device; here it becomes a line in the log. Returns the
 /// exception's name, autoreleased, or nil when nothing was raised.
 template <typename Body>

@@ -3,6 +3,17 @@
 #import "Foundation/SIMDevice.h"
 
 namespace sim {
+namespace {
+
+UncaughtHandler uncaughtHandler = nullptr;
+void *uncaughtContext = nullptr;
+
+}  // namespace
+
+void setUncaughtHandler(UncaughtHandler handler, void *context) {
+  uncaughtHandler = handler;
+  uncaughtContext = context;
+}
 
 void logUncaught(NSString *doing, NSException *exception) {
   NSString *file = nil;
@@ -11,6 +22,7 @@ void logUncaught(NSString *doing, NSException *exception) {
   }
   NSLog(@"Uncaught exception while %@: %@: %@%@", doing, [exception name], [exception reason],
         file ? [NSString stringWithFormat:@" (from %@)", file] : @"");
+  if (uncaughtHandler) uncaughtHandler(exception, uncaughtContext);
 }
 
 }  // namespace sim

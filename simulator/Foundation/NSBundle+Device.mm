@@ -2,6 +2,7 @@
 // for one bundle and hands out whichever it met first. And the log says why code does not load, which GNUstep tells
 // standard error, and nothing of how the frameworks are built.
 #import <Foundation/Foundation.h>
+#import <Foundation/NSBundle+Sim.h>
 
 #include <dlfcn.h>
 #import <objc/runtime.h>
@@ -49,10 +50,17 @@ NSString *loadProblem(NSBundle *bundle) {
   return [NSString stringWithFormat:@"there is no class %@", [problem substringFromIndex:NSMaxRange(symbol)]];
 }
 
+/// Why bundles are not to be loaded, by their paths.
+NSMutableDictionary *refusedBundles() {
+  static NSMutableDictionary *refused = [[NSMutableDictionary alloc] init];
+  return refused;
+}
+
 BOOL load(id self, SEL selector) {
-  const BOOL loaded = originalLoad(self, selector);
-  if (!loaded) NSLog(@"[Foundation] The code of %@ was not loaded: %@", [self bundlePath], loadProblem(self));
-  return loaded;
+  NSString *refusal = [refusedBundles() objectForKey:[self bundlePath]];
+  if (!refusal && originalLoad(self, selector)) return YES;
+  NSLog(@"[Foundation] The code of %@ was not loaded: %@", [self bundlePath], refusal ?: loadProblem(self));
+  return NO;
 }
 
 /// The folder of the file that holds the code or data at `address`; empty when there is none.
@@ -94,6 +102,10 @@ Implementation replace(SEL selector, Implementation implementation,
   originalLoad = replace(@selector(load), load);
   originalInitWithPath = replace(@selector(initWithPath:), initWithPath);
   originalBundleForClass = replace(@selector(bundleForClass:), bundleForClass, class_getClassMethod);
+}
+
++ (void)sim_refuseBundleAtPath:(NSString *)path because:(NSString *)reason {
+  [refusedBundles() setObject:reason forKey:path];
 }
 
 + (NSBundle *)bundleWithIdentifier:(NSString *)identifier {

@@ -31,3 +31,8 @@ void SIMSetLogHandler(SIMLogHandler handler, void *context) {
   logContext = context;
   logHandler = handler;
 }
+
+SIMLogHandler SIMCurrentLogHandler(void **context) {
+  *context = logContext;
+  return logHandler;
+}

@@ -23,6 +23,7 @@ constexpr std::array kForms{
     Form{ElementKind::kAlertField, "field", false, true},
     Form{ElementKind::kSheetItem, "item", false, true},
     Form{ElementKind::kSheetColor, "color", false, false},
+    Form{ElementKind::kView, "view", false, false},
 };
 
 /// Takes a decimal number, without sign or leading zeros, from the front of `text`.

@@ -18,6 +18,7 @@ enum class ElementKind : std::uint8_t {
   kAlertField,   ///< "field5.0": a text field of alert 5.
   kSheetItem,    ///< "item6.0": an entry of sheet 6.
   kSheetColor,   ///< "color6": the colour of sheet 6.
+  kView,         ///< "view7": the view 7, whose number is unique among the views of the process.
 };
 
 /// An element of one page, alert or sheet. `owner` is the number of that page, unique in the process, so that an id of

@@ -2,6 +2,7 @@
 
 #import <UIKit/UIKit.h>
 #import <UIKit/UIBarButtonItem+Sim.h>
+#import <UIKit/UIControl+Sim.h>
 #import <UIKit/UINavigationController+Sim.h>
 #import <UIKit/UITableView+Sim.h>
 #import <UIKit/UITableViewCell+Sim.h>
@@ -11,6 +12,9 @@
 #import "Settings/controls/AccessoryButton.h"
 #import "Settings/controls/Controls.h"
 #import "Settings/presented/Presented.h"
+#import "Settings/views/Views.h"
+
+#include <objcxx/Retained.h>
 
 #include "base/Json.hpp"
 
@@ -38,6 +42,7 @@ class Route {
     const auto id = elementId();
     if (!id) return unknown();
     if (isPresented(*id)) return adapter_->tap ? adapter_->tap(presented_, *id, part()) : unknown();
+    if (id->kind == ElementKind::kView) return tapView(*id);
     if (!isOnPage(*id)) return unknown();
     switch (id->kind) {
       case ElementKind::kBack: return [navigation_ sim_tapBack] ? EventResult{} : unknown();
@@ -169,9 +174,25 @@ class Route {
     return {};
   }
 
-  /// Works the control of the row; `perform` says why it could not.
+  /// The control on the page in front; nil when it is gone, and when something covers it.
+  UIView *viewOf(const ElementId &id) const {
+    return presented_ || tableOf(page_) ? nullptr : controlInView([page_ view], id.owner);
+  }
+
+  EventResult tapView(const ElementId &id) const {
+    const auto view = objcxx::share(viewOf(id));
+    if (!view) return unknown();
+    if (isControl(view.get())) return refused("This control is set, not tapped.");
+    return done([(UIControl *)view.get() sim_tapByUser], "This button is disabled.");
+  }
+
+  /// Works the control of the row or the view; `perform` says why it could not.
   template <typename Perform>
   EventResult work(const ElementId &id, Perform perform) const {
+    if (id.kind == ElementKind::kView) {
+      const auto view = objcxx::share(viewOf(id));
+      return view ? worked(perform(view.get())) : unknown();
+    }
     if (id.kind != ElementKind::kRow || !isOnPage(id)) return unknown();
     UIView *cell = [table() sim_cellForControlEventsAtIndexPath:pathOf(id)];
     if (!cell) return unknown();

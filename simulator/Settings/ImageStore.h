@@ -18,7 +18,12 @@ namespace sim {
 class ImageStore final {
  public:
   /// `run` is a number that no other run of Settings on this simulator has: it makes identifiers differ between runs.
-  explicit ImageStore(std::uint64_t run) : prefix_(std::to_string(run) + '-') {}
+  /// `place` begins them, for a process that has runs of its own.
+  explicit ImageStore(std::uint64_t run, std::string_view place = {})
+      : place_(place), prefix_(place_ + std::to_string(run) + '-') {}
+
+  /// What begins the identifiers of this process, for those that others make.
+  const std::string &place() const { return place_; }
 
   /// Starts a new description. Its pictures are kept from now on, and count as the screen's once it is `accept`ed.
   void beginDescription() { described_.clear(); }
@@ -49,6 +54,7 @@ class ImageStore final {
 
   void add(JsonText &out, std::string identifier, CGSize size, UIColor *tint, Picture picture);
 
+  const std::string place_;
   const std::string prefix_;
   Pictures described_;
   Pictures current_;

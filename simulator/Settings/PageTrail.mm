@@ -38,11 +38,6 @@ Json buttonTouch(UIViewController *page, std::uint32_t number, PageNumbers &numb
   return nullptr;
 }
 
-std::string textOrNone(const Json &object, const char *name) {
-  const std::string *text = textIn(object, name);
-  return text ? *text : std::string();
-}
-
 std::optional<double> numberIn(const Json &object, const char *name) {
   const auto found = object.find(name);
   return found != object.end() && found->is_number() ? std::optional(found->get<double>()) : std::nullopt;
@@ -69,8 +64,8 @@ NSIndexPath *formerPath(UITableView *table, const Json &touch) {
 /// The row that was touched: the one that is called so or shows the same, the nearest of several; else the one with its
 /// label, or in its place.
 NSIndexPath *rowTouched(UITableView *table, const Json &touch) {
-  const std::string shown = textOrNone(touch, "shown");
-  const std::string label = textOrNone(touch, "label");
+  const std::string shown = textOrEmpty(touch, "shown");
+  const std::string label = textOrEmpty(touch, "label");
   NSIndexPath *former = formerPath(table, touch);
   if (former && traitsOfRow(table, former).shown == shown) return former;
   NSIndexPath *alike = nil;
@@ -87,7 +82,7 @@ NSIndexPath *rowTouched(UITableView *table, const Json &touch) {
 
 UIBarButtonItem *buttonTouched(UIViewController *page, const Json &touch) {
   NSArray *buttons = barButtons(page);
-  const std::string name = textOrNone(touch, "button");
+  const std::string name = textOrEmpty(touch, "button");
   for (UIBarButtonItem *button in buttons) {
     if (!name.empty() && utf8(nameOf(button)) == name) return button;
   }
@@ -110,7 +105,7 @@ Json eventFor(const Json &touch, UIViewController *page, PageNumbers &numbers) {
     element.row = [table sim_numberOfRowAtIndexPath:path];
   }
   Json event{{"type", "tap"}, {"id", element.text()}};
-  if (const std::string part = textOrNone(touch, "part"); !part.empty()) event["part"] = part;
+  if (const std::string part = textOrEmpty(touch, "part"); !part.empty()) event["part"] = part;
   return event;
 }
 
@@ -119,8 +114,8 @@ Json eventFor(const Json &touch, UIViewController *page, PageNumbers &numbers) {
 void PageTrail::willPerform(const Json &event, UINavigationController *navigation, PageNumbers &numbers) {
   before_ = numbersOf(navigation, numbers);
   touch_ = nullptr;
-  if (!event.is_object() || textOrNone(event, "type") != "tap" || presentedOver(navigation)) return;
-  const auto id = ElementId::parse(textOrNone(event, "id"));
+  if (!event.is_object() || textOrEmpty(event, "type") != "tap" || presentedOver(navigation)) return;
+  const auto id = ElementId::parse(textOrEmpty(event, "id"));
   UIViewController *page = [navigation topViewController];
   if (!id || id->owner != before_.back()) return;
   if (id->kind == ElementKind::kButton) touch_ = buttonTouch(page, id->index, numbers);
@@ -129,7 +124,7 @@ void PageTrail::willPerform(const Json &event, UINavigationController *navigatio
   NSIndexPath *path = [table sim_indexPathOfRowNumbered:id->row];
   if (!path) return;
   touch_ = rowTouch(table, path);
-  if (const std::string part = textOrNone(event, "part"); !part.empty()) touch_["part"] = part;
+  if (const std::string part = textOrEmpty(event, "part"); !part.empty()) touch_["part"] = part;
 }
 
 void PageTrail::didPerform(UINavigationController *navigation, PageNumbers &numbers) {

@@ -137,7 +137,8 @@ void writeContent(JsonText &out, UIViewController *page, std::uint32_t number, I
     out.name("style").null();
     out.name("sections").beginArray();
     out.endArray();
-    writeView(out.name("view"), [page view], images);
+    [[page view] layoutIfNeeded];  // As before a device draws.
+    writeTouchableView(out.name("view"), [page view], images);
   }
 }
 

@@ -32,6 +32,9 @@ class Service final {
   bool owesAnnouncement_ = false;
 };
 
+/// Sends `report` through `channel`. Any thread that knows of Objective-C.
+void send(wire::Channel& channel, wire::Report report);
+
 /// Sends everything that happens on the device through `channel` (not owned; it outlives the process's use of the
 /// frameworks), from now on.
 void reportDeviceEvents(wire::Channel& channel);

@@ -13,16 +13,7 @@
 namespace sim {
 namespace {
 
-/// Sends on any thread: lines may be logged on others than the main one. A simulator that is gone is met when reading.
-void send(wire::Channel &channel, const wire::Message &message) {
-  static std::mutex mutex;
-  const std::lock_guard lock(mutex);
-  (void)channel.send(message);
-}
-
-void post(void *channel, wire::Report report) {
-  send(*static_cast<wire::Channel *>(channel), wire::encode(std::move(report)));
-}
+void post(void *channel, wire::Report report) { send(*static_cast<wire::Channel *>(channel), std::move(report)); }
 
 void postNotification(NSString *name, void *channel) {
   if (name) post(channel, wire::Notification{utf8(name)});
@@ -36,6 +27,14 @@ void postPasteboard(NSString *string, void *channel) {
 void postLog(NSString *line, void *channel) { post(channel, wire::Log{utf8(line)}); }
 
 }  // namespace
+
+// Lines may be logged on other threads than the main one. A simulator that is gone is met when reading.
+void send(wire::Channel &channel, wire::Report report) {
+  static std::mutex mutex;
+  const wire::Message message = wire::encode(std::move(report));
+  const std::lock_guard lock(mutex);
+  (void)channel.send(message);
+}
 
 void reportDeviceEvents(wire::Channel &channel) {
   SIMSetDarwinPostHandler(postNotification, &channel);

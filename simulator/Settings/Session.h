@@ -17,12 +17,15 @@
 
 namespace sim {
 
+class Stage;
+
 /// One run of the Settings application, from its root page on. Main thread only.
 class Session final {
  public:
   /// Shows `root` as the first page of the application's window. The first screen has the revision `firstRevision`,
-  /// which no earlier run has reached.
-  Session(UIViewController *root, std::uint64_t firstRevision);
+  /// which no earlier run has reached. With a `stage`, whose page the root is and which outlives the session, widgets
+  /// can be shown.
+  Session(UIViewController *root, std::uint64_t firstRevision, Stage *stage = nullptr);
 
   /// The screen as JSON, with its "revision".
   const std::string &screen() const { return text_; }
@@ -60,7 +63,12 @@ class Session final {
   wire::Reply work(const wire::Display &call);
   wire::Reply work(const wire::Place &call);
   wire::Reply work(const wire::Reopen &call);
+  wire::Reply work(const wire::LoadWidgets &call);
+  wire::Reply work(const wire::ShowWidget &call);
+  wire::Reply work(const wire::CallWidget &call);
+  wire::Reply work(const wire::OpenPreferences &call);
 
+  Stage *const stage_;
   objcxx::Retained<UIWindow> window_;
   objcxx::Retained<UINavigationController> navigation_;
   PageNumbers numbers_;

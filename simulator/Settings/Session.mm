@@ -8,6 +8,7 @@
 
 #import "Settings/EventRouter.h"
 #import "Settings/FileTransfer.h"
+#import "Settings/stage/Stage.h"
 
 #include "base/Json.hpp"
 
@@ -27,12 +28,31 @@ wire::Reply replyWith(NSData *bytes) {
 
 EventResult stale() { return {Outcome::stale, "The screen has changed; this event is for another revision."}; }
 
+wire::Reply noStage() { return replyTo(refused("Widgets are shown on the stage, which is another process.")); }
+
+/// Tells the stage, if there is one, that code of the widget on it may run.
+class OnStage final {
+ public:
+  explicit OnStage(Stage *stage, const char *doing) : stage_(stage) {
+    if (stage_) stage_->enter(doing);
+  }
+  ~OnStage() {
+    if (stage_) stage_->leave();
+  }
+  OnStage(const OnStage &) = delete;
+  OnStage &operator=(const OnStage &) = delete;
+
+ private:
+  Stage *stage_;
+};
+
 }  // namespace
 
-Session::Session(UIViewController *root, std::uint64_t firstRevision)
-    : window_(objcxx::adopt([[UIWindow alloc] initWithFrame:[[UIScreen mainScreen] bounds]])),
+Session::Session(UIViewController *root, std::uint64_t firstRevision, Stage *stage)
+    : stage_(stage),
+      window_(objcxx::adopt([[UIWindow alloc] initWithFrame:[[UIScreen mainScreen] bounds]])),
       navigation_(objcxx::adopt([[UINavigationController alloc] initWithRootViewController:root])),
-      images_(firstRevision),
+      images_(firstRevision, stage ? wire::kStagePlace : std::string_view()),
       revision_(firstRevision) {
   [[navigation_.get() navigationBar] setPrefersLargeTitles:YES];
   [window_.get() setRootViewController:navigation_.get()];
@@ -62,6 +82,7 @@ wire::Reply Session::perform(const wire::Call &call) {
   const bool answersScreen = traits.answer == wire::Answer::screen;
   // So that a row that was loaded anew meanwhile is found.
   if (traits.describesScreen && hasUnnamedRows(navigation_.get())) refresh();
+  const OnStage entered(stage_, traits.verb == wire::Verb::event ? "being touched" : "being laid out or drawn");
   wire::Reply reply;
   NSString *raised = guarded(@"performing an event",
                              [&] { reply = std::visit([this](const auto &each) { return work(each); }, call); });
@@ -142,6 +163,13 @@ wire::Reply Session::work(const wire::Reopen &call) {
   if (!trail_.reopen(place, navigation_.get(), numbers_, perform)) return replyTo(malformed("This is no place."));
   return {};
 }
+wire::Reply Session::work(const wire::LoadWidgets &call) { return stage_ ? stage_->load(call) : noStage(); }
+
+wire::Reply Session::work(const wire::ShowWidget &call) { return stage_ ? stage_->show(call) : noStage(); }
+
+wire::Reply Session::work(const wire::CallWidget &call) { return stage_ ? stage_->call(call) : noStage(); }
+
+wire::Reply Session::work(const wire::OpenPreferences &) { return stage_ ? stage_->openPreferences() : noStage(); }
 
 void Session::setDark(bool dark) {
   guarded(@"changing the appearance", [&] {

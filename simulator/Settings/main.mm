@@ -11,9 +11,11 @@
 #include <cstring>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #import "Settings/Service.h"
 #import "Settings/SettingsRootController.h"
+#import "Settings/stage/Stage.h"
 
 namespace {
 
@@ -24,6 +26,7 @@ struct Options {
   const char *device = nullptr;
   int channel = -1;
   unsigned long long revision = 1;
+  bool isStage = false;  // Whether it shows widgets in place of the settings.
 };
 
 std::optional<Options> parse(int count, char **arguments) {
@@ -37,6 +40,8 @@ std::optional<Options> parse(int count, char **arguments) {
       options.channel = std::atoi(value);
     } else if (name == "--revision") {
       options.revision = std::strtoull(value, nullptr, 10);
+    } else if (name == "--role" && std::string_view(value) == "stage") {
+      options.isStage = true;
     } else {
       return std::nullopt;
     }
@@ -65,7 +70,7 @@ std::optional<Options> parse(int count, char **arguments) {
 int main(int count, char **arguments) {
   const auto options = parse(count, arguments);
   if (!options) {
-    std::fputs("usage: settings --device DIR --channel DESCRIPTOR [--revision N]\n", stderr);
+    std::fputs("usage: settings --device DIR --channel DESCRIPTOR [--revision N] [--role stage]\n", stderr);
     return 2;
   }
   std::signal(SIGPIPE, SIG_IGN);
@@ -77,7 +82,10 @@ int main(int count, char **arguments) {
     (void)::fcntl(options->channel, F_SETFD, FD_CLOEXEC);
     sim::wire::Channel channel{sim::Descriptor(options->channel)};
     sim::reportDeviceEvents(channel);
-    sim::Session session([[[SettingsRootController alloc] init] autorelease], options->revision);
+    std::optional<sim::Stage> stage;
+    if (options->isStage) stage.emplace([&](sim::wire::Report report) { sim::send(channel, std::move(report)); });
+    UIViewController *root = stage ? stage->page() : [[[SettingsRootController alloc] init] autorelease];
+    sim::Session session(root, options->revision, stage ? &*stage : nullptr);
     sim::Service service(channel, session);
 
     ChannelWatcher *watcher = [[[ChannelWatcher alloc] init] autorelease];

@@ -29,4 +29,9 @@ const std::string* textIn(const nlohmann::json& value, std::string_view key) {
   return found == value.end() ? nullptr : found->get_ptr<const std::string*>();
 }
 
+std::string textOrEmpty(const nlohmann::json& value, std::string_view key) {
+  const std::string* text = textIn(value, key);
+  return text ? *text : std::string();
+}
+
 }  // namespace sim

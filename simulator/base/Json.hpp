@@ -19,5 +19,7 @@ std::optional<nlohmann::json> parseJson(std::string_view text);
 
 /// The text under `key`, which lives as long as `value`; nullptr when there is none, or `value` is no object.
 const std::string* textIn(const nlohmann::json& value, std::string_view key);
+/// The same; empty when there is none.
+std::string textOrEmpty(const nlohmann::json& value, std::string_view key);
 
 }  // namespace sim

@@ -31,11 +31,6 @@ bool staysInside(const std::filesystem::path& path) {
   return true;
 }
 
-std::string textOrNone(const nlohmann::json& entry, std::string_view key) {
-  const std::string* text = textIn(entry, key);
-  return text ? *text : std::string();
-}
-
 void replaceFile(const std::filesystem::path& file, std::string_view content, mode_t mode) {
   if (const int error = writeFileAtomically(file, std::as_bytes(std::span(content)), mode))
     throw Failure::fromErrno("Cannot write " + file.string(), error);
@@ -50,7 +45,7 @@ Installer::Installer(std::filesystem::path root, std::filesystem::path manifest)
   if (!parsed || !parsed->is_object()) return;
   for (const auto& [path, entry] : parsed->items())
     if (entry.is_object() && staysInside(path))
-      entries_[path] = {textOrNone(entry, "edition"), textOrNone(entry, "digest")};
+      entries_[path] = {textOrEmpty(entry, "edition"), textOrEmpty(entry, "digest")};
 }
 
 void Installer::install(const ShippedFile& file) {

@@ -98,10 +98,14 @@ std::optional<Build> buildIn(const nlohmann::json& body) {
 void Api::handle(Endpoint endpoint, Request request, Respond respond) {
   switch (endpoint) {
     case Endpoint::screen: return screen(respond);
-    case Endpoint::events: return event(std::move(request), std::move(respond));
+    case Endpoint::events: return event(&settings_, std::move(request), std::move(respond));
+    case Endpoint::stage: return stage(request, std::move(respond));
+    case Endpoint::stageScreen: return ask(stage_.process(), wire::Screen{}, std::move(respond));
+    case Endpoint::stageEvents: return event(stage_.process(), std::move(request), std::move(respond));
+    case Endpoint::stagePickedFile: return pickFile(stage_.process(), request, std::move(respond));
     case Endpoint::image: return image(request, std::move(respond));
     case Endpoint::photos: return addPhoto(request, std::move(respond));
-    case Endpoint::pickedFile: return pickFile(request, std::move(respond));
+    case Endpoint::pickedFile: return pickFile(&settings_, request, std::move(respond));
     case Endpoint::shared: return shared(request, std::move(respond));
     case Endpoint::device: return device(respond);
     case Endpoint::pasteboard: return pasteboard(request, respond);
@@ -119,18 +123,39 @@ void Api::screen(const Respond& respond) {
   respond(jsonResponse(200, wire::noticeScreen(settings_.revision(), "Settings could not be started", *failure)));
 }
 
-void Api::event(Request request, Respond respond) {
+void Api::stage(const Request& request, Respond respond) {
+  stage_.perform(parseJson(request.body).value_or(nlohmann::json()), std::move(respond));
+}
+
+void Api::event(SettingsProcess* process, Request request, Respond respond) {
   isPlaceCurrent_ = false;
-  settings_.request(wire::Event{std::move(request.body)}, std::move(respond));
+  ask(process, wire::Event{std::move(request.body)}, std::move(respond));
+}
+
+// `process` is nullptr for the stage when nothing is on it.
+void Api::ask(SettingsProcess* process, wire::Call call, Respond respond) {
+  if (process == nullptr) return respond(errorResponse(404, "No widget is on the stage."));
+  process->request(std::move(call), std::move(respond));
+}
+
+void Api::tell(const wire::Call& call) {
+  settings_.tell(call);
+  stage_.tell(call);
+}
+
+// Whose picture or shared item has this identifier.
+SettingsProcess* Api::processOf(std::string_view identifier) {
+  return identifier.starts_with(wire::kStagePlace) ? stage_.process() : &settings_;
 }
 
 void Api::image(const Request& request, Respond respond) {
   std::string identifier(identifierIn(request.head.path));
   if (const Response* known = images_.find(identifier)) return respond(*known);
-  settings_.request(wire::Image{identifier}, [this, identifier, respond = std::move(respond)](Response response) {
-    if (response.status == 200) images_.insert(identifier, response);
-    respond(std::move(response));
-  });
+  ask(processOf(identifier), wire::Image{identifier},
+      [this, identifier, respond = std::move(respond)](Response response) {
+        if (response.status == 200) images_.insert(identifier, response);
+        respond(std::move(response));
+      });
 }
 
 void Api::addPhoto(const Request& request, Respond respond) {
@@ -139,7 +164,7 @@ void Api::addPhoto(const Request& request, Respond respond) {
   settings_.request(std::move(call), keeping(request.upload, std::move(respond)));
 }
 
-void Api::pickFile(const Request& request, Respond respond) {
+void Api::pickFile(SettingsProcess* process, const Request& request, Respond respond) {
   wire::PickFile call{request.upload->devicePath(), {}, {}};
   std::optional<std::string> name;
   if (!readFileName(request, name) || !name) return respond(errorResponse(400, "The X-Sim-File-Name names no file."));
@@ -147,12 +172,14 @@ void Api::pickFile(const Request& request, Respond respond) {
   if (!readRevision(request, call.revision))
     return respond(errorResponse(400, "The X-Sim-Revision is no whole number."));
   isPlaceCurrent_ = false;
-  settings_.request(std::move(call), keeping(request.upload, std::move(respond)));
+  ask(process, std::move(call), keeping(request.upload, std::move(respond)));
 }
 
 void Api::shared(const Request& request, Respond respond) {
-  wire::Shared call{std::string(identifierIn(request.head.path))};
-  settings_.request(std::move(call), [respond = std::move(respond)](Response response) {
+  std::string identifier(identifierIn(request.head.path));
+  SettingsProcess* process = processOf(identifier);
+  if (process != &settings_) identifier.erase(0, wire::kStagePlace.size());
+  ask(process, wire::Shared{std::move(identifier)}, [respond = std::move(respond)](Response response) {
     if (response.status == 200) response.headers.emplace_back("Content-Disposition", "attachment");
     respond(std::move(response));
   });
@@ -161,6 +188,7 @@ void Api::shared(const Request& request, Respond respond) {
 void Api::device(const Respond& respond) {
   nlohmann::json state = device_.json();
   state["files"] = files_.json();
+  state["stage"] = stage_.json();
   respond(jsonResponse(200, state));
 }
 
@@ -170,7 +198,7 @@ void Api::pasteboard(const Request& request, const Respond& respond) {
   if (!body.is_object() || string == body.end() || !(string->is_string() || string->is_null()))
     return respond(errorResponse(400, "The body must be {\"string\": text or null}."));
   device_.setPasteboard(string->is_null() ? std::nullopt : std::optional(string->get<std::string>()));
-  settings_.tell(wire::Pasteboard{device_.pasteboard()});
+  tell(wire::Pasteboard{device_.pasteboard()});
   respond(jsonResponse(200, body));
 }
 
@@ -186,7 +214,7 @@ void Api::appearance(const Request& request, const Respond& respond) {
   if (!style || !(*style == "light" || *style == "dark"))
     return respond(errorResponse(400, "The body must be {\"style\": \"light\" or \"dark\"}."));
   device_.setAppearance(*style);
-  settings_.tell(appearanceCall(*device_.appearance()));
+  tell(appearanceCall(*device_.appearance()));
   respond(jsonResponse(200, body));
 }
 
@@ -197,7 +225,7 @@ void Api::display(const Request& request, const Respond& respond) {
                                  "The body must have \"kind\", \"phone\" or \"tablet\", or \"orientation\", "
                                  "\"portrait\" or \"landscape\", or both."));
   device_.setDisplay(*display);
-  settings_.tell(displayCall(*display));
+  tell(displayCall(*display));
   respond(jsonResponse(200, display->json()));
 }
 
@@ -220,6 +248,7 @@ void Api::reload(Respond respond) {
   } catch (const Failure& failure) {
     return respond(errorResponse(500, failure.what()));
   }
+  stage_.reload();
   if (isPlaceCurrent_) return settings_.restart(place_, std::move(respond));
   settings_.askPlace([this, respond = std::move(respond)](Response answer) {
     if (answer.status == 200) place_ = *answer.body;

@@ -6,6 +6,9 @@
 #include "server/ImageCache.hpp"
 #include "server/Router.hpp"
 #include "server/SettingsProcess.hpp"
+#include "server/WidgetStage.hpp"
+
+#include <string_view>
 
 #include <functional>
 #include <optional>
@@ -18,19 +21,25 @@ namespace sim {
 class Api final {
  public:
   /// `install` brings the device folder up to date with what the build has now; it may throw Failure.
-  Api(SettingsProcess& settings, DeviceState& device, PreferenceFiles& files, ImageCache& images,
+  Api(SettingsProcess& settings, WidgetStage& stage, DeviceState& device, PreferenceFiles& files, ImageCache& images,
       std::function<void()> install)
-      : settings_(settings), device_(device), files_(files), images_(images), install_(std::move(install)) {}
+      : settings_(settings),
+        stage_(stage),
+        device_(device),
+        files_(files),
+        images_(images),
+        install_(std::move(install)) {}
 
   /// Answers the call, now or later.
   void handle(Endpoint endpoint, Request request, Respond respond);
 
  private:
   void screen(const Respond& respond);
-  void event(Request request, Respond respond);
+  void stage(const Request& request, Respond respond);
+  void event(SettingsProcess* process, Request request, Respond respond);
   void image(const Request& request, Respond respond);
   void addPhoto(const Request& request, Respond respond);
-  void pickFile(const Request& request, Respond respond);
+  void pickFile(SettingsProcess* process, const Request& request, Respond respond);
   void shared(const Request& request, Respond respond);
   void device(const Respond& respond);
   void pasteboard(const Request& request, const Respond& respond);
@@ -40,7 +49,12 @@ class Api final {
   void builds(const Request& request, const Respond& respond);
   void reload(Respond respond);
 
+  void ask(SettingsProcess* process, wire::Call call, Respond respond);
+  void tell(const wire::Call& call);
+  SettingsProcess* processOf(std::string_view identifier);
+
   SettingsProcess& settings_;
+  WidgetStage& stage_;
   DeviceState& device_;
   PreferenceFiles& files_;
   ImageCache& images_;

@@ -83,6 +83,8 @@ void DeviceState::setBuild(Build build) {
 
 void DeviceState::filesChanged() { didChange(); }
 
+void DeviceState::stageChanged() { didChange(); }
+
 nlohmann::json DeviceState::json() const {
   nlohmann::json notifications = nlohmann::json::array();
   for (const Notification& notification : notifications_)

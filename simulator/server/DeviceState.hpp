@@ -53,8 +53,9 @@ class DeviceState final {
   /// it.
   void setBuild(Build build);
 
-  /// The preference files have changed; they are kept elsewhere.
+  /// The preference files have changed; they are kept elsewhere. So is the stage.
   void filesChanged();
+  void stageChanged();
 
   const std::optional<std::string>& pasteboard() const noexcept { return pasteboard_; }
 
@@ -66,7 +67,7 @@ class DeviceState final {
   /// Grows with every change.
   std::uint64_t sequence() const noexcept { return sequence_; }
 
-  /// Everything but the files, as the interface gives it: of a long pasteboard only its beginning.
+  /// Everything but the files and the stage, as the interface gives it: of a long pasteboard only its beginning.
   nlohmann::json json() const;
 
  private:

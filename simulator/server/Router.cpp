@@ -21,7 +21,7 @@ struct Route {
   std::size_t longestBody = 0;
 };
 
-constexpr std::array<Route, 12> kRoutes{{
+constexpr std::array<Route, 16> kRoutes{{
     {"/api/screen", "GET", Endpoint::screen},
     {"/api/events", "POST", Endpoint::events, BodyKind::json, kLongestText},
     {"/api/device", "GET", Endpoint::device},
@@ -33,6 +33,10 @@ constexpr std::array<Route, 12> kRoutes{{
     {"/api/picked-file", "PUT", Endpoint::pickedFile, BodyKind::file, kLongestFile},
     {"/api/builds", "PUT", Endpoint::builds, BodyKind::json, kLongestJson},
     {"/api/reload", "POST", Endpoint::reload, BodyKind::json, kLongestJson},
+    {"/api/stage", "POST", Endpoint::stage, BodyKind::json, kLongestJson},
+    {"/api/stage/screen", "GET", Endpoint::stageScreen},
+    {"/api/stage/events", "POST", Endpoint::stageEvents, BodyKind::json, kLongestText},
+    {"/api/stage/picked-file", "PUT", Endpoint::stagePickedFile, BodyKind::file, kLongestFile},
     {"/api/stream", "GET", std::nullopt},
 }};
 

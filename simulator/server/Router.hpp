@@ -22,7 +22,11 @@ enum class Endpoint {
   pickedFile,
   shared,
   builds,
-  reload
+  reload,
+  stage,
+  stageScreen,
+  stageEvents,
+  stagePickedFile
 };
 
 /// What the body of a call is: nothing, a JSON text that is kept in memory, or a file.

@@ -59,6 +59,17 @@ SettingsProcess::~SettingsProcess() { stop(); }
 
 void SettingsProcess::start() { launch(); }
 
+void SettingsProcess::end(const std::string& why) {
+  loop_.cancel(restartTimer_);
+  if (child_) {
+    child_->kill();
+    drain();
+    detach();
+  }
+  shortLives_ = 0;
+  failPending(503, why);
+}
+
 void SettingsProcess::stop() {
   loop_.cancel(restartTimer_);
   if (child_) {
@@ -76,7 +87,7 @@ void SettingsProcess::request(wire::Call call, Respond respond) {
 }
 
 void SettingsProcess::request(wire::Call call, Respond respond, Milliseconds patience) {
-  if (!child_) return respond(errorResponse(503, failure_.value_or("Settings is not running.")));
+  if (!child_) return respond(errorResponse(503, failure_.value_or(settings_.name + " is not running.")));
 
   const std::uint64_t number = ++lastRequest_;
   const EventLoop::Timer timeout = loop_.after(patience, [this, number, patience] {
@@ -84,7 +95,7 @@ void SettingsProcess::request(wire::Call call, Respond respond, Milliseconds pat
     if (entry == pending_.end() || !entry->second.respond) return;
     // The entry stays: the process still owes the answer, and is hung when it never comes.
     std::exchange(entry->second.respond,
-                  nullptr)(errorResponse(504, "Settings has not answered within " + seconds(patience) + "."));
+                  nullptr)(errorResponse(504, settings_.name + " has not answered within " + seconds(patience) + "."));
   });
   if (pending_.empty()) waitingSince_ = Clock::now();
   pending_.emplace(number, Pending{wire::traitsOf(call).answer, std::move(respond), timeout});
@@ -145,7 +156,9 @@ void SettingsProcess::launch() {
   try {
     child_ = std::make_unique<ChildProcess>([this](int descriptor) { return command(descriptor); });
   } catch (const Failure& failure) {
-    ended(failure.what());
+    std::string reason = failure.what();
+    if (reason.ends_with('.')) reason.pop_back();
+    ended({"could not be started: " + reason});
     return;
   }
   failure_.reset();
@@ -157,9 +170,10 @@ void SettingsProcess::launch() {
 }
 
 ProgramCommand SettingsProcess::command(int channel) const {
-  const std::vector<std::string> arguments{"--device",   settings_.sandbox ? "/" : settings_.deviceFolder,
-                                           "--channel",  std::to_string(channel),
-                                           "--revision", std::to_string(revision_)};
+  std::vector<std::string> arguments{"--device",   settings_.sandbox ? "/" : settings_.deviceFolder,
+                                     "--channel",  std::to_string(channel),
+                                     "--revision", std::to_string(revision_)};
+  arguments.insert(arguments.end(), settings_.arguments.begin(), settings_.arguments.end());
   if (settings_.sandbox) return settings_.sandbox->command(settings_.program, arguments);
   return {settings_.program, arguments};
 }
@@ -188,14 +202,14 @@ void SettingsProcess::channelClosed() {
   loop_.unwatch(child_->channel().descriptor());
   closeTimer_ = loop_.after(settings_.patience.close, [this] {
     child_->kill();
-    ended("Settings has left its channel and was killed.");
+    ended({"has left its channel and was killed"});
   });
 }
 
 void SettingsProcess::childEnded() {
   const std::string how = child_->kill();
   drain();
-  ended("Settings " + how + ".");
+  ended({how});
 }
 
 // Takes what the process said before its end. Another process may hold the channel open, so this does not wait for its
@@ -217,7 +231,7 @@ void SettingsProcess::take(wire::Report report) {
   std::visit(wire::Overloaded{
                  [this](wire::Reply& reply) { answer(std::move(reply)); },
                  [this](wire::Changed& changed) { sawRevision(changed.revision); },
-                 [this](wire::Unreadable&) { listener_.logged("Settings has said what nobody understands."); },
+                 [this](wire::Unreadable&) { listener_.logged(settings_.name + " has said what nobody understands."); },
                  [this](auto& post) { listener_.posted(std::move(post)); },
              },
              report);
@@ -252,7 +266,8 @@ void SettingsProcess::checkForHang() {
   if (pending_.empty() || !child_) return;
   if (Clock::now() - waitingSince_ < settings_.patience.hung) return watchForHang();
   child_->kill();
-  ended("Settings has not answered for " + seconds(settings_.patience.hung) + " and was killed.");
+  drain();
+  ended({"has not answered for " + seconds(settings_.patience.hung) + " and was killed", true});
 }
 
 // Lets go of the process, which is killed when it still runs.
@@ -265,10 +280,18 @@ void SettingsProcess::detach() {
   child_.reset();
 }
 
-void SettingsProcess::ended(const std::string& how) {
+void SettingsProcess::ended(const End& end) {
+  const std::string how = settings_.name + " " + end.how + ".";
   const bool wasShort = Clock::now() - launched_ < settings_.patience.shortLife;
   shortLives_ = wasShort ? shortLives_ + 1 : 0;
   detach();
+  if (!settings_.isStartedAgain) {
+    failure_ = how;
+    ++revision_;
+    listener_.logged(how);
+    listener_.ended(end);
+    return failPending(500, how);
+  }
   failPending(500, how);
   if (shortLives_ < 2) {
     listener_.logged(how + " It is started again.");

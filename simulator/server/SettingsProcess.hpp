@@ -43,10 +43,20 @@ class SettingsProcess final {
     std::string deviceFolder;
     Patience patience{};
     const Sandbox* sandbox = nullptr;  // What the program runs in; outlives the keeper.
+    std::vector<std::string> arguments{};
+    std::string name = "Settings";  // What people call the process, at the beginning of a sentence.
+    bool isStartedAgain = true;     // Whether a process that ends by itself is.
   };
 
   /// What has happened on the device.
-  using Post = std::variant<wire::Notification, wire::OpenURL, wire::Pasteboard, wire::Log>;
+  using Post =
+      std::variant<wire::Notification, wire::OpenURL, wire::Pasteboard, wire::Log, wire::Entering, wire::Raised>;
+
+  /// How a process came to its end: a clause without its subject, as in "exited with status 1".
+  struct End {
+    std::string how;
+    bool wasHung = false;
+  };
 
   /// What the keeper tells its owner.
   struct Listener {
@@ -55,6 +65,7 @@ class SettingsProcess final {
     std::function<void(const std::string& line)> logged;
     std::function<void()> revisionChanged;
     std::function<void()> started;  // A fresh process has taken over; what was known of the old one's pictures is void.
+    std::function<void(const End& end)> ended = {};  // One that is not started again, before its requests are answered.
   };
 
   /// `loop` must outlive the keeper.
@@ -63,11 +74,16 @@ class SettingsProcess final {
   SettingsProcess(const SettingsProcess&) = delete;
   SettingsProcess& operator=(const SettingsProcess&) = delete;
 
-  /// Starts the first process. A failure is told in the log, and tried again.
+  /// Starts the first process, or one after `end`. A failure is told in the log, and tried again.
   void start();
 
-  /// Ends the process; what was asked is answered with 503.
+  /// Ends the process at once, if there is one; what was asked is answered with 503 and `why`.
+  void end(const std::string& why);
+
+  /// Lets the process end by itself, as the simulator does; what was asked is answered with 503.
   void stop();
+
+  bool isRunning() const noexcept { return child_ != nullptr; }
 
   /// Asks the process. `respond` gets the answer, or an error: 504 when none came in time, 500 when the process ended
   /// over it, 503 when there is no process, 502 when the answer is none.
@@ -117,7 +133,7 @@ class SettingsProcess final {
   void watchForHang();
   void checkForHang();
   void detach();
-  void ended(const std::string& how);
+  void ended(const End& end);
   void failPending(int status, const std::string& reason);
 
   EventLoop& loop_;

@@ -40,7 +40,8 @@ Simulator::Simulator(const Options& options, SettingsProcess::Patience patience)
       sandbox_(sandboxFor(options, folder_)),
       settings_(loop_, {options.settings, folder_.path(), patience, sandbox_ ? &*sandbox_ : nullptr},
                 settingsListener()),
-      api_(settings_, device_, files_, images_, [this, tree = options.install] { folder_.install(tree); }) {
+      stage_(loop_, {options.settings, folder_.path(), patience, sandbox_ ? &*sandbox_ : nullptr}, stageListener()),
+      api_(settings_, stage_, device_, files_, images_, [this, tree = options.install] { folder_.install(tree); }) {
   readPage(options);
   folder_.install(options.install);
   Listener listener = listenOnLoopback(options.port);
@@ -66,6 +67,7 @@ Simulator::Simulator(const Options& options, SettingsProcess::Patience patience)
 Simulator::~Simulator() {
   loop_.unwatch(folder_.backboardd().descriptor());
   settings_.stop();  // Answers what waits for it, which takes the server.
+  stage_.stop();
 }
 
 void Simulator::run() { loop_.run(); }
@@ -78,17 +80,35 @@ void Simulator::readPage(const Options& options) {
 
 SettingsProcess::Listener Simulator::settingsListener() {
   return {
-      .greeting =
-          [this] {
-            std::vector<wire::Call> calls{displayCall(device_.display()), wire::Pasteboard{device_.pasteboard()}};
-            if (const auto& style = device_.appearance()) calls.push_back(appearanceCall(*style));
-            return calls;
+      .greeting = [this] { return greeting(); },
+      .posted =
+          [this](SettingsProcess::Post post) {
+            if (const auto* pasteboard = std::get_if<wire::Pasteboard>(&post)) stage_.tell(*pasteboard);
+            posted(std::move(post));
           },
-      .posted = [this](SettingsProcess::Post post) { posted(std::move(post)); },
       .logged = [this](const std::string& line) { logged(line); },
       .revisionChanged = [this] { publish(); },
       .started = [this] { images_.clear(); },
   };
+}
+
+WidgetStage::Listener Simulator::stageListener() {
+  return {
+      .greeting = [this] { return greeting(); },
+      .posted =
+          [this](SettingsProcess::Post post) {
+            if (const auto* pasteboard = std::get_if<wire::Pasteboard>(&post)) settings_.tell(*pasteboard);
+            posted(std::move(post));
+          },
+      .logged = [this](const std::string& line) { logged(line); },
+      .changed = [this] { device_.stageChanged(); },
+  };
+}
+
+std::vector<wire::Call> Simulator::greeting() const {
+  std::vector<wire::Call> calls{displayCall(device_.display()), wire::Pasteboard{device_.pasteboard()}};
+  if (const auto& style = device_.appearance()) calls.push_back(appearanceCall(*style));
+  return calls;
 }
 
 void Simulator::posted(SettingsProcess::Post post) {
@@ -97,6 +117,7 @@ void Simulator::posted(SettingsProcess::Post post) {
                  [this](wire::OpenURL& each) { device_.addOpenedUrl(std::move(each.url)); },
                  [this](wire::Pasteboard& each) { device_.setPasteboard(std::move(each.string)); },
                  [this](wire::Log& each) { device_.addLogLine(asOnDevice(std::move(each.line))); },
+                 [](auto&) {},  // Of widgets, which are the stage's.
              },
              post);
 }
@@ -119,7 +140,9 @@ void Simulator::publish() { streams_.publish({settings_.revision(), device_.sequ
 void Simulator::takeResprings() {
   const int requests = folder_.backboardd().takeRequests();
   for (int i = 0; i < requests; ++i) device_.addRespring();
-  if (requests > 0) settings_.respring();
+  if (requests == 0) return;
+  stage_.close("The device resprang.");
+  settings_.respring();
 }
 
 void Simulator::keepStreamsAlive() {

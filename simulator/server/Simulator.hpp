@@ -15,6 +15,7 @@
 #include "server/SettingsProcess.hpp"
 #include "server/StaticFiles.hpp"
 #include "server/UploadFolder.hpp"
+#include "server/WidgetStage.hpp"
 
 #include <optional>
 #include <string>
@@ -42,6 +43,8 @@ class Simulator final {
  private:
   void readPage(const Options& options);
   SettingsProcess::Listener settingsListener();
+  WidgetStage::Listener stageListener();
+  std::vector<wire::Call> greeting() const;
   void posted(SettingsProcess::Post post);
   std::string asOnDevice(std::string line) const;
   void logged(const std::string& line);
@@ -60,6 +63,7 @@ class Simulator final {
   ImageCache images_;
   std::optional<Sandbox> sandbox_;
   SettingsProcess settings_;
+  WidgetStage stage_;
   Api api_;
   std::string address_;
   std::optional<AddressFile> addressFile_;

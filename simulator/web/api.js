@@ -9,13 +9,26 @@ export class ApiError extends Error {
 /** The simulator's HTTP interface; every call carries the token. */
 export class Api {
   #token;
+  #place;
 
-  constructor(token) {
+  /** `place` is that of the screen and of what is done on it: "/api" for the settings, "/api/stage" for the stage. */
+  constructor(token, place = '/api') {
     this.#token = token;
+    this.#place = place;
+  }
+
+  /** The interface to the screen of the stage, and to the same device. */
+  get ofStage() {
+    return new Api(this.#token, '/api/stage');
   }
 
   screen() {
-    return this.#json('GET', '/api/screen');
+    return this.#json('GET', `${this.#place}/screen`);
+  }
+
+  /** Resolves with the state of the stage when `action` is done. */
+  stage(action) {
+    return this.#json('POST', '/api/stage', action);
   }
 
   device() {
@@ -24,7 +37,7 @@ export class Api {
 
   /** Resolves with the screen after the event. */
   event(event) {
-    return this.#json('POST', '/api/events', event);
+    return this.#json('POST', `${this.#place}/events`, event);
   }
 
   /** Resolves with `{string}`. */
@@ -56,7 +69,7 @@ export class Api {
 
   /** Resolves with the screen after the pick. */
   pickFile(file, revision, way) {
-    return this.#upload('/api/picked-file', file, { 'X-Sim-Revision': String(revision) }, way);
+    return this.#upload(`${this.#place}/picked-file`, file, { 'X-Sim-Revision': String(revision) }, way);
   }
 
   async blob(url) {

@@ -27,6 +27,10 @@ export class Session {
   });
   images;
   uploads;
+  /** The session of the stage's screen, which follows this one; null in that one. */
+  stage = null;
+  /** Whether this is that one. */
+  isStage = false;
   #api;
   #input = Promise.resolve();
   #stream = null;
@@ -39,6 +43,14 @@ export class Session {
     this.uploads = new Uploads(this, api);
     this.#refreshScreen = coalesced(() => this.#loadScreen());
     this.#refreshDevice = coalesced(() => this.#loadDevice());
+  }
+
+  /** Gives `session` one of the stage's screen: the device is the same, and told by `session`. */
+  static addStage(session, api) {
+    const stage = new Session(api.ofStage);
+    stage.isStage = true;
+    session.stage = stage;
+    session.store.subscribe(({ device, connection }) => stage.#follow(device, connection));
   }
 
   /** Connects, and from then on is connected whenever the page is visible. */
@@ -133,6 +145,18 @@ export class Session {
     await this.#refreshDevice();
   }
 
+  /** Resolves with null or with the reason why the stage did not do `action`. */
+  async directStage(action) {
+    try {
+      await this.#api.stage(action);
+    } catch (error) {
+      return error.message;
+    } finally {
+      await this.#refreshDevice();
+    }
+    return null;
+  }
+
   blob(url) {
     return this.#api.blob(url);
   }
@@ -216,6 +240,15 @@ export class Session {
     } catch (error) {
       if (!(error instanceof ApiError)) throw error;
     }
+  }
+
+  #follow(device, connection) {
+    const known = this.store.state;
+    if (known.device === device && known.connection === connection) return;
+    this.store.set({ device, connection });
+    const { shown = null, revision = 0 } = device?.stage ?? {};
+    if (shown === null) this.store.set({ screen: null, screenError: null, notice: null });
+    else if (revision > (known.screen?.revision ?? 0)) this.#refreshScreen();
   }
 
   #sendAppearance(darkness) {

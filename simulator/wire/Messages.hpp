@@ -28,15 +28,22 @@ enum class Verb : std::uint8_t {
   display,
   place,
   reopen,
+  loadWidgets,
+  showWidget,
+  callWidget,
+  openPreferences,
   reply,
   changed,
   notification,
   openURL,
   log,
+  entering,
+  raised,
 };
 
-/// What a call that was done is answered with: nothing, the screen and {"path"} as JSON, a PNG file, or any bytes.
-enum class Answer : std::uint8_t { none, screen, photo, picture, file };
+/// What a call that was done is answered with: nothing, the screen and {"path"} as JSON, a PNG file, any bytes, or JSON
+/// of the call's own.
+enum class Answer : std::uint8_t { none, screen, photo, picture, file, data };
 
 struct VerbTraits {
   Verb verb;
@@ -59,15 +66,25 @@ inline constexpr std::array kVerbs{
     VerbTraits{Verb::display, "display", Answer::none, true},
     VerbTraits{Verb::place, "place", Answer::file},
     VerbTraits{Verb::reopen, "reopen", Answer::screen, true},
+    VerbTraits{Verb::loadWidgets, "loadWidgets", Answer::data, true},
+    VerbTraits{Verb::showWidget, "showWidget", Answer::data, true},
+    VerbTraits{Verb::callWidget, "callWidget", Answer::data, true},
+    VerbTraits{Verb::openPreferences, "openPreferences", Answer::data, true},
     // Reports of the Settings process, which also reports the pasteboard.
     VerbTraits{Verb::reply, "reply"},
     VerbTraits{Verb::changed, "changed"},
     VerbTraits{Verb::notification, "notification"},
     VerbTraits{Verb::openURL, "openURL"},
     VerbTraits{Verb::log, "log"},
+    VerbTraits{Verb::entering, "entering"},
+    VerbTraits{Verb::raised, "raised"},
 };
 
 constexpr const VerbTraits& traitsOf(Verb verb) { return *std::ranges::find(kVerbs, verb, &VerbTraits::verb); }
+
+/// What begins the identifiers of pictures and of shared items in the process of the stage, which numbers them on its
+/// own.
+inline constexpr std::string_view kStagePlace = "stage-";
 
 /// What became of a call. Everything but `done` has changed nothing, and goes with a sentence for people.
 enum class Outcome : std::uint8_t {
@@ -192,6 +209,38 @@ struct Reopen {
   static void fields(auto& self, auto& codec) { codec.payload(self.place); }
 };
 
+/// Asks to have the widgets loaded by the bundle that loads them. Answered with the JSON array of them.
+struct LoadWidgets {
+  static constexpr Verb kVerb = Verb::loadWidgets;
+  std::string
+      refused;  ///< JSON object: why the code of some bundles is not to be loaded, by their paths on the device.
+  static void fields(auto& self, auto& codec) { codec.payload(self.refused); }
+};
+
+/// Asks to set a widget up and to show it. Answered with its state, {"active"}, as JSON; so are the two below.
+struct ShowWidget {
+  static constexpr Verb kVerb = Verb::showWidget;
+  std::string path;  ///< Of its bundle on the device.
+  static void fields(auto& self, auto& codec) { codec("path", self.path); }
+};
+
+/// Asks to send the widget on the stage a message.
+struct CallWidget {
+  static constexpr Verb kVerb = Verb::callWidget;
+  std::string method;            ///< Its selector.
+  std::optional<bool> argument;  ///< For a method that takes one.
+  static void fields(auto& self, auto& codec) {
+    codec("method", self.method);
+    codec("argument", self.argument);
+  }
+};
+
+/// Asks to open the list of preferences that the widget on the stage brings along.
+struct OpenPreferences {
+  static constexpr Verb kVerb = Verb::openPreferences;
+  static void fields(auto&, auto&) {}
+};
+
 /// Answers a request.
 struct Reply {
   static constexpr Verb kVerb = Verb::reply;
@@ -235,9 +284,31 @@ struct Log {
   static void fields(auto& self, auto& codec) { codec.payload(self.line); }
 };
 
+/// Tells that the code of a widget is about to run: should the process end or hang, this is where.
+struct Entering {
+  static constexpr Verb kVerb = Verb::entering;
+  std::string widget;  ///< The path of its bundle on the device.
+  std::string doing;   ///< What it is at, as "-viewDidAppear" or "being loaded".
+  static void fields(auto& self, auto& codec) {
+    codec("widget", self.widget);
+    codec("doing", self.doing);
+  }
+};
+
+/// Tells that the code of a widget has raised an exception that it did not catch.
+struct Raised {
+  static constexpr Verb kVerb = Verb::raised;
+  std::string name;
+  std::string reason;
+  static void fields(auto& self, auto& codec) {
+    codec("name", self.name);
+    codec.payload(self.reason);
+  }
+};
+
 /// What the simulator says.
 using Call = std::variant<Unreadable, Screen, Event, PickFile, AddPhoto, Image, Shared, Pasteboard, Appearance, Display,
-                          Place, Reopen>;
+                          Place, Reopen, LoadWidgets, ShowWidget, CallWidget, OpenPreferences>;
 
 /// A call that is to be answered, or with the number 0 one that is not.
 struct Request {
@@ -246,7 +317,7 @@ struct Request {
 };
 
 /// What the Settings process says.
-using Report = std::variant<Unreadable, Reply, Changed, Notification, OpenURL, Pasteboard, Log>;
+using Report = std::variant<Unreadable, Reply, Changed, Notification, OpenURL, Pasteboard, Log, Entering, Raised>;
 
 const VerbTraits& traitsOf(const Call& call);
 

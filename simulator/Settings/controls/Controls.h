@@ -10,6 +10,9 @@ namespace sim {
 
 class ImageStore;
 
+/// Whether the view is of one of the kinds of control that a row can have; a button is none.
+bool isControl(UIView *view);
+
 /// The control at or below `view` that a person works directly (switch, slider, segments, text field, text view), or a
 /// spinner, depth first; nil when there is none.
 UIView *findControl(UIView *view);

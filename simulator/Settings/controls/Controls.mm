@@ -19,6 +19,8 @@ const ControlAdapter *adapterOf(UIView *view) {
 
 }  // namespace
 
+bool isControl(UIView *view) { return adapterOf(view) != nullptr; }
+
 UIView *findControl(UIView *view) {
   if (adapterOf(view)) return view;
   for (UIView *child in [view subviews]) {

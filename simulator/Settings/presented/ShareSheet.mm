@@ -2,12 +2,13 @@
 #import <UIKit/UIActivityViewController+Sim.h>
 
 #import "Settings/FileTransfer.h"
+#import "Settings/ImageStore.h"
 #import "Settings/presented/PresentedAdapter.h"
 
 namespace sim {
 namespace {
 
-void writeItem(JsonText &out, id item, NSArray *activities, const std::string &identifier) {
+void writeItem(JsonText &out, id item, NSArray *activities, const std::string &identifier, const ImageStore &images) {
   NSString *fileName = fileNameOfSharedItem(item);
   const bool copies = [activities containsObject:UIActivityTypeCopyToPasteboard] && canCopySharedItem(item);
   const bool saves = [activities containsObject:SIMActivityTypeSaveToFiles] && fileName;
@@ -21,7 +22,7 @@ void writeItem(JsonText &out, id item, NSArray *activities, const std::string &i
   writeText(out.name("fileName"), saves ? fileName : nil);
   out.name("url");
   if (saves) {
-    out.string("/shared/" + identifier);
+    out.string("/shared/" + images.place() + identifier);
   } else {
     out.null();
   }
@@ -33,7 +34,7 @@ void writeItem(JsonText &out, id item, NSArray *activities, const std::string &i
   out.endObject();
 }
 
-void describe(JsonText &out, UIViewController *presented, std::uint32_t number, ImageStore &) {
+void describe(JsonText &out, UIViewController *presented, std::uint32_t number, ImageStore &images) {
   UIActivityViewController *sheet = (UIActivityViewController *)presented;
   NSArray *activities = [sheet sim_activityTypes];
   std::uint32_t index = 0;
@@ -41,7 +42,7 @@ void describe(JsonText &out, UIViewController *presented, std::uint32_t number, 
   writeText(out.name("title"), @"Share");
   out.name("items").beginArray();
   for (id item in [sheet sim_activityItems]) {
-    writeItem(out, item, activities, ElementId{ElementKind::kSheetItem, number, 0, index++}.text());
+    writeItem(out, item, activities, ElementId{ElementKind::kSheetItem, number, 0, index++}.text(), images);
   }
   out.endArray();
 }

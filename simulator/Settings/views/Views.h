@@ -3,6 +3,7 @@
 
 #import <UIKit/UIKit.h>
 
+#include <cstdint>
 #include <string_view>
 
 #include "base/JsonText.hpp"
@@ -14,7 +15,13 @@ class ImageStore;
 /// Writes a view and everything in it: class, frame (points, in its superview), text, picture, colours, layer.
 void writeView(JsonText &out, UIView *view, ImageStore &images);
 
-/// The same; null for nil.
+/// The same, of a view on which a finger can work the controls: each has an id, by which `controlInView` finds it.
+void writeTouchableView(JsonText &out, UIView *view, ImageStore &images);
+
+/// The control with this number at or below `view`; nil when there is none.
+UIView *controlInView(UIView *view, std::uint32_t number);
+
+/// The same as `writeView`; null for nil.
 void writeOptionalView(JsonText &out, UIView *view, ImageStore &images);
 
 /// The class's name.

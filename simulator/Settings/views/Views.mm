@@ -1,7 +1,12 @@
 #import "Settings/views/Views.h"
 
+#import <UIKit/UIControl+Sim.h>
+#import <UIKit/UIView+Sim.h>
+
 #import "Settings/AdapterTable.h"
+#import "Settings/ElementId.hpp"
 #import "Settings/JsonValues.h"
+#import "Settings/controls/Controls.h"
 #import "Settings/views/Layer.h"
 #import "Settings/views/ViewAdapter.h"
 
@@ -28,6 +33,51 @@ void writeAccessibility(JsonText &out, UIView *view) {
   out.name("isAccessibilityElement").flag([view isAccessibilityElement]);
 }
 
+/// Whether there is anything for a finger to do: a control that rows could have, or one that something listens to.
+bool isWorkable(UIView *view) {
+  if (isControl(view)) return true;
+  return [view isKindOfClass:[UIControl class]] && [(UIControl *)view allControlEvents] != 0;
+}
+
+std::uint32_t numberOf(UIView *view) { return static_cast<std::uint32_t>([view sim_number]); }
+
+/// What a control adds: its id, whether a finger can work it, and what it is set to.
+void writeWorkable(JsonText &out, UIView *view, ImageStore &images) {
+  const bool isUIControl = [view isKindOfClass:[UIControl class]];
+  out.name("id").string(ElementId{ElementKind::kView, numberOf(view)}.text());
+  out.name("enabled").flag(isUIControl ? [(UIControl *)view sim_acceptsUser] : [view sim_acceptsTouches]);
+  if (!isControl(view)) {
+    out.name("control").beginObject();
+    out.name("type").string("button");
+    out.name("highlighted").flag([(UIControl *)view isHighlighted]);
+    return out.endObject();
+  }
+  writeControl(out.name("control"), view, images);
+  if (!writeControlValue(out, view)) out.name("value").null();
+}
+
+enum class Reach { kNothing, kControls };
+
+void writeView(JsonText &out, UIView *view, ImageStore &images, Reach reach) {
+  const ViewAdapter *adapter = adapterOf(view);
+  out.beginObject();
+  out.name("type").string(adapter ? adapter->type : "view");
+  if (adapter) adapter->describe(out, view, images);
+  if (reach == Reach::kControls && isWorkable(view)) writeWorkable(out, view, images);
+  out.name("class").string(classNameOf(view));
+  writeFrame(out.name("frame"), [view frame]);
+  writeColor(out.name("backgroundColor"), [view backgroundColor]);
+  writeLayer(out.name("layer"), view);
+  out.name("clips").flag([view clipsToBounds]);
+  out.name("hidden").flag([view isHidden]);
+  out.name("alpha").number([view alpha]);
+  writeAccessibility(out, view);
+  out.name("views").beginArray();
+  for (UIView *child in [view subviews]) writeView(out, child, images, reach);
+  out.endArray();
+  out.endObject();
+}
+
 }  // namespace
 
 const char *alignmentName(NSTextAlignment alignment) {
@@ -51,23 +101,19 @@ void writeFrame(JsonText &out, CGRect frame) {
   out.endArray();
 }
 
-void writeView(JsonText &out, UIView *view, ImageStore &images) {
-  const ViewAdapter *adapter = adapterOf(view);
-  out.beginObject();
-  out.name("type").string(adapter ? adapter->type : "view");
-  if (adapter) adapter->describe(out, view, images);
-  out.name("class").string(classNameOf(view));
-  writeFrame(out.name("frame"), [view frame]);
-  writeColor(out.name("backgroundColor"), [view backgroundColor]);
-  writeLayer(out.name("layer"), view);
-  out.name("clips").flag([view clipsToBounds]);
-  out.name("hidden").flag([view isHidden]);
-  out.name("alpha").number([view alpha]);
-  writeAccessibility(out, view);
-  out.name("views").beginArray();
-  for (UIView *child in [view subviews]) writeView(out, child, images);
-  out.endArray();
-  out.endObject();
+void writeView(JsonText &out, UIView *view, ImageStore &images) { writeView(out, view, images, Reach::kNothing); }
+
+void writeTouchableView(JsonText &out, UIView *view, ImageStore &images) {
+  writeView(out, view, images, Reach::kControls);
+}
+
+UIView *controlInView(UIView *view, std::uint32_t number) {
+  if (!view || [view isHidden]) return nil;
+  if (numberOf(view) == number && isWorkable(view)) return view;
+  for (UIView *child in [view subviews]) {
+    if (UIView *found = controlInView(child, number)) return found;
+  }
+  return nil;
 }
 
 void writeOptionalView(JsonText &out, UIView *view, ImageStore &images) {

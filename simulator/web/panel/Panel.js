@@ -6,13 +6,14 @@ import { Display } from '/panel/Display.js';
 import { Files } from '/panel/Files.js';
 import { Log } from '/panel/Log.js';
 import { Pasteboard } from '/panel/Pasteboard.js';
+import { Stage } from '/panel/Stage.js';
 import { SessionContext } from '/session.js';
 import { useStore } from '/store.js';
 
 const recent = 100;
 
-/** What happened on the device, beside the phone. */
-export function Panel() {
+/** What happened on the device, beside the phone. `onStage`: the screen shows the stage, not the settings. */
+export function Panel({ onStage, setOnStage }) {
   const session = useContext(SessionContext);
   const device = useStore(session.store, (state) => state.device);
   return html`
@@ -21,6 +22,7 @@ export function Panel() {
         <${Display} display=${displayIn({ device })} />
         <${Builds} builds=${device.builds ?? []} />
         <div class="panel-column">
+          <${Stage} stage=${device.stage} onStage=${onStage} setOnStage=${setOnStage} />
           <${Files} files=${device.files ?? []} />
         </div>
         <div class="panel-column">

@@ -11,12 +11,12 @@ const largestShare = 0.6;
  * The place that the device takes in the window.
  *
  * A device is drawn as much smaller as the window asks for. An upright phone is shortened instead, see
- * styles/layout.css.
+ * styles/layout.css, unless what it shows has to be seen whole (`isWhole`).
  */
-export function DevicePlace({ display, children }) {
+export function DevicePlace({ display, isWhole, children }) {
   const { kind, orientation, width, height, safeArea } = display;
   const shrink = useShrink(display);
-  const isShortened = kind === 'phone' && orientation === 'portrait';
+  const isShortened = !isWhole && kind === 'phone' && orientation === 'portrait';
   const size = { '--shrink': shrink, '--screen-width': `${width}px`, '--screen-height': `${height}px` };
   const style = {
     '--status-height': `${safeArea.top}px`, '--safe-left': `${safeArea.left}px`, '--safe-right': `${safeArea.right}px`,

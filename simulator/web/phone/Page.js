@@ -23,7 +23,7 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
   const [scrolled, setScrolled] = useState({ bar: false, title: false });
   const session = useContext(SessionContext);
   const shallow = useStore(session.store, (state) => isShallow(displayIn(state)));
-  const large = (page.largeTitle ?? !page.back) && !shallow;
+  const large = (page.largeTitle ?? !page.back) && !shallow && !page.bar?.hidden;
 
   const follow = () => {
     const top = scroller.current.scrollTop;
@@ -64,7 +64,7 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
           style=${{ color: cssColor(page.bar?.largeTitleColor) }}>${title}</h2>`}
         ${page.headerView && html`<${TableView} view=${page.headerView} ground=${ground} />`}
         ${page.view && html`
-          <div class="section-view" style=${{ height: `${page.view.frame[3]}px` }}>
+          <div class="section-view page-view" style=${{ height: `${page.view.frame[3]}px` }}>
             <${CustomViews} views=${[page.view]} on="page" />
           </div>`}
         <${Table} page=${page} scroller=${scroller} active=${active} takesFocus=${takesFocus && place !== null} />

@@ -21,7 +21,7 @@ export function Phone() {
   useFocusReturn(content, covered);
 
   return html`
-    <${DevicePlace} display=${displayIn(state)}>
+    <${DevicePlace} display=${displayIn(state)} isWhole=${session.isStage}>
       <div class="screen">
         <div class="screen-content" ref=${content} inert=${covered}>
           ${screenError !== null || !screen

@@ -1,4 +1,5 @@
 #import <Foundation/Foundation.h>
+#import <Foundation/NSBundle+Sim.h>
 #import <Foundation/SIMLog.h>
 
 #include <gmock/gmock.h>
@@ -95,6 +96,12 @@ TEST_F(BundleCodeTest, TheLogSaysWhyCodeWasNotLoaded) {
   write(@"/Bundles/Text.bundle/Text", "no code at all");
   expectFailure(bundle(@"Text", @"Text"), "/Text.bundle/Text: file too short");
   expectFailure(bundle(@"NeedsMissingClass", @"NeedsMissingClass"), ": there is no class ClassThatNobodyHas");
+}
+
+TEST_F(BundleCodeTest, CodeThatIsRefusedIsNotLoaded) {
+  NSBundle *refused = bundle(@"AsksForClass", @"AsksForClass");
+  [NSBundle sim_refuseBundleAtPath:[refused bundlePath] because:@"It has crashed."];
+  expectFailure(refused, " was not loaded: It has crashed.");
 }
 
 TEST_F(BundleCodeTest, TheLogNamesAClassThatIsNotFoundByItsNameOnce) {

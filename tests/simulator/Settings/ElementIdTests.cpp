@@ -6,11 +6,11 @@ namespace sim {
 namespace {
 
 TEST(ElementId, EveryKindSurvivesARoundTrip) {
-  for (int kind = 0; kind <= static_cast<int>(ElementKind::kSheetColor); ++kind) {
+  for (int kind = 0; kind <= static_cast<int>(ElementKind::kView); ++kind) {
     ElementId id{static_cast<ElementKind>(kind), 7, 0, 0};
     if (id.kind == ElementKind::kRow || id.kind == ElementKind::kSwipe) id.row = 10000;
-    const bool isOneOfSeveral =
-        id.kind != ElementKind::kRow && id.kind != ElementKind::kBack && id.kind != ElementKind::kSheetColor;
+    const bool isOneOfSeveral = id.kind != ElementKind::kRow && id.kind != ElementKind::kBack &&
+                                id.kind != ElementKind::kSheetColor && id.kind != ElementKind::kView;
     if (isOneOfSeveral) id.index = 3;
     EXPECT_EQ(ElementId::parse(id.text()), id) << id.text();
   }
@@ -29,10 +29,30 @@ TEST(ElementId, AnIdSaysWhatItNames) {
 }
 
 TEST(ElementId, RefusesEverythingElse) {
-  for (const char* text : {"",        "row",      "row3",       "row3.",     "row3.2.1",         "row3.2 ",
-                           " row3.2", "row-3.2",  "row03.2",    "row3.02",   "row3.99999999999", "back3.0",
-                           "back",    "button3",  "buttons3.0", "swipe3.2",  "ROW3.2",           "action5.x",
-                           "color",   "color3.0", "row3,2",     "swipe3.2x1"}) {
+  for (const char* text : {"",
+                           "row",
+                           "row3",
+                           "row3.",
+                           "row3.2.1",
+                           "row3.2 ",
+                           " row3.2",
+                           "row-3.2",
+                           "row03.2",
+                           "row3.02",
+                           "row3.99999999999",
+                           "back3.0",
+                           "back",
+                           "button3",
+                           "buttons3.0",
+                           "swipe3.2",
+                           "ROW3.2",
+                           "action5.x",
+                           "color",
+                           "color3.0",
+                           "row3,2",
+                           "swipe3.2x1",
+                           "view",
+                           "view3.0"}) {
     EXPECT_FALSE(ElementId::parse(text)) << text;
   }
 }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #import "Settings/Session.h"
+#import "Settings/stage/Stage.h"
 #include "support/objc/ObjCMatchers.h"
 #include "support/objc/ObjCTest.h"
 
@@ -49,6 +50,8 @@ class SessionTest : public DeviceTest {
 
   /// Starts the application with `root` as its first page.
   void start(UIViewController *root, std::uint64_t firstRevision = 1);
+  /// Starts the process of the stage in place of the settings.
+  void startStage(sim::Stage &stage);
   ListPage *startList(NSArray *sections);
   /// A page whose single row carries `control`.
   ControlPage *startControl(UIView *control);

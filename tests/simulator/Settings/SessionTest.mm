@@ -135,6 +135,8 @@ void SessionTest::start(UIViewController *root, std::uint64_t firstRevision) {
   session_ = std::make_unique<sim::Session>(root, firstRevision);
 }
 
+void SessionTest::startStage(sim::Stage &stage) { session_ = std::make_unique<sim::Session>(stage.page(), 1, &stage); }
+
 ListPage *SessionTest::startList(NSArray *sections) {
   ListPage *list = [[[ListPage alloc] initWithTitle:@"List" sections:sections] autorelease];
   start(list);

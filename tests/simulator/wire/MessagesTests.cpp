@@ -44,7 +44,7 @@ TEST(MessagesTests, EachVerbHasOneRowAndANameOfItsOwn) {
     EXPECT_EQ(kVerbs[at].verb, static_cast<Verb>(at));
     EXPECT_TRUE(names.insert(kVerbs[at].name).second) << kVerbs[at].name;
   }
-  EXPECT_EQ(kVerbs.back().verb, Verb::log) << "the last one";
+  EXPECT_EQ(kVerbs.back().verb, Verb::raised) << "the last one";
 }
 
 TEST(MessagesTests, CallsArriveAsTheyWereSent) {
@@ -57,6 +57,11 @@ TEST(MessagesTests, CallsArriveAsTheyWereSent) {
   EXPECT_TRUE(sentAsCall(Appearance{true}).isDark);
   sentAsCall(Place{});
   EXPECT_EQ(sentAsCall(Reopen{bytes}).place, bytes);
+  EXPECT_EQ(sentAsCall(LoadWidgets{"{}"}).refused, "{}");
+  EXPECT_EQ(sentAsCall(ShowWidget{"/a.bundle"}).path, "/a.bundle");
+  EXPECT_EQ(sentAsCall(CallWidget{"setIsActivePage:", false}).argument, false);
+  EXPECT_EQ(sentAsCall(CallWidget{"viewDidAppear", {}}).method, "viewDidAppear");
+  sentAsCall(OpenPreferences{});
   const auto display = sentAsCall(Display{390, 844, 3, 47, 1, 34, 2});
   EXPECT_EQ((std::vector{display.width, display.height, display.scale, display.top, display.left, display.bottom,
                          display.right}),
@@ -72,6 +77,7 @@ TEST(MessagesTests, WhatMayBeMissingArrivesAsMissing) {
   EXPECT_EQ(sentAsCall(PickFile{"/a", "b", {}}).revision, std::nullopt);
   EXPECT_EQ(sentAsCall(AddPhoto{"/a", "b.png"}).name, "b.png");
   EXPECT_EQ(sentAsCall(AddPhoto{"/a", {}}).name, std::nullopt);
+  EXPECT_EQ(sentAsCall(CallWidget{"viewDidAppear", {}}).argument, std::nullopt);
   EXPECT_EQ(sentAsCall(Pasteboard{"text"}).string, "text");
   EXPECT_EQ(sentAsCall(Pasteboard{""}).string, "") << "an empty text is a text";
   EXPECT_EQ(sentAsCall(Pasteboard{}).string, std::nullopt);
@@ -89,6 +95,12 @@ TEST(MessagesTests, ReportsArriveAsTheyWereSent) {
   EXPECT_EQ(sentAsReport(OpenURL{"https://example.com/"}).url, "https://example.com/");
   EXPECT_EQ(sentAsReport(Log{"a\nline"}).line, "a\nline");
   EXPECT_EQ(sentAsReport(Pasteboard{}).string, std::nullopt);
+  const auto entering = sentAsReport(Entering{"/a.bundle", "-viewDidAppear"});
+  EXPECT_EQ(entering.widget, "/a.bundle");
+  EXPECT_EQ(entering.doing, "-viewDidAppear");
+  const auto raised = sentAsReport(Raised{"TideException", "no\nmoon"});
+  EXPECT_EQ(raised.name, "TideException");
+  EXPECT_EQ(raised.reason, "no\nmoon");
 }
 
 TEST(MessagesTests, OutcomesHaveNamesOfTheirOwn) {
@@ -101,15 +113,28 @@ TEST(MessagesTests, OutcomesHaveNamesOfTheirOwn) {
 }
 
 TEST(MessagesTests, WhatACallLacksMakesItUnreadable) {
-  for (const json& header :
-       {json::object(), json{{"verb", "dance"}}, json{{"verb", 3}}, json{{"verb", nullptr}}, json{{"verb", ""}},
-        json{{"verb", "Screen"}}, json{{"verb", "reply"}}, json{{"verb", "event"}}, json{{"verb", "image"}},
-        json{{"verb", "image"}, {"id", 3}}, json{{"verb", "pickFile"}, {"name", "a"}},
-        json{{"verb", "pickFile"}, {"file", "/a"}}, json{{"verb", "pickFile"}, {"file", "/a"}, {"name", nullptr}},
-        json{{"verb", "pickFile"}, {"file", "/a"}, {"name", "a"}, {"revision", -1}},
-        json{{"verb", "pickFile"}, {"file", "/a"}, {"name", "a"}, {"revision", "1"}},
-        json{{"verb", "addPhoto"}, {"file", "/a"}, {"name", 1}}, json{{"verb", "appearance"}, {"isDark", "yes"}},
-        json{{"verb", "display"}, {"width", 390}}})
+  for (const json& header : {json::object(),
+                             json{{"verb", "dance"}},
+                             json{{"verb", 3}},
+                             json{{"verb", nullptr}},
+                             json{{"verb", ""}},
+                             json{{"verb", "Screen"}},
+                             json{{"verb", "reply"}},
+                             json{{"verb", "event"}},
+                             json{{"verb", "image"}},
+                             json{{"verb", "image"}, {"id", 3}},
+                             json{{"verb", "pickFile"}, {"name", "a"}},
+                             json{{"verb", "pickFile"}, {"file", "/a"}},
+                             json{{"verb", "pickFile"}, {"file", "/a"}, {"name", nullptr}},
+                             json{{"verb", "pickFile"}, {"file", "/a"}, {"name", "a"}, {"revision", -1}},
+                             json{{"verb", "pickFile"}, {"file", "/a"}, {"name", "a"}, {"revision", "1"}},
+                             json{{"verb", "addPhoto"}, {"file", "/a"}, {"name", 1}},
+                             json{{"verb", "appearance"}, {"isDark", "yes"}},
+                             json{{"verb", "display"}, {"width", 390}},
+                             json{{"verb", "showWidget"}},
+                             json{{"verb", "callWidget"}},
+                             json{{"verb", "callWidget"}, {"method", "a:"}, {"argument", 1}},
+                             json{{"verb", "loadWidgets"}}})
     EXPECT_FALSE(isReadableCall(header)) << header;
 
   json display = encode(Request{0, Display{390, 844, 3, 0, 0, 0, 0}}).header;
@@ -136,7 +161,8 @@ TEST(MessagesTests, FieldsThatNobodyKnowsAreIgnored) {
 TEST(MessagesTests, WhatAReportLacksMakesItUnreadable) {
   for (const json& header : {json{{"verb", "changed"}}, json{{"verb", "changed"}, {"revision", -1}},
                              json{{"verb", "log"}}, json{{"verb", "screen"}}, json{{"verb", "reply"}},
-                             json{{"verb", "dance"}, {"request", 4}}, json{{"verb", "changed"}, {"request", 4}}})
+                             json{{"verb", "dance"}, {"request", 4}}, json{{"verb", "changed"}, {"request", 4}},
+                             json{{"verb", "entering"}, {"widget", "/a"}}, json{{"verb", "raised"}, {"name", "a"}}})
     EXPECT_FALSE(isReadableReport(header)) << header;
 }
 

@@ -28,11 +28,11 @@ namespace wire = sim::wire;
 
 class FakeSettings {
  public:
-  FakeSettings(std::filesystem::path device, int channel, std::uint64_t revision)
-      : device_(std::move(device)), channel_(sim::Descriptor(channel)), revision_(revision) {}
+  FakeSettings(std::filesystem::path device, int channel, std::uint64_t revision, bool isStage)
+      : device_(std::move(device)), channel_(sim::Descriptor(channel)), revision_(revision), isStage_(isStage) {}
 
   int run() {
-    std::ofstream(device_ / "fake/starts", std::ios::app) << revision_ << "\n";
+    std::ofstream(device_ / (isStage_ ? "fake/stage-starts" : "fake/starts"), std::ios::app) << revision_ << "\n";
     if (std::filesystem::exists(device_ / "fake/exit-at-start")) return 7;
     std::this_thread::sleep_for(std::chrono::milliseconds(std::atol(readText(device_ / "fake/slow-start").c_str())));
     std::vector<wire::Message> messages;
@@ -58,6 +58,10 @@ class FakeSettings {
                    [this](const wire::Display& call) { display_ = {call.width, call.height, call.scale, call.left}; },
                    [this](const wire::Place&) { place(); },
                    [this](const wire::Reopen& call) { reopen(call.place); },
+                   [this](const wire::LoadWidgets& call) { load(sim::parseJson(call.refused).value_or(json())); },
+                   [this](const wire::ShowWidget& call) { show(call.path); },
+                   [this](const wire::CallWidget& call) { callWidget(call); },
+                   [this](const wire::OpenPreferences&) { ++revision_, answer(active()); },
                    [this](const wire::Unreadable&) { refuse(Outcome::malformed, "This is no call."); },
                },
                request.call);
@@ -69,8 +73,8 @@ class FakeSettings {
   }
 
   json screen() const {
-    return {{"revision", revision_}, {"pasteboard", pasteboard_}, {"appearance", appearance_},
-            {"display", display_},   {"reopened", reopened_},     {"process", ::getpid()}};
+    return {{"revision", revision_}, {"pasteboard", pasteboard_}, {"appearance", appearance_}, {"display", display_},
+            {"reopened", reopened_}, {"stage", isStage_},         {"process", ::getpid()}};
   }
 
   void report(wire::Report report) { channel_.send(wire::encode(std::move(report))); }
@@ -148,6 +152,60 @@ class FakeSettings {
     answer(screen());
   }
 
+  // What a widget whose bundle is called "crash.init.bundle" does while it is made, and so on.
+  void behave(const std::string& path, const std::string& when, const std::string& doing) {
+    report(wire::Entering{path, doing});
+    const std::string name = std::filesystem::path(path).filename();
+    if (name.starts_with("crash." + when)) ::raise(SIGABRT);
+    if (name.starts_with("hang." + when)) ::pause();
+    if (name.starts_with("raise." + when)) {
+      report(wire::Raised{"TestException", "as its name says"});
+      return refuse(Outcome::failed, "It raised TestException.");
+    }
+  }
+
+  // The lines of the file "fake/widgets" are the names of the bundles; "old.bundle" is one that the loader refuses.
+  void load(const json& refused) {
+    json widgets = json::array();
+    std::ifstream names(device_ / "fake/widgets");
+    for (std::string name; std::getline(names, name);) {
+      const std::string path = "/widgets/" + name;
+      const bool isRefused = refused.contains(path) || name == "old.bundle";
+      if (!isRefused) behave(path, "init", "being made, with -init");
+      if (!isRefused && name.starts_with("raise.init")) return;
+      json methods = json::array();
+      for (const char* method : {"one", "two:", "three"})
+        methods.push_back({{"name", method}, {"implemented", std::string_view(method) != "three"}});
+      widgets.push_back({{"path", path},
+                         {"state", isRefused ? "refused" : "loaded"},
+                         {"reason", isRefused ? json("It is not wanted.") : json()},
+                         {"hasPreferences", true},
+                         {"methods", methods}});
+    }
+    report(wire::Entering{"", ""});
+    json steps = json::array();
+    steps.push_back({{"method", "one"}, {"argument", nullptr}});
+    steps.push_back({{"method", "three"}, {"argument", nullptr}});
+    steps.push_back({{"method", "two:"}, {"argument", true}});
+    answer(json{{"widgets", widgets}, {"steps", steps}});
+  }
+
+  json active() const { return {{"milliseconds", 1.5}, {"isActivePage", isActive_}}; }
+
+  void show(const std::string& path) {
+    shown_ = path;
+    ++revision_;
+    behave(path, "setup", "-setupWithFrame:");
+    if (!path.starts_with("/widgets/raise.setup")) answer(active());
+  }
+
+  void callWidget(const wire::CallWidget& call) {
+    if (call.method == "three") return refuse(Outcome::refused, "The widget does not implement -three.");
+    if (call.argument) isActive_ = *call.argument;
+    behave(shown_, call.method, "-" + call.method);
+    if (!shown_.starts_with("/widgets/raise." + call.method)) answer(active());
+  }
+
   void killall() {
     report(wire::Notification{"before the respring"});
     const std::string program = device_.string() + "/var/jb/usr/bin/killall";
@@ -160,6 +218,9 @@ class FakeSettings {
   std::filesystem::path device_;
   wire::Channel channel_;
   std::uint64_t revision_;
+  bool isStage_;
+  bool isActive_ = false;      // The widget.
+  std::string shown_;          // The path of its bundle.
   std::uint64_t request_ = 0;  // The number of the one at hand.
   int taps_ = 0;
   json reopened_;
@@ -184,7 +245,8 @@ int runFakeSettings(int count, const char* const* arguments) {
   const std::filesystem::path device = valueOf("--device", count, arguments);
   std::filesystem::create_directories(device / "fake");
   return FakeSettings(device, std::atoi(valueOf("--channel", count, arguments).c_str()),
-                      std::strtoull(valueOf("--revision", count, arguments).c_str(), nullptr, 10))
+                      std::strtoull(valueOf("--revision", count, arguments).c_str(), nullptr, 10),
+                      valueOf("--role", count, arguments) == "stage")
       .run();
 }
 

@@ -3,6 +3,7 @@ import { cssColor, paintedOver } from '/colors.js';
 import { layerStyle } from '/phone/look.js';
 import { Border } from '/phone/RowPicture.js';
 import { cellBackground, pageBackground } from '/phone/surfaces.js';
+import { ControlView } from '/phone/views/ControlView.js';
 import { ImageView } from '/phone/views/ImageView.js';
 import { Label } from '/phone/views/Label.js';
 import { ScrollView } from '/phone/views/ScrollView.js';
@@ -48,8 +49,8 @@ function View({ view, background, isDepicted }) {
     backgroundColor: cssColor(view.backgroundColor), opacity: view.alpha ?? undefined,
     ...layerStyle(view.layer, view.clips),
   };
-  const names = namesOf(view);
-  const Content = contents[view.type];
+  const names = view.control ? {} : namesOf(view);
+  const Content = view.control ? ControlView : contents[view.type];
   const depicts = isDepicted || Boolean(names.role);
   const children = (view.views ?? []).map((child, at) => html`
     <${View} key=${at} view=${child} background=${below} isDepicted=${depicts} />`);
