@@ -79,7 +79,7 @@ TEST_F(WidgetStageTests, AReloadShowsTheSameWidgetAtTheSameStep) {
   act({{"type", "step"}});
   install("good.bundle\nnew.bundle\n");
   EXPECT_EQ(simulator_.send("POST", "/api/reload", json::object()).status, 200);
-  test::waitUntil([&] { return stage()["calls"].size() == 3 && !stage()["busy"]; });
+  EXPECT_TRUE(test::waitUntil([&] { return stage()["calls"].size() == 3 && !stage()["busy"]; }));
   const json state = stage();
   EXPECT_EQ(starts(), 2);
   EXPECT_EQ(state["shown"], "/widgets/good.bundle");
