@@ -90,18 +90,19 @@ TEST_F(SettingsProcessTests, AReloadStartsAfreshWithTheSamePagesAndIsNoRespring)
   EXPECT_EQ(simulator.device()["resprings"], 0);
 }
 
-TEST_F(SettingsProcessTests, WhatIsAskedDuringAReloadIsAnsweredAfterThePagesAreOpen) {
-  const test::RunningSimulator simulator(device());
+TEST_F(SettingsProcessTests, WhatAReloadInterruptsIsAnsweredAfterThePagesAreOpen) {
+  const test::RunningSimulator simulator(device(), {.place = 100ms});
   simulator.tap("notify:a");
+  EXPECT_EQ(simulator.send("POST", "/api/reload", json::object()).json()["reopened"], "place 1");
   std::atomic<bool> asked = false;
-  std::thread slow([&] {
+  std::thread hung([&] {
     asked = true;
-    EXPECT_EQ(simulator.tap("slow:300").json()["reopened"], "place 1") << "it is asked for the screen anew";
+    EXPECT_EQ(simulator.tap("hang").json()["reopened"], "place 1") << "the screen of the fresh process";
   });
   test::waitUntil([&] { return asked.load(); });
   std::this_thread::sleep_for(100ms);
   EXPECT_EQ(simulator.send("POST", "/api/reload", json::object()).status, 200);
-  slow.join();
+  hung.join();
 }
 
 TEST_F(SettingsProcessTests, APlaceThatWasNotReachedIsTriedAgainUntilSomebodyTouchesTheDevice) {
