@@ -20,7 +20,7 @@ class TouchableViewsTest : public SessionTest {
   }
   /// What was added, as it is described.
   Json added() { return Json(page()["view"]["views"][1]["views"][0]); }
-  std::string id() { return added().value("id", ""); }
+  std::string identifier() { return added().value("id", ""); }
 
   PlainPage *page_ = nil;
   ListPage *listener_ = nil;
@@ -34,15 +34,15 @@ TEST_F(TouchableViewsTest, AButtonIsTapped) {
   EXPECT_EQ(added()["control"]["type"], "button");
   EXPECT_EQ(added()["enabled"], true);
   EXPECT_EQ(added()["views"][0]["text"], "Go") << "it is laid out";
-  EXPECT_EQ(tap(id()), Outcome::done);
+  EXPECT_EQ(tap(identifier()), Outcome::done);
   EXPECT_EQ(calls(listener_), "changed");
-  expectRefused({{"type", "set"}, {"id", id()}, {"value", true}}, Outcome::refused);
+  expectRefused({{"type", "set"}, {"id", identifier()}, {"value", true}}, Outcome::refused);
 }
 
 TEST_F(TouchableViewsTest, ADisabledButtonAndAHiddenOneAreNot) {
   UIButton *button = [UIButton buttonWithType:UIButtonTypeSystem];
   add(button, UIControlEventTouchUpInside);
-  const std::string known = id();
+  const std::string known = identifier();
   [button setEnabled:NO];
   session().refresh();
   EXPECT_EQ(added()["enabled"], false);
@@ -58,18 +58,18 @@ TEST_F(TouchableViewsTest, ControlsOfRowsAreSetHereToo) {
   add([[[UISwitch alloc] init] autorelease], UIControlEventValueChanged);
   EXPECT_EQ(added()["control"]["type"], "switch");
   EXPECT_EQ(added()["value"], false);
-  EXPECT_EQ(set(id(), true), Outcome::done);
+  EXPECT_EQ(set(identifier(), true), Outcome::done);
   EXPECT_EQ(added()["value"], true);
   EXPECT_EQ(calls(listener_), "changed");
-  expectRefused({{"type", "set"}, {"id", id()}, {"value", "on"}}, Outcome::refused);
-  expectRefused({{"type", "tap"}, {"id", id()}}, Outcome::refused);
+  expectRefused({{"type", "set"}, {"id", identifier()}, {"value", "on"}}, Outcome::refused);
+  expectRefused({{"type", "tap"}, {"id", identifier()}}, Outcome::refused);
 }
 
 TEST_F(TouchableViewsTest, ATextIsPasted) {
   UITextField *field = [[[UITextField alloc] init] autorelease];
   add(field, {});
   [[UIPasteboard generalPasteboard] setString:@"Rosa"];
-  EXPECT_EQ(send({{"type", "paste"}, {"id", id()}}), Outcome::done);
+  EXPECT_EQ(send({{"type", "paste"}, {"id", identifier()}}), Outcome::done);
   EXPECT_EQ(added()["value"], "Rosa");
 }
 
@@ -80,7 +80,7 @@ TEST_F(TouchableViewsTest, AControlThatNothingListensToIsAView) {
 
 TEST_F(TouchableViewsTest, NothingIsReachedUnderWhatCoversThePage) {
   add([UIButton buttonWithType:UIButtonTypeSystem], UIControlEventTouchUpInside);
-  const std::string known = id();
+  const std::string known = identifier();
   present(page_, [UIAlertController alertControllerWithTitle:@"Over"
                                                      message:nil
                                               preferredStyle:UIAlertControllerStyleAlert]);
