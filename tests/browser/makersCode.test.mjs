@@ -125,7 +125,7 @@ for (const suffix of ['m', 'mm']) {
   });
 }
 
-test('The widget that the documents begin with is the sample, and is built and listed', async (t) => {
+test('The widget that the documents begin with is the sample, and is built, listed and shown', async (t) => {
   const sample = join(root, 'samples/widgets/Hello');
   const code = await readFile(join(sample, 'HelloWidget.m'), 'utf8');
   for (const document of ['widgets.md', 'simulator.md']) {
@@ -141,4 +141,7 @@ test('The widget that the documents begin with is the sample, and is built and l
   await device.tapRow('Zuno');
   const { page } = await device.tapRow('Widgets');
   assert.ok(page.sections.some(({ rows }) => rows.some(({ label }) => label === 'Hello')));
+  const widget = '/var/jb/Library/Zuno/Widgets/HelloWidget.bundle';
+  assert.equal((await api('POST', '/api/stage', { type: 'show', widget })).shown, widget);
+  assert.match(JSON.stringify(await api('GET', '/api/stage/screen')), /"text":"Hello"/);
 });

@@ -8,4 +8,6 @@
   self.contentView = [[UILabel alloc] initWithFrame:frame];
   self.contentView.text = @"Hello";
 }
+- (void)viewDidDisappear {
+}
 @end
