@@ -83,6 +83,8 @@ void WidgetStage::found(std::string kind, const std::string& what) {
 }
 
 void WidgetStage::close(const std::string& why) {
+  if (!isOpen_) return;
+  isOpen_ = false;
   ++run_;
   isBusy_ = false;
   shown_.reset();
@@ -127,13 +129,14 @@ void WidgetStage::start(std::string wanted, Respond respond) {
   callCount_ = 0;
   step_ = 0;
   isActivePage_ = nullptr;
+  isOpen_ = true;
   isBusy_ = true;
   listener_.changed();
   load(run_, std::move(wanted), std::move(respond));
 }
 
 void WidgetStage::reload() {
-  if (widgets_.is_null()) return;
+  if (!isOpen_) return;
   std::string wanted = shown_ ? *shown_ : fault_ ? fault_->widget : std::string();
   const std::size_t taken = step_;
   start(std::move(wanted), [this, taken](const Response& response) {

@@ -52,8 +52,8 @@ class WidgetStage final {
   /// Takes the widget away and ends the process. What was asked is answered with 503 and `why`.
   void close(const std::string& why);
 
-  /// Loads the widgets anew, whose code may have changed, if it had any; the one that was shown, or that was at fault,
-  /// is shown again and told as many steps.
+  /// Loads the widgets anew, whose code may have changed, unless the stage is closed; the one that was shown, or that
+  /// was at fault, is shown again and told as many steps.
   void reload();
 
   void stop() { process_.stop(); }
@@ -95,6 +95,7 @@ class WidgetStage final {
   SettingsProcess process_;
 
   std::uint64_t run_ = 0;  // Grows with each fresh start: what an earlier one is answered counts no more.
+  bool isOpen_ = false;    // From a start to the next close, also when the process has ended meanwhile.
   bool isBusy_ = false;
   nlohmann::json widgets_;  // Null before the first load.
   nlohmann::json steps_ = nlohmann::json::array();
