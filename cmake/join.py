@@ -11,7 +11,7 @@ import sys
 from pathlib import Path
 
 # Characters of sources in one file: longer ones save little more, and a change of one source costs as much again.
-ROOM = 32_000
+ROOM = 64_000
 
 # What a line declares that begins at the margin, where formatted sources have all that is no member. Names of other
 # namespaces are among these, which costs nothing but room.
