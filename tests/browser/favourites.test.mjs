@@ -174,7 +174,7 @@ test('The favourites rows of the root page go and come with the favourites page'
   await tap(page, 'Favourites View');
   await eventually(async () => assert.equal((await shownIn(page, /^Disabled/)).at(-1), 'Favourites View'));
   await open(page, 'Back to Zuno');
-  await page.getByRole('button', { name: 'Widgets' }).waitFor();
+  await page.getByRole('button', { name: /^Widgets/ }).waitFor();
   assert.equal(await row.count(), 0);
   assert.equal(await page.getByRole('switch', { name: 'Hide Snapshots on Favourites' }).count(), 0);
   await open(page, 'Widgets');

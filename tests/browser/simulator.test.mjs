@@ -5,6 +5,7 @@ import { test } from 'node:test';
 import { assertAccessible, eventually, openPage, settled } from './support/browser.mjs';
 import { propertyListText, readPropertyList } from './support/propertyList.mjs';
 import { startSimulator } from './support/simulator.mjs';
+import { shownIn } from './support/zuno.mjs';
 
 const preferences = 'var/jb/var/mobile/Library/Preferences/com.norvik.Zunoprefs.plist';
 
@@ -118,6 +119,8 @@ test('Favourites are chosen by tapping and put in order by dragging and by keybo
   for (const name of ['Camera', 'Maps', 'Notes']) await page.getByRole('button', { name: new RegExp(`^${name}`) }).click();
   const favourites = async () => (await stored(folder)).FavouriteApplications;
   await eventually(async () => assert.deepEqual(await favourites(), ['com.apple.camera', 'com.apple.Maps', 'com.apple.mobilenotes']));
+  // The file is written before the page has the answer, without which it asks for what is out of date.
+  await eventually(async () => assert.deepEqual((await shownIn(page, /^Enabled/)).slice(-3), ['Camera', 'Maps', 'Notes']));
   const handle = page.getByRole('button', { name: 'Move Camera' });
   await handle.focus();
   await page.keyboard.press('ArrowDown');
