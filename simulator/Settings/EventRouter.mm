@@ -57,13 +57,12 @@ class Route {
   /// A finger drags the row aside, or back.
   EventResult swipe() const {
     if (!hasId()) return malformed("A \"swipe\" event has an \"id\".");
-    const auto open = event_.find("open");
-    if (open != event_.end() && !open->is_boolean()) return malformed("\"open\" is true or false.");
+    if (!isFlagOrMissing("open")) return malformed("\"open\" is true or false.");
     const auto id = elementId();
     if (!id || id->kind != ElementKind::kRow || !isOnPage(*id)) return unknown();
     NSIndexPath *path = pathOf(*id);
     if (!path) return unknown();
-    if (open == event_.end() || open->get<bool>()) {
+    if (event_.value("open", true)) {
       return done([table() sim_swipeRowAtIndexPath:path], "This row has no actions.");
     }
     if ([[table() sim_swipedRow] isEqual:path]) (void)[table() sim_closeSwipedRow];
@@ -74,11 +73,17 @@ class Route {
     if (!hasId()) return malformed("A \"set\" event has an \"id\".");
     const auto value = event_.find("value");
     if (value == event_.end()) return malformed("A \"set\" event has a \"value\".");
-    const auto finished = event_.find("finished");
-    if (finished != event_.end() && !finished->is_boolean()) return malformed("\"finished\" is true or false.");
-    const bool isFinished = finished == event_.end() || finished->get<bool>();
+    if (!isFlagOrMissing("finished")) return malformed("\"finished\" is true or false.");
+    if (!isFlagOrMissing("return")) return malformed("\"return\" is true or false.");
+    const bool isFinished = event_.value("finished", true);
+    const bool returns = event_.value("return", false);
+    if (returns && !isFinished) return malformed("The return key is pressed when the text is finished.");
     const auto id = elementId();
     if (!id) return unknown();
+    if (returns) {
+      if (isPresented(*id)) return adapter_->enter ? adapter_->enter(presented_, *id, *value) : unknown();
+      return work(*id, [&](UIView *control) { return enterIntoControl(control, *value); });
+    }
     if (isPresented(*id)) return adapter_->set ? adapter_->set(presented_, *id, *value, isFinished) : unknown();
     return work(*id, [&](UIView *control) { return setControl(control, *value, isFinished); });
   }
@@ -130,6 +135,10 @@ class Route {
     return part ? *part : std::string_view();
   }
 
+  bool isFlagOrMissing(const char *name) const {
+    const auto flag = event_.find(name);
+    return flag == event_.end() || flag->is_boolean();
+  }
   bool hasId() const { return textIn(event_, "id"); }
   /// Only when it `hasId`; nullopt for one that nothing can have.
   std::optional<ElementId> elementId() const { return ElementId::parse(*textIn(event_, "id")); }

@@ -9,7 +9,8 @@
 /// disabled, cannot be reached or its delegate refuses to begin; a refused change leaves the text alone and still ends
 /// editing.
 - (BOOL)sim_enterText:(NSString *)text;
-/// The same, ending with the return key: should-return and did-end-on-exit come before the end of editing.
+/// The same, ending with the return key: should-return and did-end-on-exit come before the end of editing. The text
+/// that is there already is not typed again, so that only the return key is pressed.
 - (BOOL)sim_enterTextAndReturn:(NSString *)text;
 /// Taps the field, chooses "Paste" and leaves the field: the pasteboard's string is added at the end of the text. NO
 /// for an empty pasteboard, and as above.

@@ -31,7 +31,8 @@
   NSString *line = sim::oneLine(text);
   id<UITextFieldDelegate> delegate = [self delegate];
   const BOOL asks = [delegate respondsToSelector:@selector(textField:shouldChangeCharactersInRange:replacementString:)];
-  if (!asks || [delegate textField:self shouldChangeCharactersInRange:range replacementString:line]) {
+  const BOOL types = !withReturn || ![line isEqualToString:[before.get() substringWithRange:range]];
+  if (types && (!asks || [delegate textField:self shouldChangeCharactersInRange:range replacementString:line])) {
     [self sim_changeTextTo:[before.get() stringByReplacingCharactersInRange:range withString:line]];
   }
   if (withReturn) {

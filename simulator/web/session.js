@@ -75,6 +75,11 @@ export class Session {
     return this.send(() => ({ type: 'set', id, value }));
   }
 
+  /** Sets a text field's text and presses its return key. */
+  enter(id, value) {
+    return this.send(() => ({ type: 'set', id, value, return: true }));
+  }
+
   /** Moves a slider, or a colour in its picker, while the finger stays on it. */
   drag(id, value) {
     return this.send(() => ({ type: 'set', id, value, finished: false }));

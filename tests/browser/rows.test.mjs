@@ -205,10 +205,32 @@ test('A text field is sent by Return and by leaving it, and only when it was cha
   await field.fill('new');
   await field.press('Enter');
   await eventually(() => assert.equal(sent(fake)[0].value, 'new'));
+  assert.equal(sent(fake)[0].return, true, 'the device gets the key');
   await field.press('Tab');
   await field.fill('newer');
   await field.press('Tab');
   await eventually(() => assert.deepEqual(sent(fake).map(({ value }) => value), ['new', 'newer']));
+  assert.equal(sent(fake)[1].return, undefined, 'leaving presses no key');
+});
+
+test('Return is sent from a field that was not changed, but not over a text that is not shown whole', async (t) => {
+  const long = { ...control('Long', 'text', 'begins'), valueLength: 70_000 };
+  const { fake, url } = await startFake(t, one(control('Name', 'text', 'old'), long));
+  const page = await openPage(t, url);
+  await page.getByRole('textbox', { name: 'Long' }).press('Enter');
+  await page.getByRole('textbox', { name: 'Name' }).press('Enter');
+  await eventually(() => assert.equal(sent(fake).length, 1));
+  const [{ value, return: returned }] = sent(fake);
+  assert.deepEqual({ value, returned }, { value: 'old', returned: true });
+});
+
+test('Return while a word is being composed belongs to the composition', async (t) => {
+  const { fake, url } = await startFake(t, one(control('Name', 'text', 'old')));
+  const page = await openPage(t, url);
+  const field = page.getByRole('textbox', { name: 'Name' });
+  await field.dispatchEvent('keydown', { key: 'Enter', isComposing: true, bubbles: true });
+  await field.press('Enter');
+  await eventually(() => assert.equal(sent(fake).length, 1));
 });
 
 test('Escape takes a change of a text field back', async (t) => {

@@ -25,6 +25,8 @@ struct ControlAdapter {
   /// Sets it as a person does. `isFinished` is whether the finger lifts afterwards; only a control that `isDragged` is
   /// told of one that stays.
   const char *(*set)(UIView *control, const Json &value, bool isFinished) = nullptr;
+  /// Enters a text as a person does who ends with the return key.
+  const char *(*enter)(UIView *control, const Json &value) = nullptr;
   /// Adds the pasteboard's string, of which there is one, to its text.
   const char *(*paste)(UIView *control) = nullptr;
   bool isDragged = false;

@@ -28,6 +28,9 @@ bool writeControlValue(JsonText &out, UIView *control);
 /// lifts afterwards; a finger that stays can only drag a slider.
 const char *setControl(UIView *view, const Json &value, bool isFinished);
 
+/// Sets the text of the field at or below `view` and presses the return key. Returns nullptr, or why nothing was done.
+const char *enterIntoControl(UIView *view, const Json &value);
+
 /// Adds the pasteboard's string to the text of the field at or below `view`. Returns nullptr, or why nothing was done.
 const char *pasteIntoControl(UIView *view);
 

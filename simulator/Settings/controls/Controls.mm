@@ -53,6 +53,12 @@ const char *setControl(UIView *view, const Json &value, bool isFinished) {
   return adapter->set(control, value, isFinished);
 }
 
+const char *enterIntoControl(UIView *view, const Json &value) {
+  UIView *control = findControl(view);
+  const ControlAdapter *adapter = adapterOf(control);
+  return adapter && adapter->enter ? adapter->enter(control, value) : "Only a text field has a return key.";
+}
+
 const char *pasteIntoControl(UIView *view) {
   UIView *control = findControl(view);
   const ControlAdapter *adapter = adapterOf(control);

@@ -19,6 +19,12 @@ const char *borderName(UITextBorderStyle style) {
   }
 }
 
+const char *enter(UIView *view, const Json &value) {
+  NSString *text = nil;
+  if (const char *problem = textToEnter(value, &text)) return problem;
+  return [(UITextField *)view sim_enterTextAndReturn:text] ? nullptr : kUnreachable;
+}
+
 /// Points: the font's size, or less where the field is to make its text fit.
 CGFloat shownFontSize(UITextField *field) {
   const CGFloat size = [[field font] pointSize];
@@ -54,6 +60,7 @@ extern const ControlAdapter kTextField{.kind = [] { return [UITextField class]; 
                                        .describe = describe,
                                        .writeValue = writeTextOf<UITextField>,
                                        .set = enterTextInto<UITextField>,
+                                       .enter = enter,
                                        .paste = pasteInto<UITextField>};
 
 }  // namespace sim

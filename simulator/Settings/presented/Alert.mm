@@ -71,6 +71,11 @@ EventResult set(UIViewController *presented, const ElementId &id, const Json &va
   return field ? worked(setControl(field, value, isFinished)) : unknown();
 }
 
+EventResult enter(UIViewController *presented, const ElementId &id, const Json &value) {
+  UITextField *field = fieldOf(presented, id);
+  return field ? worked(enterIntoControl(field, value)) : unknown();
+}
+
 EventResult paste(UIViewController *presented, const ElementId &id) {
   UITextField *field = fieldOf(presented, id);
   return field ? worked(pasteIntoControl(field)) : unknown();
@@ -94,6 +99,7 @@ extern const PresentedAdapter kAlert{.kind = [] { return [UIAlertController clas
                                      .describe = describe,
                                      .tap = tap,
                                      .set = set,
+                                     .enter = enter,
                                      .paste = paste,
                                      .dismiss = dismiss};
 

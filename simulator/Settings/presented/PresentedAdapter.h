@@ -29,6 +29,8 @@ struct PresentedAdapter {
   EventResult (*tap)(UIViewController *presented, const ElementId &id, std::string_view part) = nullptr;
   /// `isFinished` is whether the finger lifts afterwards.
   EventResult (*set)(UIViewController *presented, const ElementId &id, const Json &value, bool isFinished) = nullptr;
+  /// Enters a text that ends with the return key.
+  EventResult (*enter)(UIViewController *presented, const ElementId &id, const Json &value) = nullptr;
   EventResult (*paste)(UIViewController *presented, const ElementId &id) = nullptr;
   /// Chooses what the description has under this "path".
   EventResult (*pick)(UIViewController *presented, NSString *path) = nullptr;

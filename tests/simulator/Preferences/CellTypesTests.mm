@@ -62,6 +62,7 @@ class CellTypesTest : public PreferencesTest, public ::testing::WithParamInterfa
 TEST_P(CellTypesTest, HasANameANumberAndAClass) {
   const RowType &row = GetParam();
   EXPECT_EQ([PSTableCell cellTypeFromString:row.name], row.type);
+  EXPECT_NE([PSTableCell cellTypeFromString:[row.name stringByAppendingString:@"s"]], row.type) << "the whole name";
   EXPECT_OBJC_EQ([PSTableCell stringFromCellType:row.type], row.name);
   EXPECT_EQ([PSTableCell cellClassForSpecifier:bareRow()], NSClassFromString(row.cellClass));
   EXPECT_TRUE([NSClassFromString(row.cellClass) isSubclassOfClass:[PSTableCell class]]);

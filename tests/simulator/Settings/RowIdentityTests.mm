@@ -41,7 +41,7 @@
 
 @end
 
-/// Its rows show their texts in views of their own.
+/// Its rows show their texts in views of their own, one for each part between slashes.
 @interface CustomCellPage : ListPage
 @end
 
@@ -50,9 +50,12 @@
 - (UITableViewCell *)tableView:(UITableView *)tableView cellForRowAtIndexPath:(NSIndexPath *)path {
   UITableViewCell *cell = [[[UITableViewCell alloc] initWithStyle:UITableViewCellStyleDefault
                                                   reuseIdentifier:nil] autorelease];
-  UILabel *label = [[[UILabel alloc] initWithFrame:CGRectMake(0, 0, 100, 20)] autorelease];
-  [label setText:[[sections.get() objectAtIndex:[path section]] objectAtIndex:[path row]]];
-  [[cell contentView] addSubview:label];
+  NSString *row = [[sections.get() objectAtIndex:[path section]] objectAtIndex:[path row]];
+  for (NSString *text in [row componentsSeparatedByString:@"/"]) {
+    UILabel *label = [[[UILabel alloc] initWithFrame:CGRectMake(0, 0, 100, 20)] autorelease];
+    [label setText:text];
+    [[cell contentView] addSubview:label];
+  }
   return cell;
 }
 
@@ -238,6 +241,15 @@ TEST_F(RowIdentityTest, TextsInViewsOfTheirOwnTellRowsApart) {
   EXPECT_EQ(ids()["c"], before.at("c"));
   EXPECT_EQ(ids()["b"], before.at("b"));
   expectGone(before.at("a"));
+}
+
+TEST_F(RowIdentityTest, TheSameLettersInOtherViewsAreAnotherRow) {
+  show([[[CustomCellPage alloc] initWithTitle:@"List" sections:@[ @[ @"1/23" ] ]] autorelease]);
+  const std::string before = rowId(0, 0);
+  [rows(0) setArray:@[ @"12/3", @"1/23" ]];
+  [table() reloadData];
+  session().refresh();
+  EXPECT_EQ(rowId(0, 1), before);
 }
 
 TEST_F(RowIdentityTest, SpecifiersTellRowsApartThatShowTheSame) {

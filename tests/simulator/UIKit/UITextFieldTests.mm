@@ -194,6 +194,14 @@ TEST_F(UITextFieldTests, ReturnComesBeforeTheEnd) {
   EXPECT_EQ(taken(), "shouldBegin [began] didBegin 0+0:x [changed] shouldReturn shouldEnd [ended] didEnd ");
 }
 
+TEST_F(UITextFieldTests, ReturnAloneTypesNothing) {
+  UITextField *name = field();
+  [name setText:@"old"];
+  EXPECT_TRUE([name sim_enterTextAndReturn:@"old"]);
+  EXPECT_EQ(taken(), "shouldBegin [began] didBegin shouldReturn [exited] shouldEnd [ended] didEnd ");
+  EXPECT_OBJC_EQ([name text], @"old");
+}
+
 TEST_F(UITextFieldTests, TheDelegateRefuses) {
   UITextField *name = field();
   [name setText:@"old"];

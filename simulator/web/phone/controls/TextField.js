@@ -2,12 +2,15 @@ import { html } from 'htm/preact/standalone';
 import { useField } from '/phone/controls/textInput.js';
 import { InlineView } from '/phone/views/CustomViews.js';
 
-/** One line of text, sent by the Return key or when the field is left; Escape takes the change back. */
+/**
+ * One line of text, sent by the Return key, which the device gets too, or when the field is left; Escape takes the
+ * change back.
+ */
 function TextField({ row, name }) {
-  const { attributes, draft } = useField(row, name);
+  const { attributes, enter } = useField(row, name);
   const { type, border, leftView, rightView } = row.control;
   const onKeyDown = (event) => {
-    if (event.key === 'Enter') draft.commit();
+    if (event.key === 'Enter' && !event.isComposing) enter();
     attributes.onKeyDown(event);
   };
   return html`

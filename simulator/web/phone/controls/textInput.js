@@ -15,6 +15,9 @@ export function useField(row, name) {
   const draft = useDraft(String(row.value ?? ''), (text) => session.set(row.id, text));
   // Of a text too long to be shown whole, only its replacement can be sent.
   const isBeginning = row.valueLength !== undefined;
+  const enter = () => {
+    if (!isBeginning) draft.enter((text) => session.enter(row.id, text));
+  };
   const onKeyDown = (event) => {
     if (event.key === 'Escape') draft.reset();
     if (isBeginning && (event.key === 'Backspace' || event.key === 'Delete')) session.set(row.id, '');
@@ -29,7 +32,7 @@ export function useField(row, name) {
     onInput: draft.input, onBlur: draft.commit, onKeyDown,
     onPaste: (event) => takeLongPaste(event, (text) => session.set(row.id, text)),
   };
-  return { attributes, draft };
+  return { attributes, enter };
 }
 
 /** A colour, a size and an alignment of the bundle's own. */

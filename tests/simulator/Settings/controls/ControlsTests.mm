@@ -22,6 +22,16 @@ TEST_F(ControlsTest, OnlyASliderIsDragged) {
   EXPECT_FALSE([control isOn]);
 }
 
+TEST_F(ControlsTest, OnlyATextFieldHasAReturnKey) {
+  UITextView *control = [[[UITextView alloc] initWithFrame:CGRectMake(0, 0, 100, 30)] autorelease];
+  startControl(control);
+  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", "x"}, {"return", true}}, Outcome::refused);
+  EXPECT_EQ(reply["error"], "Only a text field has a return key.");
+  EXPECT_OBJC_EQ([control text], @"");
+  startList(@[ @[ @"a" ] ]);
+  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", "x"}, {"return", true}}, Outcome::refused);
+}
+
 TEST_F(ControlsTest, DisabledControlsAreLeftAlone) {
   UISwitch *control = [[[UISwitch alloc] initWithFrame:CGRectZero] autorelease];
   [control setEnabled:NO];

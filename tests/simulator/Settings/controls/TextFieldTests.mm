@@ -5,7 +5,17 @@
 
 namespace {
 
-class TextFieldTest : public SessionTest {};
+class TextFieldTest : public SessionTest {
+ protected:
+  /// A field in a row, that says in `calls` of the page when a text was entered in it and when its return key was
+  /// pressed.
+  ControlPage *startField(UITextField *field) {
+    ControlPage *page = startControl(field);
+    [field addTarget:page action:@selector(changed:) forControlEvents:UIControlEventEditingChanged];
+    [field addTarget:page action:@selector(pushNext) forControlEvents:UIControlEventEditingDidEndOnExit];
+    return page;
+  }
+};
 
 TEST_F(TextFieldTest, aFieldHasItsKeyboardColourAlignmentAndSideViews) {
   const auto field = objcxx::adopt([[UITextField alloc] initWithFrame:CGRectMake(0, 0, 60, 30)]);
@@ -55,6 +65,44 @@ TEST_F(TextFieldTest, TextFieldsTakeAnyText) {
     EXPECT_TRUE(row(0, 0)["value"] == text.substr(0, 65'536));
   }
   EXPECT_FALSE(row(0, 0).contains("valueLength"));
+}
+
+TEST_F(TextFieldTest, TheReturnKeyReachesTheField) {
+  UITextField *control = [[[UITextField alloc] initWithFrame:CGRectMake(0, 0, 100, 30)] autorelease];
+  ControlPage *page = startField(control);
+  const std::string id = rowId(0, 0);
+  EXPECT_EQ(set(id, "first"), Outcome::done);
+  EXPECT_EQ(send({{"type", "set"}, {"id", id}, {"value", "second"}, {"return", false}}), Outcome::done);
+  EXPECT_EQ(labels(), " row ") << "the field was left without the key";
+  EXPECT_EQ(send({{"type", "set"}, {"id", id}, {"value", "third"}, {"return", true}}), Outcome::done);
+  EXPECT_OBJC_EQ([control text], @"third");
+  EXPECT_EQ(labels(), " deep ") << "what the key does";
+  EXPECT_EQ(calls(page), "changed,changed,changed");
+}
+
+TEST_F(TextFieldTest, TheReturnKeyAloneChangesNoText) {
+  UITextField *control = [[[UITextField alloc] initWithFrame:CGRectMake(0, 0, 100, 30)] autorelease];
+  [control setText:@"old"];
+  ControlPage *page = startField(control);
+  EXPECT_EQ(send({{"type", "set"}, {"id", rowId(0, 0)}, {"value", "old"}, {"return", true}}), Outcome::done);
+  EXPECT_EQ(labels(), " deep ");
+  EXPECT_EQ(calls(page), "");
+}
+
+TEST_F(TextFieldTest, TheReturnKeyIsPressedOnATextInAFieldThatIsEnabled) {
+  UITextField *control = [[[UITextField alloc] initWithFrame:CGRectMake(0, 0, 100, 30)] autorelease];
+  startField(control);
+  const std::string id = rowId(0, 0);
+  expectRefused({{"type", "set"}, {"id", id}, {"value", 2}, {"return", true}}, Outcome::refused);
+  EXPECT_EQ(reply["error"], "A text field is set to a text.");
+  expectRefused({{"type", "set"}, {"id", id}, {"value", "x"}, {"return", 1}}, Outcome::malformed);
+  expectRefused({{"type", "set"}, {"id", id}, {"value", "x"}, {"return", true}, {"finished", false}},
+                Outcome::malformed);
+  [control setEnabled:NO];
+  session().refresh();
+  expectRefused({{"type", "set"}, {"id", id}, {"value", "x"}, {"return", true}}, Outcome::refused);
+  EXPECT_EQ(reply["error"], "This control is disabled.");
+  EXPECT_EQ(labels(), " row ");
 }
 
 TEST_F(TextFieldTest, AFieldTakesThePasteboard) {

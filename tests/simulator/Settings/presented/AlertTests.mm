@@ -33,6 +33,19 @@ class AlertTest : public SessionTest {
   std::string actionId(std::size_t index) { return screen()["alert"]["actions"][index].value("id", ""); }
 };
 
+TEST_F(AlertTest, TheReturnKeyReachesAField) {
+  ListPage *page = startList(@[ @[ @"a" ] ]);
+  UITextField *field = [[presentAlert(page) textFields] objectAtIndex:0];
+  [field addTarget:page action:@selector(changed:) forControlEvents:UIControlEventEditingDidEndOnExit];
+  const std::string id = screen()["alert"]["fields"][0]["id"];
+  EXPECT_EQ(set(id, "left"), Outcome::done);
+  EXPECT_EQ(calls(page), "");
+  EXPECT_EQ(send({{"type", "set"}, {"id", id}, {"value", "returned"}, {"return", true}}), Outcome::done);
+  EXPECT_EQ(calls(page), "changed");
+  EXPECT_OBJC_EQ([field text], @"returned");
+  expectRefused({{"type", "set"}, {"id", actionId(0)}, {"value", "x"}, {"return", true}}, Outcome::unknown);
+}
+
 TEST_F(AlertTest, AnAlertCoversThePage) {
   ListPage *page = startList(@[ @[ @"a", @"b" ] ]);
   [page setEditing:YES animated:NO];
