@@ -85,6 +85,11 @@ void WidgetStage::found(std::string kind, const std::string& what) {
 void WidgetStage::close(const std::string& why) {
   if (!isOpen_) return;
   isOpen_ = false;
+  wanted_ = {};
+  end(why);
+}
+
+void WidgetStage::end(const std::string& why) {
   ++run_;
   isBusy_ = false;
   shown_.reset();
@@ -99,17 +104,25 @@ void WidgetStage::perform(const Json& action, Respond respond) {
     close("The stage was closed.");
     return finish(respond);
   }
-  if (type == "load") return start({}, std::move(respond));
+  if (type == "load") {
+    wanted_ = {};
+    return start(std::move(respond));
+  }
   if (type == "show") {
     std::string widget = textOrEmpty(action, "widget");
     if (widget.empty()) return refuse(400, "A \"show\" has a \"widget\", the path of its bundle.", respond);
-    return start(std::move(widget), std::move(respond));
+    wanted_ = {.widget = std::move(widget)};
+    return start(std::move(respond));
   }
   if (type != "step" && type != "call" && type != "preferences")
     return refuse(400, "A \"type\" is \"load\", \"show\", \"step\", \"call\", \"preferences\" or \"close\".", respond);
   if (isBusy_) return refuse(409, "The stage has not answered what it was asked before.", respond);
   if (!shown_) return refuse(422, "No widget is on the stage.", respond);
-  if (type == "step") return step(std::move(respond));
+  if (type == "step") {
+    step(std::move(respond));
+    wanted_.steps = step_;
+    return;
+  }
   if (type == "preferences") return ask(wire::OpenPreferences{}, {}, {}, std::move(respond));
 
   const auto argument = action.find("argument");
@@ -121,8 +134,8 @@ void WidgetStage::perform(const Json& action, Respond respond) {
 }
 
 // A fresh process, which has the newest code of each widget and nothing of what earlier ones left behind.
-void WidgetStage::start(std::string wanted, Respond respond) {
-  close("The stage was started afresh.");
+void WidgetStage::start(Respond respond) {
+  end("The stage was started afresh.");
   refused_.clear();
   fault_.reset();
   calls_.clear();
@@ -132,36 +145,34 @@ void WidgetStage::start(std::string wanted, Respond respond) {
   isOpen_ = true;
   isBusy_ = true;
   listener_.changed();
-  load(run_, std::move(wanted), std::move(respond));
+  load(run_, std::move(respond));
 }
 
 void WidgetStage::reload() {
   if (!isOpen_) return;
-  std::string wanted = shown_ ? *shown_ : fault_ ? fault_->widget : std::string();
-  const std::size_t taken = step_;
-  start(std::move(wanted), [this, taken](const Response& response) {
-    if (response.status == 200) stepUpTo(taken);
+  start([this](const Response& response) {
+    if (response.status == 200) stepUpToWanted();
   });
 }
 
-void WidgetStage::stepUpTo(std::size_t taken) {
-  if (step_ >= taken || !nextStep()) return;
-  step([this, taken](const Response& response) {
-    if (response.status == 200) stepUpTo(taken);
+void WidgetStage::stepUpToWanted() {
+  if (step_ >= wanted_.steps || !nextStep()) return;
+  step([this](const Response& response) {
+    if (response.status == 200) stepUpToWanted();
   });
 }
 
-void WidgetStage::load(std::uint64_t run, std::string wanted, Respond respond) {
+void WidgetStage::load(std::uint64_t run, Respond respond) {
   Json refused = Json::object();
   for (const auto& [path, fault] : refused_) refused[path] = fault.text;
   fault_.reset();
   process_.start();
   process_.request(wire::LoadWidgets{toText(refused)},
-                   [this, run, wanted, respond](Response response) { loaded(response, run, wanted, respond); });
+                   [this, run, respond](Response response) { loaded(response, run, respond); });
 }
 
 // A widget that ends the load of all is left out of the next attempt.
-void WidgetStage::loaded(const Response& response, std::uint64_t run, std::string wanted, Respond respond) {
+void WidgetStage::loaded(const Response& response, std::uint64_t run, Respond respond) {
   if (run != run_) return respond(errorResponse(503, "The stage was closed or started afresh meanwhile."));
   if (response.status != 200) {
     if (!fault_ || refused_.contains(fault_->widget)) {
@@ -171,7 +182,7 @@ void WidgetStage::loaded(const Response& response, std::uint64_t run, std::strin
     }
     refused_.insert_or_assign(fault_->widget, *fault_);
     process_.end("The stage is started afresh.");
-    return load(run, std::move(wanted), std::move(respond));
+    return load(run, std::move(respond));
   }
   Json content = contentOf(response);
   widgets_ = content.value("widgets", Json::array());
@@ -182,11 +193,12 @@ void WidgetStage::loaded(const Response& response, std::uint64_t run, std::strin
       (*widget)["reason"] = fault.text;
     }
   }
-  if (wanted.empty()) return finish(respond);
-  show(run, std::move(wanted), std::move(respond));
+  if (wanted_.widget.empty()) return finish(respond);
+  show(run, std::move(respond));
 }
 
-void WidgetStage::show(std::uint64_t run, std::string wanted, Respond respond) {
+void WidgetStage::show(std::uint64_t run, Respond respond) {
+  const std::string& wanted = wanted_.widget;
   const Json* widget = widgetAt(wanted);
   if (widget == nullptr) {
     isBusy_ = false;

@@ -52,8 +52,8 @@ class WidgetStage final {
   /// Takes the widget away and ends the process. What was asked is answered with 503 and `why`.
   void close(const std::string& why);
 
-  /// Loads the widgets anew, whose code may have changed, unless the stage is closed; the one that was shown, or that
-  /// was at fault, is shown again and told as many steps.
+  /// Loads the widgets anew, whose code may have changed, unless the stage is closed; the one that was asked for last is
+  /// shown again and told as many steps, also when earlier code of it could not be shown.
   void reload();
 
   void stop() { process_.stop(); }
@@ -68,18 +68,23 @@ class WidgetStage final {
     std::string widget;
     std::string doing;
   };
+  struct Wanted {
+    std::string widget;     // The path of its bundle on the device; empty for none.
+    std::size_t steps = 0;  // How many it was told.
+  };
 
   SettingsProcess::Listener listenerOf();
   void posted(SettingsProcess::Post post);
   void ended(const SettingsProcess::End& end);
   void found(std::string kind, const std::string& what);
 
-  void start(std::string wanted, Respond respond);
-  void load(std::uint64_t run, std::string wanted, Respond respond);
-  void loaded(const Response& response, std::uint64_t run, std::string wanted, Respond respond);
-  void show(std::uint64_t run, std::string wanted, Respond respond);
+  void end(const std::string& why);
+  void start(Respond respond);
+  void load(std::uint64_t run, Respond respond);
+  void loaded(const Response& response, std::uint64_t run, Respond respond);
+  void show(std::uint64_t run, Respond respond);
   void step(Respond respond);
-  void stepUpTo(std::size_t taken);
+  void stepUpToWanted();
   void call(std::string method, std::optional<bool> argument, Respond respond);
   void ask(wire::Call call, std::string method, std::optional<bool> argument, Respond respond);
   void note(const std::string& method, std::optional<bool> argument, const Response& response);
@@ -104,6 +109,7 @@ class WidgetStage final {
   std::optional<Work> work_;              // Whose code runs, if any.
   std::optional<Fault> fault_;            // The last one, until the next start.
   std::size_t step_ = 0;                  // How many steps have been taken.
+  Wanted wanted_;                         // What was asked for, whatever became of it.
   nlohmann::json isActivePage_;
   std::deque<nlohmann::json> calls_;  // Of the present widget, oldest first.
   std::uint64_t callCount_ = 0;

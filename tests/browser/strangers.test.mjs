@@ -111,6 +111,16 @@ test('A tweak\'s settings bundle is found among its subprojects, and sources hav
   assert.ok(text.includes('Kites fly') && text.includes('Without ARC'));
 });
 
+test('Builds of one project that are begun together come one after another, and each installs', async (t) => {
+  const { folder: device } = await startSimulator(t);
+  const files = settingsBundle();
+  // It fails where another one is between its first and its last command.
+  files.Makefile += 'internal-stage::\n\t@mkdir busy && sleep 0.3 && rmdir busy\n';
+  const source = await makerFolder(t, files);
+  const all = await Promise.all([1, 2, 3].map(() => runScript('bundle', source, device)));
+  for (const { stdout } of all) assert.match(stdout, /^Installed .*Kite\.bundle\n$/);
+});
+
 test('What the simulator does not carry is told in one sentence, with classes, methods and headers', async (t) => {
   const { folder } = await startSimulator(t);
   const source = await makerFolder(t, settingsBundle({

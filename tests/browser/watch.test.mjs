@@ -1,11 +1,11 @@
 import assert from 'node:assert/strict';
 import { spawn } from 'node:child_process';
-import { mkdtemp, readFile, rm, writeFile } from 'node:fs/promises';
+import { cp, mkdtemp, readFile, rm, writeFile } from 'node:fs/promises';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { createInterface } from 'node:readline';
 import { test } from 'node:test';
-import { openPage } from './support/browser.mjs';
+import { eventually, openPage } from './support/browser.mjs';
 import { build } from './support/build.mjs';
 import { defer } from './support/cleanup.mjs';
 import { kitePage, makerFolder, root, settingsBundle } from './support/makers.mjs';
@@ -131,4 +131,65 @@ test('What is saved is shown on the same page at the same place, and what does n
   await writeFile(join(source, 'KiteListController.m'), kitePage(group('Second')));
   await told(shown);
   await main.getByText('Second').waitFor();
+});
+
+test('A widget on the stage is shown anew at the same step, wherever its folder lies and whatever came between', async (t) => {
+  // Folders of this name are left out in a project, not above it.
+  const source = join(await makerFolder(t, {}), 'packages (1)/packages/Hello');
+  await cp(join(root, 'samples/widgets/Hello'), source, { recursive: true });
+  const code = await readFile(join(source, 'HelloWidget.m'), 'utf8');
+  const save = (text) => writeFile(join(source, 'HelloWidget.m'), text);
+  const { url, told } = await startWatch(t, [source]);
+  await told(shown);
+
+  const [origin, token] = url.split('/#t=');
+  const call = async (method, path, body) => {
+    const headers = { 'X-Sim-Token': token, 'Content-Type': 'application/json' };
+    return (await fetch(origin + path, { method, headers, body: body && JSON.stringify(body) })).json();
+  };
+  const stage = async () => (await call('GET', '/api/device')).stage;
+  await call('POST', '/api/stage', { type: 'show', widget: '/var/jb/Library/Zuno/Widgets/HelloWidget.bundle' });
+  const { nextStep } = await call('POST', '/api/stage', { type: 'step' });
+  assert.ok(nextStep > 0);
+  const seen = async (text) => {
+    assert.equal((await stage()).nextStep, nextStep);
+    assert.ok(JSON.stringify(await call('GET', '/api/stage/screen')).includes(`"${text}"`));
+  };
+
+  await save(code.replace('@"Hello"', '@"Changed"'));
+  await told(shown);
+  await eventually(() => seen('Changed'));
+  // Code that raises, and a class that the loader does not find.
+  await save(code.replace('self.contentView.text', '[NSException raise:@"Raised" format:@"on purpose"]; self.contentView.text'));
+  await told(shown);
+  await eventually(async () => assert.equal((await stage()).fault?.kind, 'raised'));
+  await save(code.replaceAll('HelloWidget', 'OtherWidget'));
+  await told(shown);
+  await eventually(async () => {
+    assert.equal((await stage()).widgets.find(({ path }) => path.includes('Hello')).state, 'refused');
+  });
+  await save(code.replace('@"Hello"', '@"Mended"'));
+  await told(shown);
+  await eventually(() => seen('Mended'));
+});
+
+test('What a Makefile writes into its own folder is no change when it was there before', async (t) => {
+  const files = settingsBundle();
+  files.Makefile += 'before-stage::\n\t@echo made > Resources/made.txt\n';
+  const source = await makerFolder(t, files);
+  const { told, device } = await startWatch(t, [source]);
+  await told(shown);
+  await writeFile(join(source, 'Resources/note.txt'), 'saved');
+  const installed = join(device, 'var/jb/Library/PreferenceBundles/Kite.bundle/note.txt');
+  await eventually(async () => assert.equal(await readFile(installed, 'utf8'), 'saved'));
+  let count = 0;
+  const counting = async () => {
+    for (;;) {
+      await told(shown);
+      count += 1;
+    }
+  };
+  counting();
+  await new Promise((resolve) => setTimeout(resolve, 4000));
+  assert.ok(count <= 3, `it was built ${count} times more`);
 });

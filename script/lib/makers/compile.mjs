@@ -23,26 +23,25 @@ export async function compile(bundle, project, build, device) {
   const work = join(project.work, bundle.name);
   await mkdir(work, { recursive: true });
   await writeIfOther(join(work, 'project.cmake'), projectText(bundle, await importing(bundle), device));
-  // Two builds of one project wait for each other.
-  const step = (...words) => run('flock', [join(work, 'lock'), ...words]);
   if (!existsSync(join(work, 'build.ninja'))) {
-    const { code, output } = await configure(work, build, step);
+    const { code, output } = await configure(work, build);
     if (code !== 0) return { errors: [], sentence: `CMake cannot configure the build of ${bundle.name}.`, output };
   }
-  const { code, output } = await step('ninja', '-C', work, '--quiet');
+  const { code, output } = await run('ninja', ['-C', work, '--quiet']);
   if (code !== 0) return failure(bundle, project, work, output);
   return { executable: join(work, 'bundle', bundle.file, bundle.name), output: withoutCommands(output) };
 }
 
 /** What CMake finds out about the compilers, which takes most of its time, it finds out once for all projects. */
-async function configure(work, build, step) {
+async function configure(work, build) {
   const known = join(build, 'maker/compilers');
   const options = [];
   if (existsSync(known)) {
     await cp(known, join(work, 'CMakeFiles'), { recursive: true });
     options.push('-DCMAKE_PLATFORM_INFO_INITIALIZED=1');
   }
-  const result = await step('cmake', '-G', 'Ninja', '-S', recipe, '-B', work, '-C', join(build, 'maker/Cache.cmake'), ...options);
+  const words = ['-G', 'Ninja', '-S', recipe, '-B', work, '-C', join(build, 'maker/Cache.cmake'), ...options];
+  const result = await run('cmake', words);
   if (result.code !== 0 || options.length > 0) return result;
   const copy = await mkdtemp(`${known}-`);
   const isKnowledge = (name) => /^\d/.test(name);  // A folder that is named after CMake's version.

@@ -2,6 +2,7 @@
 import { existsSync } from 'node:fs';
 import { mkdir, readdir, readFile } from 'node:fs/promises';
 import { join, relative, resolve } from 'node:path';
+import { alone } from './alone.mjs';
 import { compile } from './compile.mjs';
 import { idOf, install } from './install.mjs';
 import { readProject } from './project.mjs';
@@ -24,6 +25,11 @@ export async function make(folder, { build, device, kind }) {
   }
   const work = join(build, 'maker', idOf(resolve(folder)));
   await mkdir(work, { recursive: true });
+  // Of two at once, one would install what the other is at.
+  return alone(join(work, 'lock'), () => makeProject(folder, work, { build, device, kind }));
+}
+
+async function makeProject(folder, work, { build, device, kind }) {
   const project = await readProject(folder, work);
   if (kind && !project.bundles.some((bundle) => bundle.kind === kind)) {
     const other = kind === 'widget' ? 'a settings bundle, which script/bundle builds' : 'a widget, which script/widget builds';

@@ -6,7 +6,9 @@
  * the phone and here, and what was built before goes on running.
  */
 import { execFile, spawn } from 'node:child_process';
+import { createHash } from 'node:crypto';
 import { existsSync } from 'node:fs';
+import { readFile, stat } from 'node:fs/promises';
 import { basename, join, relative, resolve } from 'node:path';
 import { createInterface } from 'node:readline';
 import { fileURLToPath } from 'node:url';
@@ -20,8 +22,8 @@ const root = resolve(fileURLToPath(new URL('../../../', import.meta.url)));
 const ownFolders = ['ZunoPrefs', 'samples'];
 // An editor writes several files at a time, and each of them more than once.
 const settleTime = 80;
-// What tools leave in the folder of a project, and editors beside a file.
-const ignored = '(^|/)(\\.git|\\.theos|packages|obj|\\.[^/]*\\.sw[a-z]?|4913|[^/]*~|\\.#[^/]*)(/|$)';
+// What tools leave in the folder of a project, and editors beside a file; where the folder lies does not matter.
+const ignored = '/(\\.git|\\.theos|packages|obj|\\.[^/]*\\.sw[a-z]?|4913|[^/]*~|\\.#[^/]*)(/|$)';
 
 const [build, program, ...rest] = process.argv.slice(2);
 const separator = rest.indexOf('--');
@@ -35,6 +37,25 @@ class Watched {
     this.name = name;
     this.paths = paths;
     this.work = work;
+    this.files = new Set();  // In which something happened.
+    this.known = new Map();  // What such files held when they were built last.
+  }
+
+  has(file) {
+    return this.paths.some((path) => !relative(path, file).startsWith('..'));
+  }
+
+  /** Resolves with whether a file is another than at the last call: a Makefile may write what it wrote before. */
+  async hasChanged() {
+    const files = [...this.files];
+    this.files.clear();
+    let isOther = false;
+    for (const file of files) {
+      const now = await contentOf(file);
+      if (!this.known.has(file) || this.known.get(file) !== now) isOther = true;
+      this.known.set(file, now);
+    }
+    return isOther;
   }
 
   /** Resolves with the problem, {sentence, errors}, or null, and prints what the compiler says. */
@@ -49,6 +70,17 @@ class Watched {
       if (!(error instanceof Refusal)) process.stderr.write(`${error.stack}\n`);
       return { sentence: error.message, errors: [] };
     }
+  }
+}
+
+/** Something that is another for other content; null for what is not there. */
+async function contentOf(file) {
+  try {
+    const found = await stat(file);
+    if (found.isDirectory()) return `folder ${found.ino}`;
+    return createHash('sha256').update(await readFile(file)).digest('hex');
+  } catch {
+    return null;
   }
 }
 
@@ -86,28 +118,31 @@ async function bringUp(changed) {
   process.stderr.write(refused ? `${refused}\n` : `${names}: shown after ${seconds} s\n`);
 }
 
+/** An extended regular expression for `path` alone. */
+function patternOf(path) {
+  return path.replace(/[.*+?^${}()|[\]\\]/g, '\\$&');
+}
+
 function follow() {
   const paths = all.flatMap((each) => each.paths).filter((path) => existsSync(path));
   const events = ['close_write', 'moved_to', 'moved_from', 'delete', 'create'].flatMap((event) => ['-e', event]);
-  const options = ['-m', '-r', '-q', ...events, '--exclude', ignored, '--format', '%w%f', ...paths];
+  const excluded = `^(${paths.map(patternOf).join('|')})(/.*)?${ignored}`;
+  const options = ['-m', '-r', '-q', ...events, '--exclude', excluded, '--format', '%w%f', ...paths];
   const watcher = spawn('inotifywait', options, { stdio: ['ignore', 'pipe', 'inherit'] });
   watcher.on('error', () => {
     process.stderr.write('inotifywait, which tells of changes, is missing; it is in Debian\'s inotify-tools.\n');
   });
-  const changed = new Set();
   let timer = null;
   let working = Promise.resolve();
   createInterface({ input: watcher.stdout }).on('line', (file) => {
-    for (const each of all) {
-      if (each.paths.some((path) => !relative(path, file).startsWith('..'))) changed.add(each);
-    }
+    for (const each of all) if (each.has(file)) each.files.add(file);
     clearTimeout(timer);
     timer = setTimeout(() => {
       // What changes while something is built is built after it.
-      working = working.then(() => {
-        const now = [...changed];
-        changed.clear();
-        return now.length > 0 ? bringUp(now) : null;
+      working = working.then(async () => {
+        const changed = [];
+        for (const each of all) if (await each.hasChanged()) changed.push(each);
+        if (changed.length > 0) await bringUp(changed);
       });
     }, settleTime);
   });

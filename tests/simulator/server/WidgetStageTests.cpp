@@ -32,6 +32,10 @@ class WidgetStageTests : public ::testing::Test {
       if (widget["path"] == "/widgets/" + name) return widget["state"];
     return nullptr;
   }
+  void reload() { EXPECT_EQ(simulator_.send("POST", "/api/reload", json::object()).status, 200); }
+  bool waitUntilToldSteps(std::size_t count) const {
+    return test::waitUntil([&] { return stage()["calls"].size() == count + 1 && stage()["busy"] == false; });
+  }
   long starts() const { return std::ranges::count(test::readText(device_ / "fake/stage-starts"), '\n'); }
 
   test::TemporaryFolder folder_;
@@ -86,6 +90,54 @@ TEST_F(WidgetStageTests, AReloadShowsTheSameWidgetAtTheSameStep) {
   EXPECT_EQ(state["nextStep"], nullptr);
   EXPECT_EQ(state["isActivePage"], true);
   EXPECT_EQ(state["widgets"].size(), 2u);
+}
+
+TEST_F(WidgetStageTests, AReloadInTheMiddleOfAnotherShowsTheSameWidgetToo) {
+  install("good.bundle\n");
+  show("good.bundle");
+  act({{"type", "step"}});
+  install("hang.init.bundle\ngood.bundle\n");
+  reload();
+  EXPECT_TRUE(stage()["busy"]) << "it loads a widget that hangs";
+  install("good.bundle\n");
+  reload();
+  EXPECT_TRUE(waitUntilToldSteps(1));
+  EXPECT_EQ(stage()["shown"], "/widgets/good.bundle");
+}
+
+TEST_F(WidgetStageTests, AWidgetIsShownAgainWhenItsCodeIsMended) {
+  install("good.bundle\n");
+  show("good.bundle");
+  act({{"type", "step"}});
+  install("other.bundle\n");
+  reload();
+  EXPECT_TRUE(test::waitUntil([&] { return stage()["busy"] == false; }));
+  EXPECT_EQ(stage()["shown"], nullptr) << "there is no such widget at the moment";
+  install("good.bundle\n");
+  reload();
+  EXPECT_TRUE(waitUntilToldSteps(1));
+  EXPECT_EQ(stage()["shown"], "/widgets/good.bundle");
+}
+
+TEST_F(WidgetStageTests, AReloadShowsNoWidgetThatWasClosed) {
+  install("good.bundle\n");
+  for (const char* last : {"close", "load"}) {
+    show("good.bundle");
+    act({{"type", last}});
+    reload();
+    EXPECT_TRUE(test::waitUntil([&] { return stage()["busy"] == false; }));
+    EXPECT_EQ(stage()["shown"], nullptr) << last;
+  }
+}
+
+TEST_F(WidgetStageTests, AWidgetThatIsShownAnewHasBeenToldNothing) {
+  install("good.bundle\n");
+  show("good.bundle");
+  act({{"type", "step"}});
+  show("good.bundle");
+  reload();
+  EXPECT_TRUE(test::waitUntil([&] { return stage()["busy"] == false; }));
+  EXPECT_EQ(stage()["nextStep"], 0);
 }
 
 TEST_F(WidgetStageTests, ItsScreenAndWhatIsOnItAreItsOwn) {
