@@ -41,6 +41,13 @@
 
 @end
 
+/// A label of an app's own.
+@interface RowLabel : UILabel
+@end
+
+@implementation RowLabel
+@end
+
 /// Its rows show their texts in views of their own, one for each part between slashes.
 @interface CustomCellPage : ListPage
 @end
@@ -52,7 +59,7 @@
                                                   reuseIdentifier:nil] autorelease];
   NSString *row = [[sections.get() objectAtIndex:[path section]] objectAtIndex:[path row]];
   for (NSString *text in [row componentsSeparatedByString:@"/"]) {
-    UILabel *label = [[[UILabel alloc] initWithFrame:CGRectMake(0, 0, 100, 20)] autorelease];
+    RowLabel *label = [[[RowLabel alloc] initWithFrame:CGRectMake(0, 0, 100, 20)] autorelease];
     [label setText:text];
     [[cell contentView] addSubview:label];
   }
