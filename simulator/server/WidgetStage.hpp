@@ -52,8 +52,8 @@ class WidgetStage final {
   /// Takes the widget away and ends the process. What was asked is answered with 503 and `why`.
   void close(const std::string& why);
 
-  /// Loads the widgets anew, whose code may have changed, unless the stage is closed; the one that was asked for last is
-  /// shown again and told as many steps, also when earlier code of it could not be shown.
+  /// Loads the widgets anew, whose code may have changed, unless the stage is closed; the one that was asked for last
+  /// is shown again and told as many steps, also when earlier code of it could not be shown.
   void reload();
 
   void stop() { process_.stop(); }
