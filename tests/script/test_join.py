@@ -79,7 +79,7 @@ class JoinTest(unittest.TestCase):
         self.assertEqual(["a.mm", "b.mm"], self.joined(self.source("a.mm", text), self.source("b.mm", text)))
 
     def test_a_file_has_room_for_some(self):
-        sources = [self.source(f"{name}.cpp", f"int {name};\n" + "//\n" * 4000) for name in "abc"]
+        sources = [self.source(f"{name}.cpp", f"int {name};\n" + "//\n" * 8000) for name in "abc"]
         self.assertEqual([["a.cpp", "b.cpp"], "c.cpp"], self.joined(*sources))
 
     def test_what_has_not_changed_is_not_written_again(self):
