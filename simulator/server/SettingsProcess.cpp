@@ -59,7 +59,8 @@ SettingsProcess::~SettingsProcess() { stop(); }
 
 void SettingsProcess::start() { launch(); }
 
-void SettingsProcess::end(const std::string& why) {
+// What it has sent is still heard.
+void SettingsProcess::endChild() {
   loop_.cancel(restartTimer_);
   if (child_) {
     child_->kill();
@@ -67,6 +68,10 @@ void SettingsProcess::end(const std::string& why) {
     detach();
   }
   shortLives_ = 0;
+}
+
+void SettingsProcess::end(const std::string& why) {
+  endChild();
   failPending(503, why);
 }
 
@@ -124,13 +129,7 @@ void SettingsProcess::restart(std::optional<std::string> place, Respond respond)
 
 // `first` asks the fresh process before the requests that the old one leaves are asked again.
 void SettingsProcess::startAfresh(const std::function<void()>& first) {
-  loop_.cancel(restartTimer_);
-  if (child_) {
-    child_->kill();
-    drain();
-    detach();
-  }
-  shortLives_ = 0;
+  endChild();
   auto interrupted = std::exchange(pending_, {});
   launch();
   first();

@@ -118,6 +118,7 @@ class SettingsProcess final {
 
   void launch();
   void request(wire::Call call, Respond respond, Milliseconds patience);
+  void endChild();
   void startAfresh(const std::function<void()>& first);
   ProgramCommand command(int channel) const;
   void send(wire::Request request);

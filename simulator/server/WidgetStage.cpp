@@ -85,7 +85,6 @@ void WidgetStage::found(std::string kind, const std::string& what) {
 void WidgetStage::close(const std::string& why) {
   if (!isOpen_) return;
   isOpen_ = false;
-  wanted_ = {};
   end(why);
 }
 
