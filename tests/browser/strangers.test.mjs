@@ -164,6 +164,11 @@ test('A slip of the maker\'s own is told as the compiler does, without a word on
   const said = await refusal(source, folder);
   assert.match(said, /KiteListController\.m:12:3: error: use of undeclared identifier 'kiteHeight'/);
   assert.equal(said.trim().split('\n').at(-1), 'script/bundle: Kite was not built.');
+
+  await writeFile(join(source, 'KiteListController.m'), kitePage('', { top: '#import "KiteString.h"' }));
+  const missing = await refusal(source, folder);
+  assert.match(missing, /fatal error: 'KiteString\.h' file not found/);
+  assert.equal(missing.trim().split('\n').at(-1), 'script/bundle: Kite was not built.', 'a header of the maker\'s own');
 });
 
 test('What a bundle names and does without is told, and so is that no entry opens it', async (t) => {
