@@ -1,6 +1,6 @@
 import assert from 'node:assert/strict';
 import { execFile } from 'node:child_process';
-import { cp, mkdir, mkdtemp, readFile, rm, writeFile } from 'node:fs/promises';
+import { cp, mkdir, mkdtemp, readdir, readFile, rm, writeFile } from 'node:fs/promises';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { test } from 'node:test';
@@ -136,12 +136,14 @@ test('The widget that the documents begin with is the sample, and is built, list
   const copy = await mkdtemp(join(tmpdir(), 'maker-'));
   defer(t, () => rm(copy, { recursive: true, force: true }));
   await cp(sample, copy, { recursive: true });
+  await writeFile(join(copy, 'control'), 'Package: org.example.hello\n');
   await run(join(root, 'script/widget'), [copy, '--device', folder], { env: { ...process.env, ZUNO_BUILD: build } });
   const device = new Device(api);
   await device.tapRow('Zuno');
   const { page } = await device.tapRow('Widgets');
   assert.ok(page.sections.some(({ rows }) => rows.some(({ label }) => label === 'Hello')));
   const widget = '/var/jb/Library/Zuno/Widgets/HelloWidget.bundle';
+  assert.deepEqual((await readdir(join(folder, widget))).sort(), ['HelloWidget', 'Info.plist'], 'no source, nothing of the package tools');
   assert.equal((await api('POST', '/api/stage', { type: 'show', widget })).shown, widget);
   assert.match(JSON.stringify(await api('GET', '/api/stage/screen')), /"text":"Hello"/);
 });
