@@ -61,8 +61,8 @@ NSIndexPath *formerPath(UITableView *table, const Json &touch) {
   return [table sim_hasRowAtIndexPath:path] ? path : nil;
 }
 
-/// The row that was touched: the one that is called so or shows the same, the nearest of several; else the one with its
-/// label, or in its place.
+/// The row that was touched: of those that are called so or show the same the one in its place, else the first; without
+/// any the first with its label, or the one in its place.
 NSIndexPath *rowTouched(UITableView *table, const Json &touch) {
   const std::string shown = textOrEmpty(touch, "shown");
   const std::string label = textOrEmpty(touch, "label");

@@ -83,6 +83,24 @@ TEST_F(PageTrailTests, FindsARowWhereverItIsNow) {
   EXPECT_EQ(reopened(there, @[ @"new", @"a", @"c", @"b" ]), before);
 }
 
+TEST_F(PageTrailTests, WhatARowShowsCountsMoreThanItsLabelAndThatMoreThanItsPlace) {
+  startWith(@[ @"a", @"b" ]);
+  tapRow(1);
+  sim::Json there = sim::Json::parse(place());
+  sim::Json &touch = there["pages"][1]["touch"];
+  std::string label = touch["label"];
+  ASSERT_TRUE(label.ends_with("b")) << label;
+  label.back() = 'a';
+  touch["label"] = label;
+  touch["at"] = {0, 9};
+  (void)reopened(there.dump(), @[ @"a", @"b" ]);
+  EXPECT_EQ(screen()["path"], sim::Json({"First", "b"}));
+  touch["shown"] = "what nothing shows";
+  touch["at"] = {0, 0};
+  (void)reopened(there.dump(), @[ @"b", @"a" ]);
+  EXPECT_EQ(screen()["path"], sim::Json({"First", "a"}));
+}
+
 TEST_F(PageTrailTests, TakesTheRowInThePlaceOfOneThatIsCalledOtherwiseNow) {
   startWith(@[ @"a", @"b" ]);
   tapRow(1);
