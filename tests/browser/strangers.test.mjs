@@ -64,12 +64,16 @@ test('A project\'s layout and the rules of its Makefile install files, and take 
   const { folder } = await startSimulator(t);
   const stage = 'internal-stage::\n\t$(ECHO_NOTHING)mkdir -p $(THEOS_STAGING_DIR)/Library/Kite$(ECHO_END)\n'
     + '\t$(ECHO_NOTHING)echo staged > $(THEOS_STAGING_DIR)/Library/Kite/staged.txt$(ECHO_END)\n';
-  const files = settingsBundle();
+  const files = settingsBundle({
+    'KiteListController.m': kitePage('', { body: '- (id)name {\n  return [[[NSString alloc] init] autorelease];\n}' }),
+  });
+  files.Makefile = files.Makefile.replace('-fobjc-arc', '-fobjc-arc -fno-objc-arc');  // The last one counts.
   const source = await makerFolder(t, {
-    ...files, Makefile: files.Makefile + stage, 'layout/DEBIAN/postinst': '#!/bin/sh', 'layout/Library/Kite/own.txt': 'own',
+    ...files, Makefile: files.Makefile + stage, 'Resources/Info.plist~': 'of an editor', 'layout/DEBIAN/postinst': '#!/bin/sh', 'layout/Library/Kite/own.txt': 'own',
     'layout/var/jb/usr/share/kite.txt': 'kite', 'layout/Library/Old/gone.txt': 'gone',
   });
   await runScript('bundle', source, folder);
+  assert.deepEqual((await readdir(join(folder, bundles, 'Kite.bundle'))).sort(), ['Info.plist', 'Kite']);
   const kite = join(folder, 'var/jb/Library/Kite');
   assert.equal(await readFile(join(kite, 'staged.txt'), 'utf8'), 'staged\n');
   assert.equal(await readFile(join(folder, 'var/jb/usr/share/kite.txt'), 'utf8'), 'kite');
@@ -143,6 +147,7 @@ test('What the simulator does not carry is told in one sentence, with classes, m
     '<HomeKit/HomeKit.h>', '<KiteKit/KKString.h>', 'UIVisualEffectView', 'UIPointerInteraction',
     '-[UIView setKeyboardLayoutGuide:]', 'focusGroupIdentifier of UIView', 'UIGraphicsBeginPDFPage',
   ]) assert.ok(sentence.includes(name), `${name} in ${sentence}`);
+  assert.match(sentence, /\bheaders <HomeKit\/HomeKit\.h>, <KiteKit\/KKString\.h>;/);
   assert.match(said, /KiteListController\.m:3:9: fatal error: 'HomeKit\/HomeKit\.h' file not found/);
   await assert.rejects(stat(join(folder, bundles, 'Kite.bundle')));
 
@@ -159,7 +164,7 @@ test('What the simulator does not carry is told in one sentence, with classes, m
 test('A slip of the maker\'s own is told as the compiler does, without a word on what is carried', async (t) => {
   const { folder } = await startSimulator(t);
   const source = await makerFolder(t, settingsBundle({
-    'KiteListController.m': kitePage('', { body: '- (void)fly {\n  kiteHeight = 3;\n}' }),
+    'KiteListController.m': kitePage('', { body: '- (void)fly {\n  kiteHeight = 3;\n  kiteFly();\n}' }),
   }));
   const said = await refusal(source, folder);
   assert.match(said, /KiteListController\.m:12:3: error: use of undeclared identifier 'kiteHeight'/);

@@ -140,6 +140,38 @@ TEST_F(WidgetStageTests, AWidgetThatIsShownAnewHasBeenToldNothing) {
   EXPECT_EQ(stage()["nextStep"], 0);
 }
 
+TEST_F(WidgetStageTests, TheNewestCallsAreKeptAndCountedForEachWidget) {
+  install("good.bundle\n");
+  show("good.bundle");
+  const std::size_t most = sim::WidgetStage::kMostCalls;
+  for (std::size_t call = 0; call < most; ++call) act({{"type", "call"}, {"method", "one"}});
+  const json calls = stage()["calls"];
+  EXPECT_EQ(calls.size(), most);
+  EXPECT_EQ(calls.front()["number"], 2);
+  EXPECT_EQ(calls.back()["number"], most + 1);
+  EXPECT_EQ(show("good.bundle").json()["calls"][0]["number"], 1);
+}
+
+TEST_F(WidgetStageTests, AWidgetThatEndedALoadIsTriedAgainInTheNext) {
+  install("crash.init.bundle\n");
+  act({{"type", "load"}});
+  const long once = starts();
+  act({{"type", "load"}});
+  EXPECT_EQ(once, 2) << "with it, and then without";
+  EXPECT_EQ(starts(), 2 * once);
+}
+
+TEST(WidgetStagePatience, IsThatOfTheStageWhereSettingsMayTakeLonger) {
+  const test::TemporaryFolder folder;
+  const auto device = std::filesystem::canonical(folder.path()) / "device";
+  const test::RunningSimulator simulator(device, {.hung = 60s});
+  test::writeText(device / "fake/widgets", "hang.setup.bundle\n");
+  const json state =
+      simulator.send("POST", "/api/stage", {{"type", "show"}, {"widget", "/widgets/hang.setup.bundle"}}).json();
+  EXPECT_EQ(state["fault"]["kind"], "hung");
+  EXPECT_THAT(state["fault"]["text"], HasSubstr("within 5 s"));
+}
+
 TEST_F(WidgetStageTests, ItsScreenAndWhatIsOnItAreItsOwn) {
   install("good.bundle\n");
   const json before = simulator_.get("/api/screen").json();
