@@ -90,6 +90,11 @@ typedef NS_OPTIONS(NSUInteger, NSDataReadingOptions) {
 - (void)enumerateLinesUsingBlock:(void (^)(NSString *line, BOOL *stop))block;
 @end
 
+@interface NSThread (Blocks)
+- (instancetype)initWithBlock:(void (^)(void))block;
++ (void)detachNewThreadWithBlock:(void (^)(void))block;
+@end
+
 @interface NSFileManager (Directories)
 /// Below the device folder (see SIMDevice.h); user domain only, other domains give an empty array.
 - (NSArray<NSURL *> *)URLsForDirectory:(NSSearchPathDirectory)directory inDomains:(NSSearchPathDomainMask)domains;
