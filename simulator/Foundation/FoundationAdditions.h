@@ -5,6 +5,7 @@
 #import <Foundation/Foundation.h>
 
 #import <CoreFoundation/CoreFoundation.h>
+#import <Foundation/NSUserDefaults+Suites.h>
 #import <dispatch/dispatch.h>
 
 NS_ASSUME_NONNULL_BEGIN

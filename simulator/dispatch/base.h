@@ -38,6 +38,6 @@
 #if defined(__BLOCKS__)
 typedef void (^dispatch_block_t)(void);
 #else
-typedef const void* dispatch_block_t;  // Can be handed on.
+typedef const void *dispatch_block_t;  // Can be handed on.
 #endif
 typedef void (*dispatch_function_t)(void *);

@@ -14,8 +14,8 @@ typedef enum : unsigned long {
 
 /// A block that runs `block`, owned by the caller, who ends it with Block_release. Of the flags the barrier is obeyed
 /// by `dispatch_async`. Any thread. The functions below end the process when they get another block.
-DISPATCH_EXPORT DISPATCH_RETURNS_RETAINED dispatch_block_t dispatch_block_create(dispatch_block_flags_t flags,
-                                                                                 dispatch_block_t block);
+DISPATCH_EXPORT DISPATCH_RETURNS_RETAINED __attribute__((nothrow)) dispatch_block_t
+dispatch_block_create(dispatch_block_flags_t flags, dispatch_block_t block);
 /// What has not begun will do nothing when its turn comes.
 DISPATCH_EXPORT void dispatch_block_cancel(dispatch_block_t block);
 DISPATCH_EXPORT intptr_t dispatch_block_testcancel(dispatch_block_t block);

@@ -45,34 +45,34 @@ DISPATCH_EXPORT dispatch_queue_attr_t dispatch_queue_attr_make_with_qos_class(di
 /// A queue of one's own, owned by the caller: its blocks run in their order, one after another, or with
 /// `DISPATCH_QUEUE_CONCURRENT` side by side. The label, which may be NULL, is copied. What waits keeps the queue alive.
 /// Each block has an autorelease pool of its own.
-DISPATCH_EXPORT DISPATCH_RETURNS_RETAINED dispatch_queue_t dispatch_queue_create(const char *label,
+DISPATCH_EXPORT DISPATCH_RETURNS_RETAINED dispatch_queue_t dispatch_queue_create(const char* label,
                                                                                  dispatch_queue_attr_t attr);
 
 #define DISPATCH_CURRENT_QUEUE_LABEL NULL
 #define DISPATCH_TARGET_QUEUE_DEFAULT NULL
 /// Owned by the queue; "" when it has none. NULL asks for the queue on which the caller runs.
-DISPATCH_EXPORT const char *dispatch_queue_get_label(dispatch_queue_t queue);
+DISPATCH_EXPORT const char* dispatch_queue_get_label(dispatch_queue_t queue);
 
 /// Copies `block` and runs it on `queue` later, never inside this call. Any thread. A NULL queue or block ends the
 /// process with a message, as on a device.
 DISPATCH_EXPORT void dispatch_async(dispatch_queue_t queue, dispatch_block_t block);
-DISPATCH_EXPORT void dispatch_async_f(dispatch_queue_t queue, void *context, dispatch_function_t work);
+DISPATCH_EXPORT void dispatch_async_f(dispatch_queue_t queue, void* context, dispatch_function_t work);
 
 /// Waits for the block's turn and runs it, on the calling thread unless `queue` is the main one. On a queue whose turn
 /// it is already this would wait for ever, and ends the process with a message, as on a device.
 DISPATCH_EXPORT void dispatch_sync(dispatch_queue_t queue, DISPATCH_NOESCAPE dispatch_block_t block);
-DISPATCH_EXPORT void dispatch_sync_f(dispatch_queue_t queue, void *context, dispatch_function_t work);
+DISPATCH_EXPORT void dispatch_sync_f(dispatch_queue_t queue, void* context, dispatch_function_t work);
 
 /// On a concurrent queue of one's own the block runs when all before it have run, and alone. On a global queue, as on a
 /// device, it is a block like any other.
 DISPATCH_EXPORT void dispatch_barrier_async(dispatch_queue_t queue, dispatch_block_t block);
-DISPATCH_EXPORT void dispatch_barrier_async_f(dispatch_queue_t queue, void *context, dispatch_function_t work);
+DISPATCH_EXPORT void dispatch_barrier_async_f(dispatch_queue_t queue, void* context, dispatch_function_t work);
 DISPATCH_EXPORT void dispatch_barrier_sync(dispatch_queue_t queue, DISPATCH_NOESCAPE dispatch_block_t block);
-DISPATCH_EXPORT void dispatch_barrier_sync_f(dispatch_queue_t queue, void *context, dispatch_function_t work);
+DISPATCH_EXPORT void dispatch_barrier_sync_f(dispatch_queue_t queue, void* context, dispatch_function_t work);
 
 /// Copies `block` and runs it on `queue` when `when` has come. Any thread. `DISPATCH_TIME_FOREVER` never comes.
 DISPATCH_EXPORT void dispatch_after(dispatch_time_t when, dispatch_queue_t queue, dispatch_block_t block);
-DISPATCH_EXPORT void dispatch_after_f(dispatch_time_t when, dispatch_queue_t queue, void *context,
+DISPATCH_EXPORT void dispatch_after_f(dispatch_time_t when, dispatch_queue_t queue, void* context,
                                       dispatch_function_t work);
 
 #define DISPATCH_APPLY_AUTO ((dispatch_queue_t)0)
@@ -82,16 +82,16 @@ DISPATCH_EXPORT void dispatch_after_f(dispatch_time_t when, dispatch_queue_t que
 DISPATCH_EXPORT void dispatch_apply(size_t iterations, dispatch_queue_t queue,
                                     DISPATCH_NOESCAPE void (^block)(size_t iteration));
 #endif
-DISPATCH_EXPORT void dispatch_apply_f(size_t iterations, dispatch_queue_t queue, void *context,
-                                      void (*work)(void *context, size_t iteration));
+DISPATCH_EXPORT void dispatch_apply_f(size_t iterations, dispatch_queue_t queue, void* context,
+                                      void (*work)(void* context, size_t iteration));
 
 /// An address that `queue` keeps for `key`, itself an address that is only compared. `destructor` is called with it
 /// when it is replaced and when the queue goes. NULL removes it.
-DISPATCH_EXPORT void dispatch_queue_set_specific(dispatch_queue_t queue, const void *key, void *context,
+DISPATCH_EXPORT void dispatch_queue_set_specific(dispatch_queue_t queue, const void* key, void* context,
                                                  dispatch_function_t destructor);
-DISPATCH_EXPORT void *dispatch_queue_get_specific(dispatch_queue_t queue, const void *key);
+DISPATCH_EXPORT void* dispatch_queue_get_specific(dispatch_queue_t queue, const void* key);
 /// What the queue on which the caller runs keeps; NULL outside of all queues. The main thread is the main queue's.
-DISPATCH_EXPORT void *dispatch_get_specific(const void *key);
+DISPATCH_EXPORT void* dispatch_get_specific(const void* key);
 
 /// Ends the process with a message unless, or if, the caller runs on `queue`.
 DISPATCH_EXPORT void dispatch_assert_queue(dispatch_queue_t queue);

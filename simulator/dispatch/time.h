@@ -14,7 +14,7 @@
 /// Nanoseconds on a monotonic clock, or, with the highest bit set, the negative of nanoseconds since 1970.
 typedef uint64_t dispatch_time_t;
 
-enum : uint64_t { DISPATCH_WALLTIME_NOW = ~1ull };
+enum { DISPATCH_WALLTIME_NOW = ~1ull };
 #define DISPATCH_TIME_NOW (0ull)
 #define DISPATCH_TIME_FOREVER (~0ull)
 
