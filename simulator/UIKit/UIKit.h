@@ -14,6 +14,7 @@
 #import <UIKit/UIColor.h>
 #import <UIKit/UIControl.h>
 #import <UIKit/UIDevice.h>
+#import <UIKit/UIFeedbackGenerator.h>
 #import <UIKit/UIFont.h>
 #import <UIKit/UIGeometry.h>
 #import <UIKit/UIGraphics.h>
