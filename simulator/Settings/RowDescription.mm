@@ -46,10 +46,10 @@ const char *accessoryName(UITableViewCellAccessoryType type) {
   }
 }
 
-void writeImageStyle(JsonText &out, UIImageView *view) {
+void writeImageStyle(JsonText &out, UIImageView *view, ImageStore &images) {
   out.beginObject();
   writeShadow(out.name("shadow"), view);
-  writeLayer(out.name("layer"), view);
+  writeLayer(out.name("layer"), view, images);
   out.name("clips").flag([view clipsToBounds]);
   writeContentMode(out.name("contentMode"), view);
   out.endObject();
@@ -200,7 +200,7 @@ class RowWriter {
     const bool isShown = writeShownImage(out_.name("image"), icon, images_);
     out_.name("imageStyle");
     if (isShown) {
-      writeImageStyle(out_, icon);
+      writeImageStyle(out_, icon, images_);
     } else {
       out_.null();
     }
@@ -248,8 +248,8 @@ class RowWriter {
                                              [cell selectedBackgroundView],
                                              control};
       for (UIView *parent : {[cell contentView], (UIView *)cell}) {
-        for (UIView *view in [parent subviews]) {
-          if (std::find(standard.begin(), standard.end(), view) == standard.end()) writeView(out_, view, images_);
+        for (id child in childrenOf(parent)) {
+          if (std::find(standard.begin(), standard.end(), child) == standard.end()) writeChild(out_, child, images_);
         }
       }
     }

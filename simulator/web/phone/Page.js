@@ -2,6 +2,7 @@ import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '
 import { displayIn, isShallow } from '/display.js';
 import { cssColor, pairOf } from '/colors.js';
 import { CustomViews } from '/phone/views/CustomViews.js';
+import { movedTo } from '/phone/views/Layer.js';
 import { rowCanFocus } from '/phone/controls/controls.js';
 import { setOnly } from '/phone/look.js';
 import { NavigationBar } from '/phone/NavigationBar.js';
@@ -75,10 +76,10 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
 
 /** A view above or below all sections. */
 function TableView({ view, ground }) {
-  const [x, , width, height] = view.frame;
+  const [x, , , height] = view.frame;
   return html`
     <div class="section-view" style=${{ height: `${height}px` }}>
-      <${CustomViews} views=${[{ ...view, frame: [x, 0, width, height] }]} on=${ground} />
+      <${CustomViews} views=${[movedTo(view, x, 0)]} on=${ground} />
     </div>`;
 }
 

@@ -13,9 +13,12 @@ export function setOnly(style) {
   return Object.fromEntries(Object.entries(style).filter(([, value]) => value !== undefined));
 }
 
-/** The CSS filter for a layer's shadow, which follows what the picture does not leave transparent. */
+/**
+ * The CSS filter for a layer's shadow, which follows what the picture does not leave transparent. A shadow with a path
+ * of its own has none.
+ */
 export function shadowFilter(shadow) {
-  if (!shadow || !(shadow.opacity > 0)) return undefined;
+  if (!shadow || !(shadow.opacity > 0) || shadow.path) return undefined;
   const color = `color-mix(in srgb, ${cssColor(shadow.color) ?? '#000'} ${shadow.opacity * 100}%, transparent)`;
   return `drop-shadow(${shadow.x ?? 0}px ${shadow.y ?? 0}px ${(shadow.radius ?? 0) / 2}px ${color})`;
 }
