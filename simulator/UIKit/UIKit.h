@@ -15,6 +15,7 @@
 #import <UIKit/UIControl.h>
 #import <UIKit/UIDevice.h>
 #import <UIKit/UIFont.h>
+#import <UIKit/UIFontDescriptor.h>
 #import <UIKit/UIGeometry.h>
 #import <UIKit/UIGraphics.h>
 #import <UIKit/UIGraphicsImageRenderer.h>
