@@ -5,6 +5,7 @@
 #import <Foundation/Foundation.h>
 
 #import <CoreFoundation/CoreFoundation.h>
+#import <Foundation/NSUserDefaults+Suites.h>
 #import <dispatch/dispatch.h>
 
 NS_ASSUME_NONNULL_BEGIN
@@ -88,6 +89,11 @@ typedef NS_OPTIONS(NSUInteger, NSDataReadingOptions) {
 
 @interface NSString (Lines)
 - (void)enumerateLinesUsingBlock:(void (^)(NSString *line, BOOL *stop))block;
+@end
+
+@interface NSThread (Blocks)
+- (instancetype)initWithBlock:(void (^)(void))block;
++ (void)detachNewThreadWithBlock:(void (^)(void))block;
 @end
 
 @interface NSFileManager (Directories)

@@ -1,3 +1,4 @@
+#import <CoreFoundation/CFBase+Sim.h>
 #import <Foundation/SIMDevice.h>
 #import <dispatch/MainQueue+Sim.h>
 
@@ -20,6 +21,7 @@ void SIMStartFoundation(void) {
       NSDictionary *arguments = [defaults volatileDomainForName:NSArgumentDomain];
       if (![arguments objectForKey:@"NSLanguages"]) [NSUserDefaults setUserLanguages:@[ @"en" ]];
       [defaults registerDefaults:@{@"Locale" : @"en_US", @"GSMacOSXCompatible" : @(YES)}];
+      SIMStartCoreFoundation();
       SIMJoinMainRunLoop();
     }
   });
