@@ -167,12 +167,17 @@ class RowWriter {
     writeColor(out_.name("labelColor"), shownColor(label));
     if (label) {
       out_.name("labelSize").number([[label font] pointSize]);
-      out_.name("labelWeight").integer(textStyle([label font]).weight);
+      const TextStyle style = textStyle([label font]);
+      out_.name("labelWeight").integer(style.weight);
+      out_.name("labelFamily").string(fontFamilyOf(style.typeface));
+      out_.name("labelItalic").flag(style.italic);
       out_.name("labelAlignment").string(alignmentName([label textAlignment]));
       out_.name("labelLines").integer([label numberOfLines]);
     } else {
       out_.name("labelSize").null();
       out_.name("labelWeight").null();
+      out_.name("labelFamily").null();
+      out_.name("labelItalic").null();
       out_.name("labelAlignment").null();
       out_.name("labelLines").null();
     }

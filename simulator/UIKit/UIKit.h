@@ -16,6 +16,7 @@
 #import <UIKit/UIDevice.h>
 #import <UIKit/UIFeedbackGenerator.h>
 #import <UIKit/UIFont.h>
+#import <UIKit/UIFontDescriptor.h>
 #import <UIKit/UIGeometry.h>
 #import <UIKit/UIGraphics.h>
 #import <UIKit/UIGraphicsImageRenderer.h>

@@ -96,3 +96,27 @@ test('Layers are drawn: gradients, shapes, masks, transforms, their own drawing,
     [170, 350, blue, 'the greater zPosition is in front'], [250, 330, red],
   ]);
 });
+
+test('Texts are drawn in the fonts in which they were measured', async (t) => {
+  const { page, stage, screen } = await show(t, 'LooksFonts');
+  await page.evaluate(() => document.fonts.ready);
+  const labels = (await screen()).page.view.views;
+  assert.deepEqual(labels.map((label) => `${label.fontFamily} ${label.fontWeight} ${label.italic}`), [
+    'Liberation Sans 400 false', 'Liberation Sans 700 false', 'Liberation Serif 400 true', 'Liberation Mono 400 false',
+    'Liberation Mono 700 false',
+  ]);
+  for (const { text, fontFamily, frame } of labels) {
+    const element = stage.getByText(text, { exact: true });
+    const drawn = await element.evaluate((each) => {
+      const range = document.createRange();
+      range.selectNodeContents(each);
+      return { width: range.getBoundingClientRect().width, zoom: each.currentCSSZoom ?? 1,
+        scale: each.getBoundingClientRect().width / each.offsetWidth };
+    });
+    assert.ok(Math.abs(drawn.width / (drawn.scale || 1) - frame[2]) < 1.5, `${text}: ${JSON.stringify(drawn)}, ${frame[2]}`);
+    assert.equal(await element.evaluate((each) => getComputedStyle(each).fontFamily), `"${fontFamily}"`);
+  }
+  const served = await page.evaluate(() => [...document.fonts].filter((font) => font.status === 'loaded')
+    .map(({ family }) => family.replaceAll('"', '')));
+  for (const family of ['Liberation Sans', 'Liberation Serif', 'Liberation Mono']) assert.ok(served.includes(family), family);
+});
