@@ -23,6 +23,11 @@
 @interface UIView (SimLayer) <SIMLayerOwner>
 @end
 
+@interface UIView (SimGestures)
+/// Its recognisers know of no view any more.
+- (void)sim_letGoOfRecognizers;
+@end
+
 @interface UIView (SimHierarchy)
 /// For whoever changes the window of a whole tree: they run around the change, for the receiver and everything below.
 - (void)sim_willMoveFromWindow:(UIWindow *)from toWindow:(UIWindow *)to;

@@ -1,6 +1,7 @@
 // What a view remembers. Included by the sources of UIView only.
 #pragma once
 
+#import <UIKit/UIGestureRecognizer.h>
 #import <UIKit/UIView.h>
 
 #include <objcxx/Retained.h>
@@ -19,6 +20,7 @@ struct UIViewState {
   UIResponder *viewController = nil;        // Not owned; cleared by the controller.
   objcxx::Retained<CALayer> layer;
   bool needsLayout = true;
+  std::vector<objcxx::Retained<UIGestureRecognizer>> gestureRecognizers;
 
   UIViewAutoresizing autoresizingMask = UIViewAutoresizingNone;
   bool autoresizesSubviews = true;
@@ -26,6 +28,8 @@ struct UIViewState {
   bool opaque = true;
   bool clipsToBounds = false;
   bool userInteractionEnabled = true;
+  bool multipleTouchEnabled = false;
+  bool exclusiveTouch = false;
   CGFloat alpha = 1;
   UIViewContentMode contentMode = UIViewContentModeScaleToFill;
   objcxx::Retained<UIColor> backgroundColor;

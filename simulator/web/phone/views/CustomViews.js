@@ -55,7 +55,8 @@ function View({ view, background, isDepicted }) {
   const children = (view.views ?? []).map((child, at) => html`
     <${View} key=${at} view=${child} background=${below} isDepicted=${depicts} />`);
   return html`
-    <span class="view" data-identifier=${view.accessibilityIdentifier ?? undefined} style=${style} ...${names}>
+    <span class="view" data-identifier=${view.accessibilityIdentifier ?? undefined}
+      data-touch=${view.touchable ? view.id : undefined} data-dragged=${view.dragged || undefined} style=${style} ...${names}>
       ${Content
         ? html`<${Content} view=${view} background=${below} isDepicted=${isDepicted}>${children}<//>`
         : children}
