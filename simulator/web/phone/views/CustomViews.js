@@ -64,7 +64,8 @@ function View({ view, background, isDepicted, shift }) {
   const children = (view.views ?? []).map((child, at) => html`
     <${View} key=${at} view=${child} background=${below} isDepicted=${depicts} shift=${view.boundsOrigin ?? undefined} />`);
   return html`
-    <span class="view" data-identifier=${view.accessibilityIdentifier ?? view.name ?? undefined} style=${style} ...${names}>
+    <span class="view" data-identifier=${view.accessibilityIdentifier ?? view.name ?? undefined}
+      data-touch=${view.touchable ? view.id : undefined} data-dragged=${view.dragged || undefined} style=${style} ...${names}>
       <${LayerContent} view=${view} size=${{ width, height }} />
       ${Content
         ? html`<${Content} view=${view} background=${below} isDepicted=${isDepicted}>${children}<//>`
