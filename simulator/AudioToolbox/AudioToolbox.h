@@ -8,7 +8,6 @@ typedef UInt32 SystemSoundID;
 
 enum {
   kAudioServicesNoError = 0,
-  kAudioServicesBadSystemSoundIDError = -1501,
   kAudioServicesSystemSoundUnspecifiedError = -1500,
   kSystemSoundID_Vibrate = 0x00000FFF,
 };

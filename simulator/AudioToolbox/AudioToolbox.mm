@@ -44,5 +44,5 @@ OSStatus AudioServicesCreateSystemSoundID(CFURLRef file, SystemSoundID *sound) {
 
 OSStatus AudioServicesDisposeSystemSoundID(SystemSoundID sound) {
   const std::lock_guard lock(mutex());
-  return sounds().erase(sound) > 0 ? kAudioServicesNoError : kAudioServicesBadSystemSoundIDError;
+  return sounds().erase(sound) > 0 ? kAudioServicesNoError : kAudioServicesSystemSoundUnspecifiedError;
 }

@@ -116,7 +116,7 @@ TEST_F(SmallFrameworksTests, SoundsAreToldOnceAndNumbered) {
   EXPECT_EQ(AudioServicesCreateSystemSoundID((CFURLRef)file, &other), kAudioServicesNoError);
   EXPECT_NE(one, other);
   EXPECT_EQ(AudioServicesDisposeSystemSoundID(one), kAudioServicesNoError);
-  EXPECT_EQ(AudioServicesDisposeSystemSoundID(one), kAudioServicesBadSystemSoundIDError);
+  EXPECT_EQ(AudioServicesDisposeSystemSoundID(one), kAudioServicesSystemSoundUnspecifiedError);
   EXPECT_EQ(AudioServicesDisposeSystemSoundID(other), kAudioServicesNoError);
   NSURL *missing = [NSURL fileURLWithPath:path(@"/var/mobile/missing.caf")];
   EXPECT_NE(AudioServicesCreateSystemSoundID((CFURLRef)missing, &one), kAudioServicesNoError);
