@@ -3,6 +3,7 @@
 #pragma once
 
 #import <Foundation/Foundation.h>
+#import <Foundation/NSByteCountFormatter.h>
 
 #import <CoreFoundation/CoreFoundation.h>
 #import <Foundation/NSUserDefaults+Suites.h>
@@ -89,6 +90,18 @@ typedef NS_OPTIONS(NSUInteger, NSDataReadingOptions) {
 
 @interface NSString (Lines)
 - (void)enumerateLinesUsingBlock:(void (^)(NSString *line, BOOL *stop))block;
+@end
+
+typedef struct {
+  NSInteger majorVersion;
+  NSInteger minorVersion;
+  NSInteger patchVersion;
+} NSOperatingSystemVersion;
+
+@interface NSProcessInfo (SystemVersion)
+/// The version that UIDevice tells.
+@property(readonly) NSOperatingSystemVersion operatingSystemVersion;
+- (BOOL)isOperatingSystemAtLeastVersion:(NSOperatingSystemVersion)version;
 @end
 
 @interface NSThread (Blocks)

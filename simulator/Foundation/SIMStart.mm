@@ -1,5 +1,6 @@
 #import <CoreFoundation/CFBase+Sim.h>
 #import <Foundation/SIMDevice.h>
+#import <Foundation/OfflineProtocol.h>
 #import <dispatch/MainQueue+Sim.h>
 
 #include <cstdlib>
@@ -23,6 +24,7 @@ void SIMStartFoundation(void) {
       [defaults registerDefaults:@{@"Locale" : @"en_US", @"GSMacOSXCompatible" : @(YES)}];
       SIMStartCoreFoundation();
       SIMJoinMainRunLoop();
+      sim::goOffline();
     }
   });
 }

@@ -11,10 +11,12 @@ ROOT = Path(__file__).resolve().parents[2]
 INCLUDE = [ROOT / 'simulator', ROOT / 'include']
 UMBRELLAS = ['UIKit/UIKit.h', 'Preferences/Preferences.h', 'NorvikAppList/NorvikAppList.h',
              'NorvikAppList/NorvikAppListTableViewController.h', 'PrivateFoundation/NSTask.h',
-             'CoreFoundation/CoreFoundation.h',
-             'ImageIO/ImageIO.h']
+             'CoreFoundation/CoreFoundation.h', 'FrontBoardServices/FrontBoardServices.h',
+             'SpringBoardServices/SpringBoardServices.h', 'MobileCoreServices/MobileCoreServices.h',
+             'ImageIO/ImageIO.h', 'SafariServices/SafariServices.h', 'MessageUI/MessageUI.h',
+             'LocalAuthentication/LocalAuthentication.h', 'AudioToolbox/AudioToolbox.h']
 FOLDERS = ['CoreFoundation', 'CoreGraphics', 'CoreImage', 'ImageIO', 'QuartzCore', 'Foundation', 'UIKit', 'Preferences',
-           'AppList', 'Settings']
+           'AppList', 'Services', 'SafariServices', 'MessageUI', 'LocalAuthentication', 'AudioToolbox', 'dispatch', 'Settings']
 
 # A device does no more with these either than the simulator does. Each has its reason.
 KEPT = {
@@ -27,6 +29,9 @@ KEPT = {
     'CALayer.shouldRasterize': 'a hint for the sake of speed, without a look',
     'CIFilter.name': 'for the bundle to read back',
     'UIBarItem.tag': 'for the bundle to read back',
+    'UIView.multipleTouchEnabled': 'there is one finger',
+    'UIView.exclusiveTouch': 'there is one finger',
+    'UIGestureRecognizer.name': 'for the bundle to read back',
     'UIView.tag': 'for viewWithTag:, which the bundle asks',
     'UIView.opaque': 'a promise for the sake of speed, without a look',
     'UILabel.preferredMaxLayoutWidth': 'for intrinsicContentSize, which the bundle asks',

@@ -58,8 +58,9 @@ function Tappable({ row, isChoice, tap, children }) {
   }
   const pressed = isChoice ? String(row.accessory === 'checkmark') : undefined;
   return html`
-    <button type="button" class="row-main" data-part="main" aria-label=${name} aria-pressed=${pressed}
-      aria-description=${description} disabled=${row.enabled === false} onClick=${tap}>${children}</button>`;
+    <button type="button" class="row-main" data-part="main" data-through=${row.touchable || undefined}
+      aria-label=${name} aria-pressed=${pressed} aria-description=${description} disabled=${row.enabled === false}
+      onClick=${tap}>${children}</button>`;
 }
 
 /** What an assistive technology calls the row, where its texts do not say it all. */
