@@ -48,10 +48,10 @@ const char *accessoryName(UITableViewCellAccessoryType type) {
   }
 }
 
-void writeImageStyle(JsonText &out, UIImageView *view) {
+void writeImageStyle(JsonText &out, UIImageView *view, ImageStore &images) {
   out.beginObject();
   writeShadow(out.name("shadow"), view);
-  writeLayer(out.name("layer"), view);
+  writeLayer(out.name("layer"), view, images);
   out.name("clips").flag([view clipsToBounds]);
   writeContentMode(out.name("contentMode"), view);
   out.endObject();
@@ -169,12 +169,17 @@ class RowWriter {
     writeColor(out_.name("labelColor"), shownColor(label));
     if (label) {
       out_.name("labelSize").number([[label font] pointSize]);
-      out_.name("labelWeight").integer(textStyle([label font]).weight);
+      const TextStyle style = textStyle([label font]);
+      out_.name("labelWeight").integer(style.weight);
+      out_.name("labelFamily").string(fontFamilyOf(style.typeface));
+      out_.name("labelItalic").flag(style.italic);
       out_.name("labelAlignment").string(alignmentName([label textAlignment]));
       out_.name("labelLines").integer([label numberOfLines]);
     } else {
       out_.name("labelSize").null();
       out_.name("labelWeight").null();
+      out_.name("labelFamily").null();
+      out_.name("labelItalic").null();
       out_.name("labelAlignment").null();
       out_.name("labelLines").null();
     }
@@ -210,7 +215,7 @@ class RowWriter {
     const bool isShown = writeShownImage(out_.name("image"), icon, images_);
     out_.name("imageStyle");
     if (isShown) {
-      writeImageStyle(out_, icon);
+      writeImageStyle(out_, icon, images_);
     } else {
       out_.null();
     }
@@ -258,8 +263,8 @@ class RowWriter {
                                              [cell selectedBackgroundView],
                                              control};
       for (UIView *parent : {[cell contentView], (UIView *)cell}) {
-        for (UIView *view in [parent subviews]) {
-          if (std::find(standard.begin(), standard.end(), view) == standard.end()) writeView(out_, view, images_);
+        for (id child in childrenOf(parent)) {
+          if (std::find(standard.begin(), standard.end(), child) == standard.end()) writeChild(out_, child, images_);
         }
       }
     }

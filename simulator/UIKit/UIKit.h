@@ -15,7 +15,9 @@
 #import <UIKit/UIControl.h>
 #import <UIKit/UIDevice.h>
 #import <UIKit/UIEvent.h>
+#import <UIKit/UIFeedbackGenerator.h>
 #import <UIKit/UIFont.h>
+#import <UIKit/UIFontDescriptor.h>
 #import <UIKit/UIGeometry.h>
 #import <UIKit/UIGestureRecognizer.h>
 #import <UIKit/UIGraphics.h>

@@ -50,9 +50,4 @@ SIM_STATE_TYPE(SearchBarState);
 @property(nonatomic) UISearchBarStyle searchBarStyle;
 /// Of the ground; nil for the system's.
 @property(nonatomic, retain) UIColor *barTintColor;
-
-@property(nonatomic) UITextAutocapitalizationType autocapitalizationType;
-@property(nonatomic) UITextAutocorrectionType autocorrectionType;
-@property(nonatomic) UITextSpellCheckingType spellCheckingType;
-@property(nonatomic) UIKeyboardType keyboardType;
 @end

@@ -42,8 +42,8 @@ SIM_STATE_TYPE(SearchControllerState);
 @property(nonatomic, assign) BOOL dimsBackgroundDuringPresentation;
 /// YES at first.
 @property(nonatomic, assign) BOOL hidesNavigationBarDuringPresentation;
-@property(nonatomic, readonly, retain) UIViewController *searchResultsController;
-@property(nonatomic, readonly, retain) UISearchBar *searchBar;
+@property(nonatomic, readonly) UIViewController *searchResultsController;
+@property(nonatomic, readonly) UISearchBar *searchBar;
 @end
 
 @interface UINavigationItem (UISearchController)

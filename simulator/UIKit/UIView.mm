@@ -48,15 +48,6 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
   return *_state;
 }
 
-- (CALayer *)layer {
-  if (!_state->layer) {
-    _state->layer = objcxx::adopt([[CALayer alloc] init]);
-    [_state->layer.get() setDelegate:self];
-    [_state->layer.get() sim_setOwner:self];
-  }
-  return _state->layer.get();
-}
-
 - (UIResponder *)nextResponder {
   if (_state->viewController) return _state->viewController;
   return _state->superview;
@@ -223,18 +214,6 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
   [self traitCollectionDidChange:previous];
   for (UIView *subview in [self subviews]) [subview sim_traitCollectionDidChange:previous];
   [controller.get() sim_tellCoveredChildrenOfTraits:previous];
-}
-
-- (CALayer *)sim_layerIfMade {
-  return _state->layer.get();
-}
-
-- (CGColorRef)sim_layerColor {
-  return [[self backgroundColor] CGColor];
-}
-
-- (void)sim_setLayerColor:(CGColorRef)color {
-  [self setBackgroundColor:color ? [UIColor colorWithCGColor:color] : nil];
 }
 
 - (NSUInteger)sim_number {

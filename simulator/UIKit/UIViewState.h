@@ -1,6 +1,7 @@
 // What a view remembers. Included by the sources of UIView only.
 #pragma once
 
+#import <QuartzCore/LayerGeometry.h>
 #import <UIKit/UIGestureRecognizer.h>
 #import <UIKit/UIView.h>
 
@@ -10,15 +11,13 @@
 
 namespace sim {
 
-struct UIViewState {
-  CGPoint origin = CGPointZero;  ///< In the superview's coordinates.
-  CGRect bounds = CGRectZero;
-
+struct UIViewState : LayerGeometry {
   UIView *superview = nil;  // Not owned; cleared by the superview.
   std::vector<objcxx::Retained<UIView>> subviews;
   objcxx::Retained<NSArray> subviewsArray;  ///< What `subviews` last answered; nothing after a change.
   UIResponder *viewController = nil;        // Not owned; cleared by the controller.
   objcxx::Retained<CALayer> layer;
+  objcxx::Retained<UIView> maskView;
   bool needsLayout = true;
   std::vector<objcxx::Retained<UIGestureRecognizer>> gestureRecognizers;
 
@@ -51,4 +50,7 @@ struct UIViewState {
 - (sim::UIViewState &)sim_state;
 /// Shares a change of the superview's size out to margins and size as the autoresizing mask says.
 - (void)sim_resizeWithOldSuperviewSize:(CGSize)oldSize;
+/// A subview has its place, or has lost it: so does its layer, where the receiver's layer lists its sublayers itself.
+- (void)sim_didPlaceSublayerOf:(UIView *)subview;
+- (void)sim_didTakeSublayerOf:(UIView *)subview;
 @end

@@ -16,7 +16,11 @@ class ImageStore;
 /// Writes a view and everything in it: class, frame (points, in its superview), text, picture, colours, layer.
 void writeView(JsonText &out, UIView *view, ImageStore &images);
 
-/// The same, of a view on which a finger can work the controls: each has an id, by which `controlInView` finds it.
+/// The same of one of `childrenOf`: a view, or a layer that belongs to none, which is written as a view without texts.
+void writeChild(JsonText &out, id child, ImageStore &images);
+
+/// The same as `writeView`, of a view on which a finger can work the controls: each has an id, by which `controlInView`
+/// finds it.
 void writeTouchableView(JsonText &out, UIView *view, ImageStore &images);
 
 /// The shown view with this number on `page`, on its table or among the headers and footers of that; nil when there is

@@ -84,6 +84,49 @@ void writeTouches(JsonText &out, UIView *view, Reach reach, bool isOutermost) {
   out.name("dragged").flag(in.dragged);
 }
 
+void writeChild(JsonText &out, id child, ImageStore &images, Reach reach, bool isOutermost);
+
+/// A layer that belongs to no view.
+void writeLayerAsView(JsonText &out, CALayer *layer, ImageStore &images, Reach reach) {
+  [layer layoutIfNeeded];
+  CALayer *shown = [layer sim_shown];
+  out.beginObject();
+  out.name("type").string("layer");
+  out.name("class").string(classNameOf(layer));
+  writeText(out.name("name"), [layer name]);
+  writePlace(out, shown);
+  writeColor(out.name("backgroundColor"),
+             [shown backgroundColor] ? [UIColor colorWithCGColor:[shown backgroundColor]] : nil);
+  writeLayer(out.name("layer"), layer, images);
+  out.name("clips").flag([shown masksToBounds]);
+  out.name("hidden").flag([shown isHidden]);
+  out.name("alpha").number([shown opacity]);
+  out.name("views").beginArray();
+  for (CALayer *each in [layer sim_sublayersInDrawingOrder]) {
+    writeChild(out, [each sim_owner] ? (id)[each sim_owner] : each, images, reach, false);
+  }
+  out.endArray();
+  out.endObject();
+}
+
+/// The view's own, or what an animation left of it on the screen.
+struct Shown {
+  explicit Shown(UIView *view) {
+    CALayer *layer = [view sim_layerIfMade];
+    CALayer *shown = [layer sim_shown];
+    const bool differs = shown != layer;
+    const CGColorRef color = differs ? [shown backgroundColor] : nullptr;
+    backgroundColor = !differs ? [view backgroundColor] : color ? [UIColor colorWithCGColor:color] : nil;
+    clips = differs ? [shown masksToBounds] : [view clipsToBounds];
+    hidden = differs ? [shown isHidden] : [view isHidden];
+    alpha = differs ? [shown opacity] : [view alpha];
+  }
+
+  UIColor *backgroundColor;
+  bool clips, hidden;
+  CGFloat alpha;
+};
+
 void writeView(JsonText &out, UIView *view, ImageStore &images, Reach reach, bool isOutermost) {
   const ViewAdapter *adapter = adapterOf(view);
   out.beginObject();
@@ -92,19 +135,25 @@ void writeView(JsonText &out, UIView *view, ImageStore &images, Reach reach, boo
   writeTouches(out, view, reach, isOutermost);
   if (reach == Reach::kControls && isWorkable(view)) writeWorkable(out, view, images);
   out.name("class").string(classNameOf(view));
-  writeFrame(out.name("frame"), [view frame]);
-  writeColor(out.name("backgroundColor"), [view backgroundColor]);
-  writeLayer(out.name("layer"), view);
-  out.name("clips").flag([view clipsToBounds]);
-  out.name("hidden").flag([view isHidden]);
-  out.name("alpha").number([view alpha]);
+  const Shown shown(view);
+  writePlace(out, view);
+  writeColor(out.name("backgroundColor"), shown.backgroundColor);
+  writeLayer(out.name("layer"), view, images);
+  out.name("clips").flag(shown.clips);
+  out.name("hidden").flag(shown.hidden);
+  out.name("alpha").number(shown.alpha);
   writeAccessibility(out, view);
   out.name("views").beginArray();
   // The browser scrolls the content of a scroll view itself, so that points are those of what is in it.
   const bool scrolls = [view isKindOfClass:[UIScrollView class]];
-  for (UIView *child in [view subviews]) writeView(out, child, images, reach, scrolls);
+  for (id child in childrenOf(view)) writeChild(out, child, images, reach, scrolls);
   out.endArray();
   out.endObject();
+}
+
+void writeChild(JsonText &out, id child, ImageStore &images, Reach reach, bool isOutermost) {
+  if ([child isKindOfClass:[UIView class]]) return writeView(out, child, images, reach, isOutermost);
+  writeLayerAsView(out, child, images, reach);
 }
 
 }  // namespace
@@ -131,6 +180,8 @@ void writeFrame(JsonText &out, CGRect frame) {
 }
 
 void writeView(JsonText &out, UIView *view, ImageStore &images) { writeView(out, view, images, Reach::kNothing, true); }
+
+void writeChild(JsonText &out, id child, ImageStore &images) { writeChild(out, child, images, Reach::kNothing, false); }
 
 void writeTouchableView(JsonText &out, UIView *view, ImageStore &images) {
   writeView(out, view, images, Reach::kControls, true);

@@ -3,6 +3,7 @@ import { displayIn, isShallow } from '/display.js';
 import { cssColor, pairOf } from '/colors.js';
 import { CustomViews } from '/phone/views/CustomViews.js';
 import { controlOf, rowCanFocus } from '/phone/controls/controls.js';
+import { movedTo } from '/phone/views/Layer.js';
 import { setOnly } from '/phone/look.js';
 import { NavigationBar } from '/phone/NavigationBar.js';
 import { Table } from '/phone/Table.js';
@@ -93,10 +94,10 @@ function Search({ search }) {
 
 /** A view above or below all sections. */
 function TableView({ view, ground }) {
-  const [x, , width, height] = view.frame;
+  const [x, , , height] = view.frame;
   return html`
     <div class="section-view" style=${{ height: `${height}px` }}>
-      <${CustomViews} views=${[{ ...view, frame: [x, 0, width, height] }]} on=${ground} />
+      <${CustomViews} views=${[movedTo(view, x, 0)]} on=${ground} />
     </div>`;
 }
 

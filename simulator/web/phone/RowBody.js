@@ -2,7 +2,7 @@ import { html } from 'htm/preact/standalone';
 import { cssColor, cssTextColor, paintedOver } from '/colors.js';
 import { ControlRow } from '/phone/controls/ControlRow.js';
 import { CustomViews, InlineView } from '/phone/views/CustomViews.js';
-import { alignments, setOnly } from '/phone/look.js';
+import { alignments, fontStyle, setOnly } from '/phone/look.js';
 import { RowPicture } from '/phone/RowPicture.js';
 import { Checkmark, Close as CloseSymbol, Disclosure, Info } from '/phone/symbols.js';
 import { cellBackground } from '/phone/surfaces.js';
@@ -82,6 +82,7 @@ function Texts({ row }) {
         style=${{
           color: colored(row.labelColor), textAlign: align, flexGrow: align && 1,
           fontSize: isOwnFont ? `${row.labelSize}px` : undefined, fontWeight: isOwnWeight ? row.labelWeight : undefined,
+          ...fontStyle(row.labelFamily, row.labelItalic),
         }}>${row.label ?? ''}</span>
       ${detail !== '' && html`<span class="row-detail" style=${{ color: colored(row.detailColor) }}>${detail}</span>`}
     </span>`;
