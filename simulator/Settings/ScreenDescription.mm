@@ -4,6 +4,7 @@
 #import <UIKit/UIKit.h>
 #import <UIKit/UIBarButtonItem+Sim.h>
 #import <UIKit/UINavigationController+Sim.h>
+#import <UIKit/UISearchController+Sim.h>
 #import <UIKit/UITableView+Sim.h>
 #import <UIKit/UIViewController+Sim.h>
 
@@ -125,6 +126,20 @@ void writeTableLook(JsonText &out, UITableView *table, ImageStore &images) {
   out.endArray();
 }
 
+/// The bar to search the page by; null without one.
+void writeSearch(JsonText &out, UIViewController *page, ImageStore &images) {
+  UISearchController *search = [[page navigationItem] searchController];
+  if (!search) return out.null();
+  out.beginObject();
+  writeTouchableView(out.name("bar"), [search searchBar], images);
+  out.name("active").flag([search isActive]);
+  out.name("obscures")
+      .flag([search isActive] && [search obscuresBackgroundDuringPresentation] && ![search sim_shownResultsController]);
+  out.name("coversBar").flag([search isActive] && [search hidesNavigationBarDuringPresentation]);
+  out.name("scrolls").flag([[page navigationItem] hidesSearchBarWhenScrolling]);
+  out.endObject();
+}
+
 /// The page's rows, or its view when it has no table.
 void writeContent(JsonText &out, UIViewController *page, std::uint32_t number, ImageStore &images) {
   UITableView *table = tableOf(page);
@@ -136,6 +151,7 @@ void writeContent(JsonText &out, UIViewController *page, std::uint32_t number, I
   } else {
     out.null();
   }
+  writeSearch(out.name("search"), page, images);
   out.name("editing").flag([table isEditing] && ![table sim_swipedRow]);
   if (table) {
     out.name("style").string(styleName([table style]));
@@ -200,7 +216,11 @@ void PageNumbers::endDescription() {
   std::erase_if(entries_, [](const Entry &entry) { return !entry.used; });
 }
 
-UITableView *tableOf(UIViewController *page) { return firstTable([page view]); }
+UITableView *tableOf(UIViewController *page) {
+  UIViewController *results = [[[page navigationItem] searchController] sim_shownResultsController];
+  UITableView *table = results ? firstTable([results view]) : nil;
+  return table ?: firstTable([page view]);
+}
 
 bool hasUnnamedRows(UINavigationController *navigation) {
   UIViewController *page = [navigation topViewController];

@@ -47,9 +47,11 @@
 
 // Controllers, tables, alerts and the application.
 #import <UIKit/NSIndexPath+UIKit.h>
+#import <UIKit/UIActionSheet.h>
 #import <UIKit/UIActivityViewController.h>
 #import <UIKit/UIAlertAction.h>
 #import <UIKit/UIAlertController.h>
+#import <UIKit/UIAlertView.h>
 #import <UIKit/UIApplication.h>
 #import <UIKit/UIBarButtonItem.h>
 #import <UIKit/UIBarItem.h>
@@ -64,6 +66,8 @@
 #import <UIKit/UIPopoverPresentationController.h>
 #import <UIKit/UIPresentationController.h>
 #import <UIKit/UIScrollView.h>
+#import <UIKit/UISearchBar.h>
+#import <UIKit/UISearchController.h>
 #import <UIKit/UISwipeActionsConfiguration.h>
 #import <UIKit/UITableView.h>
 #import <UIKit/UITableViewCell.h>

@@ -1,6 +1,7 @@
 #import <UIKit/UINavigationItem.h>
 
 #import <UIKit/UIBarButtonItem.h>
+#import <UIKit/UISearchController.h>
 #import <UIKit/UIView.h>
 #include <objcxx/Retained.h>
 
@@ -15,6 +16,8 @@ struct NavigationItemState {
   objcxx::Retained<NSArray> rightItems;
   BOOL hidesBackButton = NO;
   BOOL leftItemsSupplementBackButton = NO;
+  objcxx::Retained<UISearchController> searchController;
+  BOOL hidesSearchBarWhenScrolling = YES;
   UINavigationItemLargeTitleDisplayMode largeTitleDisplayMode = UINavigationItemLargeTitleDisplayModeAutomatic;
 };
 }  // namespace sim
@@ -151,6 +154,26 @@ struct NavigationItemState {
 
 - (void)setRightBarButtonItem:(UIBarButtonItem *)item animated:(BOOL)animated {
   [self setRightBarButtonItems:item ? @[ item ] : nil animated:animated];
+}
+
+@end
+
+@implementation UINavigationItem (UISearchController)
+
+- (UISearchController *)searchController {
+  return _navigationItemState->searchController.get();
+}
+
+- (void)setSearchController:(UISearchController *)searchController {
+  _navigationItemState->searchController = objcxx::share(searchController);
+}
+
+- (BOOL)hidesSearchBarWhenScrolling {
+  return _navigationItemState->hidesSearchBarWhenScrolling;
+}
+
+- (void)setHidesSearchBarWhenScrolling:(BOOL)hides {
+  _navigationItemState->hidesSearchBarWhenScrolling = hides;
 }
 
 @end

@@ -86,8 +86,8 @@ export class Session {
   }
 
   /**
-   * Sends a part of a touch, which is about what was touched when it began, whatever the screen shows now. Resolves with
-   * whether it was taken.
+   * Sends a part of a touch, which is about what was touched when it began, whatever the screen shows now. Resolves
+   * with whether it was taken.
    */
   touch(part) {
     const done = this.#input.then(async () => {

@@ -6,14 +6,14 @@
 namespace sim {
 
 // Each stands in the file of its name.
-extern const ControlAdapter kSegmentedControl, kSlider, kSpinner, kStepper, kSwitch, kTextField, kTextView;
+extern const ControlAdapter kSearchBar, kSegmentedControl, kSlider, kSpinner, kStepper, kSwitch, kTextField, kTextView;
 
 namespace {
 
 /// nullptr for a view that is no control.
 const ControlAdapter *adapterOf(UIView *view) {
-  static const AdapterTable<ControlAdapter> controls{&kSegmentedControl, &kSlider, &kSpinner,   &kStepper,
-                                                     &kSwitch,           &kTextField, &kTextView};
+  static const AdapterTable<ControlAdapter> controls{&kSearchBar, &kSegmentedControl, &kSlider,    &kSpinner,
+                                                     &kStepper,   &kSwitch,           &kTextField, &kTextView};
   return controls.of(view);
 }
 

@@ -2,8 +2,8 @@ import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '
 import { displayIn, isShallow } from '/display.js';
 import { cssColor, pairOf } from '/colors.js';
 import { CustomViews } from '/phone/views/CustomViews.js';
+import { controlOf, rowCanFocus } from '/phone/controls/controls.js';
 import { movedTo } from '/phone/views/Layer.js';
-import { rowCanFocus } from '/phone/controls/controls.js';
 import { setOnly } from '/phone/look.js';
 import { NavigationBar } from '/phone/NavigationBar.js';
 import { Table } from '/phone/Table.js';
@@ -25,7 +25,8 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
   const [scrolled, setScrolled] = useState({ bar: false, title: false });
   const session = useContext(SessionContext);
   const shallow = useStore(session.store, (state) => isShallow(displayIn(state)));
-  const large = (page.largeTitle ?? !page.back) && !shallow && !page.bar?.hidden;
+  const isBarHidden = Boolean(page.bar?.hidden || page.search?.coversBar);
+  const large = (page.largeTitle ?? !page.back) && !shallow && !isBarHidden;
 
   const follow = () => {
     const top = scroller.current.scrollTop;
@@ -55,7 +56,7 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
   });
   return html`
     <div class=${`page page-${page.style ?? 'insetGrouped'}`} data-leaving=${leaving} inert=${leaving}
-      data-prompt=${Boolean(page.prompt)} data-bar=${page.bar?.hidden ? 'hidden' : 'shown'}
+      data-prompt=${Boolean(page.prompt)} data-bar=${isBarHidden ? 'hidden' : 'shown'}
       data-separators=${String(page.separators !== false)} style=${style} aria-hidden=${leaving ? 'true' : undefined}
       ...${touches}>
       ${page.backgroundView && html`<${CustomViews} views=${[page.backgroundView]} on="page" />`}
@@ -66,6 +67,7 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
         role=${hasStops(page) ? undefined : 'region'} aria-label=${hasStops(page) ? undefined : title}>
         ${large && html`<h2 class="large-title" ref=${heading} tabindex="-1" data-page-heading
           style=${{ color: cssColor(page.bar?.largeTitleColor) }}>${title}</h2>`}
+        ${page.search && html`<${Search} search=${page.search} />`}
         ${page.headerView && html`<${TableView} view=${page.headerView} ground=${ground} />`}
         ${page.view && html`
           <div class="section-view page-view" style=${{ height: `${page.view.frame[3]}px` }}>
@@ -75,6 +77,19 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
         ${page.footerView && html`<${TableView} view=${page.footerView} ground=${ground} />`}
       </div>
     </div>`;
+}
+
+/** The bar to search the page by. What it obscures ends the search when it is touched. */
+function Search({ search }) {
+  const session = useContext(SessionContext);
+  const { bar, scrolls, obscures } = search;
+  const { Content } = controlOf(bar.control);
+  return html`
+    <div class="page-search" data-scrolls=${scrolls}>
+      <${Content} row=${bar} name=${bar.accessibilityLabel || bar.control.placeholder || 'Search'} />
+    </div>
+    ${obscures && html`
+      <div class="page-obscured" onClick=${() => session.set(bar.id, null)}></div>`}`;
 }
 
 /** A view above or below all sections. */

@@ -60,3 +60,7 @@ export const StatusSymbols = () => drawing('status-symbols', '0 0 76 14', html`
   <rect x="48.6" y="1.1" width="22.8" height="11.8" rx="3.4" fill="none" stroke="currentColor" opacity="0.4" />
   <rect x="50.2" y="2.7" width="19.6" height="8.6" rx="2" fill="currentColor" />
   <path d="M73 5 V9 a2.2 2.2 0 0 0 0 -4 Z" fill="currentColor" opacity="0.5" />`);
+
+export const Magnifier = () => drawing('symbol magnifier', '0 0 16 16', html`
+  <circle cx="6.5" cy="6.5" r="5" fill="none" stroke="currentColor" stroke-width="1.6" />
+  <path d="M10.2 10.2 L14.6 14.6" stroke="currentColor" stroke-width="1.6" stroke-linecap="round" />`);

@@ -5,8 +5,8 @@ import { pixelsPerPoint } from '/phone/points.js';
 const native = 'button, input, textarea, select, a';
 
 /**
- * The handlers for the element of a page: what a finger, a mouse or a pen does on what is marked with `data-touch`, an id,
- * is sent to the device as it goes on.
+ * The handlers for the element of a page: what a finger, a mouse or a pen does on what is marked with `data-touch`, an
+ * id, is sent to the device as it goes on.
  */
 export function useTouches(session) {
   const touch = useRef(null);

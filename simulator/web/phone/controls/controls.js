@@ -1,3 +1,4 @@
+import { searchBar } from '/phone/controls/SearchBar.js';
 import { segmentedControl } from '/phone/controls/SegmentedControl.js';
 import { slider } from '/phone/controls/Slider.js';
 import { spinner } from '/phone/controls/Spinner.js';
@@ -13,7 +14,7 @@ import { textView } from '/phone/controls/TextView.js';
  */
 const controls = {
   switch: switchControl, slider, segmented: segmentedControl, text: textField, secureText: textField, textView, spinner,
-  stepper,
+  stepper, search: searchBar,
 };
 
 /** One that is not known is shown as something under way. */
