@@ -127,6 +127,7 @@ void writeTableLook(JsonText &out, UITableView *table, ImageStore &images) {
 /// The page's rows, or its view when it has no table.
 void writeContent(JsonText &out, UIViewController *page, std::uint32_t number, ImageStore &images) {
   UITableView *table = tableOf(page);
+  [[page view] layoutIfNeeded];  // As before a device draws.
   writeTableLook(out, table, images);
   out.name("editing").flag([table isEditing] && ![table sim_swipedRow]);
   if (table) {
@@ -137,7 +138,6 @@ void writeContent(JsonText &out, UIViewController *page, std::uint32_t number, I
     out.name("style").null();
     out.name("sections").beginArray();
     out.endArray();
-    [[page view] layoutIfNeeded];  // As before a device draws.
     writeTouchableView(out.name("view"), [page view], images);
   }
 }

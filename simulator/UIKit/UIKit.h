@@ -7,6 +7,8 @@
 #import <QuartzCore/QuartzCore.h>
 
 #import <UIKit/NSAttributedString+UIKit.h>
+#import <UIKit/NSLayoutAnchor.h>
+#import <UIKit/NSLayoutConstraint.h>
 #import <UIKit/NSText.h>
 #import <UIKit/UIActivityIndicatorView.h>
 #import <UIKit/UIBezierPath.h>
@@ -23,16 +25,19 @@
 #import <UIKit/UIImageView.h>
 #import <UIKit/UIKitDefines.h>
 #import <UIKit/UILabel.h>
+#import <UIKit/UILayoutGuide.h>
 #import <UIKit/UIResponder.h>
 #import <UIKit/UIScreen.h>
 #import <UIKit/UISegmentedControl.h>
 #import <UIKit/UISlider.h>
+#import <UIKit/UIStackView.h>
 #import <UIKit/UISwitch.h>
 #import <UIKit/UITextField.h>
 #import <UIKit/UITextInputTraits.h>
 #import <UIKit/UITextView.h>
 #import <UIKit/UITraitCollection.h>
 #import <UIKit/UIView.h>
+#import <UIKit/UIViewAutoLayout.h>
 
 // Controllers, tables, alerts and the application.
 #import <UIKit/NSIndexPath+UIKit.h>

@@ -1,4 +1,5 @@
 // Frames, bounds, conversion and autoresizing. Everything reads the stored rectangle, never an overridden `frame`.
+#import <UIKit/UIView+Layout.h>
 #import <UIKit/UIView+Sim.h>
 #import <UIKit/UIViewState.h>
 
@@ -61,7 +62,9 @@ CGPoint originInRoot(UIView *view) {
 - (void)setFrame:(CGRect)frame {
   requireFinite(frame);
   const CGRect standard = CGRectStandardize(frame);
+  const bool moves = !CGPointEqualToPoint(_state->origin, standard.origin);
   _state->origin = standard.origin;
+  if (moves) [self sim_geometryChanged];
   [self sim_setSize:standard.size];
 }
 
@@ -76,7 +79,10 @@ CGPoint originInRoot(UIView *view) {
   // The centre stays where it is.
   _state->origin.x += (old.width - standard.size.width) / 2;
   _state->origin.y += (old.height - standard.size.height) / 2;
-  if (!CGPointEqualToPoint(_state->bounds.origin, standard.origin)) [self setNeedsLayout];
+  if (!CGPointEqualToPoint(_state->bounds.origin, standard.origin)) {
+    [self setNeedsLayout];
+    [self sim_geometryChanged];
+  }
   _state->bounds.origin = standard.origin;
   [self sim_setSize:standard.size];
 }
@@ -86,6 +92,7 @@ CGPoint originInRoot(UIView *view) {
   if (CGSizeEqualToSize(old, size)) return;
   _state->bounds.size = size;
   [self setNeedsLayout];
+  [self sim_geometryChanged];
   if (!_state->autoresizesSubviews) return;
   for (UIView *subview in [self subviews]) [subview sim_resizeWithOldSuperviewSize:old];
 }
@@ -99,6 +106,7 @@ CGPoint originInRoot(UIView *view) {
   requireFinite({center, CGSizeZero});
   _state->origin.x = center.x - _state->bounds.size.width / 2;
   _state->origin.y = center.y - _state->bounds.size.height / 2;
+  [self sim_geometryChanged];
 }
 
 - (BOOL)autoresizesSubviews {
@@ -127,10 +135,6 @@ CGPoint originInRoot(UIView *view) {
   [self setFrame:{_state->origin, size}];
 }
 
-- (CGSize)intrinsicContentSize {
-  return CGSizeMake(UIViewNoIntrinsicMetric, UIViewNoIntrinsicMetric);
-}
-
 - (CGPoint)convertPoint:(CGPoint)point toView:(UIView *)view {
   const CGPoint from = originInRoot(self);
   const CGPoint to = originInRoot(view);
@@ -154,6 +158,7 @@ CGPoint originInRoot(UIView *view) {
 - (void)sim_resizeWithOldSuperviewSize:(CGSize)oldSize {
   const UIViewAutoresizing mask = _state->autoresizingMask;
   if (mask == UIViewAutoresizingNone || !_state->superview) return;
+  if (![self translatesAutoresizingMaskIntoConstraints]) return;
   const CGSize newSize = _state->superview->_state->bounds.size;
   const CGRect frame = {_state->origin, _state->bounds.size};
   const Span x = resized({frame.origin.x, frame.size.width}, oldSize.width, newSize.width,

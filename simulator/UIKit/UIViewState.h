@@ -1,6 +1,7 @@
 // What a view remembers. Included by the sources of UIView only.
 #pragma once
 
+#import <UIKit/LayoutState.h>
 #import <UIKit/UIView.h>
 
 #include <objcxx/Retained.h>
@@ -19,6 +20,9 @@ struct UIViewState {
   UIResponder *viewController = nil;        // Not owned; cleared by the controller.
   objcxx::Retained<CALayer> layer;
   bool needsLayout = true;
+  bool needsUpdateConstraints = false;
+  bool treeNeedsUpdateConstraints = false;  ///< The view or one in it.
+  std::unique_ptr<ViewLayout> layout;       ///< nullptr until layout has to do with the view.
 
   UIViewAutoresizing autoresizingMask = UIViewAutoresizingNone;
   bool autoresizesSubviews = true;
