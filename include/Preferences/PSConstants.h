@@ -51,12 +51,23 @@ PS_EXTERN NSString *const PSBundleOverridePrincipalClassKey;  // "overridePrinci
 
 // Groups.
 PS_EXTERN NSString *const PSFooterTextGroupKey;             // "footerText"
+PS_EXTERN NSString *const PSFooterAlignmentGroupKey;        // "footerAlignment": NSTextAlignment
 PS_EXTERN NSString *const PSHeaderCellClassGroupKey;        // "headerCellClass": class name
 PS_EXTERN NSString *const PSFooterCellClassGroupKey;        // "footerCellClass": class name
 PS_EXTERN NSString *const PSHeaderViewKey;                  // "headerView": made once for the group
 PS_EXTERN NSString *const PSFooterViewKey;                  // "footerView"
 PS_EXTERN NSString *const PSIsRadioGroupKey;                // "isRadioGroup"
 PS_EXTERN NSString *const PSRadioGroupCheckedSpecifierKey;  // "radioGroupCheckedSpecifier"
+
+// A footer with a link, of the class PSFooterHyperlinkView.
+PS_EXTERN NSString *const PSFooterHyperlinkViewTitleKey;      // "footerHyperlinkView_title": the text
+PS_EXTERN NSString *const PSFooterHyperlinkViewLinkRangeKey;  // "footerHyperlinkView_linkRange": "{location, length}"
+PS_EXTERN NSString *const PSFooterHyperlinkViewTargetKey;     // "footerHyperlinkView_target": NSValue; not owned
+PS_EXTERN NSString *const PSFooterHyperlinkViewActionKey;     // "footerHyperlinkView_action": name of a selector
+PS_EXTERN NSString *const PSFooterHyperlinkViewURLKey;        // "footerHyperlinkView_URL": NSURL or text
+
+// Rows that can be deleted.
+PS_EXTERN NSString *const PSDeletionActionKey;  // "deletionAction": selector (specifier)
 
 // Choices.
 PS_EXTERN NSString *const PSValidValuesKey;            // "validValues"
@@ -75,6 +86,8 @@ PS_EXTERN NSString *const PSControlMinimumKey;    // "min"
 PS_EXTERN NSString *const PSControlMaximumKey;    // "max"
 PS_EXTERN NSString *const PSSliderShowValueKey;   // "showValue"
 PS_EXTERN NSString *const PSSliderIsContinuous;   // "isContinuous"
+PS_EXTERN NSString *const PSSliderIsSegmentedKey;   // "isSegmented": BOOL
+PS_EXTERN NSString *const PSSliderSegmentCountKey;  // "segmentCount": how many steps there are from end to end
 PS_EXTERN NSString *const PSSliderLeftImageKey;   // "leftImage"
 PS_EXTERN NSString *const PSSliderRightImageKey;  // "rightImage"
 

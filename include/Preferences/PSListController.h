@@ -36,6 +36,8 @@ SIM_STATE_TYPE(PSListControllerState);
 - (NSMutableArray *)loadSpecifiersFromPlistName:(NSString *)name target:(id)target;
 - (NSMutableArray *)loadSpecifiersFromPlistName:(NSString *)name target:(id)target bundle:(NSBundle *)bundle;
 
+/// Forgets the cells: the next time each row is shown it gets a new one.
+- (void)clearCache;
 /// Redraws the table.
 - (void)reload;
 /// Forgets the rows and asks `specifiers` again.
@@ -47,6 +49,8 @@ SIM_STATE_TYPE(PSListControllerState);
 
 @interface PSListController (Lookup)
 - (PSSpecifier *)specifierForID:(NSString *)identifier;
+/// Those that the page holds, in the order of the identifiers.
+- (NSArray *)specifiersForIDs:(NSArray *)identifiers;
 - (PSSpecifier *)specifierAtIndex:(NSInteger)index;
 - (PSSpecifier *)specifierAtIndexPath:(NSIndexPath *)indexPath;
 - (BOOL)containsSpecifier:(PSSpecifier *)specifier;
@@ -101,6 +105,8 @@ SIM_STATE_TYPE(PSListControllerState);
 - (void)insertContiguousSpecifiers:(NSArray *)specifiers
                   afterSpecifierID:(NSString *)identifier
                           animated:(BOOL)animated;
+- (void)insertContiguousSpecifiers:(NSArray *)specifiers atEndOfGroup:(NSInteger)group;
+- (void)insertContiguousSpecifiers:(NSArray *)specifiers atEndOfGroup:(NSInteger)group animated:(BOOL)animated;
 - (void)removeSpecifier:(PSSpecifier *)specifier;
 - (void)removeSpecifier:(PSSpecifier *)specifier animated:(BOOL)animated;
 - (void)removeSpecifierID:(NSString *)identifier;
@@ -116,6 +122,8 @@ SIM_STATE_TYPE(PSListControllerState);
 - (void)replaceContiguousSpecifiers:(NSArray *)specifiers
                      withSpecifiers:(NSArray *)replacements
                            animated:(BOOL)animated;
+/// The same under another name.
+- (void)updateSpecifiers:(NSArray *)specifiers withSpecifiers:(NSArray *)replacements;
 /// Between the two, changes reach the table at once and at the end.
 - (void)beginUpdates;
 - (void)endUpdates;

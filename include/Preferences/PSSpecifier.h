@@ -65,8 +65,8 @@ typedef NS_ENUM(NSInteger, PSCellType) {
 @property(nonatomic) PSCellType cellType;
 @property(nonatomic) Class detailControllerClass;
 @property(nonatomic) Class editPaneClass;
-/// The live dictionary behind `propertyForKey:`.
-@property(nonatomic, readonly, retain) NSMutableDictionary *properties;
+/// The live dictionary behind `propertyForKey:`. Setting another one takes over a copy of what it holds.
+@property(nonatomic, retain) NSMutableDictionary *properties;
 @property(nonatomic, retain) NSArray *values;
 /// Value to title.
 @property(nonatomic, retain) NSDictionary *titleDictionary;

@@ -6,6 +6,7 @@
 #import <Preferences/PSViewController.h>
 #import <Preferences/PSListController.h>
 #import <Preferences/PSListItemsController.h>
+#import <Preferences/PSEditableListController.h>
 #import <Preferences/PSTableCell.h>
 #import <Preferences/PSControlTableCell.h>
 #import <Preferences/PSSwitchTableCell.h>
@@ -15,3 +16,5 @@
 #import <Preferences/PSTextViewTableCell.h>
 #import <Preferences/PSSpinnerTableCell.h>
 #import <Preferences/PreferencesTableCustomView.h>
+#import <Preferences/PSHeaderFooterView.h>
+#import <Preferences/PSFooterHyperlinkView.h>

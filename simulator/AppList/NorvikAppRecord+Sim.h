@@ -8,4 +8,8 @@
 + (instancetype)sim_recordOfApplicationAtPath:(NSString *)path;
 /// Every application of the device once, ordered by display name. Where two share an identifier the first one counts.
 + (NSArray *)sim_installedApplications;
+/// Where the application lies on this computer.
+- (NSString *)sim_folder;
+/// Its icon, `side` points wide; nil when it has none that can be read.
+- (UIImage *)sim_iconOfSide:(CGFloat)side;
 @end

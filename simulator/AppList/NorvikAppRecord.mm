@@ -96,9 +96,7 @@ struct Entry {
 
 - (UIImage *)icon {
   if (_icon || !_iconNames) return _icon;
-  NSString *path = iconFile(_folder, _iconNames);
-  UIImage *picture = path ? [UIImage imageWithData:[NSData dataWithContentsOfFile:path]] : nil;
-  _icon = [[picture sim_iconOfWidth:kIconSide] retain];
+  _icon = [[self sim_iconOfSide:kIconSide] retain];
   // Whatever came of it, the files are not looked at again.
   [_iconNames release];
   _iconNames = nil;
@@ -119,6 +117,16 @@ struct Entry {
 }
 
 #pragma mark - Sim
+
+- (NSString *)sim_folder {
+  return _folder;
+}
+
+- (UIImage *)sim_iconOfSide:(CGFloat)side {
+  NSString *path = iconFile(_folder, _iconNames);
+  UIImage *picture = path ? [UIImage imageWithData:[NSData dataWithContentsOfFile:path]] : nil;
+  return [picture sim_iconOfWidth:side];
+}
 
 + (instancetype)sim_recordOfApplicationAtPath:(NSString *)path {
   NSString *folderName = [path lastPathComponent];

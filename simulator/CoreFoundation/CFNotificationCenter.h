@@ -1,4 +1,5 @@
-// The Darwin notification centre: names only, no objects, no user information.
+// The two notification centres: the Darwin one has names only, no objects and no user information; the local one is
+// NSNotificationCenter's default one, and sends at once, on the posting thread. Any thread.
 #pragma once
 
 #import <CoreFoundation/CFBase.h>
@@ -17,16 +18,18 @@ typedef enum : CFIndex {
 
 CF_EXTERN_C_BEGIN
 
-/// The one centre of this process. Not owned by the caller. Any thread; all other functions on the main thread.
+/// Not owned by the caller.
 CFNotificationCenterRef CFNotificationCenterGetDarwinNotifyCenter(void);
+CFNotificationCenterRef CFNotificationCenterGetLocalCenter(void);
 
-/// Posts `name`. Observers are called from the main run loop, not inside this call. `object` and `userInfo` are
-/// dropped, as the Darwin centre does. A NULL name or centre is logged and ignored.
+/// Posts `name`. Observers of the Darwin centre are called from the main run loop, not inside this call, and `object`
+/// and `userInfo` are dropped. A NULL name or centre is logged and ignored.
 void CFNotificationCenterPostNotification(CFNotificationCenterRef center, CFNotificationName name, const void* object,
                                           CFDictionaryRef userInfo, Boolean deliverImmediately);
 
-/// Calls `callback` on the main thread for every later post of `name`. `observer` is a mere address: not owned, may be
-/// NULL. `object` and the suspension behaviour are ignored. A NULL name, callback or centre is logged and ignored.
+/// Calls `callback` for every later post of `name`, the Darwin centre's on the main thread. `observer` is a mere
+/// address: not owned, may be NULL. In the local centre a NULL name or object means all; the Darwin centre ignores the
+/// object. The suspension behaviour is ignored. What is NULL otherwise is logged and ignored.
 void CFNotificationCenterAddObserver(CFNotificationCenterRef center, const void* observer,
                                      CFNotificationCallback callback, CFStringRef name, const void* object,
                                      CFNotificationSuspensionBehavior suspensionBehavior);

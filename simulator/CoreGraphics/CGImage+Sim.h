@@ -13,6 +13,8 @@ namespace sim {
 CGImageRef createImage(PixelSourcePtr source);
 /// Where the image's pixels come from; null for NULL.
 PixelSourcePtr sourceOf(CGImageRef image);
+/// Whether `object` is a CGImageRef; false for nil.
+bool isImage(id object);
 
 /// The bytes of `data`, which stay as they are now: a copy of data that can change, else `data` itself. None for nil
 /// and for data without bytes.

@@ -178,4 +178,6 @@ CGImageRef createImage(PixelSourcePtr source) {
 
 PixelSourcePtr sourceOf(CGImageRef image) { return image ? ((SIMImage *)image)->_source : nullptr; }
 
+bool isImage(id object) { return [object isKindOfClass:[SIMImage class]]; }
+
 }  // namespace sim

@@ -1,6 +1,7 @@
 #include "CoreGraphics/Path.hpp"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <memory>
 #include <numbers>
@@ -194,6 +195,70 @@ bool Path::contains(Point point, bool evenOdd) const {
   appendTo(context);
   cairo_set_fill_rule(context, evenOdd ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
   return cairo_in_fill(context, point.x, point.y);
+}
+
+Path Path::part(double start, double end) const {
+  cairo_t* context = scratch();
+  appendTo(context);
+  const std::unique_ptr<cairo_path_t, decltype(&cairo_path_destroy)> flat(cairo_copy_path_flat(context),
+                                                                          cairo_path_destroy);
+  struct Piece {
+    Point from, to;
+    double length;
+  };
+  std::vector<Piece> pieces;
+  double length = 0;
+  Point first, last;
+  for (int at = 0; at < flat->num_data; at += flat->data[at].header.length) {
+    const cairo_path_data_t* data = flat->data + at;
+    const bool closes = data->header.type == CAIRO_PATH_CLOSE_PATH;
+    const Point to = closes ? first : Point{data[1].point.x, data[1].point.y};
+    if (data->header.type == CAIRO_PATH_MOVE_TO) {
+      first = to;
+    } else {
+      pieces.push_back({last, to, std::hypot(to.x - last.x, to.y - last.y)});
+      length += pieces.back().length;
+    }
+    last = to;
+  }
+  Path part;
+  double passed = 0;
+  for (const auto& [from, to, own] : pieces) {
+    const double low = std::max(start * length - passed, 0.0);
+    const double high = std::min(end * length - passed, own);
+    passed += own;
+    if (own <= 0 || low >= high) continue;
+    const auto at = [&](double distance) {
+      return Point{from.x + (to.x - from.x) * distance / own, from.y + (to.y - from.y) * distance / own};
+    };
+    if (part.current() != at(low)) part.move(at(low));
+    part.line(high == own ? to : at(high));
+  }
+  return part;
+}
+
+std::string Path::svg() const {
+  std::string text;
+  const auto write = [&](char command, const auto& points, std::size_t count) {
+    text += command;
+    for (std::size_t at = 0; at < count; ++at) {
+      for (const double number : {points[at].x, points[at].y}) {
+        std::array<char, 32> digits;
+        const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+        if (text.back() != command) text += ' ';
+        text.append(digits.data(), end);
+      }
+    }
+  };
+  for (const auto& [verb, points] : elements_) {
+    switch (verb) {
+      case Verb::move: write('M', points, 1); break;
+      case Verb::line: write('L', points, 1); break;
+      case Verb::curve: write('C', points, 3); break;
+      case Verb::close: text += 'Z'; break;
+    }
+  }
+  return text;
 }
 
 void Path::appendTo(cairo_t* context) const {

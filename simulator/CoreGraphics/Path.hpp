@@ -5,6 +5,7 @@
 
 #include <array>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace sim {
@@ -66,6 +67,10 @@ class Path final {
   /// Around the outline; nothing for an empty path.
   std::optional<Box> outlineBox() const;
   bool contains(Point point, bool evenOdd) const;
+  /// The part of the outline between two shares of its length, from 0 to 1, in straight pieces.
+  Path part(double start, double end) const;
+  /// As SVG writes paths.
+  std::string svg() const;
   /// Adds the path to the current path of `context`.
   void appendTo(cairo_t* context) const;
 

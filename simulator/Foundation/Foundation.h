@@ -6,6 +6,8 @@
 #define CGRectMinYEdge GSRectMinYEdge
 #define CGRectMaxXEdge GSRectMaxXEdge
 #define CGRectMaxYEdge GSRectMaxYEdge
+// The device has a loader of its own: NSURLSession.h.
+#define __NSURLSession_h_GNUSTEP_BASE_INCLUDE
 #include_next <Foundation/Foundation.h>
 #undef CGRectMinXEdge
 #undef CGRectMinYEdge
@@ -15,3 +17,4 @@
 #import <Foundation/FoundationMacros.h>
 
 #import <Foundation/FoundationAdditions.h>
+#import <Foundation/NSURLSession.h>

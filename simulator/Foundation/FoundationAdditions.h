@@ -3,8 +3,10 @@
 #pragma once
 
 #import <Foundation/Foundation.h>
+#import <Foundation/NSByteCountFormatter.h>
 
 #import <CoreFoundation/CoreFoundation.h>
+#import <Foundation/NSUserDefaults+Suites.h>
 #import <dispatch/dispatch.h>
 
 NS_ASSUME_NONNULL_BEGIN
@@ -88,6 +90,23 @@ typedef NS_OPTIONS(NSUInteger, NSDataReadingOptions) {
 
 @interface NSString (Lines)
 - (void)enumerateLinesUsingBlock:(void (^)(NSString *line, BOOL *stop))block;
+@end
+
+typedef struct {
+  NSInteger majorVersion;
+  NSInteger minorVersion;
+  NSInteger patchVersion;
+} NSOperatingSystemVersion;
+
+@interface NSProcessInfo (SystemVersion)
+/// The version that UIDevice tells.
+@property(readonly) NSOperatingSystemVersion operatingSystemVersion;
+- (BOOL)isOperatingSystemAtLeastVersion:(NSOperatingSystemVersion)version;
+@end
+
+@interface NSThread (Blocks)
+- (instancetype)initWithBlock:(void (^)(void))block;
++ (void)detachNewThreadWithBlock:(void (^)(void))block;
 @end
 
 @interface NSFileManager (Directories)

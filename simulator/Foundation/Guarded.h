@@ -9,7 +9,7 @@ namespace sim {
 /// when that was a framework, called that.
 void logUncaught(NSString *doing, NSException *exception);
 
-/// Is told of each exception that `guarded` has caught, when the log has its line.
+/// Is told, on the main thread, of each exception that `guarded` has caught, when the log has its line.
 using UncaughtHandler = void (*)(NSException *exception, void *context);
 
 /// Sets the handler, of which there is at most one; nullptr sets none. Main thread.

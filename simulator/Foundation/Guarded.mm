@@ -2,6 +2,8 @@
 
 #import "Foundation/SIMDevice.h"
 
+#import <dispatch/dispatch.h>
+
 namespace sim {
 namespace {
 
@@ -22,7 +24,13 @@ void logUncaught(NSString *doing, NSException *exception) {
   }
   NSLog(@"Uncaught exception while %@: %@: %@%@", doing, [exception name], [exception reason],
         file ? [NSString stringWithFormat:@" (from %@)", file] : @"");
-  if (uncaughtHandler) uncaughtHandler(exception, uncaughtContext);
+  if ([NSThread isMainThread]) {
+    if (uncaughtHandler) uncaughtHandler(exception, uncaughtContext);
+    return;
+  }
+  dispatch_async(dispatch_get_main_queue(), ^{
+    if (uncaughtHandler) uncaughtHandler(exception, uncaughtContext);
+  });
 }
 
 }  // namespace sim

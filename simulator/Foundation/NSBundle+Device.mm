@@ -14,12 +14,16 @@ namespace {
 using InitWithPath = id (*)(id, SEL, NSString *);
 using BundleIdentifier = NSString *(*)(id, SEL);
 using Load = BOOL (*)(id, SEL);
+using PathForResource = NSString *(*)(id, SEL, NSString *, NSString *, NSString *);
+using StringsFile = id (*)(id, SEL);
 using BundleForClass = NSBundle *(*)(id, SEL, Class);
 
 InitWithPath originalInitWithPath = nullptr;
 BundleIdentifier originalBundleIdentifier = nullptr;
 Load originalLoad = nullptr;
 BundleForClass originalBundleForClass = nullptr;
+PathForResource originalPathForResource = nullptr;
+StringsFile originalStringsFile = nullptr;
 thread_local bool isInitialising = false;
 
 id initWithPath(id self, SEL selector, NSString *path) {
@@ -79,11 +83,27 @@ NSBundle *bundleForClass(id self, SEL selector, Class kind) {
   return originalBundleForClass(self, selector, kind);
 }
 
+/// A resource may be named with the folders that it lies in, which GNUstep takes for a part of its name.
+NSString *pathForResource(id self, SEL selector, NSString *name, NSString *type, NSString *folder) {
+  NSString *inner = [name isAbsolutePath] ? @"" : [name stringByDeletingLastPathComponent];
+  if ([inner length] == 0) return originalPathForResource(self, selector, name, type, folder);
+  if ([[inner pathComponents] containsObject:@".."]) return nil;
+  NSString *whole = [folder length] > 0 ? [folder stringByAppendingPathComponent:inner] : inner;
+  return originalPathForResource(self, selector, [name lastPathComponent], type, whole);
+}
+
+/// Texts may stand in braces, as every property list does. What is none is left to GNUstep, which says so.
+id stringsFile(id self, SEL selector) {
+  NSData *data = [self dataUsingEncoding:NSUTF8StringEncoding];
+  id list = [NSPropertyListSerialization propertyListWithData:data options:0 format:NULL error:NULL];
+  return [list isKindOfClass:[NSDictionary class]] ? list : originalStringsFile(self, selector);
+}
+
 template <typename Implementation>
 Implementation replace(SEL selector, Implementation implementation,
-                       Method (*find)(Class, SEL) = class_getInstanceMethod) {
+                       Method (*find)(Class, SEL) = class_getInstanceMethod, const char *kind = "NSBundle") {
   // Without a message to the class: that would start Foundation before its defaults are set.
-  Method method = find((Class)objc_getClass("NSBundle"), selector);
+  Method method = find((Class)objc_getClass(kind), selector);
   // Every implementation is stored as a function of any arguments; the way there and back leads over void *.
   void *previous = reinterpret_cast<void *>(
       method_setImplementation(method, reinterpret_cast<IMP>(reinterpret_cast<void *>(implementation))));
@@ -101,11 +121,19 @@ Implementation replace(SEL selector, Implementation implementation,
   originalBundleIdentifier = replace(@selector(bundleIdentifier), bundleIdentifier);
   originalLoad = replace(@selector(load), load);
   originalInitWithPath = replace(@selector(initWithPath:), initWithPath);
+  originalPathForResource = replace(@selector(pathForResource:ofType:inDirectory:), pathForResource);
+  originalStringsFile =
+      replace(@selector(propertyListFromStringsFileFormat), stringsFile, class_getInstanceMethod, "NSString");
   originalBundleForClass = replace(@selector(bundleForClass:), bundleForClass, class_getClassMethod);
 }
 
 + (void)sim_refuseBundleAtPath:(NSString *)path because:(NSString *)reason {
   [refusedBundles() setObject:reason forKey:path];
+}
+
+- (NSURL *)URLForResource:(NSString *)name withExtension:(NSString *)extension {
+  NSString *path = [self pathForResource:name ofType:extension inDirectory:nil];
+  return path ? [NSURL fileURLWithPath:path] : nil;
 }
 
 + (NSBundle *)bundleWithIdentifier:(NSString *)identifier {

@@ -1,4 +1,6 @@
+#import <CoreFoundation/CFBase+Sim.h>
 #import <Foundation/SIMDevice.h>
+#import <Foundation/OfflineProtocol.h>
 #import <dispatch/MainQueue+Sim.h>
 
 #include <cstdlib>
@@ -20,7 +22,9 @@ void SIMStartFoundation(void) {
       NSDictionary *arguments = [defaults volatileDomainForName:NSArgumentDomain];
       if (![arguments objectForKey:@"NSLanguages"]) [NSUserDefaults setUserLanguages:@[ @"en" ]];
       [defaults registerDefaults:@{@"Locale" : @"en_US", @"GSMacOSXCompatible" : @(YES)}];
+      SIMStartCoreFoundation();
       SIMJoinMainRunLoop();
+      sim::goOffline();
     }
   });
 }

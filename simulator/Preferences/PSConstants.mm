@@ -67,3 +67,13 @@ NSString *const PSAutoCorrectionKey = @"autoCorrection";
 NSString *const PSIconImageKey = @"iconImage";
 NSString *const PSBundleIconPathKey = @"icon";
 NSString *const PSTableCellKey = @"cellObject";
+
+NSString *const PSSliderIsSegmentedKey = @"isSegmented";
+NSString *const PSSliderSegmentCountKey = @"segmentCount";
+NSString *const PSFooterAlignmentGroupKey = @"footerAlignment";
+NSString *const PSFooterHyperlinkViewTitleKey = @"footerHyperlinkView_title";
+NSString *const PSFooterHyperlinkViewLinkRangeKey = @"footerHyperlinkView_linkRange";
+NSString *const PSFooterHyperlinkViewTargetKey = @"footerHyperlinkView_target";
+NSString *const PSFooterHyperlinkViewActionKey = @"footerHyperlinkView_action";
+NSString *const PSFooterHyperlinkViewURLKey = @"footerHyperlinkView_URL";
+NSString *const PSDeletionActionKey = @"deletionAction";

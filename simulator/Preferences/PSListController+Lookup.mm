@@ -28,6 +28,14 @@ NSInteger numberFrom(std::optional<std::size_t> position) {
   return identifier ? [[self sim_preparedState].byIdentifier.get() objectForKey:identifier] : nil;
 }
 
+- (NSArray *)specifiersForIDs:(NSArray *)identifiers {
+  NSMutableArray *found = [NSMutableArray array];
+  for (NSString *identifier in identifiers) {
+    if (PSSpecifier *specifier = [self specifierForID:identifier]) [found addObject:specifier];
+  }
+  return found;
+}
+
 - (PSSpecifier *)specifierAtIndex:(NSInteger)index {
   NSArray *list = [self sim_preparedState].list.get();
   return positionFrom(index) < [list count] ? [list objectAtIndex:static_cast<NSUInteger>(index)] : nil;

@@ -163,8 +163,13 @@ CGFloat heightOfHeaderView(UIView *view, UITableView *table) {
 }
 
 - (UIView *)tableView:(UITableView *)tableView viewForFooterInSection:(NSInteger)section {
-  (void)tableView;
-  return [self sim_viewOfGroup:[self sim_groupAtSection:section] keys:footerKeys()];
+  PSSpecifier *group = [self sim_groupAtSection:section];
+  const bool isAligned = [[group propertyForKey:PSFooterAlignmentGroupKey] isKindOfClass:[NSNumber class]] &&
+                         [self tableView:tableView titleForFooterInSection:section];
+  if (isAligned && ![group propertyForKey:PSFooterCellClassGroupKey]) {
+    [group setProperty:@"SIMAlignedFooterView" forKey:PSFooterCellClassGroupKey];
+  }
+  return [self sim_viewOfGroup:group keys:footerKeys()];
 }
 
 - (CGFloat)tableView:(UITableView *)tableView heightForHeaderInSection:(NSInteger)section {

@@ -214,11 +214,19 @@ UITableViewRowAnimation animationFor(BOOL animated) {
 }
 
 - (void)insertSpecifier:(PSSpecifier *)specifier atEndOfGroup:(NSInteger)group animated:(BOOL)animated {
+  [self insertContiguousSpecifiers:@[ specifier ] atEndOfGroup:group animated:animated];
+}
+
+- (void)insertContiguousSpecifiers:(NSArray *)specifiers atEndOfGroup:(NSInteger)group {
+  [self insertContiguousSpecifiers:specifiers atEndOfGroup:group animated:NO];
+}
+
+- (void)insertContiguousSpecifiers:(NSArray *)specifiers atEndOfGroup:(NSInteger)group animated:(BOOL)animated {
   const NSInteger start = [self indexOfGroup:group];
   if (start == NSNotFound) {
     [NSException raise:NSRangeException format:@"group %ld of %ld", (long)group, (long)[self numberOfGroups]];
   }
-  [self insertSpecifier:specifier atIndex:start + 1 + [self rowsForGroup:group] animated:animated];
+  [self insertContiguousSpecifiers:specifiers atIndex:start + 1 + [self rowsForGroup:group] animated:animated];
 }
 
 - (void)insertContiguousSpecifiers:(NSArray *)specifiers atIndex:(NSInteger)index {
@@ -311,6 +319,10 @@ UITableViewRowAnimation animationFor(BOOL animated) {
     return;
   }
   [self sim_replaceRange:range withSpecifiers:replacements animated:animated];
+}
+
+- (void)updateSpecifiers:(NSArray *)specifiers withSpecifiers:(NSArray *)replacements {
+  [self replaceContiguousSpecifiers:specifiers withSpecifiers:replacements];
 }
 
 @end

@@ -137,6 +137,16 @@ NSMutableArray *rowsFrom(id specifiers, Class page) {
   return sim::specifiersOfPropertyList(list, name, bundle, target);
 }
 
+- (void)clearCache {
+  [self sim_unlinkAll];
+  [[self table] reloadData];
+}
+
+/// What makers reach as `valueForKey:@"_table"`: an instance variable on a device.
+- (UITableView *)_table {
+  return [self table];
+}
+
 - (void)reload {
   // Makers exchange `_specifiers` themselves, for example while a person searches, and then call this.
   _listState->isPrepared = false;

@@ -7,16 +7,31 @@
 #import <UIKit/UIKit.h>
 
 #include <cmath>
+#include <optional>
 
 namespace {
 
 constexpr CGFloat kValueWidth = 56;
 
+/// The finite number that `value` is, or that its text says.
+std::optional<float> numberOf(id value) {
+  double number = 0;
+  if ([value isKindOfClass:[NSNumber class]]) {
+    number = [value doubleValue];
+  } else if ([value isKindOfClass:[NSString class]]) {
+    NSScanner *scanner = [NSScanner scannerWithString:value];
+    if (![scanner scanDouble:&number] || ![scanner isAtEnd]) return std::nullopt;
+  } else {
+    return std::nullopt;
+  }
+  return std::isfinite(number) ? std::optional(static_cast<float>(number)) : std::nullopt;
+}
+
 /// A finite number of the plist, else the fallback.
 float numberFor(PSSpecifier *specifier, NSString *key, float fallback) {
   id number = [specifier propertyForKey:key];
   if (!number) return fallback;
-  if ([number isKindOfClass:[NSNumber class]] && std::isfinite([number floatValue])) return [number floatValue];
+  if (const auto found = numberOf(number)) return *found;
   if ([specifier sim_isFirst:SIMSpecifierFaultRange]) {
     sim::logPreferences(@"%@: \"%@\" is no number.", [specifier sim_label], key);
   }
@@ -53,7 +68,7 @@ float numberFor(PSSpecifier *specifier, NSString *key, float fallback) {
 - (void)setValue:(id)value {
   [super setValue:value];
   UISlider *slider = (UISlider *)[self control];
-  [slider setValue:value ? [value floatValue] : [slider minimumValue]];
+  [slider setValue:[self sim_nearestTo:numberOf(value).value_or([slider minimumValue])]];
   [self sim_showNumber];
 }
 
@@ -62,7 +77,20 @@ float numberFor(PSSpecifier *specifier, NSString *key, float fallback) {
   [[self valueLabel] setText:[self sim_showsNumber] ? [NSString stringWithFormat:@"%.2f", value] : nil];
 }
 
+/// The value itself, or in a slider of segments the nearest end of one.
+- (float)sim_nearestTo:(float)value {
+  PSSpecifier *specifier = [self specifier];
+  const float count = std::round(numberFor(specifier, PSSliderSegmentCountKey, 0));
+  if (![specifier sim_flagForKey:PSSliderIsSegmentedKey fallback:NO] || count < 1) return value;
+  UISlider *slider = (UISlider *)[self control];
+  const float segment = ([slider maximumValue] - [slider minimumValue]) / count;
+  if (segment <= 0) return value;
+  return [slider minimumValue] + segment * std::round((value - [slider minimumValue]) / segment);
+}
+
 - (void)controlChanged:(UIControl *)control {
+  UISlider *slider = (UISlider *)control;
+  [slider setValue:[self sim_nearestTo:[slider value]]];
   [self sim_showNumber];
   [super controlChanged:control];
 }
@@ -84,7 +112,7 @@ float numberFor(PSSpecifier *specifier, NSString *key, float fallback) {
 }
 
 - (id)sim_valueOfSpecifier:(PSSpecifier *)specifier {
-  return [self sim_valueOfSpecifier:specifier ofClass:[NSNumber class] orClass:Nil];
+  return [self sim_valueOfSpecifier:specifier ofClass:[NSNumber class] orClass:[NSString class]];
 }
 
 - (void)layoutSubviews {

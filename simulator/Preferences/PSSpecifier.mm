@@ -125,6 +125,12 @@ NSDictionary *titlesByValue(NSArray *values, NSArray *titles) {
   }
 }
 
+- (void)setProperties:(NSDictionary *)properties {
+  NSMutableDictionary *former = _properties;
+  _properties = properties ? [properties mutableCopy] : [[NSMutableDictionary alloc] init];
+  [former autorelease];
+}
+
 - (id)propertyForKey:(NSString *)key {
   return [_properties objectForKey:key];
 }

@@ -1,6 +1,7 @@
 // The Settings process: hosts the settings bundles of a device folder, driven by the simulator over a channel.
 #import <Foundation/Foundation.h>
 #import <Foundation/Guarded.h>
+#import <Foundation/PreferenceDomain.h>
 #import <Foundation/SIMDevice.h>
 
 #include <fcntl.h>
@@ -83,6 +84,7 @@ int main(int count, char **arguments) {
     sim::wire::Channel channel{sim::Descriptor(options->channel)};
     sim::reportDeviceEvents(channel);
     std::optional<sim::Stage> stage;
+    if (options->isStage) sim::setApplicationIdentifier(@"com.apple.springboard");  // Where widgets run on a device.
     if (options->isStage) stage.emplace([&](sim::wire::Report report) { sim::send(channel, std::move(report)); });
     UIViewController *root = stage ? stage->page() : [[[SettingsRootController alloc] init] autorelease];
     sim::Session session(root, options->revision, stage ? &*stage : nullptr);

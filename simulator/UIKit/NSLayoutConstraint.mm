@@ -298,9 +298,13 @@ NSString *signOf(NSLayoutRelation relation) {
 }
 
 - (void)setActive:(BOOL)active {
-  sim::LayoutConstraintState &state = *_constraintState;
-  if (active == (state.holder != nil)) return;
-  if (!active) return [self sim_leave];
+  if (active == [self isActive]) return;
+  [self sim_moveToHolder:active ? [self sim_requiredAncestor] : nil];
+}
+
+/// The nearest view that both items are in. Raises NSGenericException without one.
+- (UIView *)sim_requiredAncestor {
+  const sim::LayoutConstraintState &state = *_constraintState;
   UIView *one = state.first ? state.first->host() : nil;
   UIView *other = state.second ? state.second->host() : one;
   UIView *ancestor = nearestCommonAncestor(one, other);
@@ -310,7 +314,13 @@ NSString *signOf(NSLayoutRelation relation) {
                        @"the constraint reference items in different view hierarchies? That's illegal.",
                        [self firstItem], [self secondItem]];
   }
-  [self sim_joinView:ancestor];
+  return ancestor;
+}
+
+/// nil for none.
+- (void)sim_moveToHolder:(UIView *)holder {
+  if (holder) [self sim_joinView:holder];
+  else [self sim_leave];
 }
 
 /// Makes `holder`, a view in which both items are, hold the constraint.

@@ -7,25 +7,13 @@
 
 namespace {
 
-bool isFinite(CGRect rect) {
-  return std::isfinite(rect.origin.x) && std::isfinite(rect.origin.y) && std::isfinite(rect.size.width) &&
-         std::isfinite(rect.size.height);
-}
-
-void requireFinite(CGRect rect) {
-  if (!isFinite(rect)) {
-    [NSException raise:@"CALayerInvalidGeometry"
-                format:@"A view cannot have the rectangle %@.", NSStringFromCGRect(rect)];
-  }
-}
-
 // Along one axis: where a view starts and how long it is.
 struct Span {
   CGFloat start, length;
 };
 
 // Shares `newLength - oldLength` out in proportion to the parts that may change, evenly where they are all zero.
-Span resized(Span span, CGFloat oldLength, CGFloat newLength, bool startFlexes, bool lengthFlexes, bool endFlexes) {
+Span shared(Span span, CGFloat oldLength, CGFloat newLength, bool startFlexes, bool lengthFlexes, bool endFlexes) {
   const CGFloat start = startFlexes ? span.start : 0;
   const CGFloat length = lengthFlexes ? span.length : 0;
   const CGFloat end = endFlexes ? oldLength - span.start - span.length : 0;
@@ -40,15 +28,17 @@ Span resized(Span span, CGFloat oldLength, CGFloat newLength, bool startFlexes, 
   return {span.start + share(startFlexes, start), std::max(CGFloat(0), span.length + share(lengthFlexes, length))};
 }
 
-// The place of a view's bounds origin in the coordinates of its outermost ancestor.
-CGPoint originInRoot(UIView *view) {
-  CGPoint place = CGPointZero;
+// From the view's coordinates to those of its outermost ancestor; the identity for nil.
+CGAffineTransform transformToRoot(UIView *view) {
+  CGAffineTransform transform = CGAffineTransformIdentity;
   for (; view; view = [view superview]) {
-    const sim::UIViewState &state = [view sim_state];
-    place.x += state.origin.x - state.bounds.origin.x;
-    place.y += state.origin.y - state.bounds.origin.y;
+    transform = CGAffineTransformConcat(transform, sim::transformToParent([view sim_state]));
   }
-  return place;
+  return transform;
+}
+
+CGAffineTransform between(UIView *from, UIView *to) {
+  return CGAffineTransformConcat(transformToRoot(from), CGAffineTransformInvert(transformToRoot(to)));
 }
 
 }  // namespace
@@ -56,16 +46,15 @@ CGPoint originInRoot(UIView *view) {
 @implementation UIView (UIViewGeometry)
 
 - (CGRect)frame {
-  return {_state->origin, _state->bounds.size};
+  return sim::frameOf(*_state);
 }
 
 - (void)setFrame:(CGRect)frame {
-  requireFinite(frame);
-  const CGRect standard = CGRectStandardize(frame);
-  const bool moves = !CGPointEqualToPoint(_state->origin, standard.origin);
-  _state->origin = standard.origin;
-  if (moves) [self sim_geometryChanged];
-  [self sim_setSize:standard.size];
+  const CGRect old = _state->bounds;
+  const CGPoint origin = _state->origin;
+  sim::setFrame(*_state, frame);
+  if (!CGPointEqualToPoint(origin, _state->origin)) [self sim_geometryChanged];
+  [self sim_layerBoundsDidChange:old];
 }
 
 - (CGRect)bounds {
@@ -73,40 +62,48 @@ CGPoint originInRoot(UIView *view) {
 }
 
 - (void)setBounds:(CGRect)bounds {
-  requireFinite(bounds);
-  const CGSize old = _state->bounds.size;
-  const CGRect standard = CGRectStandardize(bounds);
-  // The centre stays where it is.
-  _state->origin.x += (old.width - standard.size.width) / 2;
-  _state->origin.y += (old.height - standard.size.height) / 2;
-  if (!CGPointEqualToPoint(_state->bounds.origin, standard.origin)) {
+  const CGRect old = _state->bounds;
+  sim::setBounds(*_state, bounds);
+  [self sim_layerBoundsDidChange:old];
+}
+
+- (void)sim_layerBoundsDidChange:(CGRect)old {
+  const CGRect &bounds = _state->bounds;
+  if (!CGPointEqualToPoint(old.origin, bounds.origin)) {
     [self setNeedsLayout];
     [self sim_geometryChanged];
   }
-  _state->bounds.origin = standard.origin;
-  [self sim_setSize:standard.size];
-}
-
-- (void)sim_setSize:(CGSize)size {
-  const CGSize old = _state->bounds.size;
-  if (CGSizeEqualToSize(old, size)) return;
-  _state->bounds.size = size;
+  if (CGSizeEqualToSize(old.size, bounds.size)) return;
   [self setNeedsLayout];
   [self sim_geometryChanged];
+  if (_state->contentMode == UIViewContentModeRedraw) [self setNeedsDisplay];
   if (!_state->autoresizesSubviews) return;
-  for (UIView *subview in [self subviews]) [subview sim_resizeWithOldSuperviewSize:old];
+  for (UIView *subview in [self subviews]) [subview sim_resizeWithOldSuperviewSize:old.size];
 }
 
 - (CGPoint)center {
-  return CGPointMake(_state->origin.x + _state->bounds.size.width / 2,
-                     _state->origin.y + _state->bounds.size.height / 2);
+  return sim::positionOf(*_state);
 }
 
 - (void)setCenter:(CGPoint)center {
-  requireFinite({center, CGSizeZero});
-  _state->origin.x = center.x - _state->bounds.size.width / 2;
-  _state->origin.y = center.y - _state->bounds.size.height / 2;
+  sim::setPosition(*_state, center);
   [self sim_geometryChanged];
+}
+
+- (CGAffineTransform)transform {
+  return CATransform3DGetAffineTransform(_state->transform);
+}
+
+- (void)setTransform:(CGAffineTransform)transform {
+  _state->transform = CATransform3DMakeAffineTransform(transform);
+}
+
+- (CATransform3D)transform3D {
+  return _state->transform;
+}
+
+- (void)setTransform3D:(CATransform3D)transform {
+  _state->transform = transform;
 }
 
 - (BOOL)autoresizesSubviews {
@@ -132,27 +129,23 @@ CGPoint originInRoot(UIView *view) {
 
 - (void)sizeToFit {
   const CGSize size = [self sizeThatFits:_state->bounds.size];
-  [self setFrame:{_state->origin, size}];
+  [self setFrame:{[self frame].origin, size}];
 }
 
 - (CGPoint)convertPoint:(CGPoint)point toView:(UIView *)view {
-  const CGPoint from = originInRoot(self);
-  const CGPoint to = originInRoot(view);
-  return CGPointMake(point.x + from.x - to.x, point.y + from.y - to.y);
+  return CGPointApplyAffineTransform(point, between(self, view));
 }
 
 - (CGPoint)convertPoint:(CGPoint)point fromView:(UIView *)view {
-  const CGPoint from = originInRoot(view);
-  const CGPoint to = originInRoot(self);
-  return CGPointMake(point.x + from.x - to.x, point.y + from.y - to.y);
+  return CGPointApplyAffineTransform(point, between(view, self));
 }
 
 - (CGRect)convertRect:(CGRect)rect toView:(UIView *)view {
-  return {[self convertPoint:rect.origin toView:view], rect.size};
+  return sim::apply(rect, between(self, view));
 }
 
 - (CGRect)convertRect:(CGRect)rect fromView:(UIView *)view {
-  return {[self convertPoint:rect.origin fromView:view], rect.size};
+  return sim::apply(rect, between(view, self));
 }
 
 - (void)sim_resizeWithOldSuperviewSize:(CGSize)oldSize {
@@ -161,13 +154,17 @@ CGPoint originInRoot(UIView *view) {
   if (![self translatesAutoresizingMaskIntoConstraints]) return;
   const CGSize newSize = _state->superview->_state->bounds.size;
   const CGRect frame = {_state->origin, _state->bounds.size};
-  const Span x = resized({frame.origin.x, frame.size.width}, oldSize.width, newSize.width,
-                         mask & UIViewAutoresizingFlexibleLeftMargin, mask & UIViewAutoresizingFlexibleWidth,
-                         mask & UIViewAutoresizingFlexibleRightMargin);
-  const Span y = resized({frame.origin.y, frame.size.height}, oldSize.height, newSize.height,
-                         mask & UIViewAutoresizingFlexibleTopMargin, mask & UIViewAutoresizingFlexibleHeight,
-                         mask & UIViewAutoresizingFlexibleBottomMargin);
-  [self setFrame:CGRectMake(x.start, y.start, x.length, y.length)];
+  const Span x = shared({frame.origin.x, frame.size.width}, oldSize.width, newSize.width,
+                        mask & UIViewAutoresizingFlexibleLeftMargin, mask & UIViewAutoresizingFlexibleWidth,
+                        mask & UIViewAutoresizingFlexibleRightMargin);
+  const Span y = shared({frame.origin.y, frame.size.height}, oldSize.height, newSize.height,
+                        mask & UIViewAutoresizingFlexibleTopMargin, mask & UIViewAutoresizingFlexibleHeight,
+                        mask & UIViewAutoresizingFlexibleBottomMargin);
+  const CGRect resized = CGRectMake(x.start, y.start, x.length, y.length);
+  if (CATransform3DIsIdentity(_state->transform)) return [self setFrame:resized];
+  // The frame would be the box around the transformed view.
+  [self setBounds:{_state->bounds.origin, resized.size}];
+  _state->origin = resized.origin;
 }
 
 @end

@@ -37,7 +37,7 @@ void layOut(UIView *view) {
     const auto observer = (UIResponder<SIMLayoutObserver> *)state.viewController;
     const BOOL observes = [observer respondsToSelector:@selector(viewWillLayoutSubviews)];
     if (observes) [observer viewWillLayoutSubviews];
-    [view layoutSubviews];
+    [view sim_layoutSublayers];
     if (observes) [observer viewDidLayoutSubviews];
   }
   for (UIView *subview in [view subviews]) layOut(subview);
@@ -87,6 +87,7 @@ void layOut(UIView *view) {
   auto &siblings = superview->_state->subviews;
   siblings.erase(find(siblings, self));
   superview->_state->subviewsArray = nullptr;
+  [superview sim_didTakeSublayerOf:self];
   _state->superview = nil;
   [superview setNeedsLayout];
 }
@@ -105,6 +106,7 @@ void layOut(UIView *view) {
     const auto place = std::min<size_t>(size_t(std::max<NSInteger>(index, 0)), views.size());
     views.insert(views.begin() + std::ptrdiff_t(place), handle);
     _state->subviewsArray = nullptr;
+    [self sim_didPlaceSublayerOf:view];
     [self setNeedsLayout];
     return;
   }
@@ -120,6 +122,7 @@ void layOut(UIView *view) {
   views.insert(views.begin() + std::ptrdiff_t(place), added);
   _state->subviewsArray = nullptr;
   view->_state->superview = self;
+  [self sim_didPlaceSublayerOf:view];
   [self setNeedsLayout];
   if (view->_state->treeNeedsUpdateConstraints) [view sim_passOnNeedForConstraints];
   [view sim_didMoveFromWindow:from toWindow:to];
@@ -152,6 +155,9 @@ void layOut(UIView *view) {
   }
   std::swap(_state->subviews[size_t(one)], _state->subviews[size_t(other)]);
   _state->subviewsArray = nullptr;
+  for (const NSInteger index : {std::max(one, other), std::min(one, other)}) {
+    [self sim_didPlaceSublayerOf:_state->subviews[size_t(index)].get()];
+  }
 }
 
 - (void)bringSubviewToFront:(UIView *)view {

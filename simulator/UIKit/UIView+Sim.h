@@ -13,14 +13,22 @@
 /// Tells the receiver and everything below, with the controllers that the views belong to and their children, that the
 /// traits have changed: `traitCollectionDidChange:`.
 - (void)sim_traitCollectionDidChange:(UITraitCollection *)previous;
-/// The layer as far as it was made: asking makes none.
-- (CALayer *)sim_layerIfMade;
 /// A number that is unique in the process, for the host's identifiers.
 - (NSUInteger)sim_number;
 @end
 
 /// A view keeps what it shares with its layer.
 @interface UIView (SimLayer) <SIMLayerOwner>
+/// The layer as far as it was made: asking makes none, unless the view's class has a layer of a kind of its own or
+/// draws itself.
+- (CALayer *)sim_layerIfMade;
+/// Lays out what lies in the receiver, as its layer does: `layoutSublayersOfLayer:`, which calls `layoutSubviews`.
+- (void)sim_layoutSublayers;
+@end
+
+@interface UIView (SimGestures)
+/// Its recognisers know of no view any more.
+- (void)sim_letGoOfRecognizers;
 @end
 
 @interface UIView (SimHierarchy)

@@ -3,6 +3,7 @@
 
 #import <CoreGraphics/CoreGraphics.h>
 #import <QuartzCore/CALayer.h>
+#import <QuartzCore/CATransform3D.h>
 #import <UIKit/UIColor.h>
 #import <UIKit/UIGeometry.h>
 #import <UIKit/UIResponder.h>
@@ -12,6 +13,8 @@
 
 SIM_STATE_TYPE(UIViewState);
 
+@class UIEvent;
+@class UIGestureRecognizer;
 @class UIWindow;
 
 typedef NS_ENUM(NSInteger, UIViewContentMode) {
@@ -61,7 +64,6 @@ UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 /// Designated.
 - (instancetype)initWithFrame:(CGRect)frame;
 
-@property(nonatomic, readonly) CALayer *layer;
 @property(nonatomic) NSInteger tag;
 @property(nonatomic, getter=isUserInteractionEnabled) BOOL userInteractionEnabled;
 @property(nonatomic, copy) NSString *accessibilityLabel;
@@ -71,12 +73,16 @@ UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 @property(nonatomic) BOOL isAccessibilityElement;
 @end
 
-/// Geometry. A view has no transform: `frame` and `bounds` always have the same size.
 @interface UIView (UIViewGeometry)
-/// In the superview's coordinates. Values that are not finite raise CALayerInvalidGeometry.
+/// In the superview's coordinates: the box around the transformed view. Values that are not finite raise
+/// CALayerInvalidGeometry.
 @property(nonatomic) CGRect frame;
 @property(nonatomic) CGRect bounds;
+/// Where the layer's anchor point, the middle until it is set, lies in the superview.
 @property(nonatomic) CGPoint center;
+/// About that point.
+@property(nonatomic) CGAffineTransform transform;
+@property(nonatomic) CATransform3D transform3D;
 @property(nonatomic) BOOL autoresizesSubviews;
 @property(nonatomic) UIViewAutoresizing autoresizingMask;
 /// The bounds' own size here; subclasses answer what fits them.
@@ -88,6 +94,19 @@ UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 - (CGPoint)convertPoint:(CGPoint)point fromView:(UIView *)view;
 - (CGRect)convertRect:(CGRect)rect toView:(UIView *)view;
 - (CGRect)convertRect:(CGRect)rect fromView:(UIView *)view;
+@end
+
+@interface UIView (UIViewLayer)
+/// What `layer` is made of; CALayer here.
+@property(class, nonatomic, readonly) Class layerClass;
+@property(nonatomic, readonly) CALayer *layer;
+/// What its alpha leaves of the receiver is shown. The mask lies in no other view.
+@property(nonatomic, retain) UIView *maskView;
+/// Draws what the view shows, into the current context, in its own coordinates: before it is first shown and after
+/// `setNeedsDisplay`. Nothing here.
+- (void)drawRect:(CGRect)rect;
+- (void)setNeedsDisplay;
+- (void)setNeedsDisplayInRect:(CGRect)rect;
 @end
 
 @interface UIView (UIViewSafeArea)
@@ -145,6 +164,33 @@ UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 @property(nonatomic, retain) UIColor *tintColor;
 /// The receiver's effective tint colour has changed.
 - (void)tintColorDidChange;
+@end
+
+@interface UIView (UIViewSnapshotting)
+/// Draws the view and everything in it into the current context, stretched to `rect`. YES when there is one.
+- (BOOL)drawViewHierarchyInRect:(CGRect)rect afterScreenUpdates:(BOOL)afterUpdates;
+@end
+
+@interface UIView (UIViewTouches)
+/// NO at first, both. There is one finger, to which they make no difference.
+@property(nonatomic, getter=isMultipleTouchEnabled) BOOL multipleTouchEnabled;
+@property(nonatomic, getter=isExclusiveTouch) BOOL exclusiveTouch;
+/// The deepest view in front, of those that are shown and let touches through, that has `point` inside; nil for none.
+- (UIView *)hitTest:(CGPoint)point withEvent:(UIEvent *)event;
+/// Whether `point`, in the receiver's coordinates, is in its bounds.
+- (BOOL)pointInside:(CGPoint)point withEvent:(UIEvent *)event;
+@end
+
+@interface UIView (UIViewGestureRecognizers)
+/// nil for none. Setting it puts others in their place.
+@property(nonatomic, copy) NSArray<UIGestureRecognizer *> *gestureRecognizers;
+/// Owned. A recogniser is on one view at a time: it is taken from the former one.
+- (void)addGestureRecognizer:(UIGestureRecognizer *)recognizer;
+/// What it was at is cancelled.
+- (void)removeGestureRecognizer:(UIGestureRecognizer *)recognizer;
+/// Asked of the touched view and of those above it, up to that of the recogniser, before that takes the touch away
+/// from them. YES here.
+- (BOOL)gestureRecognizerShouldBegin:(UIGestureRecognizer *)recognizer;
 @end
 
 /// Animations run at once: the animations block inside the call, `completion` with YES later on the main queue.

@@ -43,6 +43,7 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
   }
   if (_state->layout) _state->layout->letGo();
   for (const auto &subview : _state->subviews) subview.get()->_state->superview = nil;
+  [self sim_letGoOfRecognizers];
   [_state->layer.get() setDelegate:nil];
   [_state->layer.get() sim_setOwner:nil];
   [super dealloc];
@@ -50,15 +51,6 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
 
 - (sim::UIViewState &)sim_state {
   return *_state;
-}
-
-- (CALayer *)layer {
-  if (!_state->layer) {
-    _state->layer = objcxx::adopt([[CALayer alloc] init]);
-    [_state->layer.get() setDelegate:self];
-    [_state->layer.get() sim_setOwner:self];
-  }
-  return _state->layer.get();
 }
 
 - (UIResponder *)nextResponder {
@@ -234,18 +226,6 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
   [self traitCollectionDidChange:previous];
   for (UIView *subview in [self subviews]) [subview sim_traitCollectionDidChange:previous];
   [controller.get() sim_tellCoveredChildrenOfTraits:previous];
-}
-
-- (CALayer *)sim_layerIfMade {
-  return _state->layer.get();
-}
-
-- (CGColorRef)sim_layerColor {
-  return [[self backgroundColor] CGColor];
-}
-
-- (void)sim_setLayerColor:(CGColorRef)color {
-  [self setBackgroundColor:color ? [UIColor colorWithCGColor:color] : nil];
 }
 
 - (NSUInteger)sim_number {

@@ -2,6 +2,8 @@
 #pragma once
 
 #import <UIKit/LayoutState.h>
+#import <QuartzCore/LayerGeometry.h>
+#import <UIKit/UIGestureRecognizer.h>
 #import <UIKit/UIView.h>
 
 #include <objcxx/Retained.h>
@@ -10,19 +12,18 @@
 
 namespace sim {
 
-struct UIViewState {
-  CGPoint origin = CGPointZero;  ///< In the superview's coordinates.
-  CGRect bounds = CGRectZero;
-
+struct UIViewState : LayerGeometry {
   UIView *superview = nil;  // Not owned; cleared by the superview.
   std::vector<objcxx::Retained<UIView>> subviews;
   objcxx::Retained<NSArray> subviewsArray;  ///< What `subviews` last answered; nothing after a change.
   UIResponder *viewController = nil;        // Not owned; cleared by the controller.
   objcxx::Retained<CALayer> layer;
+  objcxx::Retained<UIView> maskView;
   bool needsLayout = true;
   bool needsUpdateConstraints = false;
   bool treeNeedsUpdateConstraints = false;  ///< The view or one in it.
   std::unique_ptr<ViewLayout> layout;       ///< nullptr until layout has to do with the view.
+  std::vector<objcxx::Retained<UIGestureRecognizer>> gestureRecognizers;
 
   UIViewAutoresizing autoresizingMask = UIViewAutoresizingNone;
   bool autoresizesSubviews = true;
@@ -30,6 +31,8 @@ struct UIViewState {
   bool opaque = true;
   bool clipsToBounds = false;
   bool userInteractionEnabled = true;
+  bool multipleTouchEnabled = false;
+  bool exclusiveTouch = false;
   CGFloat alpha = 1;
   UIViewContentMode contentMode = UIViewContentModeScaleToFill;
   objcxx::Retained<UIColor> backgroundColor;
@@ -51,4 +54,7 @@ struct UIViewState {
 - (sim::UIViewState &)sim_state;
 /// Shares a change of the superview's size out to margins and size as the autoresizing mask says.
 - (void)sim_resizeWithOldSuperviewSize:(CGSize)oldSize;
+/// A subview has its place, or has lost it: so does its layer, where the receiver's layer lists its sublayers itself.
+- (void)sim_didPlaceSublayerOf:(UIView *)subview;
+- (void)sim_didTakeSublayerOf:(UIView *)subview;
 @end

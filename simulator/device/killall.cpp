@@ -1,11 +1,13 @@
-// The device's killall. The one daemon of the simulated device is "backboardd", whose end restarts the user interface:
-// killing it tells the simulator, which does so. Works without an environment, and finds the device folder by where it
-// is installed itself.
+// The device's killall, and its sbreload, which ends "SpringBoard". The end of "backboardd" and of "SpringBoard"
+// restarts the user interface: killing one tells the simulator, which does so. "cfprefsd" is started anew whenever
+// somebody needs it, so that its end changes nothing. There is no other process. Works without an environment, and
+// finds the device folder by where it is installed itself.
 #include "base/Descriptor.hpp"
 
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <climits>
 #include <cstdio>
@@ -15,8 +17,9 @@
 
 namespace {
 
-constexpr std::string_view kDaemon = "backboardd";
-constexpr std::string_view kInstalledAt = "/var/jb/usr/bin/killall";
+constexpr std::array<std::string_view, 2> kUserInterface{"backboardd", "SpringBoard"};
+constexpr std::string_view kUnnoticed = "cfprefsd";
+constexpr std::string_view kInstalledIn = "/var/jb/usr/bin";
 
 // A signal that ends a process which does not expect it.
 bool isEndingSignal(std::string_view signal) {
@@ -32,21 +35,24 @@ std::optional<std::string> deviceFolder() {
   char path[PATH_MAX];
   const ssize_t size = ::readlink("/proc/self/exe", path, sizeof path);
   const std::string_view program(path, size > 0 ? static_cast<std::size_t>(size) : 0);
-  if (!program.ends_with(kInstalledAt)) return std::nullopt;
-  return std::string(program.substr(0, program.size() - kInstalledAt.size()));
+  const std::string_view folder = program.substr(0, std::min(program.rfind('/'), program.size()));
+  if (!folder.ends_with(kInstalledIn)) return std::nullopt;
+  return std::string(folder.substr(0, folder.size() - kInstalledIn.size()));
 }
 
 bool kill(std::string_view name) {
   const auto folder = deviceFolder();
-  if (name != kDaemon || !folder) return false;
+  const bool isUserInterface = std::find(kUserInterface.begin(), kUserInterface.end(), name) != kUserInterface.end();
+  if (!folder || (!isUserInterface && name != kUnnoticed)) return false;
   // Without a simulator nobody reads the pipe, and opening it fails.
   const sim::Descriptor pipe(::open((*folder + "/.simulator/backboardd").c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC));
-  return pipe && ::write(pipe.get(), "\n", 1) == 1;
+  return pipe && (!isUserInterface || ::write(pipe.get(), "\n", 1) == 1);
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
+  if (std::string_view(arguments[0]).ends_with("sbreload")) return kill("SpringBoard") ? 0 : 1;
   int first = 1;
   if (first < count && arguments[first][0] == '-') {
     const std::string_view signal = arguments[first] + 1;

@@ -1,55 +1,70 @@
 #import <dispatch/MainQueue+Sim.h>
 #import <dispatch/dispatch.h>
 
-#include <objcxx/BlockHandle.h>
-
 #include <sys/eventfd.h>
 #include <sys/timerfd.h>
-#include <time.h>
 #include <unistd.h>
 
+#include <condition_variable>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <deque>
 #include <map>
+#include <memory>
 #include <mutex>
+#include <utility>
+
+#include "dispatch/Queue.hpp"
+#include "dispatch/Times.hpp"
 
 namespace {
 
-using Block = objcxx::BlockHandle<void>;
+using sim::dispatch::Work;
 
 constexpr NSUInteger kDrainLimit = 10000;
 constexpr NSTimeInterval kNow = 0.001;  // Foundation makes a zero delay a tenth of a millisecond.
 
-std::uint64_t monotonicNanoseconds() {
-  timespec now{};
-  clock_gettime(CLOCK_MONOTONIC, &now);
-  return static_cast<std::uint64_t>(now.tv_sec) * NSEC_PER_SEC + static_cast<std::uint64_t>(now.tv_nsec);
-}
-
 /// The blocks that wait, and the two descriptors that wake the main run loop for them. Any thread, `runNext` excepted.
-class MainQueue final {
+class MainQueue final : public sim::dispatch::Queue {
  public:
-  static MainQueue &shared() {
-    static auto *queue = new MainQueue;  // Lives as long as the process.
+  /// Lives as long as the process.
+  static const std::shared_ptr<MainQueue> &handle() {
+    static auto *queue = new std::shared_ptr<MainQueue>(new MainQueue);
     return *queue;
   }
+  static MainQueue &shared() { return *handle(); }
 
   int wakeDescriptor() const { return wake_; }
   int timerDescriptor() const { return timer_; }
 
-  void add(Block block) {
+  void add(Work work, bool /*alone*/) override {
     const std::lock_guard lock(mutex_);
-    ready_.push_back(std::move(block));
+    ready_.push_back(std::move(work));
     updateWake();
   }
 
-  void add(Block block, dispatch_time_t due) {
+  void addAt(std::uint64_t due, Work work) override {
     const std::lock_guard lock(mutex_);
-    later_.emplace(due, std::move(block));
+    later_.emplace(due, std::move(work));
     updateTimer();
   }
+
+  void run(const Work &work, bool alone) override {
+    if (isMainThread()) {
+      sim::dispatch::misuse("dispatch_sync was called on the main queue by the main thread, and would wait for ever.");
+    }
+    Done done;
+    add(
+        [&] {
+          const Done::Teller teller(done);
+          work();
+        },
+        alone);
+    done.wait();
+  }
+
+  std::size_t width() const override { return 1; }
 
   /// How many blocks `runNext` could run now: none while one is running, as the queue is serial.
   std::size_t runnable() {
@@ -58,15 +73,15 @@ class MainQueue final {
     return busy_ ? 0 : ready_.size();
   }
 
-  /// Runs the first waiting block; false when there is none that could run. Main thread.
+  /// Runs the first waiting work; false when there is none that could run. Main thread.
   bool runNext() {
-    Block block;
+    Work work;
     {
       const std::lock_guard lock(mutex_);
       takeDue();
       if (busy_ || ready_.empty()) return false;
       busy_ = true;
-      block = std::move(ready_.front());
+      work = std::move(ready_.front());
       ready_.pop_front();
       updateWake();
     }
@@ -78,16 +93,48 @@ class MainQueue final {
         queue.updateWake();
       }
     } finish{*this};
+    const Scope scope(*this);
     @autoreleasepool {
-      block();
-      block = {};
+      work();
+      work = {};
     }
     return true;
   }
 
+  static bool isMainThread() { return gettid() == getpid(); }
+
  private:
+  /// What another thread waits for.
+  class Done final {
+   public:
+    void wait() {
+      std::unique_lock lock(mutex_);
+      changed_.wait(lock, [this] { return isDone_; });
+    }
+    class Teller final {
+     public:
+      explicit Teller(Done &done) : done_(done) {}
+      ~Teller() {
+        const std::lock_guard lock(done_.mutex_);
+        done_.isDone_ = true;
+        done_.changed_.notify_one();
+      }
+      Teller(const Teller &) = delete;
+      Teller &operator=(const Teller &) = delete;
+
+     private:
+      Done &done_;
+    };
+
+   private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    bool isDone_ = false;
+  };
+
   MainQueue()
-      : wake_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
+      : Queue("com.apple.main-thread"),
+        wake_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
         timer_(timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK)) {
     if (wake_ >= 0 && timer_ >= 0) return;
     std::perror("The main queue could not be made");
@@ -113,7 +160,7 @@ class MainQueue final {
   }
 
   void takeDue() {
-    const auto end = later_.upper_bound(monotonicNanoseconds());
+    const auto end = later_.upper_bound(sim::dispatch::monotonicNanoseconds());
     if (end == later_.begin()) return;
     for (auto each = later_.begin(); each != end; ++each) ready_.push_back(std::move(each->second));
     later_.erase(later_.begin(), end);
@@ -122,27 +169,19 @@ class MainQueue final {
   }
 
   std::mutex mutex_;
-  std::deque<Block> ready_;
-  std::multimap<dispatch_time_t, Block> later_;
+  std::deque<Work> ready_;
+  std::multimap<std::uint64_t, Work> later_;
   bool busy_ = false;
   bool awake_ = false;
   const int wake_;
   const int timer_;
 };
 
-[[noreturn]] void misuse(const char *what) {
-  std::fprintf(stderr, "%s\n", what);
-  std::abort();
-}
-
 }  // namespace
 
-/// What stands for the queue. It keeps nothing: there is one queue.
-@interface SIMMainQueue : NSObject <OS_dispatch_queue_main>
-@end
+std::shared_ptr<sim::dispatch::Queue> sim::dispatch::mainQueue() { return MainQueue::handle(); }
 
-@implementation SIMMainQueue
-@end
+bool sim::dispatch::isMainThread() { return MainQueue::isMainThread(); }
 
 /// Joins the queue to the main run loop.
 @interface SIMMainQueueSource : NSObject <RunLoopEvents>
@@ -170,42 +209,6 @@ void SIMJoinMainRunLoop(void) {
                                    forMode:NSDefaultRunLoopMode];
     }
   });
-}
-
-void dispatch_once(dispatch_once_t *predicate, __attribute__((noescape)) dispatch_block_t block) {
-  constexpr dispatch_once_t kRunning = 1, kDone = -1;
-  dispatch_once_t expected = 0;
-  if (__atomic_compare_exchange_n(predicate, &expected, kRunning, false, __ATOMIC_ACQUIRE, __ATOMIC_ACQUIRE)) {
-    block();
-    __atomic_store_n(predicate, kDone, __ATOMIC_RELEASE);
-    return;
-  }
-  while (__atomic_load_n(predicate, __ATOMIC_ACQUIRE) != kDone) usleep(100);
-}
-
-dispatch_queue_main_t dispatch_get_main_queue(void) {
-  static SIMMainQueue *queue = [[SIMMainQueue alloc] init];  // Lives as long as the process.
-  return queue;
-}
-
-void dispatch_async(dispatch_queue_t queue, dispatch_block_t block) {
-  if (!queue || !block) misuse("dispatch_async was called without a queue or a block.");
-  MainQueue::shared().add(objcxx::copyOf(block));
-}
-
-dispatch_time_t dispatch_time(dispatch_time_t when, int64_t delta) {
-  if (when == DISPATCH_TIME_FOREVER) return DISPATCH_TIME_FOREVER;
-  const auto start = when == DISPATCH_TIME_NOW ? monotonicNanoseconds() : when;
-  dispatch_time_t sum = 0;
-  if (delta >= 0)
-    return __builtin_add_overflow(start, static_cast<std::uint64_t>(delta), &sum) ? DISPATCH_TIME_FOREVER : sum;
-  return __builtin_sub_overflow(start, -static_cast<std::uint64_t>(delta), &sum) ? 1 : sum;
-}
-
-void dispatch_after(dispatch_time_t when, dispatch_queue_t queue, dispatch_block_t block) {
-  if (!queue || !block) misuse("dispatch_after was called without a queue or a block.");
-  if (when == DISPATCH_TIME_FOREVER) return;
-  MainQueue::shared().add(objcxx::copyOf(block), when);
 }
 
 NSUInteger SIMDrainMainQueue(void) {

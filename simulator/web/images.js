@@ -79,16 +79,14 @@ function revoke(entry) {
   entry.address.then(URL.revokeObjectURL, () => {});
 }
 
-/**
- * One picture of the device: `image` is `{url, width, height, tint}` in points; with a tint only its shape counts,
- * which is filled with that colour. Without `alt` it is decoration. `fallback` is shown when the picture cannot be had.
- */
-export function Picture({ image, alt = '', style, fallback, ...rest }) {
+/** The address of a picture of the device once it is there: `{address, failed}`. Nothing is asked for without `url`. */
+export function useAddress(url) {
   const { images } = useContext(SessionContext);
-  const [{ address, failed }, setResult] = useState({ address: null, failed: false });
+  const [result, setResult] = useState({ address: null, failed: false });
   useEffect(() => {
+    if (!url) return undefined;
     let current = true;
-    const held = images.acquire(image.url);
+    const held = images.acquire(url);
     held.address.then(
       (found) => current && setResult({ address: found, failed: false }),
       () => current && setResult({ address: null, failed: true }),
@@ -97,7 +95,16 @@ export function Picture({ image, alt = '', style, fallback, ...rest }) {
       current = false;
       held.release();
     };
-  }, [image.url]);
+  }, [url]);
+  return result;
+}
+
+/**
+ * One picture of the device: `image` is `{url, width, height, tint}` in points; with a tint only its shape counts,
+ * which is filled with that colour. Without `alt` it is decoration. `fallback` is shown when the picture cannot be had.
+ */
+export function Picture({ image, alt = '', style, fallback, ...rest }) {
+  const { address, failed } = useAddress(image.url);
   if (failed && fallback) return fallback;
   const size = { width: `${image.width}px`, height: `${image.height}px` };
   if (!address) return html`<span ...${rest} style=${{ ...size, ...style }}></span>`;

@@ -9,9 +9,11 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 UMBRELLAS = """Foundation/Foundation.h CoreFoundation/CoreFoundation.h CoreGraphics/CoreGraphics.h CoreImage/CoreImage.h
     ImageIO/ImageIO.h QuartzCore/QuartzCore.h UIKit/UIKit.h dispatch/dispatch.h objc/message.h objc/objc-runtime.h
-    os/availability.h Preferences/Preferences.h""".split()
+    SafariServices/SafariServices.h MessageUI/MessageUI.h LocalAuthentication/LocalAuthentication.h
+    AudioToolbox/AudioToolbox.h os/availability.h Preferences/Preferences.h""".split()
 # Not part of a framework's umbrella.
-PRIVATE = "include/Preferences/*.h include/NorvikAppList/*.h include/PrivateFoundation/*.h".split()
+PRIVATE = """include/Preferences/*.h include/NorvikAppList/*.h include/PrivateFoundation/*.h
+    include/FrontBoardServices/*.h include/SpringBoardServices/*.h include/MobileCoreServices/*.h""".split()
 
 GCC = subprocess.run(["gcc", "-print-file-name=include"], capture_output=True, text=True, check=True).stdout.strip()
 GNUSTEP = subprocess.run(
@@ -105,7 +107,8 @@ class Headers(unittest.TestCase):
         self.check_each_alone("Objective-C++ of our own")
 
     def test_frameworks_are_imported_as_modules(self):
-        modules = "Foundation CoreFoundation CoreGraphics CoreImage ImageIO QuartzCore UIKit Preferences".split()
+        modules = """Foundation CoreFoundation CoreGraphics CoreImage ImageIO QuartzCore UIKit Preferences SafariServices
+            MessageUI LocalAuthentication AudioToolbox FrontBoardServices SpringBoardServices MobileCoreServices""".split()
         use = "UIView *view(PSListController *page) { return CGRectIsEmpty(page.view.frame) ? nil : page.table; }"
         text = "".join(f"@import {name};\n" for name in modules) + use
         with tempfile.TemporaryDirectory() as cache:

@@ -7,7 +7,7 @@
 namespace sim {
 
 // Each stands in the file of its name.
-extern const PresentedAdapter kAlert, kColorPicker, kDocumentPicker, kPage, kPhotoPicker, kShareSheet;
+extern const PresentedAdapter kAlert, kColorPicker, kDocumentPicker, kPage, kPhotoPicker, kSafari, kShareSheet;
 
 namespace {
 
@@ -23,8 +23,8 @@ void writeAnchor(JsonText &out, UIViewController *presented) {
 }  // namespace
 
 const PresentedAdapter *presentedAdapter(UIViewController *presented) {
-  static const AdapterTable<PresentedAdapter> kinds{&kAlert, &kColorPicker, &kDocumentPicker,
-                                                    &kPage,  &kPhotoPicker, &kShareSheet};
+  static const AdapterTable<PresentedAdapter> kinds{&kAlert,       &kColorPicker, &kDocumentPicker, &kPage,
+                                                    &kPhotoPicker, &kSafari,      &kShareSheet};
   return kinds.of(presented);
 }
 

@@ -2,10 +2,12 @@ import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from '
 import { displayIn, isShallow } from '/display.js';
 import { cssColor, pairOf } from '/colors.js';
 import { CustomViews } from '/phone/views/CustomViews.js';
+import { movedTo } from '/phone/views/Layer.js';
 import { rowCanFocus } from '/phone/controls/controls.js';
 import { setOnly } from '/phone/look.js';
 import { NavigationBar } from '/phone/NavigationBar.js';
 import { Table } from '/phone/Table.js';
+import { useTouches } from '/phone/touches.js';
 import { SessionContext } from '/session.js';
 import { useStore } from '/store.js';
 
@@ -43,6 +45,7 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
     if (leaving) onLeave({ scrollTop: scroller.current.scrollTop, ...active.current });
   }, [leaving]);
 
+  const touches = useTouches(session);
   const title = page.title ?? '';
   const ground = page.backgroundColor ? pairOf(page.backgroundColor) : 'page';
   const [insetTop, insetBottom] = page.contentInset ?? [0, 0];
@@ -53,11 +56,12 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
   return html`
     <div class=${`page page-${page.style ?? 'insetGrouped'}`} data-leaving=${leaving} inert=${leaving}
       data-prompt=${Boolean(page.prompt)} data-bar=${page.bar?.hidden ? 'hidden' : 'shown'}
-      data-separators=${String(page.separators !== false)} style=${style} aria-hidden=${leaving ? 'true' : undefined}>
+      data-separators=${String(page.separators !== false)} style=${style} aria-hidden=${leaving ? 'true' : undefined}
+      ...${touches}>
       ${page.backgroundView && html`<${CustomViews} views=${[page.backgroundView]} on="page" />`}
       <${NavigationBar} page=${page} solid=${scrolled.bar} large=${large} showTitle=${!large || scrolled.title}
         heading=${large ? null : heading} />
-      <div class="scroller" ref=${scroller} onScroll=${follow}
+      <div class="scroller" ref=${scroller} onScroll=${follow} data-touch=${page.touchId ?? undefined}
         data-scrolls=${String(page.scrolls !== false)} tabindex=${hasStops(page) ? undefined : 0}
         role=${hasStops(page) ? undefined : 'region'} aria-label=${hasStops(page) ? undefined : title}>
         ${large && html`<h2 class="large-title" ref=${heading} tabindex="-1" data-page-heading
@@ -75,10 +79,10 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
 
 /** A view above or below all sections. */
 function TableView({ view, ground }) {
-  const [x, , width, height] = view.frame;
+  const [x, , , height] = view.frame;
   return html`
     <div class="section-view" style=${{ height: `${height}px` }}>
-      <${CustomViews} views=${[{ ...view, frame: [x, 0, width, height] }]} on=${ground} />
+      <${CustomViews} views=${[movedTo(view, x, 0)]} on=${ground} />
     </div>`;
 }
 

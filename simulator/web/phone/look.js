@@ -13,9 +13,12 @@ export function setOnly(style) {
   return Object.fromEntries(Object.entries(style).filter(([, value]) => value !== undefined));
 }
 
-/** The CSS filter for a layer's shadow, which follows what the picture does not leave transparent. */
+/**
+ * The CSS filter for a layer's shadow, which follows what the picture does not leave transparent. A shadow with a path
+ * of its own has none.
+ */
 export function shadowFilter(shadow) {
-  if (!shadow || !(shadow.opacity > 0)) return undefined;
+  if (!shadow || !(shadow.opacity > 0) || shadow.path) return undefined;
   const color = `color-mix(in srgb, ${cssColor(shadow.color) ?? '#000'} ${shadow.opacity * 100}%, transparent)`;
   return `drop-shadow(${shadow.x ?? 0}px ${shadow.y ?? 0}px ${(shadow.radius ?? 0) / 2}px ${color})`;
 }
@@ -41,4 +44,12 @@ export function borderStyle(layer) {
 
 export function textShadow(shadow) {
   return shadow ? `${shadow.x}px ${shadow.y}px 0 ${cssColor(shadow.color)}` : undefined;
+}
+
+/** The font that a text is drawn in, where it is not the page's own. */
+export function fontStyle(family, italic, tabularDigits) {
+  return setOnly({
+    fontFamily: family && family !== 'Inter' ? `"${family}"` : undefined, fontStyle: italic ? 'italic' : undefined,
+    fontVariantNumeric: tabularDigits ? 'tabular-nums' : undefined,
+  });
 }

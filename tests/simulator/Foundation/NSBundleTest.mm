@@ -84,7 +84,7 @@ class BundleCodeTest : public DeviceTest {
 };
 
 TEST_F(BundleCodeTest, AClassOfTheFrameworksIsTheProgramsAndTheLogIsNotTold) {
-  EXPECT_EQ([NSBundle bundleForClass:NSClassFromString(@"SIMMainQueue")], [NSBundle mainBundle]);
+  EXPECT_EQ([NSBundle bundleForClass:NSClassFromString(@"SIMQueue")], [NSBundle mainBundle]);
   EXPECT_NE([NSBundle bundleForClass:[NSString class]], [NSBundle mainBundle]);
   EXPECT_THAT(log_, ::testing::IsEmpty());
 }

@@ -36,13 +36,20 @@ TEST_F(CALayerTests, SharesWithItsView) {
   EXPECT_FALSE([box isHidden]);
 }
 
-TEST_F(CALayerTests, ADelegateThatKeepsNothingIsAskedForNothing) {
+TEST_F(CALayerTests, ALayerWithoutAViewKeepsItsLookItself) {
   const auto layer = objcxx::adopt([[CALayer alloc] init]);
   [layer.get() setDelegate:(id<CALayerDelegate>)@"no view"];
-  [layer.get() setMasksToBounds:YES];
-  [layer.get() setBackgroundColor:[[UIColor redColor] CGColor]];
   EXPECT_FALSE([layer.get() masksToBounds]);
   EXPECT_EQ([layer.get() backgroundColor], nullptr);
+  EXPECT_EQ([layer.get() opacity], 1);
+  [layer.get() setMasksToBounds:YES];
+  [layer.get() setBackgroundColor:[[UIColor redColor] CGColor]];
+  [layer.get() setOpacity:0.5];
+  [layer.get() setHidden:YES];
+  EXPECT_TRUE([layer.get() masksToBounds]);
+  EXPECT_TRUE(CGColorEqualToColor([layer.get() backgroundColor], [[UIColor redColor] CGColor]));
+  EXPECT_EQ([layer.get() opacity], 0.5);
+  EXPECT_TRUE([layer.get() isHidden]);
 }
 
 TEST_F(CALayerTests, ShadowsStartAsOnADevice) {

@@ -60,11 +60,33 @@ TEST_F(KillallTests, ThePipeOfASimulatorThatDiedIsNoProcess) {
   EXPECT_EQ(result.errors, "backboardd: no process found\n");
 }
 
+TEST_F(KillallTests, KillsSpringBoardWhichIsTheSame) {
+  sim::ProcessPipe backboardd(pipe());
+  EXPECT_EQ(killall({"SpringBoard"}).status, 0);
+  EXPECT_EQ(backboardd.takeRequests(), 1);
+}
+
+TEST_F(KillallTests, NobodyNoticesTheEndOfTheKeeperOfPreferences) {
+  EXPECT_EQ(killall({"-9", "cfprefsd"}).status, 1) << "There is no simulator.";
+  sim::ProcessPipe backboardd(pipe());
+  EXPECT_EQ(killall({"-9", "cfprefsd"}).status, 0);
+  EXPECT_EQ(backboardd.takeRequests(), 0);
+}
+
+TEST_F(KillallTests, ReloadingSpringBoardIsKillingIt) {
+  const auto sbreload = program().parent_path() / "sbreload";
+  std::filesystem::copy_file(BUILD_FOLDER "/device-root/var/jb/usr/bin/sbreload", sbreload);
+  EXPECT_EQ(test::runWithoutEnvironment(sbreload, "sbreload", {}).status, 1) << "There is no simulator.";
+  sim::ProcessPipe backboardd(pipe());
+  EXPECT_EQ(test::runWithoutEnvironment(sbreload, "sbreload", {}).status, 0);
+  EXPECT_EQ(backboardd.takeRequests(), 1);
+}
+
 TEST_F(KillallTests, KnowsNoOtherProcess) {
   sim::ProcessPipe backboardd(pipe());
-  const auto result = killall({"-9", "SpringBoard", "backboardd"});
+  const auto result = killall({"-9", "Preferences", "backboardd"});
   EXPECT_EQ(result.status, 1);
-  EXPECT_EQ(result.errors, "SpringBoard: no process found\n");
+  EXPECT_EQ(result.errors, "Preferences: no process found\n");
   EXPECT_EQ(backboardd.takeRequests(), 1);
 }
 

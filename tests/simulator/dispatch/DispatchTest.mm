@@ -216,9 +216,23 @@ TEST_F(DispatchTest, AfterNowAndAfterThePastRunAtOnceAndForeverNever) {
 
 TEST_F(DispatchTest, TimesSaturate) {
   EXPECT_EQ(dispatch_time(DISPATCH_TIME_FOREVER, -5), DISPATCH_TIME_FOREVER);
-  EXPECT_EQ(dispatch_time(DISPATCH_TIME_FOREVER - 5, 10), DISPATCH_TIME_FOREVER);
+  EXPECT_EQ(dispatch_time(INT64_MAX - 5, 10), DISPATCH_TIME_FOREVER);
   EXPECT_EQ(dispatch_time(100, -40), 60u);
   EXPECT_EQ(dispatch_time(100, -400), 1u);
+}
+
+TEST_F(DispatchTest, TimesOfTheCalendarCountDownFromTheEnd) {
+  const timespec second{1, 5};
+  const auto nanoseconds = [](dispatch_time_t time) { return -static_cast<int64_t>(time); };
+  EXPECT_EQ(nanoseconds(dispatch_walltime(&second, 0)), 1'000'000'005);
+  EXPECT_EQ(nanoseconds(dispatch_walltime(&second, -5)), 1'000'000'000);
+  EXPECT_EQ(nanoseconds(dispatch_time(dispatch_walltime(&second, 0), 7)), 1'000'000'012);
+  EXPECT_EQ(dispatch_time(dispatch_walltime(&second, 0), INT64_MAX), DISPATCH_TIME_FOREVER);
+  EXPECT_EQ(nanoseconds(dispatch_walltime(&second, INT64_MIN)), 3);
+  const auto now = static_cast<int64_t>(1e9 * [[NSDate date] timeIntervalSince1970]);
+  for (const auto time : {dispatch_walltime(nullptr, 0), dispatch_time(DISPATCH_WALLTIME_NOW, 0)}) {
+    EXPECT_NEAR(static_cast<double>(nanoseconds(time)), static_cast<double>(now), 60e9);
+  }
 }
 
 }  // namespace

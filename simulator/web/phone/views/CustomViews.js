@@ -1,11 +1,13 @@
 import { html } from 'htm/preact/standalone';
 import { cssColor, paintedOver } from '/colors.js';
-import { layerStyle } from '/phone/look.js';
+import { useAddress } from '/images.js';
+import { layerStyle, setOnly } from '/phone/look.js';
 import { Border } from '/phone/RowPicture.js';
 import { cellBackground, pageBackground } from '/phone/surfaces.js';
 import { ControlView } from '/phone/views/ControlView.js';
 import { ImageView } from '/phone/views/ImageView.js';
 import { Label } from '/phone/views/Label.js';
+import { gradientImage, LayerContent, movedTo, placeStyle } from '/phone/views/Layer.js';
 import { ScrollView } from '/phone/views/ScrollView.js';
 
 /** What views of a `type` show behind the views in them, which are their children. */
@@ -30,7 +32,7 @@ export function InlineView({ view, on, name }) {
   const [, , width, height] = view.frame;
   return html`
     <span class=${name} style=${{ position: 'relative', flex: 'none', width: `${width}px`, height: `${height}px` }}>
-      <${CustomViews} views=${[{ ...view, frame: [0, 0, width, height] }]} on=${on} />
+      <${CustomViews} views=${[movedTo(view, 0, 0)]} on=${on} />
     </span>`;
 }
 
@@ -39,23 +41,32 @@ export function textOf(view) {
   return [view.accessibilityLabel || view.text, ...(view.views ?? []).map(textOf)].filter(Boolean).join(' ');
 }
 
-/** `isDepicted`: the view is part of one that is told as a whole, so a picture, and its texts keep their colours. */
-function View({ view, background, isDepicted }) {
+/**
+ * `isDepicted`: the view is part of one that is told as a whole, so a picture, and its texts keep their colours.
+ * `shift`: what of the coordinates that it lies in begins outside of the view around it.
+ */
+function View({ view, background, isDepicted, shift }) {
+  const mask = useAddress(view.layer?.mask?.url);
   if (view.hidden) return null;
-  const [x, y, width, height] = view.frame;
+  const [, , width, height] = view.transform?.rect ?? view.frame;
   const below = paintedOver(background, view.backgroundColor);
-  const style = {
-    left: `${x}px`, top: `${y}px`, width: `${width}px`, height: `${height}px`,
+  const gradient = view.layer?.gradient;
+  const style = setOnly({
+    ...placeStyle(view, shift),
     backgroundColor: cssColor(view.backgroundColor), opacity: view.alpha ?? undefined,
+    backgroundImage: gradient ? gradientImage(gradient, width, height) : undefined,
+    mask: mask.address ? `url("${mask.address}") 0 0 / 100% 100% no-repeat` : undefined,
     ...layerStyle(view.layer, view.clips),
-  };
+  });
   const names = view.control ? {} : namesOf(view);
   const Content = view.control ? ControlView : contents[view.type];
   const depicts = isDepicted || Boolean(names.role);
   const children = (view.views ?? []).map((child, at) => html`
-    <${View} key=${at} view=${child} background=${below} isDepicted=${depicts} />`);
+    <${View} key=${at} view=${child} background=${below} isDepicted=${depicts} shift=${view.boundsOrigin ?? undefined} />`);
   return html`
-    <span class="view" data-identifier=${view.accessibilityIdentifier ?? undefined} style=${style} ...${names}>
+    <span class="view" data-identifier=${view.accessibilityIdentifier ?? view.name ?? undefined}
+      data-touch=${view.touchable ? view.id : undefined} data-dragged=${view.dragged || undefined} style=${style} ...${names}>
+      <${LayerContent} view=${view} size=${{ width, height }} />
       ${Content
         ? html`<${Content} view=${view} background=${below} isDepicted=${isDepicted}>${children}<//>`
         : children}

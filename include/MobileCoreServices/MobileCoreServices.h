@@ -1,0 +1,4 @@
+#pragma once
+
+#import <MobileCoreServices/LSApplicationProxy.h>
+#import <MobileCoreServices/LSApplicationWorkspace.h>

@@ -1,0 +1,3 @@
+#pragma once
+
+#import <Preferences/PreferencesTableCustomView.h>

@@ -1,0 +1,4 @@
+#pragma once
+
+#import <SpringBoardServices/SBSRelaunchAction.h>
+#import <SpringBoardServices/SBSRestartRenderServerAction.h>

@@ -1,0 +1,5 @@
+#import <Preferences/PSListController.h>
+
+@interface TidelineRootListController : PSListController <UISearchResultsUpdating, UIColorPickerViewControllerDelegate>
+
+@end

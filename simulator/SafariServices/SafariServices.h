@@ -1,0 +1,4 @@
+// The part of SafariServices that the simulator carries.
+#pragma once
+
+#import <SafariServices/SFSafariViewController.h>

@@ -1,0 +1,122 @@
+import assert from 'node:assert/strict';
+import { execFile } from 'node:child_process';
+import { cp, mkdir, mkdtemp, rm, symlink, writeFile } from 'node:fs/promises';
+import { tmpdir } from 'node:os';
+import { join } from 'node:path';
+import { after, test } from 'node:test';
+import { fileURLToPath } from 'node:url';
+import { promisify } from 'node:util';
+import { openPage } from './support/browser.mjs';
+import { propertyListText } from './support/propertyList.mjs';
+import { startSimulator } from './support/simulator.mjs';
+
+const root = fileURLToPath(new URL('../../', import.meta.url));
+const build = process.env.SIMULATOR_BUILD ?? join(root, 'build/dev');
+const widgets = 'var/jb/Library/Zuno/Widgets';
+const headers = 'var/jb/usr/include';
+const run = promisify(execFile);
+
+/** Resolves with the bundle of the fixtures, built once for all tests. */
+async function buildFixtures() {
+  const folder = await mkdtemp(join(tmpdir(), 'looks-'));
+  after(() => rm(folder, { recursive: true, force: true }));
+  await cp(join(build, 'device-root', headers), join(folder, headers), { recursive: true });
+  await run(join(root, 'script/widget'), [join(root, 'tests/fixtures/widgets/looks'), '--device', folder], {
+    env: { ...process.env, ZUNO_BUILD: build },
+  });
+  return join(folder, widgets, 'LooksWidgets.bundle');
+}
+
+const building = buildFixtures();
+
+/** The stage with the widget of the class `name` of the fixtures, and the phone's element. */
+async function show(t, name) {
+  const { folder, api, url } = await startSimulator(t);
+  await cp(await building, join(folder, widgets, 'LooksWidgets.bundle'), { recursive: true });
+  const own = join(folder, widgets, `${name}.bundle`);
+  await mkdir(own, { recursive: true });
+  await symlink('../LooksWidgets.bundle/LooksWidgets', join(own, 'LooksWidgets'));
+  await writeFile(join(own, 'Info.plist'), propertyListText({
+    CFBundleIdentifier: `org.example.${name}`, CFBundleExecutable: 'LooksWidgets', CFBundleDisplayName: name,
+    ZunoWidgetsVersion: 1, ZunoWidgetClass: name,
+  }));
+  const page = await openPage(t, url, { colorScheme: 'light' });
+  const shown = await api('POST', '/api/stage', { type: 'show', widget: `/${widgets}/${name}.bundle` });
+  assert.equal(shown.shown, `/${widgets}/${name}.bundle`);
+  const stage = page.getByRole('main', { name: 'Stage' });
+  await stage.locator('.page-view > .views > .view').waitFor();
+  return { page, stage, screen: () => api('GET', '/api/stage/screen') };
+}
+
+/** The colours of the widget as it is drawn, at places in points: [[red, green, blue], …]. */
+async function coloursAt({ page, stage }, ...places) {
+  await page.waitForFunction(() => [...document.querySelectorAll('.view img')].every((image) => image.complete));
+  const content = stage.locator('.page-view > .views > .view');
+  const width = await content.evaluate((view) => view.offsetWidth);
+  const shot = (await content.screenshot()).toString('base64');
+  return page.evaluate(async ([base64, points, wanted]) => {
+    const bytes = Uint8Array.from(atob(base64), (letter) => letter.charCodeAt(0));
+    const bitmap = await createImageBitmap(new Blob([bytes], { type: 'image/png' }));
+    const context = new OffscreenCanvas(bitmap.width, bitmap.height).getContext('2d');
+    context.drawImage(bitmap, 0, 0);
+    const scale = bitmap.width / points;
+    return wanted.map((place) => [...context.getImageData(...place.map((at) => Math.round(at * scale)), 1, 1).data]
+      .slice(0, 3));
+  }, [shot, width, places]);
+}
+
+const red = [255, 0, 0];
+const blue = [0, 0, 255];
+const white = [255, 255, 255];
+const isNear = (one, other, off = 24) => one.every((part, at) => Math.abs(part - other[at]) <= off);
+
+/** The colours of a widget at `places`, each `[x, y, colour, what]`, are those. */
+async function assertColours(shown, places) {
+  const found = await coloursAt(shown, ...places.map(([x, y]) => [x, y]));
+  for (const [at, [x, y, colour, what]] of places.entries()) {
+    assert.ok(isNear(found[at], colour), `${what ?? 'the colour'} at ${x}, ${y}: ${found[at]}, not ${colour}`);
+  }
+}
+
+test('Layers are drawn: gradients, shapes, masks, transforms, their own drawing, one before the other', async (t) => {
+  const shown = await show(t, 'LooksLayers');
+  await shown.stage.locator('.layer-contents').first().waitFor();
+  await shown.page.waitForTimeout(0);
+  await assertColours(shown, [
+    [22, 82, red, 'an axial gradient begins'], [118, 138, blue, 'ends'],
+    [22, 138, [128, 0, 128], 'has its middle in the other corner'], [118, 82, [128, 0, 128]],
+    [210, 110, red, 'a radial gradient begins in its middle'], [162, 110, blue, 'ends at its sides'],
+    [210, 82, blue, 'which are near where the layer is low'],
+    [72, 162, red, 'a conic gradient begins at twelve o’clock'], [66, 162, blue], [70, 216, [128, 0, 128]],
+    [210, 215, blue, 'half of a ring is stroked'], [210, 165, white, 'the other is not'],
+    [210, 190, white, 'nor is it filled'],
+    [70, 270, red, 'a mask leaves its shape'], [24, 244, white, 'and nothing beside it'],
+    [210, 225, blue, 'a turned view reaches beyond its frame'], [164, 270, white, 'and not as far to the side'],
+    [70, 350, red, 'a view draws itself'], [70, 330, white],
+    [170, 350, blue, 'the greater zPosition is in front'], [250, 330, red],
+  ]);
+});
+
+test('Texts are drawn in the fonts in which they were measured', async (t) => {
+  const { page, stage, screen } = await show(t, 'LooksFonts');
+  await page.evaluate(() => document.fonts.ready);
+  const labels = (await screen()).page.view.views;
+  assert.deepEqual(labels.map((label) => `${label.fontFamily} ${label.fontWeight} ${label.italic}`), [
+    'Liberation Sans 400 false', 'Liberation Sans 700 false', 'Liberation Serif 400 true', 'Liberation Mono 400 false',
+    'Liberation Mono 700 false',
+  ]);
+  for (const { text, fontFamily, frame } of labels) {
+    const element = stage.getByText(text, { exact: true });
+    const drawn = await element.evaluate((each) => {
+      const range = document.createRange();
+      range.selectNodeContents(each);
+      return { width: range.getBoundingClientRect().width, zoom: each.currentCSSZoom ?? 1,
+        scale: each.getBoundingClientRect().width / each.offsetWidth };
+    });
+    assert.ok(Math.abs(drawn.width / (drawn.scale || 1) - frame[2]) < 1.5, `${text}: ${JSON.stringify(drawn)}, ${frame[2]}`);
+    assert.equal(await element.evaluate((each) => getComputedStyle(each).fontFamily), `"${fontFamily}"`);
+  }
+  const served = await page.evaluate(() => [...document.fonts].filter((font) => font.status === 'loaded')
+    .map(({ family }) => family.replaceAll('"', '')));
+  for (const family of ['Liberation Sans', 'Liberation Serif', 'Liberation Mono']) assert.ok(served.includes(family), family);
+});

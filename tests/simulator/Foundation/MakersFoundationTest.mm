@@ -1,0 +1,125 @@
+// What makers' bundles ask of Foundation besides.
+#import <Foundation/Foundation.h>
+
+#include "support/objc/LeaksIgnored.h"
+#include "support/objc/ObjCMatchers.h"
+#include "support/objc/ObjCTest.h"
+
+namespace {
+
+class MakersFoundationTest : public DeviceTest {
+ protected:
+  void SetUp() override {
+    DeviceTest::SetUp();
+    write(@"/Example.bundle/Info.plist", "<plist version=\"1.0\"><dict/></plist>");
+  }
+  NSBundle *bundle() const { return [NSBundle bundleWithPath:path(@"/Example.bundle")]; }
+};
+
+TEST_F(MakersFoundationTest, ResourcesLieInFolders) {
+  NSString *image = write(@"/Example.bundle/Images/icon@2x.png", "x");
+  NSString *plain = write(@"/Example.bundle/Images/deep/plain.txt", "x");
+  NSBundle *found = bundle();
+  EXPECT_OBJC_EQ([found pathForResource:@"Images/icon@2x" ofType:@"png"], image);
+  EXPECT_OBJC_EQ([found pathForResource:@"Images/icon@2x.png" ofType:nil], image);
+  EXPECT_OBJC_EQ([found pathForResource:@"Images/deep/plain" ofType:@"txt"], plain);
+  EXPECT_OBJC_EQ([found pathForResource:@"icon@2x" ofType:@"png" inDirectory:@"Images"], image);
+  EXPECT_OBJC_EQ([[found URLForResource:@"Images/deep/plain" withExtension:@"txt"] path], plain);
+  EXPECT_EQ([found pathForResource:@"Images/none" ofType:@"png"], nil);
+  EXPECT_EQ([found pathForResource:@"../outside" ofType:@"txt"], nil);
+}
+
+TEST_F(MakersFoundationTest, TextsMayStandInBraces) {
+  write(@"/Example.bundle/en.lproj/Root.strings", "{\n  \"Hello\" = \"Hi\";\n  Plain = \"Value\";\n}\n");
+  EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"Hello" value:nil table:@"Root"], @"Hi");
+  EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"Plain" value:nil table:@"Root"], @"Value");
+}
+
+TEST_F(MakersFoundationTest, BytesAreTold) {
+  const testing_support::LeaksIgnored ignored;  // What each formatter of GNUstep's forgets.
+  NSByteCountFormatter *formatter = [[[NSByteCountFormatter alloc] init] autorelease];
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:0], @"Zero KB");
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:999], @"999 bytes");
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:1500], @"2 KB");
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:1500000], @"1.5 MB");
+  EXPECT_OBJC_EQ([NSByteCountFormatter stringFromByteCount:2147483648 countStyle:NSByteCountFormatterCountStyleMemory],
+                 @"2 GB");
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:1], @"1 byte");
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:1'234'567'890], @"1.23 GB");
+  [formatter setAllowedUnits:NSByteCountFormatterUseMB];
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:1'234'567'890], @"1234.6 MB");
+  [formatter setIncludesUnit:NO];
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:1'500'000], @"1.5");
+}
+
+TEST_F(MakersFoundationTest, DatesAndNumbersAreFormatted) {
+  NSDateFormatter *dates = [[[NSDateFormatter alloc] init] autorelease];
+  [dates setLocale:[[[NSLocale alloc] initWithLocaleIdentifier:@"en_US_POSIX"] autorelease]];
+  [dates setTimeZone:[NSTimeZone timeZoneForSecondsFromGMT:0]];
+  [dates setDateFormat:@"yyyy-MM-dd HH:mm:ss"];
+  EXPECT_OBJC_EQ([dates stringFromDate:[NSDate dateWithTimeIntervalSince1970:86'400]], @"1970-01-02 00:00:00");
+  EXPECT_OBJC_EQ([dates dateFromString:@"1970-01-02 00:00:01"], [NSDate dateWithTimeIntervalSince1970:86'401]);
+  NSNumberFormatter *numbers = [[[NSNumberFormatter alloc] init] autorelease];
+  [numbers setNumberStyle:NSNumberFormatterDecimalStyle];
+  [numbers setMaximumFractionDigits:1];
+  EXPECT_OBJC_EQ([numbers stringFromNumber:@1234.56], @"1,234.6");
+  EXPECT_OBJC_EQ([numbers numberFromString:@"1,234.5"], @1234.5);
+}
+
+TEST_F(MakersFoundationTest, TextsAreMatchedAndArraysFiltered) {
+  NSError *error = nil;
+  NSRegularExpression *digits = [NSRegularExpression regularExpressionWithPattern:@"(\\d+)-(\\d+)"
+                                                                          options:0
+                                                                            error:&error];
+  NSTextCheckingResult *match = [digits firstMatchInString:@"a 12-34 b" options:0 range:NSMakeRange(0, 9)];
+  EXPECT_OBJC_EQ([@"a 12-34 b" substringWithRange:[match rangeAtIndex:2]], @"34");
+  EXPECT_OBJC_EQ(
+      [digits stringByReplacingMatchesInString:@"1-2" options:0 range:NSMakeRange(0, 3) withTemplate:@"$2+$1"], @"2+1");
+  EXPECT_EQ([NSRegularExpression regularExpressionWithPattern:@"(" options:0 error:&error], nil);
+  NSArray *rows = @[ @{@"name" : @"Alpha", @"n" : @1}, @{@"name" : @"beta", @"n" : @2} ];
+  NSPredicate *search = [NSPredicate predicateWithFormat:@"name CONTAINS[cd] %@ AND n > %d", @"BET", 1];
+  EXPECT_OBJC_EQ([rows filteredArrayUsingPredicate:search], @[ [rows objectAtIndex:1] ]);
+  NSPredicate *block = [NSPredicate predicateWithBlock:^BOOL(id row, NSDictionary *) {
+    return [[row objectForKey:@"n"] intValue] == 1;
+  }];
+  EXPECT_OBJC_EQ([rows filteredArrayUsingPredicate:block], @[ [rows objectAtIndex:0] ]);
+  EXPECT_OBJC_EQ([rows valueForKeyPath:@"@max.n"], @2);
+}
+
+TEST_F(MakersFoundationTest, TheSystemSaysItsVersion) {
+  const NSOperatingSystemVersion version = [[NSProcessInfo processInfo] operatingSystemVersion];
+  EXPECT_EQ(version.majorVersion, 16);
+  EXPECT_EQ(version.minorVersion, 5);
+  EXPECT_EQ(version.patchVersion, 0);
+  const auto isAtLeast = [](NSInteger major, NSInteger minor, NSInteger patch) {
+    const NSOperatingSystemVersion wanted{major, minor, patch};
+    return [[NSProcessInfo processInfo] isOperatingSystemAtLeastVersion:wanted];
+  };
+  EXPECT_TRUE(isAtLeast(15, 9, 9));
+  EXPECT_TRUE(isAtLeast(16, 5, 0));
+  EXPECT_FALSE(isAtLeast(16, 5, 1));
+  EXPECT_FALSE(isAtLeast(16, 6, 0));
+  EXPECT_FALSE(isAtLeast(17, 0, 0));
+}
+
+TEST_F(MakersFoundationTest, FilesAreAddresses) {
+  NSFileManager *files = [NSFileManager defaultManager];
+  NSURL *folder = [NSURL fileURLWithPath:makeFolder(@"/var/mobile/Documents") isDirectory:YES];
+  NSURL *made = [folder URLByAppendingPathComponent:@"new"];
+  NSError *error = nil;
+  EXPECT_TRUE([files createDirectoryAtURL:made withIntermediateDirectories:YES attributes:nil error:&error]);
+  EXPECT_TRUE([@"text" writeToURL:[made URLByAppendingPathComponent:@"a.txt"]
+                       atomically:YES
+                         encoding:NSUTF8StringEncoding
+                            error:&error]);
+  EXPECT_TRUE([files copyItemAtURL:[made URLByAppendingPathComponent:@"a.txt"]
+                             toURL:[made URLByAppendingPathComponent:@"b.txt"]
+                             error:&error]);
+  NSArray *found = [files contentsOfDirectoryAtURL:made includingPropertiesForKeys:nil options:0 error:&error];
+  EXPECT_OBJC_EQ([[found valueForKey:@"lastPathComponent"] sortedArrayUsingSelector:@selector(compare:)],
+                 (@[ @"a.txt", @"b.txt" ]));
+  EXPECT_TRUE([files removeItemAtURL:[made URLByAppendingPathComponent:@"a.txt"] error:&error]);
+  EXPECT_TRUE([[made URLByAppendingPathComponent:@"b.txt"] checkResourceIsReachableAndReturnError:&error]);
+}
+
+}  // namespace
