@@ -143,6 +143,7 @@ void writeSearch(JsonText &out, UIViewController *page, ImageStore &images) {
 /// The page's rows, or its view when it has no table.
 void writeContent(JsonText &out, UIViewController *page, std::uint32_t number, ImageStore &images) {
   UITableView *table = tableOf(page);
+  [[page view] layoutIfNeeded];  // As before a device draws.
   writeTableLook(out, table, images);
   const bool isTouched = table && (touchabilityOf(table).touched || touchabilityAround(table).touched);
   out.name("touchId");
@@ -161,7 +162,6 @@ void writeContent(JsonText &out, UIViewController *page, std::uint32_t number, I
     out.name("style").null();
     out.name("sections").beginArray();
     out.endArray();
-    [[page view] layoutIfNeeded];  // As before a device draws.
     writeTouchableView(out.name("view"), [page view], images);
   }
 }

@@ -1,4 +1,5 @@
 #import <UIKit/UIActivityIndicatorView.h>
+#import <UIKit/UIView+Layout.h>
 
 #include <objcxx/Retained.h>
 
@@ -48,6 +49,11 @@ UIColor *colorOf(UIActivityIndicatorViewStyle style) {
   return sizeOf(_indicatorState->style);
 }
 
+- (UILayoutPriority)sim_defaultHuggingForAxis:(UILayoutConstraintAxis)axis {
+  (void)axis;
+  return UILayoutPriorityDefaultHigh;
+}
+
 - (CGSize)intrinsicContentSize {
   return sizeOf(_indicatorState->style);
 }
@@ -58,6 +64,7 @@ UIColor *colorOf(UIActivityIndicatorViewStyle style) {
 
 - (void)setActivityIndicatorViewStyle:(UIActivityIndicatorViewStyle)style {
   _indicatorState->style = style;
+  [self invalidateIntrinsicContentSize];
 }
 
 - (BOOL)hidesWhenStopped {

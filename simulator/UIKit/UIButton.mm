@@ -1,4 +1,5 @@
 #import <UIKit/UIButton.h>
+#import <UIKit/UIView+Layout.h>
 
 #include <objcxx/Retained.h>
 
@@ -106,6 +107,7 @@ constexpr CGFloat kSystemVerticalInset = 6;
   if ([self currentImage] || _buttonState->imageView) [[self imageView] setImage:[self currentImage]];
   [self sim_showBackground];
   [self setNeedsLayout];
+  [self invalidateIntrinsicContentSize];
 }
 
 - (void)setEnabled:(BOOL)enabled {
@@ -188,6 +190,15 @@ constexpr CGFloat kSystemVerticalInset = 6;
   const CGSize image = [[self currentImage] size];
   const CGFloat inset = _buttonState->type == UIButtonTypeSystem ? kSystemVerticalInset : 0;
   return CGSizeMake(image.width + title.width, std::max(image.height, title.height) + 2 * inset);
+}
+
+- (BOOL)sim_getBaselines:(sim::Baselines &)baselines {
+  if ([[self currentTitle] length] == 0) return NO;
+  (void)[[self titleLabel] sim_getBaselines:baselines];
+  const CGFloat around = ([self sizeThatFits:CGSizeZero].height - [self sim_titleSize].height) / 2;
+  baselines.firstFromTop += around;
+  baselines.lastFromBottom += around;
+  return YES;
 }
 
 - (CGSize)intrinsicContentSize {

@@ -8,6 +8,11 @@ typedef struct UIEdgeInsets {
   CGFloat top, left, bottom, right;
 } UIEdgeInsets;
 
+/// Insets from the edges as the language reads: leading is left.
+typedef struct NSDirectionalEdgeInsets {
+  CGFloat top, leading, bottom, trailing;
+} NSDirectionalEdgeInsets;
+
 typedef struct UIOffset {
   CGFloat horizontal, vertical;
 } UIOffset;
@@ -22,10 +27,16 @@ typedef NS_OPTIONS(NSUInteger, UIRectEdge) {
 };
 
 static const UIEdgeInsets UIEdgeInsetsZero __attribute__((unused)) = {0, 0, 0, 0};
+static const NSDirectionalEdgeInsets NSDirectionalEdgeInsetsZero __attribute__((unused)) = {0, 0, 0, 0};
 static const UIOffset UIOffsetZero __attribute__((unused)) = {0, 0};
 
 UIKIT_STATIC_INLINE UIEdgeInsets UIEdgeInsetsMake(CGFloat top, CGFloat left, CGFloat bottom, CGFloat right) {
   UIEdgeInsets insets = {top, left, bottom, right};
+  return insets;
+}
+UIKIT_STATIC_INLINE NSDirectionalEdgeInsets NSDirectionalEdgeInsetsMake(CGFloat top, CGFloat leading, CGFloat bottom,
+                                                                        CGFloat trailing) {
+  NSDirectionalEdgeInsets insets = {top, leading, bottom, trailing};
   return insets;
 }
 UIKIT_STATIC_INLINE UIOffset UIOffsetMake(CGFloat horizontal, CGFloat vertical) {

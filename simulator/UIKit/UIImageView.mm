@@ -1,4 +1,5 @@
 #import <UIKit/UIImageView.h>
+#import <UIKit/UIView+Layout.h>
 
 #include <objcxx/Retained.h>
 
@@ -39,6 +40,7 @@ struct UIImageViewState {
 - (void)setImage:(UIImage *)image {
   _imageViewState->image = objcxx::share(image);
   [self setNeedsLayout];
+  [self invalidateIntrinsicContentSize];
 }
 
 - (UIImage *)highlightedImage {
@@ -59,6 +61,11 @@ struct UIImageViewState {
 
 - (CGSize)sizeThatFits:(CGSize)size {
   return [self image] ? [[self image] size] : [super sizeThatFits:size];
+}
+
+- (UILayoutPriority)sim_defaultHuggingForAxis:(UILayoutConstraintAxis)axis {
+  (void)axis;
+  return UILayoutPriorityDefaultLow + 1;
 }
 
 - (CGSize)intrinsicContentSize {

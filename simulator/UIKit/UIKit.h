@@ -7,6 +7,8 @@
 #import <QuartzCore/QuartzCore.h>
 
 #import <UIKit/NSAttributedString+UIKit.h>
+#import <UIKit/NSLayoutAnchor.h>
+#import <UIKit/NSLayoutConstraint.h>
 #import <UIKit/NSText.h>
 #import <UIKit/UIActivityIndicatorView.h>
 #import <UIKit/UIBezierPath.h>
@@ -27,6 +29,7 @@
 #import <UIKit/UIImageView.h>
 #import <UIKit/UIKitDefines.h>
 #import <UIKit/UILabel.h>
+#import <UIKit/UILayoutGuide.h>
 #import <UIKit/UILongPressGestureRecognizer.h>
 #import <UIKit/UIPanGestureRecognizer.h>
 #import <UIKit/UIResponder.h>
@@ -34,6 +37,7 @@
 #import <UIKit/UIScreenEdgePanGestureRecognizer.h>
 #import <UIKit/UISegmentedControl.h>
 #import <UIKit/UISlider.h>
+#import <UIKit/UIStackView.h>
 #import <UIKit/UIStepper.h>
 #import <UIKit/UISwipeGestureRecognizer.h>
 #import <UIKit/UISwitch.h>
@@ -44,6 +48,7 @@
 #import <UIKit/UITouch.h>
 #import <UIKit/UITraitCollection.h>
 #import <UIKit/UIView.h>
+#import <UIKit/UIViewAutoLayout.h>
 
 // Controllers, tables, alerts and the application.
 #import <UIKit/NSIndexPath+UIKit.h>

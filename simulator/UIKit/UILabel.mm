@@ -1,7 +1,10 @@
+#import "LayoutProblem.h"
+
 #import <UIKit/NSAttributedString+UIKit.h>
 #import <UIKit/NSText+Sim.h>
 #import <UIKit/UIFont+Sim.h>
 #import <UIKit/UILabel.h>
+#import <UIKit/UIView+Layout.h>
 
 #include <objcxx/Retained.h>
 
@@ -48,6 +51,7 @@ struct UILabelState {
 - (void)setText:(NSString *)text {
   _labelState->text = objcxx::adopt((NSString *)[text copy]);
   _labelState->attributedText = nullptr;
+  [self invalidateIntrinsicContentSize];
 }
 
 - (NSAttributedString *)attributedText {
@@ -61,6 +65,7 @@ struct UILabelState {
 - (void)setAttributedText:(NSAttributedString *)text {
   _labelState->text = objcxx::adopt((NSString *)[[text string] copy]);
   _labelState->attributedText = objcxx::adopt((NSAttributedString *)[text copy]);
+  [self invalidateIntrinsicContentSize];
   if ([text length] == 0) return;
   NSDictionary *attributes = [text attributesAtIndex:0 effectiveRange:nullptr];
   if (UIFont *font = [attributes objectForKey:NSFontAttributeName]) [self setFont:font];
@@ -76,6 +81,7 @@ struct UILabelState {
 
 - (void)setFont:(UIFont *)font {
   _labelState->font = objcxx::share(font ? font : [UIFont systemFontOfSize:[UIFont labelFontSize]]);
+  [self invalidateIntrinsicContentSize];
 }
 
 - (UIColor *)textColor {
@@ -140,6 +146,7 @@ struct UILabelState {
 
 - (void)setLineBreakMode:(NSLineBreakMode)mode {
   _labelState->lineBreakMode = mode;
+  [self invalidateIntrinsicContentSize];
 }
 
 - (NSInteger)numberOfLines {
@@ -148,6 +155,7 @@ struct UILabelState {
 
 - (void)setNumberOfLines:(NSInteger)lines {
   _labelState->numberOfLines = std::max<NSInteger>(lines, 0);
+  [self invalidateIntrinsicContentSize];
 }
 
 - (BOOL)adjustsFontSizeToFitWidth {
@@ -172,6 +180,7 @@ struct UILabelState {
 
 - (void)setPreferredMaxLayoutWidth:(CGFloat)width {
   _labelState->preferredMaxLayoutWidth = width;
+  [self invalidateIntrinsicContentSize];
 }
 
 // The text in whole pixels, wrapped to `width` (0 or less: not at all) in `lines` lines at most (0: no limit).
@@ -193,6 +202,25 @@ struct UILabelState {
 
 - (CGSize)intrinsicContentSize {
   return [self sim_textSizeForWidth:_labelState->preferredMaxLayoutWidth lines:_labelState->numberOfLines];
+}
+
+/// On several lines as constraints give it room, unless its owner has said in what width.
+- (CGFloat)sim_contentHeightForWidth:(CGFloat)width {
+  if (_labelState->numberOfLines == 1 || _labelState->preferredMaxLayoutWidth > 0) return -1;
+  return [self sim_textSizeForWidth:width lines:_labelState->numberOfLines].height;
+}
+
+- (BOOL)sim_getBaselines:(sim::Baselines &)baselines {
+  UIFont *font = [self font];
+  baselines.firstFromTop = sim::roundedToPixel([font ascender]);
+  baselines.lastFromBottom = sim::roundedToPixel(-[font descender]);
+  return YES;
+}
+
+/// As on a device, where a label hugs its text more than other views do theirs.
+- (UILayoutPriority)sim_defaultHuggingForAxis:(UILayoutConstraintAxis)axis {
+  (void)axis;
+  return UILayoutPriorityDefaultLow + 1;
 }
 
 - (CGRect)textRectForBounds:(CGRect)bounds limitedToNumberOfLines:(NSInteger)numberOfLines {

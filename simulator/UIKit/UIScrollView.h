@@ -39,6 +39,10 @@ SIM_STATE_TYPE(ScrollViewState);
 @property(nonatomic) UIScrollViewKeyboardDismissMode keyboardDismissMode;
 /// Not owned.
 @property(nonatomic, assign) id<UIScrollViewDelegate> delegate;
+/// What anchors of the content, and of the visible rectangle, relate to. Constraints of views in the scroll view with
+/// its edges are with those of the content, whose size follows from them.
+@property(nonatomic, readonly, strong) UILayoutGuide *contentLayoutGuide;
+@property(nonatomic, readonly, strong) UILayoutGuide *frameLayoutGuide;
 /// Moves the content by the least amount that brings `rect` (in content coordinates) into view.
 - (void)scrollRectToVisible:(CGRect)rect animated:(BOOL)animated;
 @end

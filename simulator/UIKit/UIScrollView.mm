@@ -1,6 +1,7 @@
 #import <UIKit/UIScrollView.h>
 
 #import <Foundation/NotCarried.h>
+#import <UIKit/LayoutState.h>
 
 #include <algorithm>
 
@@ -73,6 +74,14 @@ struct ScrollViewState {
 
 - (void)setContentSize:(CGSize)contentSize {
   _scrollViewState->contentSize = contentSize;
+}
+
+- (UILayoutGuide *)contentLayoutGuide {
+  return [self sim_guideOfKind:sim::GuideKind::kScrollContent];
+}
+
+- (UILayoutGuide *)frameLayoutGuide {
+  return [self sim_guideOfKind:sim::GuideKind::kScrollFrame];
 }
 
 - (UIEdgeInsets)contentInset {

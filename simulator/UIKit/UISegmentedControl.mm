@@ -1,4 +1,6 @@
+#import <UIKit/NSText+Sim.h>
 #import <UIKit/UIControl+Sim.h>
+#import <UIKit/UIFont+Sim.h>
 #import <UIKit/UISegmentedControl+Sim.h>
 
 #include <objcxx/Retained.h>
@@ -26,6 +28,8 @@ struct UISegmentedControlState {
 namespace {
 
 constexpr CGFloat kControlHeight = 32;
+constexpr CGFloat kTitleSize = 13;
+constexpr CGFloat kSegmentPadding = 10;
 
 sim::Segment titled(NSString *title) { return {objcxx::adopt((NSString *)[title copy]), {}, true}; }
 sim::Segment pictured(UIImage *image) { return {{}, objcxx::share(image), true}; }
@@ -59,8 +63,16 @@ sim::Segment pictured(UIImage *image) { return {{}, objcxx::share(image), true};
   return CGSizeMake(size.width, kControlHeight);
 }
 
+/// All segments are as wide as the widest wants to be.
 - (CGSize)intrinsicContentSize {
-  return CGSizeMake(UIViewNoIntrinsicMetric, kControlHeight);
+  const auto style = sim::textStyle([UIFont systemFontOfSize:kTitleSize weight:UIFontWeightMedium]);
+  double widest = 0;
+  for (const sim::Segment &segment : _segmentState->segments) {
+    const double width = segment.image ? [segment.image.get() size].width
+                                       : sim::measureText(sim::utf8(segment.title.get() ?: @""), style, {}).width;
+    widest = std::max(widest, sim::ceiledToPixel(width) + 2 * kSegmentPadding);
+  }
+  return CGSizeMake(widest * static_cast<double>(_segmentState->segments.size()), kControlHeight);
 }
 
 - (NSUInteger)numberOfSegments {
@@ -100,6 +112,7 @@ sim::Segment pictured(UIImage *image) { return {{}, objcxx::share(image), true};
   const auto place = std::min<NSUInteger>(index, segments.size());
   segments.insert(segments.begin() + std::ptrdiff_t(place), segment);
   if (_segmentState->selected >= NSInteger(place)) ++_segmentState->selected;
+  [self invalidateIntrinsicContentSize];
 }
 
 - (void)insertSegmentWithTitle:(NSString *)title atIndex:(NSUInteger)index animated:(BOOL)animated {
@@ -124,12 +137,14 @@ sim::Segment pictured(UIImage *image) { return {{}, objcxx::share(image), true};
   if (!segment) return;
   const auto place = segment - _segmentState->segments.data();
   _segmentState->segments.erase(_segmentState->segments.begin() + place);
+  [self invalidateIntrinsicContentSize];
   if (_segmentState->selected == place) _segmentState->selected = UISegmentedControlNoSegment;
   else if (_segmentState->selected > place) --_segmentState->selected;
 }
 
 - (void)removeAllSegments {
   _segmentState->segments.clear();
+  [self invalidateIntrinsicContentSize];
   _segmentState->selected = UISegmentedControlNoSegment;
 }
 
@@ -138,6 +153,7 @@ sim::Segment pictured(UIImage *image) { return {{}, objcxx::share(image), true};
   if (!segment) return;
   segment->title = objcxx::adopt((NSString *)[title copy]);
   segment->image = nullptr;
+  [self invalidateIntrinsicContentSize];
 }
 
 - (NSString *)titleForSegmentAtIndex:(NSUInteger)index {
@@ -150,6 +166,7 @@ sim::Segment pictured(UIImage *image) { return {{}, objcxx::share(image), true};
   if (!segment) return;
   segment->image = objcxx::share(image);
   segment->title = nullptr;
+  [self invalidateIntrinsicContentSize];
 }
 
 - (UIImage *)imageForSegmentAtIndex:(NSUInteger)index {

@@ -1,5 +1,6 @@
 #import <UIKit/UIControl+Sim.h>
 #import <UIKit/UISwitch+Sim.h>
+#import <UIKit/UIView+Layout.h>
 
 #include <objcxx/Retained.h>
 
@@ -38,6 +39,11 @@ constexpr CGSize kSwitchSize = {51, 31};
 - (CGSize)sizeThatFits:(CGSize)size {
   (void)size;
   return kSwitchSize;
+}
+
+- (UILayoutPriority)sim_defaultHuggingForAxis:(UILayoutConstraintAxis)axis {
+  (void)axis;
+  return UILayoutPriorityDefaultHigh;
 }
 
 - (CGSize)intrinsicContentSize {

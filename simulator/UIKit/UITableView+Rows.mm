@@ -93,8 +93,17 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
                                        : state.rowHeight;
   if (!isHeight(height)) {
     if (!cell) return;
-    height = [cell sizeThatFits:CGSizeMake([cell bounds].size.width, 0)].height;
-    if (!isHeight(height)) height = kDefaultRowHeight;
+    height = [cell systemLayoutSizeFittingSize:CGSizeMake([cell bounds].size.width, 0)
+                 withHorizontalFittingPriority:UILayoutPriorityRequired
+                       verticalFittingPriority:UILayoutPriorityFittingSizeLevel]
+                 .height;
+    if (height == 0) {
+      NSLog(
+          @"Constraints suggest a height of zero for the content view of the table view cell %@, which is taken to be "
+          @"unintentional: it gets the standard height.",
+          cell);
+    }
+    if (!isHeight(height) || height == 0) height = kDefaultRowHeight;
     [self sim_learnRowHeight:height];
   }
   if (state.geometry.contains(index)) state.geometry.setHeight(index, height, true);

@@ -1,4 +1,5 @@
 // Headers and footers: titles from the data source, views from the delegate.
+#import "LayoutProblem.h"
 #import "UITableViewState.h"
 
 #import <UIKit/UIColor.h>
@@ -34,6 +35,17 @@ UIEdgeInsets titleInsets(UITableViewStyle style, long section, BOOL header, CGFl
   if (style == UITableViewStylePlain) return insets(4, 4);
   if (!header) return insets(7, 7);
   return insets(15.5 + groupedGapAbove(section, header), 6.5);
+}
+
+/// What the view's constraints make of it in that width, or else what the view itself says.
+CGFloat fittingHeight(UIView *view, CGFloat width) {
+  const CGSize target = CGSizeMake(width, 0);
+  const BOOL knows = [view isKindOfClass:[UITableViewHeaderFooterView class]] || sim::constraintsSayHeight(view);
+  if (!knows) return [view sizeThatFits:target].height;
+  return [view systemLayoutSizeFittingSize:target
+             withHorizontalFittingPriority:UILayoutPriorityRequired
+                   verticalFittingPriority:UILayoutPriorityFittingSizeLevel]
+      .height;
 }
 
 }  // namespace
@@ -123,7 +135,7 @@ UIEdgeInsets titleInsets(UITableViewStyle style, long section, BOOL header, CGFl
   if (isHeight(set) && (shows || grouped)) return set;
   if (!shows) return grouped ? kGroupedGap + groupedGapAbove(section, header) : 0;
   if (part->view) {
-    const CGFloat fitting = [part->view.get() sizeThatFits:CGSizeMake([self sim_rowWidth], 0)].height;
+    const CGFloat fitting = fittingHeight(part->view.get(), [self sim_rowWidth]);
     if (isHeight(fitting) && fitting > 0) return fitting;
   }
   return grouped ? kGroupedTitleHeight + groupedGapAbove(section, header) : kPlainTitleHeight;
@@ -135,7 +147,9 @@ UIEdgeInsets titleInsets(UITableViewStyle style, long section, BOOL header, CGFl
   if (!isHeight(header)) {
     header = [self sim_defaultHeightOfSection:section header:YES];
     if (state.style == UITableViewStylePlain && header > 0) {
-      header += isHeight(state.headerTopPadding) ? state.headerTopPadding : kPlainTopPadding;
+      const CGFloat padding = isHeight(state.headerTopPadding) ? state.headerTopPadding : kPlainTopPadding;
+      header += padding;
+      if (sim::SectionPart *part = partAt(state, section, YES)) part->paddingAbove = padding;
     }
   }
   CGFloat footer = state.has.footerHeight ? [state.delegate tableView:self heightForFooterInSection:section] : -1;
@@ -167,7 +181,10 @@ UIEdgeInsets titleInsets(UITableViewStyle style, long section, BOOL header, CGFl
   if (!part || !part->view || section >= state.geometry.sectionCount()) return;
   const auto view = part->view;
   const CGRect rect = header ? [self rectForHeaderInSection:section] : [self rectForFooterInSection:section];
-  const CGRect frame = CGRectMake([self sim_rowInsets].left, rect.origin.y, [self sim_rowWidth], rect.size.height);
+  // A view that is as high as its constraints make it has no use for the padding.
+  const CGFloat padding = sim::constraintsSayHeight(view.get()) ? part->paddingAbove : 0;
+  const CGRect frame =
+      CGRectMake([self sim_rowInsets].left, rect.origin.y + padding, [self sim_rowWidth], rect.size.height - padding);
   [view.get() setFrame:frame];
   if ([view.get() superview] == self) return;
   if (header && state.has.willDisplayHeader) {

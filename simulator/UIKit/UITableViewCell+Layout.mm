@@ -1,5 +1,8 @@
 // Where the standard views of a row lie.
+#import "LayoutProblem.h"
 #import "UITableViewCellState.h"
+
+#import <UIKit/UIView+Layout.h>
 
 #include <algorithm>
 
@@ -118,6 +121,32 @@ RowLayout layOut(const sim::TableViewCellState &state, CGSize size) {
       break;
     }
   }
+}
+
+/// By the constraints in the content view when they say how high it is, else by the standard views.
+- (CGSize)systemLayoutSizeFittingSize:(CGSize)targetSize
+        withHorizontalFittingPriority:(UILayoutPriority)horizontalFittingPriority
+              verticalFittingPriority:(UILayoutPriority)verticalFittingPriority {
+  [self updateConstraintsIfNeeded];
+  const auto &state = *_cellState;
+  UIView *content = state.contentView.get();
+  const CGFloat width = targetSize.width > 0 ? targetSize.width : [self bounds].size.width;
+  if (!sim::constraintsSayHeight(content)) return [self sizeThatFits:CGSizeMake(width, targetSize.height)];
+  const CGRect place = layOut(state, CGSizeMake(width, kMinimumHeight)).content;
+  const CGFloat around = width - place.size.width;
+  // Its safe area goes by where it lies.
+  [content setFrame:{place.origin, {place.size.width, [content bounds].size.height}}];
+  const CGSize fitting = [content systemLayoutSizeFittingSize:CGSizeMake(place.size.width, targetSize.height)
+                                withHorizontalFittingPriority:horizontalFittingPriority
+                                      verticalFittingPriority:verticalFittingPriority];
+  return CGSizeMake(fitting.width + around, fitting.height);
+}
+
+/// The content view keeps what it shows where the standard views are.
+- (UIEdgeInsets)sim_defaultMarginsOfSubview:(UIView *)subview {
+  if (subview != _cellState->contentView.get()) return [super sim_defaultMarginsOfSubview:subview];
+  const CGFloat margin = _cellState->margin;
+  return UIEdgeInsetsMake(kVerticalPadding / 2, margin, kVerticalPadding / 2, margin);
 }
 
 - (CGSize)sizeThatFits:(CGSize)size {

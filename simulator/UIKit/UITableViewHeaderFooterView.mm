@@ -1,7 +1,10 @@
 #import <UIKit/UITableViewHeaderFooterView+Sim.h>
 
+#import "LayoutProblem.h"
+
 #import <UIKit/UIFont.h>
 #import <UIKit/UILabel.h>
+#import <UIKit/UIView+Layout.h>
 #include <objcxx/Retained.h>
 
 #include <algorithm>
@@ -118,6 +121,23 @@ struct HeaderFooterViewState {
     [label setFrame:CGRectMake(state.textInsets.left, top, width, height)];
     top += height;
   }
+}
+
+/// By the constraints in the content view when they say how high it is, else by the texts.
+- (CGSize)systemLayoutSizeFittingSize:(CGSize)targetSize
+        withHorizontalFittingPriority:(UILayoutPriority)horizontalFittingPriority
+              verticalFittingPriority:(UILayoutPriority)verticalFittingPriority {
+  [self updateConstraintsIfNeeded];
+  UIView *content = _headerFooterState->contentView.get();
+  if (!sim::constraintsSayHeight(content)) return [self sizeThatFits:targetSize];
+  return [content systemLayoutSizeFittingSize:targetSize
+                withHorizontalFittingPriority:horizontalFittingPriority
+                      verticalFittingPriority:verticalFittingPriority];
+}
+
+- (UIEdgeInsets)sim_defaultMarginsOfSubview:(UIView *)subview {
+  if (subview != _headerFooterState->contentView.get()) return [super sim_defaultMarginsOfSubview:subview];
+  return _headerFooterState->textInsets;
 }
 
 - (CGSize)sizeThatFits:(CGSize)size {

@@ -40,6 +40,7 @@ struct SectionPart {
   bool hasTitle = false;  // Whether the data source was asked.
   bool hasView = false;   // Whether the delegate was asked.
   bool isDelegates = false;
+  CGFloat paddingAbove = 0;  // Of a header, as part of its height.
 };
 
 struct SectionParts {

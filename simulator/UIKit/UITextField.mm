@@ -12,6 +12,7 @@ NSString *const UITextFieldTextDidChangeNotification = @"UITextFieldTextDidChang
 namespace {
 
 constexpr CGFloat kBorderedHeight = 34;
+constexpr CGFloat kBorderedInset = 7;
 
 objcxx::Retained<NSString> textOrEmpty(NSString *text) { return objcxx::adopt((NSString *)[text ? text : @"" copy]); }
 
@@ -36,7 +37,12 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 }
 
 - (CGSize)intrinsicContentSize {
-  return CGSizeMake(UIViewNoIntrinsicMetric, [self sizeThatFits:CGSizeZero].height);
+  const auto widthOf = [self](NSString *text) {
+    return [text length] == 0 ? 0.0 : sim::measureText(sim::utf8(text), sim::textStyle([self font]), {}).width;
+  };
+  const double width = [[self text] length] > 0 ? widthOf([self text]) : widthOf([self placeholder]);
+  const CGFloat border = _fieldState->borderStyle == UITextBorderStyleNone ? 0 : 2 * kBorderedInset;
+  return CGSizeMake(sim::ceiledToPixel(width) + border, [self sizeThatFits:CGSizeZero].height);
 }
 
 - (NSString *)text {
@@ -45,6 +51,7 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 
 - (void)setText:(NSString *)text {
   _fieldState->text = textOrEmpty(text);
+  [self invalidateIntrinsicContentSize];
 }
 
 - (NSAttributedString *)attributedText {
@@ -76,6 +83,7 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 
 - (void)setFont:(UIFont *)font {
   _fieldState->font = objcxx::share(font ? font : [UIFont systemFontOfSize:[UIFont labelFontSize]]);
+  [self invalidateIntrinsicContentSize];
 }
 
 - (NSTextAlignment)textAlignment {
@@ -92,6 +100,7 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 
 - (void)setBorderStyle:(UITextBorderStyle)style {
   _fieldState->borderStyle = style;
+  [self invalidateIntrinsicContentSize];
 }
 
 - (NSString *)placeholder {
@@ -101,6 +110,7 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 - (void)setPlaceholder:(NSString *)placeholder {
   _fieldState->placeholder = objcxx::adopt((NSString *)[placeholder copy]);
   _fieldState->attributedPlaceholder = nullptr;
+  [self invalidateIntrinsicContentSize];
 }
 
 - (NSAttributedString *)attributedPlaceholder {

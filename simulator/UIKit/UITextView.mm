@@ -64,12 +64,27 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
       sim::ceiledToPixel(std::max(text.lines, 1) * [[self font] lineHeight] + insets.top + insets.bottom));
 }
 
+/// As large as its text, unless it scrolls.
+- (CGSize)intrinsicContentSize {
+  return [self isScrollEnabled] ? [super intrinsicContentSize] : [self sizeThatFits:CGSizeZero];
+}
+
+- (CGFloat)sim_contentHeightForWidth:(CGFloat)width {
+  return [self isScrollEnabled] ? -1 : [self sizeThatFits:CGSizeMake(width, 0)].height;
+}
+
+- (void)setScrollEnabled:(BOOL)enabled {
+  [super setScrollEnabled:enabled];
+  [self invalidateIntrinsicContentSize];
+}
+
 - (NSString *)text {
   return _textState->text.get();
 }
 
 - (void)setText:(NSString *)text {
   _textState->text = objcxx::adopt((NSString *)[text ? text : @"" copy]);
+  [self invalidateIntrinsicContentSize];
   _textState->selectedRange = NSMakeRange([[self text] length], 0);
 }
 
@@ -94,6 +109,7 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 
 - (void)setFont:(UIFont *)font {
   _textState->font = objcxx::share(font ? font : [UIFont systemFontOfSize:12]);
+  [self invalidateIntrinsicContentSize];
 }
 
 - (UIColor *)textColor {
@@ -146,6 +162,7 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 
 - (void)setTextContainerInset:(UIEdgeInsets)insets {
   _textState->textContainerInset = insets;
+  [self invalidateIntrinsicContentSize];
 }
 
 - (id<UITextViewDelegate>)delegate {

@@ -1,4 +1,5 @@
 // Frames, bounds, conversion and autoresizing. Everything reads the stored rectangle, never an overridden `frame`.
+#import <UIKit/UIView+Layout.h>
 #import <UIKit/UIView+Sim.h>
 #import <UIKit/UIViewState.h>
 
@@ -50,7 +51,9 @@ CGAffineTransform between(UIView *from, UIView *to) {
 
 - (void)setFrame:(CGRect)frame {
   const CGRect old = _state->bounds;
+  const CGPoint origin = _state->origin;
   sim::setFrame(*_state, frame);
+  if (!CGPointEqualToPoint(origin, _state->origin)) [self sim_geometryChanged];
   [self sim_layerBoundsDidChange:old];
 }
 
@@ -66,9 +69,13 @@ CGAffineTransform between(UIView *from, UIView *to) {
 
 - (void)sim_layerBoundsDidChange:(CGRect)old {
   const CGRect &bounds = _state->bounds;
-  if (!CGPointEqualToPoint(old.origin, bounds.origin)) [self setNeedsLayout];
+  if (!CGPointEqualToPoint(old.origin, bounds.origin)) {
+    [self setNeedsLayout];
+    [self sim_geometryChanged];
+  }
   if (CGSizeEqualToSize(old.size, bounds.size)) return;
   [self setNeedsLayout];
+  [self sim_geometryChanged];
   if (_state->contentMode == UIViewContentModeRedraw) [self setNeedsDisplay];
   if (!_state->autoresizesSubviews) return;
   for (UIView *subview in [self subviews]) [subview sim_resizeWithOldSuperviewSize:old.size];
@@ -80,6 +87,7 @@ CGAffineTransform between(UIView *from, UIView *to) {
 
 - (void)setCenter:(CGPoint)center {
   sim::setPosition(*_state, center);
+  [self sim_geometryChanged];
 }
 
 - (CGAffineTransform)transform {
@@ -124,10 +132,6 @@ CGAffineTransform between(UIView *from, UIView *to) {
   [self setFrame:{[self frame].origin, size}];
 }
 
-- (CGSize)intrinsicContentSize {
-  return CGSizeMake(UIViewNoIntrinsicMetric, UIViewNoIntrinsicMetric);
-}
-
 - (CGPoint)convertPoint:(CGPoint)point toView:(UIView *)view {
   return CGPointApplyAffineTransform(point, between(self, view));
 }
@@ -147,6 +151,7 @@ CGAffineTransform between(UIView *from, UIView *to) {
 - (void)sim_resizeWithOldSuperviewSize:(CGSize)oldSize {
   const UIViewAutoresizing mask = _state->autoresizingMask;
   if (mask == UIViewAutoresizingNone || !_state->superview) return;
+  if (![self translatesAutoresizingMaskIntoConstraints]) return;
   const CGSize newSize = _state->superview->_state->bounds.size;
   const CGRect frame = {_state->origin, _state->bounds.size};
   const Span x = shared({frame.origin.x, frame.size.width}, oldSize.width, newSize.width,

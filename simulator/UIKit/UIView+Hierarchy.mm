@@ -1,5 +1,8 @@
 // The tree of views, and layout.
+#import "LayoutProblem.h"
+
 #import <UIKit/UIResponder+Sim.h>
+#import <UIKit/UIView+Layout.h>
 #import <UIKit/UIView+Sim.h>
 #import <UIKit/UIViewState.h>
 
@@ -27,6 +30,9 @@ constexpr int kMostLayoutRounds = 100;
 void layOut(UIView *view) {
   sim::UIViewState &state = [view sim_state];
   for (int round = 0; state.needsLayout && round < kMostLayoutRounds; ++round) {
+    if (state.treeNeedsUpdateConstraints) [view updateConstraintsIfNeeded];
+    [view sim_tellSafeArea];
+    [view sim_placeByConstraints];
     state.needsLayout = false;
     const auto observer = (UIResponder<SIMLayoutObserver> *)state.viewController;
     const BOOL observes = [observer respondsToSelector:@selector(viewWillLayoutSubviews)];
@@ -77,6 +83,7 @@ void layOut(UIView *view) {
   UIView *superview = _state->superview;
   if (!superview) return;
   [[self retain] autorelease];
+  [self sim_dropConstraintsAround];
   auto &siblings = superview->_state->subviews;
   siblings.erase(find(siblings, self));
   superview->_state->subviewsArray = nullptr;
@@ -117,6 +124,7 @@ void layOut(UIView *view) {
   view->_state->superview = self;
   [self sim_didPlaceSublayerOf:view];
   [self setNeedsLayout];
+  if (view->_state->treeNeedsUpdateConstraints) [view sim_passOnNeedForConstraints];
   [view sim_didMoveFromWindow:from toWindow:to];
   [view didMoveToSuperview];
   [self didAddSubview:view];
@@ -216,7 +224,13 @@ void layOut(UIView *view) {
 - (void)layoutIfNeeded {
   UIView *top = self;
   while (top->_state->superview && top->_state->superview->_state->needsLayout) top = top->_state->superview;
-  layOut(top);
+  [top updateConstraintsIfNeeded];
+  // What lies in one view may move another one that was laid out before.
+  for (int round = 0; round < kMostLayoutRounds; ++round) {
+    const unsigned long moves = sim::layoutMoves();
+    layOut(top);
+    if (moves == sim::layoutMoves()) break;
+  }
 }
 
 - (void)layoutSubviews {

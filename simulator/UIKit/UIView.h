@@ -89,8 +89,6 @@ UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 - (CGSize)sizeThatFits:(CGSize)size;
 /// Takes the size of `sizeThatFits:`; the origin stays.
 - (void)sizeToFit;
-/// UIViewNoIntrinsicMetric in both here.
-- (CGSize)intrinsicContentSize;
 /// nil means the window's (here: the outermost view's) coordinates.
 - (CGPoint)convertPoint:(CGPoint)point toView:(UIView *)view;
 - (CGPoint)convertPoint:(CGPoint)point fromView:(UIView *)view;
@@ -224,3 +222,5 @@ UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 + (void)setAnimationDuration:(NSTimeInterval)duration;
 + (void)commitAnimations;
 @end
+
+#import <UIKit/UIViewAutoLayout.h>

@@ -1,6 +1,7 @@
 #import <QuartzCore/CALayer+Sim.h>
 #import <UIKit/UIResponder+Sim.h>
 #import <UIKit/UIScreen.h>
+#import <UIKit/UIView+Layout.h>
 #import <UIKit/UIView+Sim.h>
 #import <UIKit/UIViewController+Sim.h>
 #import <UIKit/UIViewState.h>
@@ -25,6 +26,9 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
   const CGRect standard = CGRectStandardize(frame);
   _state->origin = standard.origin;
   _state->bounds.size = standard.size;
+  static const IMP kNoUpdate = [UIView instanceMethodForSelector:@selector(updateConstraints)];
+  const bool updates = [self methodForSelector:@selector(updateConstraints)] != kNoUpdate;
+  _state->needsUpdateConstraints = _state->treeNeedsUpdateConstraints = updates;
   return self;
 }
 
@@ -37,6 +41,7 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
     [super dealloc];
     return;
   }
+  if (_state->layout) _state->layout->letGo();
   for (const auto &subview : _state->subviews) subview.get()->_state->superview = nil;
   [self sim_letGoOfRecognizers];
   [_state->layer.get() setDelegate:nil];
@@ -158,7 +163,9 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
 }
 
 - (void)setHidden:(BOOL)hidden {
+  if (_state->hidden == (hidden != NO)) return;
   _state->hidden = hidden;
+  [_state->superview sim_arrangementChanged];
 }
 
 - (UIViewContentMode)contentMode {
@@ -197,6 +204,11 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
 
 - (void)sim_setViewController:(UIResponder *)controller {
   _state->viewController = controller;
+  static const IMP kNoUpdate = [UIViewController instanceMethodForSelector:@selector(updateViewConstraints)];
+  const SEL update = @selector(updateViewConstraints);
+  if ([controller respondsToSelector:update] && [controller methodForSelector:update] != kNoUpdate) {
+    [self setNeedsUpdateConstraints];
+  }
 }
 
 - (BOOL)sim_acceptsTouches {

@@ -72,6 +72,21 @@ SIM_STATE_TYPE(ViewControllerState);
 @property(nonatomic, readonly) UITraitCollection *traitCollection;
 @end
 
+@protocol UILayoutSupport;
+
+@interface UIViewController (UIConstraintBasedLayoutCoreMethods)
+/// In place of the view's `updateConstraints`, which it sends. Overrides call super.
+- (void)updateViewConstraints;
+@end
+
+@interface UIViewController (UILayoutSupport)
+/// What the bars cover of the view.
+@property(nonatomic, readonly, strong) id<UILayoutSupport> topLayoutGuide;
+@property(nonatomic, readonly, strong) id<UILayoutSupport> bottomLayoutGuide;
+/// The safe area of the view has changed.
+- (void)viewSafeAreaInsetsDidChange;
+@end
+
 @interface UIViewController (UIContentContainer)
 /// The device is about to be turned: the controller's view will have this size. Passes it on to the children, so call
 /// super.

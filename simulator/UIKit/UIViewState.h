@@ -1,6 +1,7 @@
 // What a view remembers. Included by the sources of UIView only.
 #pragma once
 
+#import <UIKit/LayoutState.h>
 #import <QuartzCore/LayerGeometry.h>
 #import <UIKit/UIGestureRecognizer.h>
 #import <UIKit/UIView.h>
@@ -19,6 +20,9 @@ struct UIViewState : LayerGeometry {
   objcxx::Retained<CALayer> layer;
   objcxx::Retained<UIView> maskView;
   bool needsLayout = true;
+  bool needsUpdateConstraints = false;
+  bool treeNeedsUpdateConstraints = false;  ///< The view or one in it.
+  std::unique_ptr<ViewLayout> layout;       ///< nullptr until layout has to do with the view.
   std::vector<objcxx::Retained<UIGestureRecognizer>> gestureRecognizers;
 
   UIViewAutoresizing autoresizingMask = UIViewAutoresizingNone;
