@@ -111,7 +111,7 @@ export function Picture({ image, alt = '', style, fallback, ...rest }) {
   if (image.tint) {
     const { objectFit, ...others } = style ?? {};
     const filled = {
-      ...size, ...others, display: 'inline-block', backgroundColor: cssColor(image.tint),
+      display: 'inline-block', ...size, ...others, backgroundColor: cssColor(image.tint),
       mask: `url("${address}") center / ${maskSizes[objectFit] ?? '100% 100%'} no-repeat`,
     };
     return html`<span ...${rest} role=${alt ? 'img' : undefined} aria-label=${alt || undefined} style=${filled}></span>`;

@@ -151,13 +151,17 @@ test('Symbols are drawn by their names in rows, bars and image views, in the tin
       [[UIBarButtonItem alloc] initWithImage:[UIImage systemImageNamed:@"square.and.arrow.up"]
                                        style:UIBarButtonItemStylePlain target:self action:@selector(share)];
   self.navigationItem.rightBarButtonItem.accessibilityLabel = @"Share";
-  [self.specifiers[0] setProperty:[UIImage systemImageNamed:@"paintbrush"] forKey:@"iconImage"];
+  PSSpecifier *paint = self.specifiers.lastObject;
+  [paint setProperty:[UIImage systemImageNamed:@"paintbrush"] forKey:@"iconImage"];
   UIImageView *drop = [[UIImageView alloc] initWithImage:[UIImage systemImageNamed:@"drop.fill"]];
   drop.preferredSymbolConfiguration = [UIImageSymbolConfiguration configurationWithPointSize:60];
   drop.tintColor = [UIColor redColor];
   drop.frame = CGRectMake(20, 20, drop.intrinsicContentSize.width, drop.intrinsicContentSize.height);
   UIView *header = [[UIView alloc] initWithFrame:CGRectMake(0, 0, 390, 120)];
   [header addSubview:drop];
+  UIImageView *flat = [[UIImageView alloc] initWithImage:[UIImage systemImageNamed:@"minus"]];
+  flat.frame = CGRectMake(200, 20, flat.image.size.width, flat.image.size.height);
+  [header addSubview:flat];
   self.table.tableHeaderView = header;
 }
 - (void)share {
@@ -175,8 +179,8 @@ test('Symbols are drawn by their names in rows, bars and image views, in the tin
     await eventually(() => isDrawnIn(page, icon, blue));
     await eventually(() => isDrawnIn(page, share, blue));
     await eventually(() => isDrawnIn(page, drop, red));
-    if (process.env.SYMBOLS) await page.screenshot({ path: `/tmp/symbols/${colorScheme}.png` });
   }
-  const widthOf = async (element) => (await element.evaluate((each) => each.offsetWidth));
-  assert.ok(await widthOf(drop) > 35, 'the drop is as large as its view asks');
+  assert.ok(await drop.evaluate((each) => each.offsetWidth) > 35, 'the drop is as large as its view asks');
+  const flat = picture(page.locator('.view')).last();
+  assert.equal(await flat.evaluate((each) => each.offsetTop), 0, 'a flat symbol lies where its view does');
 });

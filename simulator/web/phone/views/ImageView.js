@@ -13,6 +13,6 @@ export function ImageView({ view, children }) {
   const round = layerStyle(view.layer && { ...view.layer, shadow: null });
   return html`
     <${Picture} alt=${view.isAccessibilityElement ? '' : view.accessibilityLabel ?? ''} image=${image}
-      style=${{ objectFit: objectFitOf(view.contentMode), ...place?.style, ...round }} />
+      style=${{ display: 'block', objectFit: objectFitOf(view.contentMode), ...place?.style, ...round }} />
     ${children}`;
 }
