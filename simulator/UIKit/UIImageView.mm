@@ -1,5 +1,5 @@
 #import <UIKit/UIImageView.h>
-#import <UIKit/UIView+Layout.h>
+#import <UIKit/UIViewLayout.h>
 
 #include <objcxx/Retained.h>
 

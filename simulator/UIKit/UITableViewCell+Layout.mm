@@ -2,7 +2,7 @@
 #import "LayoutProblem.h"
 #import "UITableViewCellState.h"
 
-#import <UIKit/UIView+Layout.h>
+#import <UIKit/UIViewLayout.h>
 
 #include <algorithm>
 

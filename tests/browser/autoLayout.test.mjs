@@ -139,7 +139,8 @@ test("A maker's header, stack and self-sizing rows are laid out by their constra
       assert.ok(Math.abs(rowBox.height / scale - row.height) < 1, shown);
       assert.ok(note.y >= rowBox.y + 10 * scale && note.y + note.height <= rowBox.y + rowBox.height - 10 * scale, shown);
       const text = await page.locator('[data-identifier="note"] span span').first().boundingBox();
-      assert.ok(text.height <= note.height + 1 && text.height > note.height - 24 * scale, `${shown}: ${text.height} in ${note.height}`);
+      assert.ok(text.height <= note.height + 1 && text.height > note.height - 24 * scale,
+        `${shown}: ${text.height} in ${note.height}`);
     });
     if (process.env.AUTO_LAYOUT_PICTURES) {
       await page.screenshot({ path: `${process.env.AUTO_LAYOUT_PICTURES}/${shown.replace(' ', '-')}.png` });

@@ -16,7 +16,8 @@ UMBRELLAS = ['UIKit/UIKit.h', 'Preferences/Preferences.h', 'NorvikAppList/Norvik
              'ImageIO/ImageIO.h', 'SafariServices/SafariServices.h', 'MessageUI/MessageUI.h',
              'LocalAuthentication/LocalAuthentication.h', 'AudioToolbox/AudioToolbox.h']
 FOLDERS = ['CoreFoundation', 'CoreGraphics', 'CoreImage', 'ImageIO', 'QuartzCore', 'Foundation', 'UIKit', 'Preferences',
-           'AppList', 'Services', 'SafariServices', 'MessageUI', 'LocalAuthentication', 'AudioToolbox', 'dispatch', 'Settings']
+           'AppList', 'Services', 'SafariServices', 'MessageUI', 'LocalAuthentication', 'AudioToolbox', 'dispatch',
+           'Settings']
 
 # A device does no more with these either than the simulator does. Each has its reason.
 KEPT = {
