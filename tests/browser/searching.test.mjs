@@ -41,6 +41,9 @@ const source = kitePage('[PSSpecifier groupSpecifierWithHeader:@"Fruit" footer:n
 - (CGFloat)tableView:(UITableView *)table heightForRowAtIndexPath:(NSIndexPath *)path {
   return 44;
 }
+- (BOOL)tableView:(UITableView *)table shouldHighlightRowAtIndexPath:(NSIndexPath *)path {
+  return YES;
+}
 - (void)tableView:(UITableView *)table didSelectRowAtIndexPath:(NSIndexPath *)path {
   [[[UIAlertView alloc] initWithTitle:self.shown[path.row] message:@"Eat it?" delegate:self cancelButtonTitle:@"No"
                     otherButtonTitles:@"Yes", nil] show];
