@@ -21,6 +21,7 @@ libpng-dev               run test bench mutate
 webp-pixbuf-loader       run test bench mutate
 heif-gdk-pixbuf          run test bench mutate
 fonts-inter              run test bench mutate
+fonts-liberation         run test bench mutate
 librsvg2-bin             run test bench mutate
 bubblewrap               run test bench
 nodejs                   run test

@@ -6,9 +6,11 @@
 #import <UIKit/UINavigationController+Sim.h>
 #import <UIKit/UITableView+Sim.h>
 #import <UIKit/UITableViewCell+Sim.h>
+#import <UIKit/UIView+Sim.h>
 
 #import "Settings/BarButtons.h"
 #import "Settings/ElementId.hpp"
+#import "Settings/Touches.h"
 #import "Settings/controls/AccessoryButton.h"
 #import "Settings/controls/Controls.h"
 #import "Settings/presented/Presented.h"
@@ -24,6 +26,13 @@
 
 namespace sim {
 namespace {
+
+// Seconds that the gestures of the kinds take where an event does not say.
+constexpr double kPressDuration = 0.75;
+constexpr double kPanDuration = 0.5;
+constexpr double kSwipeDuration = 0.15;
+
+CGPoint middleOf(UIView *view) { return CGPointMake(CGRectGetMidX([view bounds]), CGRectGetMidY([view bounds])); }
 
 /// One event and the screen that it is for.
 class Route {
@@ -67,6 +76,55 @@ class Route {
     }
     if ([[table() sim_swipedRow] isEqual:path]) (void)[table() sim_closeSwipedRow];
     return {};
+  }
+
+  /// A finger comes down, moves or is lifted.
+  EventResult touch() const {
+    const std::string *phase = textIn(event_, "phase");
+    const bool isKnown =
+        phase && (*phase == "began" || *phase == "moved" || *phase == "ended" || *phase == "cancelled");
+    if (!isKnown) return malformed("The \"phase\" of a touch is \"began\", \"moved\", \"ended\" or \"cancelled\".");
+    if (!isNumberOrMissing("time")) return malformed("A \"time\" is a number of seconds.");
+    const auto time = numberIn("time");
+    if (*phase == "cancelled") return cancelTouch(time);
+    const auto at = pair("at");
+    if (!at) return malformed("A touch is \"at\" a point, [x, y].");
+    if (*phase == "moved") return moveTouch(*at, time);
+    if (*phase == "ended") return endTouch(*at, time);
+    if (!hasId()) return malformed("A touch that begins has an \"id\".");
+    const auto view = objcxx::share(touchedView());
+    return view ? beginTouch(view.get(), *at, time) : unknown();
+  }
+
+  /// All that a finger does from coming down until it is lifted.
+  EventResult gesture() const {
+    if (!hasId()) return malformed("A gesture has an \"id\".");
+    const std::string *kind = textIn(event_, "kind");
+    const double most = 60;
+    for (const char *name : {"duration", "count"}) {
+      if (!isNumberOrMissing(name) || numberIn(name).value_or(1) < 0 || numberIn(name).value_or(1) > most) {
+        return malformed("A \"duration\", in seconds, and a \"count\" are numbers up to 60.");
+      }
+    }
+    if (event_.contains("at") && !pair("at")) return malformed("A gesture is \"at\" a point, [x, y].");
+    if (event_.contains("by") && !pair("by")) return malformed("A finger moves \"by\" points, [x, y].");
+    Gesture gesture{.by = pair("by").value_or(CGPointZero)};
+    if (kind && *kind == "tap") {
+      gesture.count = static_cast<unsigned>(numberIn("count").value_or(1));
+      gesture.by = CGPointZero;
+    } else if (kind && *kind == "press") {
+      (gesture.by.x != 0 || gesture.by.y != 0 ? gesture.hold : gesture.duration) =
+          numberIn("duration").value_or(kPressDuration);
+      if (gesture.hold > 0) gesture.duration = kPanDuration;
+    } else if (kind && (*kind == "pan" || *kind == "swipe")) {
+      if (!pair("by")) return malformed("A finger that moves does so \"by\" points, [x, y].");
+      gesture.duration = numberIn("duration").value_or(*kind == "pan" ? kPanDuration : kSwipeDuration);
+    } else {
+      return malformed("The \"kind\" of a gesture is \"tap\", \"press\", \"pan\" or \"swipe\".");
+    }
+    const auto view = objcxx::share(touchedView());
+    if (!view) return unknown();
+    return performGesture(view.get(), pair("at").value_or(middleOf(view.get())), gesture);
   }
 
   EventResult set() const {
@@ -139,6 +197,21 @@ class Route {
     const auto flag = event_.find(name);
     return flag == event_.end() || flag->is_boolean();
   }
+  bool isNumberOrMissing(const char *name) const {
+    const auto number = event_.find(name);
+    return number == event_.end() || number->is_number();
+  }
+  std::optional<double> numberIn(const char *name) const {
+    const auto number = event_.find(name);
+    return number != event_.end() && number->is_number() ? std::optional(number->get<double>()) : std::nullopt;
+  }
+  /// Two numbers; nullopt for anything else.
+  std::optional<CGPoint> pair(const char *name) const {
+    const auto found = event_.find(name);
+    if (found == event_.end() || !found->is_array() || found->size() != 2) return std::nullopt;
+    if (!(*found)[0].is_number() || !(*found)[1].is_number()) return std::nullopt;
+    return CGPointMake((*found)[0].get<CGFloat>(), (*found)[1].get<CGFloat>());
+  }
   bool hasId() const { return textIn(event_, "id"); }
   /// Only when it `hasId`; nullopt for one that nothing can have.
   std::optional<ElementId> elementId() const { return ElementId::parse(*textIn(event_, "id")); }
@@ -179,19 +252,38 @@ class Route {
     if (part() == "button") {
       return tapAccessoryButton([[table() sim_cellForControlEventsAtIndexPath:path] sim_shownAccessoryView]);
     }
-    (void)[table() sim_tapRowAtIndexPath:path];  // A row that refuses a tap stays as it is, as on a device.
+    const auto cell = objcxx::share([table() sim_cellForControlEventsAtIndexPath:path]);
+    // A row that refuses a tap stays as it is, as on a device.
+    if (isTouchable(cell.get(), false)) {
+      if ([cell.get() sim_acceptsTouches]) tapAsWhole(cell.get());
+    } else {
+      (void)[table() sim_tapRowAtIndexPath:path];
+    }
     return {};
   }
 
-  /// The control on the page in front; nil when it is gone, and when something covers it.
-  UIView *viewOf(const ElementId &id) const {
-    return presented_ || tableOf(page_) ? nullptr : controlInView([page_ view], id.owner);
+  /// The view on the page in front; nil when it is gone, and when something covers it.
+  UIView *viewOf(const ElementId &id) const { return presented_ ? nullptr : viewOnPage(page_, id.owner); }
+
+  /// What a finger that the event speaks of comes down on.
+  UIView *touchedView() const {
+    const auto id = elementId();
+    if (!id) return nullptr;
+    if (id->kind == ElementKind::kView) return viewOf(*id);
+    if (id->kind != ElementKind::kRow || !isOnPage(*id)) return nullptr;
+    return [table() sim_cellForControlEventsAtIndexPath:pathOf(*id)];
   }
 
   EventResult tapView(const ElementId &id) const {
     const auto view = objcxx::share(viewOf(id));
     if (!view) return unknown();
     if (isControl(view.get())) return refused("This control is set, not tapped.");
+    const bool isButton = [view.get() isKindOfClass:[UIControl class]];
+    if (!isButton) return performGesture(view.get(), middleOf(view.get()), Gesture{});
+    if (touchabilityOf(view.get()).touched && [(UIControl *)view.get() sim_acceptsUser]) {
+      tapAsWhole(view.get());
+      return {};
+    }
     return done([(UIControl *)view.get() sim_tapByUser], "This button is disabled.");
   }
 
@@ -227,6 +319,8 @@ EventResult routeEvent(const Json &event, UINavigationController *navigation, Pa
   const Route route(event, navigation, numbers);
   if (name == "tap") return route.tap();
   if (name == "swipe") return route.swipe();
+  if (name == "touch") return route.touch();
+  if (name == "gesture") return route.gesture();
   if (name == "set") return route.set();
   if (name == "paste") return route.paste();
   if (name == "move") return route.move();

@@ -90,6 +90,13 @@ UIBarButtonItem *buttonTouched(UIViewController *page, const Json &touch) {
   return index && *index >= 0 && *index < [buttons count] ? [buttons objectAtIndex:NSUInteger(*index)] : nil;
 }
 
+/// Whether a page that comes now was asked for by a tap on what the event names.
+bool isTap(const Json &event) {
+  const std::string type = textOrEmpty(event, "type");
+  return type == "tap" || (type == "touch" && textOrEmpty(event, "phase") == "ended") ||
+         (type == "gesture" && textOrEmpty(event, "kind") == "tap");
+}
+
 /// The event that touches the same again; null when there is nothing of the kind.
 Json eventFor(const Json &touch, UIViewController *page, PageNumbers &numbers) {
   ElementId element{.owner = numbers.of(page)};
@@ -114,7 +121,7 @@ Json eventFor(const Json &touch, UIViewController *page, PageNumbers &numbers) {
 void PageTrail::willPerform(const Json &event, UINavigationController *navigation, PageNumbers &numbers) {
   before_ = numbersOf(navigation, numbers);
   touch_ = nullptr;
-  if (!event.is_object() || textOrEmpty(event, "type") != "tap" || presentedOver(navigation)) return;
+  if (!event.is_object() || !isTap(event) || presentedOver(navigation)) return;
   const auto id = ElementId::parse(textOrEmpty(event, "id"));
   UIViewController *page = [navigation topViewController];
   if (!id || id->owner != before_.back()) return;

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -17,6 +18,7 @@
 #import "Settings/ImageStore.h"
 #import "Settings/JsonValues.h"
 #import "Settings/RowTraits.h"
+#import "Settings/Touches.h"
 #import "Settings/controls/AccessoryButton.h"
 #import "Settings/controls/Controls.h"
 #import "Settings/views/ImageView.h"
@@ -167,12 +169,17 @@ class RowWriter {
     writeColor(out_.name("labelColor"), shownColor(label));
     if (label) {
       out_.name("labelSize").number([[label font] pointSize]);
-      out_.name("labelWeight").integer(textStyle([label font]).weight);
+      const TextStyle style = textStyle([label font]);
+      out_.name("labelWeight").integer(style.weight);
+      out_.name("labelFamily").string(fontFamilyOf(style.typeface));
+      out_.name("labelItalic").flag(style.italic);
       out_.name("labelAlignment").string(alignmentName([label textAlignment]));
       out_.name("labelLines").integer([label numberOfLines]);
     } else {
       out_.name("labelSize").null();
       out_.name("labelWeight").null();
+      out_.name("labelFamily").null();
+      out_.name("labelItalic").null();
       out_.name("labelAlignment").null();
       out_.name("labelLines").null();
     }
@@ -190,10 +197,18 @@ class RowWriter {
     if (!writeControlValue(out_, control)) writeValue(out_.name("value"), storedValue(cell, specifier));
     out_.name("enabled").flag(isEnabled(cell, control));
     out_.name("selectable").flag([table_ sim_tapShowsAtIndexPath:path cell:cell]);
+    writeTouches(cell);
     out_.name("accessory").string(accessoryName([cell sim_shownAccessoryType]));
     out_.name("canMove").flag([table_ sim_canMoveRowAtIndexPath:path]);
     out_.name("height").number([table_ sim_heightOfRowAtIndexPath:path]);
     writeFrame(out_.name("frame"), [cell frame]);
+  }
+
+  void writeTouches(UITableViewCell *cell) {
+    const Touchability in = touchabilityIn(cell, true);
+    if (!around_) around_ = touchabilityAround(cell);
+    out_.name("touchable").flag(in.touched || around_->touched);
+    out_.name("dragged").flag(in.dragged);
   }
 
   void writePicture(UIImageView *icon) {
@@ -267,6 +282,7 @@ class RowWriter {
   UITableView *table_;  // Not owned.
   ImageStore &images_;
   std::vector<Named> named_;
+  std::optional<Touchability> around_;  // Of the rows of the table.
   std::unordered_map<Class, bool> frameworkClasses_;
 };
 
@@ -281,8 +297,8 @@ void writeSections(JsonText &out, UITableView *table, std::uint32_t page, ImageS
     out.beginObject();
     writeText(out.name("header"), [table sim_titleForHeaderInSection:section]);
     writeText(out.name("footer"), [table sim_titleForFooterInSection:section]);
-    writeOptionalView(out.name("headerView"), [table sim_viewForHeaderInSection:section], images);
-    writeOptionalView(out.name("footerView"), [table sim_viewForFooterInSection:section], images);
+    writeOptionalTouchableView(out.name("headerView"), [table sim_viewForHeaderInSection:section], images);
+    writeOptionalTouchableView(out.name("footerView"), [table sim_viewForFooterInSection:section], images);
     out.name("headerHeight").number([table sim_heightOfHeaderInSection:section]);
     out.name("footerHeight").number([table sim_heightOfFooterInSection:section]);
     out.name("rows").beginArray();

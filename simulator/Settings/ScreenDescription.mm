@@ -12,6 +12,7 @@
 #import "Settings/ImageStore.h"
 #import "Settings/JsonValues.h"
 #import "Settings/RowDescription.h"
+#import "Settings/Touches.h"
 #import "Settings/presented/Presented.h"
 #import "Settings/views/ImageView.h"
 #import "Settings/views/Views.h"
@@ -113,8 +114,8 @@ void writeBack(JsonText &out, UINavigationController *navigation, std::uint32_t 
 void writeTableLook(JsonText &out, UITableView *table, ImageStore &images) {
   writeColor(out.name("backgroundColor"), [table backgroundColor]);
   writeOptionalView(out.name("backgroundView"), [table backgroundView], images);
-  writeOptionalView(out.name("headerView"), [table tableHeaderView], images);
-  writeOptionalView(out.name("footerView"), [table tableFooterView], images);
+  writeOptionalTouchableView(out.name("headerView"), [table tableHeaderView], images);
+  writeOptionalTouchableView(out.name("footerView"), [table tableFooterView], images);
   writeColor(out.name("separatorColor"), [table sim_ownSeparatorColor]);
   out.name("separators").flag(!table || [table separatorStyle] != UITableViewCellSeparatorStyleNone);
   out.name("scrolls").flag(!table || [table isScrollEnabled]);
@@ -128,6 +129,13 @@ void writeTableLook(JsonText &out, UITableView *table, ImageStore &images) {
 void writeContent(JsonText &out, UIViewController *page, std::uint32_t number, ImageStore &images) {
   UITableView *table = tableOf(page);
   writeTableLook(out, table, images);
+  const bool isTouched = table && (touchabilityOf(table).touched || touchabilityAround(table).touched);
+  out.name("touchId");
+  if (isTouched) {
+    out.string(idOf(table));
+  } else {
+    out.null();
+  }
   out.name("editing").flag([table isEditing] && ![table sim_swipedRow]);
   if (table) {
     out.name("style").string(styleName([table style]));

@@ -8,8 +8,6 @@
 namespace sim {
 namespace {
 
-constexpr const char* kFamily = "Inter";
-
 struct ObjectEnd {
   void operator()(gpointer object) const noexcept { g_object_unref(object); }
 };
@@ -45,12 +43,18 @@ PangoEllipsizeMode ellipsizeOf(TextEllipsis ellipsis) {
 LayoutPtr layOut(std::string_view text, const TextStyle& style, const TextBlock& block) {
   LayoutPtr layout(pango_layout_new(measuringContext()));
   PangoFontDescription* font = pango_font_description_new();
-  pango_font_description_set_family_static(font, kFamily);
+  pango_font_description_set_family_static(font, fontFamilyOf(style.typeface));
   pango_font_description_set_absolute_size(font, units(std::max(style.size, 0.0)));
   pango_font_description_set_weight(font, PangoWeight(style.weight));
   pango_font_description_set_style(font, style.italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
   pango_layout_set_font_description(layout.get(), font);
   pango_font_description_free(font);
+  if (style.tabularDigits) {
+    PangoAttrList* attributes = pango_attr_list_new();
+    pango_attr_list_insert(attributes, pango_attr_font_features_new("tnum=1"));
+    pango_layout_set_attributes(layout.get(), attributes);
+    pango_attr_list_unref(attributes);
+  }
 
   gchar* valid = g_utf8_make_valid(text.data(), gssize(text.size()));
   pango_layout_set_text(layout.get(), valid, -1);

@@ -1,4 +1,4 @@
-// Measuring and drawing of text in the font that the page in the browser uses. Plain C++. One thread.
+// Measuring and drawing of text in the fonts that the page in the browser uses. Plain C++. One thread.
 #pragma once
 
 #include <cairo.h>
@@ -7,12 +7,16 @@
 
 #include <CoreGraphics/RGBA.hpp>
 
+#include "UIKit/FontFamilies.hpp"
+
 namespace sim {
 
 struct TextStyle {
   double size = 17;  ///< Points.
   int weight = 400;  ///< 100 to 900.
   bool italic = false;
+  Typeface typeface = Typeface::system;
+  bool tabularDigits = false;  ///< All digits of one width.
 
   friend bool operator==(const TextStyle&, const TextStyle&) = default;
 };

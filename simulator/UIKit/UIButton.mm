@@ -59,6 +59,10 @@ constexpr CGFloat kSystemVerticalInset = 6;
   return self;
 }
 
+- (BOOL)sim_takesTaps {
+  return YES;
+}
+
 - (UIButtonType)buttonType {
   return _buttonState->type;
 }

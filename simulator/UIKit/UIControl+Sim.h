@@ -8,4 +8,10 @@
 - (BOOL)sim_tapByUser;
 /// Whether a finger can work the control.
 - (BOOL)sim_acceptsUser;
+/// Whether a tap on the control is not one of the views above it. NO here; documented of the kinds that answer YES.
+- (BOOL)sim_takesTaps;
+/// A finger that was lifted inside changes what the control is set to. Nothing here.
+- (void)sim_changeByTouch:(UITouch *)touch;
+/// As `sendActionsForControlEvents:`, with the event that led to it.
+- (void)sim_sendActionsForControlEvents:(UIControlEvents)events with:(UIEvent *)event;
 @end

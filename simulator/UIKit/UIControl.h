@@ -8,6 +8,7 @@
 SIM_STATE_TYPE(UIControlMemory);
 
 @class UIEvent;
+@class UITouch;
 
 typedef NS_OPTIONS(NSUInteger, UIControlEvents) {
   UIControlEventTouchDown = 1 << 0,
@@ -54,8 +55,17 @@ typedef NS_ENUM(NSInteger, UIControlContentHorizontalAlignment) {
 @property(nonatomic) UIControlContentHorizontalAlignment contentHorizontalAlignment;
 @property(nonatomic, readonly) UIControlState state;
 
+/// Whether a finger that came down on the control is followed, and whether it is inside now, or near.
+@property(nonatomic, readonly, getter=isTracking) BOOL tracking;
+@property(nonatomic, readonly, getter=isTouchInside) BOOL touchInside;
+/// For subclasses, which may follow the finger. NO ends it. YES here.
+- (BOOL)beginTrackingWithTouch:(UITouch *)touch withEvent:(UIEvent *)event;
+- (BOOL)continueTrackingWithTouch:(UITouch *)touch withEvent:(UIEvent *)event;
+- (void)endTrackingWithTouch:(UITouch *)touch withEvent:(UIEvent *)event;
+- (void)cancelTrackingWithEvent:(UIEvent *)event;
+
 /// `target` is not owned; nil means the first in the responder chain that answers `action`. The action takes nothing,
-/// the sender, or the sender and an event (nil here). Adding the same pair again adds to its events.
+/// the sender, or the sender and the event (nil where none led to it). Adding the same pair again adds to its events.
 - (void)addTarget:(id)target action:(SEL)action forControlEvents:(UIControlEvents)events;
 /// nil stands for every target, NULL for every action.
 - (void)removeTarget:(id)target action:(SEL)action forControlEvents:(UIControlEvents)events;

@@ -1,4 +1,7 @@
 #import <UIKit/UIControl+Sim.h>
+#import <UIKit/UIEvent.h>
+#import <UIKit/UITapGestureRecognizer.h>
+#import <UIKit/UITouch.h>
 #import <UIKit/UIView+Sim.h>
 
 #include <objcxx/Retained.h>
@@ -20,12 +23,17 @@ struct UIControlMemory {
   bool enabled = true;
   bool selected = false;
   bool highlighted = false;
+  bool tracking = false;
+  bool touchInside = false;
   UIControlContentHorizontalAlignment horizontalAlignment = UIControlContentHorizontalAlignmentCenter;
 };
 
 }  // namespace sim
 
 namespace {
+
+// Points around a control in which a finger that came down on it still counts as inside: documented for buttons.
+constexpr CGFloat kNear = 70;
 
 bool isAction(SEL one, SEL other) { return one == other || (one && other && sel_isEqual(one, other)); }
 
@@ -124,17 +132,7 @@ bool isAction(SEL one, SEL other) { return one == other || (one && other && sel_
 }
 
 - (void)sendActionsForControlEvents:(UIControlEvents)events {
-  // An action may remove bindings, and may be the end of the control or of a later target.
-  const auto kept = objcxx::share(self);
-  struct Call {
-    objcxx::Retained<NSObject> target;
-    SEL action;
-  };
-  std::vector<Call> calls;
-  for (const sim::Binding &binding : _controlState->bindings) {
-    if (binding.events & events) calls.push_back({objcxx::share((NSObject *)binding.target), binding.action});
-  }
-  for (const Call &call : calls) [self sendAction:call.action to:call.target.get() forEvent:nil];
+  [self sim_sendActionsForControlEvents:events with:nil];
 }
 
 - (void)sendAction:(SEL)action to:(id)target forEvent:(UIEvent *)event {
@@ -151,9 +149,132 @@ bool isAction(SEL one, SEL other) { return one == other || (one && other && sel_
   }
 }
 
+#pragma mark - A finger
+
+- (BOOL)isTracking {
+  return _controlState->tracking;
+}
+
+- (BOOL)isTouchInside {
+  return _controlState->touchInside;
+}
+
+- (BOOL)beginTrackingWithTouch:(UITouch *)touch withEvent:(UIEvent *)event {
+  (void)touch;
+  (void)event;
+  return YES;
+}
+
+- (BOOL)continueTrackingWithTouch:(UITouch *)touch withEvent:(UIEvent *)event {
+  (void)touch;
+  (void)event;
+  return YES;
+}
+
+- (void)endTrackingWithTouch:(UITouch *)touch withEvent:(UIEvent *)event {
+  (void)touch;
+  (void)event;
+}
+
+- (void)cancelTrackingWithEvent:(UIEvent *)event {
+  (void)event;
+}
+
+- (BOOL)sim_isNear:(UITouch *)touch {
+  return CGRectContainsPoint(CGRectInset([self bounds], -kNear, -kNear), [touch locationInView:self]);
+}
+
+- (void)touchesBegan:(NSSet *)touches withEvent:(UIEvent *)event {
+  if (![self isEnabled]) return;
+  const auto kept = objcxx::share(self);
+  UITouch *touch = [touches anyObject];
+  sim::UIControlMemory &state = *_controlState;
+  state.touchInside = true;
+  state.tracking = [self beginTrackingWithTouch:touch withEvent:event];
+  if (!state.tracking) return;
+  [self setHighlighted:YES];
+  const bool isRepeated = [touch tapCount] > 1;
+  [self sim_sendActionsForControlEvents:UIControlEventTouchDown | (isRepeated ? UIControlEventTouchDownRepeat : 0)
+                                   with:event];
+}
+
+- (void)touchesMoved:(NSSet *)touches withEvent:(UIEvent *)event {
+  sim::UIControlMemory &state = *_controlState;
+  if (!state.tracking) return;
+  const auto kept = objcxx::share(self);
+  const bool wasInside = state.touchInside;
+  state.touchInside = [self sim_isNear:[touches anyObject]];
+  state.tracking = [self continueTrackingWithTouch:[touches anyObject] withEvent:event];
+  if (!state.tracking) {
+    [self setHighlighted:NO];
+    return;
+  }
+  UIControlEvents sent = state.touchInside ? UIControlEventTouchDragInside : UIControlEventTouchDragOutside;
+  if (wasInside != state.touchInside) {
+    sent |= state.touchInside ? UIControlEventTouchDragEnter : UIControlEventTouchDragExit;
+    [self setHighlighted:state.touchInside];
+  }
+  [self sim_sendActionsForControlEvents:sent with:event];
+}
+
+- (void)touchesEnded:(NSSet *)touches withEvent:(UIEvent *)event {
+  sim::UIControlMemory &state = *_controlState;
+  if (!state.tracking) return;
+  const auto kept = objcxx::share(self);
+  state.touchInside = [self sim_isNear:[touches anyObject]];
+  state.tracking = false;
+  [self setHighlighted:NO];
+  [self endTrackingWithTouch:[touches anyObject] withEvent:event];
+  if (!state.touchInside) return [self sim_sendActionsForControlEvents:UIControlEventTouchUpOutside with:event];
+  [self sim_changeByTouch:[touches anyObject]];
+  [self sim_sendActionsForControlEvents:UIControlEventTouchUpInside with:event];
+  [self sim_sendActionsForControlEvents:UIControlEventPrimaryActionTriggered with:event];
+}
+
+- (void)touchesCancelled:(NSSet *)touches withEvent:(UIEvent *)event {
+  (void)touches;
+  sim::UIControlMemory &state = *_controlState;
+  if (!state.tracking) return;
+  const auto kept = objcxx::share(self);
+  state.tracking = state.touchInside = false;
+  [self setHighlighted:NO];
+  [self cancelTrackingWithEvent:event];
+  [self sim_sendActionsForControlEvents:UIControlEventTouchCancel with:event];
+}
+
+/// A tap is the control's own, and not one of a view above it.
+- (BOOL)gestureRecognizerShouldBegin:(UIGestureRecognizer *)recognizer {
+  if ([recognizer view] == self || ![self sim_takesTaps]) return YES;
+  if (![recognizer isKindOfClass:[UITapGestureRecognizer class]]) return YES;
+  const auto tap = (UITapGestureRecognizer *)recognizer;
+  return [tap numberOfTapsRequired] != 1 || [tap numberOfTouchesRequired] != 1;
+}
+
 @end
 
 @implementation UIControl (Sim)
+
+- (void)sim_sendActionsForControlEvents:(UIControlEvents)events with:(UIEvent *)event {
+  // An action may remove bindings, and may be the end of the control or of a later target.
+  const auto kept = objcxx::share(self);
+  struct Call {
+    objcxx::Retained<NSObject> target;
+    SEL action;
+  };
+  std::vector<Call> calls;
+  for (const sim::Binding &binding : _controlState->bindings) {
+    if (binding.events & events) calls.push_back({objcxx::share((NSObject *)binding.target), binding.action});
+  }
+  for (const Call &call : calls) [self sendAction:call.action to:call.target.get() forEvent:event];
+}
+
+- (BOOL)sim_takesTaps {
+  return NO;
+}
+
+- (void)sim_changeByTouch:(UITouch *)touch {
+  (void)touch;
+}
 
 - (BOOL)sim_acceptsUser {
   return [self isEnabled] && [self sim_acceptsTouches];

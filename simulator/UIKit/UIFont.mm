@@ -1,4 +1,6 @@
+#import <UIKit/NSText+Sim.h>
 #import <UIKit/UIFont+Sim.h>
+#import <UIKit/UIFontDescriptor.h>
 
 #include <algorithm>
 #include <array>
@@ -72,11 +74,13 @@ const std::array<StyleSize, 11> kStyleSizes{{
     {UIFontTextStyleCaption2, 11, 0},
 }};
 
-// The system font's vertical metrics as shares of its size.
-constexpr CGFloat kAscenderShare = 0.9521484375;
-constexpr CGFloat kDescenderShare = -0.2412109375;
-constexpr CGFloat kCapHeightShare = 0.70458984375;
-constexpr CGFloat kXHeightShare = 0.5263671875;
+const sim::FontFamily *familyOf(const void *family) { return static_cast<const sim::FontFamily *>(family); }
+
+NSString *stringOf(std::string_view text) {
+  return [[[NSString alloc] initWithBytes:text.data() length:text.size() encoding:NSUTF8StringEncoding] autorelease];
+}
+
+UIFontWeight weightOf(int number) { return std::ranges::find(kWeights, number, &NamedWeight::number)->weight; }
 
 }  // namespace
 
@@ -114,7 +118,67 @@ constexpr CGFloat kXHeightShare = 0.5263671875;
 }
 
 - (UIFont *)fontWithSize:(CGFloat)size {
-  return [UIFont sim_fontOfSize:size weight:_weight italic:_italic];
+  return [self sim_fontWithSize:size weight:_weight italic:_italic];
+}
+
+- (UIFont *)sim_fontWithSize:(CGFloat)size weight:(UIFontWeight)weight italic:(BOOL)italic {
+  UIFont *font = [UIFont sim_fontOfSize:size weight:weight italic:italic];
+  font->_tabularDigits = _tabularDigits;
+  font->_typeface = _typeface;
+  font->_family = _family;
+  return font;
+}
+
+- (UIFont *)sim_fontOfTypeface:(sim::Typeface)typeface {
+  UIFont *font = [self fontWithSize:_pointSize];
+  font->_typeface = NSInteger(typeface);
+  font->_family = nullptr;
+  return font;
+}
+
++ (UIFont *)fontWithName:(NSString *)fontName size:(CGFloat)fontSize {
+  if ([fontName hasPrefix:@".SFUI"] || [fontName hasPrefix:@".AppleSystemUIFont"]) {
+    return [self systemFontOfSize:fontSize];
+  }
+  const auto [family, face] = sim::fontNamed(sim::utf8(fontName));
+  if (!face) return nil;
+  UIFont *font = [self sim_fontOfSize:fontSize weight:weightOf(face->weight) italic:face->italic];
+  font->_typeface = NSInteger(family->typeface);
+  font->_family = family;
+  return font;
+}
+
++ (NSArray *)familyNames {
+  NSMutableArray *names = [NSMutableArray array];
+  for (const sim::FontFamily &family : sim::fontFamilies()) [names addObject:stringOf(family.name)];
+  return names;
+}
+
++ (NSArray *)fontNamesForFamilyName:(NSString *)familyName {
+  NSMutableArray *names = [NSMutableArray array];
+  if (const sim::FontFamily *family = sim::fontFamily(sim::utf8(familyName))) {
+    for (const sim::FontFace &face : family->faces) [names addObject:stringOf(face.name)];
+  }
+  return names;
+}
+
++ (UIFont *)monospacedDigitSystemFontOfSize:(CGFloat)fontSize weight:(UIFontWeight)weight {
+  UIFont *font = [self systemFontOfSize:fontSize weight:weight];
+  font->_tabularDigits = YES;
+  return font;
+}
+
++ (UIFont *)monospacedSystemFontOfSize:(CGFloat)fontSize weight:(UIFontWeight)weight {
+  return [[self systemFontOfSize:fontSize weight:weight] sim_fontOfTypeface:sim::Typeface::mono];
+}
+
++ (UIFont *)fontWithDescriptor:(UIFontDescriptor *)descriptor size:(CGFloat)pointSize {
+  UIFont *font = [descriptor sim_font];
+  return pointSize > 0 ? [font fontWithSize:pointSize] : font;
+}
+
+- (UIFontDescriptor *)fontDescriptor {
+  return [UIFontDescriptor sim_descriptorOfFont:self];
 }
 
 + (CGFloat)labelFontSize {
@@ -134,45 +198,52 @@ constexpr CGFloat kXHeightShare = 0.5263671875;
 }
 
 - (NSString *)familyName {
-  return @".AppleSystemUIFont";
+  return _family ? stringOf(familyOf(_family)->name) : @".AppleSystemUIFont";
 }
 
 - (NSString *)fontName {
   const NamedWeight &weight = nearest(_weight);
-  if (!_italic) return [@".SFUI-" stringByAppendingString:weight.name];
-  return [NSString stringWithFormat:@".SFUI-%@Italic", weight.number == 400 ? @"" : weight.name];
+  if (_family) return stringOf(sim::nearestFace(*familyOf(_family), weight.number, _italic).name);
+  NSString *start = _typeface == NSInteger(sim::Typeface::mono) ? @".SFUIMono" : @".SFUI";
+  if (!_italic) return [NSString stringWithFormat:@"%@-%@", start, weight.name];
+  return [NSString stringWithFormat:@"%@-%@Italic", start, weight.number == 400 ? @"" : weight.name];
+}
+
+- (sim::FontShares)sim_shares {
+  return sim::sharesOf(sim::Typeface(_typeface));
 }
 
 @synthesize pointSize = _pointSize;
 
 - (CGFloat)ascender {
-  return _pointSize * kAscenderShare;
+  return _pointSize * [self sim_shares].ascender;
 }
 
 - (CGFloat)descender {
-  return _pointSize * kDescenderShare;
+  return _pointSize * [self sim_shares].descender;
 }
 
 - (CGFloat)capHeight {
-  return _pointSize * kCapHeightShare;
+  return _pointSize * [self sim_shares].capHeight;
 }
 
 - (CGFloat)xHeight {
-  return _pointSize * kXHeightShare;
+  return _pointSize * [self sim_shares].xHeight;
 }
 
 - (CGFloat)lineHeight {
-  return _pointSize * (kAscenderShare - kDescenderShare);
+  return _pointSize * ([self sim_shares].ascender - [self sim_shares].descender);
 }
 
 - (CGFloat)leading {
-  return 0;
+  return _pointSize * [self sim_shares].leading;
 }
 
 - (BOOL)isEqual:(id)object {
   if (![object isKindOfClass:[UIFont class]]) return NO;
   const UIFont *other = object;
-  return _pointSize == other->_pointSize && _weight == other->_weight && !_italic == !other->_italic;
+  return _pointSize == other->_pointSize && _weight == other->_weight && !_italic == !other->_italic &&
+         !_tabularDigits == !other->_tabularDigits && _typeface == other->_typeface && _family == other->_family;
 }
 
 - (NSUInteger)hash {
@@ -184,8 +255,12 @@ constexpr CGFloat kXHeightShare = 0.5263671875;
   return [self retain];
 }
 
+- (UIFontWeight)sim_weight {
+  return _weight;
+}
+
 - (sim::TextStyle)sim_textStyle {
-  return {_pointSize, nearest(_weight).number, bool(_italic)};
+  return {_pointSize, nearest(_weight).number, bool(_italic), sim::Typeface(_typeface), bool(_tabularDigits)};
 }
 
 @end

@@ -14,9 +14,12 @@
 #import <UIKit/UIColor.h>
 #import <UIKit/UIControl.h>
 #import <UIKit/UIDevice.h>
+#import <UIKit/UIEvent.h>
 #import <UIKit/UIFeedbackGenerator.h>
 #import <UIKit/UIFont.h>
+#import <UIKit/UIFontDescriptor.h>
 #import <UIKit/UIGeometry.h>
+#import <UIKit/UIGestureRecognizer.h>
 #import <UIKit/UIGraphics.h>
 #import <UIKit/UIGraphicsImageRenderer.h>
 #import <UIKit/UIGraphicsRenderer.h>
@@ -24,14 +27,21 @@
 #import <UIKit/UIImageView.h>
 #import <UIKit/UIKitDefines.h>
 #import <UIKit/UILabel.h>
+#import <UIKit/UILongPressGestureRecognizer.h>
+#import <UIKit/UIPanGestureRecognizer.h>
 #import <UIKit/UIResponder.h>
 #import <UIKit/UIScreen.h>
+#import <UIKit/UIScreenEdgePanGestureRecognizer.h>
 #import <UIKit/UISegmentedControl.h>
 #import <UIKit/UISlider.h>
+#import <UIKit/UIStepper.h>
+#import <UIKit/UISwipeGestureRecognizer.h>
 #import <UIKit/UISwitch.h>
+#import <UIKit/UITapGestureRecognizer.h>
 #import <UIKit/UITextField.h>
 #import <UIKit/UITextInputTraits.h>
 #import <UIKit/UITextView.h>
+#import <UIKit/UITouch.h>
 #import <UIKit/UITraitCollection.h>
 #import <UIKit/UIView.h>
 

@@ -3,6 +3,9 @@
 
 #import <UIKit/UIKitDefines.h>
 
+@class UIEvent;
+@class UITouch;
+
 @interface UIResponder : NSObject
 /// The next one in the chain; nil here.
 - (UIResponder *)nextResponder;
@@ -12,4 +15,10 @@
 - (BOOL)becomeFirstResponder;
 - (BOOL)resignFirstResponder;
 - (BOOL)isFirstResponder;
+
+/// A finger touched the receiver, or what comes before it in the chain and passed it on. Here: passes it on.
+- (void)touchesBegan:(NSSet<UITouch *> *)touches withEvent:(UIEvent *)event;
+- (void)touchesMoved:(NSSet<UITouch *> *)touches withEvent:(UIEvent *)event;
+- (void)touchesEnded:(NSSet<UITouch *> *)touches withEvent:(UIEvent *)event;
+- (void)touchesCancelled:(NSSet<UITouch *> *)touches withEvent:(UIEvent *)event;
 @end

@@ -44,6 +44,16 @@ constexpr CGSize kSwitchSize = {51, 31};
   return kSwitchSize;
 }
 
+- (BOOL)sim_takesTaps {
+  return YES;
+}
+
+- (void)sim_changeByTouch:(UITouch *)touch {
+  (void)touch;
+  [self setOn:![self isOn] animated:YES];
+  [self sendActionsForControlEvents:UIControlEventValueChanged];
+}
+
 - (BOOL)isOn {
   return _switchState->on;
 }

@@ -90,6 +90,8 @@ struct TableViewState {
   int updateDepth = 0;
   TableUpdate update;
 
+  CGPoint touchPlace = CGPointZero;  // Where the finger came down, in the outermost view.
+  bool touchSelects = false;         // Whether the row under it is selected when it is lifted.
   std::set<RowIndex> selected;
   BOOL allowsSelection = YES;
   BOOL allowsSelectionDuringEditing = NO;

@@ -26,6 +26,11 @@
 - (void)sim_layoutSublayers;
 @end
 
+@interface UIView (SimGestures)
+/// Its recognisers know of no view any more.
+- (void)sim_letGoOfRecognizers;
+@end
+
 @interface UIView (SimHierarchy)
 /// For whoever changes the window of a whole tree: they run around the change, for the receiver and everything below.
 - (void)sim_willMoveFromWindow:(UIWindow *)from toWindow:(UIWindow *)to;

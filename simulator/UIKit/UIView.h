@@ -13,6 +13,8 @@
 
 SIM_STATE_TYPE(UIViewState);
 
+@class UIEvent;
+@class UIGestureRecognizer;
 @class UIWindow;
 
 typedef NS_ENUM(NSInteger, UIViewContentMode) {
@@ -169,6 +171,28 @@ UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 @interface UIView (UIViewSnapshotting)
 /// Draws the view and everything in it into the current context, stretched to `rect`. YES when there is one.
 - (BOOL)drawViewHierarchyInRect:(CGRect)rect afterScreenUpdates:(BOOL)afterUpdates;
+@end
+
+@interface UIView (UIViewTouches)
+/// NO at first, both. There is one finger, to which they make no difference.
+@property(nonatomic, getter=isMultipleTouchEnabled) BOOL multipleTouchEnabled;
+@property(nonatomic, getter=isExclusiveTouch) BOOL exclusiveTouch;
+/// The deepest view in front, of those that are shown and let touches through, that has `point` inside; nil for none.
+- (UIView *)hitTest:(CGPoint)point withEvent:(UIEvent *)event;
+/// Whether `point`, in the receiver's coordinates, is in its bounds.
+- (BOOL)pointInside:(CGPoint)point withEvent:(UIEvent *)event;
+@end
+
+@interface UIView (UIViewGestureRecognizers)
+/// nil for none. Setting it puts others in their place.
+@property(nonatomic, copy) NSArray<UIGestureRecognizer *> *gestureRecognizers;
+/// Owned. A recogniser is on one view at a time: it is taken from the former one.
+- (void)addGestureRecognizer:(UIGestureRecognizer *)recognizer;
+/// What it was at is cancelled.
+- (void)removeGestureRecognizer:(UIGestureRecognizer *)recognizer;
+/// Asked of the touched view and of those above it, up to that of the recogniser, before that takes the touch away
+/// from them. YES here.
+- (BOOL)gestureRecognizerShouldBegin:(UIGestureRecognizer *)recognizer;
 @end
 
 /// Animations run at once: the animations block inside the call, `completion` with YES later on the main queue.

@@ -38,6 +38,7 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
     return;
   }
   for (const auto &subview : _state->subviews) subview.get()->_state->superview = nil;
+  [self sim_letGoOfRecognizers];
   [_state->layer.get() setDelegate:nil];
   [_state->layer.get() sim_setOwner:nil];
   [super dealloc];

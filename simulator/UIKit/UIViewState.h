@@ -2,6 +2,7 @@
 #pragma once
 
 #import <QuartzCore/LayerGeometry.h>
+#import <UIKit/UIGestureRecognizer.h>
 #import <UIKit/UIView.h>
 
 #include <objcxx/Retained.h>
@@ -18,6 +19,7 @@ struct UIViewState : LayerGeometry {
   objcxx::Retained<CALayer> layer;
   objcxx::Retained<UIView> maskView;
   bool needsLayout = true;
+  std::vector<objcxx::Retained<UIGestureRecognizer>> gestureRecognizers;
 
   UIViewAutoresizing autoresizingMask = UIViewAutoresizingNone;
   bool autoresizesSubviews = true;
@@ -25,6 +27,8 @@ struct UIViewState : LayerGeometry {
   bool opaque = true;
   bool clipsToBounds = false;
   bool userInteractionEnabled = true;
+  bool multipleTouchEnabled = false;
+  bool exclusiveTouch = false;
   CGFloat alpha = 1;
   UIViewContentMode contentMode = UIViewContentModeScaleToFill;
   objcxx::Retained<UIColor> backgroundColor;

@@ -4,9 +4,12 @@
 
 #include <poll.h>
 
+#include <array>
 #include <chrono>
 #include <cstdio>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace sim {
 namespace {
@@ -14,9 +17,20 @@ namespace {
 constexpr std::size_t kImageCacheBytes = 64 << 20;
 constexpr std::chrono::seconds kKeepAlive{15};
 
-// Where Debian keeps the font in which texts are measured, and the weights that the page uses.
-constexpr std::string_view kFontFolder = "/usr/share/fonts/opentype/inter";
-constexpr std::string_view kFonts[] = {"Inter-Regular.otf", "Inter-Medium.otf", "Inter-SemiBold.otf", "Inter-Bold.otf"};
+// Where Debian keeps the fonts in which texts are measured, and the weights that the page uses.
+struct FontFolder {
+  std::string_view path;
+  std::vector<std::string_view> files;
+};
+const std::array kFonts{
+    FontFolder{"/usr/share/fonts/opentype/inter",
+               {"Inter-Regular.otf", "Inter-Medium.otf", "Inter-SemiBold.otf", "Inter-Bold.otf", "Inter-Italic.otf"}},
+    FontFolder{"/usr/share/fonts/truetype/liberation",
+               {"LiberationSans-Regular.ttf", "LiberationSans-Italic.ttf", "LiberationSans-Bold.ttf",
+                "LiberationSans-BoldItalic.ttf", "LiberationSerif-Regular.ttf", "LiberationSerif-Italic.ttf",
+                "LiberationSerif-Bold.ttf", "LiberationSerif-BoldItalic.ttf", "LiberationMono-Regular.ttf",
+                "LiberationMono-Italic.ttf", "LiberationMono-Bold.ttf", "LiberationMono-BoldItalic.ttf"}},
+};
 
 // Nothing where Settings is to run, or can only run, without one. The user is told of the latter.
 std::optional<Sandbox> sandboxFor(const Options& options, const DeviceFolder& folder) {
@@ -74,8 +88,11 @@ void Simulator::run() { loop_.run(); }
 
 void Simulator::readPage(const Options& options) {
   page_.addPage(options.web);
-  for (const std::string_view font : kFonts)
-    page_.addFile("/fonts/" + std::string(font), std::filesystem::path(kFontFolder) / font);
+  for (const auto& [folder, files] : kFonts) {
+    for (const std::string_view font : files) {
+      page_.addFile("/fonts/" + std::string(font), std::filesystem::path(folder) / font);
+    }
+  }
 }
 
 SettingsProcess::Listener Simulator::settingsListener() {

@@ -85,6 +85,25 @@ export class Session {
     return this.send(() => ({ type: 'set', id, value, finished: false }));
   }
 
+  /**
+   * Sends a part of a touch, which is about what was touched when it began, whatever the screen shows now. Resolves with
+   * whether it was taken.
+   */
+  touch(part) {
+    const done = this.#input.then(async () => {
+      try {
+        this.#show(await this.#api.event({ type: 'touch', ...part }));
+        return true;
+      } catch (error) {
+        if (!(error instanceof ApiError)) throw error;
+        await this.#refreshScreen();
+        return false;
+      }
+    });
+    this.#input = done;
+    return done;
+  }
+
   /** Adds what is on the device's pasteboard to the text of a field. */
   paste(id) {
     return this.send(() => ({ type: 'paste', id }));

@@ -30,7 +30,7 @@ void writeHead(JsonText& out, std::string_view title) {
 }  // namespace
 
 void writeNotice(JsonText& out, std::string_view header, std::string_view footer) {
-  writeNulls(out, "backgroundColor", "backgroundView", "headerView", "footerView", "separatorColor", "view");
+  writeNulls(out, "backgroundColor", "backgroundView", "headerView", "footerView", "separatorColor", "touchId", "view");
   out.name("separators").flag(true);
   out.name("scrolls").flag(true);
   out.name("contentInset").beginArray();

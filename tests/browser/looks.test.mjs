@@ -96,3 +96,27 @@ test('Layers are drawn: gradients, shapes, masks, transforms, their own drawing,
     [170, 350, blue, 'the greater zPosition is in front'], [250, 330, red],
   ]);
 });
+
+test('Texts are drawn in the fonts in which they were measured', async (t) => {
+  const { page, stage, screen } = await show(t, 'LooksFonts');
+  await page.evaluate(() => document.fonts.ready);
+  const labels = (await screen()).page.view.views;
+  assert.deepEqual(labels.map((label) => `${label.fontFamily} ${label.fontWeight} ${label.italic}`), [
+    'Liberation Sans 400 false', 'Liberation Sans 700 false', 'Liberation Serif 400 true', 'Liberation Mono 400 false',
+    'Liberation Mono 700 false',
+  ]);
+  for (const { text, fontFamily, frame: [, , measured] } of labels) {
+    const element = stage.getByText(text, { exact: true });
+    const drawn = await element.evaluate((each) => {
+      const range = document.createRange();
+      range.selectNodeContents(each);
+      const scale = each.getBoundingClientRect().width / each.offsetWidth;
+      return range.getBoundingClientRect().width / scale;
+    });
+    assert.ok(Math.abs(drawn - measured) < 1.5, `${text}: ${drawn} points wide, not ${measured}`);
+    assert.equal(await element.evaluate((each) => getComputedStyle(each).fontFamily), `"${fontFamily}"`);
+  }
+  const loaded = await page.evaluate(() => [...document.fonts].filter((font) => font.status === 'loaded')
+    .map(({ family }) => family.replaceAll('"', '')));
+  for (const face of ['Sans', 'Serif', 'Mono']) assert.ok(loaded.includes(`Liberation ${face}`), face);
+});

@@ -6,13 +6,13 @@
 namespace sim {
 
 // Each stands in the file of its name.
-extern const ControlAdapter kSegmentedControl, kSlider, kSpinner, kSwitch, kTextField, kTextView;
+extern const ControlAdapter kSegmentedControl, kSlider, kSpinner, kStepper, kSwitch, kTextField, kTextView;
 
 namespace {
 
 /// nullptr for a view that is no control.
 const ControlAdapter *adapterOf(UIView *view) {
-  static const AdapterTable<ControlAdapter> controls{&kSegmentedControl, &kSlider,    &kSpinner,
+  static const AdapterTable<ControlAdapter> controls{&kSegmentedControl, &kSlider, &kSpinner,   &kStepper,
                                                      &kSwitch,           &kTextField, &kTextView};
   return controls.of(view);
 }

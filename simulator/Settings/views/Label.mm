@@ -25,6 +25,14 @@ CGFloat shownFontSize(UILabel *label) {
   return width <= room ? size : size * std::clamp<CGFloat>(room / width, least, 1);
 }
 
+void writeFace(JsonText &out, UIFont *font) {
+  const TextStyle style = textStyle(font);
+  out.name("fontWeight").integer(style.weight);
+  out.name("fontFamily").string(fontFamilyOf(style.typeface));
+  out.name("italic").flag(style.italic);
+  out.name("tabularDigits").flag(style.tabularDigits);
+}
+
 void writeTextShadow(JsonText &out, UILabel *label) {
   if (![label shadowColor]) return out.null();
   out.beginObject();
@@ -38,7 +46,7 @@ void describe(JsonText &out, UIView *view, ImageStore &) {
   UILabel *label = (UILabel *)view;
   writeText(out.name("text"), [label text]);
   out.name("fontSize").number(shownFontSize(label));
-  out.name("fontWeight").integer(textStyle([label font]).weight);
+  writeFace(out, [label font]);
   writeColor(out.name("color"), shownColor(label));
   writeTextShadow(out.name("textShadow"), label);
   out.name("alignment").string(alignmentName([label textAlignment]));

@@ -4,6 +4,7 @@
 #import <UIKit/UIKit.h>
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "base/JsonText.hpp"
@@ -22,11 +23,17 @@ void writeChild(JsonText &out, id child, ImageStore &images);
 /// finds it.
 void writeTouchableView(JsonText &out, UIView *view, ImageStore &images);
 
-/// The control with this number at or below `view`; nil when there is none.
-UIView *controlInView(UIView *view, std::uint32_t number);
+/// The shown view with this number on `page`, on its table or among the headers and footers of that; nil when there is
+/// none.
+UIView *viewOnPage(UIViewController *page, std::uint32_t number);
 
 /// The same as `writeView`; null for nil.
 void writeOptionalView(JsonText &out, UIView *view, ImageStore &images);
+/// The same as `writeTouchableView`; null for nil.
+void writeOptionalTouchableView(JsonText &out, UIView *view, ImageStore &images);
+
+/// What names the view in events.
+std::string idOf(UIView *view);
 
 /// The class's name.
 std::string_view classNameOf(id object);

@@ -1,11 +1,14 @@
 #import "Settings/views/Views.h"
 
 #import <UIKit/UIControl+Sim.h>
+#import <UIKit/UITableView+Sim.h>
 #import <UIKit/UIView+Sim.h>
 
 #import "Settings/AdapterTable.h"
 #import "Settings/ElementId.hpp"
 #import "Settings/JsonValues.h"
+#import "Settings/ScreenDescription.h"
+#import "Settings/Touches.h"
 #import "Settings/controls/Controls.h"
 #import "Settings/views/Layer.h"
 #import "Settings/views/ViewAdapter.h"
@@ -41,10 +44,9 @@ bool isWorkable(UIView *view) {
 
 std::uint32_t numberOf(UIView *view) { return static_cast<std::uint32_t>([view sim_number]); }
 
-/// What a control adds: its id, whether a finger can work it, and what it is set to.
+/// What a control adds: whether a finger can work it, and what it is set to.
 void writeWorkable(JsonText &out, UIView *view, ImageStore &images) {
   const bool isUIControl = [view isKindOfClass:[UIControl class]];
-  out.name("id").string(ElementId{ElementKind::kView, numberOf(view)}.text());
   out.name("enabled").flag(isUIControl ? [(UIControl *)view sim_acceptsUser] : [view sim_acceptsTouches]);
   if (!isControl(view)) {
     out.name("control").beginObject();
@@ -56,9 +58,19 @@ void writeWorkable(JsonText &out, UIView *view, ImageStore &images) {
   if (!writeControlValue(out, view)) out.name("value").null();
 }
 
+/// The view with this number at or below `view`; nil when none is shown.
+UIView *shownView(UIView *view, std::uint32_t number) {
+  if (!view || [view isHidden]) return nil;
+  if (numberOf(view) == number) return view;
+  for (UIView *child in [view subviews]) {
+    if (UIView *found = shownView(child, number)) return found;
+  }
+  return nil;
+}
+
 enum class Reach { kNothing, kControls };
 
-void writeChild(JsonText &out, id child, ImageStore &images, Reach reach);
+void writeChild(JsonText &out, id child, ImageStore &images, Reach reach, bool isOutermost);
 
 /// A layer that belongs to no view.
 void writeLayerAsView(JsonText &out, CALayer *layer, ImageStore &images, Reach reach) {
@@ -77,7 +89,7 @@ void writeLayerAsView(JsonText &out, CALayer *layer, ImageStore &images, Reach r
   out.name("alpha").number([shown opacity]);
   out.name("views").beginArray();
   for (CALayer *each in [layer sim_sublayersInDrawingOrder]) {
-    writeChild(out, [each sim_owner] ? (id)[each sim_owner] : each, images, reach);
+    writeChild(out, [each sim_owner] ? (id)[each sim_owner] : each, images, reach, false);
   }
   out.endArray();
   out.endObject();
@@ -101,11 +113,25 @@ struct Shown {
   CGFloat alpha;
 };
 
-void writeView(JsonText &out, UIView *view, ImageStore &images, Reach reach) {
+/// `isOutermost`: a touch at or in the view is told of by a point in it.
+void writeTouches(JsonText &out, UIView *view, Reach reach, bool isOutermost) {
+  if (reach == Reach::kNothing) return;
+  const bool workable = isWorkable(view);
+  const Touchability in = isOutermost ? touchabilityIn(view, false) : touchabilityOf(view);
+  const bool touchable = (isOutermost || (workable && !isControl(view))) &&
+                         (in.touched || (isOutermost && touchabilityAround(view).touched));
+  if (workable || touchable) out.name("id").string(idOf(view));
+  if (!touchable) return;
+  out.name("touchable").flag(true);
+  out.name("dragged").flag(in.dragged);
+}
+
+void writeView(JsonText &out, UIView *view, ImageStore &images, Reach reach, bool isOutermost) {
   const ViewAdapter *adapter = adapterOf(view);
   out.beginObject();
   out.name("type").string(adapter ? adapter->type : "view");
   if (adapter) adapter->describe(out, view, images);
+  writeTouches(out, view, reach, isOutermost);
   if (reach == Reach::kControls && isWorkable(view)) writeWorkable(out, view, images);
   out.name("class").string(classNameOf(view));
   const Shown shown(view);
@@ -117,13 +143,15 @@ void writeView(JsonText &out, UIView *view, ImageStore &images, Reach reach) {
   out.name("alpha").number(shown.alpha);
   writeAccessibility(out, view);
   out.name("views").beginArray();
-  for (id child in childrenOf(view)) writeChild(out, child, images, reach);
+  // The browser scrolls the content of a scroll view itself, so that points are those of what is in it.
+  const bool scrolls = [view isKindOfClass:[UIScrollView class]];
+  for (id child in childrenOf(view)) writeChild(out, child, images, reach, scrolls);
   out.endArray();
   out.endObject();
 }
 
-void writeChild(JsonText &out, id child, ImageStore &images, Reach reach) {
-  if ([child isKindOfClass:[UIView class]]) return writeView(out, child, images, reach);
+void writeChild(JsonText &out, id child, ImageStore &images, Reach reach, bool isOutermost) {
+  if ([child isKindOfClass:[UIView class]]) return writeView(out, child, images, reach, isOutermost);
   writeLayerAsView(out, child, images, reach);
 }
 
@@ -150,19 +178,25 @@ void writeFrame(JsonText &out, CGRect frame) {
   out.endArray();
 }
 
-void writeView(JsonText &out, UIView *view, ImageStore &images) { writeView(out, view, images, Reach::kNothing); }
+void writeView(JsonText &out, UIView *view, ImageStore &images) { writeView(out, view, images, Reach::kNothing, true); }
 
-void writeChild(JsonText &out, id child, ImageStore &images) { writeChild(out, child, images, Reach::kNothing); }
+void writeChild(JsonText &out, id child, ImageStore &images) { writeChild(out, child, images, Reach::kNothing, false); }
 
 void writeTouchableView(JsonText &out, UIView *view, ImageStore &images) {
-  writeView(out, view, images, Reach::kControls);
+  writeView(out, view, images, Reach::kControls, true);
 }
 
-UIView *controlInView(UIView *view, std::uint32_t number) {
-  if (!view || [view isHidden]) return nil;
-  if (numberOf(view) == number && isWorkable(view)) return view;
-  for (UIView *child in [view subviews]) {
-    if (UIView *found = controlInView(child, number)) return found;
+std::string idOf(UIView *view) { return ElementId{ElementKind::kView, numberOf(view)}.text(); }
+
+UIView *viewOnPage(UIViewController *page, std::uint32_t number) {
+  UITableView *table = tableOf(page);
+  for (UIView *view : {[page view], [table tableHeaderView], [table tableFooterView]}) {
+    if (UIView *found = shownView(view, number)) return found;
+  }
+  for (NSInteger section = 0; section < [table numberOfSections]; ++section) {
+    for (UIView *view : {[table sim_viewForHeaderInSection:section], [table sim_viewForFooterInSection:section]}) {
+      if (UIView *found = shownView(view, number)) return found;
+    }
   }
   return nil;
 }
@@ -170,6 +204,11 @@ UIView *controlInView(UIView *view, std::uint32_t number) {
 void writeOptionalView(JsonText &out, UIView *view, ImageStore &images) {
   if (!view) return out.null();
   writeView(out, view, images);
+}
+
+void writeOptionalTouchableView(JsonText &out, UIView *view, ImageStore &images) {
+  if (!view) return out.null();
+  writeTouchableView(out, view, images);
 }
 
 }  // namespace sim

@@ -7,6 +7,7 @@ import { rowCanFocus } from '/phone/controls/controls.js';
 import { setOnly } from '/phone/look.js';
 import { NavigationBar } from '/phone/NavigationBar.js';
 import { Table } from '/phone/Table.js';
+import { useTouches } from '/phone/touches.js';
 import { SessionContext } from '/session.js';
 import { useStore } from '/store.js';
 
@@ -44,6 +45,7 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
     if (leaving) onLeave({ scrollTop: scroller.current.scrollTop, ...active.current });
   }, [leaving]);
 
+  const touches = useTouches(session);
   const title = page.title ?? '';
   const ground = page.backgroundColor ? pairOf(page.backgroundColor) : 'page';
   const [insetTop, insetBottom] = page.contentInset ?? [0, 0];
@@ -54,11 +56,12 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
   return html`
     <div class=${`page page-${page.style ?? 'insetGrouped'}`} data-leaving=${leaving} inert=${leaving}
       data-prompt=${Boolean(page.prompt)} data-bar=${page.bar?.hidden ? 'hidden' : 'shown'}
-      data-separators=${String(page.separators !== false)} style=${style} aria-hidden=${leaving ? 'true' : undefined}>
+      data-separators=${String(page.separators !== false)} style=${style} aria-hidden=${leaving ? 'true' : undefined}
+      ...${touches}>
       ${page.backgroundView && html`<${CustomViews} views=${[page.backgroundView]} on="page" />`}
       <${NavigationBar} page=${page} solid=${scrolled.bar} large=${large} showTitle=${!large || scrolled.title}
         heading=${large ? null : heading} />
-      <div class="scroller" ref=${scroller} onScroll=${follow}
+      <div class="scroller" ref=${scroller} onScroll=${follow} data-touch=${page.touchId ?? undefined}
         data-scrolls=${String(page.scrolls !== false)} tabindex=${hasStops(page) ? undefined : 0}
         role=${hasStops(page) ? undefined : 'region'} aria-label=${hasStops(page) ? undefined : title}>
         ${large && html`<h2 class="large-title" ref=${heading} tabindex="-1" data-page-heading

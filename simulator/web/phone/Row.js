@@ -7,6 +7,7 @@ import { MoveHandle } from '/phone/MoveHandle.js';
 import { RowBody } from '/phone/RowBody.js';
 import { SwipeActions, SwipeMenuButton } from '/phone/SwipeActions.js';
 import { useSwipe } from '/phone/swiping.js';
+import { isTouch } from '/phone/touches.js';
 import { SessionContext } from '/session.js';
 
 // Points between a row's image and its text.
@@ -23,9 +24,9 @@ export function Row({ row, section, index, header, isChoice, reordering, swipeOp
   const actions = row.swipeActions ?? [];
   const swipe = useSwipe({ item, enabled: actions.length > 0, open: swipeOpen, setOpen: setSwipeOpen });
 
-  const tap = () => {
+  const tap = (event) => {
     if (swipeOpen) setSwipeOpen(false);
-    else session.tap(row.id);
+    else if (!row.touchable || !isTouch(event)) session.tap(row.id);
   };
   const onKeyDown = (event) => {
     const isMenu = event.key === 'ContextMenu' || (event.key === 'F10' && event.shiftKey);

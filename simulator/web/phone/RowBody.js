@@ -2,7 +2,7 @@ import { html } from 'htm/preact/standalone';
 import { cssColor, cssTextColor, paintedOver } from '/colors.js';
 import { ControlRow } from '/phone/controls/ControlRow.js';
 import { CustomViews, InlineView } from '/phone/views/CustomViews.js';
-import { alignments, setOnly } from '/phone/look.js';
+import { alignments, fontStyle, setOnly } from '/phone/look.js';
 import { RowPicture } from '/phone/RowPicture.js';
 import { Checkmark, Close as CloseSymbol, Disclosure, Info } from '/phone/symbols.js';
 import { cellBackground } from '/phone/surfaces.js';
@@ -58,8 +58,9 @@ function Tappable({ row, isChoice, tap, children }) {
   }
   const pressed = isChoice ? String(row.accessory === 'checkmark') : undefined;
   return html`
-    <button type="button" class="row-main" data-part="main" aria-label=${name} aria-pressed=${pressed}
-      aria-description=${description} disabled=${row.enabled === false} onClick=${tap}>${children}</button>`;
+    <button type="button" class="row-main" data-part="main" data-through=${row.touchable || undefined}
+      aria-label=${name} aria-pressed=${pressed} aria-description=${description} disabled=${row.enabled === false}
+      onClick=${tap}>${children}</button>`;
 }
 
 /** What an assistive technology calls the row, where its texts do not say it all. */
@@ -81,6 +82,7 @@ function Texts({ row }) {
         style=${{
           color: colored(row.labelColor), textAlign: align, flexGrow: align && 1,
           fontSize: isOwnFont ? `${row.labelSize}px` : undefined, fontWeight: isOwnWeight ? row.labelWeight : undefined,
+          ...fontStyle(row.labelFamily, row.labelItalic),
         }}>${row.label ?? ''}</span>
       ${detail !== '' && html`<span class="row-detail" style=${{ color: colored(row.detailColor) }}>${detail}</span>`}
     </span>`;

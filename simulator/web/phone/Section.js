@@ -37,7 +37,8 @@ export function Section({
   const item = (at) => html`
     <li class="row" key=${rows[at].id} data-section=${number} data-row=${at} data-id=${rows[at].id}
       data-hidden=${at === dragged} data-first=${at === 0} data-last=${at === rows.length - 1}
-      data-custom=${rows[at].views?.length > 0}
+      data-custom=${rows[at].views?.length > 0} data-touch=${rows[at].touchable ? rows[at].id : undefined}
+      data-dragged=${rows[at].dragged || undefined}
       data-swipe=${openSwipe === rows[at].id ? 'open' : 'closed'} aria-setsize=${rows.length} aria-posinset=${at + 1}
       style=${rowStyle(rows[at], tops[at] + offset(at))}>
       ${!rows[at].outline && html`

@@ -45,3 +45,11 @@ export function borderStyle(layer) {
 export function textShadow(shadow) {
   return shadow ? `${shadow.x}px ${shadow.y}px 0 ${cssColor(shadow.color)}` : undefined;
 }
+
+/** The font that a text is drawn in, where it is not the page's own. */
+export function fontStyle(family, italic, tabularDigits) {
+  return setOnly({
+    fontFamily: family && family !== 'Inter' ? `"${family}"` : undefined, fontStyle: italic ? 'italic' : undefined,
+    fontVariantNumeric: tabularDigits ? 'tabular-nums' : undefined,
+  });
+}

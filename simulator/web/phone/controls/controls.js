@@ -1,6 +1,7 @@
 import { segmentedControl } from '/phone/controls/SegmentedControl.js';
 import { slider } from '/phone/controls/Slider.js';
 import { spinner } from '/phone/controls/Spinner.js';
+import { stepper } from '/phone/controls/Stepper.js';
 import { switchControl } from '/phone/controls/Switch.js';
 import { textField } from '/phone/controls/TextField.js';
 import { textView } from '/phone/controls/TextView.js';
@@ -12,6 +13,7 @@ import { textView } from '/phone/controls/TextView.js';
  */
 const controls = {
   switch: switchControl, slider, segmented: segmentedControl, text: textField, secureText: textField, textView, spinner,
+  stepper,
 };
 
 /** One that is not known is shown as something under way. */

@@ -55,16 +55,20 @@ function View({ view, background, isDepicted, shift }) {
     ...placeStyle(view, shift),
     backgroundColor: cssColor(view.backgroundColor), opacity: view.alpha ?? undefined,
     backgroundImage: gradient ? gradientImage(gradient, width, height) : undefined,
+    visibility: view.layer?.mask && !mask.address ? 'hidden' : undefined,
     mask: mask.address ? `url("${mask.address}") 0 0 / 100% 100% no-repeat` : undefined,
     ...layerStyle(view.layer, view.clips),
   });
   const names = view.control ? {} : namesOf(view);
   const Content = view.control ? ControlView : contents[view.type];
   const depicts = isDepicted || Boolean(names.role);
+  const origin = view.boundsOrigin ?? undefined;
   const children = (view.views ?? []).map((child, at) => html`
-    <${View} key=${at} view=${child} background=${below} isDepicted=${depicts} shift=${view.boundsOrigin ?? undefined} />`);
+    <${View} key=${at} view=${child} background=${below} isDepicted=${depicts} shift=${origin} />`);
+  const identifier = view.accessibilityIdentifier ?? view.name ?? undefined;
   return html`
-    <span class="view" data-identifier=${view.accessibilityIdentifier ?? view.name ?? undefined} style=${style} ...${names}>
+    <span class="view" data-identifier=${identifier} data-touch=${view.touchable ? view.id : undefined}
+      data-dragged=${view.dragged || undefined} style=${style} ...${names}>
       <${LayerContent} view=${view} size=${{ width, height }} />
       ${Content
         ? html`<${Content} view=${view} background=${below} isDepicted=${isDepicted}>${children}<//>`

@@ -1,6 +1,6 @@
 import { html } from 'htm/preact/standalone';
 import { cssColor, cssTextColor } from '/colors.js';
-import { alignments, textShadow } from '/phone/look.js';
+import { alignments, fontStyle, textShadow } from '/phone/look.js';
 
 const largeText = 24;
 
@@ -10,6 +10,7 @@ export function Label({ view, background, isDepicted, children }) {
   const style = {
     fontSize: `${size}px`, fontWeight: view.fontWeight ?? undefined, textAlign: alignments[view.alignment],
     color: isDepicted ? cssColor(view.color) : cssTextColor(view.color, background, size >= largeText),
+    ...fontStyle(view.fontFamily, view.italic, view.tabularDigits),
     textShadow: textShadow(view.textShadow), whiteSpace: view.lines === 1 ? 'nowrap' : undefined,
   };
   return html`${view.text && html`<span class="view-label" style=${style}><span>${view.text}</span></span>`}${children}`;

@@ -26,9 +26,11 @@ function Contents({ layer, size }) {
 /** The shadow of a path in place of what the layer shows. */
 function PathShadow({ shadow }) {
   const style = {
-    opacity: shadow.opacity, filter: `blur(${shadow.radius / 2}px)`, transform: `translate(${shadow.x}px, ${shadow.y}px)`,
+    opacity: shadow.opacity, filter: `blur(${shadow.radius / 2}px)`,
+    transform: `translate(${shadow.x}px, ${shadow.y}px)`,
   };
-  return html`<svg class="layer-shape" style=${style}><path d=${shadow.path} style=${{ fill: cssColor(shadow.color) }} /></svg>`;
+  return html`
+    <svg class="layer-shape" style=${style}><path d=${shadow.path} style=${{ fill: cssColor(shadow.color) }} /></svg>`;
 }
 
 function Shape({ shape, origin }) {
@@ -73,7 +75,8 @@ export function gradientImage(gradient, width, height) {
   const reach = Math.abs(width * alongX) + Math.abs(height * alongY);
   const along = ([x, y]) => ((x - 0.5) * width * alongX + (y - 0.5) * height * alongY) / reach + 0.5;
   const [from, to] = [along(start), along(end)];
-  return `linear-gradient(${Math.atan2(alongX, -alongY) * degrees}deg, ${list((place) => share(from + (to - from) * place))})`;
+  const colours = list((place) => share(from + (to - from) * place));
+  return `linear-gradient(${Math.atan2(alongX, -alongY) * degrees}deg, ${colours})`;
 }
 
 /** The styles that put a view where it lies: `[x, y, width, height]` in points, and its transform. */

@@ -41,4 +41,18 @@ TEST_F(LabelTest, aLabelMakesItsTextFitDownToItsLeastFactor) {
   EXPECT_EQ(fontSize(), 17);
 }
 
+TEST_F(LabelTest, aLabelsFontIsThatOfThePage) {
+  const auto label = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectMake(0, 0, 100, 20)]);
+  EXPECT_EQ(describedView(label.get())["fontFamily"], "Inter");
+  EXPECT_EQ(describedView(label.get())["italic"], false);
+  [label.get() setFont:[UIFont fontWithName:@"Menlo-BoldItalic" size:12]];
+  const Json described = describedView(label.get());
+  EXPECT_EQ(described["fontFamily"], "Liberation Mono");
+  EXPECT_EQ(described["italic"], true);
+  EXPECT_EQ(described["fontWeight"], 700);
+  EXPECT_EQ(described["tabularDigits"], false);
+  [label.get() setFont:[UIFont monospacedDigitSystemFontOfSize:12 weight:0]];
+  EXPECT_EQ(describedView(label.get())["tabularDigits"], true);
+}
+
 }  // namespace
