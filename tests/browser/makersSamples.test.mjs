@@ -1,5 +1,4 @@
 import assert from 'node:assert/strict';
-import { readFile } from 'node:fs/promises';
 import { join } from 'node:path';
 import { test } from 'node:test';
 import { eventually, openPage, settled } from './support/browser.mjs';
@@ -52,16 +51,14 @@ test('A stranger\'s settings with constraints, a search, a stepper, suites and C
   await eventually(async () => assert.equal((await labelsOf(api)).length, 3));
 
   await main.getByRole('button', { name: 'Source Code' }).click();
-  await eventually(async () => assert.deepEqual((await api('GET', '/api/device')).openedUrls.map(({ url }) => url), [
-    'https://example.org/tideline',
-  ]));
+  await eventually(async () => assert.deepEqual((await api('GET', '/api/device')).openedURLs, ['https://example.org/tideline']));
 });
 
 test('The header of a stranger\'s settings is tapped for a colour, and follows the screen', async (t) => {
-  const { page, folder, api } = await startSample(t, 'bundles', 'Tideline');
-  const headerOf = async () => (await api('GET', '/api/screen')).page.tableHeader;
+  const { page, api } = await startSample(t, 'bundles', 'Tideline');
+  const headerOf = async () => (await api('GET', '/api/screen')).page.headerView;
   for (const [kind, orientation, width] of [['phone', 'portrait', 390], ['tablet', 'landscape', null]]) {
-    await api('PUT', '/api/display', { kind, orientation });
+    await api('PUT', '/api/device/display', { kind, orientation });
     await open(page, 'Tideline');
     const { views: [card], frame } = await headerOf();
     if (width) assert.equal(frame[2], width);
@@ -76,14 +73,33 @@ test('The header of a stranger\'s settings is tapped for a colour, and follows t
   const sheet = page.getByRole('dialog', { name: 'Water' });
   await sheet.waitFor();
   await picture(page, 'tideline-colour');
-  const { sheet: { id } } = await api('GET', '/api/screen');
-  assert.ok(id);
-  void folder;
+  await sheet.getByRole('button', { name: 'Close' }).click();
 });
 
 test('A widget with constraints, layers and gestures is turned, tapped and held on the stage', async (t) => {
-  const { page, api, folder } = await startSample(t, 'widgets', 'Dial');
-  assert.ok((await readFile(join(folder, 'var/jb/Library/Zuno/Widgets/DialWidget.bundle/Info.plist'))).length > 0);
-  void page;
-  void api;
+  const { page, api } = await startSample(t, 'widgets', 'Dial');
+  for (const display of [{ kind: 'phone', orientation: 'portrait' }, { kind: 'phone', orientation: 'landscape' },
+    { kind: 'tablet', orientation: 'landscape' }]) {
+    await api('PUT', '/api/device/display', display);
+    await api('POST', '/api/stage', { type: 'show', widget: '/var/jb/Library/Zuno/Widgets/DialWidget.bundle' });
+    const shown = async () => (await api('GET', '/api/stage/screen')).page.view;
+    const { id, frame, views: [dial] } = await shown();
+    const middle = [dial.frame[0] + 100, dial.frame[1] + 100];
+    assert.ok(Math.abs(middle[0] - frame[2] / 2) < 1, `the dial is in the middle of ${frame}`);
+    const text = async () => (await shown()).views[1].text;
+    const gesture = async (kind, more) => {
+      await api('POST', '/api/stage/events', { type: 'gesture', id, kind, at: middle, ...more });
+      return text();
+    };
+    assert.equal(await text(), '0 min');
+    assert.equal(await gesture('pan', { by: [80, 0], duration: 0.4 }), '20 min');
+    const hand = (await shown()).views[0].views.at(-1);
+    assert.ok(hand.transform, 'the hand is turned');
+    assert.equal(await gesture('tap', { count: 1 }), '21 min');
+    await settled(page);
+    await picture(page, `dial-${display.kind}-${display.orientation}`);
+    assert.equal(await gesture('press', { duration: 1 }), 'Started');
+    assert.equal(await gesture('tap', { count: 2 }), '0 min');
+    await api('POST', '/api/stage', { type: 'close' });
+  }
 });
