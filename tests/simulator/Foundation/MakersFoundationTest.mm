@@ -104,7 +104,8 @@ TEST_F(MakersFoundationTest, APredicateKeepsItsBlock) {
   EXPECT_FALSE([[predicate predicateWithSubstitutionVariables:more] evaluateWithObject:@"four"]);
   EXPECT_EQ([[predicate copy] autorelease], predicate);
   EXPECT_TRUE([[predicate predicateFormat] hasPrefix:@"BLOCKPREDICATE("]);
-  EXPECT_FALSE([[NSCompoundPredicate andPredicateWithSubpredicates:@[ predicate, other ]] evaluateWithObject:@"four"]);
+  NSPredicate *both = [NSCompoundPredicate andPredicateWithSubpredicates:@[ predicate, other ]];
+  EXPECT_FALSE([both evaluateWithObject:@"four"]);
 }
 
 TEST_F(MakersFoundationTest, TheSystemSaysItsVersion) {
