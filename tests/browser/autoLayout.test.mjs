@@ -137,7 +137,8 @@ test("A maker's header, stack and self-sizing rows are laid out by their constra
       const [outer] = await page.locator('.row').filter({ has: page.locator('[data-identifier="note"]') }).all();
       const rowBox = await outer.boundingBox();
       assert.ok(Math.abs(rowBox.height / scale - row.height) < 1, shown);
-      assert.ok(note.y >= rowBox.y + 10 * scale && note.y + note.height <= rowBox.y + rowBox.height - 10 * scale, shown);
+      const ends = [note.y + note.height, rowBox.y + rowBox.height];
+      assert.ok(note.y >= rowBox.y + 10 * scale && ends[0] <= ends[1] - 10 * scale, shown);
       const text = await page.locator('[data-identifier="note"] span span').first().boundingBox();
       assert.ok(text.height <= note.height + 1 && text.height > note.height - 24 * scale,
         `${shown}: ${text.height} in ${note.height}`);
