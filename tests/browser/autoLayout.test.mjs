@@ -99,11 +99,11 @@ function named(view, x = 0, y = 0, found = {}) {
 }
 
 test("A maker's header, stack and self-sizing rows are laid out by their constraints on phone and tablet, both ways up", async (t) => {
-  const { url, api } = await startSimulator(t, async (device) => {
-    const source = await makerFolder(t, settingsBundle({ 'KiteListController.m': kitePage(specifiers, { body, top }) }));
-    await runScript('bundle', source, device);
-  });
-  const page = await openPage(t, url, { reducedMotion: 'reduce', expected: /404/ });
+  const { url, api, folder } = await startSimulator(t);
+  const source = await makerFolder(t, settingsBundle({ 'KiteListController.m': kitePage(specifiers, { body, top }) }));
+  await runScript('bundle', source, folder);
+  const page = await openPage(t, url, { reducedMotion: 'reduce' });
+  await page.reload();
   await page.locator('.row').filter({ hasText: 'Kite' }).first().click();
   await page.locator('[data-identifier="note"]').waitFor();
 

@@ -82,8 +82,9 @@ test('A widget with constraints, layers and gestures is turned, tapped and held 
     { kind: 'tablet', orientation: 'landscape' }]) {
     await api('PUT', '/api/device/display', display);
     await api('POST', '/api/stage', { type: 'show', widget: '/var/jb/Library/Zuno/Widgets/DialWidget.bundle' });
-    const shown = async () => (await api('GET', '/api/stage/screen')).page.view;
-    const { id, frame, views: [dial] } = await shown();
+    const shown = async () => (await api('GET', '/api/stage/screen')).page.view.views[0];
+    const { id } = (await api('GET', '/api/stage/screen')).page.view;
+    const { frame, views: [dial] } = await shown();
     const middle = [dial.frame[0] + 100, dial.frame[1] + 100];
     assert.ok(Math.abs(middle[0] - frame[2] / 2) < 1, `the dial is in the middle of ${frame}`);
     const text = async () => (await shown()).views[1].text;

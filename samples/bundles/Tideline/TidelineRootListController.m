@@ -18,7 +18,7 @@
                    return each.cellType != PSGroupCell && [each.name localizedCaseInsensitiveContainsString:self->_sought];
                  }]];
     }
-    _specifiers = all;
+    _specifiers = [all mutableCopy];
   }
   return _specifiers;
 }
