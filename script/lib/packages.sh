@@ -24,9 +24,9 @@ fonts-inter              run test bench mutate
 fonts-liberation         run test bench mutate
 librsvg2-bin             run test bench mutate
 bubblewrap               run test bench
-nodejs                   run test
+nodejs                   run test bench mutate
 esbuild                  run test
-npm                      run test
+npm                      run test bench mutate
 llvm-19                  test mutate
 libgtest-dev             test mutate
 libgmock-dev             test mutate
@@ -65,7 +65,7 @@ install_packages() {
     stage Packages packages_install
   fi
   case $1 in
-    run) packages_modules production --omit=dev ;;
+    run | bench | mutate) packages_modules production --omit=dev ;;
     test) packages_modules all ;;
   esac
 }

@@ -3,6 +3,7 @@
 #import <Foundation/Guarded.h>
 #import <UIKit/UIKit.h>
 #import <UIKit/UIBarButtonItem+Sim.h>
+#import <UIKit/UIImage+Sim.h>
 #import <UIKit/UINavigationController+Sim.h>
 #import <UIKit/UISearchController+Sim.h>
 #import <UIKit/UITableView+Sim.h>
@@ -80,6 +81,9 @@ void writeBar(JsonText &out, UINavigationController *navigation, UIViewControlle
 
 void writeButtons(JsonText &out, UINavigationController *navigation, UIViewController *page, PageNumbers &numbers,
                   ImageStore &images) {
+  // As bars show symbols that leave it open.
+  UIImageSymbolConfiguration *symbols = [UIImageSymbolConfiguration configurationWithTextStyle:UIFontTextStyleBody
+                                                                                         scale:UIImageSymbolScaleLarge];
   out.beginArray();
   for (UIBarButtonItem *item in barButtons(page)) {
     out.beginObject();
@@ -89,8 +93,9 @@ void writeButtons(JsonText &out, UINavigationController *navigation, UIViewContr
     out.name("side").string(isLeftButton(page, item) ? "left" : "right");
     out.name("enabled").flag([item isEnabled]);
     UIColor *tint = [item tintColor] ?: ownTint([navigation navigationBar]);
-    images.write(out.name("image"), [item image], [[item image] size],
-                 templateTint([item image], tint ?: [[navigation navigationBar] tintColor]));
+    UIImage *image = [[item image] sim_imageWithPreferredSymbolConfiguration:symbols];
+    images.write(out.name("image"), image, [image size],
+                 templateTint(image, tint ?: [[navigation navigationBar] tintColor]));
     writeColor(out.name("tintColor"), tint);
     out.name("style").string([item style] == UIBarButtonItemStyleDone ? "done" : "plain");
     out.name("width").number([item width]);

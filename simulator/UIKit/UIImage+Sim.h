@@ -2,6 +2,7 @@
 #pragma once
 
 #import <UIKit/UIImage.h>
+#import <UIKit/UIImageSymbolConfiguration.h>
 
 @interface UIImage (Sim)
 /// PNG bytes of the middle square of the picture file at `path`, upright, at most `side` pixels wide and high. nil when
@@ -17,4 +18,13 @@
 - (NSData *)sim_PNGDataWithLongestSide:(NSUInteger)longestSide;
 /// The same from the decoded pixels always: nil when they cannot be had.
 - (NSData *)sim_encodedPNGWithLongestSide:(NSUInteger)longestSide;
+@end
+
+@interface UIImage (SimSymbols)
+/// A symbol with `preferred` for what its own configuration leaves open; any other image, and one without `preferred`,
+/// as it is.
+- (UIImage *)sim_imageWithPreferredSymbolConfiguration:(UIImageSymbolConfiguration *)preferred;
+/// Whether a view that does not decide itself fills the image's shape with its tint: for templates, and for symbols
+/// that are left to the view.
+- (BOOL)sim_isTemplate;
 @end

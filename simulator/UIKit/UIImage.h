@@ -10,6 +10,9 @@
 
 SIM_STATE_TYPE(UIImageState);
 
+@class UIImageConfiguration;
+@class UIImageSymbolConfiguration;
+
 /// How the stored pixels have to be turned to stand upright, as a camera's orientation tag says.
 typedef NS_ENUM(NSInteger, UIImageOrientation) {
   UIImageOrientationUp,
@@ -70,14 +73,34 @@ typedef NS_ENUM(NSInteger, UIImageRenderingMode) {
 @property(nonatomic, readonly) CIImage *CIImage;
 
 - (UIImage *)imageWithRenderingMode:(UIImageRenderingMode)mode;
-/// The same image remembered with a tint, drawn as a template in that colour.
+/// The same image remembered with a tint, drawn as a template in that colour. A view that shows a template has its own.
 - (UIImage *)imageWithTintColor:(UIColor *)color;
+- (UIImage *)imageWithTintColor:(UIColor *)color renderingMode:(UIImageRenderingMode)renderingMode;
 
 /// Upright, into the current image context; nothing without one.
 - (void)drawAtPoint:(CGPoint)point;
 - (void)drawAtPoint:(CGPoint)point blendMode:(CGBlendMode)mode alpha:(CGFloat)alpha;
 - (void)drawInRect:(CGRect)rect;
 - (void)drawInRect:(CGRect)rect blendMode:(CGBlendMode)mode alpha:(CGFloat)alpha;
+@end
+
+/// The system's own images, drawn in the size and weight of the text that they go with.
+@interface UIImage (Symbols)
+/// The symbol of that name, as large as text of 17 points; in a view it is drawn as a template. nil for a name that no
+/// symbol has.
++ (UIImage *)systemImageNamed:(NSString *)name;
+/// nil as well for a size at which it cannot be drawn.
++ (UIImage *)systemImageNamed:(NSString *)name withConfiguration:(UIImageConfiguration *)configuration;
++ (UIImage *)systemImageNamed:(NSString *)name compatibleWithTraitCollection:(UITraitCollection *)traitCollection;
+@property(nonatomic, readonly, getter=isSymbolImage) BOOL symbolImage;
+/// A UIImageSymbolConfiguration for a symbol; nil for another image that was given none.
+@property(nonatomic, copy, readonly) __kindof UIImageConfiguration *configuration;
+/// nil for what is no symbol.
+@property(nonatomic, copy, readonly) UIImageSymbolConfiguration *symbolConfiguration;
+/// A symbol is drawn anew. Of a configuration that is none of symbols it takes the traits alone.
+- (UIImage *)imageWithConfiguration:(UIImageConfiguration *)configuration;
+/// A symbol as its configuration with this one over it says; this very image when it is no symbol.
+- (UIImage *)imageByApplyingSymbolConfiguration:(UIImageSymbolConfiguration *)configuration;
 @end
 
 /// The stored pixels, not turned: a PNG has no room for the orientation, as on a device. nil when the image has none.

@@ -46,7 +46,6 @@ Orientation storedOrientation(UIImageOrientation orientation) {
   return self;
 }
 
-// nil for a state that has neither a bitmap nor a recipe.
 - (instancetype)sim_initWithState:(const sim::UIImageState &)state {
   if (!(self = [self init])) return nil;
   if (!state.bitmap && !state.recipe) {
@@ -181,8 +180,13 @@ Orientation storedOrientation(UIImageOrientation orientation) {
 }
 
 - (UIImage *)imageWithTintColor:(UIColor *)color {
+  return [self imageWithTintColor:color renderingMode:_state->renderingMode];
+}
+
+- (UIImage *)imageWithTintColor:(UIColor *)color renderingMode:(UIImageRenderingMode)renderingMode {
   sim::UIImageState state = *_state;
   state.tint = objcxx::share(color);
+  state.renderingMode = renderingMode;
   return [[[UIImage alloc] sim_initWithState:state] autorelease];
 }
 

@@ -4,6 +4,7 @@
 #import <CoreGraphics/CGImage+Sim.h>
 #import <CoreGraphics/ImageDecoder.hpp>
 #import <UIKit/UIImage+Sim.h>
+#import <UIKit/UIImageConfiguration.h>
 
 #include <objcxx/Retained.h>
 
@@ -16,6 +17,8 @@ struct UIImageState {
   UIImageOrientation orientation = UIImageOrientationUp;
   UIImageRenderingMode renderingMode = UIImageRenderingModeAutomatic;
   objcxx::Retained<UIColor> tint;
+  objcxx::Retained<NSString> symbol;  ///< The name of the symbol that the bitmap shows.
+  objcxx::Retained<UIImageConfiguration> configuration;
   NSUInteger number = 0;
   SharedBytes file;  ///< What this very image was made from, until its number is asked for.
 
@@ -26,6 +29,11 @@ struct UIImageState {
 Orientation storedOrientation(UIImageOrientation orientation);
 
 }  // namespace sim
+
+@interface UIImage (SimState)
+/// nil for a state that has neither a bitmap nor a recipe.
+- (instancetype)sim_initWithState:(const sim::UIImageState &)state;
+@end
 
 @interface UIImage (SimPixels)
 /// Where the stored pixels come from; null when they cannot be had.

@@ -2,6 +2,7 @@
 #pragma once
 
 #import <UIKit/UIImage.h>
+#import <UIKit/UIImageSymbolConfiguration.h>
 #import <UIKit/UIView.h>
 
 #include <objcxx/HiddenState.h>
@@ -18,4 +19,6 @@ SIM_STATE_TYPE(UIImageViewState);
 @property(nonatomic, retain) UIImage *image;
 @property(nonatomic, retain) UIImage *highlightedImage;
 @property(nonatomic, getter=isHighlighted) BOOL highlighted;
+/// Of symbols, for what their own configuration leaves open.
+@property(nonatomic, retain) UIImageSymbolConfiguration *preferredSymbolConfiguration;
 @end

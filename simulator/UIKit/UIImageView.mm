@@ -1,4 +1,5 @@
-#import <UIKit/UIImageView.h>
+#import <UIKit/UIImage+Sim.h>
+#import <UIKit/UIImageView+Sim.h>
 #import <UIKit/UIViewLayout.h>
 
 #include <objcxx/Retained.h>
@@ -8,6 +9,7 @@ namespace sim {
 struct UIImageViewState {
   objcxx::Retained<UIImage> image;
   objcxx::Retained<UIImage> highlightedImage;
+  objcxx::Retained<UIImageSymbolConfiguration> preferredSymbolConfiguration;
   bool highlighted = false;
 };
 
@@ -59,8 +61,27 @@ struct UIImageViewState {
   _imageViewState->highlighted = highlighted;
 }
 
+- (UIImageSymbolConfiguration *)preferredSymbolConfiguration {
+  return _imageViewState->preferredSymbolConfiguration.get();
+}
+
+- (void)setPreferredSymbolConfiguration:(UIImageSymbolConfiguration *)configuration {
+  _imageViewState->preferredSymbolConfiguration = objcxx::share(configuration);
+  [self setNeedsLayout];
+  [self invalidateIntrinsicContentSize];
+}
+
+- (UIImage *)sim_image {
+  return [[self image] sim_imageWithPreferredSymbolConfiguration:[self preferredSymbolConfiguration]];
+}
+
+- (UIImage *)sim_shownImage {
+  if (![self isHighlighted] || ![self highlightedImage]) return [self sim_image];
+  return [[self highlightedImage] sim_imageWithPreferredSymbolConfiguration:[self preferredSymbolConfiguration]];
+}
+
 - (CGSize)sizeThatFits:(CGSize)size {
-  return [self image] ? [[self image] size] : [super sizeThatFits:size];
+  return [self image] ? [[self sim_image] size] : [super sizeThatFits:size];
 }
 
 - (UILayoutPriority)sim_defaultHuggingForAxis:(UILayoutConstraintAxis)axis {
@@ -69,7 +90,7 @@ struct UIImageViewState {
 }
 
 - (CGSize)intrinsicContentSize {
-  return [self image] ? [[self image] size] : [super intrinsicContentSize];
+  return [self image] ? [[self sim_image] size] : [super intrinsicContentSize];
 }
 
 @end

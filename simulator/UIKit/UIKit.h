@@ -26,6 +26,8 @@
 #import <UIKit/UIGraphicsImageRenderer.h>
 #import <UIKit/UIGraphicsRenderer.h>
 #import <UIKit/UIImage.h>
+#import <UIKit/UIImageConfiguration.h>
+#import <UIKit/UIImageSymbolConfiguration.h>
 #import <UIKit/UIImageView.h>
 #import <UIKit/UIKitDefines.h>
 #import <UIKit/UILabel.h>

@@ -2,6 +2,7 @@
 #import "LayoutProblem.h"
 #import "UITableViewCellState.h"
 
+#import <UIKit/UIImageView+Sim.h>
 #import <UIKit/UIViewLayout.h>
 
 #include <algorithm>
@@ -65,7 +66,7 @@ RowLayout layOut(const sim::TableViewCellState &state, CGSize size) {
 
   layout.textStart = margin + (CGFloat)state.indentationLevel * state.indentationWidth;
   layout.textEnd = layout.content.size.width - (hasAccessory ? kLabelGap : margin);
-  if (UIImage *image = [state.imageView.get() image]) {
+  if (UIImage *image = [state.imageView.get() sim_image]) {
     const CGSize natural = [image size];
     const CGFloat height = std::min(natural.height, size.height);
     const CGFloat width = natural.height > 0 ? natural.width * height / natural.height : 0;

@@ -1,7 +1,8 @@
 // Views drawn into contexts, with what some of them show themselves.
 #import <UIKit/NSAttributedString+UIKit.h>
 #import <UIKit/UIGraphics.h>
-#import <UIKit/UIImageView.h>
+#import <UIKit/UIImage+Sim.h>
+#import <UIKit/UIImageView+Sim.h>
 #import <UIKit/UILabel.h>
 #import <UIKit/UIView+Sim.h>
 
@@ -79,9 +80,9 @@ CGRect placed(CGSize size, CGRect bounds, UIViewContentMode mode) {
 @implementation UIImageView (Rendering)
 
 - (void)sim_drawContentInContext:(CGContextRef)context {
-  UIImage *image = [self isHighlighted] && [self highlightedImage] ? [self highlightedImage] : [self image];
+  UIImage *image = [self sim_shownImage];
   if (!image || [image size].width <= 0 || [image size].height <= 0) return;
-  if ([image renderingMode] == UIImageRenderingModeAlwaysTemplate) image = [image imageWithTintColor:[self tintColor]];
+  if ([image sim_isTemplate]) image = [image imageWithTintColor:[self tintColor]];
   UIGraphicsPushContext(context);
   [image drawInRect:placed([image size], [self bounds], [self contentMode])];
   UIGraphicsPopContext();

@@ -6,9 +6,11 @@ import { join } from 'node:path';
 import { after, test } from 'node:test';
 import { fileURLToPath } from 'node:url';
 import { promisify } from 'node:util';
-import { openPage } from './support/browser.mjs';
+import { eventually, openPage } from './support/browser.mjs';
+import { kitePage, makerFolder, runScript, settingsBundle } from './support/makers.mjs';
 import { propertyListText } from './support/propertyList.mjs';
 import { startSimulator } from './support/simulator.mjs';
+import { open, rowOf } from './support/zuno.mjs';
 
 const root = fileURLToPath(new URL('../../', import.meta.url));
 const build = process.env.SIMULATOR_BUILD ?? join(root, 'build/dev');
@@ -119,4 +121,62 @@ test('Texts are drawn in the fonts in which they were measured', async (t) => {
   const loaded = await page.evaluate(() => [...document.fonts].filter((font) => font.status === 'loaded')
     .map(({ family }) => family.replaceAll('"', '')));
   for (const face of ['Sans', 'Serif', 'Mono']) assert.ok(loaded.includes(`Liberation ${face}`), face);
+});
+
+/** Whether `element` shows a picture in the colour, as red, green and blue, on a ground of another. */
+async function isDrawnIn(page, element, colour) {
+  const shot = (await element.screenshot()).toString('base64');
+  const share = await page.evaluate(async ([base64, wanted]) => {
+    const bytes = Uint8Array.from(atob(base64), (letter) => letter.charCodeAt(0));
+    const bitmap = await createImageBitmap(new Blob([bytes], { type: 'image/png' }));
+    const context = new OffscreenCanvas(bitmap.width, bitmap.height).getContext('2d');
+    context.drawImage(bitmap, 0, 0);
+    const { data } = context.getImageData(0, 0, bitmap.width, bitmap.height);
+    let near = 0;
+    for (let at = 0; at < data.length; at += 4) {
+      if (wanted.every((part, index) => Math.abs(data[at + index] - part) <= 24)) near += 1;
+    }
+    return near / (data.length / 4);
+  }, [shot, colour]);
+  assert.ok(share > 0.05 && share < 0.9, `${share} of the picture is ${colour}`);
+}
+
+test('Symbols are drawn by their names in rows, bars and image views, in the tint of each', async (t) => {
+  const { folder, url } = await startSimulator(t);
+  const specifier = '[PSSpecifier preferenceSpecifierNamed:@"Paint" target:self set:nil get:nil detail:nil'
+    + ' cell:PSTitleValueCell edit:nil]';
+  const body = `- (void)viewDidLoad {
+  [super viewDidLoad];
+  self.navigationItem.rightBarButtonItem =
+      [[UIBarButtonItem alloc] initWithImage:[UIImage systemImageNamed:@"square.and.arrow.up"]
+                                       style:UIBarButtonItemStylePlain target:self action:@selector(share)];
+  self.navigationItem.rightBarButtonItem.accessibilityLabel = @"Share";
+  [self.specifiers[0] setProperty:[UIImage systemImageNamed:@"paintbrush"] forKey:@"iconImage"];
+  UIImageView *drop = [[UIImageView alloc] initWithImage:[UIImage systemImageNamed:@"drop.fill"]];
+  drop.preferredSymbolConfiguration = [UIImageSymbolConfiguration configurationWithPointSize:60];
+  drop.tintColor = [UIColor redColor];
+  drop.frame = CGRectMake(20, 20, drop.intrinsicContentSize.width, drop.intrinsicContentSize.height);
+  UIView *header = [[UIView alloc] initWithFrame:CGRectMake(0, 0, 390, 120)];
+  [header addSubview:drop];
+  self.table.tableHeaderView = header;
+}
+- (void)share {
+}`;
+  const source = await makerFolder(t, settingsBundle({ 'KiteListController.m': kitePage(specifier, { body }) }));
+  await runScript('bundle', source, folder);
+  const page = await openPage(t, url, { colorScheme: 'light' });
+  await open(page, 'Kite');
+  const picture = (inside) => inside.locator('span[style*="mask"]');
+  const icon = picture(rowOf(page, 'Paint'));
+  const share = picture(page.getByRole('main').getByRole('button', { name: 'Share' }));
+  const drop = picture(page.locator('.view')).first();
+  for (const [colorScheme, blue] of [['light', [0, 122, 255]], ['dark', [10, 132, 255]]]) {
+    await page.emulateMedia({ colorScheme });
+    await eventually(() => isDrawnIn(page, icon, blue));
+    await eventually(() => isDrawnIn(page, share, blue));
+    await eventually(() => isDrawnIn(page, drop, red));
+    if (process.env.SYMBOLS) await page.screenshot({ path: `/tmp/symbols/${colorScheme}.png` });
+  }
+  const widthOf = async (element) => (await element.evaluate((each) => each.offsetWidth));
+  assert.ok(await widthOf(drop) > 35, 'the drop is as large as its view asks');
 });

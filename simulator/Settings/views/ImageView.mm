@@ -1,14 +1,13 @@
 #import "Settings/views/ImageView.h"
 
+#import <UIKit/UIImage+Sim.h>
+#import <UIKit/UIImageView+Sim.h>
+
 #import "Settings/ImageStore.h"
 #import "Settings/views/ViewAdapter.h"
 
 namespace sim {
 namespace {
-
-UIImage *shownImage(UIImageView *view) {
-  return [view isHighlighted] && [view highlightedImage] ? [view highlightedImage] : [view image];
-}
 
 const char *contentModeName(UIViewContentMode mode) {
   switch (mode) {
@@ -48,7 +47,7 @@ void describe(JsonText &out, UIView *view, ImageStore &images) {
 }  // namespace
 
 bool writeShownImage(JsonText &out, UIImageView *view, ImageStore &images) {
-  UIImage *image = shownImage(view);
+  UIImage *image = [view sim_shownImage];
   images.write(out, image, drawnSize(image, [view contentMode], [view frame].size), templateTint(image, view));
   return image != nil;
 }
@@ -58,7 +57,7 @@ void writeContentMode(JsonText &out, UIImageView *view) { out.string(contentMode
 UIColor *templateTint(UIImage *image, UIView *view) {
   const UIImageRenderingMode mode = [image renderingMode];
   if (!image || mode == UIImageRenderingModeAlwaysOriginal) return nil;
-  if (mode == UIImageRenderingModeAlwaysTemplate) return [view tintColor];
+  if ([image sim_isTemplate]) return [view tintColor];
   // Left to the view, an image is a template in the buttons that the system draws.
   UIView *parent = [view superview];
   const bool isInSystemButton =
