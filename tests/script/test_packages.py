@@ -99,6 +99,14 @@ class PackagesTest(unittest.TestCase):
         self.bootstrap("run")
         self.assertEqual(2, len(self.called("npm")))
 
+    def test_what_builds_the_simulator_has_the_modules_that_it_is_built_with(self):
+        for purpose in ("run", "bench", "mutate"):
+            shutil.rmtree(self.tree / "node_modules", ignore_errors=True)
+            self.calls.unlink(missing_ok=True)
+            self.bootstrap(purpose)
+            self.assertEqual(1, len(self.called("npm")), purpose)
+            self.assertIn("--omit=dev", self.called("npm")[0])
+
     def test_root_installs_what_is_missing_and_the_noise_is_in_the_log(self):
         self.installed("gcc", "cmake")
         result = self.bootstrap()

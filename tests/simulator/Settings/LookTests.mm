@@ -191,6 +191,30 @@ TEST_F(LookTest, barButtonsHaveTheirPictureTintWeightAndView) {
   EXPECT_EQ(buttons[2]["view"]["frame"][2], 50);
 }
 
+TEST_F(LookTest, aBarShowsSymbolsAtTheLargeScaleUnlessTheySayOtherwise) {
+  ListPage *list = startList(@[ @[ @"Row" ] ]);
+  UIImageSymbolConfiguration *large = [UIImageSymbolConfiguration configurationWithScale:UIImageSymbolScaleLarge];
+  UIImageSymbolConfiguration *small = [UIImageSymbolConfiguration configurationWithScale:UIImageSymbolScaleSmall];
+  const auto widthOf = [](UIImageSymbolConfiguration *configuration) {
+    return [[UIImage systemImageNamed:@"trash" withConfiguration:configuration] size].width;
+  };
+  const auto button = [&](UIImage *image) {
+    return objcxx::adopt([[UIBarButtonItem alloc] initWithImage:image
+                                                          style:UIBarButtonItemStylePlain
+                                                         target:list
+                                                         action:@selector(pushNext)]);
+  };
+  const auto plain = button([UIImage systemImageNamed:@"trash"]);
+  const auto own = button([UIImage systemImageNamed:@"trash" withConfiguration:small]);
+  [[list navigationItem] setLeftBarButtonItems:@[ plain.get(), own.get() ]];
+  session().refresh();
+  const Json buttons = page()["buttons"];
+  EXPECT_EQ(buttons[0]["image"]["width"], widthOf(large));
+  EXPECT_EQ(buttons[1]["image"]["width"], widthOf(small));
+  EXPECT_FALSE(buttons[0]["image"]["tint"].is_null());
+  EXPECT_NE(widthOf(large), widthOf(nil));
+}
+
 TEST_F(LookTest, aTapOnABarsViewReachesTheControlInIt) {
   ListPage *list = startList(@[ @[ @"Row" ] ]);
   const auto holder = view(50, 30);

@@ -27,6 +27,19 @@ TEST_F(ImageViewTest, aTemplateHasTheTintOfItsViewWhichComesFromAbove) {
   EXPECT_TRUE(tint().is_null());
 }
 
+TEST_F(ImageViewTest, aSymbolHasTheTintOfItsViewUnlessItIsToBeOriginal) {
+  UIImage *star = [UIImage systemImageNamed:@"star.fill"];
+  const auto images = objcxx::adopt([[UIImageView alloc] initWithImage:star]);
+  [images.get() setTintColor:[UIColor greenColor]];
+  const auto image = [&] { return describedView(images.get())["image"]; };
+  EXPECT_EQ(image()["tint"], "#00ff00ff");
+  const double width = image()["width"];
+  [images.get() setPreferredSymbolConfiguration:[UIImageSymbolConfiguration configurationWithPointSize:51]];
+  EXPECT_NEAR(image()["width"].get<double>(), 3 * width, 1.5);
+  [images.get() setImage:[star imageWithTintColor:[UIColor redColor] renderingMode:UIImageRenderingModeAlwaysOriginal]];
+  EXPECT_TRUE(image()["tint"].is_null());
+}
+
 TEST_F(ImageViewTest, anImageViewShowsItsHighlightedImageWhileItIsHighlighted) {
   UIImage *plain = picture(10), *other = picture(20);
   const auto images = objcxx::adopt([[UIImageView alloc] initWithImage:plain highlightedImage:other]);
