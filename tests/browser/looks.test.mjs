@@ -151,7 +151,7 @@ test('Symbols are drawn by their names in rows, bars and image views, in the tin
       [[UIBarButtonItem alloc] initWithImage:[UIImage systemImageNamed:@"square.and.arrow.up"]
                                        style:UIBarButtonItemStylePlain target:self action:@selector(share)];
   self.navigationItem.rightBarButtonItem.accessibilityLabel = @"Share";
-  [self.specifiers[0] setProperty:[UIImage systemImageNamed:@"paintbrush"] forKey:@"iconImage"];
+  [(PSSpecifier *)self.specifiers[0] setProperty:[UIImage systemImageNamed:@"paintbrush"] forKey:@"iconImage"];
   UIImageView *drop = [[UIImageView alloc] initWithImage:[UIImage systemImageNamed:@"drop.fill"]];
   drop.preferredSymbolConfiguration = [UIImageSymbolConfiguration configurationWithPointSize:60];
   drop.tintColor = [UIColor redColor];
@@ -175,7 +175,6 @@ test('Symbols are drawn by their names in rows, bars and image views, in the tin
     await eventually(() => isDrawnIn(page, icon, blue));
     await eventually(() => isDrawnIn(page, share, blue));
     await eventually(() => isDrawnIn(page, drop, red));
-    if (process.env.SYMBOLS) await page.screenshot({ path: `/tmp/symbols/${colorScheme}.png` });
   }
   const widthOf = async (element) => (await element.evaluate((each) => each.offsetWidth));
   assert.ok(await widthOf(drop) > 35, 'the drop is as large as its view asks');
