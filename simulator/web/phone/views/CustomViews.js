@@ -42,8 +42,8 @@ export function textOf(view) {
 }
 
 /**
- * `isDepicted`: the view is part of one that is told as a whole, so a picture, or lies on what layers draw; its texts keep
- * their colours.
+ * `isDepicted`: the view is part of one that is told as a whole, so a picture, or lies on what layers draw; its texts
+ * keep their colours.
  * `shift`: what of the coordinates that it lies in begins outside of the view around it.
  */
 function View({ view, background, isDepicted, shift }) {
