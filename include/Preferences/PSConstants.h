@@ -81,15 +81,15 @@ PS_EXTERN NSString *const PSStaticHeaderTextKey;       // "staticHeaderText"
 PS_EXTERN NSString *const PSDeferItemSelectionKey;     // "deferItemSelection"
 
 // Controls.
-PS_EXTERN NSString *const PSControlKey;           // "control": the live control
-PS_EXTERN NSString *const PSControlMinimumKey;    // "min"
-PS_EXTERN NSString *const PSControlMaximumKey;    // "max"
-PS_EXTERN NSString *const PSSliderShowValueKey;   // "showValue"
-PS_EXTERN NSString *const PSSliderIsContinuous;   // "isContinuous"
+PS_EXTERN NSString *const PSControlKey;             // "control": the live control
+PS_EXTERN NSString *const PSControlMinimumKey;      // "min"
+PS_EXTERN NSString *const PSControlMaximumKey;      // "max"
+PS_EXTERN NSString *const PSSliderShowValueKey;     // "showValue"
+PS_EXTERN NSString *const PSSliderIsContinuous;     // "isContinuous"
 PS_EXTERN NSString *const PSSliderIsSegmentedKey;   // "isSegmented": BOOL
 PS_EXTERN NSString *const PSSliderSegmentCountKey;  // "segmentCount": how many steps there are from end to end
-PS_EXTERN NSString *const PSSliderLeftImageKey;   // "leftImage"
-PS_EXTERN NSString *const PSSliderRightImageKey;  // "rightImage"
+PS_EXTERN NSString *const PSSliderLeftImageKey;     // "leftImage"
+PS_EXTERN NSString *const PSSliderRightImageKey;    // "rightImage"
 
 // Text.
 PS_EXTERN NSString *const PSPlaceholderKey;           // "placeholder"

@@ -6,7 +6,7 @@
 #import <Foundation/NSByteCountFormatter.h>
 
 #import <CoreFoundation/CoreFoundation.h>
-#import <Foundation/NSUserDefaults+Suites.h>
+#import <Foundation/NSUserDefaultsSuites.h>
 #import <dispatch/dispatch.h>
 
 NS_ASSUME_NONNULL_BEGIN

@@ -1,5 +1,4 @@
-// What recognisers measure fingers by. The values are those of a device as its recognisers' behaviour shows them; they
-// are documented only where a property has them.
+// What recognisers measure fingers by: assumptions of ours where no property has the value, since Apple documents none.
 #pragma once
 
 #import <CoreGraphics/CoreGraphics.h>

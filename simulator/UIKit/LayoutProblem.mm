@@ -4,7 +4,7 @@
 #import <UIKit/UIScreen.h>
 #import <UIKit/UIScrollView.h>
 #import <UIKit/UITableView.h>
-#import <UIKit/UIView+Layout.h>
+#import <UIKit/UIViewLayout.h>
 
 #include <algorithm>
 #include <cmath>

@@ -5,7 +5,7 @@
 // a constraint is never given up for any number of lower ones.
 //
 // Why an own simplex: a table cell of fourteen constraints and ten wishes in three priorities took 1.27 ms with
-// coinor-libclp 1.17 and 1.75 ms with lp_solve 5.5 (median of 2,000, one core), nearly all of it for making the model
+// coinor-libclp 1.17 and 1.75 ms with lp_solve 5.5 (average of 2,000, one core), nearly all of it for making the model
 // and for looking at each level anew, and holding a level as one more row with a tolerance made Clp call every cell's
 // next level infeasible, with lengths that were two points off. Here a level is held by leaving those unknowns out that
 // would make it worse, which needs no tolerance, what does not hang together is solved apart, and the same cell takes

@@ -3,7 +3,7 @@
 #import "LayoutProblem.h"
 
 #import <UIKit/NSLayoutConstraint+Sim.h>
-#import <UIKit/UIView+Layout.h>
+#import <UIKit/UIViewLayout.h>
 
 namespace sim {
 

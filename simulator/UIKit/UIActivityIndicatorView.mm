@@ -1,5 +1,5 @@
 #import <UIKit/UIActivityIndicatorView.h>
-#import <UIKit/UIView+Layout.h>
+#import <UIKit/UIViewLayout.h>
 
 #include <objcxx/Retained.h>
 

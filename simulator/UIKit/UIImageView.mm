@@ -1,6 +1,6 @@
 #import <UIKit/UIImage+Sim.h>
 #import <UIKit/UIImageView+Sim.h>
-#import <UIKit/UIView+Layout.h>
+#import <UIKit/UIViewLayout.h>
 
 #include <objcxx/Retained.h>
 

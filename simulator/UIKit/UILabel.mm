@@ -4,7 +4,7 @@
 #import <UIKit/NSText+Sim.h>
 #import <UIKit/UIFont+Sim.h>
 #import <UIKit/UILabel.h>
-#import <UIKit/UIView+Layout.h>
+#import <UIKit/UIViewLayout.h>
 
 #include <objcxx/Retained.h>
 

@@ -5,7 +5,7 @@
 #import <UIKit/LayoutState.h>
 #import <UIKit/NSLayoutAnchor+Sim.h>
 #import <UIKit/UIScrollView.h>
-#import <UIKit/UIView+Layout.h>
+#import <UIKit/UIViewLayout.h>
 
 @implementation UILayoutGuide
 

@@ -1,6 +1,6 @@
 #import <UIKit/UIStackView.h>
 
-#import <UIKit/UIView+Layout.h>
+#import <UIKit/UIViewLayout.h>
 
 #include <objcxx/Retained.h>
 

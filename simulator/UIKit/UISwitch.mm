@@ -1,6 +1,6 @@
 #import <UIKit/UIControl+Sim.h>
 #import <UIKit/UISwitch+Sim.h>
-#import <UIKit/UIView+Layout.h>
+#import <UIKit/UIViewLayout.h>
 
 #include <objcxx/Retained.h>
 

@@ -3,7 +3,7 @@
 #import "UITableViewCellState.h"
 
 #import <UIKit/UIImageView+Sim.h>
-#import <UIKit/UIView+Layout.h>
+#import <UIKit/UIViewLayout.h>
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 
 #import <UIKit/UIFont.h>
 #import <UIKit/UILabel.h>
-#import <UIKit/UIView+Layout.h>
+#import <UIKit/UIViewLayout.h>
 #include <objcxx/Retained.h>
 
 #include <algorithm>

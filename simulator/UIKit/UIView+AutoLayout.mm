@@ -7,7 +7,7 @@
 #import <UIKit/UINavigationBar.h>
 #import <UIKit/UITableView.h>
 #import <UIKit/UITableViewHeaderFooterView.h>
-#import <UIKit/UIView+Layout.h>
+#import <UIKit/UIViewLayout.h>
 #import <UIKit/UIViewController.h>
 #import <UIKit/UIViewState.h>
 

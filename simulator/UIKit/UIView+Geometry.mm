@@ -1,5 +1,5 @@
 // Frames, bounds, conversion and autoresizing. Everything reads the stored rectangle, never an overridden `frame`.
-#import <UIKit/UIView+Layout.h>
+#import <UIKit/UIViewLayout.h>
 #import <UIKit/UIView+Sim.h>
 #import <UIKit/UIViewState.h>
 

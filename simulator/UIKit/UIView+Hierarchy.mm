@@ -2,7 +2,7 @@
 #import "LayoutProblem.h"
 
 #import <UIKit/UIResponder+Sim.h>
-#import <UIKit/UIView+Layout.h>
+#import <UIKit/UIViewLayout.h>
 #import <UIKit/UIView+Sim.h>
 #import <UIKit/UIViewState.h>
 

@@ -1,6 +1,6 @@
 // Margins, and the guides of what they and the safe area leave.
 #import <UIKit/LayoutState.h>
-#import <UIKit/UIView+Layout.h>
+#import <UIKit/UIViewLayout.h>
 #import <UIKit/UIViewController.h>
 #import <UIKit/UIViewState.h>
 

@@ -1,7 +1,7 @@
 #import <QuartzCore/CALayer+Sim.h>
 #import <UIKit/UIResponder+Sim.h>
 #import <UIKit/UIScreen.h>
-#import <UIKit/UIView+Layout.h>
+#import <UIKit/UIViewLayout.h>
 #import <UIKit/UIView+Sim.h>
 #import <UIKit/UIViewController+Sim.h>
 #import <UIKit/UIViewState.h>

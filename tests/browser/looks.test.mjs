@@ -102,7 +102,7 @@ test('Layers are drawn: gradients, shapes, masks, transforms, their own drawing,
 test('Texts are drawn in the fonts in which they were measured', async (t) => {
   const { page, stage, screen } = await show(t, 'LooksFonts');
   await page.evaluate(() => document.fonts.ready);
-  const labels = (await screen()).page.view.views;
+  const [{ views: labels }] = (await screen()).page.view.views;
   assert.deepEqual(labels.map((label) => `${label.fontFamily} ${label.fontWeight} ${label.italic}`), [
     'Liberation Sans 400 false', 'Liberation Sans 700 false', 'Liberation Serif 400 true', 'Liberation Mono 400 false',
     'Liberation Mono 700 false',

@@ -405,7 +405,8 @@ def parse_together(paths, arguments):
   while left:
     name = 'census.mm'
     text = ''.join(f'#include "{path}"\n' for path in left)
-    unit = index.parse(name, arguments, unsaved_files=[(name, text)])
+    # All errors: what comes after the last that is told is not parsed.
+    unit = index.parse(name, [*arguments, '-ferror-limit=0'], unsaved_files=[(name, text)])
     errors = [each for each in unit.diagnostics if each.severity >= 3]
     bad = set()
     for error in errors:

@@ -16,7 +16,8 @@ UMBRELLAS = ['UIKit/UIKit.h', 'Preferences/Preferences.h', 'NorvikAppList/Norvik
              'ImageIO/ImageIO.h', 'SafariServices/SafariServices.h', 'MessageUI/MessageUI.h',
              'LocalAuthentication/LocalAuthentication.h', 'AudioToolbox/AudioToolbox.h']
 FOLDERS = ['CoreFoundation', 'CoreGraphics', 'CoreImage', 'ImageIO', 'QuartzCore', 'Foundation', 'UIKit', 'Preferences',
-           'AppList', 'Services', 'SafariServices', 'MessageUI', 'LocalAuthentication', 'AudioToolbox', 'dispatch', 'Settings']
+           'AppList', 'Services', 'SafariServices', 'MessageUI', 'LocalAuthentication', 'AudioToolbox', 'dispatch',
+           'Settings']
 
 # A device does no more with these either than the simulator does. Each has its reason.
 KEPT = {
@@ -29,6 +30,21 @@ KEPT = {
     'CALayer.shouldRasterize': 'a hint for the sake of speed, without a look',
     'CIFilter.name': 'for the bundle to read back',
     'UIBarItem.tag': 'for the bundle to read back',
+    'NSURLSession.sessionDescription': 'for the bundle to read back',
+    'NSURLSessionTask.taskDescription': 'for the bundle to read back',
+    '-[UIPanGestureRecognizer setTranslation:inView:]': 'for translationInView:, which the bundle asks',
+    'PSFooterHyperlinkView.URL': 'for a touch of the link, which its button tells of',
+    'PSFooterHyperlinkView.action': 'for a touch of the link, which its button tells of',
+    'PSFooterHyperlinkView.target': 'for a touch of the link, which its button tells of',
+    '-[MFMailComposeViewController setBccRecipients:]': 'no account, no mail: none of these is ever made',
+    '-[MFMailComposeViewController setCcRecipients:]': 'no account, no mail: none of these is ever made',
+    '-[MFMailComposeViewController setMessageBody:isHTML:]': 'no account, no mail: none of these is ever made',
+    '-[MFMailComposeViewController setSubject:]': 'no account, no mail: none of these is ever made',
+    '-[MFMailComposeViewController setToRecipients:]': 'no account, no mail: none of these is ever made',
+    'MFMailComposeViewController.mailComposeDelegate': 'no account, no mail: none of these is ever made',
+    'MFMessageComposeViewController.body': 'no account, no messages: none of these is ever made',
+    'MFMessageComposeViewController.messageComposeDelegate': 'no account, no messages: none of these is ever made',
+    'MFMessageComposeViewController.recipients': 'no account, no messages: none of these is ever made',
     'NSLayoutConstraint.shouldBeArchived': 'for the bundle to read back',
     'NSLayoutConstraint.identifier': 'for its description, as in the log of constraints that contradict each other',
     'UIView.multipleTouchEnabled': 'there is one finger',

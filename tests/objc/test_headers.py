@@ -107,8 +107,9 @@ class Headers(unittest.TestCase):
         self.check_each_alone("Objective-C++ of our own")
 
     def test_frameworks_are_imported_as_modules(self):
-        modules = """Foundation CoreFoundation CoreGraphics CoreImage ImageIO QuartzCore UIKit Preferences SafariServices
-            MessageUI LocalAuthentication AudioToolbox FrontBoardServices SpringBoardServices MobileCoreServices""".split()
+        modules = """Foundation CoreFoundation CoreGraphics CoreImage ImageIO QuartzCore UIKit Preferences
+            SafariServices MessageUI LocalAuthentication AudioToolbox FrontBoardServices SpringBoardServices
+            MobileCoreServices""".split()
         use = "UIView *view(PSListController *page) { return CGRectIsEmpty(page.view.frame) ? nil : page.table; }"
         text = "".join(f"@import {name};\n" for name in modules) + use
         with tempfile.TemporaryDirectory() as cache:

@@ -14,7 +14,7 @@ CPP = {".cpp", ".hpp", ".h", ".mm"}
 FOREIGN = {".c": ".cpp", ".cc": ".cpp", ".cxx": ".cpp", ".m": ".mm", ".M": ".mm", ".hh": ".hpp", ".hxx": ".hpp",
            ".cjs": ".js", ".jsx": ".js", ".ts": ".js"}  # fmt: skip
 # Sources as makers write them.
-MAKERS = (Path("tests/objc"), Path("samples/bundles"), Path("samples/widgets/Hello"))
+MAKERS = (Path("tests/objc"), Path("samples/bundles"), Path("samples/widgets/Hello"), Path("samples/widgets/Dial"))
 # Compiled as makers' code, whose handlers simulator/objc/ serves: that they work is what it tests.
 CATCHES_CPP = {"tests/objc/ExceptionTests.mm"}
 # Characters in a line. clang-format and eslint keep those of their languages.

@@ -18,7 +18,7 @@
                    return each.cellType != PSGroupCell && [each.name localizedCaseInsensitiveContainsString:self->_sought];
                  }]];
     }
-    _specifiers = all;
+    _specifiers = [all mutableCopy];
   }
   return _specifiers;
 }
@@ -32,24 +32,14 @@
   self.navigationItem.searchController = search;
   self.navigationItem.hidesSearchBarWhenScrolling = NO;
 
-  __weak typeof(self) weakSelf = self;
-  UIAction *reset = [UIAction actionWithTitle:@"Reset"
-                                        image:[UIImage systemImageNamed:@"arrow.counterclockwise"]
-                                   identifier:nil
-                                      handler:^(UIAction *action) {
-                                        [TidelineSettings.shared removeAll];
-                                        [weakSelf reload];
-                                      }];
-  UIAction *respring = [UIAction actionWithTitle:@"Respring"
-                                           image:[UIImage systemImageNamed:@"arrow.clockwise"]
-                                      identifier:nil
-                                         handler:^(UIAction *action) {
-                                           [weakSelf respring];
-                                         }];
   self.navigationItem.rightBarButtonItem =
       [[UIBarButtonItem alloc] initWithImage:[UIImage systemImageNamed:@"ellipsis.circle"]
-                                        menu:[UIMenu menuWithTitle:@"" children:@[ reset, respring ]]];
+                                       style:UIBarButtonItemStylePlain
+                                      target:self
+                                      action:@selector(showMore)];
+  self.navigationItem.rightBarButtonItem.accessibilityLabel = @"More";
 
+  __weak typeof(self) weakSelf = self;
   _header = [[TidelineHeaderView alloc] initWithFrame:CGRectZero];
   _header.onTap = ^{
     [weakSelf chooseColour];
@@ -113,6 +103,26 @@
   CFPreferencesAppSynchronize(CFSTR("org.example.tideline.shared"));
   return CFBridgingRelease(CFPreferencesCopyAppValue((__bridge CFStringRef)specifier.properties[@"key"],
                                                      CFSTR("org.example.tideline.shared"))) ?: @NO;
+}
+
+- (void)showMore {
+  UIAlertController *sheet = [UIAlertController alertControllerWithTitle:nil
+                                                                 message:nil
+                                                          preferredStyle:UIAlertControllerStyleActionSheet];
+  [sheet addAction:[UIAlertAction actionWithTitle:@"Reset"
+                                            style:UIAlertActionStyleDestructive
+                                          handler:^(UIAlertAction *action) {
+                                            [TidelineSettings.shared removeAll];
+                                            [self reload];
+                                          }]];
+  [sheet addAction:[UIAlertAction actionWithTitle:@"Respring"
+                                            style:UIAlertActionStyleDefault
+                                          handler:^(UIAlertAction *action) {
+                                            [self respring];
+                                          }]];
+  [sheet addAction:[UIAlertAction actionWithTitle:@"Cancel" style:UIAlertActionStyleCancel handler:nil]];
+  sheet.popoverPresentationController.barButtonItem = self.navigationItem.rightBarButtonItem;
+  [self presentViewController:sheet animated:YES completion:nil];
 }
 
 - (void)chooseColour {

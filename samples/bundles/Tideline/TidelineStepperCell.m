@@ -31,7 +31,10 @@
                                                     options:NSLayoutFormatAlignAllCenterY
                                                     metrics:nil
                                                       views:views]];
-    [_stepper.centerYAnchor constraintEqualToAnchor:self.contentView.centerYAnchor].active = YES;
+    [NSLayoutConstraint activateConstraints:[NSLayoutConstraint constraintsWithVisualFormat:@"V:|-6-[_stepper]-6-|"
+                                                                                    options:0
+                                                                                    metrics:nil
+                                                                                      views:views]];
   }
   return self;
 }

@@ -1,6 +1,7 @@
 #import "Settings/views/Views.h"
 
 #import <UIKit/UIControl+Sim.h>
+#import <UIKit/UISearchController.h>
 #import <UIKit/UITableView+Sim.h>
 #import <UIKit/UIView+Sim.h>
 
@@ -190,7 +191,8 @@ std::string idOf(UIView *view) { return ElementId{ElementKind::kView, numberOf(v
 
 UIView *viewOnPage(UIViewController *page, std::uint32_t number) {
   UITableView *table = tableOf(page);
-  for (UIView *view : {[page view], [table tableHeaderView], [table tableFooterView]}) {
+  UIView *searchBar = [[[page navigationItem] searchController] searchBar];
+  for (UIView *view : {[page view], [table tableHeaderView], [table tableFooterView], searchBar}) {
     if (UIView *found = shownView(view, number)) return found;
   }
   for (NSInteger section = 0; section < [table numberOfSections]; ++section) {

@@ -13,13 +13,14 @@ const plainWeight = 400;
 
 /** What a row shows and does: a control, a button, a custom cell, or plain text. `header` is its section's. */
 export function RowBody({ row, header, isChoice, tap, tapAccessory, tapButton }) {
-  if (row.control) return html`<${ControlRow} row=${row} header=${header} />`;
   const isCustom = row.views?.length > 0;
+  const views = isCustom && html`<${CustomViews} views=${row.views} on="cell" />`;
+  if (row.control) return html`<${ControlRow} row=${row} header=${header} />${views}`;
   return html`
     <${Tappable} row=${row} isChoice=${isChoice} tap=${tap}>
       ${row.image && html`<${RowPicture} row=${row} />`}
       ${!(isCustom && !row.label) && html`<${Texts} row=${row} />`}
-      ${isCustom && html`<${CustomViews} views=${row.views} on="cell" />`}
+      ${views}
       ${row.accessoryView
         ? html`<${InlineView} view=${row.accessoryView} on="cell" name="accessory-view" />`
         : html`<${AccessorySymbol} kind=${row.accessory} tint=${row.tintColor} />`}

@@ -86,6 +86,28 @@ TEST_F(MakersFoundationTest, TextsAreMatchedAndArraysFiltered) {
   EXPECT_OBJC_EQ([rows valueForKeyPath:@"@max.n"], @2);
 }
 
+/// The block lies on this function's stack.
+__attribute__((noinline)) NSPredicate *longerThan(NSUInteger length) {
+  return [NSPredicate predicateWithBlock:^BOOL(NSString *text, NSDictionary *bindings) {
+    return [text length] > length + [[bindings objectForKey:@"MORE"] unsignedIntegerValue];
+  }];
+}
+
+TEST_F(MakersFoundationTest, APredicateKeepsItsBlock) {
+  NSPredicate *predicate = longerThan(2);
+  const auto other = longerThan(30);
+  EXPECT_TRUE([predicate evaluateWithObject:@"four"]);
+  EXPECT_FALSE([predicate evaluateWithObject:@"it"]);
+  EXPECT_FALSE([other evaluateWithObject:@"four"]);
+  NSDictionary *more = @{@"MORE" : @2};
+  EXPECT_FALSE([predicate evaluateWithObject:@"four" substitutionVariables:more]);
+  EXPECT_FALSE([[predicate predicateWithSubstitutionVariables:more] evaluateWithObject:@"four"]);
+  EXPECT_EQ([[predicate copy] autorelease], predicate);
+  EXPECT_TRUE([[predicate predicateFormat] hasPrefix:@"BLOCKPREDICATE("]);
+  NSPredicate *both = [NSCompoundPredicate andPredicateWithSubpredicates:@[ predicate, other ]];
+  EXPECT_FALSE([both evaluateWithObject:@"four"]);
+}
+
 TEST_F(MakersFoundationTest, TheSystemSaysItsVersion) {
   const NSOperatingSystemVersion version = [[NSProcessInfo processInfo] operatingSystemVersion];
   EXPECT_EQ(version.majorVersion, 16);

@@ -58,8 +58,7 @@ function SearchBar({ row, name }) {
           }}>✕</button>`}
       </span>
       ${control.cancelButton && html`
-        <button type="button" class="search-cancel" style=${{ color: cssColor(control.tintColor) }} onClick=${cancel}>
-          Cancel</button>`}
+        <button type="button" class="search-cancel" onClick=${cancel}>Cancel</button>`}
     </div>`;
 }
 

@@ -42,7 +42,8 @@ export function textOf(view) {
 }
 
 /**
- * `isDepicted`: the view is part of one that is told as a whole, so a picture, and its texts keep their colours.
+ * `isDepicted`: the view is part of one that is told as a whole, so a picture, or lies on what layers draw; its texts
+ * keep their colours.
  * `shift`: what of the coordinates that it lies in begins outside of the view around it.
  */
 function View({ view, background, isDepicted, shift }) {
@@ -61,7 +62,8 @@ function View({ view, background, isDepicted, shift }) {
   });
   const names = view.control ? {} : namesOf(view);
   const Content = view.control ? ControlView : contents[view.type];
-  const depicts = isDepicted || Boolean(names.role);
+  const isPainted = gradient || view.layer?.contents || view.views?.some(({ type }) => type === 'layer');
+  const depicts = isDepicted || Boolean(names.role || isPainted);
   const origin = view.boundsOrigin ?? undefined;
   const children = (view.views ?? []).map((child, at) => html`
     <${View} key=${at} view=${child} background=${below} isDepicted=${depicts} shift=${origin} />`);

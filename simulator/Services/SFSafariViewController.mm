@@ -4,9 +4,7 @@
 
 namespace {
 
-void drawsNone(NSString *what) {
-  sim::notCarried([@"SFSafariViewController." stringByAppendingString:what], @"the page is shown by its host's name.");
-}
+NSString *const kInstead = @"the page is shown by its host's name.";
 
 }  // namespace
 
@@ -22,12 +20,12 @@ void drawsNone(NSString *what) {
 
 - (void)setEntersReaderIfAvailable:(BOOL)enters {
   _entersReaderIfAvailable = enters;
-  if (enters) drawsNone(@"configuration.entersReaderIfAvailable");
+  if (enters) sim::notCarried(@"SFSafariViewController.configuration.entersReaderIfAvailable", kInstead);
 }
 
 - (void)setBarCollapsingEnabled:(BOOL)enabled {
   _barCollapsingEnabled = enabled;
-  if (!enabled) drawsNone(@"configuration.barCollapsingEnabled");
+  if (!enabled) sim::notCarried(@"SFSafariViewController.configuration.barCollapsingEnabled", kInstead);
 }
 
 - (id)copyWithZone:(NSZone *)zone {
@@ -75,19 +73,20 @@ void drawsNone(NSString *what) {
 }
 
 - (void)setPreferredBarTintColor:(UIColor *)color {
-  if (color) drawsNone(@"preferredBarTintColor");
+  if (color) sim::notCarried(@"SFSafariViewController.preferredBarTintColor", kInstead);
   [_preferredBarTintColor autorelease];
   _preferredBarTintColor = [color retain];
 }
 
 - (void)setPreferredControlTintColor:(UIColor *)color {
-  if (color) drawsNone(@"preferredControlTintColor");
+  if (color) sim::notCarried(@"SFSafariViewController.preferredControlTintColor", kInstead);
   [_preferredControlTintColor autorelease];
   _preferredControlTintColor = [color retain];
 }
 
 - (void)setDismissButtonStyle:(SFSafariViewControllerDismissButtonStyle)style {
-  if (style != SFSafariViewControllerDismissButtonStyleDone) drawsNone(@"dismissButtonStyle");
+  if (style != SFSafariViewControllerDismissButtonStyleDone)
+    sim::notCarried(@"SFSafariViewController.dismissButtonStyle", kInstead);
   _dismissButtonStyle = style;
 }
 
