@@ -37,6 +37,9 @@ struct Replaced {
   }
 
   static void install(Class theClass) {
+    // The dispatch table that classes share until something is asked of them must not be the one that is written to:
+    // the first message of a block, or of whatever else was made without one, would find these methods in it.
+    class_getMethodImplementation(theClass, sel_registerName("release"));
     release = replace(theClass, sel_registerName("release"), releaseAndForget);
     dealloc = replace(theClass, sel_registerName("dealloc"), forgetAndDealloc);
   }
