@@ -7,6 +7,8 @@
 #include <dlfcn.h>
 #import <objc/runtime.h>
 
+#import "objc/ReplaceMethod.h"
+
 #include <string_view>
 
 namespace {
@@ -100,14 +102,11 @@ id stringsFile(id self, SEL selector) {
 }
 
 template <typename Implementation>
-Implementation replace(SEL selector, Implementation implementation,
-                       Method (*find)(Class, SEL) = class_getInstanceMethod, const char *kind = "NSBundle") {
+Implementation replace(SEL selector, Implementation implementation, bool isOfClass = false,
+                       const char *kind = "NSBundle") {
   // Without a message to the class: that would start Foundation before its defaults are set.
-  Method method = find((Class)objc_getClass(kind), selector);
-  // Every implementation is stored as a function of any arguments; the way there and back leads over void *.
-  void *previous = reinterpret_cast<void *>(
-      method_setImplementation(method, reinterpret_cast<IMP>(reinterpret_cast<void *>(implementation))));
-  return reinterpret_cast<Implementation>(previous);
+  id found = objc_getClass(kind);
+  return sim::replaceMethod(isOfClass ? object_getClass(found) : (Class)found, selector, implementation);
 }
 
 }  // namespace
@@ -122,9 +121,8 @@ Implementation replace(SEL selector, Implementation implementation,
   originalLoad = replace(@selector(load), load);
   originalInitWithPath = replace(@selector(initWithPath:), initWithPath);
   originalPathForResource = replace(@selector(pathForResource:ofType:inDirectory:), pathForResource);
-  originalStringsFile =
-      replace(@selector(propertyListFromStringsFileFormat), stringsFile, class_getInstanceMethod, "NSString");
-  originalBundleForClass = replace(@selector(bundleForClass:), bundleForClass, class_getClassMethod);
+  originalStringsFile = replace(@selector(propertyListFromStringsFileFormat), stringsFile, false, "NSString");
+  originalBundleForClass = replace(@selector(bundleForClass:), bundleForClass, true);
 }
 
 + (void)sim_refuseBundleAtPath:(NSString *)path because:(NSString *)reason {

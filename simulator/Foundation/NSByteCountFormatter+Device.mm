@@ -2,6 +2,8 @@
 #import <Foundation/Foundation.h>
 #import <objc/runtime.h>
 
+#import "objc/ReplaceMethod.h"
+
 #include <array>
 #include <cmath>
 #include <cstdlib>
@@ -52,9 +54,7 @@ NSString *withoutTrailingZeros(NSString *number) {
 @implementation NSByteCountFormatter (Device)
 
 + (void)load {
-  Method method = class_getInstanceMethod((Class)objc_getClass("NSByteCountFormatter"), @selector(init));
-  originalInit = reinterpret_cast<Init>(reinterpret_cast<void *>(
-      method_setImplementation(method, reinterpret_cast<IMP>(reinterpret_cast<void *>(initWithDefaults)))));
+  originalInit = sim::replaceMethod((Class)objc_getClass("NSByteCountFormatter"), @selector(init), initWithDefaults);
 }
 
 - (NSString *)stringFromByteCount:(long long)count {

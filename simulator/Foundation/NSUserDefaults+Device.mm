@@ -6,6 +6,8 @@
 
 #import <objc/runtime.h>
 
+#import "objc/ReplaceMethod.h"
+
 namespace {
 
 using sim::applicationIdentifier;
@@ -137,10 +139,7 @@ void removeSuite(id, SEL, NSString *name) {
 template <typename Implementation>
 Implementation replace(SEL selector, Implementation implementation) {
   // Without a message to the class: that would start Foundation before its defaults are set.
-  Method method = class_getInstanceMethod((Class)objc_getClass("NSUserDefaults"), selector);
-  void *previous = reinterpret_cast<void *>(
-      method_setImplementation(method, reinterpret_cast<IMP>(reinterpret_cast<void *>(implementation))));
-  return reinterpret_cast<Implementation>(previous);
+  return sim::replaceMethod((Class)objc_getClass("NSUserDefaults"), selector, implementation);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <objc/runtime.h>
 
 #import "AssociatedObjects.h"
+#import "ReplaceMethod.h"
 #import "WeakReferences.h"
 
 namespace {
@@ -37,18 +38,8 @@ struct Replaced {
   }
 
   static void install(Class theClass) {
-    // The dispatch table that classes share until something is asked of them must not be the one that is written to:
-    // the first message of a block, or of whatever else was made without one, would find these methods in it.
-    class_getMethodImplementation(theClass, sel_registerName("release"));
-    release = replace(theClass, sel_registerName("release"), releaseAndForget);
-    dealloc = replace(theClass, sel_registerName("dealloc"), forgetAndDealloc);
-  }
-
-  static Implementation replace(Class theClass, SEL selector, Implementation method) {
-    using Function = void (*)(void);
-    IMP replaced = method_setImplementation(class_getInstanceMethod(theClass, selector),
-                                            reinterpret_cast<IMP>(reinterpret_cast<Function>(method)));
-    return reinterpret_cast<Implementation>(reinterpret_cast<Function>(replaced));
+    release = sim::replaceMethod(theClass, sel_registerName("release"), releaseAndForget);
+    dealloc = sim::replaceMethod(theClass, sel_registerName("dealloc"), forgetAndDealloc);
   }
 };
 
