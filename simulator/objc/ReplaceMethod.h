@@ -7,7 +7,7 @@ namespace sim {
 
 /// Puts `implementation` in the place of the method that instances of `owner` have for `selector`, of its own or of a
 /// superclass, which then has it too. For a method of the class itself `owner` is the metaclass. The former
-/// implementation; nil, and nothing is changed, when there is none.
+/// implementation; null, and nothing is changed, when there is none.
 ///
 /// Sends no message and so starts no class. The runtime's own method_setImplementation writes to the dispatch table of
 /// the class, which is one that all classes share until the first message: they would all have the method.

@@ -20,7 +20,7 @@ struct MethodEntry {
 
 IMP sim::replaceMethod(Class owner, SEL selector, IMP implementation) {
   Method method = class_getInstanceMethod(owner, selector);
-  if (!method) return nil;
+  if (!method) return nullptr;
   IMP former = std::exchange(reinterpret_cast<MethodEntry *>(method)->implementation, implementation);
   Class implementing = owner;
   while (class_getInstanceMethod(class_getSuperclass(implementing), selector) == method) {
