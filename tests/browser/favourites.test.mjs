@@ -55,7 +55,9 @@ test('The installed apps come with names, identifiers and shadowed icons, and no
   const filter = await rowOf(page, 'Calendar').locator('.row-picture').evaluate((element) => getComputedStyle(element).filter);
   assert.match(filter, /^drop-shadow\(.*\b0\.3\) 0px 1px 0\.5px\)$/);
   const { page: { sections } } = await api('GET', '/api/screen');
-  assert.deepEqual(sections[1].rows[0].imageStyle.shadow, { color: '#808080ff', x: 0, y: 1, opacity: 0.3, radius: 1 });
+  assert.deepEqual(sections[1].rows[0].imageStyle.shadow, {
+    color: '#808080ff', x: 0, y: 1, opacity: 0.3, radius: 1, path: null,
+  });
 });
 
 test('A tap enables an app at the end, another tap disables it at the end', async (t) => {
