@@ -1,6 +1,7 @@
 // Who is told of a finger, and in what order: recognisers first, then the touched view.
 #pragma once
 
+#import <UIKit/TouchDelivery.h>
 #import <UIKit/UIGestureRecognizer.h>
 #import <UIKit/UITouch.h>
 #import <UIKit/UIView.h>
@@ -54,15 +55,6 @@ class TouchDispatch final {
   void ring();
 
  private:
-  /// What the touched view is told of a finger. It may hear of its end only when that is lifted and down again.
-  struct Delivery {
-    objcxx::Retained<UITouch> touch;
-    objcxx::Retained<UIView> view;
-    bool began = false;    ///< The view has heard of the beginning.
-    bool lifted = false;   ///< The finger is.
-    bool dropped = false;  ///< A recogniser has taken the touch: the view hears no more of it.
-    bool ended = false;    ///< The view has heard of the end.
-  };
   struct Finger {
     objcxx::Retained<UITouch> touch;
     std::vector<objcxx::Retained<UIGestureRecognizer>> told;
@@ -97,14 +89,12 @@ class TouchDispatch final {
   void forgetFinished();
 
   void deliver(SEL phase);
-  bool isDelayed(const Delivery &delivery, bool atItsEnd) const;
-  void takeFromView(UIGestureRecognizer *recognizer);
   /// Grants and delivers until nobody asks for more; `phase` is what the touched view hears besides, if anything.
   void finish(SEL phase);
 
   std::optional<Finger> finger_;
   std::vector<objcxx::Retained<UIGestureRecognizer>> active_;  ///< Those in an attempt, the deepest view's first.
-  std::vector<Delivery> deliveries_;
+  TouchDelivery delivery_;
   Tap tap_;
   objcxx::Retained<NSTimer> alarm_;
   NSTimeInterval skipped_ = 0;

@@ -1,6 +1,7 @@
 #import <UIKit/TouchDispatch.h>
 
 #import <UIKit/GestureMeasures.h>
+#import <UIKit/GestureRules.h>
 #import <UIKit/GestureState.h>
 #import <UIKit/UITapGestureRecognizer.h>
 #import <UIKit/UITouch+Sim.h>
@@ -33,66 +34,6 @@ constexpr int kMostRounds = 1000;
 bool isIn(const Recognizers &recognizers, UIGestureRecognizer *recognizer) {
   return std::ranges::any_of(recognizers, [&](const auto &each) { return each.get() == recognizer; });
 }
-
-/// Whether `one` has to see `other` fail before it is recognised.
-bool requiresFailure(UIGestureRecognizer *one, UIGestureRecognizer *other) {
-  if (isIn([one sim_state].required, other)) return true;
-  if ([one shouldRequireFailureOfGestureRecognizer:other]) return true;
-  if ([other shouldBeRequiredToFailByGestureRecognizer:one]) return true;
-  id<UIGestureRecognizerDelegate> own = [one delegate];
-  if ([own respondsToSelector:@selector(gestureRecognizer:shouldRequireFailureOfGestureRecognizer:)] &&
-      [own gestureRecognizer:one shouldRequireFailureOfGestureRecognizer:other]) {
-    return true;
-  }
-  id<UIGestureRecognizerDelegate> theirs = [other delegate];
-  return [theirs respondsToSelector:@selector(gestureRecognizer:shouldBeRequiredToFailByGestureRecognizer:)] &&
-         [theirs gestureRecognizer:other shouldBeRequiredToFailByGestureRecognizer:one];
-}
-
-bool letsBoth(UIGestureRecognizer *asked, UIGestureRecognizer *other) {
-  id<UIGestureRecognizerDelegate> delegate = [asked delegate];
-  const SEL question = @selector(gestureRecognizer:shouldRecognizeSimultaneouslyWithGestureRecognizer:);
-  return [delegate respondsToSelector:question] && [delegate gestureRecognizer:asked
-                                                       shouldRecognizeSimultaneouslyWithGestureRecognizer:other];
-}
-
-/// Whether `one`, recognised, is the end of `other`.
-bool prevents(UIGestureRecognizer *one, UIGestureRecognizer *other) {
-  if (requiresFailure(other, one)) return true;
-  if (letsBoth(one, other) || letsBoth(other, one)) return false;
-  return [one canPreventGestureRecognizer:other] && [other canBePreventedByGestureRecognizer:one];
-}
-
-bool receives(UIGestureRecognizer *recognizer, UITouch *touch, UIEvent *event) {
-  const GestureState &gesture = [recognizer sim_state];
-  if (!gesture.enabled || isOver(gesture) || gesture.recognised || gesture.waits) return false;
-  if (![gesture.touchTypes.get() containsObject:[NSNumber numberWithInteger:[touch type]]]) return false;
-  if (![recognizer shouldReceiveEvent:event]) return false;
-  id<UIGestureRecognizerDelegate> delegate = gesture.delegate;
-  if ([delegate respondsToSelector:@selector(gestureRecognizer:shouldReceiveEvent:)] &&
-      ![delegate gestureRecognizer:recognizer shouldReceiveEvent:event]) {
-    return false;
-  }
-  return ![delegate respondsToSelector:@selector(gestureRecognizer:shouldReceiveTouch:)] ||
-         [delegate gestureRecognizer:recognizer shouldReceiveTouch:touch];
-}
-
-/// Whether its delegate and the views that it would take the touch from let it begin.
-bool mayBegin(UIGestureRecognizer *recognizer) {
-  const GestureState &gesture = [recognizer sim_state];
-  if ([gesture.delegate respondsToSelector:@selector(gestureRecognizerShouldBegin:)] &&
-      ![gesture.delegate gestureRecognizerShouldBegin:recognizer]) {
-    return false;
-  }
-  if (!gesture.cancelsTouches) return true;
-  for (UIView *view = [gesture.touch.get() view]; view; view = [view superview]) {
-    if (![view gestureRecognizerShouldBegin:recognizer]) return false;
-    if (view == gesture.view) break;
-  }
-  return true;
-}
-
-objcxx::Retained<UIEvent> eventOf(UITouch *touch) { return objcxx::adopt([[UIEvent alloc] sim_initWithTouch:touch]); }
 
 }  // namespace
 
@@ -180,7 +121,7 @@ void TouchDispatch::guarded(Body body) {
 void TouchDispatch::abandon() {
   const Recognizers active = std::move(active_);
   active_.clear();
-  deliveries_.clear();
+  delivery_.clear();
   finger_.reset();
   for (const auto &each : active) {
     GestureState &gesture = [each.get() sim_state];
@@ -205,7 +146,7 @@ void TouchDispatch::begin(UIView *view, CGPoint location, NSTimeInterval time) {
                                                                 time:lastTime_
                                                             tapCount:tap_.count]);
     finger_ = Finger{touch, {}};
-    deliveries_.push_back({touch, kept});
+    delivery_.add(touch, kept);
     gather(view, touch.get());
     tell(@selector(touchesBegan:withEvent:));
     finish(nullptr);
@@ -248,9 +189,7 @@ void TouchDispatch::liftFinger(UITouchPhase phase, SEL tells) {
   [touch.get() sim_setPhase:phase];
   tell(tells);
   grantAll();
-  for (Delivery &each : deliveries_) {
-    if (each.touch.get() == touch.get()) each.lifted = true;
-  }
+  delivery_.lift(touch.get());
   if (phase == UITouchPhaseCancelled) deliver(tells);
   finger_.reset();
   finish(nullptr);
@@ -267,7 +206,7 @@ void TouchDispatch::liftFinger(UITouchPhase phase, SEL tells) {
 
 /// The recognisers of the touched view and of those above it, the deepest first.
 void TouchDispatch::gather(UIView *view, UITouch *touch) {
-  const auto event = eventOf(touch);
+  const auto event = touchEvent(touch);
   NSMutableArray *told = [NSMutableArray array];
   for (UIView *each = view; each; each = [each superview]) {
     for (UIGestureRecognizer *recognizer in [each gestureRecognizers]) {
@@ -283,7 +222,7 @@ void TouchDispatch::gather(UIView *view, UITouch *touch) {
 
 void TouchDispatch::tell(SEL phase) {
   const auto touch = finger_->touch;
-  const auto event = eventOf(touch.get());
+  const auto event = touchEvent(touch.get());
   for (const auto &each : Recognizers(finger_->told)) {
     const GestureState &gesture = [each.get() sim_state];
     if (isOver(gesture) || gesture.touch.get() != touch.get()) continue;
@@ -410,7 +349,7 @@ bool TouchDispatch::recognise(UIGestureRecognizer *recognizer) {
     if (each.get() == recognizer || other.recognised || isOver(other)) continue;
     if (prevents(recognizer, each.get())) fail(each.get());
   }
-  if (gesture.cancelsTouches) takeFromView(recognizer);
+  if (gesture.cancelsTouches) delivery_.takeFromViews(recognizer, finger_ ? finger_->touch.get() : nil);
   return true;
 }
 
@@ -439,59 +378,14 @@ void TouchDispatch::forgetFinished() {
 
 #pragma mark - The touched view
 
-bool TouchDispatch::isDelayed(const Delivery &delivery, bool atItsEnd) const {
-  return std::ranges::any_of(active_, [&](const auto &each) {
-    const GestureState &gesture = [each.get() sim_state];
-    return (atItsEnd ? gesture.delaysEnded : gesture.delaysBegan) && isPending(each.get()) &&
-           [[delivery.touch.get() gestureRecognizers] containsObject:each.get()];
-  });
-}
-
 void TouchDispatch::deliver(SEL phase) {
-  const auto send = [](const Delivery &to, SEL what, UITouchPhase as) {
-    const auto kept = to;
-    const UITouchPhase was = [kept.touch.get() phase];
-    [kept.touch.get() sim_setPhase:as];
-    [kept.view.get() performSelector:what
-                          withObject:[NSSet setWithObject:kept.touch.get()]
-                          withObject:eventOf(kept.touch.get()).get()];
-    [kept.touch.get() sim_setPhase:was];
-  };
-  const bool isCancelled = phase && sel_isEqual(phase, @selector(touchesCancelled:withEvent:));
-  for (std::size_t index = 0; index < deliveries_.size(); ++index) {
-    if (deliveries_[index].dropped || deliveries_[index].ended) continue;
-    if (isCancelled) {
-      deliveries_[index].dropped = true;
-      if (deliveries_[index].began) send(deliveries_[index], phase, UITouchPhaseCancelled);
-      continue;
-    }
-    const bool wasBegun = deliveries_[index].began;
-    if (!wasBegun) {
-      if (isDelayed(deliveries_[index], false)) continue;
-      deliveries_[index].began = true;
-      send(deliveries_[index], @selector(touchesBegan:withEvent:), UITouchPhaseBegan);
-    } else if (phase && !deliveries_[index].lifted) {
-      send(deliveries_[index], phase, UITouchPhaseMoved);
-    }
-    const Delivery &now = deliveries_[index];
-    if (now.dropped || !now.lifted || isDelayed(now, true)) continue;
-    deliveries_[index].ended = true;
-    send(deliveries_[index], @selector(touchesEnded:withEvent:), UITouchPhaseEnded);
-  }
-  std::erase_if(deliveries_, [](const Delivery &each) { return each.dropped || each.ended; });
-}
-
-void TouchDispatch::takeFromView(UIGestureRecognizer *recognizer) {
-  for (std::size_t index = 0; index < deliveries_.size(); ++index) {
-    Delivery &each = deliveries_[index];
-    if (each.dropped || each.ended || ![[each.touch.get() gestureRecognizers] containsObject:recognizer]) continue;
-    each.dropped = true;
-    if (!each.began) continue;
-    const auto kept = each;
-    [kept.touch.get() sim_setPhase:UITouchPhaseCancelled];
-    [kept.view.get() touchesCancelled:[NSSet setWithObject:kept.touch.get()] withEvent:eventOf(kept.touch.get()).get()];
-    if (finger_ && finger_->touch.get() == kept.touch.get()) [kept.touch.get() sim_setPhase:UITouchPhaseMoved];
-  }
+  delivery_.deliver(phase, [this](UITouch *touch, bool atItsEnd) {
+    return std::ranges::any_of(active_, [&](const auto &each) {
+      const GestureState &gesture = [each.get() sim_state];
+      return (atItsEnd ? gesture.delaysEnded : gesture.delaysBegan) && isPending(each.get()) &&
+             [[touch gestureRecognizers] containsObject:each.get()];
+    });
+  });
 }
 
 void TouchDispatch::finish(SEL phase) {
