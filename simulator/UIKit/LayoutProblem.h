@@ -1,4 +1,4 @@
-// From constraints to equations, and from their solution to rectangles.
+// Problems of layout, and the rectangles that come of their solutions.
 //
 // What hangs together by constraints is one problem, which is made and solved when one of its views is laid out: views
 // and guides that constraints place are its unknowns, everything else is a constant. Making a problem is cheap, so that
@@ -37,6 +37,17 @@ bool constraintsSayHeight(UIView *view);
 
 /// Something that layout may depend on has changed.
 void layoutInputsChanged();
+/// The same, of where a view lies. While views are laid out it counts only for those whose place an equation has as a
+/// number: those that a solution has moved are its unknowns, and need not be solved again for that.
+void layoutInputsMoved(UIView *view);
+/// As long as there is one, views are being laid out.
+class LayoutPass final {
+ public:
+  LayoutPass();
+  ~LayoutPass();
+  LayoutPass(const LayoutPass &) = delete;
+  LayoutPass &operator=(const LayoutPass &) = delete;
+};
 /// The same, of the item: what is placed together with it is laid out anew.
 void layoutInputsChanged(LayoutItem &item);
 /// How often views were found to lie elsewhere than they should, which makes their superviews need layout.

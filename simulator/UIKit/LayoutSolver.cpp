@@ -1,285 +1,15 @@
 #include "LayoutSolver.hpp"
 
+#include <UIKit/LayoutReduction.hpp>
+#include <UIKit/LayoutTableau.hpp>
+
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <numeric>
-#include <optional>
 #include <tuple>
 
 namespace sim {
 namespace {
-
-constexpr double kZero = 1e-10;      // What is smaller in a coefficient is rounding.
-constexpr double kTolerance = 1e-7;  // Points, or points of error saved for each point.
-
-/// A sum of columns and a constant. `terms` are sorted by column.
-struct Row {
-  int basic = -1;  ///< The column that the row is the value of.
-  double constant = 0;
-  std::vector<LayoutTerm> terms;
-
-  double coefficient(int column) const {
-    const auto at = std::lower_bound(terms.begin(), terms.end(), column,
-                                     [](const LayoutTerm& term, int wanted) { return term.variable < wanted; });
-    return at != terms.end() && at->variable == column ? at->coefficient : 0;
-  }
-};
-
-/// `target` + `factor` × `other`, without `dropped`.
-void addTo(Row& target, double factor, const Row& other, int dropped) {
-  thread_local std::vector<LayoutTerm> sum;
-  sum.clear();
-  const auto keep = [&](int column, double coefficient) {
-    if (column != dropped && std::abs(coefficient) > kZero) sum.push_back({column, coefficient});
-  };
-  auto own = target.terms.begin();
-  auto others = other.terms.begin();
-  while (own != target.terms.end() || others != other.terms.end()) {
-    if (others == other.terms.end() || (own != target.terms.end() && own->variable < others->variable)) {
-      keep(own->variable, own->coefficient);
-      ++own;
-    } else if (own == target.terms.end() || others->variable < own->variable) {
-      keep(others->variable, factor * others->coefficient);
-      ++others;
-    } else {
-      keep(own->variable, own->coefficient + factor * others->coefficient);
-      ++own, ++others;
-    }
-  }
-  target.terms.swap(sum);
-  target.constant += factor * other.constant;
-}
-
-/// Makes `column`, one of the row's terms, what the row is the value of.
-void solveFor(Row& row, int column) {
-  const double factor = -1 / row.coefficient(column);
-  std::erase_if(row.terms, [column](const LayoutTerm& term) { return term.variable == column; });
-  for (LayoutTerm& term : row.terms) term.coefficient *= factor;
-  row.constant *= factor;
-  if (row.basic >= 0) {
-    const LayoutTerm former{row.basic, -factor};
-    row.terms.insert(std::upper_bound(row.terms.begin(), row.terms.end(), former,
-                                      [](const auto& a, const auto& b) { return a.variable < b.variable; }),
-                     former);
-  }
-  row.basic = column;
-}
-
-/// The simplex tableau of equations that hang together.
-///
-/// Columns are the variables, which are free, and after them slacks and errors, which are never negative. A free column
-/// is solved for by the first equation that has it, so that the rows of slacks and errors (`rows_`) have none: they
-/// alone are pivoted. The rows of free columns (`free_`) are evaluated in the end.
-class Tableau final {
- public:
-  explicit Tableau(int variableCount) : variableCount_(variableCount), columnCount_(variableCount) {
-    freeRowOf_.assign(static_cast<std::size_t>(variableCount), -1);
-  }
-
-  /// False when it contradicts what was added before. In descending priority, of the required ones the exact ones
-  /// first.
-  bool add(const LayoutEquation& equation, std::size_t number) {
-    Row row = expressionOf(equation);
-    const auto free = std::find_if(row.terms.begin(), row.terms.end(),
-                                   [this](const LayoutTerm& term) { return term.variable < variableCount_; });
-    const bool isFree = free != row.terms.end();
-    const bool isRequired = equation.priority >= kRequiredLayoutPriority;
-    if (isRequired && equation.relation == LayoutRelation::kEqual) {
-      if (!isFree) return std::abs(row.constant) <= kTolerance;
-      addFree(std::move(row));
-      return true;
-    }
-    if (!isFree && row.terms.empty() && !isRequired) return true;  // Nothing can be done about it.
-
-    // row = above - below, each of them a slack or an error.
-    const int above = columnCount_++;
-    const int below = columnCount_++;
-    if (equation.relation != LayoutRelation::kAtLeast)
-      errors_.push_back({std::min(equation.priority, kRequiredLayoutPriority), above, number});
-    if (equation.relation != LayoutRelation::kAtMost)
-      errors_.push_back({std::min(equation.priority, kRequiredLayoutPriority), below, number});
-    if (isFree) {
-      row.terms.push_back({above, -1});
-      row.terms.push_back({below, 1});
-      addFree(std::move(row));
-    } else if (row.constant >= 0) {
-      row.basic = above;
-      row.terms.push_back({below, 1});
-      rows_.push_back(std::move(row));
-    } else {
-      for (LayoutTerm& term : row.terms) term.coefficient = -term.coefficient;
-      row.constant = -row.constant;
-      row.basic = below;
-      row.terms.push_back({above, 1});
-      rows_.push_back(std::move(row));
-    }
-    return true;
-  }
-
-  /// Makes the errors small, level by level. The number of a required equation that cannot hold, if there is one.
-  std::optional<std::size_t> optimize() {
-    held_.assign(static_cast<std::size_t>(columnCount_), false);
-    for (auto level = errors_.begin(); level != errors_.end();) {
-      const auto end =
-          std::find_if(level, errors_.end(), [&](const Error& error) { return error.priority != level->priority; });
-      minimize({level, end});
-      if (level->priority >= kRequiredLayoutPriority) {
-        if (const auto broken = lastOffending({level, end})) return broken;
-      }
-      level = end;
-    }
-    return std::nullopt;
-  }
-
-  void read(std::vector<double>& values) const {
-    std::vector<double> columns(static_cast<std::size_t>(columnCount_), 0);
-    for (const Row& row : rows_) columns[row.basic] = row.constant;
-    for (const Row& row : free_) {
-      double value = row.constant;
-      for (const LayoutTerm& term : row.terms) value += term.coefficient * columns[term.variable];
-      values[row.basic] = value + 0.0;  // Never -0.
-    }
-  }
-
- private:
-  struct Error {
-    double priority;
-    int column;
-    std::size_t number;
-  };
-
-  /// Terms minus constant, in terms of what is not solved for.
-  Row expressionOf(const LayoutEquation& equation) const {
-    Row row;
-    row.constant = -equation.constant;
-    Row single;
-    for (const LayoutTerm& term : equation.terms) {
-      if (term.coefficient == 0) continue;
-      const int known = freeRowOf_[term.variable];
-      if (known >= 0) {
-        addTo(row, term.coefficient, free_[known], -1);
-      } else {
-        single.terms.assign(1, {term.variable, 1});
-        addTo(row, term.coefficient, single, -1);
-      }
-    }
-    return row;
-  }
-
-  int largestFree(const Row& row) const {
-    int column = -1;
-    double largest = 0;
-    for (const LayoutTerm& term : row.terms) {
-      if (term.variable >= variableCount_) break;
-      if (std::abs(term.coefficient) > largest + kTolerance) {
-        largest = std::abs(term.coefficient);
-        column = term.variable;
-      }
-    }
-    return column;
-  }
-
-  /// `row` is 0; free columns that are known already go by it.
-  void addFree(Row row) {
-    const int column = largestFree(row);
-    solveFor(row, column);
-    for (Row& other : free_) {
-      if (const double factor = other.coefficient(column); factor != 0) addTo(other, factor, row, column);
-    }
-    freeRowOf_[column] = static_cast<int>(free_.size());
-    free_.push_back(std::move(row));
-  }
-
-  void minimize(std::span<const Error> errors) {
-    Row cost;
-    std::vector<bool> isCost(static_cast<std::size_t>(columnCount_), false);
-    Row single;
-    for (const Error& error : errors) isCost[error.column] = true;
-    for (const Row& row : rows_) {
-      if (isCost[row.basic]) {
-        addTo(cost, 1, row, -1);
-        isCost[row.basic] = false;
-      }
-    }
-    for (const Error& error : errors) {
-      if (!isCost[error.column]) continue;
-      single.terms.assign(1, {error.column, 1});
-      addTo(cost, 1, single, -1);
-    }
-    // Steps that save nothing may go round in circles, which the smallest column that helps never does.
-    for (std::size_t idle = 0;;) {
-      const int entering = enteringColumn(cost, idle > rows_.size());
-      if (entering < 0) break;
-      const int leaving = leavingRow(entering);
-      if (leaving < 0) break;  // No error can be less than nothing: only rounding gets here.
-      const double before = cost.constant;
-      pivot(static_cast<std::size_t>(leaving), entering);
-      if (const double factor = cost.coefficient(entering); factor != 0) addTo(cost, factor, rows_[leaving], entering);
-      idle = cost.constant < before - kTolerance ? 0 : idle + 1;
-    }
-    for (const LayoutTerm& term : cost.terms) {
-      if (term.coefficient > kTolerance) held_[term.variable] = true;
-    }
-  }
-
-  int enteringColumn(const Row& cost, bool takesFirst) const {
-    int entering = -1;
-    double steepest = -kTolerance;
-    for (const LayoutTerm& term : cost.terms) {
-      if (held_[term.variable] || term.coefficient >= steepest) continue;
-      entering = term.variable;
-      steepest = term.coefficient;
-      if (takesFirst) break;
-    }
-    return entering;
-  }
-
-  int leavingRow(int entering) const {
-    int leaving = -1;
-    double nearest = std::numeric_limits<double>::infinity();
-    for (std::size_t at = 0; at < rows_.size(); ++at) {
-      const double coefficient = rows_[at].coefficient(entering);
-      if (coefficient > -kZero) continue;
-      const double limit = std::max(rows_[at].constant, 0.0) / -coefficient;
-      const bool isNearer =
-          leaving < 0 || limit < nearest - kZero || (limit < nearest + kZero && rows_[at].basic < rows_[leaving].basic);
-      if (isNearer) {
-        leaving = static_cast<int>(at);
-        nearest = limit;
-      }
-    }
-    return leaving;
-  }
-
-  void pivot(std::size_t leaving, int entering) {
-    solveFor(rows_[leaving], entering);
-    const Row& pivot = rows_[leaving];
-    for (std::size_t at = 0; at < rows_.size(); ++at) {
-      if (at == leaving) continue;
-      if (const double factor = rows_[at].coefficient(entering); factor != 0) addTo(rows_[at], factor, pivot, entering);
-    }
-  }
-
-  std::optional<std::size_t> lastOffending(std::span<const Error> errors) const {
-    std::optional<std::size_t> last;
-    for (const Row& row : rows_) {
-      if (row.constant <= kTolerance) continue;
-      const auto error = std::find_if(errors.begin(), errors.end(),
-                                      [&](const Error& candidate) { return candidate.column == row.basic; });
-      if (error != errors.end()) last = std::max(last.value_or(0), error->number);
-    }
-    return last;
-  }
-
-  int variableCount_;
-  int columnCount_;
-  std::vector<Row> rows_;
-  std::vector<Row> free_;
-  std::vector<int> freeRowOf_;  ///< By variable; -1 for those that nothing determines yet.
-  std::vector<Error> errors_;
-  std::vector<bool> held_;  ///< Columns that stay 0 for the sake of a level that was optimised.
-};
 
 /// Equations that share no variable with others, as indices, and the number of their variables.
 struct Piece {
@@ -346,7 +76,7 @@ std::vector<double> solvePiece(Piece piece, std::span<const LayoutEquation> equa
   std::vector<bool> isLeftOut(own.size(), false);
   std::vector<double> values(static_cast<std::size_t>(piece.variableCount), 0);
   for (;;) {
-    Tableau tableau(piece.variableCount);
+    LayoutTableau tableau(piece.variableCount);
     for (std::size_t at = 0; at < own.size(); ++at) {
       if (isLeftOut[at] || tableau.add(own[at], at)) continue;
       isLeftOut[at] = true;
@@ -362,35 +92,46 @@ std::vector<double> solvePiece(Piece piece, std::span<const LayoutEquation> equa
   }
 }
 
-bool holdsWithoutVariables(const LayoutEquation& equation) {
-  switch (equation.relation) {
-    case LayoutRelation::kAtMost: return equation.constant >= -kTolerance;
-    case LayoutRelation::kEqual: return std::abs(equation.constant) <= kTolerance;
-    case LayoutRelation::kAtLeast: return equation.constant <= kTolerance;
+/// Piece by piece. `equations` have no terms of what is known already, whose values are left alone.
+void solvePieces(std::span<const LayoutEquation> equations, LayoutSolution& solution) {
+  std::vector<int> local;
+  std::vector<int> pieceOf;
+  const int variableCount = static_cast<int>(solution.values.size());
+  const std::vector<Piece> pieces = piecesOf(variableCount, equations, local, pieceOf);
+  std::vector<std::vector<double>> values(pieces.size());
+  for (std::size_t at = 0; at < pieces.size(); ++at) {
+    if (pieces[at].equations.empty()) continue;
+    values[at] = solvePiece(pieces[at], equations, local, solution.broken);
   }
-  return true;
+  for (int variable = 0; variable < variableCount; ++variable) {
+    const std::vector<double>& own = values[pieceOf[variable]];
+    if (!own.empty()) solution.values[variable] = own[local[variable]];
+  }
 }
 
 }  // namespace
 
 LayoutSolution solveLayout(int variableCount, std::span<const LayoutEquation> equations) {
+  const LayoutReduction reduction = reduceLayout(variableCount, equations);
   LayoutSolution solution;
+  solution.values.assign(static_cast<std::size_t>(variableCount), 0);
+  if (!reduction.contradicts) {
+    solvePieces(reduction.equations, solution);
+    for (int variable = 0; variable < variableCount; ++variable) {
+      if (reduction.known[variable]) solution.values[variable] = *reduction.known[variable];
+    }
+    if (solution.broken.empty()) return solution;
+  }
+  // Which one is to be broken is told from all of them, in their order.
+  solution.broken.clear();
   solution.values.assign(static_cast<std::size_t>(variableCount), 0);
   for (std::size_t number = 0; number < equations.size(); ++number) {
     const LayoutEquation& equation = equations[number];
-    if (equation.terms.empty() && equation.priority >= kRequiredLayoutPriority && !holdsWithoutVariables(equation)) {
+    if (equation.terms.empty() && equation.priority >= kRequiredLayoutPriority && !holdsWithoutTerms(equation)) {
       solution.broken.push_back(number);
     }
   }
-  std::vector<int> local;
-  std::vector<int> pieceOf;
-  const std::vector<Piece> pieces = piecesOf(variableCount, equations, local, pieceOf);
-  std::vector<std::vector<double>> values;
-  values.reserve(pieces.size());
-  for (const Piece& piece : pieces) values.push_back(solvePiece(piece, equations, local, solution.broken));
-  for (int variable = 0; variable < variableCount; ++variable) {
-    solution.values[variable] = values[pieceOf[variable]][local[variable]];
-  }
+  solvePieces(equations, solution);
   std::sort(solution.broken.begin(), solution.broken.end());
   return solution;
 }
@@ -412,11 +153,17 @@ std::vector<std::size_t> layoutConflict(int variableCount, std::span<const Layou
     return number != broken && std::binary_search(all.broken.begin(), all.broken.end(), number);
   });
   if (canHold(conflict)) return {broken};
-  for (std::size_t at = 0; at < conflict.size();) {
-    std::vector<std::size_t> fewer = conflict;
-    fewer.erase(fewer.begin() + static_cast<std::ptrdiff_t>(at));
-    if (conflict[at] != broken && !canHold(fewer)) conflict = std::move(fewer);
-    else ++at;
+  // Ever smaller groups that the contradiction does without, until it does without none.
+  for (std::size_t size = std::max<std::size_t>(conflict.size() / 2, 1); size > 0; size /= 2) {
+    for (std::size_t at = 0; at < conflict.size();) {
+      std::vector<std::size_t> fewer;
+      for (std::size_t other = 0; other < conflict.size(); ++other) {
+        const bool isInGroup = other >= at && other < at + size && conflict[other] != broken;
+        if (!isInGroup) fewer.push_back(conflict[other]);
+      }
+      if (fewer.size() < conflict.size() && !canHold(fewer)) conflict = std::move(fewer);
+      else at += size;
+    }
   }
   return conflict;
 }

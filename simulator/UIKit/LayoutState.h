@@ -86,6 +86,7 @@ struct ViewLayout {
   std::optional<UIEdgeInsets> margins;
   std::optional<UIEdgeInsets> toldSafeArea;
   bool preservesSuperviewMargins = false;
+  bool bearsOnProblems = false;  ///< The equations of some problem have numbers that follow from where the view lies.
   bool insetsMarginsFromSafeArea = true;
 };
 

@@ -394,7 +394,7 @@ UILayoutPriority checked(UILayoutPriority priority) {
   const bool bearsOnOthers =
       _state->layout && _state->layout->placingConstraints > 0 && !sim::isPlacedByConstraints(self);
   if (bearsOnOthers) sim::layoutInputsChanged(_state->layout->item);
-  else sim::layoutInputsChanged();
+  else sim::layoutInputsMoved(self);
 }
 
 - (void)sim_passOnNeedForConstraints {

@@ -1,4 +1,5 @@
 // Frames, bounds, conversion and autoresizing. Everything reads the stored rectangle, never an overridden `frame`.
+#import <UIKit/LayoutProblem.h>
 #import <UIKit/UIViewLayout.h>
 #import <UIKit/UIView+Sim.h>
 #import <UIKit/UIViewState.h>
@@ -71,6 +72,7 @@ CGAffineTransform between(UIView *from, UIView *to) {
   const CGRect &bounds = _state->bounds;
   if (!CGPointEqualToPoint(old.origin, bounds.origin)) {
     [self setNeedsLayout];
+    sim::layoutInputsChanged();
     [self sim_geometryChanged];
   }
   if (CGSizeEqualToSize(old.size, bounds.size)) return;

@@ -226,6 +226,7 @@ void layOut(UIView *view) {
   while (top->_state->superview && top->_state->superview->_state->needsLayout) top = top->_state->superview;
   [top updateConstraintsIfNeeded];
   // What lies in one view may move another one that was laid out before.
+  const sim::LayoutPass pass;
   for (int round = 0; round < kMostLayoutRounds; ++round) {
     const unsigned long moves = sim::layoutMoves();
     layOut(top);
