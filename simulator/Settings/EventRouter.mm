@@ -154,6 +154,14 @@ class Route {
     return work(*id, pasteIntoControl);
   }
 
+  EventResult clear() const {
+    if (!hasId()) return malformed("A \"clear\" event has an \"id\".");
+    const auto id = elementId();
+    if (!id) return unknown();
+    if (isPresented(*id)) return adapter_->clear ? adapter_->clear(presented_, *id) : unknown();
+    return work(*id, clearControl);
+  }
+
   EventResult move() const {
     const auto from = indexPath("from");
     const auto to = indexPath("to");
@@ -185,7 +193,8 @@ class Route {
 
   bool hasPossiblePart() const {
     const auto part = event_.find("part");
-    return part == event_.end() || *part == "accessory" || *part == "button" || *part == "copy" || *part == "save";
+    return part == event_.end() || *part == "accessory" || *part == "button" || *part == "edit" || *part == "copy" ||
+           *part == "save";
   }
   /// Only when it `hasPossiblePart`; empty for none.
   std::string_view part() const {
@@ -246,6 +255,7 @@ class Route {
     if (!path) return unknown();
     if (part() == "copy" || part() == "save") return refused("This row shares nothing.");
     if ([table() sim_closeSwipedRow]) return {};  // The touch is used up.
+    if (part() == "edit") return done([table() sim_tapEditControlAtIndexPath:path], "This row has no such control.");
     if (part() == "accessory") {
       return done([table() sim_tapAccessoryAtIndexPath:path], "This row has no button.");
     }
@@ -323,6 +333,7 @@ EventResult routeEvent(const Json &event, UINavigationController *navigation, Pa
   if (name == "gesture") return route.gesture();
   if (name == "set") return route.set();
   if (name == "paste") return route.paste();
+  if (name == "clear") return route.clear();
   if (name == "move") return route.move();
   if (name == "scroll") return route.scroll();
   if (name == "pick") return route.pick();

@@ -48,6 +48,15 @@ const char *accessoryName(UITableViewCellAccessoryType type) {
   }
 }
 
+/// nullptr for none.
+const char *editControlName(UITableViewCellEditingStyle style) {
+  switch (style) {
+    case UITableViewCellEditingStyleDelete: return "delete";
+    case UITableViewCellEditingStyleInsert: return "insert";
+    default: return nullptr;
+  }
+}
+
 void writeImageStyle(JsonText &out, UIImageView *view, ImageStore &images) {
   out.beginObject();
   writeShadow(out.name("shadow"), view);
@@ -199,6 +208,12 @@ class RowWriter {
     out_.name("selectable").flag([table_ sim_tapShowsAtIndexPath:path cell:cell]);
     writeTouches(cell);
     out_.name("accessory").string(accessoryName([cell sim_shownAccessoryType]));
+    const char *editControl = editControlName([table_ sim_editControlAtIndexPath:path]);
+    if (editControl) {
+      out_.name("editControl").string(editControl);
+    } else {
+      out_.name("editControl").null();
+    }
     out_.name("canMove").flag([table_ sim_canMoveRowAtIndexPath:path]);
     out_.name("height").number([table_ sim_heightOfRowAtIndexPath:path]);
     writeFrame(out_.name("frame"), [cell frame]);

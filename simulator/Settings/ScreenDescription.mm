@@ -158,7 +158,7 @@ void writeContent(JsonText &out, UIViewController *page, std::uint32_t number, I
     out.null();
   }
   writeSearch(out.name("search"), page, images);
-  out.name("editing").flag([table isEditing] && ![table sim_swipedRow]);
+  out.name("editing").flag([table sim_isInEditingMode]);
   if (table) {
     out.name("style").string(styleName([table style]));
     writeSections(out.name("sections"), table, number, images);

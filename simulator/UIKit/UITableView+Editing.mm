@@ -26,6 +26,10 @@
 
 @implementation UITableView (SimEditingMode)
 
+- (BOOL)sim_isInEditingMode {
+  return _tableViewState->editing;
+}
+
 - (BOOL)sim_hasRowAtIndexPath:(NSIndexPath *)indexPath {
   [self sim_loadIfNeeded];
   return _tableViewState->geometry.contains(sim::indexOf(indexPath));
@@ -106,12 +110,16 @@
   return YES;
 }
 
+- (UITableViewCellEditingStyle)sim_editControlAtIndexPath:(NSIndexPath *)indexPath {
+  return _tableViewState->editing ? [self sim_editingStyleAtIndexPath:indexPath] : UITableViewCellEditingStyleNone;
+}
+
 - (BOOL)sim_commitDeleteAtIndexPath:(NSIndexPath *)indexPath {
   return [self sim_commit:UITableViewCellEditingStyleDelete atIndexPath:indexPath];
 }
 
 - (BOOL)sim_commitInsertAtIndexPath:(NSIndexPath *)indexPath {
-  return _tableViewState->editing && [self sim_commit:UITableViewCellEditingStyleInsert atIndexPath:indexPath];
+  return [self sim_commit:UITableViewCellEditingStyleInsert atIndexPath:indexPath];
 }
 
 @end

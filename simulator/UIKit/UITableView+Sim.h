@@ -35,12 +35,9 @@
 @interface UITableView (Sim)
 /// Brings the table view up to date: pending counts, layout, the cells in the bounds.
 - (void)sim_prepareForDescription;
-/// Gives `visitor` the cell of each row of `section`, in order. Cells outside the bounds are made, shown to the visitor
-/// as subviews of the table view, and put into the reuse queue: keep neither cell nor path beyond the call. The
-/// visitor must not change the table view. Time is linear in the number of rows.
-- (void)sim_describeRowsInSection:(NSInteger)section
-                       usingBlock:(void (^)(NSIndexPath *indexPath, UITableViewCell *cell))visitor;
-/// The same for the rows of `rows` alone.
+/// Gives `visitor` the cells of the rows of `section` that are in `rows`, in order. Cells outside the bounds are made,
+/// shown to the visitor as subviews of the table view, and put into the reuse queue: keep neither cell nor path beyond
+/// the call. The visitor must not change the table view. Time is linear in the number of rows.
 - (void)sim_describeRows:(NSRange)rows
                inSection:(NSInteger)section
               usingBlock:(void (^)(NSIndexPath *indexPath, UITableViewCell *cell))visitor;
@@ -98,6 +95,8 @@
 @end
 
 @interface UITableView (SimEditingMode)
+/// Whether the table view is in it itself; `isEditing` says so of a swiped row, too.
+@property(nonatomic, readonly) BOOL sim_isInEditingMode;
 - (BOOL)sim_hasRowAtIndexPath:(NSIndexPath *)indexPath;
 - (BOOL)sim_canEditRowAtIndexPath:(NSIndexPath *)indexPath;
 - (UITableViewCellEditingStyle)sim_editingStyleAtIndexPath:(NSIndexPath *)indexPath;
@@ -106,22 +105,27 @@
 /// A drag by the reorder handle. `to` counts as if the row had been taken out. The delegate may change the goal. NO
 /// when the row has no handle, a path is not there, or the delegate sends the row back where it was.
 - (BOOL)sim_moveRowFrom:(NSIndexPath *)from to:(NSIndexPath *)to;
+/// What stands before the row in the editing mode, of the table view and not of a swiped row.
+- (UITableViewCellEditingStyle)sim_editControlAtIndexPath:(NSIndexPath *)indexPath;
 /// The delete control of the editing mode, confirmed. NO when the row cannot be deleted.
 - (BOOL)sim_commitDeleteAtIndexPath:(NSIndexPath *)indexPath;
-/// The insert control of the editing mode. NO when the row has none.
+/// NO when the data source does not take it.
 - (BOOL)sim_commitInsertAtIndexPath:(NSIndexPath *)indexPath;
 @end
 
 @interface UITableView (SimSwipe)
-/// The actions (of SIMSwipeAction) that swipes over the row uncover: trailing ones, then leading ones. None while the
-/// table view is in editing mode.
+/// The actions (of SIMSwipeAction) that swipes over the row uncover: trailing ones, then leading ones. In the editing
+/// mode those that the row's delete control uncovers: the trailing ones.
 - (NSArray *)sim_swipeActionsAtIndexPath:(NSIndexPath *)indexPath;
 /// The row that stands open; nil when none does.
 @property(nonatomic, readonly) NSIndexPath *sim_swipedRow;
 /// A swipe over the row, which uncovers its actions until the row is closed: by a touch elsewhere, by the end of the
 /// editing, when the row goes or is loaded anew, and when the table view leaves the screen. One row is open at a time.
-/// NO when it has no actions.
+/// NO when it has no actions, and in the editing mode.
 - (BOOL)sim_swipeRowAtIndexPath:(NSIndexPath *)indexPath;
+/// A tap on the control that stands before the row in the editing mode: uncovers the actions of a row that can be
+/// deleted, or inserts. NO when there is none.
+- (BOOL)sim_tapEditControlAtIndexPath:(NSIndexPath *)indexPath;
 /// What a touch beside the open row does. NO when none is open.
 - (BOOL)sim_closeSwipedRow;
 /// A tap on one of the actions above, after a swipe where the row is closed. As on a device, the row is still open

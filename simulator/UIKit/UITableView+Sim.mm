@@ -54,11 +54,6 @@ long rowsBefore(std::optional<sim::RowIndex> index, long section, long count) {
   }
 }
 
-- (void)sim_describeRowsInSection:(NSInteger)section
-                       usingBlock:(void (^)(NSIndexPath *indexPath, UITableViewCell *cell))visitor {
-  [self sim_describeRows:NSMakeRange(0, NSIntegerMax) inSection:section usingBlock:visitor];
-}
-
 - (void)sim_describeRows:(NSRange)rows
                inSection:(NSInteger)section
               usingBlock:(void (^)(NSIndexPath *indexPath, UITableViewCell *cell))visitor {

@@ -72,7 +72,9 @@ SIMSwipeAction *describe(UITableViewRowAction *action) {
   auto &state = *_tableViewState;
   NSMutableArray *actions = [NSMutableArray array];
   *leadingFrom = 0;
-  if (state.editing || ![self sim_canEditRowAtIndexPath:indexPath]) return actions;
+  if (![self sim_canEditRowAtIndexPath:indexPath]) return actions;
+  const bool isDeletable = [self sim_editingStyleAtIndexPath:indexPath] == UITableViewCellEditingStyleDelete;
+  if (state.editing && !isDeletable) return actions;
 
   UISwipeActionsConfiguration *trailing = nil;
   if (state.has.trailingSwipe) {
@@ -80,7 +82,7 @@ SIMSwipeAction *describe(UITableViewRowAction *action) {
   }
   if (trailing) {
     [actions addObjectsFromArray:[trailing actions] ?: @[]];
-  } else if ([self sim_editingStyleAtIndexPath:indexPath] == UITableViewCellEditingStyleDelete) {
+  } else if (isDeletable) {
     NSArray *rowActions = nil;
     if (state.has.editActions) {
       rowActions = [state.delegate tableView:self editActionsForRowAtIndexPath:indexPath];
@@ -96,7 +98,7 @@ SIMSwipeAction *describe(UITableViewRowAction *action) {
     }
   }
   *leadingFrom = [actions count];
-  if (state.has.leadingSwipe) {
+  if (state.has.leadingSwipe && !state.editing) {
     UISwipeActionsConfiguration *leading = [state.delegate tableView:self
                    leadingSwipeActionsConfigurationForRowAtIndexPath:indexPath];
     [actions addObjectsFromArray:[leading actions] ?: @[]];
@@ -128,6 +130,18 @@ SIMSwipeAction *describe(UITableViewRowAction *action) {
 }
 
 - (BOOL)sim_swipeRowAtIndexPath:(NSIndexPath *)indexPath {
+  return !_tableViewState->editing && [self sim_uncoverActionsAtIndexPath:indexPath];
+}
+
+- (BOOL)sim_tapEditControlAtIndexPath:(NSIndexPath *)indexPath {
+  switch ([self sim_editControlAtIndexPath:indexPath]) {
+    case UITableViewCellEditingStyleDelete: return [self sim_uncoverActionsAtIndexPath:indexPath];
+    case UITableViewCellEditingStyleInsert: return [self sim_commitInsertAtIndexPath:indexPath];
+    default: return NO;
+  }
+}
+
+- (BOOL)sim_uncoverActionsAtIndexPath:(NSIndexPath *)indexPath {
   NSUInteger leadingFrom = 0;
   if ([[self sim_actionsBehind:indexPath leadingFrom:&leadingFrom] count] == 0) return NO;
   [self sim_openRow:sim::indexOf(indexPath)];
@@ -140,13 +154,15 @@ SIMSwipeAction *describe(UITableViewRowAction *action) {
   (void)[self sim_closeSwipedRow];
   state.swiped = index;
   ++state.swipes;
-  if (state.has.willEdit) [state.delegate tableView:self willBeginEditingRowAtIndexPath:sim::pathOf(index)];
+  if (state.has.willEdit && !state.editing)
+    [state.delegate tableView:self willBeginEditingRowAtIndexPath:sim::pathOf(index)];
 }
 
 - (BOOL)sim_closeSwipedRow {
   auto &state = *_tableViewState;
   const auto open = std::exchange(state.swiped, std::nullopt);
-  if (open && state.has.didEdit) [state.delegate tableView:self didEndEditingRowAtIndexPath:sim::pathOf(*open)];
+  if (open && state.has.didEdit && !state.editing)
+    [state.delegate tableView:self didEndEditingRowAtIndexPath:sim::pathOf(*open)];
   return open.has_value();
 }
 

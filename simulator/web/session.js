@@ -109,6 +109,11 @@ export class Session {
     return this.send(() => ({ type: 'paste', id }));
   }
 
+  /** Presses the clear button of a field. */
+  clear(id) {
+    return this.send(() => ({ type: 'clear', id }));
+  }
+
   /** Has the device scroll to a row of which the screen has the outline only, so that it is described. */
   reveal(section, row) {
     this.#input = this.#input.then(async () => {

@@ -386,3 +386,34 @@ test('A cell with views of its own is drawn from their frames', async (t) => {
   assert.equal(await page.getByText('Unseen').count(), 0);
   assert.equal((await page.getByRole('listitem').boundingBox()).height, 150);
 });
+
+test('A field in a row has a clear button where its mode shows it', async (t) => {
+  const field = (name, clearButtonMode) => control(name, 'text', 'Ann', {}, {
+    placeholder: '', clearButton: clearButtonMode !== 'never', clearButtonMode,
+  });
+  const shown = one(
+    field('Never', 'never'), field('Editing', 'whileEditing'), field('Resting', 'unlessEditing'), field('Always', 'always'),
+  );
+  const { fake, url } = await startFake(t, shown, ({ type, id, value }) => {
+    const touched = shown.page.sections[0].rows.find((each) => each.id === id);
+    touched.value = type === 'clear' ? '' : value;
+  });
+  const page = await openPage(t, url);
+  const input = (name) => page.getByRole('textbox', { name });
+  const button = (name) => page.getByRole('listitem').filter({ has: input(name) }).getByRole('button', { name: 'Clear text' });
+  const opacity = (name) => button(name).evaluate((element) => getComputedStyle(element).opacity);
+  await input('Never').waitFor();
+  assert.equal(await button('Never').count(), 0);
+  assert.deepEqual(await Promise.all(['Editing', 'Resting', 'Always'].map(opacity)), ['0', '1', '1']);
+  await input('Resting').focus();
+  assert.equal(await opacity('Resting'), '0');
+  await input('Editing').fill('Annabel');
+  assert.equal(await opacity('Editing'), '1');
+  await button('Editing').click();
+  await eventually(async () => assert.equal(await input('Editing').inputValue(), ''));
+  assert.equal(await button('Editing').count(), 0, 'there is nothing to clear');
+  assert.ok(await hasFocus(input('Editing')));
+  assert.deepEqual(sent(fake), [
+    { type: 'set', id: 'row2.Editing', value: 'Annabel' }, { type: 'clear', id: 'row2.Editing' },
+  ]);
+});

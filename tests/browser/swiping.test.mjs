@@ -148,3 +148,35 @@ test('Touch swipes', async (t) => {
   await send('touchEnd');
   await page.getByRole('group', { name: 'Actions for Light' }).waitFor();
 });
+
+test('In the editing mode the control before a row uncovers its actions, and no swipe does', async (t) => {
+  const editable = (open) => screen(['Settings', 'Editable'], [section(null, [
+    row('New', { height: 60, editControl: 'insert' }),
+    row('Old', {
+      height: 60, editControl: 'delete', swipeOpen: open,
+      swipeActions: [{ id: 'delete Old', title: 'Delete', color: '#ff0000ff' }],
+    }),
+  ])], { page: { style: 'plain', editing: true } });
+  const { fake, url } = await startFake(t, editable(false), ({ part, id }, device) => {
+    if (part === 'edit' && id.endsWith('Old')) device.screen = editable(true);
+  });
+  const page = await openPage(t, url);
+  const actions = page.getByRole('group', { name: 'Actions for Old' });
+  await swipe(page, 'Old', -120);
+  await settled(page);
+  assert.equal(await actions.count(), 0);
+  assert.deepEqual(swipes(fake), []);
+  fake.events.length = 0;
+  assert.equal(await page.locator('.swipe-menu').count(), 0);
+  await page.getByRole('button', { name: 'Insert New' }).click();
+  const control = page.getByRole('button', { name: 'Delete Old' });
+  const [box, text] = await Promise.all([control.boundingBox(), page.getByText('Old', { exact: true }).boundingBox()]);
+  assert.ok(box.x + box.width <= text.x, 'it stands before the text');
+  await control.click();
+  await actions.getByRole('button', { name: 'Delete' }).waitFor();
+  await eventually(async () => assert.equal(await focused(page), 'Delete'));
+  assert.deepEqual(
+    fake.events.map(({ type, id, part }) => [type, id, part]),
+    [['tap', 'row2.New', 'edit'], ['tap', 'row2.Old', 'edit']],
+  );
+});

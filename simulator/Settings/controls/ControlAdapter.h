@@ -29,6 +29,8 @@ struct ControlAdapter {
   const char *(*enter)(UIView *control, const Json &value) = nullptr;
   /// Adds the pasteboard's string, of which there is one, to its text.
   const char *(*paste)(UIView *control) = nullptr;
+  /// Presses its clear button.
+  const char *(*clear)(UIView *control) = nullptr;
   bool isDragged = false;
 };
 

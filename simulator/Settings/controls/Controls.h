@@ -34,4 +34,7 @@ const char *enterIntoControl(UIView *view, const Json &value);
 /// Adds the pasteboard's string to the text of the field at or below `view`. Returns nullptr, or why nothing was done.
 const char *pasteIntoControl(UIView *view);
 
+/// Presses the clear button of the field at or below `view`. Returns nullptr, or why nothing was done.
+const char *clearControl(UIView *view);
+
 }  // namespace sim

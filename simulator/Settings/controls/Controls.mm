@@ -67,4 +67,10 @@ const char *pasteIntoControl(UIView *view) {
   return adapter->paste(control);
 }
 
+const char *clearControl(UIView *view) {
+  UIView *control = findControl(view);
+  const ControlAdapter *adapter = adapterOf(control);
+  return adapter && adapter->clear ? adapter->clear(control) : "Only a text field has a clear button.";
+}
+
 }  // namespace sim

@@ -25,6 +25,19 @@ const char *enter(UIView *view, const Json &value) {
   return [(UITextField *)view sim_enterTextAndReturn:text] ? nullptr : kUnreachable;
 }
 
+const char *clear(UIView *view) {
+  return [(UITextField *)view sim_clearByUser] ? nullptr : "The text cannot be cleared.";
+}
+
+const char *clearButtonModeName(UITextFieldViewMode mode) {
+  switch (mode) {
+    case UITextFieldViewModeWhileEditing: return "whileEditing";
+    case UITextFieldViewModeUnlessEditing: return "unlessEditing";
+    case UITextFieldViewModeAlways: return "always";
+    default: return "never";
+  }
+}
+
 /// Points: the font's size, or less where the field is to make its text fit.
 CGFloat shownFontSize(UITextField *field) {
   const CGFloat size = [[field font] pointSize];
@@ -45,6 +58,7 @@ void describe(JsonText &out, UIView *view, ImageStore &images) {
   writeText(out.name("placeholder"), [field placeholder]);
   writeInputTraits(out, field);
   out.name("clearButton").flag([field clearButtonMode] != UITextFieldViewModeNever);
+  out.name("clearButtonMode").string(clearButtonModeName([field clearButtonMode]));
   writeColor(out.name("textColor"), [field textColor]);
   out.name("alignment").string(alignmentName([field textAlignment]));
   out.name("fontSize").number(shownFontSize(field));
@@ -61,6 +75,7 @@ extern const ControlAdapter kTextField{.kind = [] { return [UITextField class]; 
                                        .writeValue = writeTextOf<UITextField>,
                                        .set = enterTextInto<UITextField>,
                                        .enter = enter,
-                                       .paste = pasteInto<UITextField>};
+                                       .paste = pasteInto<UITextField>,
+                                       .clear = clear};
 
 }  // namespace sim

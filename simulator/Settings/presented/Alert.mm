@@ -81,6 +81,11 @@ EventResult paste(UIViewController *presented, const ElementId &id) {
   return field ? worked(pasteIntoControl(field)) : unknown();
 }
 
+EventResult clear(UIViewController *presented, const ElementId &id) {
+  UITextField *field = fieldOf(presented, id);
+  return field ? worked(clearControl(field)) : unknown();
+}
+
 EventResult dismiss(UIViewController *presented) {
   UIAlertController *alert = (UIAlertController *)presented;
   if ([alert sim_tapOutside]) return {};
@@ -101,6 +106,7 @@ extern const PresentedAdapter kAlert{.kind = [] { return [UIAlertController clas
                                      .set = set,
                                      .enter = enter,
                                      .paste = paste,
+                                     .clear = clear,
                                      .dismiss = dismiss};
 
 }  // namespace sim

@@ -32,6 +32,8 @@ struct PresentedAdapter {
   /// Enters a text that ends with the return key.
   EventResult (*enter)(UIViewController *presented, const ElementId &id, const Json &value) = nullptr;
   EventResult (*paste)(UIViewController *presented, const ElementId &id) = nullptr;
+  /// The clear button of a field.
+  EventResult (*clear)(UIViewController *presented, const ElementId &id) = nullptr;
   /// Chooses what the description has under this "path".
   EventResult (*pick)(UIViewController *presented, NSString *path) = nullptr;
   /// Chooses the file at `file`, which lies on the computer, under the name `name`.

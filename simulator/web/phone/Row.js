@@ -1,5 +1,6 @@
 import { html, useContext, useRef } from 'htm/preact/standalone';
 import { cssColor } from '/colors.js';
+import { EditControl } from '/phone/EditControl.js';
 import { CustomViews } from '/phone/views/CustomViews.js';
 import { heightOf, imageSizeOf } from '/phone/layout.js';
 import { setOnly } from '/phone/look.js';
@@ -12,6 +13,8 @@ import { SessionContext } from '/session.js';
 
 // Points between a row's image and its text.
 const imageGap = 15;
+// Points that the control of the editing mode takes before them.
+const editControlWidth = 38;
 
 /**
  * What a list item of the table holds: the body of a row, and around it the handle to move it and its swipe actions.
@@ -22,7 +25,9 @@ export function Row({ row, section, index, header, isChoice, reordering, swipeOp
   const session = useContext(SessionContext);
   const item = useRef(null);
   const actions = row.swipeActions ?? [];
-  const swipe = useSwipe({ item, enabled: actions.length > 0, open: swipeOpen, setOpen: setSwipeOpen });
+  // In the editing mode the control before the row uncovers its actions, and no swipe does.
+  const isSwiped = actions.length > 0 && !row.editControl;
+  const swipe = useSwipe({ item, enabled: isSwiped, open: swipeOpen, setOpen: setSwipeOpen });
 
   const tap = (event) => {
     if (swipeOpen) setSwipeOpen(false);
@@ -30,7 +35,7 @@ export function Row({ row, section, index, header, isChoice, reordering, swipeOp
   };
   const onKeyDown = (event) => {
     const isMenu = event.key === 'ContextMenu' || (event.key === 'F10' && event.shiftKey);
-    if (actions.length > 0 && isMenu) {
+    if (isSwiped && isMenu) {
       event.preventDefault();
       setSwipeOpen(true);
     } else if (swipeOpen && event.key === 'Escape') {
@@ -51,10 +56,12 @@ export function Row({ row, section, index, header, isChoice, reordering, swipeOp
           '--own-cell': cssColor(row.backgroundColor),
         })}>
         ${row.backgroundView && html`<${CustomViews} views=${[row.backgroundView]} on="cell" />`}
+        ${row.editControl && html`
+          <${EditControl} row=${row} tap=${() => session.tap(row.id, { part: 'edit' })} />`}
         <${RowBody} row=${row} isChoice=${isChoice} tap=${tap}
           header=${header} tapAccessory=${() => session.tap(row.id, { part: 'accessory' })}
           tapButton=${() => session.tap(row.id, { part: 'button' })} />
-        ${actions.length > 0 && html`
+        ${isSwiped && html`
           <${SwipeMenuButton} row=${row} open=${swipeOpen} setOpen=${setSwipeOpen} />`}
         ${row.canMove && html`
           <${MoveHandle} row=${row} begin=${(event) => reordering.begin(event, section, index)}
@@ -66,11 +73,12 @@ export function Row({ row, section, index, header, isChoice, reordering, swipeOp
 /** The style that puts the list item of `row` at `top`, counted in points from the top of its list. */
 export function rowStyle(row, top) {
   const image = imageSizeOf(row);
+  const before = (image ? image.width + imageGap : 0) + (row.editControl ? editControlWidth : 0);
   const [left, right] = row.separatorInset ?? [null, 0];
   const style = {
     height: `${heightOf(row)}px`, transform: `translateY(${top}px)`,
     '--text-left': left === null
-      ? `calc(var(--covered-left) + var(--margin) + ${image ? image.width + imageGap : 0}px)`
+      ? `calc(var(--covered-left) + var(--margin) + ${before}px)`
       : `calc(var(--covered-left) + ${left}px)`,
     '--text-right': `${right}px`,
   };

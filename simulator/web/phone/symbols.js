@@ -29,6 +29,14 @@ export const Plus = () => drawing('symbol plus', '0 0 20 20',
   html`<path d="M10 1.5 V18.5 M1.5 10 H18.5" fill="none" stroke="currentColor" stroke-width="2"
     stroke-linecap="round" />`);
 
+export const Minus = () => drawing('symbol minus', '0 0 22 22', html`
+  <circle cx="11" cy="11" r="11" class="edit-ground" />
+  <path d="M5.5 11 H16.5" fill="none" stroke="#fff" stroke-width="2" stroke-linecap="round" />`);
+
+export const Insert = () => drawing('symbol insert', '0 0 22 22', html`
+  <circle cx="11" cy="11" r="11" class="edit-ground" />
+  <path d="M11 5.5 V16.5 M5.5 11 H16.5" fill="none" stroke="#fff" stroke-width="2" stroke-linecap="round" />`);
+
 export const Close = () => drawing('symbol close', '0 0 30 30', html`
   <circle cx="15" cy="15" r="15" class="close-ground" />
   <path d="M10.2 10.2 L19.8 19.8 M19.8 10.2 L10.2 19.8" fill="none" stroke="currentColor" stroke-width="2.4"

@@ -165,10 +165,11 @@ TEST_F(PSListTableTest, TenThousandRows) {
   }
   UITableView *table = tableOf(items);
   __block int described = 0;
-  [table sim_describeRowsInSection:0
-                        usingBlock:^(NSIndexPath *, UITableViewCell *) {
-                          ++described;
-                        }];
+  [table sim_describeRows:NSMakeRange(0, NSIntegerMax)
+                inSection:0
+               usingBlock:^(NSIndexPath *, UITableViewCell *) {
+                 ++described;
+               }];
   EXPECT_EQ(described, 10000);
 }
 

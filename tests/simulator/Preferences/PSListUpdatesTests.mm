@@ -84,10 +84,11 @@ class PSListUpdatesTest : public PreferencesTest {
     for (NSInteger section = 0; section < [table numberOfSections]; ++section) {
       if (section > 0) result += "|";
       __block std::string titles;
-      [table sim_describeRowsInSection:section
-                            usingBlock:^(NSIndexPath *, UITableViewCell *cell) {
-                              titles += text([[cell textLabel] text]);
-                            }];
+      [table sim_describeRows:NSMakeRange(0, NSIntegerMax)
+                    inSection:section
+                   usingBlock:^(NSIndexPath *, UITableViewCell *cell) {
+                     titles += text([[cell textLabel] text]);
+                   }];
       result += titles;
     }
     return result;
@@ -287,10 +288,11 @@ TEST_F(PSListUpdatesTest, DescribingALongPageManyTimesMakesNoMoreCells) {
   shown(list);
   NSMutableSet *cells = [NSMutableSet set];
   const auto collect = [&] {
-    [[list table] sim_describeRowsInSection:0
-                                 usingBlock:^(NSIndexPath *, UITableViewCell *cell) {
-                                   [cells addObject:[NSValue valueWithPointer:cell]];
-                                 }];
+    [[list table] sim_describeRows:NSMakeRange(0, NSIntegerMax)
+                         inSection:0
+                        usingBlock:^(NSIndexPath *, UITableViewCell *cell) {
+                          [cells addObject:[NSValue valueWithPointer:cell]];
+                        }];
   };
   collect();
   const NSUInteger first = [cells count];

@@ -24,6 +24,8 @@ TEST_F(EventTest, MalformedEventsAreRefused) {
            R"({"type":"set","value":true})",
            R"({"type":"paste"})",
            R"({"type":"paste","id":3})",
+           R"({"type":"clear"})",
+           R"({"type":"clear","id":3})",
            R"({"type":"tap","id":"row1.2","part":"left"})",
            R"({"type":"tap","id":"row1.2","part":1})",
            R"({"type":"move"})",
@@ -158,6 +160,22 @@ TEST_F(EventTest, ASwipedRowStaysOpenUntilATouchElsewhereClosesIt) {
   [page setEditing:YES animated:NO];
   session().refresh();
   expectRefused({{"type", "swipe"}, {"id", rowId(0, 0)}}, Outcome::refused);
+}
+
+TEST_F(EventTest, TheControlBeforeARowUncoversItsActionsInTheEditingMode) {
+  ListPage *page = startList(@[ @[ @"a", @"b" ] ]);
+  EXPECT_EQ(row(0, 1)["editControl"], nullptr);
+  expectRefused({{"type", "tap"}, {"id", rowId(0, 1)}, {"part", "edit"}}, Outcome::refused);
+  [page setEditing:YES animated:NO];
+  session().refresh();
+  EXPECT_EQ(row(0, 1)["editControl"], "delete");
+  EXPECT_EQ(send({{"type", "tap"}, {"id", rowId(0, 1)}, {"part", "edit"}}), Outcome::done);
+  EXPECT_EQ(row(0, 1)["swipeOpen"], true);
+  EXPECT_EQ(this->page()["editing"], true);
+  EXPECT_EQ(calls(page), "");
+  EXPECT_EQ(tap(row(0, 1)["swipeActions"][0]["id"]), Outcome::done);
+  EXPECT_EQ(calls(page), "delete 0.1");
+  EXPECT_EQ(labels(), " a ");
 }
 
 TEST_F(EventTest, ScrollingBringsTheDescriptionOfTheRowsThere) {

@@ -62,11 +62,12 @@ std::string testing_support::describedRows(UITableView *table) {
   __block std::string text;
   for (NSInteger section = 0; section < [table numberOfSections]; ++section) {
     if (section > 0) text += " |";
-    [table sim_describeRowsInSection:section
-                          usingBlock:^(NSIndexPath *, UITableViewCell *cell) {
-                            if (!text.empty()) text += " ";
-                            text += [[[cell textLabel] text] UTF8String];
-                          }];
+    [table sim_describeRows:NSMakeRange(0, NSIntegerMax)
+                  inSection:section
+                 usingBlock:^(NSIndexPath *, UITableViewCell *cell) {
+                   if (!text.empty()) text += " ";
+                   text += [[[cell textLabel] text] UTF8String];
+                 }];
   }
   return text;
 }

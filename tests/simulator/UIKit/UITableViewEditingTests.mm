@@ -84,6 +84,39 @@ using testing_support::takeEvents;
 }
 @end
 
+/// Notes what it hears of rows under edit.
+@interface TellingSource : TableSource
+@end
+
+@implementation TellingSource
+- (void)tableView:(UITableView *)tableView
+    commitEditingStyle:(UITableViewCellEditingStyle)style
+     forRowAtIndexPath:(NSIndexPath *)path {
+}
+- (void)tableView:(UITableView *)tableView willBeginEditingRowAtIndexPath:(NSIndexPath *)path {
+  [self note:"will" at:path];
+}
+- (void)tableView:(UITableView *)tableView didEndEditingRowAtIndexPath:(NSIndexPath *)path {
+  [self note:"did" at:path];
+}
+@end
+
+/// Has an action on the leading side, too.
+@interface LeadingSource : TellingSource
+@end
+
+@implementation LeadingSource
+- (UISwipeActionsConfiguration *)tableView:(UITableView *)tableView
+    leadingSwipeActionsConfigurationForRowAtIndexPath:(NSIndexPath *)path {
+  UIContextualAction *pin =
+      [UIContextualAction contextualActionWithStyle:UIContextualActionStyleNormal
+                                              title:@"Pin"
+                                            handler:^(UIContextualAction *, UIView *, void (^)(BOOL)){
+                                            }];
+  return [UISwipeActionsConfiguration configurationWithActions:@[ pin ]];
+}
+@end
+
 namespace {
 
 class UITableViewEditingTest : public ObjCTest {
@@ -231,6 +264,53 @@ TEST_F(UITableViewEditingTest, ControlsOfTheModeCommit) {
   EXPECT_TRUE([table() sim_commitDeleteAtIndexPath:at(0, 2)]);
   EXPECT_EQ(describedRows(table()), "a0 new a2");
   EXPECT_FALSE([table() sim_commitDeleteAtIndexPath:at(0, 3)]);
+}
+
+TEST_F(UITableViewEditingTest, TheControlBeforeARowInsertsOrUncoversItsDeleteButton) {
+  show<CommittingSource>({3, 1});
+  EXPECT_EQ([table() sim_editControlAtIndexPath:at(0, 0)], UITableViewCellEditingStyleInsert);
+  EXPECT_EQ([table() sim_editControlAtIndexPath:at(0, 1)], UITableViewCellEditingStyleDelete);
+  EXPECT_EQ([[table() sim_swipeActionsAtIndexPath:at(0, 0)] count], 0u);
+  EXPECT_FALSE([table() sim_swipeRowAtIndexPath:at(0, 1)]) << "nothing is swiped in the editing mode";
+  EXPECT_TRUE([table() sim_tapEditControlAtIndexPath:at(0, 0)]);
+  EXPECT_EQ(describedRows(table()), "a0 new a1 a2 | b0");
+  EXPECT_EQ([table() sim_swipedRow], nil);
+  EXPECT_TRUE([table() sim_tapEditControlAtIndexPath:at(0, 2)]);
+  EXPECT_OBJC_EQ([table() sim_swipedRow], at(0, 2));
+  EXPECT_EQ(describedRows(table()), "a0 new a1 a2 | b0") << "not before it is confirmed";
+  EXPECT_TRUE([table() sim_isInEditingMode]);
+  NSArray *actions = [table() sim_swipeActionsAtIndexPath:at(0, 2)];
+  ASSERT_EQ([actions count], 1u);
+  EXPECT_OBJC_EQ([(SIMSwipeAction *)[actions objectAtIndex:0] title], @"Delete");
+  EXPECT_TRUE([table() sim_performSwipeActionAtIndex:0 ofRow:at(0, 2)]);
+  EXPECT_EQ(describedRows(table()), "a0 new a2 | b0");
+  EXPECT_EQ([table() sim_swipedRow], nil);
+  EXPECT_FALSE([table() sim_tapEditControlAtIndexPath:at(0, 9)]);
+
+  [table() setEditing:NO];
+  EXPECT_FALSE([table() sim_isInEditingMode]);
+  EXPECT_EQ([table() sim_editControlAtIndexPath:at(0, 0)], UITableViewCellEditingStyleNone);
+  EXPECT_FALSE([table() sim_tapEditControlAtIndexPath:at(0, 0)]);
+  EXPECT_FALSE([table() sim_tapEditControlAtIndexPath:at(0, 1)]);
+  EXPECT_TRUE([table() sim_swipeRowAtIndexPath:at(0, 1)]);
+}
+
+TEST_F(UITableViewEditingTest, TheDelegateOfTheEditingModeHearsOfNoSwipe) {
+  TellingSource *rows = show<TellingSource>({2});
+  EXPECT_TRUE([table() sim_tapEditControlAtIndexPath:at(0, 1)]);
+  EXPECT_TRUE([table() sim_closeSwipedRow]);
+  EXPECT_EQ(takeEvents(rows), "");
+  [table() setEditing:NO];
+  EXPECT_TRUE([table() sim_swipeRowAtIndexPath:at(0, 1)]);
+  EXPECT_TRUE([table() sim_closeSwipedRow]);
+  EXPECT_EQ(takeEvents(rows), "will 0.1, did 0.1");
+}
+
+TEST_F(UITableViewEditingTest, OnlyTrailingActionsAreUncoveredInTheEditingMode) {
+  show<LeadingSource>({1});
+  EXPECT_EQ([[table() sim_swipeActionsAtIndexPath:at(0, 0)] count], 1u);
+  [table() setEditing:NO];
+  EXPECT_EQ([[table() sim_swipeActionsAtIndexPath:at(0, 0)] count], 2u);
 }
 
 TEST_F(UITableViewEditingTest, WithoutACommitNothingIsDeleted) {

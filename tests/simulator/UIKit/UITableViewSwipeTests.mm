@@ -257,8 +257,8 @@ TEST_F(UITableViewSwipeTest, ADeleteButtonStandsWhereRowsAreDeleted) {
 TEST_F(UITableViewSwipeTest, TheEditingModeHasNoSwipes) {
   show<RowActionSource>({2});
   [table() setEditing:YES];
-  EXPECT_EQ([[table() sim_swipeActionsAtIndexPath:at(0, 0)] count], 0u);
-  EXPECT_FALSE([table() sim_performSwipeActionAtIndex:0 ofRow:at(0, 0)]);
+  EXPECT_FALSE([table() sim_swipeRowAtIndexPath:at(0, 0)]);
+  EXPECT_EQ([table() sim_swipedRow], nil);
 }
 
 TEST_F(UITableViewSwipeTest, WithoutAnyThereAreNone) {

@@ -234,14 +234,15 @@ TEST_F(UITableViewTest, ADescribedCellIsInTheTableView) {
   const auto rows = source({5});
   const auto table = tableShowing(rows.get(), 44);
   __block int visits = 0;
-  [table.get() sim_describeRowsInSection:0
-                              usingBlock:^(NSIndexPath *path, UITableViewCell *cell) {
-                                ++visits;
-                                EXPECT_EQ([cell superview], table.get());
-                                EXPECT_OBJC_EQ([table.get() indexPathForCell:cell], path);
-                                EXPECT_EQ([table.get() sim_heightOfRowAtIndexPath:path], 44);
-                                EXPECT_GT([[cell textLabel] frame].size.width, 0);
-                              }];
+  [table.get() sim_describeRows:NSMakeRange(0, NSIntegerMax)
+                      inSection:0
+                     usingBlock:^(NSIndexPath *path, UITableViewCell *cell) {
+                       ++visits;
+                       EXPECT_EQ([cell superview], table.get());
+                       EXPECT_OBJC_EQ([table.get() indexPathForCell:cell], path);
+                       EXPECT_EQ([table.get() sim_heightOfRowAtIndexPath:path], 44);
+                       EXPECT_GT([[cell textLabel] frame].size.width, 0);
+                     }];
   EXPECT_EQ(visits, 5);
   EXPECT_EQ(shownSubviews(table.get()), 1);
 }
@@ -250,10 +251,11 @@ TEST_F(UITableViewTest, AVisitorThatRaisesLeavesNoGuest) {
   const auto rows = source({3});
   const auto table = tableShowing(rows.get(), 44);
   EXPECT_EQ(raisedBy([&] {
-              [table.get() sim_describeRowsInSection:0
-                                          usingBlock:^(NSIndexPath *path, UITableViewCell *) {
-                                            if ([path row] == 1) [NSException raise:@"Visitor" format:@"x"];
-                                          }];
+              [table.get() sim_describeRows:NSMakeRange(0, NSIntegerMax)
+                                  inSection:0
+                                 usingBlock:^(NSIndexPath *path, UITableViewCell *) {
+                                   if ([path row] == 1) [NSException raise:@"Visitor" format:@"x"];
+                                 }];
             }),
             "Visitor");
   EXPECT_EQ(shownSubviews(table.get()), 1);
@@ -345,11 +347,12 @@ TEST_F(UITableViewTest, TenThousandRowsCostLinearTime) {
     [table.get() reloadData];
     [table.get() layoutIfNeeded];
     __block int visits = 0;
-    [table.get() sim_describeRowsInSection:0
-                                usingBlock:^(NSIndexPath *path, UITableViewCell *cell) {
-                                  visits += [[table.get() indexPathForCell:cell] row] == [path row];
-                                  [table.get() sim_heightOfRowAtIndexPath:path];
-                                }];
+    [table.get() sim_describeRows:NSMakeRange(0, NSIntegerMax)
+                        inSection:0
+                       usingBlock:^(NSIndexPath *path, UITableViewCell *cell) {
+                         visits += [[table.get() indexPathForCell:cell] row] == [path row];
+                         [table.get() sim_heightOfRowAtIndexPath:path];
+                       }];
     EXPECT_EQ(visits, count);
     EXPECT_LE(rows.get()->cellsMade, 12);
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
@@ -585,9 +588,10 @@ TEST_F(UITableViewTest, ATableViewGoesWithItsCells) {
     [table.get() registerClass:[MortalCell class] forCellReuseIdentifier:@"Counting"];
     [table.get() setDataSource:rows.get()];
     [table.get() sim_prepareForDescription];
-    [table.get() sim_describeRowsInSection:0
-                                usingBlock:^(NSIndexPath *, UITableViewCell *){
-                                }];
+    [table.get() sim_describeRows:NSMakeRange(0, NSIntegerMax)
+                        inSection:0
+                       usingBlock:^(NSIndexPath *, UITableViewCell *){
+                       }];
     EXPECT_EQ([[table.get() visibleCells] count], 3u);
     drainPool();
     EXPECT_EQ(mortalDeaths, 0);

@@ -196,9 +196,10 @@ TEST_F(UITableViewUpdatesTest, ARowMayBeReloadedWhileAnotherIsMade) {
 TEST_F(UITableViewUpdatesTest, ASourceThatNeverRestsComesToAnEnd) {
   const auto rows = adopt([[RestlessSource alloc] initWithCounts:{3}]);
   const auto table = tableShowing(rows.get());
-  [table.get() sim_describeRowsInSection:0
-                              usingBlock:^(NSIndexPath *, UITableViewCell *cell) {
-                                EXPECT_NE(cell, nil);
-                              }];
+  [table.get() sim_describeRows:NSMakeRange(0, NSIntegerMax)
+                      inSection:0
+                     usingBlock:^(NSIndexPath *, UITableViewCell *cell) {
+                       EXPECT_NE(cell, nil);
+                     }];
   EXPECT_LT(rows.get()->cellsGiven, 5000);
 }

@@ -32,7 +32,12 @@ export function useField(row, name) {
     onInput: draft.input, onBlur: draft.commit, onKeyDown,
     onPaste: (event) => takeLongPaste(event, (text) => session.set(row.id, text)),
   };
-  return { attributes, enter };
+  // What was typed is sent before, as the device asks about the text that it has.
+  const clear = () => {
+    draft.commit();
+    session.clear(row.id);
+  };
+  return { attributes, enter, clear };
 }
 
 /** A colour, a size and an alignment of the bundle's own. */

@@ -20,10 +20,6 @@ export function AlertField({ field, draft, edit, commit, forget, onKeyDown }) {
     event();
     element.current.focus();
   };
-  const clear = () => {
-    edit('');
-    element.current.focus();
-  };
   const onPaste = (event) => takeLongPaste(event, (pasted) => send(() => session.set(field.id, pasted)));
   return html`
     <li class="alert-field">
@@ -36,6 +32,7 @@ export function AlertField({ field, draft, edit, commit, forget, onKeyDown }) {
         <button type="button" class="paste-button" aria-label=${`Paste into ${field.placeholder || 'the field'}`}
           onClick=${() => send(() => session.paste(field.id))}>Paste</button>`}
       ${field.clearButton && text !== '' && html`
-        <button type="button" class="clear-button" aria-label="Clear text" onClick=${clear}></button>`}
+        <button type="button" class="clear-button" aria-label="Clear text"
+          onClick=${() => send(() => session.clear(field.id))}></button>`}
     </li>`;
 }

@@ -3,6 +3,16 @@
 
 #include "simulator/Settings/SessionTest.h"
 
+/// Does not let its field be cleared.
+@interface TextKeeper : NSObject <UITextFieldDelegate>
+@end
+
+@implementation TextKeeper
+- (BOOL)textFieldShouldClear:(UITextField *)textField {
+  return NO;
+}
+@end
+
 namespace {
 
 class TextFieldTest : public SessionTest {
@@ -117,6 +127,42 @@ TEST_F(TextFieldTest, AFieldTakesThePasteboard) {
   expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, Outcome::refused);
   expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", "x"}}, Outcome::refused);
   EXPECT_EQ(reply["error"], "This control is disabled.");
+}
+
+TEST_F(TextFieldTest, TheClearButtonAsksTheDelegate) {
+  UITextField *control = [[[UITextField alloc] initWithFrame:CGRectMake(0, 0, 100, 30)] autorelease];
+  const auto keeper = objcxx::adopt([[TextKeeper alloc] init]);
+  [control setText:@"one"];
+  startControl(control);
+  const std::string field = rowId(0, 0);
+  EXPECT_EQ(row(0, 0)["control"]["clearButtonMode"], "never");
+  expectRefused({{"type", "clear"}, {"id", field}}, Outcome::refused);
+  EXPECT_EQ(reply["error"], "The text cannot be cleared.");
+  const std::pair<UITextFieldViewMode, const char *> names[] = {{UITextFieldViewModeWhileEditing, "whileEditing"},
+                                                                {UITextFieldViewModeUnlessEditing, "unlessEditing"},
+                                                                {UITextFieldViewModeAlways, "always"}};
+  for (const auto &[mode, name] : names) {
+    [control setText:@"one"];
+    [control setClearButtonMode:mode];
+    session().refresh();
+    EXPECT_EQ(row(0, 0)["control"]["clearButtonMode"], name);
+    EXPECT_EQ(send({{"type", "clear"}, {"id", field}}), Outcome::done);
+    EXPECT_EQ(row(0, 0)["value"], "");
+  }
+  [control setDelegate:keeper.get()];
+  [control setText:@"kept"];
+  session().refresh();
+  expectRefused({{"type", "clear"}, {"id", field}}, Outcome::refused);
+  EXPECT_EQ(row(0, 0)["value"], "kept");
+  [control setDelegate:nil];
+  expectRefused({{"type", "clear"}, {"id", field + "00"}}, Outcome::unknown);
+}
+
+TEST_F(TextFieldTest, OnlyFieldsAreCleared) {
+  UISwitch *control = [[[UISwitch alloc] initWithFrame:CGRectZero] autorelease];
+  startControl(control);
+  expectRefused({{"type", "clear"}, {"id", rowId(0, 0)}}, Outcome::refused);
+  EXPECT_EQ(reply["error"], "Only a text field has a clear button.");
 }
 
 TEST_F(TextFieldTest, ASecretFieldIsOfATypeOfItsOwn) {
