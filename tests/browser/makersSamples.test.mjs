@@ -9,6 +9,7 @@ import { labelsOf, open, rowOf } from './support/zuno.mjs';
 
 const suite = 'var/mobile/Library/Preferences/org.example.tideline.plist';
 const shared = 'var/mobile/Library/Preferences/org.example.tideline.shared.plist';
+const displays = ['phone', 'tablet'].flatMap((kind) => ['portrait', 'landscape'].map((orientation) => ({ kind, orientation })));
 const pictures = process.env.SAMPLE_PICTURES;
 
 /** A simulator with the sample `name` of the folder `kind`, "bundles" or "widgets". */
@@ -55,19 +56,25 @@ test('A stranger\'s settings with constraints, a search, a stepper, suites and C
 });
 
 test('The header of a stranger\'s settings is tapped for a colour, and follows the screen', async (t) => {
-  const { page, api } = await startSample(t, 'bundles', 'Tideline');
+  const { page, api, folder } = await startSample(t, 'bundles', 'Tideline');
   const headerOf = async () => (await api('GET', '/api/screen')).page.headerView;
-  for (const [kind, orientation, width] of [['phone', 'portrait', 390], ['tablet', 'landscape', null]]) {
+  const widths = [];
+  for (const { kind, orientation } of displays) {
     await api('PUT', '/api/device/display', { kind, orientation });
     await open(page, 'Tideline');
     const { views: [card], frame } = await headerOf();
-    if (width) assert.equal(frame[2], width);
+    widths.push(frame[2]);
     assert.ok(frame[3] > 80 && frame[3] < 160, `${kind}: ${frame}`);
     assert.ok(Math.abs(card.frame[3] - (frame[3] - 32)) < 0.01, 'the card keeps its distance');
+    const isOn = widths.length % 2 === 0;
+    await page.getByRole('main').getByRole('switch', { name: 'Enabled' }).click();
+    await eventually(async () => assert.equal((await readPropertyList(join(folder, suite))).enabled, isOn));
     await settled(page);
     await picture(page, `tideline-${kind}-${orientation}`);
     await open(page, 'Back to Settings');
   }
+  assert.equal(widths[0], 390);
+  assert.equal(new Set(widths).size, displays.length, 'each display is of a width of its own');
   await open(page, 'Tideline');
   await page.getByRole('main').getByText('3 lines of water.').click();
   const sheet = page.getByRole('dialog', { name: 'Water' });
@@ -78,8 +85,7 @@ test('The header of a stranger\'s settings is tapped for a colour, and follows t
 
 test('A widget with constraints, layers and gestures is turned, tapped and held on the stage', async (t) => {
   const { page, api } = await startSample(t, 'widgets', 'Dial', { expected: /404|503/ });  // As the stage is closed.
-  for (const display of [{ kind: 'phone', orientation: 'portrait' }, { kind: 'phone', orientation: 'landscape' },
-    { kind: 'tablet', orientation: 'landscape' }]) {
+  for (const display of displays) {
     await api('PUT', '/api/device/display', display);
     await api('POST', '/api/stage', { type: 'show', widget: '/var/jb/Library/Zuno/Widgets/DialWidget.bundle' });
     const shown = async () => (await api('GET', '/api/stage/screen')).page.view.views[0];
