@@ -45,6 +45,8 @@ SIM_STATE_TYPE(PSTableCellState);
 - (void)refreshCellContentsWithSpecifier:(PSSpecifier *)specifier;
 /// YES when `refreshCellContentsWithSpecifier:` is all that a reload of the row needs.
 - (BOOL)canReload;
+/// How a page shows the row's new state where `canReload` says YES.
+- (void)reloadWithSpecifier:(PSSpecifier *)specifier animated:(BOOL)animated;
 
 - (void)setValueChangedTarget:(id)target action:(SEL)action specifier:(PSSpecifier *)specifier;
 

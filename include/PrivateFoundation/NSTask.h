@@ -3,10 +3,6 @@
 
 #import <Foundation/Foundation.h>
 
-#if __has_include(<Foundation/NSTask.h>)
-#import <Foundation/NSTask.h>
-#else
-
 /// Runs a program. Main thread or any one thread.
 @interface NSTask : NSObject
 @property(nonatomic, copy) NSString *launchPath;
@@ -18,5 +14,3 @@
 - (void)launch;
 - (void)waitUntilExit;
 @end
-
-#endif

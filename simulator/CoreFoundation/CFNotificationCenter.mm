@@ -1,6 +1,7 @@
 #import <CoreFoundation/CFNotificationCenter+Sim.h>
 #import <CoreFoundation/CFNotificationCenter.h>
 #import <dispatch/dispatch.h>
+#import <notify.h>
 
 #include <objcxx/Retained.h>
 
@@ -193,4 +194,13 @@ void SIMSetDarwinPostHandler(SIMDarwinPostHandler handler, void *context) {
   const std::lock_guard lock(center().mutex);
   center().handler = handler;
   center().context = context;
+}
+
+uint32_t notify_post(const char *name) {
+  @autoreleasepool {
+    NSString *text = name ? [NSString stringWithUTF8String:name] : nil;
+    if (!text) return NOTIFY_STATUS_INVALID_NAME;
+    CFNotificationCenterPostNotification(reference(), (CFNotificationName)text, nullptr, nullptr, true);
+  }
+  return NOTIFY_STATUS_OK;
 }

@@ -8,6 +8,8 @@
 #define CGRectMaxYEdge GSRectMaxYEdge
 // The device has a loader of its own: NSURLSession.h.
 #define __NSURLSession_h_GNUSTEP_BASE_INCLUDE
+// No SDK has a header for NSTask: makers declare the class themselves.
+#define __NSTask_h_GNUSTEP_BASE_INCLUDE
 #include_next <Foundation/Foundation.h>
 #undef CGRectMinXEdge
 #undef CGRectMinYEdge

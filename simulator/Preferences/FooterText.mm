@@ -1,6 +1,7 @@
 #import "Preferences/FooterText.h"
 
 #import <Preferences/PSSpecifier+Sim.h>
+#import <Preferences/RowLook.h>
 #import <UIKit/UIKit.h>
 
 #include <cmath>
@@ -40,8 +41,7 @@ CGFloat footerHeight(UILabel *label, CGFloat width) {
 
   _label = [sim::footerLabel() retain];
   [_label setText:[specifier sim_stringForKey:PSFooterTextGroupKey]];
-  [_label setTextAlignment:static_cast<NSTextAlignment>(
-                               [[specifier propertyForKey:PSFooterAlignmentGroupKey] integerValue])];
+  [_label setTextAlignment:sim::alignmentFrom([specifier propertyForKey:PSFooterAlignmentGroupKey])];
   [self addSubview:_label];
   return self;
 }

@@ -38,6 +38,12 @@
   return nil;
 }
 
+/// The control shows it.
+- (void)setValue:(id)value {
+  [super setValue:value];
+  [[self valueLabel] setText:nil];
+}
+
 - (id)controlValue {
   return [self value];
 }

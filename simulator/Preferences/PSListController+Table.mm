@@ -164,8 +164,8 @@ CGFloat heightOfHeaderView(UIView *view, UITableView *table) {
 
 - (UIView *)tableView:(UITableView *)tableView viewForFooterInSection:(NSInteger)section {
   PSSpecifier *group = [self sim_groupAtSection:section];
-  const bool isAligned = [[group propertyForKey:PSFooterAlignmentGroupKey] isKindOfClass:[NSNumber class]] &&
-                         [self tableView:tableView titleForFooterInSection:section];
+  const bool isAligned = [group propertyForKey:PSFooterAlignmentGroupKey] && [self tableView:tableView
+                                                                                 titleForFooterInSection:section];
   if (isAligned && ![group propertyForKey:PSFooterCellClassGroupKey]) {
     [group setProperty:@"SIMAlignedFooterView" forKey:PSFooterCellClassGroupKey];
   }

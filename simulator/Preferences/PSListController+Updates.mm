@@ -55,7 +55,7 @@ UITableViewRowAnimation animationFor(BOOL animated) {
   PSTableCell *cell = [self cachedCellForSpecifier:specifier];
   if (!cell) return;  // It is made afresh when it comes on screen.
   if ([cell isKindOfClass:[PSTableCell class]] && [cell canReload] && [cell type] == [specifier cellType]) {
-    [cell sim_showSpecifier:specifier];
+    [cell reloadWithSpecifier:specifier animated:animated];
     return;
   }
   if (state.cellsInMaking > 0) return [self sim_reloadLater:specifier];

@@ -38,7 +38,6 @@ constexpr CGFloat kVerticalMargin = 6;
 
 - (void)setValue:(id)value {
   [super setValue:value];
-  [[self valueLabel] setText:nil];
   NSArray *values = [[self specifier] values];
   if ([values count] == 0) return;
   NSUInteger index = value ? [values indexOfObject:value] : 0;

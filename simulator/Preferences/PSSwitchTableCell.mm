@@ -28,7 +28,6 @@
 
 - (void)setValue:(id)value {
   [super setValue:value];
-  [[self valueLabel] setText:nil];
   [(UISwitch *)[self control] setOn:[value boolValue]];
 }
 
@@ -44,7 +43,7 @@
 }
 
 - (id)sim_valueOfSpecifier:(PSSpecifier *)specifier {
-  return [self sim_valueOfSpecifier:specifier ofClass:[NSNumber class] orClass:Nil];
+  return [self sim_valueOfSpecifier:specifier ofClass:[NSNumber class] orClass:[NSString class]];
 }
 
 @end

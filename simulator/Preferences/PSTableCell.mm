@@ -123,6 +123,11 @@ using objcxx::share;
   return [self class] == sim::classOfCellType([self type]);
 }
 
+- (void)reloadWithSpecifier:(PSSpecifier *)specifier animated:(BOOL)animated {
+  (void)animated;
+  [self sim_showSpecifier:specifier];
+}
+
 - (PSCellType)type {
   return [self sim_cellState].type;
 }

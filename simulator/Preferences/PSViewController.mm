@@ -15,7 +15,8 @@ NSString *fileOf(PSSpecifier *specifier) {
 }
 
 id negated(id value) {
-  return [value isKindOfClass:[NSNumber class]] ? [NSNumber numberWithBool:![value boolValue]] : value;
+  const bool says = [value isKindOfClass:[NSNumber class]] || [value isKindOfClass:[NSString class]];
+  return says ? [NSNumber numberWithBool:![value boolValue]] : value;
 }
 
 }  // namespace

@@ -81,6 +81,8 @@ CA_EXTERN NSString *const kCAAnimationRotateAutoReverse;
 @property(copy) NSString *type;
 @property(copy) NSString *subtype;
 @end
+/// The key of every transition among a layer's animations, whatever key it is added for.
+CA_EXTERN NSString *const kCATransition;
 CA_EXTERN NSString *const kCATransitionFade;
 CA_EXTERN NSString *const kCATransitionMoveIn;
 CA_EXTERN NSString *const kCATransitionPush;

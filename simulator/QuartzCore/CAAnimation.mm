@@ -14,6 +14,7 @@ NSString *const kCAAnimationCubic = @"cubic";
 NSString *const kCAAnimationCubicPaced = @"cubicPaced";
 NSString *const kCAAnimationRotateAuto = @"auto";
 NSString *const kCAAnimationRotateAutoReverse = @"autoReverse";
+NSString *const kCATransition = @"transition";
 NSString *const kCATransitionFade = @"fade";
 NSString *const kCATransitionMoveIn = @"moveIn";
 NSString *const kCATransitionPush = @"push";

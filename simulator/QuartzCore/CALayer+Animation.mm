@@ -29,6 +29,7 @@ void tellOfStart(CAAnimation *animation) {
 
 - (void)addAnimation:(CAAnimation *)anim forKey:(NSString *)key {
   if (!anim) return;
+  if ([anim isKindOfClass:[CATransition class]]) key = kCATransition;
   if (key) [self removeAnimationForKey:key];
   const auto running = objcxx::adopt((CAAnimation *)[anim copy]);
   [self sim_state].animations.push_back({objcxx::adopt((NSString *)[key copy]), running});

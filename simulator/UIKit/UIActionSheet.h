@@ -42,7 +42,8 @@ SIM_STATE_TYPE(OldAlert);
 @property(nonatomic) NSInteger destructiveButtonIndex;
 @property(nonatomic, readonly) NSInteger firstOtherButtonIndex;
 @property(nonatomic, readonly, getter=isVisible) BOOL visible;
-/// The sheet is kept until it is dismissed. All of these show it alike.
+/// The sheet is kept until it is dismissed. On a large screen it is shown from the middle of the view, from the
+/// rectangle or from the item; without those it raises NSGenericException there, as every sheet does.
 - (void)showInView:(UIView *)view;
 - (void)showFromRect:(CGRect)rect inView:(UIView *)view animated:(BOOL)animated;
 - (void)showFromBarButtonItem:(UIBarButtonItem *)item animated:(BOOL)animated;

@@ -1,6 +1,7 @@
 #import <UIKit/UIActionSheet.h>
 
 #import <UIKit/OldAlert.h>
+#import <UIKit/UIPopoverPresentationController.h>
 
 #include <cstdarg>
 
@@ -84,33 +85,36 @@
   return _alert->shown ? YES : NO;
 }
 
-- (void)sim_show {
+/// On a large screen it is shown from the item, or else from the rectangle in the view.
+- (void)sim_showFromItem:(UIBarButtonItem *)item rect:(CGRect)rect inView:(UIView *)view {
   if (_alert->shown) return;
   UIAlertController *controller = _alert->makeController(UIAlertControllerStyleActionSheet, ^(NSInteger index) {
     [self sim_clicked:index];
   });
+  UIPopoverPresentationController *popover = [controller popoverPresentationController];
+  [popover setBarButtonItem:item];
+  [popover setSourceView:view];
+  [popover setSourceRect:rect];
   sim::tellDelegate(_alert->delegate, @selector(willPresentActionSheet:), self);
   if (!sim::presentInFront(controller)) return;
   _alert->shown = objcxx::share(controller);
   sim::tellDelegate(_alert->delegate, @selector(didPresentActionSheet:), self);
 }
 
+/// In the middle of the view.
 - (void)showInView:(UIView *)view {
-  (void)view;
-  [self sim_show];
+  const CGRect bounds = [view bounds];
+  [self sim_showFromItem:nil rect:CGRectMake(CGRectGetMidX(bounds), CGRectGetMidY(bounds), 0, 0) inView:view];
 }
 
 - (void)showFromRect:(CGRect)rect inView:(UIView *)view animated:(BOOL)animated {
-  (void)rect;
-  (void)view;
   (void)animated;
-  [self sim_show];
+  [self sim_showFromItem:nil rect:rect inView:view];
 }
 
 - (void)showFromBarButtonItem:(UIBarButtonItem *)item animated:(BOOL)animated {
-  (void)item;
   (void)animated;
-  [self sim_show];
+  [self sim_showFromItem:item rect:CGRectNull inView:nil];
 }
 
 - (void)sim_clicked:(NSInteger)index {

@@ -33,7 +33,7 @@ SIM_STATE_TYPE(ApplicationState);
 @property(nonatomic, readonly) UIApplicationState applicationState;
 @property(nonatomic, readonly) UIWindow *keyWindow;
 /// The windows that are not hidden, back to front.
-@property(nonatomic, readonly) NSArray *windows;
+@property(nonatomic, readonly) NSArray<__kindof UIWindow *> *windows;
 
 /// YES for a URL whose scheme one of the device's applications takes.
 - (BOOL)canOpenURL:(NSURL *)url;

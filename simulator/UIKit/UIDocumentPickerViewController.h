@@ -17,7 +17,7 @@ typedef NS_ENUM(NSUInteger, UIDocumentPickerMode) {
 @protocol UIDocumentPickerDelegate <NSObject>
 @optional
 /// Before the other method of the two when the delegate has both.
-- (void)documentPicker:(UIDocumentPickerViewController *)controller didPickDocumentsAtURLs:(NSArray *)urls;
+- (void)documentPicker:(UIDocumentPickerViewController *)controller didPickDocumentsAtURLs:(NSArray<NSURL *> *)urls;
 - (void)documentPicker:(UIDocumentPickerViewController *)controller didPickDocumentAtURL:(NSURL *)url;
 - (void)documentPickerWasCancelled:(UIDocumentPickerViewController *)controller;
 @end

@@ -26,7 +26,7 @@ SIM_STATE_TYPE(NavigationBarState);
 @property(nonatomic, retain) UIColor *barTintColor;
 @property(nonatomic, copy) NSDictionary *titleTextAttributes;
 @property(nonatomic, copy) NSDictionary *largeTitleTextAttributes;
-@property(nonatomic, copy) NSArray *items;
+@property(nonatomic, copy) NSArray<UINavigationItem *> *items;
 @property(nonatomic, readonly) UINavigationItem *topItem;
 /// The item below the top one; nil when there is none.
 @property(nonatomic, readonly) UINavigationItem *backItem;

@@ -35,8 +35,8 @@ SIM_STATE_TYPE(NavigationControllerState);
 - (instancetype)initWithRootViewController:(UIViewController *)rootViewController;
 
 /// Bottom first.
-@property(nonatomic, copy) NSArray *viewControllers;
-- (void)setViewControllers:(NSArray *)viewControllers animated:(BOOL)animated;
+@property(nonatomic, copy) NSArray<__kindof UIViewController *> *viewControllers;
+- (void)setViewControllers:(NSArray<UIViewController *> *)viewControllers animated:(BOOL)animated;
 @property(nonatomic, readonly) UIViewController *topViewController;
 /// What the top page presents, else the top page.
 @property(nonatomic, readonly) UIViewController *visibleViewController;
@@ -51,7 +51,8 @@ SIM_STATE_TYPE(NavigationControllerState);
 /// Returns the popped controller; nil when only the root is left, which stays.
 - (UIViewController *)popViewControllerAnimated:(BOOL)animated;
 /// Returns the popped controllers, lowest first; nil when nothing was popped.
-- (NSArray *)popToRootViewControllerAnimated:(BOOL)animated;
+- (NSArray<__kindof UIViewController *> *)popToRootViewControllerAnimated:(BOOL)animated;
 /// Like above. Raises NSInvalidArgumentException for a controller that is not in the stack.
-- (NSArray *)popToViewController:(UIViewController *)viewController animated:(BOOL)animated;
+- (NSArray<__kindof UIViewController *> *)popToViewController:(UIViewController *)viewController
+                                                     animated:(BOOL)animated;
 @end

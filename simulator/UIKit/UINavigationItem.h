@@ -39,12 +39,12 @@ SIM_STATE_TYPE(NavigationItemState);
 @property(nonatomic, retain) UIBarButtonItem *leftBarButtonItem;
 /// The first of `rightBarButtonItems`, the outermost one. Setting it makes it the only one.
 @property(nonatomic, retain) UIBarButtonItem *rightBarButtonItem;
-@property(nonatomic, copy) NSArray *leftBarButtonItems;
-@property(nonatomic, copy) NSArray *rightBarButtonItems;
+@property(nonatomic, copy) NSArray<UIBarButtonItem *> *leftBarButtonItems;
+@property(nonatomic, copy) NSArray<UIBarButtonItem *> *rightBarButtonItems;
 - (void)setLeftBarButtonItem:(UIBarButtonItem *)item animated:(BOOL)animated;
 - (void)setRightBarButtonItem:(UIBarButtonItem *)item animated:(BOOL)animated;
-- (void)setLeftBarButtonItems:(NSArray *)items animated:(BOOL)animated;
-- (void)setRightBarButtonItems:(NSArray *)items animated:(BOOL)animated;
+- (void)setLeftBarButtonItems:(NSArray<UIBarButtonItem *> *)items animated:(BOOL)animated;
+- (void)setRightBarButtonItems:(NSArray<UIBarButtonItem *> *)items animated:(BOOL)animated;
 
 @property(nonatomic) UINavigationItemLargeTitleDisplayMode largeTitleDisplayMode;
 @end

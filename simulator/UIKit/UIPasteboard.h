@@ -16,7 +16,7 @@ SIM_STATE_TYPE(PasteboardState);
 /// The first string; nil when there is none. Setting nil empties the pasteboard.
 @property(nonatomic, copy) NSString *string;
 /// nil when there is none.
-@property(nonatomic, copy) NSArray *strings;
+@property(nonatomic, copy) NSArray<NSString *> *strings;
 @property(nonatomic, readonly) BOOL hasStrings;
 @property(nonatomic, readonly) NSInteger numberOfItems;
 /// Grows with each change.

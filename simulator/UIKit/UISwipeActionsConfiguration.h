@@ -9,8 +9,8 @@
   NSArray *_actions;
   BOOL _performsFirstActionWithFullSwipe;
 }
-+ (instancetype)configurationWithActions:(NSArray *)actions;
++ (instancetype)configurationWithActions:(NSArray<UIContextualAction *> *)actions;
 /// Of UIContextualAction, outermost first.
-@property(nonatomic, readonly, copy) NSArray *actions;
+@property(nonatomic, readonly, copy) NSArray<UIContextualAction *> *actions;
 @property(nonatomic) BOOL performsFirstActionWithFullSwipe;
 @end

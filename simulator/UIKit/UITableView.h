@@ -10,6 +10,7 @@
 @class UISwipeActionsConfiguration;
 @class UITableView;
 @class UITableViewHeaderFooterView;
+@class UITableViewRowAction;
 
 typedef NS_ENUM(NSInteger, UITableViewStyle) {
   UITableViewStylePlain = 0,
@@ -92,7 +93,8 @@ UIKIT_EXTERN const CGFloat UITableViewAutomaticDimension;
            editingStyleForRowAtIndexPath:(NSIndexPath *)indexPath;
 - (NSString *)tableView:(UITableView *)tableView
     titleForDeleteConfirmationButtonForRowAtIndexPath:(NSIndexPath *)indexPath;
-- (NSArray *)tableView:(UITableView *)tableView editActionsForRowAtIndexPath:(NSIndexPath *)indexPath;
+- (NSArray<UITableViewRowAction *> *)tableView:(UITableView *)tableView
+                  editActionsForRowAtIndexPath:(NSIndexPath *)indexPath;
 - (UISwipeActionsConfiguration *)tableView:(UITableView *)tableView
     leadingSwipeActionsConfigurationForRowAtIndexPath:(NSIndexPath *)indexPath;
 - (UISwipeActionsConfiguration *)tableView:(UITableView *)tableView
@@ -147,9 +149,9 @@ SIM_STATE_TYPE(TableViewState);
 - (NSIndexPath *)indexPathForCell:(UITableViewCell *)cell;
 /// nil for a row that does not show.
 - (UITableViewCell *)cellForRowAtIndexPath:(NSIndexPath *)indexPath;
-@property(nonatomic, readonly) NSArray *visibleCells;
+@property(nonatomic, readonly) NSArray<__kindof UITableViewCell *> *visibleCells;
 /// nil when no row shows.
-@property(nonatomic, readonly) NSArray *indexPathsForVisibleRows;
+@property(nonatomic, readonly) NSArray<NSIndexPath *> *indexPathsForVisibleRows;
 /// Raises NSRangeException for a row that is not there. NSNotFound as the row stands for the head of the section.
 - (void)scrollToRowAtIndexPath:(NSIndexPath *)indexPath
               atScrollPosition:(UITableViewScrollPosition)position
@@ -186,9 +188,9 @@ SIM_STATE_TYPE(TableViewState);
 - (void)deleteSections:(NSIndexSet *)sections withRowAnimation:(UITableViewRowAnimation)animation;
 - (void)reloadSections:(NSIndexSet *)sections withRowAnimation:(UITableViewRowAnimation)animation;
 - (void)moveSection:(NSInteger)section toSection:(NSInteger)newSection;
-- (void)insertRowsAtIndexPaths:(NSArray *)indexPaths withRowAnimation:(UITableViewRowAnimation)animation;
-- (void)deleteRowsAtIndexPaths:(NSArray *)indexPaths withRowAnimation:(UITableViewRowAnimation)animation;
-- (void)reloadRowsAtIndexPaths:(NSArray *)indexPaths withRowAnimation:(UITableViewRowAnimation)animation;
+- (void)insertRowsAtIndexPaths:(NSArray<NSIndexPath *> *)indexPaths withRowAnimation:(UITableViewRowAnimation)animation;
+- (void)deleteRowsAtIndexPaths:(NSArray<NSIndexPath *> *)indexPaths withRowAnimation:(UITableViewRowAnimation)animation;
+- (void)reloadRowsAtIndexPaths:(NSArray<NSIndexPath *> *)indexPaths withRowAnimation:(UITableViewRowAnimation)animation;
 - (void)moveRowAtIndexPath:(NSIndexPath *)indexPath toIndexPath:(NSIndexPath *)newIndexPath;
 @end
 
@@ -201,7 +203,7 @@ SIM_STATE_TYPE(TableViewState);
 @property(nonatomic) BOOL allowsMultipleSelectionDuringEditing;
 @property(nonatomic, readonly) NSIndexPath *indexPathForSelectedRow;
 /// nil when no row is selected.
-@property(nonatomic, readonly) NSArray *indexPathsForSelectedRows;
+@property(nonatomic, readonly) NSArray<NSIndexPath *> *indexPathsForSelectedRows;
 /// Asks and tells the delegate nothing. nil deselects all rows.
 - (void)selectRowAtIndexPath:(NSIndexPath *)indexPath
                     animated:(BOOL)animated

@@ -3,9 +3,11 @@
 
 namespace {
 
-void run(void (^animations)(void), void (^completion)(BOOL)) {
+bool animationsEnabled = true;
+
+void run(void (^animations)(void), void (^completion)(BOOL), UIViewAnimationOptions options = 0) {
   if (animations) animations();
-  if (!completion) return;
+  if (!completion || (options & UIViewAnimationOptionRepeat)) return;
   dispatch_async(dispatch_get_main_queue(), ^{
     completion(YES);
   });
@@ -14,6 +16,14 @@ void run(void (^animations)(void), void (^completion)(BOOL)) {
 }  // namespace
 
 @implementation UIView (UIViewAnimation)
+
++ (BOOL)areAnimationsEnabled {
+  return animationsEnabled;
+}
+
++ (void)setAnimationsEnabled:(BOOL)enabled {
+  animationsEnabled = enabled;
+}
 
 + (void)animateWithDuration:(NSTimeInterval)duration animations:(void (^)(void))animations {
   (void)duration;
@@ -32,8 +42,8 @@ void run(void (^animations)(void), void (^completion)(BOOL)) {
                     options:(UIViewAnimationOptions)options
                  animations:(void (^)(void))animations
                  completion:(void (^)(BOOL))completion {
-  (void)duration, (void)delay, (void)options;
-  run(animations, completion);
+  (void)duration, (void)delay;
+  run(animations, completion, options);
 }
 
 + (void)animateWithDuration:(NSTimeInterval)duration
@@ -43,8 +53,8 @@ void run(void (^animations)(void), void (^completion)(BOOL)) {
                     options:(UIViewAnimationOptions)options
                  animations:(void (^)(void))animations
                  completion:(void (^)(BOOL))completion {
-  (void)duration, (void)delay, (void)damping, (void)velocity, (void)options;
-  run(animations, completion);
+  (void)duration, (void)delay, (void)damping, (void)velocity;
+  run(animations, completion, options);
 }
 
 + (void)transitionWithView:(UIView *)view
@@ -52,8 +62,8 @@ void run(void (^animations)(void), void (^completion)(BOOL)) {
                    options:(UIViewAnimationOptions)options
                 animations:(void (^)(void))animations
                 completion:(void (^)(BOOL))completion {
-  (void)view, (void)duration, (void)options;
-  run(animations, completion);
+  (void)view, (void)duration;
+  run(animations, completion, options);
 }
 
 + (void)performWithoutAnimation:(void (^)(void))actions {

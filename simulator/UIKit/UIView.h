@@ -47,12 +47,24 @@ typedef NS_OPTIONS(NSUInteger, UIViewAnimationOptions) {
   UIViewAnimationOptionLayoutSubviews = 1 << 0,
   UIViewAnimationOptionAllowUserInteraction = 1 << 1,
   UIViewAnimationOptionBeginFromCurrentState = 1 << 2,
+  UIViewAnimationOptionRepeat = 1 << 3,
+  UIViewAnimationOptionAutoreverse = 1 << 4,
+  UIViewAnimationOptionOverrideInheritedDuration = 1 << 5,
+  UIViewAnimationOptionOverrideInheritedCurve = 1 << 6,
+  UIViewAnimationOptionAllowAnimatedContent = 1 << 7,
+  UIViewAnimationOptionOverrideInheritedOptions = 1 << 9,
   UIViewAnimationOptionCurveEaseInOut = 0 << 16,
   UIViewAnimationOptionCurveEaseIn = 1 << 16,
   UIViewAnimationOptionCurveEaseOut = 2 << 16,
   UIViewAnimationOptionCurveLinear = 3 << 16,
   UIViewAnimationOptionTransitionNone = 0 << 20,
+  UIViewAnimationOptionTransitionFlipFromLeft = 1 << 20,
+  UIViewAnimationOptionTransitionFlipFromRight = 2 << 20,
+  UIViewAnimationOptionTransitionCurlUp = 3 << 20,
+  UIViewAnimationOptionTransitionCurlDown = 4 << 20,
   UIViewAnimationOptionTransitionCrossDissolve = 5 << 20,
+  UIViewAnimationOptionTransitionFlipFromTop = 6 << 20,
+  UIViewAnimationOptionTransitionFlipFromBottom = 7 << 20,
 };
 
 UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
@@ -193,8 +205,12 @@ UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 - (BOOL)gestureRecognizerShouldBegin:(UIGestureRecognizer *)recognizer;
 @end
 
-/// Animations run at once: the animations block inside the call, `completion` with YES later on the main queue.
+/// Animations run at once: the animations block inside the call, `completion` with YES later on the main queue. One
+/// that is repeated has no end: its completion is not called.
 @interface UIView (UIViewAnimation)
+/// YES at first. Nothing moves either way.
+@property(class, nonatomic, readonly) BOOL areAnimationsEnabled;
++ (void)setAnimationsEnabled:(BOOL)enabled;
 + (void)animateWithDuration:(NSTimeInterval)duration animations:(void (^)(void))animations;
 + (void)animateWithDuration:(NSTimeInterval)duration
                  animations:(void (^)(void))animations

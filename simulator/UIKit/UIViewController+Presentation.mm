@@ -59,6 +59,14 @@ bool coversPresenter(UIModalPresentationStyle style) {
   _viewControllerState->modalInPresentation = modalInPresentation;
 }
 
+- (BOOL)definesPresentationContext {
+  return _viewControllerState->definesPresentationContext;
+}
+
+- (void)setDefinesPresentationContext:(BOOL)definesPresentationContext {
+  _viewControllerState->definesPresentationContext = definesPresentationContext;
+}
+
 - (UIPopoverPresentationController *)popoverPresentationController {
   if (!_viewControllerState->popover &&
       (_viewControllerState->presentationStyle == UIModalPresentationPopover || [self sim_needsPopover])) {

@@ -107,7 +107,7 @@ SIM_STATE_TYPE(ViewControllerState);
 
 @interface UIViewController (UIContainerViewControllerProtectedMethods)
 @property(nonatomic, readonly) UIViewController *parentViewController;
-@property(nonatomic, readonly) NSArray *childViewControllers;
+@property(nonatomic, readonly) NSArray<__kindof UIViewController *> *childViewControllers;
 /// Takes the child from its former parent first. Raises NSInvalidArgumentException for nil and for itself.
 - (void)addChildViewController:(UIViewController *)child;
 - (void)removeFromParentViewController;
@@ -128,6 +128,9 @@ SIM_STATE_TYPE(ViewControllerState);
 @property(nonatomic) UIModalPresentationStyle modalPresentationStyle;
 @property(nonatomic) UIModalTransitionStyle modalTransitionStyle;
 @property(nonatomic, getter=isModalInPresentation) BOOL modalInPresentation;
+/// NO at first. Nothing here depends on it: a search belongs to its own page in any case, and what is presented lies
+/// over the outermost parent.
+@property(nonatomic) BOOL definesPresentationContext;
 /// The popover that shows this controller on a large screen. Made at the first call for a controller whose style is
 /// UIModalPresentationPopover, for an activity sheet and for an action sheet; nil for any other.
 @property(nonatomic, readonly) UIPopoverPresentationController *popoverPresentationController;

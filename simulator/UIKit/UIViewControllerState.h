@@ -30,6 +30,7 @@ struct ViewControllerState {
   BOOL loadingView = NO;
   BOOL editing = NO;
   BOOL modalInPresentation = NO;
+  BOOL definesPresentationContext = NO;
   BOOL beingPresented = NO;
   BOOL beingDismissed = NO;
   BOOL movingToParent = NO;

@@ -11,3 +11,4 @@
 #include <dispatch/semaphore.h>
 #include <dispatch/source.h>
 #include <dispatch/time.h>
+#include <unistd.h>

@@ -56,6 +56,7 @@ KEPT = {
     'UIGraphicsImageRendererFormat.scale': 'for the image that the bundle is given',
     'UIPasteboard.strings': 'for `string` and `strings`; the host shows the first',
     'UINavigationBar.items': 'for topItem and backItem; a navigation controller draws its own stack',
+    '-[UIView setAnimationsEnabled:]': 'nothing moves: an intended difference',
     '-[UIView setAnimationDuration:]': 'nothing moves: an intended difference',
     '-[CATransaction setAnimationDuration:]': 'nothing moves: an intended difference',
     '-[CATransaction setAnimationTimingFunction:]': 'nothing moves: an intended difference',
@@ -80,6 +81,7 @@ KEPT = {
     '-[UIView setNeedsDisplayInRect:]': 'the whole is drawn anew',
     'UIScrollView.alwaysBounceVertical': 'nothing moves: an intended difference',
     'UIScrollView.bounces': 'nothing moves: an intended difference',
+    'UIViewController.definesPresentationContext': 'a search belongs to its own page in any case',
     'UIViewController.modalTransitionStyle': 'nothing moves: an intended difference',
 }
 

@@ -10,7 +10,7 @@ ROOT = Path(__file__).resolve().parents[2]
 UMBRELLAS = """Foundation/Foundation.h CoreFoundation/CoreFoundation.h CoreGraphics/CoreGraphics.h CoreImage/CoreImage.h
     ImageIO/ImageIO.h QuartzCore/QuartzCore.h UIKit/UIKit.h dispatch/dispatch.h objc/message.h objc/objc-runtime.h
     SafariServices/SafariServices.h MessageUI/MessageUI.h LocalAuthentication/LocalAuthentication.h
-    AudioToolbox/AudioToolbox.h os/availability.h Preferences/Preferences.h""".split()
+    AudioToolbox/AudioToolbox.h notify.h os/availability.h Preferences/Preferences.h""".split()
 # Not part of a framework's umbrella.
 PRIVATE = """include/Preferences/*.h include/NorvikAppList/*.h include/PrivateFoundation/*.h
     include/FrontBoardServices/*.h include/SpringBoardServices/*.h include/MobileCoreServices/*.h""".split()
@@ -124,6 +124,7 @@ class Headers(unittest.TestCase):
         text = """
             #import <Preferences/PSSpecifier.h>
             #import <Preferences/PSListController.h>
+            @interface NSTask : NSObject @property(copy) NSString *launchPath; - (void)launch; @end
             NS_INLINE CGFloat twice(CGFloat x) { return x * 2; }
             API_AVAILABLE(ios(14.0)) @interface Cell : PSTableCell @property (nonatomic, weak) id owner; @end
             @implementation Cell @end
@@ -133,6 +134,16 @@ class Headers(unittest.TestCase):
               if (!_specifiers) _specifiers = [self loadSpecifiersFromPlistName:@"Root" target:self];
               [_specifiers addObject:[PSSpecifier emptyGroupSpecifier]];
               return _specifiers;
+            }
+            - (void)reach:(UIAlertController *)alert {
+              NSString *text = alert.textFields.firstObject.text ?: alert.actions[0].title;
+              UIViewController *first = self.navigationController.viewControllers.firstObject.navigationController;
+              first = UIApplication.sharedApplication.windows[0].rootViewController ?: self.childViewControllers[0];
+              UILabel *label = self.table.visibleCells.firstObject.textLabel;
+              label.tag = self.table.indexPathsForVisibleRows.firstObject.row + self.navigationItem.rightBarButtonItems[0].tag;
+              NSTask *task = [NSTask new];
+              task.launchPath = text ?: first.title;
+              dispatch_async(dispatch_get_main_queue(), ^{ usleep(1); [task launch]; });
             }
             - (void)use:(PSSpecifier *)row NS_EXTENSION_UNAVAILABLE("") {
               if (@available(iOS 14, *)) row->action = nil;

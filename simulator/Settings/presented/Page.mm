@@ -4,9 +4,16 @@
 namespace sim {
 namespace {
 
+/// What stands above it: a navigation controller shows the title of its page.
+NSString *titleOf(UIViewController *presented) {
+  if ([presented title] || ![presented isKindOfClass:[UINavigationController class]]) return [presented title];
+  UIViewController *page = [(UINavigationController *)presented topViewController];
+  return [[page navigationItem] title] ?: [page title];
+}
+
 void describe(JsonText &out, UIViewController *presented, std::uint32_t, ImageStore &) {
   out.name("kind").string("page");
-  writeText(out.name("title"), [presented title] ?: NSStringFromClass([presented class]));
+  writeText(out.name("title"), titleOf(presented) ?: NSStringFromClass([presented class]));
   out.name("items").beginArray();
   out.endArray();
 }

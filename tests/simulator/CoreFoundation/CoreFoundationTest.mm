@@ -1,6 +1,7 @@
 #import <CoreFoundation/CFNotificationCenter+Sim.h>
 #import <CoreFoundation/CoreFoundation.h>
 #import <dispatch/MainQueue+Sim.h>
+#import <notify.h>
 
 #include "support/objc/ObjCMatchers.h"
 #include "support/objc/ObjCTest.h"
@@ -125,6 +126,18 @@ TEST_F(DarwinCenterTest, DeliversTheNameAloneFromTheRunLoop) {
   EXPECT_EQ(seen_.names, Names{});
   SIMDrainMainQueue();
   EXPECT_EQ(seen_.names, Names{"a"});
+}
+
+TEST_F(DarwinCenterTest, CPostsByNameAlone) {
+  std::vector<std::string> posted;
+  SIMSetDarwinPostHandler(collect, &posted);
+  observe(@"com.example/\u00e4");
+  EXPECT_EQ(notify_post("com.example/\xc3\xa4"), uint32_t{NOTIFY_STATUS_OK});
+  EXPECT_EQ(notify_post(nullptr), uint32_t{NOTIFY_STATUS_INVALID_NAME});
+  EXPECT_EQ(notify_post("\xff"), uint32_t{NOTIFY_STATUS_INVALID_NAME});
+  SIMDrainMainQueue();
+  EXPECT_THAT(seen_.names, ::testing::ElementsAre("com.example/\xc3\xa4"));
+  EXPECT_EQ(posted, seen_.names);
 }
 
 TEST_F(DarwinCenterTest, OneObserverMayObserveSeveralNames) {

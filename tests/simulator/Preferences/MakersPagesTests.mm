@@ -143,19 +143,17 @@ TEST_F(MakersPagesTests, AnEditablePageDeletesTheRowsThatSayHow) {
 }
 
 TEST_F(MakersPagesTests, AFooterIsAligned) {
-  TestPage *page = showPage(@[
-    @{@"cell" : @"PSGroupCell",
-      @"footerText" : @"A footer",
-      @"footerAlignment" : @1},
-    row(@"a"), group()
-  ]);
-  UIView *view = footer(page);
-  ASSERT_NE(view, nil);
-  UILabel *label = (UILabel *)[[view subviews] objectAtIndex:0];
-  EXPECT_OBJC_EQ([label text], @"A footer");
-  EXPECT_EQ([label textAlignment], NSTextAlignmentCenter);
-  EXPECT_GT([page tableView:[page table] heightForFooterInSection:0], 20);
-  EXPECT_EQ(footer(page, 1), nil);
+  for (id centre in (@[ @1, @"1", @"center" ])) {
+    TestPage *page = showPage(
+        @[ @{@"cell" : @"PSGroupCell", @"footerText" : @"A footer", @"footerAlignment" : centre}, row(@"a"), group() ]);
+    UIView *view = footer(page);
+    ASSERT_NE(view, nil);
+    UILabel *label = (UILabel *)[[view subviews] objectAtIndex:0];
+    EXPECT_OBJC_EQ([label text], @"A footer");
+    EXPECT_EQ([label textAlignment], NSTextAlignmentCenter);
+    EXPECT_GT([page tableView:[page table] heightForFooterInSection:0], 20);
+    EXPECT_EQ(footer(page, 1), nil);
+  }
 }
 
 TEST_F(MakersPagesTests, AFootersLinkIsFollowed) {

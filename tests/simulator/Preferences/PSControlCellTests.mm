@@ -19,6 +19,19 @@
 }
 @end
 
+/// A row with a control of its maker's, which shows the value.
+@interface DialCell : PSControlTableCell
+@end
+@implementation DialCell
+- (UIControl *)newControl {
+  return [[UIStepper alloc] initWithFrame:CGRectZero];
+}
+- (void)setValue:(id)value {
+  [super setValue:value];
+  [(UIStepper *)[self control] setValue:[value doubleValue]];
+}
+@end
+
 namespace {
 
 class PSControlCellTest : public PreferencesTest {
@@ -71,13 +84,33 @@ TEST_F(PSControlCellTest, ASwitchShowsAndStoresABool) {
 }
 
 TEST_F(PSControlCellTest, ASwitchWithAValueOfAnotherTypeIsOff) {
-  for (id value in (@[ @"YES", @[], @{} ])) {
+  for (id value in (@[ @[], @{} ])) {
     log.clear();
     EXPECT_FALSE([showSwitch(@{}, value) isOn]);
     EXPECT_EQ(logged("is not what a PSSwitchCell shows"), 1);
     EXPECT_OBJC_EQ(stored(), value);
     EXPECT_OBJC_EQ(page_->_calls, @[]);
   }
+}
+
+TEST_F(PSControlCellTest, ASwitchTakesATextForTheTruthThatItSays) {
+  for (NSString *text in (@[ @"YES", @"true", @"1" ])) {
+    EXPECT_TRUE([showSwitch(@{@"default" : text}) isOn]) << [text UTF8String];
+    EXPECT_TRUE([showSwitch(@{}, text) isOn]) << [text UTF8String];
+  }
+  for (NSString *text in (@[ @"NO", @"false", @"0", @"" ])) EXPECT_FALSE([showSwitch(@{@"default" : text}) isOn]);
+  EXPECT_EQ(logged("is not what a PSSwitchCell shows"), 0);
+  UISwitch *control = showSwitch(@{}, @"YES");
+  EXPECT_TRUE([control sim_setOnByUser:NO]);
+  EXPECT_OBJC_EQ(stored(), [NSNumber numberWithBool:NO]);
+}
+
+TEST_F(PSControlCellTest, TheValueOfAMakersControlIsTheControlsToShow) {
+  auto *row = showRow(@"PSDefaultCell", @{@"cellClass" : @"DialCell"}, @3);
+  EXPECT_EQ([(UIStepper *)[row control] value], 3);
+  EXPECT_OBJC_EQ([row value], @3);
+  EXPECT_OBJC_EQ([[row detailTextLabel] text], nil);
+  EXPECT_OBJC_EQ([[row textLabel] text], @"Row");
 }
 
 TEST_F(PSControlCellTest, ADisabledControlCannotBeWorked) {

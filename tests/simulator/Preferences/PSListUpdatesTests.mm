@@ -47,6 +47,20 @@ static int gRefreshes = 0;
 }
 @end
 
+/// Is reloaded in place, and counts how often.
+@interface PatientCell : PSTableCell
+@end
+@implementation PatientCell
+static int gReloads = 0;
+- (BOOL)canReload {
+  return YES;
+}
+- (void)reloadWithSpecifier:(PSSpecifier *)specifier animated:(BOOL)animated {
+  [super reloadWithSpecifier:specifier animated:animated];
+  gReloads += animated ? 10 : 1;
+}
+@end
+
 @interface OwnCell : PSTableCell
 @end
 @implementation OwnCell
@@ -228,6 +242,19 @@ TEST_F(PSListUpdatesTest, ReloadingARowAsksItsGetterAgain) {
   EXPECT_EQ(cell(list, @"row"), live);
   [list reloadSpecifierID:@"own" animated:YES];
   EXPECT_OBJC_EQ([[cell(list, @"own") detailTextLabel] text], @"new");
+}
+
+TEST_F(PSListUpdatesTest, ACellThatCanReloadIsToldOfIt) {
+  TestPage *list = showPage(@[
+    @{@"cell" : @"PSTitleValueCell", @"id" : @"row", @"label" : @"Row", @"key" : @"k", @"cellClass" : @"PatientCell"}
+  ]);
+  PSTableCell *live = cell(list, @"row");
+  [list->_store setObject:@"new" forKey:@"k"];
+  gReloads = 0;
+  [list reloadSpecifierID:@"row" animated:YES];
+  EXPECT_EQ(gReloads, 10);
+  EXPECT_EQ(cell(list, @"row"), live);
+  EXPECT_OBJC_EQ([[live detailTextLabel] text], @"new");
 }
 
 TEST_F(PSListUpdatesTest, ReloadingAGroupShowsItsNewFooter) {

@@ -66,6 +66,8 @@ TEST_F(PSViewControllerTest, NegatesBothWays) {
   [row_ setProperty:@1 forKey:PSNegateValueKey];
   [row_ setProperty:[NSNumber numberWithBool:YES] forKey:PSDefaultValueKey];
   EXPECT_FALSE([[page_ readPreferenceValue:row_] boolValue]);
+  [row_ setProperty:@"YES" forKey:PSDefaultValueKey];
+  EXPECT_OBJC_EQ([page_ readPreferenceValue:row_], [NSNumber numberWithBool:NO]) << "a text says it as well";
   [page_ setPreferenceValue:[NSNumber numberWithBool:YES] specifier:row_];
   EXPECT_FALSE([[stored() objectForKey:@"level"] boolValue]);
   EXPECT_TRUE([[page_ readPreferenceValue:row_] boolValue]);

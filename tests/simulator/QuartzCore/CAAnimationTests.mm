@@ -52,6 +52,18 @@ class CAAnimationTests : public ObjCTest {
   const objcxx::Retained<CALayer> layer_ = objcxx::adopt([[CALayer alloc] init]);
 };
 
+TEST_F(CAAnimationTests, ALayerHasOneTransitionWhateverItsKey) {
+  CATransition *transition = [CATransition animation];
+  [transition setDelegate:witness_.get()];
+  [layer_.get() addAnimation:transition forKey:@"own"];
+  EXPECT_OBJC_EQ([layer_.get() animationKeys], [NSArray arrayWithObject:kCATransition]);
+  [layer_.get() addAnimation:transition forKey:nil];
+  EXPECT_EQ([[layer_.get() animationKeys] count], 1u);
+  EXPECT_OBJC_EQ(calls(), @"stopped");
+  SIMDrainMainQueue();
+  EXPECT_OBJC_EQ(calls(), @"stopped start finished");
+}
+
 TEST_F(CAAnimationTests, AnAnimationEndsAtOnceAndLeavesTheModel) {
   [layer_.get() addAnimation:fade() forKey:@"fade"];
   EXPECT_OBJC_EQ(calls(), @"");

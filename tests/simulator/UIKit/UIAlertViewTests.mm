@@ -3,6 +3,7 @@
 #import <UIKit/UIAlertController+Sim.h>
 #import <UIKit/UIAlertView.h>
 #import <UIKit/UIKit.h>
+#import <UIKit/UIScreen+Sim.h>
 #import <UIKit/UIViewController+Sim.h>
 #import <dispatch/MainQueue+Sim.h>
 #import <objcxx/Retained.h>
@@ -66,6 +67,7 @@ class OldAlertTest : public testing_support::ObjCTest {
     [window_.get() makeKeyAndVisible];
   }
   void TearDown() override {
+    SIMSetMainScreen(CGSizeMake(390, 844), 3);
     [root_.get() dismissViewControllerAnimated:NO completion:nil];
     [window_.get() setHidden:YES];
     window_ = nullptr;
@@ -180,6 +182,32 @@ TEST_F(OldAlertTest, ASheetHasItsButtonsInTheOldOrder) {
   [sheet showInView:[root_.get() view]];
   [sheet dismissWithClickedButtonIndex:1 animated:NO];
   EXPECT_EQ(heard(), "sheet-dismissed1");
+}
+
+TEST_F(OldAlertTest, ASheetSaysWhereItIsShownFromOnALargeScreen) {
+  SIMSetMainScreen(CGSizeMake(820, 1180), 2);
+  UIActionSheet *sheet = [[[UIActionSheet alloc] initWithTitle:nil
+                                                      delegate:listener_.get()
+                                             cancelButtonTitle:@"Cancel"
+                                        destructiveButtonTitle:nil
+                                             otherButtonTitles:nil] autorelease];
+  UIView *view = [root_.get() view];
+  [view setFrame:CGRectMake(0, 0, 820, 1180)];
+  const auto popover = [&] { return [shown() popoverPresentationController]; };
+  [sheet showInView:view];
+  EXPECT_EQ([popover() sourceView], view);
+  EXPECT_TRUE(CGRectEqualToRect([popover() sourceRect], CGRectMake(410, 590, 0, 0)));
+  [sheet dismissWithClickedButtonIndex:0 animated:NO];
+  [sheet showFromRect:CGRectMake(1, 2, 3, 4) inView:view animated:NO];
+  EXPECT_TRUE(CGRectEqualToRect([popover() sourceRect], CGRectMake(1, 2, 3, 4)));
+  [sheet dismissWithClickedButtonIndex:0 animated:NO];
+  UIBarButtonItem *item = [[[UIBarButtonItem alloc] initWithTitle:@"More"
+                                                            style:UIBarButtonItemStylePlain
+                                                           target:nil
+                                                           action:NULL] autorelease];
+  [sheet showFromBarButtonItem:item animated:NO];
+  EXPECT_EQ([popover() barButtonItem], item);
+  EXPECT_EQ(heard(), "sheet-dismissed0 sheet-dismissed0");
 }
 
 }  // namespace

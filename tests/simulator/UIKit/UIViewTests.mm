@@ -305,6 +305,40 @@ TEST_F(UIViewTests, AnimationsRunAtOnceAndCompleteOnTheMainQueue) {
   EXPECT_EQ([box alpha], 1);
 }
 
+TEST_F(UIViewTests, ARepeatedAnimationHasNoEnd) {
+  UIView *box = view(0, 0, 1, 1);
+  __block int ends = 0;
+  [UIView animateWithDuration:1
+      delay:0
+      options:UIViewAnimationOptionRepeat | UIViewAnimationOptionAutoreverse
+      animations:^{
+        [box setAlpha:0.5];
+      }
+      completion:^(BOOL) {
+        ++ends;
+      }];
+  SIMDrainMainQueue();
+  EXPECT_EQ([box alpha], 0.5);
+  EXPECT_EQ(ends, 0);
+  [UIView transitionWithView:box
+                    duration:1
+                     options:UIViewAnimationOptionTransitionFlipFromLeft
+                  animations:nil
+                  completion:^(BOOL) {
+                    ++ends;
+                  }];
+  SIMDrainMainQueue();
+  EXPECT_EQ(ends, 1);
+}
+
+TEST_F(UIViewTests, WhetherAnimationsAreEnabledIsKept) {
+  EXPECT_TRUE([UIView areAnimationsEnabled]);
+  [UIView setAnimationsEnabled:NO];
+  EXPECT_FALSE([UIView areAnimationsEnabled]);
+  [UIView setAnimationsEnabled:YES];
+  EXPECT_TRUE([UIView areAnimationsEnabled]);
+}
+
 TEST_F(UIViewTests, TraitChangesReachTheWholeTree) {
   RecordingView *root = recorder(), *child = recorder();
   [root addSubview:child];

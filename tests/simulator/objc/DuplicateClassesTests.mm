@@ -2,6 +2,7 @@
 // for all of them.
 #import <Foundation/Foundation.h>
 #import <Foundation/SIMLog.h>
+#import <PrivateFoundation/NSTask.h>
 
 #include <dlfcn.h>
 #include <gmock/gmock.h>

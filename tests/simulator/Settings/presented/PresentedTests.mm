@@ -61,6 +61,10 @@ TEST_F(PresentedTest, AnAlertOfAnAppsOwnIsAnAlertAndANavigationControllerAPage) 
       [[[UINavigationController alloc] initWithRootViewController:[[[PlainPage alloc] init] autorelease]] autorelease];
   present(list, pages);
   EXPECT_EQ(screen()["sheet"]["kind"], "page") << "a photo picker is one of its subclasses";
+  EXPECT_EQ(screen()["sheet"]["title"], "UINavigationController");
+  [[pages topViewController] setTitle:@"Welcome"];
+  session().refresh();
+  EXPECT_EQ(screen()["sheet"]["title"], "Welcome") << "what its bar shows";
 }
 
 }  // namespace
