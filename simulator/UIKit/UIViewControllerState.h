@@ -30,6 +30,10 @@ struct ViewControllerState {
   BOOL loadingView = NO;
   BOOL editing = NO;
   BOOL modalInPresentation = NO;
+  UIUserInterfaceStyle overrideStyle = UIUserInterfaceStyleUnspecified;
+  UIRectEdge extendedEdges = UIRectEdgeAll;
+  BOOL extendsUnderOpaqueBars = NO;
+  BOOL adjustsScrollViewInsets = YES;
   BOOL beingPresented = NO;
   BOOL beingDismissed = NO;
   BOOL movingToParent = NO;
