@@ -1,5 +1,6 @@
 #import "Preferences/FooterText.h"
 
+#import <UIKit/FrameworkSupport.h>
 #import <Preferences/PSSpecifier+Sim.h>
 #import <Preferences/RowLook.h>
 #import <UIKit/UIKit.h>
@@ -17,6 +18,7 @@ constexpr CGFloat kBottom = 8;
 
 UILabel *footerLabel() {
   UILabel *label = [[[UILabel alloc] initWithFrame:CGRectZero] autorelease];
+  const SystemSets system;
   [label setFont:[UIFont systemFontOfSize:13]];
   [label setTextColor:[UIColor secondaryLabelColor]];
   [label setNumberOfLines:0];

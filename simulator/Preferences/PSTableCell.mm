@@ -1,3 +1,4 @@
+#import <UIKit/FrameworkSupport.h>
 #import <Preferences/PSTableCell+Sim.h>
 
 #import <Preferences/PSSpecifier+Sim.h>
@@ -239,6 +240,7 @@ using objcxx::share;
 
 - (void)setCellEnabled:(BOOL)enabled {
   [self sim_cellState].isEnabled = enabled;
+  const sim::SystemSets system;
   [[self titleLabel] setTextColor:sim::titleColor([self specifier], enabled)];
 }
 

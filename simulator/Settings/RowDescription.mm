@@ -6,6 +6,7 @@
 #import <UIKit/UIKit.h>
 #import <UIKit/UITableView+Sim.h>
 #import <UIKit/UITableViewCell+Sim.h>
+#import <UIKit/UIView+Sim.h>
 
 #include <algorithm>
 #include <array>
@@ -238,14 +239,14 @@ class RowWriter {
 
   /// `accessory` is the cell's own, when it holds no control.
   void writeLook(UITableViewCell *cell, UIView *accessory) {
-    UIColor *tint = [cell tintColor];
-    writeColor(out_.name("tintColor"), [tint isEqual:[UIColor systemBlueColor]] ? nil : tint);
+    writeColor(out_.name("tintColor"), ownTint(cell));
     writeColor(out_.name("backgroundColor"), [cell backgroundColor]);
     writeOptionalView(out_.name("backgroundView"), [cell backgroundView], images_);
     writeOptionalView(out_.name("accessoryView"), accessory, images_);
     writeAccessoryButton(out_.name("accessoryButton"), accessory);
     writeSeparatorInset(out_.name("separatorInset"), table_, cell);
     out_.name("highlighted").flag([cell isHighlighted]);
+    writeInterfaceStyle(out_.name("interfaceStyle"), [cell sim_ownUserInterfaceStyle]);
   }
 
   void writeSwipeActions(NSIndexPath *path) {

@@ -2,21 +2,20 @@
 
 #import <Foundation/Guarded.h>
 #import <UIKit/UIKit.h>
-#import <UIKit/UIBarButtonItem+Sim.h>
-#import <UIKit/UIImage+Sim.h>
 #import <UIKit/UINavigationController+Sim.h>
 #import <UIKit/UISearchController+Sim.h>
 #import <UIKit/UITableView+Sim.h>
+#import <UIKit/UIView+Sim.h>
 #import <UIKit/UIViewController+Sim.h>
 
 #import "Settings/BarButtons.h"
+#import "Settings/BarDescription.h"
 #import "Settings/ElementId.hpp"
 #import "Settings/ImageStore.h"
 #import "Settings/JsonValues.h"
 #import "Settings/RowDescription.h"
 #import "Settings/Touches.h"
 #import "Settings/presented/Presented.h"
-#import "Settings/views/ImageView.h"
 #import "Settings/views/Views.h"
 
 #include "wire/NoticePage.hpp"
@@ -43,68 +42,6 @@ UITableView *firstTable(UIView *view) {
     if (UITableView *found = firstTable(child)) return found;
   }
   return nil;
-}
-
-/// nil for the system's own tint.
-UIColor *ownTint(UIView *view) {
-  UIColor *tint = [view tintColor];
-  return [tint isEqual:[UIColor systemBlueColor]] ? nil : tint;
-}
-
-/// What the page asks of the bar above it.
-void writeBar(JsonText &out, UINavigationController *navigation, UIViewController *page, ImageStore &images) {
-  UINavigationBar *bar = [navigation navigationBar];
-  UINavigationItem *item = [page navigationItem];
-  const bool isBlack = [bar barStyle] == UIBarStyleBlack;
-  UIColor *white = isBlack ? [UIColor whiteColor] : nil;
-  const auto colorIn = [&](NSDictionary *attributes) {
-    return (UIColor *)[attributes objectForKey:NSForegroundColorAttributeName] ?: white;
-  };
-  out.name("bar").beginObject();
-  writeColor(out.name("color"), [bar barTintColor] ?: (isBlack ? [UIColor blackColor] : nil));
-  writeColor(out.name("titleColor"), colorIn([bar titleTextAttributes]));
-  writeColor(out.name("largeTitleColor"), colorIn([bar largeTitleTextAttributes]));
-  writeColor(out.name("tintColor"), ownTint(bar));
-  out.name("translucent").flag([bar isTranslucent]);
-  out.name("hidden").flag([navigation isNavigationBarHidden]);
-  out.endObject();
-
-  const bool isRoot = [[navigation viewControllers] firstObject] == page;
-  const auto mode = [item largeTitleDisplayMode];
-  const bool wantsLarge = mode == UINavigationItemLargeTitleDisplayModeAutomatic
-                              ? isRoot
-                              : mode == UINavigationItemLargeTitleDisplayModeAlways;
-  out.name("largeTitle").flag([bar prefersLargeTitles] && wantsLarge);
-  writeText(out.name("prompt"), [item prompt]);
-  writeOptionalView(out.name("titleView"), [item titleView], images);
-}
-
-void writeButtons(JsonText &out, UINavigationController *navigation, UIViewController *page, PageNumbers &numbers,
-                  ImageStore &images) {
-  // As bars show symbols that leave it open.
-  UIImageSymbolConfiguration *symbols = [UIImageSymbolConfiguration configurationWithTextStyle:UIFontTextStyleBody
-                                                                                         scale:UIImageSymbolScaleLarge];
-  out.beginArray();
-  for (UIBarButtonItem *item in barButtons(page)) {
-    out.beginObject();
-    out.name("id").string(ElementId{ElementKind::kButton, numbers.of(page), 0, numbers.of(item)}.text());
-    writeText(out.name("title"), [item title]);
-    writeText(out.name("systemItem"), [item sim_systemItemName]);
-    out.name("side").string(isLeftButton(page, item) ? "left" : "right");
-    out.name("enabled").flag([item isEnabled]);
-    UIColor *tint = [item tintColor] ?: ownTint([navigation navigationBar]);
-    UIImage *image = [[item image] sim_imageWithPreferredSymbolConfiguration:symbols];
-    images.write(out.name("image"), image, [image size],
-                 templateTint(image, tint ?: [[navigation navigationBar] tintColor]));
-    writeColor(out.name("tintColor"), tint);
-    out.name("style").string([item style] == UIBarButtonItemStyleDone ? "done" : "plain");
-    out.name("width").number([item width]);
-    writeText(out.name("accessibilityLabel"), [item accessibilityLabel]);
-    writeText(out.name("accessibilityIdentifier"), [item accessibilityIdentifier]);
-    writeOptionalView(out.name("view"), [item customView], images);
-    out.endObject();
-  }
-  out.endArray();
 }
 
 void writeBack(JsonText &out, UINavigationController *navigation, std::uint32_t number) {
@@ -149,6 +86,7 @@ void writeSearch(JsonText &out, UIViewController *page, ImageStore &images) {
 void writeContent(JsonText &out, UIViewController *page, std::uint32_t number, ImageStore &images) {
   UITableView *table = tableOf(page);
   [[page view] layoutIfNeeded];  // As before a device draws.
+  writeInterfaceStyle(out.name("interfaceStyle"), [table ?: [page view] sim_setUserInterfaceStyle]);
   writeTableLook(out, table, images);
   const bool isTouched = table && (touchabilityOf(table).touched || touchabilityAround(table).touched);
   out.name("touchId");
@@ -179,7 +117,7 @@ void writePage(JsonText &out, UINavigationController *navigation, PageNumbers &n
   out.name("class").string(classNameOf(page));
   writeText(out.name("title"), titleOf(page));
   writeBack(out.name("back"), navigation, number);
-  writeButtons(out.name("buttons"), navigation, page, numbers, images);
+  writeBarButtons(out.name("buttons"), navigation, page, numbers, images);
   writeBar(out, navigation, page, images);
   const std::size_t head = out.text().size();
   NSString *raised = guarded(@"describing the page", [&] { writeContent(out, page, number, images); });

@@ -4,6 +4,20 @@
 #import <UIKit/UIImage.h>
 #import <UIKit/UITableView.h>
 
+namespace sim {
+
+/// While one lives, the system sets values of views: they do not count as set by anybody, and give way to those of
+/// appearance proxies.
+class SystemSets final {
+ public:
+  SystemSets();
+  ~SystemSets();
+  SystemSets(const SystemSets &) = delete;
+  SystemSets &operator=(const SystemSets &) = delete;
+};
+
+}  // namespace sim
+
 @interface UITableView (FrameworkSupport)
 /// The width of rows, headers and footers, in points.
 - (CGFloat)sim_rowWidth;

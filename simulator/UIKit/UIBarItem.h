@@ -1,7 +1,8 @@
 // What the items of all bars have in common.
 #pragma once
 
-#import <Foundation/Foundation.h>
+#import <UIKit/UIAppearance.h>
+#import <UIKit/UIControl.h>
 
 #include <objcxx/HiddenState.h>
 
@@ -21,4 +22,11 @@ SIM_STATE_TYPE(BarItemState);
 @property(nonatomic) NSInteger tag;
 @property(nonatomic, copy) NSString *accessibilityLabel;
 @property(nonatomic, copy) NSString *accessibilityIdentifier;
+/// For the normal, the highlighted and the disabled state; before those of the bar's look. NSFontAttributeName and
+/// NSForegroundColorAttributeName are drawn. nil unsets.
+- (void)setTitleTextAttributes:(NSDictionary *)attributes forState:(UIControlState)state UI_APPEARANCE_SELECTOR;
+- (NSDictionary *)titleTextAttributesForState:(UIControlState)state UI_APPEARANCE_SELECTOR;
+@end
+
+@interface UIBarItem (UIAppearance) <UIAppearance>
 @end

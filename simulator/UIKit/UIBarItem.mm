@@ -3,6 +3,8 @@
 #import <UIKit/UIImage.h>
 #include <objcxx/Retained.h>
 
+#include <map>
+
 namespace sim {
 struct BarItemState {
   objcxx::Retained<NSString> title;
@@ -11,6 +13,7 @@ struct BarItemState {
   objcxx::Retained<NSString> accessibilityIdentifier;
   BOOL enabled = YES;
   NSInteger tag = 0;
+  std::map<UIControlState, objcxx::Retained<NSDictionary>> titleAttributes;
 };
 }  // namespace sim
 
@@ -69,6 +72,19 @@ struct BarItemState {
 
 - (void)setAccessibilityIdentifier:(NSString *)identifier {
   _barItemState->accessibilityIdentifier = objcxx::adopt((NSString *)[identifier copy]);
+}
+
+- (void)setTitleTextAttributes:(NSDictionary *)attributes forState:(UIControlState)state {
+  if (attributes) {
+    _barItemState->titleAttributes[state] = objcxx::adopt((NSDictionary *)[attributes copy]);
+  } else {
+    _barItemState->titleAttributes.erase(state);
+  }
+}
+
+- (NSDictionary *)titleTextAttributesForState:(UIControlState)state {
+  const auto found = _barItemState->titleAttributes.find(state);
+  return found == _barItemState->titleAttributes.end() ? nil : found->second.get();
 }
 
 @end

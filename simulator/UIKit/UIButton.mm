@@ -1,3 +1,4 @@
+#import <UIKit/FrameworkSupport.h>
 #import <UIKit/UIButton.h>
 #import <UIKit/UIViewLayout.h>
 
@@ -73,6 +74,7 @@ constexpr CGFloat kSystemVerticalInset = 6;
     _buttonState->titleLabel = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectZero]);
     UILabel *label = _buttonState->titleLabel.get();
     const bool isSystem = _buttonState->type == UIButtonTypeSystem;
+    const sim::SystemSets system;
     [label setFont:[UIFont systemFontOfSize:isSystem ? kSystemTitleSize : [UIFont buttonFontSize]]];
     [label setLineBreakMode:NSLineBreakByTruncatingMiddle];
     [self addSubview:label];
@@ -101,6 +103,7 @@ constexpr CGFloat kSystemVerticalInset = 6;
 
 - (void)sim_showCurrent {
   if ([[self currentTitle] length] > 0 || _buttonState->titleLabel) {
+    const sim::SystemSets system;
     [[self titleLabel] setText:[self currentTitle]];
     [[self titleLabel] setTextColor:[self currentTitleColor]];
   }

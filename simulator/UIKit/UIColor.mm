@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace sim {
 
@@ -193,6 +194,12 @@ void give(CGFloat *place, Number value) {
   return resolved ? resolved->_state->components : sim::RGBA();
 }
 
+/// Nothing of a dynamic colour.
+- (std::optional<sim::RGBA>)sim_fixedComponents {
+  if (_state->provider) return std::nullopt;
+  return _state->components;
+}
+
 - (BOOL)isEqual:(id)object {
   if (object == self) return YES;
   if (![object isKindOfClass:[UIColor class]]) return NO;
@@ -272,8 +279,9 @@ namespace sim {
 
 ColorPair resolved(UIColor *color) {
   if (!color) return {};
+  if (const auto fixed = [color sim_fixedComponents]) return {*fixed, *fixed};
   const auto under = [&](UIUserInterfaceStyle style) {
-    UITraitCollection *traits = [UITraitCollection traitCollectionWithUserInterfaceStyle:style];
+    UITraitCollection *traits = [[UITraitCollection sim_deviceTraits] sim_withUserInterfaceStyle:style];
     UIColor *fixed = [color resolvedColorWithTraitCollection:traits];
     return fixed ? [fixed sim_components] : RGBA();
   };

@@ -11,6 +11,10 @@
 #import <UIKit/NSLayoutConstraint.h>
 #import <UIKit/NSText.h>
 #import <UIKit/UIActivityIndicatorView.h>
+#import <UIKit/UIAppearance.h>
+#import <UIKit/UIBarAppearance.h>
+#import <UIKit/UIBarButtonItemAppearance.h>
+#import <UIKit/UIBarCommon.h>
 #import <UIKit/UIBezierPath.h>
 #import <UIKit/UIButton.h>
 #import <UIKit/UIColor.h>
@@ -67,6 +71,7 @@
 #import <UIKit/UIDocumentPickerViewController.h>
 #import <UIKit/UIImagePickerController.h>
 #import <UIKit/UINavigationBar.h>
+#import <UIKit/UINavigationBarAppearance.h>
 #import <UIKit/UINavigationController.h>
 #import <UIKit/UINavigationItem.h>
 #import <UIKit/UIPasteboard.h>

@@ -1,6 +1,7 @@
 #import "LayoutProblem.h"
 
 #import <UIKit/NSAttributedString+UIKit.h>
+#import <UIKit/FrameworkSupport.h>
 #import <UIKit/NSText+Sim.h>
 #import <UIKit/UIFont+Sim.h>
 #import <UIKit/UILabel.h>
@@ -37,6 +38,7 @@ struct UILabelState {
 - (instancetype)initWithFrame:(CGRect)frame {
   if (!(self = [super initWithFrame:frame])) return nil;
   _labelState = std::make_unique<sim::UILabelState>();
+  const sim::SystemSets system;
   [self setFont:nil];
   [self setTextColor:nil];
   [self setUserInteractionEnabled:NO];

@@ -4,6 +4,8 @@
 
 #import <UIKit/UINavigationBar.h>
 
+#include <utility>
+
 namespace sim {
 struct NavigationControllerState {
   objcxx::Retained<NSMutableArray> stack = objcxx::adopt([[NSMutableArray alloc] init]);
@@ -15,16 +17,27 @@ struct NavigationControllerState {
   objcxx::Retained<UINavigationBar> bar;
   id<UINavigationControllerDelegate> delegate = nil;  // not owned
   BOOL barHidden = NO;
+  UIEdgeInsets covered = UIEdgeInsetsZero;  // Of the page that shows, by screen and bar, when it was last placed.
   BOOL exchanging = NO;
 };
 }  // namespace sim
 
 namespace {
 
-/// As on iOS 12 and later: higher on tablets, lower on a phone on its side.
-CGFloat heightOfBar(UITraitCollection *traits) {
-  if ([traits userInterfaceIdiom] == UIUserInterfaceIdiomPad) return 50;
-  return [traits verticalSizeClass] == UIUserInterfaceSizeClassCompact ? 32 : 44;
+/// What a large title adds to the bar.
+constexpr CGFloat kLargeTitleHeight = 52;
+
+/// As on iOS 12 and later: higher on tablets, lower on a phone on its side, which shows no large titles.
+CGFloat heightOfBar(UITraitCollection *traits, bool hasLargeTitle) {
+  const CGFloat more = hasLargeTitle ? kLargeTitleHeight : 0;
+  if ([traits userInterfaceIdiom] == UIUserInterfaceIdiomPad) return 50 + more;
+  return [traits verticalSizeClass] == UIUserInterfaceSizeClassCompact ? 32 : 44 + more;
+}
+
+/// Everything in `view` may lie elsewhere, as bars cover more or less of it.
+void layOutAnew(UIView *view) {
+  [view setNeedsLayout];
+  for (UIView *each in [view subviews]) layOutAnew(each);
 }
 
 }  // namespace
@@ -69,6 +82,7 @@ CGFloat heightOfBar(UITraitCollection *traits) {
 - (void)setNavigationBarHidden:(BOOL)hidden animated:(BOOL)animated {
   _navigationControllerState->barHidden = hidden;
   [_navigationControllerState->bar.get() setHidden:hidden];
+  [[self viewIfLoaded] setNeedsLayout];
 }
 
 - (UIViewController *)topViewController {
@@ -241,7 +255,7 @@ CGFloat heightOfBar(UITraitCollection *traits) {
 
   UIView *container = [self view];
   UIView *view = [controller view];
-  [view setFrame:[container bounds]];
+  [self sim_placePage];
   [view setAutoresizingMask:UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight];
   [container insertSubview:view atIndex:0];
   [container layoutIfNeeded];
@@ -261,7 +275,25 @@ CGFloat heightOfBar(UITraitCollection *traits) {
 - (void)sim_placeBar {
   const CGRect bounds = [[self view] bounds];
   [_navigationControllerState->bar.get()
-      setFrame:CGRectMake(0, [[self view] safeAreaInsets].top, bounds.size.width, heightOfBar([self traitCollection]))];
+      setFrame:CGRectMake(0, [[self view] safeAreaInsets].top, bounds.size.width,
+                          heightOfBar([self traitCollection], [self sim_showsLargeTitle]))];
+  [self sim_placePage];
+}
+
+/// The page fills the screen, under the bar or from its lower edge on.
+- (void)sim_placePage {
+  UIViewController *page = _navigationControllerState->shown.get();
+  CGRect frame = [[self view] bounds];
+  if ([page sim_beginsBelowBar]) {
+    const CGFloat top = CGRectGetMaxY([_navigationControllerState->bar.get() frame]);
+    frame.origin.y += top;
+    frame.size.height -= top;
+  }
+  UIView *view = [page viewIfLoaded];
+  [view setFrame:frame];
+  const UIEdgeInsets covered = [view safeAreaInsets];
+  if (UIEdgeInsetsEqualToEdgeInsets(covered, std::exchange(_navigationControllerState->covered, covered))) return;
+  layOutAnew(view);
 }
 
 - (void)beginAppearanceTransition:(BOOL)isAppearing animated:(BOOL)animated {
@@ -275,6 +307,16 @@ CGFloat heightOfBar(UITraitCollection *traits) {
 - (NSArray *)sim_appearingChildViewControllers {
   UIViewController *shown = _navigationControllerState->shown.get();
   return shown ? @[ shown ] : @[];
+}
+
+- (BOOL)sim_showsLargeTitle {
+  UIViewController *top = [self topViewController];
+  switch ([[top navigationItem] largeTitleDisplayMode]) {
+    case UINavigationItemLargeTitleDisplayModeNever: return NO;
+    case UINavigationItemLargeTitleDisplayModeAlways: return [_navigationControllerState->bar.get() prefersLargeTitles];
+    case UINavigationItemLargeTitleDisplayModeAutomatic: break;
+  }
+  return [_navigationControllerState->bar.get() prefersLargeTitles] && [[self viewControllers] firstObject] == top;
 }
 
 #pragma mark - The back button

@@ -6,6 +6,7 @@
 #include <objcxx/HiddenState.h>
 
 @class UIBarButtonItem;
+@class UINavigationBarAppearance;
 @class UIView;
 
 typedef NS_ENUM(NSInteger, UINavigationItemLargeTitleDisplayMode) {
@@ -47,4 +48,9 @@ SIM_STATE_TYPE(NavigationItemState);
 - (void)setRightBarButtonItems:(NSArray<UIBarButtonItem *> *)items animated:(BOOL)animated;
 
 @property(nonatomic) UINavigationItemLargeTitleDisplayMode largeTitleDisplayMode;
+
+/// In place of the bar's while this item is on top; nil for the bar's.
+@property(nonatomic, readwrite, copy) UINavigationBarAppearance *standardAppearance;
+@property(nonatomic, readwrite, copy) UINavigationBarAppearance *compactAppearance;
+@property(nonatomic, readwrite, copy) UINavigationBarAppearance *scrollEdgeAppearance;
 @end

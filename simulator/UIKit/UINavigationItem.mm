@@ -1,6 +1,7 @@
 #import <UIKit/UINavigationItem.h>
 
 #import <UIKit/UIBarButtonItem.h>
+#import <UIKit/UINavigationBarAppearance.h>
 #import <UIKit/UISearchController.h>
 #import <UIKit/UIView.h>
 #include <objcxx/Retained.h>
@@ -18,6 +19,9 @@ struct NavigationItemState {
   BOOL leftItemsSupplementBackButton = NO;
   objcxx::Retained<UISearchController> searchController;
   BOOL hidesSearchBarWhenScrolling = YES;
+  objcxx::Retained<UINavigationBarAppearance> standardAppearance;
+  objcxx::Retained<UINavigationBarAppearance> compactAppearance;
+  objcxx::Retained<UINavigationBarAppearance> scrollEdgeAppearance;
   UINavigationItemLargeTitleDisplayMode largeTitleDisplayMode = UINavigationItemLargeTitleDisplayModeAutomatic;
 };
 }  // namespace sim
@@ -66,6 +70,32 @@ struct NavigationItemState {
 
 - (void)setLargeTitleDisplayMode:(UINavigationItemLargeTitleDisplayMode)mode {
   _navigationItemState->largeTitleDisplayMode = mode;
+}
+
+#pragma mark - The look of the bar
+
+- (UINavigationBarAppearance *)standardAppearance {
+  return _navigationItemState->standardAppearance.get();
+}
+
+- (void)setStandardAppearance:(UINavigationBarAppearance *)look {
+  _navigationItemState->standardAppearance = objcxx::adopt((UINavigationBarAppearance *)[look copy]);
+}
+
+- (UINavigationBarAppearance *)compactAppearance {
+  return _navigationItemState->compactAppearance.get();
+}
+
+- (void)setCompactAppearance:(UINavigationBarAppearance *)look {
+  _navigationItemState->compactAppearance = objcxx::adopt((UINavigationBarAppearance *)[look copy]);
+}
+
+- (UINavigationBarAppearance *)scrollEdgeAppearance {
+  return _navigationItemState->scrollEdgeAppearance.get();
+}
+
+- (void)setScrollEdgeAppearance:(UINavigationBarAppearance *)look {
+  _navigationItemState->scrollEdgeAppearance = objcxx::adopt((UINavigationBarAppearance *)[look copy]);
 }
 
 #pragma mark - The back button

@@ -1,4 +1,5 @@
 #import <UIKit/UIScreen+Sim.h>
+#import <UIKit/UITraitCollection+Sim.h>
 
 namespace {
 
@@ -53,7 +54,7 @@ void SIMSetMainScreen(CGSize size, CGFloat scale, UIEdgeInsets safeArea) {
 }
 
 - (UITraitCollection *)traitCollection {
-  return [UITraitCollection currentTraitCollection];
+  return [UITraitCollection sim_deviceTraits];
 }
 
 @end

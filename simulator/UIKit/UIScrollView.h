@@ -13,9 +13,18 @@ typedef NS_ENUM(NSInteger, UIScrollViewKeyboardDismissMode) {
   UIScrollViewKeyboardDismissModeInteractive,
 };
 
+typedef NS_ENUM(NSInteger, UIScrollViewContentInsetAdjustmentBehavior) {
+  /// As below where the view can be scrolled that way, and always at the top and bottom of a page's own scroll view.
+  UIScrollViewContentInsetAdjustmentAutomatic,
+  UIScrollViewContentInsetAdjustmentScrollableAxes,
+  UIScrollViewContentInsetAdjustmentNever,
+  UIScrollViewContentInsetAdjustmentAlways,
+};
+
 @protocol UIScrollViewDelegate <NSObject>
 @optional
 - (void)scrollViewDidScroll:(UIScrollView *)scrollView;
+- (void)scrollViewDidChangeAdjustedContentInset:(UIScrollView *)scrollView;
 @end
 
 SIM_STATE_TYPE(ScrollViewState);
@@ -30,6 +39,12 @@ SIM_STATE_TYPE(ScrollViewState);
 - (void)setContentOffset:(CGPoint)contentOffset animated:(BOOL)animated;
 @property(nonatomic) CGSize contentSize;
 @property(nonatomic) UIEdgeInsets contentInset;
+/// What of the safe area is added to `contentInset`. Automatic at first.
+@property(nonatomic) UIScrollViewContentInsetAdjustmentBehavior contentInsetAdjustmentBehavior;
+/// `contentInset` with that.
+@property(nonatomic, readonly) UIEdgeInsets adjustedContentInset;
+/// It has changed. Overrides call super, which does nothing; the delegate is told too.
+- (void)adjustedContentInsetDidChange;
 @property(nonatomic) UIEdgeInsets scrollIndicatorInsets;
 @property(nonatomic, getter=isScrollEnabled) BOOL scrollEnabled;
 @property(nonatomic) BOOL bounces;

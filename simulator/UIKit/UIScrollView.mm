@@ -2,6 +2,8 @@
 
 #import <Foundation/NotCarried.h>
 #import <UIKit/LayoutState.h>
+#import <UIKit/UINavigationController.h>
+#import <UIKit/UIView+Sim.h>
 
 #include <algorithm>
 
@@ -10,6 +12,8 @@ struct ScrollViewState {
   CGSize contentSize = CGSizeZero;
   UIEdgeInsets contentInset = UIEdgeInsetsZero;
   UIEdgeInsets indicatorInsets = UIEdgeInsetsZero;
+  UIScrollViewContentInsetAdjustmentBehavior adjustment = UIScrollViewContentInsetAdjustmentAutomatic;
+  UIEdgeInsets toldInset = UIEdgeInsetsZero;  // The adjusted one that was told last.
   BOOL scrollEnabled = YES;
   BOOL bounces = YES;
   BOOL alwaysBounceVertical = NO;
@@ -90,6 +94,76 @@ struct ScrollViewState {
 
 - (void)setContentInset:(UIEdgeInsets)contentInset {
   _scrollViewState->contentInset = contentInset;
+  [self sim_tellAdjustedInset];
+}
+
+- (UIScrollViewContentInsetAdjustmentBehavior)contentInsetAdjustmentBehavior {
+  return _scrollViewState->adjustment;
+}
+
+- (void)setContentInsetAdjustmentBehavior:(UIScrollViewContentInsetAdjustmentBehavior)behavior {
+  _scrollViewState->adjustment = behavior;
+  [self sim_tellAdjustedInset];
+}
+
+/// The page that this is the scroll view of: its view, or the first that lies in it. nil for any other scroll view.
+- (UIViewController *)sim_pageAround {
+  UIView *view = self;
+  if (![[view nextResponder] isKindOfClass:[UIViewController class]]) {
+    view = [view superview];
+    NSArray *siblings = [view subviews];
+    if ([siblings count] == 0 || [siblings objectAtIndex:0] != self) return nil;
+  }
+  UIResponder *next = [view nextResponder];
+  return [next isKindOfClass:[UIViewController class]] ? (UIViewController *)next : nil;
+}
+
+- (UIEdgeInsets)adjustedContentInset {
+  UIEdgeInsets inset = _scrollViewState->contentInset;
+  const auto behavior = _scrollViewState->adjustment;
+  UIViewController *page = [self sim_pageAround];
+  const BOOL isAutomatic = behavior == UIScrollViewContentInsetAdjustmentAutomatic;
+  if (behavior == UIScrollViewContentInsetAdjustmentNever) return inset;
+  if (isAutomatic && page && ![page automaticallyAdjustsScrollViewInsets]) return inset;
+
+  const BOOL always = behavior == UIScrollViewContentInsetAdjustmentAlways;
+  const CGSize size = [self bounds].size;
+  const CGSize content = [self contentSize];
+  const BOOL acrossScrolls = content.width > size.width;
+  const BOOL downScrolls =
+      content.height > size.height || [self alwaysBounceVertical] || (isAutomatic && [page navigationController]);
+  const UIEdgeInsets safeArea = [self safeAreaInsets];
+  if (always || downScrolls) {
+    inset.top += safeArea.top;
+    inset.bottom += safeArea.bottom;
+  }
+  if (always || acrossScrolls) {
+    inset.left += safeArea.left;
+    inset.right += safeArea.right;
+  }
+  return inset;
+}
+
+- (void)adjustedContentInsetDidChange {
+}
+
+/// Tells of an adjusted inset that is another than the one told last. At the top of its content, the view stays there.
+- (void)sim_tellAdjustedInset {
+  const UIEdgeInsets former = _scrollViewState->toldInset;
+  const UIEdgeInsets inset = [self adjustedContentInset];
+  if (UIEdgeInsetsEqualToEdgeInsets(former, inset)) return;
+
+  _scrollViewState->toldInset = inset;
+  [self adjustedContentInsetDidChange];
+  id<UIScrollViewDelegate> delegate = _scrollViewState->delegate;
+  if ([delegate respondsToSelector:@selector(scrollViewDidChangeAdjustedContentInset:)]) {
+    [delegate scrollViewDidChangeAdjustedContentInset:self];
+  }
+}
+
+- (void)sim_layoutSublayers {
+  [self sim_tellAdjustedInset];
+  [super sim_layoutSublayers];
 }
 
 - (UIEdgeInsets)scrollIndicatorInsets {

@@ -2,6 +2,7 @@
 #import "LayoutProblem.h"
 #import "UITableViewState.h"
 
+#import <UIKit/FrameworkSupport.h>
 #import <UIKit/UIColor.h>
 #import <UIKit/UIFont.h>
 #import <UIKit/UILabel.h>
@@ -79,6 +80,7 @@ CGFloat fittingHeight(UIView *view, CGFloat width) {
   UILabel *label = [view textLabel];
   [label setText:header && !isPlain ? [title uppercaseString] : title];
   if (header && isPlain) {
+    const sim::SystemSets system;
     [label setFont:[UIFont systemFontOfSize:kPlainTitleSize weight:UIFontWeightSemibold]];
     [label setTextColor:[UIColor labelColor]];
   }

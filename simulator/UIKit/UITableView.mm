@@ -1,5 +1,6 @@
 #import "UITableViewState.h"
 
+#import <UIKit/FrameworkSupport.h>
 #import <UIKit/UIColor.h>
 #import <UIKit/UIScreen.h>
 
@@ -22,6 +23,7 @@ void requireSection(const sim::TableGeometry &geometry, NSInteger section) {
 
   _tableViewState = std::make_unique<sim::TableViewState>();
   _tableViewState->style = style;
+  const sim::SystemSets system;
   [self setAlwaysBounceVertical:YES];
   [self setBackgroundColor:style == UITableViewStylePlain ? [UIColor systemBackgroundColor]
                                                           : [UIColor systemGroupedBackgroundColor]];

@@ -1,6 +1,7 @@
 #import "UITableViewCellState.h"
 
 #import <Foundation/NotCarried.h>
+#import <UIKit/FrameworkSupport.h>
 #import <UIKit/UIFont.h>
 
 @implementation UITableViewCell
@@ -35,6 +36,7 @@
 
 - (UILabel *)sim_makeLabelWithFontSize:(CGFloat)size color:(UIColor *)color {
   UILabel *label = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectZero]).autoreleased();
+  const sim::SystemSets system;
   [label setFont:[UIFont systemFontOfSize:size]];
   [label setTextColor:color];
   [_cellState->contentView.get() addSubview:label];

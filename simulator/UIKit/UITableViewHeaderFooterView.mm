@@ -1,3 +1,4 @@
+#import <UIKit/FrameworkSupport.h>
 #import <UIKit/UITableViewHeaderFooterView+Sim.h>
 
 #import "LayoutProblem.h"
@@ -77,6 +78,7 @@ struct HeaderFooterViewState {
 
 - (UILabel *)sim_makeLabel {
   UILabel *label = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectZero]).autoreleased();
+  const sim::SystemSets system;
   [label setFont:[UIFont systemFontOfSize:13]];
   [label setTextColor:[UIColor secondaryLabelColor]];
   [label setNumberOfLines:0];

@@ -1,3 +1,4 @@
+#import <UIKit/FrameworkSupport.h>
 #import <UIKit/NSAttributedString+UIKit.h>
 #import <UIKit/NSText+Sim.h>
 #import <UIKit/UIControl+Sim.h>
@@ -25,6 +26,7 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 - (instancetype)initWithFrame:(CGRect)frame {
   if (!(self = [super initWithFrame:frame])) return nil;
   _fieldState = std::make_unique<sim::UITextFieldState>();
+  const sim::SystemSets system;
   [self setText:nil];
   [self setFont:nil];
   [self setTextColor:nil];

@@ -1,3 +1,4 @@
+#import <UIKit/FrameworkSupport.h>
 #import <UIKit/NSAttributedString+UIKit.h>
 
 #import <Foundation/NotCarried.h>
@@ -46,6 +47,7 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 - (instancetype)initWithFrame:(CGRect)frame {
   if (!(self = [super initWithFrame:frame])) return nil;
   _textState = std::make_unique<sim::UITextViewState>();
+  const sim::SystemSets system;
   [self setText:nil];
   [self setFont:nil];
   [self setTextColor:nil];

@@ -25,16 +25,31 @@ typedef NS_ENUM(NSInteger, UIUserInterfaceSizeClass) {
   UIUserInterfaceSizeClass _verticalSizeClass;
   CGFloat _displayScale;
 }
-/// The traits of the main screen. While a dynamic colour is being resolved: those that it is resolved for.
-+ (UITraitCollection *)currentTraitCollection;
+/// Each part that is not unspecified as in the last of the collections that specifies it.
++ (UITraitCollection *)traitCollectionWithTraitsFromCollections:(NSArray<UITraitCollection *> *)traitCollections;
 + (UITraitCollection *)traitCollectionWithUserInterfaceStyle:(UIUserInterfaceStyle)style;
++ (UITraitCollection *)traitCollectionWithUserInterfaceIdiom:(UIUserInterfaceIdiom)idiom;
++ (UITraitCollection *)traitCollectionWithHorizontalSizeClass:(UIUserInterfaceSizeClass)sizeClass;
++ (UITraitCollection *)traitCollectionWithVerticalSizeClass:(UIUserInterfaceSizeClass)sizeClass;
++ (UITraitCollection *)traitCollectionWithDisplayScale:(CGFloat)scale;
 @property(nonatomic, readonly) UIUserInterfaceStyle userInterfaceStyle;
 @property(nonatomic, readonly) UIUserInterfaceIdiom userInterfaceIdiom;
 @property(nonatomic, readonly) UIUserInterfaceSizeClass horizontalSizeClass;
 @property(nonatomic, readonly) UIUserInterfaceSizeClass verticalSizeClass;
 @property(nonatomic, readonly) CGFloat displayScale;
+/// Whether everything that `trait` specifies is the same here. YES for nil.
+- (BOOL)containsTraitsInCollection:(UITraitCollection *)trait;
 /// Whether a dynamic colour may look different under the two.
 - (BOOL)hasDifferentColorAppearanceComparedToTraitCollection:(UITraitCollection *)other;
+@end
+
+@interface UITraitCollection (CurrentTraitCollection)
+/// What dynamic colours are resolved for. The main screen's, except while a view draws, is laid out or is told of new
+/// traits: then the view's; while a dynamic colour is being resolved: those that it is resolved for. What is set lasts
+/// until the main queue's next turn, or until what it is set in has ended.
+@property(class, nonatomic, strong) UITraitCollection *currentTraitCollection;
+/// Runs `actions` at once with the receiver as the current traits.
+- (void)performAsCurrentTraitCollection:(void (^)(void))actions;
 @end
 
 @protocol UITraitEnvironment <NSObject>

@@ -1,7 +1,9 @@
 // The tree of views, and layout.
 #import "LayoutProblem.h"
 
+#import <UIKit/UIAppearance+Sim.h>
 #import <UIKit/UIResponder+Sim.h>
+#import <UIKit/UITraitCollection+Sim.h>
 #import <UIKit/UIViewLayout.h>
 #import <UIKit/UIView+Sim.h>
 #import <UIKit/UIViewState.h>
@@ -34,11 +36,13 @@ void layOut(UIView *view) {
     [view sim_tellSafeArea];
     [view sim_placeByConstraints];
     state.needsLayout = false;
-    const auto observer = (UIResponder<SIMLayoutObserver> *)state.viewController;
-    const BOOL observes = [observer respondsToSelector:@selector(viewWillLayoutSubviews)];
-    if (observes) [observer viewWillLayoutSubviews];
-    [view sim_layoutSublayers];
-    if (observes) [observer viewDidLayoutSubviews];
+    [view sim_performWithTraits:^{
+      const auto observer = (UIResponder<SIMLayoutObserver> *)[view sim_state].viewController;
+      const BOOL observes = [observer respondsToSelector:@selector(viewWillLayoutSubviews)];
+      if (observes) [observer viewWillLayoutSubviews];
+      [view sim_layoutSublayers];
+      if (observes) [observer viewDidLayoutSubviews];
+    }];
   }
   for (UIView *subview in [view subviews]) layOut(subview);
 }
@@ -112,6 +116,7 @@ void layOut(UIView *view) {
   }
 
   const auto added = objcxx::share(view);
+  const UIUserInterfaceStyle style = [view sim_setUserInterfaceStyle];
   UIWindow *from = [view window];
   UIWindow *to = [self window];
   [view->_state->superview willRemoveSubview:view];
@@ -126,6 +131,9 @@ void layOut(UIView *view) {
   [self setNeedsLayout];
   if (view->_state->treeNeedsUpdateConstraints) [view sim_passOnNeedForConstraints];
   [view sim_didMoveFromWindow:from toWindow:to];
+  if (style != [view sim_setUserInterfaceStyle]) {
+    [view sim_traitCollectionDidChange:[[UITraitCollection sim_deviceTraits] sim_withUserInterfaceStyle:style]];
+  }
   [view didMoveToSuperview];
   [self didAddSubview:view];
 }
@@ -198,6 +206,9 @@ void layOut(UIView *view) {
 
 - (void)sim_didMoveFromWindow:(UIWindow *)from toWindow:(UIWindow *)to {
   if (from == to) return;
+  if (to && sim::hasAppearances()) {
+    sim::applyAppearance(self, sim::containersOf(self), [UITraitCollection sim_deviceTraits]);
+  }
   [self didMoveToWindow];
   for (UIView *subview in [self subviews]) [subview sim_didMoveFromWindow:from toWindow:to];
 }

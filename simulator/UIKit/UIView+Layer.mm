@@ -117,7 +117,9 @@ bool overrides(UIView *view, SEL method) {
 - (void)drawLayer:(CALayer *)layer inContext:(CGContextRef)context {
   if (layer != [self layer]) return;
   UIGraphicsPushContext(context);
-  [self drawRect:_state->bounds];
+  [self sim_performWithTraits:^{
+    [self drawRect:self->_state->bounds];
+  }];
   UIGraphicsPopContext();
 }
 

@@ -10,11 +10,23 @@
 - (void)sim_setViewController:(UIResponder *)controller;
 /// Whether a finger could reach the view: it and everything above it is shown and lets touches through.
 - (BOOL)sim_acceptsTouches;
-/// Tells the receiver and everything below, with the controllers that the views belong to and their children, that the
-/// traits have changed: `traitCollectionDidChange:`.
-- (void)sim_traitCollectionDidChange:(UITraitCollection *)previous;
 /// A number that is unique in the process, for the host's identifiers.
 - (NSUInteger)sim_number;
+@end
+
+@interface UIView (SimTraits)
+/// The traits around the receiver have changed from `previous`. The receiver and everything below, with the controllers
+/// that the views belong to and their children, are told where theirs have: `traitCollectionDidChange:`.
+- (void)sim_traitCollectionDidChange:(UITraitCollection *)previous;
+/// The style that the receiver or its controller sets for the subtree; unspecified where neither does.
+@property(nonatomic, readonly) UIUserInterfaceStyle sim_ownUserInterfaceStyle;
+/// The style that the receiver, its controller or what is around them sets in place of the device's; unspecified where
+/// nothing does.
+@property(nonatomic, readonly) UIUserInterfaceStyle sim_setUserInterfaceStyle;
+/// The receiver's own traits were `previous`: it and what lies in it is told, where they have changed.
+- (void)sim_tellOfTraitsFrom:(UITraitCollection *)previous;
+/// Runs `body` with the receiver's traits as the current ones.
+- (void)sim_performWithTraits:(void (^)(void))body;
 @end
 
 /// A view keeps what it shares with its layer.

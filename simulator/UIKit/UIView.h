@@ -4,6 +4,7 @@
 #import <CoreGraphics/CoreGraphics.h>
 #import <QuartzCore/CALayer.h>
 #import <QuartzCore/CATransform3D.h>
+#import <UIKit/UIAppearance.h>
 #import <UIKit/UIColor.h>
 #import <UIKit/UIGeometry.h>
 #import <UIKit/UIResponder.h>
@@ -69,7 +70,7 @@ typedef NS_OPTIONS(NSUInteger, UIViewAnimationOptions) {
 
 UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 
-@interface UIView : UIResponder <CALayerDelegate, UITraitEnvironment> {
+@interface UIView : UIResponder <CALayerDelegate> {
  @private
   SIM_STATE(UIViewState, _state);
 }
@@ -83,6 +84,14 @@ UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 @property(nonatomic, copy) NSString *accessibilityValue;
 @property(nonatomic, copy) NSString *accessibilityIdentifier;
 @property(nonatomic) BOOL isAccessibilityElement;
+@end
+
+@interface UIView (UIAppearance) <UIAppearance, UIAppearanceContainer>
+@end
+
+@interface UIView (UITraitEnvironment) <UITraitEnvironment>
+/// Light or dark for the view and what lies in it, whatever is around; unspecified, at first, for what is around.
+@property(nonatomic) UIUserInterfaceStyle overrideUserInterfaceStyle;
 @end
 
 @interface UIView (UIViewGeometry)

@@ -114,14 +114,6 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
   _state->isAccessibilityElement = isElement;
 }
 
-- (UITraitCollection *)traitCollection {
-  return [[UIScreen mainScreen] traitCollection];
-}
-
-- (void)traitCollectionDidChange:(UITraitCollection *)previous {
-  (void)previous;
-}
-
 @end
 
 @implementation UIView (UIViewRendering)
@@ -218,14 +210,6 @@ objcxx::Retained<NSString> copied(NSString *string) { return objcxx::adopt((NSSt
     if (state.hidden || state.alpha < leastVisible || !state.userInteractionEnabled) return NO;
   }
   return YES;
-}
-
-- (void)sim_traitCollectionDidChange:(UITraitCollection *)previous {
-  const auto controller = objcxx::share((UIViewController *)_state->viewController);
-  [controller.get() traitCollectionDidChange:previous];
-  [self traitCollectionDidChange:previous];
-  for (UIView *subview in [self subviews]) [subview sim_traitCollectionDidChange:previous];
-  [controller.get() sim_tellCoveredChildrenOfTraits:previous];
 }
 
 - (NSUInteger)sim_number {

@@ -1,6 +1,7 @@
 // A page: its view, its place in containers, its appearance, and what it presents.
 #pragma once
 
+#import <UIKit/UIAppearance.h>
 #import <UIKit/UIGeometry.h>
 #import <UIKit/UIResponder.h>
 #import <UIKit/UITraitCollection.h>
@@ -43,7 +44,7 @@ SIM_STATE_TYPE(ViewControllerState);
 /// returns. An animated dismissal alone ends from the main queue, so that what is dismissed is still presented when the
 /// method returns, as on a device. A completion block is called at once when the transition is not animated, and from
 /// the main queue when it is.
-@interface UIViewController : UIResponder <UITraitEnvironment> {
+@interface UIViewController : UIResponder <UIAppearanceContainer> {
  @private
   SIM_STATE(ViewControllerState, _viewControllerState);
 }
@@ -69,7 +70,21 @@ SIM_STATE_TYPE(ViewControllerState);
 - (void)setEditing:(BOOL)editing animated:(BOOL)animated;
 /// Toggles -setEditing:animated:; the same item at each call.
 @property(nonatomic, readonly) UIBarButtonItem *editButtonItem;
-@property(nonatomic, readonly) UITraitCollection *traitCollection;
+@end
+
+@interface UIViewController (UIExtendedLayout)
+/// Under which bars the view reaches, in a navigation controller; all of them at first. What it does not reach under it
+/// begins below.
+@property(nonatomic, assign) UIRectEdge edgesForExtendedLayout;
+/// NO at first: the view does not reach under a bar that is not translucent.
+@property(nonatomic, assign) BOOL extendedLayoutIncludesOpaqueBars;
+/// YES at first. With NO scroll views whose own behaviour is automatic keep their content insets.
+@property(nonatomic, assign) BOOL automaticallyAdjustsScrollViewInsets;
+@end
+
+@interface UIViewController (UITraitEnvironment) <UITraitEnvironment>
+/// Light or dark for the controller, its children and its view; unspecified, at first, for what is around.
+@property(nonatomic) UIUserInterfaceStyle overrideUserInterfaceStyle;
 @end
 
 @protocol UILayoutSupport;

@@ -90,21 +90,6 @@
   return [_viewControllerState->view.get() superview];
 }
 
-- (UITraitCollection *)traitCollection {
-  return [[UIScreen mainScreen] traitCollection];
-}
-
-- (void)traitCollectionDidChange:(UITraitCollection *)previous {
-  (void)previous;
-}
-
-- (void)sim_tellCoveredChildrenOfTraits:(UITraitCollection *)previous {
-  for (UIViewController *child in [self childViewControllers]) {
-    UIView *view = [child viewIfLoaded];
-    if (![view isDescendantOfView:_viewControllerState->view.get()]) [view sim_traitCollectionDidChange:previous];
-  }
-}
-
 - (void)viewWillTransitionToSize:(CGSize)size
        withTransitionCoordinator:(id<UIViewControllerTransitionCoordinator>)coordinator {
   for (UIViewController *child in [self childViewControllers]) {
@@ -113,13 +98,6 @@
     const BOOL fills = CGSizeEqualToSize(own, [[self view] bounds].size);
     [child viewWillTransitionToSize:fills ? size : own withTransitionCoordinator:coordinator];
   }
-}
-
-- (CGFloat)sim_heightOfBarAbove {
-  UIViewController *parent = _viewControllerState->parent;
-  if (![parent isKindOfClass:[UINavigationController class]]) return 0;
-  UINavigationController *navigation = (UINavigationController *)parent;
-  return [navigation isNavigationBarHidden] ? 0 : [[navigation navigationBar] frame].size.height;
 }
 
 #pragma mark - Title and bar items

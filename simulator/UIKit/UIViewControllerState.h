@@ -31,6 +31,10 @@ struct ViewControllerState {
   BOOL editing = NO;
   BOOL modalInPresentation = NO;
   BOOL definesPresentationContext = NO;
+  UIUserInterfaceStyle overrideStyle = UIUserInterfaceStyleUnspecified;
+  UIRectEdge extendedEdges = UIRectEdgeAll;
+  BOOL extendsUnderOpaqueBars = NO;
+  BOOL adjustsScrollViewInsets = YES;
   BOOL beingPresented = NO;
   BOOL beingDismissed = NO;
   BOOL movingToParent = NO;

@@ -45,6 +45,7 @@ struct UIViewState : LayerGeometry {
   objcxx::Retained<NSString> accessibilityValue;
   objcxx::Retained<NSString> accessibilityIdentifier;
   bool isAccessibilityElement = false;
+  UIUserInterfaceStyle overrideStyle = UIUserInterfaceStyleUnspecified;
 };
 
 }  // namespace sim

@@ -19,7 +19,7 @@
       [page viewWillTransitionToSize:size withTransitionCoordinator:coordinator.get()];
     }
   } @finally {  // The screen changes, whatever the pages' code raises.
-    const auto former = objcxx::share([UITraitCollection currentTraitCollection]);
+    const auto former = objcxx::share([UITraitCollection sim_deviceTraits]);
     SIMSetMainScreen(size, scale, safeArea);
     [self setFrame:[[UIScreen mainScreen] bounds]];
     [self sim_tellTraitsIfChangedFrom:former.get()];
@@ -29,13 +29,13 @@
 }
 
 - (void)sim_changeUserInterfaceStyle:(UIUserInterfaceStyle)style {
-  const auto former = objcxx::share([UITraitCollection currentTraitCollection]);
+  const auto former = objcxx::share([UITraitCollection sim_deviceTraits]);
   SIMSetUserInterfaceStyle(style);
   [self sim_tellTraitsIfChangedFrom:former.get()];
 }
 
 - (void)sim_tellTraitsIfChangedFrom:(UITraitCollection *)former {
-  if ([[UITraitCollection currentTraitCollection] isEqual:former]) return;
+  if ([[UITraitCollection sim_deviceTraits] isEqual:former]) return;
   [self sim_traitCollectionDidChange:former];
 }
 

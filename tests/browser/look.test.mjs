@@ -172,13 +172,17 @@ test('A field has the colour, alignment, border and keyboard that were set, and 
 });
 
 test('The bar shows a view for the title, a prompt, coloured and bold buttons, pictures and views in them', async (t) => {
+  const solid = { color: '#203060ff', blur: true, clear: false, shadow: true, title: { color: '#ffffffff' } };
   const button = (index, fields) => ({
     id: `button2.${index}`, title: null, systemItem: null, side: 'right', enabled: true, image: null, tintColor: null, style: 'plain',
     width: 0, accessibilityLabel: null, view: null, ...fields,
   });
   const { fake, page } = await open(t, pageOf({
     prompt: 'Choose well', titleView: view('view', [0, 0, 80, 30], { views: [label('Drawn title', [0, 0, 80, 30], { color: '#ffffffff' })] }),
-    bar: { color: '#203060ff', titleColor: '#ffffffff', largeTitleColor: null, tintColor: '#ffd000ff', translucent: true, hidden: false },
+    bar: {
+      color: '#203060ff', titleColor: '#ffffffff', largeTitleColor: null, tintColor: '#ffd000ff', translucent: true, hidden: false,
+      standard: solid, scrollEdge: solid,
+    },
     buttons: [
       button(0, { title: 'Save', style: 'done', tintColor: red }),
       button(1, { image: picture({ tint: green }), accessibilityLabel: 'Star' }),
@@ -196,7 +200,7 @@ test('The bar shows a view for the title, a prompt, coloured and bold buttons, p
   const barBox = await bar.boundingBox();
   assert.equal(barBox.height, 47 + 44 + 30);
   assert.ok(row.y >= barBox.y + barBox.height, 'the rows begin below the bar');
-  assert.equal(await style(bar, 'background-color', '::before'), 'rgb(32, 48, 96)');
+  assert.equal(await style(bar.locator('.bar-ground[data-shown="true"]'), 'background-color'), 'rgb(32, 48, 96)');
   assert.equal(await style(page.getByRole('button', { name: 'Back to Settings' }), 'color'), 'rgb(255, 208, 0)');
   const save = page.getByRole('button', { name: 'Save' });
   assert.equal(await style(save, 'color'), 'rgb(255, 0, 0)');

@@ -16,6 +16,8 @@ const source = kitePage('[PSSpecifier groupSpecifierWithHeader:@"Fruit" footer:n
   UISearchController *search = [[UISearchController alloc] initWithSearchResultsController:nil];
   search.searchResultsUpdater = self;
   search.searchBar.placeholder = @"Fruit by name";
+  search.searchBar.tintColor = [UIColor blueColor];
+  search.searchBar.barTintColor = [UIColor yellowColor];
   self.navigationItem.searchController = search;
   self.navigationItem.hidesSearchBarWhenScrolling = NO;
   self.shown = @[ @"Apple", @"Pear", @"Plum" ];
@@ -67,6 +69,11 @@ test('A page is searched as a text is typed, and an old alert asks', async (t) =
   await field.click();
   const cancel = page.getByRole('button', { name: 'Cancel' });
   await cancel.waitFor();
+  await assertAccessible(page);
+  const style = (locator, name) => locator.evaluate((element, key) => getComputedStyle(element)[key], name);
+  assert.equal(await style(cancel, 'color'), 'rgb(0, 0, 255)');
+  assert.equal(await style(field, 'caretColor'), 'rgb(0, 0, 255)');
+  assert.equal(await style(page.locator('.search-bar'), 'backgroundColor'), 'rgb(255, 255, 0)');
   await field.pressSequentially('pl', { delay: 30 });
   await eventually(async () => assert.deepEqual(await rows.allInnerTexts(), ['Apple', 'Plum']));
   await rows.nth(1).getByRole('button').click();

@@ -1,6 +1,7 @@
 #import <UIKit/UISearchBar+Sim.h>
 
 #import "Settings/controls/TextInput.h"
+#import "Settings/views/Views.h"
 
 namespace sim {
 namespace {
@@ -18,7 +19,7 @@ void describe(JsonText &out, UIView *view, ImageStore &) {
   writeColor(out.name("barColor"), [bar barTintColor]);
   writeColor(out.name("textColor"), [field textColor]);
   writeColor(out.name("fieldColor"), [field backgroundColor]);
-  writeColor(out.name("tintColor"), [bar tintColor]);
+  writeColor(out.name("tintColor"), ownTint(bar));
 }
 
 bool writeValue(JsonText &out, UIView *view) {

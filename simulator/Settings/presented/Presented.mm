@@ -1,5 +1,7 @@
 #import "Settings/presented/Presented.h"
 
+#import <UIKit/UIViewController+Sim.h>
+
 #import "Settings/AdapterTable.h"
 #import "Settings/ScreenDescription.h"
 #import "Settings/views/Views.h"
@@ -36,6 +38,7 @@ void writePresented(JsonText &out, UIViewController *presented, PresentedPlace p
   if (!adapter || adapter->place != place) return out.null();
   out.beginObject();
   writeAnchor(out.name("anchor"), presented);
+  writeInterfaceStyle(out.name("interfaceStyle"), [presented sim_setUserInterfaceStyle]);
   adapter->describe(out, presented, numbers.of(presented), images);
   out.endObject();
 }

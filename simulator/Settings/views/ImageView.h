@@ -13,6 +13,9 @@ class ImageStore;
 /// null is written, when it draws none.
 bool writeShownImage(JsonText &out, UIImageView *view, ImageStore &images);
 
+/// "scaleToFill", "scaleAspectFit", "topLeft" and so on.
+const char *contentModeName(UIViewContentMode mode);
+
 /// Writes how the picture lies in the view: "scaleToFill", "scaleAspectFit", "topLeft" and so on.
 void writeContentMode(JsonText &out, UIImageView *view);
 

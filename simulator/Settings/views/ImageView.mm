@@ -7,7 +7,6 @@
 #import "Settings/views/ViewAdapter.h"
 
 namespace sim {
-namespace {
 
 const char *contentModeName(UIViewContentMode mode) {
   switch (mode) {
@@ -27,6 +26,8 @@ const char *contentModeName(UIViewContentMode mode) {
   }
   return "scaleToFill";
 }
+
+namespace {
 
 /// Points: how large the picture is drawn in a view of `room` at most.
 CGSize drawnSize(UIImage *image, UIViewContentMode mode, CGSize room) {

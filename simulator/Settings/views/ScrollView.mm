@@ -3,6 +3,12 @@
 namespace sim {
 namespace {
 
+void writeInsets(JsonText &out, UIEdgeInsets inset) {
+  out.beginArray();
+  for (const CGFloat side : {inset.top, inset.left, inset.bottom, inset.right}) out.number(side);
+  out.endArray();
+}
+
 void describe(JsonText &out, UIView *described, ImageStore &) {
   UIScrollView *view = (UIScrollView *)described;
   out.name("scrolls").flag([view isScrollEnabled]);
@@ -10,10 +16,8 @@ void describe(JsonText &out, UIView *described, ImageStore &) {
   out.number([view contentSize].width);
   out.number([view contentSize].height);
   out.endArray();
-  const UIEdgeInsets inset = [view contentInset];
-  out.name("contentInset").beginArray();
-  for (const CGFloat side : {inset.top, inset.left, inset.bottom, inset.right}) out.number(side);
-  out.endArray();
+  writeInsets(out.name("contentInset"), [view contentInset]);
+  writeInsets(out.name("adjustedContentInset"), [view adjustedContentInset]);
 }
 
 }  // namespace

@@ -40,6 +40,12 @@ std::string_view classNameOf(id object);
 
 void writeFrame(JsonText &out, CGRect frame);
 
+/// The tint that the view or one around it sets; nil for the system's own.
+UIColor *ownTint(UIView *view);
+
+/// "light" or "dark"; null for the one that is around.
+void writeInterfaceStyle(JsonText &out, UIUserInterfaceStyle style);
+
 /// "left", "center" and so on, for a text alignment.
 const char *alignmentName(NSTextAlignment alignment);
 

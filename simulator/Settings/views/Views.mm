@@ -139,6 +139,7 @@ void writeView(JsonText &out, UIView *view, ImageStore &images, Reach reach, boo
   writePlace(out, view);
   writeColor(out.name("backgroundColor"), shown.backgroundColor);
   writeLayer(out.name("layer"), view, images);
+  writeInterfaceStyle(out.name("interfaceStyle"), [view sim_ownUserInterfaceStyle]);
   out.name("clips").flag(shown.clips);
   out.name("hidden").flag(shown.hidden);
   out.name("alpha").number(shown.alpha);
@@ -165,6 +166,19 @@ const char *alignmentName(NSTextAlignment alignment) {
     case NSTextAlignmentJustified: return "justified";
     case NSTextAlignmentLeft: return "left";
     default: return "natural";
+  }
+}
+
+UIColor *ownTint(UIView *view) {
+  UIColor *tint = [view tintColor];
+  return [tint isEqual:[UIColor systemBlueColor]] ? nil : tint;
+}
+
+void writeInterfaceStyle(JsonText &out, UIUserInterfaceStyle style) {
+  switch (style) {
+    case UIUserInterfaceStyleLight: return out.string("light");
+    case UIUserInterfaceStyleDark: return out.string("dark");
+    default: return out.null();
   }
 }
 

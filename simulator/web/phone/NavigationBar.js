@@ -1,6 +1,8 @@
 import { html, useContext, useEffect, useLayoutEffect, useRef, useState } from 'htm/preact/standalone';
-import { cssColor, cssTextColor, pairOf } from '/colors.js';
+import { cssColor } from '/colors.js';
 import { Picture } from '/images.js';
+import { BarGround } from '/phone/BarGround.js';
+import { buttonStyle, groundOf, lookOf, offsetStyle, textStyle } from '/phone/barLook.js';
 import { InlineView, textOf } from '/phone/views/CustomViews.js';
 import { setOnly } from '/phone/look.js';
 import { BackChevron, Plus } from '/phone/symbols.js';
@@ -31,24 +33,33 @@ const systemItems = {
   fastForward: { name: 'Fast Forward' },
 };
 
-/** The bar over a page. `heading` receives the title's element, except where a large title is the heading. */
+/**
+ * The bar over a page, `solid` while content lies below it. `heading` receives the title's element, except where a
+ * large title is the heading.
+ */
 export function NavigationBar({ page, solid, large, showTitle, heading }) {
   const title = page.title ?? '';
   const buttons = page.buttons ?? [];
   const bar = page.bar ?? {};
-  const ground = bar.color ? pairOf(bar.color) : 'page';
+  const look = lookOf(bar, solid);
+  const ground = groundOf(look, 'page') ?? 'page';
   const barButtons = (side) => buttons.filter((button) => (button.side ?? 'right') === side)
-    .map((button) => html`<${BarButton} key=${button.id} button=${button} ground=${ground} />`);
-  const style = setOnly({ '--bar': cssColor(bar.color), '--tint': cssColor(bar.tintColor) });
-  const titleStyle = { color: bar.color ? cssTextColor(bar.titleColor, pairOf(bar.color)) : cssColor(bar.titleColor) };
+    .map((button) => html`<${BarButton} key=${button.id} button=${button} look=${look}
+      ground=${ground} />`);
+  const style = setOnly({ '--tint': cssColor(bar.tintColor) });
+  const titleStyle = { ...textStyle(look.title, groundOf(look, null)), ...offsetStyle(look.titleOffset) };
   const shownTitle = page.titleView
     ? html`<${InlineView} view=${page.titleView} on=${ground} name="title-view" />`
     : title;
   return html`
-    <header class="navigation-bar" style=${style} data-solid=${solid || bar.translucent === false || Boolean(bar.color)}>
+    <header class="navigation-bar" style=${style}
+      data-interface-style=${styleOver(page, look)}>
+      <${BarGround} look=${lookOf(bar, false)} shown=${!solid} lined=${!large} />
+      <${BarGround} look=${lookOf(bar, true)} shown=${solid} lined />
       ${page.prompt && html`<div class="bar-prompt" style=${titleStyle}>${page.prompt}</div>`}
       <div class="bar-side">
-        ${page.back && html`<${BackButton} key=${`${page.back.title} ${title}`} back=${page.back} />`}
+        ${page.back && html`<${BackButton} key=${`${page.back.title} ${title}`} back=${page.back}
+          look=${look} />`}
         ${barButtons('left')}
       </div>
       ${large
@@ -61,8 +72,14 @@ export function NavigationBar({ page, solid, large, showTitle, heading }) {
     </header>`;
 }
 
+/** Light or dark: the bar's own, but legible where the page shows through it. */
+function styleOver(page, look) {
+  if (page.bar?.interfaceStyle) return page.bar.interfaceStyle;
+  return page.interfaceStyle && !look.clear ? 'device' : page.interfaceStyle ?? undefined;
+}
+
 /** Shows the title of the page before; where that has no room "Back", and where that has none the arrow alone. */
-function BackButton({ back }) {
+function BackButton({ back, look }) {
   const session = useContext(SessionContext);
   const text = useRef(null);
   const texts = [back.title || 'Back', 'Back', ''];
@@ -75,14 +92,16 @@ function BackButton({ back }) {
     observer.observe(text.current.closest('.bar-side'));
     return () => observer.disconnect();
   }, []);
+  // What is left open of it is as in the other buttons.
+  const style = { ...buttonStyle(look.button, null, true), ...buttonStyle(look.backButton, null, true) };
   return html`
-    <button type="button" class="back-button" onClick=${() => session.tap(back.id)}
+    <button type="button" class="back-button" style=${style} onClick=${() => session.tap(back.id)}
       aria-label=${`Back to ${back.title || 'the page before'}`}>
-      <${BackChevron} /><span ref=${text}>${texts[shown]}</span>
+      <${BackChevron} /><span ref=${text} style=${offsetStyle(look.backButton?.offset)}>${texts[shown]}</span>
     </button>`;
 }
 
-function BarButton({ button, ground }) {
+function BarButton({ button, look, ground }) {
   const session = useContext(SessionContext);
   const known = systemItems[button.systemItem];
   const name = button.title || known?.name || button.systemItem || 'Button';
@@ -90,9 +109,12 @@ function BarButton({ button, ground }) {
   const isStrong = known?.strong || button.style === 'done';
   const label = button.accessibilityLabel || (button.view && textOf(button.view))
     || (symbol || button.image ? name : undefined);
+  const isEnabled = button.enabled !== false;
+  const looks = isStrong ? look.doneButton : look.button;
   const style = {
-    color: button.enabled === false ? undefined : cssColor(button.tintColor),
+    color: isEnabled ? cssColor(button.tintColor) : undefined,
     width: button.width > 0 ? `${button.width}px` : undefined,
+    ...button.view || button.image || symbol ? {} : buttonStyle(looks, button.titleLook, isEnabled),
   };
   return html`
     <button type="button" class=${isStrong ? 'bar-button bar-button-strong' : 'bar-button'} style=${style}
@@ -100,5 +122,5 @@ function BarButton({ button, ground }) {
       aria-label=${label} onClick=${() => session.tap(button.id)}>
       ${button.view ? html`<${InlineView} view=${button.view} on=${ground} name="bar-view" />`
         : button.image ? html`<${Picture} image=${button.image} />`
-        : symbol ? html`<${symbol} />` : name}</button>`;
+        : symbol ? html`<${symbol} />` : html`<span style=${offsetStyle(looks?.offset)}>${name}</span>`}</button>`;
 }

@@ -3,6 +3,8 @@ import { displayIn, isShallow } from '/display.js';
 import { cssColor, pairOf } from '/colors.js';
 import { CustomViews } from '/phone/views/CustomViews.js';
 import { controlOf, rowCanFocus } from '/phone/controls/controls.js';
+import { groundColor, lineColor } from '/phone/BarGround.js';
+import { groundOf, lookOf, textStyle } from '/phone/barLook.js';
 import { movedTo } from '/phone/views/Layer.js';
 import { setOnly } from '/phone/look.js';
 import { NavigationBar } from '/phone/NavigationBar.js';
@@ -28,8 +30,9 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
   const isBarHidden = Boolean(page.bar?.hidden || page.search?.coversBar);
   const large = (page.largeTitle ?? !page.back) && !shallow && !isBarHidden;
 
-  const follow = () => {
-    const top = scroller.current.scrollTop;
+  // A page without a table is scrolled by a view in it, if at all.
+  const follow = (event) => {
+    const top = (event?.target.matches('.page-view .scroll-view') ? event.target : scroller.current).scrollTop;
     const next = { bar: top > (large ? 44 : 2), title: top > 34 };
     setScrolled((last) => (last.bar === next.bar && last.title === next.title ? last : next));
   };
@@ -48,6 +51,10 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
 
   const touches = useTouches(session);
   const title = page.title ?? '';
+  const edge = lookOf(page.bar, false);
+  // What stands under the bar belongs to it until it is scrolled away.
+  const edgeStyle = edge.color ? { background: groundColor(edge) } : {};
+  const titleEdge = edge.clear ? 'transparent' : lineColor(edge);
   const ground = page.backgroundColor ? pairOf(page.backgroundColor) : 'page';
   const [insetTop, insetBottom] = page.contentInset ?? [0, 0];
   const style = setOnly({
@@ -57,20 +64,23 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
   return html`
     <div class=${`page page-${page.style ?? 'insetGrouped'}`} data-leaving=${leaving} inert=${leaving}
       data-prompt=${Boolean(page.prompt)} data-bar=${isBarHidden ? 'hidden' : 'shown'}
-      data-separators=${String(page.separators !== false)} style=${style} aria-hidden=${leaving ? 'true' : undefined}
+      data-separators=${String(page.separators !== false)} data-interface-style=${page.interfaceStyle ?? undefined}
+      style=${style} aria-hidden=${leaving ? 'true' : undefined}
       ...${touches}>
       ${page.backgroundView && html`<${CustomViews} views=${[page.backgroundView]} on="page" />`}
       <${NavigationBar} page=${page} solid=${scrolled.bar} large=${large} showTitle=${!large || scrolled.title}
-        heading=${large ? null : heading} />
-      <div class="scroller" ref=${scroller} onScroll=${follow} data-touch=${page.touchId ?? undefined}
+        heading=${large || page.search?.coversBar ? null : heading} />
+      <div class="scroller" ref=${scroller} onScrollCapture=${follow} data-touch=${page.touchId ?? undefined}
         data-scrolls=${String(page.scrolls !== false)} tabindex=${hasStops(page) ? undefined : 0}
         role=${hasStops(page) ? undefined : 'region'} aria-label=${hasStops(page) ? undefined : title}>
+        ${page.search?.coversBar && html`<h2 class="visually-hidden" ref=${heading} tabindex="-1"
+          data-page-heading>${title || 'Untitled page'}</h2>`}
         ${large && html`<h2 class="large-title" ref=${heading} tabindex="-1" data-page-heading
-          style=${{ color: cssColor(page.bar?.largeTitleColor) }}>${title}</h2>`}
-        ${page.search && html`<${Search} search=${page.search} />`}
+          style=${{ ...textStyle(edge.largeTitle, groundOf(edge, null), true), ...edgeStyle, borderBottomColor: titleEdge }}>${title}</h2>`}
+        ${page.search && html`<${Search} search=${page.search} style=${edgeStyle} />`}
         ${page.headerView && html`<${TableView} view=${page.headerView} ground=${ground} />`}
         ${page.view && html`
-          <div class="section-view page-view" style=${{ height: `${page.view.frame[3]}px` }}>
+          <div class="section-view page-view" style=${{ height: `${page.view.frame[1] + page.view.frame[3]}px` }}>
             <${CustomViews} views=${[page.view]} on="page" />
           </div>`}
         <${Table} page=${page} scroller=${scroller} active=${active} takesFocus=${takesFocus && place !== null} />
@@ -80,12 +90,12 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
 }
 
 /** The bar to search the page by. What it obscures ends the search when it is touched. */
-function Search({ search }) {
+function Search({ search, style }) {
   const session = useContext(SessionContext);
   const { bar, scrolls, obscures } = search;
   const { Content } = controlOf(bar.control);
   return html`
-    <div class="page-search" data-scrolls=${scrolls}>
+    <div class="page-search" data-scrolls=${scrolls} style=${style}>
       <${Content} row=${bar} name=${bar.accessibilityLabel || bar.control.placeholder || 'Search'} />
     </div>
     ${obscures && html`

@@ -50,7 +50,7 @@ export function Row({ row, section, index, header, isChoice, reordering, swipeOp
       ${(swipeOpen || swipe.offset < 0) && html`
         <${SwipeActions} row=${row} actions=${actions} focus=${swipeOpen && swipe.offset === 0} />`}
       <div class="row-slide" ...${swipe.handlers} data-swiping=${swipe.offset !== 0}
-        data-highlighted=${row.highlighted === true}
+        data-highlighted=${row.highlighted === true} data-interface-style=${row.interfaceStyle ?? undefined}
         style=${setOnly({
           transform: swipe.offset !== 0 ? `translateX(${swipe.offset}px)` : undefined,
           '--own-cell': cssColor(row.backgroundColor),

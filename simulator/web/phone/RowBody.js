@@ -1,15 +1,11 @@
 import { html } from 'htm/preact/standalone';
-import { cssColor, cssTextColor, paintedOver } from '/colors.js';
+import { cssColor } from '/colors.js';
 import { ControlRow } from '/phone/controls/ControlRow.js';
 import { CustomViews, InlineView } from '/phone/views/CustomViews.js';
-import { alignments, fontStyle, setOnly } from '/phone/look.js';
+import { labelStyle, textColorIn } from '/phone/labelStyle.js';
+import { alignments, setOnly } from '/phone/look.js';
 import { RowPicture } from '/phone/RowPicture.js';
 import { Checkmark, Close as CloseSymbol, Disclosure, Info } from '/phone/symbols.js';
-import { cellBackground } from '/phone/surfaces.js';
-
-// The system's label, which the style sheet has.
-const plainSize = 17;
-const plainWeight = 400;
 
 /** What a row shows and does: a control, a button, a custom cell, or plain text. `header` is its section's. */
 export function RowBody({ row, header, isChoice, tap, tapAccessory, tapButton }) {
@@ -73,19 +69,11 @@ function nameOf(row) {
 function Texts({ row }) {
   const detail = row.detail ?? '';
   const align = alignments[row.labelAlignment];
-  const background = paintedOver(cellBackground, row.backgroundColor);
-  const colored = (color) => (row.enabled === false ? undefined : cssTextColor(color, background));
-  const isOwnFont = row.style !== 'value2' && (row.labelSize ?? plainSize) !== plainSize;
-  const isOwnWeight = (row.labelWeight ?? plainWeight) !== plainWeight;
   return html`
     <span class="row-texts" data-style=${row.style ?? 'default'}>
       <span class="row-label" data-wraps=${(row.labelLines ?? 1) !== 1}
-        style=${{
-          color: colored(row.labelColor), textAlign: align, flexGrow: align && 1,
-          fontSize: isOwnFont ? `${row.labelSize}px` : undefined, fontWeight: isOwnWeight ? row.labelWeight : undefined,
-          ...fontStyle(row.labelFamily, row.labelItalic),
-        }}>${row.label ?? ''}</span>
-      ${detail !== '' && html`<span class="row-detail" style=${{ color: colored(row.detailColor) }}>${detail}</span>`}
+        style=${{ ...labelStyle(row), textAlign: align, flexGrow: align && 1 }}>${row.label ?? ''}</span>
+      ${detail !== '' && html`<span class="row-detail" style=${{ color: textColorIn(row, row.detailColor) }}>${detail}</span>`}
     </span>`;
 }
 

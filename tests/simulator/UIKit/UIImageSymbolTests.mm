@@ -5,6 +5,8 @@
 #import <UIKit/UIKit.h>
 #import <UIKit/UIScreen+Sim.h>
 
+#include <objcxx/Retained.h>
+
 #import "support/objc/ObjCMatchers.h"
 #import "support/objc/ObjCTest.h"
 

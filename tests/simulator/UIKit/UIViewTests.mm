@@ -343,7 +343,8 @@ TEST_F(UIViewTests, TraitChangesReachTheWholeTree) {
   RecordingView *root = recorder(), *child = recorder();
   [root addSubview:child];
   logOf(root), logOf(child);
-  [root sim_traitCollectionDidChange:[UITraitCollection currentTraitCollection]];
+  [root
+      sim_traitCollectionDidChange:[UITraitCollection traitCollectionWithUserInterfaceStyle:UIUserInterfaceStyleDark]];
   EXPECT_EQ(logOf(root), "traits ");
   EXPECT_EQ(logOf(child), "traits ");
 }

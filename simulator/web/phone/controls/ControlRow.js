@@ -1,5 +1,6 @@
 import { html } from 'htm/preact/standalone';
 import { controlOf } from '/phone/controls/controls.js';
+import { labelStyle } from '/phone/labelStyle.js';
 import { RowPicture } from '/phone/RowPicture.js';
 import { InlineView } from '/phone/views/CustomViews.js';
 
@@ -13,7 +14,7 @@ export function ControlRow({ row, header }) {
     <${Wrapper} class="row-main" data-control=${row.control.type}
       data-disabled=${isPassive ? undefined : row.enabled === false}>
       ${row.image && html`<${RowPicture} row=${row} />`}
-      ${(label !== '' || isPassive) && html`<span class="row-label">${label}</span>`}
+      ${(label !== '' || isPassive) && html`<span class="row-label" style=${labelStyle(row)}>${label}</span>`}
       ${row.detail && showsDetail && html`<span class="row-detail row-detail-below">${row.detail}</span>`}
       <${Content} row=${row} name=${name} />
       ${row.accessoryView && html`<${InlineView} view=${row.accessoryView} on="cell" name="accessory-view" />`}

@@ -40,6 +40,7 @@ function SearchBar({ row, name }) {
     '--search-field': cssColor(control.fieldColor),
     '--search-text': control.fieldColor
       ? cssTextColor(control.textColor ?? plainText, pairOf(control.fieldColor)) : cssColor(control.textColor),
+    '--tint': cssColor(control.tintColor),
     background: control.minimal ? undefined : cssColor(control.barColor),
   });
   return html`

@@ -74,6 +74,7 @@ export function Alert({ alert }) {
   return html`
     <div class=${sheet ? 'dimming dimming-sheet' : 'dimming'}>
       <div class=${sheet ? 'action-sheet' : 'alert'} role="alertdialog" aria-modal="true" tabindex="-1" ref=${dialog}
+        data-interface-style=${alert.interfaceStyle ?? undefined}
         aria-label=${alert.title ? undefined : 'Alert'} aria-labelledby=${alert.title ? 'alert-title' : undefined}
         aria-describedby=${alert.message ? 'alert-message' : undefined} onKeyDown=${onKeyDown}>
         <div class="alert-box">

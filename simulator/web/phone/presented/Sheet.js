@@ -40,7 +40,7 @@ export function Sheet({ sheet, covered }) {
   return html`
     <div class="dimming dimming-card" inert=${covered}>
       <div class="card" data-kind=${sheet.kind} role="dialog" aria-modal="true" aria-labelledby="sheet-title"
-        aria-busy=${working !== null} tabindex="-1" ref=${card} onKeyDown=${onKeyDown}>
+        data-interface-style=${sheet.interfaceStyle ?? undefined} aria-busy=${working !== null} tabindex="-1" ref=${card} onKeyDown=${onKeyDown}>
         <header class="card-bar">
           ${hasCross
             ? html`<span></span>`

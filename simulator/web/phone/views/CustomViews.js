@@ -70,7 +70,8 @@ function View({ view, background, isDepicted, shift }) {
   const identifier = view.accessibilityIdentifier ?? view.name ?? undefined;
   return html`
     <span class="view" data-identifier=${identifier} data-touch=${view.touchable ? view.id : undefined}
-      data-dragged=${view.dragged || undefined} style=${style} ...${names}>
+      data-dragged=${view.dragged || undefined} data-interface-style=${view.interfaceStyle ?? undefined}
+      style=${style} ...${names}>
       <${LayerContent} view=${view} size=${{ width, height }} />
       ${Content
         ? html`<${Content} view=${view} background=${below} isDepicted=${isDepicted}>${children}<//>`
