@@ -1,6 +1,7 @@
 import { html } from 'htm/preact/standalone';
 import { cssColor, cssTextColor, paintedOver } from '/colors.js';
 import { ControlRow } from '/phone/controls/ControlRow.js';
+import { AttributedText } from '/phone/views/AttributedText.js';
 import { CustomViews, InlineView } from '/phone/views/CustomViews.js';
 import { alignments, fontStyle, setOnly } from '/phone/look.js';
 import { RowPicture } from '/phone/RowPicture.js';
@@ -84,9 +85,16 @@ function Texts({ row }) {
           color: colored(row.labelColor), textAlign: align, flexGrow: align && 1,
           fontSize: isOwnFont ? `${row.labelSize}px` : undefined, fontWeight: isOwnWeight ? row.labelWeight : undefined,
           ...fontStyle(row.labelFamily, row.labelItalic),
-        }}>${row.label ?? ''}</span>
-      ${detail !== '' && html`<span class="row-detail" style=${{ color: colored(row.detailColor) }}>${detail}</span>`}
+        }}><${RowText} text=${row.label ?? ''} attributed=${row.attributedLabel} background=${background} /></span>
+      ${detail !== '' && html`
+        <span class="row-detail" style=${{ color: colored(row.detailColor) }}>
+          <${RowText} text=${detail} attributed=${row.attributedDetail} background=${background} /></span>`}
     </span>`;
+}
+
+/** A text of a row, as the device has laid it out where it has attributes of its own. */
+function RowText({ text, attributed, background }) {
+  return attributed ? html`<${AttributedText} text=${attributed} background=${background} />` : text;
 }
 
 function AccessorySymbol({ kind, tint }) {

@@ -1,6 +1,9 @@
 import { html } from 'htm/preact/standalone';
+import { paintedOver } from '/colors.js';
 import { controlOf } from '/phone/controls/controls.js';
 import { RowPicture } from '/phone/RowPicture.js';
+import { cellBackground } from '/phone/surfaces.js';
+import { AttributedText } from '/phone/views/AttributedText.js';
 import { InlineView } from '/phone/views/CustomViews.js';
 
 /** A row that holds a control. The row's label names the control, or else what is nearest to a label. */
@@ -8,12 +11,15 @@ export function ControlRow({ row, header }) {
   const { Content, isGroup, showsDetail, isPassive } = controlOf(row.control);
   const label = row.label ?? '';
   const name = row.accessibilityLabel || label || row.control.placeholder || header || row.key || 'Value';
+  const ground = paintedOver(cellBackground, row.backgroundColor);
   const Wrapper = isGroup || isPassive ? 'div' : 'label';
   return html`
     <${Wrapper} class="row-main" data-control=${row.control.type}
       data-disabled=${isPassive ? undefined : row.enabled === false}>
       ${row.image && html`<${RowPicture} row=${row} />`}
-      ${(label !== '' || isPassive) && html`<span class="row-label">${label}</span>`}
+      ${(label !== '' || isPassive) && html`
+        <span class="row-label">${row.attributedLabel
+          ? html`<${AttributedText} text=${row.attributedLabel} background=${ground} />` : label}</span>`}
       ${row.detail && showsDetail && html`<span class="row-detail row-detail-below">${row.detail}</span>`}
       <${Content} row=${row} name=${name} />
       ${row.accessoryView && html`<${InlineView} view=${row.accessoryView} on="cell" name="accessory-view" />`}
