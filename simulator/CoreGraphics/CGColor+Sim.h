@@ -8,5 +8,7 @@ namespace sim {
 
 /// sRGB components of `color`; transparent black for NULL.
 RGBA components(CGColorRef color) noexcept;
+/// Whether `object` is a CGColorRef; false for nil.
+bool isColor(id object);
 
 }  // namespace sim

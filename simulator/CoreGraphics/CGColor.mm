@@ -93,4 +93,6 @@ RGBA components(CGColorRef color) noexcept {
   return {c[0], c[1], c[2], c[3]};
 }
 
+bool isColor(id object) { return [object isKindOfClass:[SIMColor class]]; }
+
 }  // namespace sim

@@ -92,6 +92,25 @@ typedef NS_OPTIONS(NSUInteger, NSDataReadingOptions) {
 - (void)enumerateLinesUsingBlock:(void (^)(NSString *line, BOOL *stop))block;
 @end
 
+typedef NS_OPTIONS(NSUInteger, NSAttributedStringEnumerationOptions) {
+  NSAttributedStringEnumerationReverse = 1UL << 1,
+  NSAttributedStringEnumerationLongestEffectiveRangeNotRequired = 1UL << 20
+};
+
+@interface NSAttributedString (Enumeration)
+/// Each range with the same attributes. A range beyond the end raises NSRangeException. The block may change the text's
+/// attributes in the range that it is told.
+- (void)enumerateAttributesInRange:(NSRange)enumerationRange
+                           options:(NSAttributedStringEnumerationOptions)opts
+                        usingBlock:
+                            (void (^)(NSDictionary<NSAttributedStringKey, id> *attrs, NSRange range, BOOL *stop))block;
+/// Each range with the same value of one attribute, nil where there is none.
+- (void)enumerateAttribute:(NSAttributedStringKey)attrName
+                   inRange:(NSRange)enumerationRange
+                   options:(NSAttributedStringEnumerationOptions)opts
+                usingBlock:(void (^)(id _Nullable value, NSRange range, BOOL *stop))block;
+@end
+
 typedef struct {
   NSInteger majorVersion;
   NSInteger minorVersion;

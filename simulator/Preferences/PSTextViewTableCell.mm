@@ -14,6 +14,7 @@
   if (!(self = [super initWithStyle:style reuseIdentifier:identifier specifier:specifier])) return nil;
 
   _textView = [[UITextView alloc] initWithFrame:CGRectZero];
+  [_textView setFont:[UIFont preferredFontForTextStyle:UIFontTextStyleBody]];
   [_textView setDelegate:self];
   [[self contentView] addSubview:_textView];
   [self setShouldHideTitle:YES];

@@ -1,6 +1,6 @@
 #import <QuartzCore/CATextLayer.h>
 
-#import <UIKit/NSAttributedString+UIKit.h>
+#import <UIKit/AttributedText.h>
 #import <UIKit/UIColor.h>
 #import <UIKit/UIFont.h>
 #import <UIKit/UIGraphics.h>
@@ -143,24 +143,18 @@ NSTextAlignment alignmentOf(NSString *mode) {
 - (void)drawInContext:(CGContextRef)ctx {
   id string = [self string];
   const bool isAttributed = [string isKindOfClass:[NSAttributedString class]];
-  NSString *text = isAttributed ? [(NSAttributedString *)string string] : string;
-  if ([text length] == 0) return;
+  const auto plain = objcxx::adopt(isAttributed ? nil : [[NSAttributedString alloc] initWithString:string ?: @""]);
   const auto style = objcxx::adopt([[NSMutableParagraphStyle alloc] init]);
   [style.get() setAlignment:alignmentOf([self alignmentMode])];
   [style.get() setLineBreakMode:[self sim_lineBreakMode]];
-  NSMutableDictionary *attributes = [NSMutableDictionary dictionary];
-  [attributes setObject:[self sim_usedFont] forKey:NSFontAttributeName];
-  if ([self foregroundColor]) {
-    [attributes setObject:[UIColor colorWithCGColor:[self foregroundColor]] forKey:NSForegroundColorAttributeName];
-  }
-  if (isAttributed)
-    [attributes addEntriesFromDictionary:[(NSAttributedString *)string attributesAtIndex:0 effectiveRange:nullptr]];
-  if (![attributes objectForKey:NSParagraphStyleAttributeName]) {
-    [attributes setObject:style.get() forKey:NSParagraphStyleAttributeName];
-  }
-  UIGraphicsPushContext(ctx);
-  [text drawInRect:[self bounds] withAttributes:attributes];
-  UIGraphicsPopContext();
+  UIColor *color = [self foregroundColor] ? [UIColor colorWithCGColor:[self foregroundColor]] : nil;
+  const sim::AttributedText text(isAttributed ? (NSAttributedString *)string : plain.get(),
+                                 {.font = [self sim_usedFont], .color = color, .paragraph = style.get()},
+                                 sim::Shortening::toOneLine);
+  CGContextSaveGState(ctx);
+  CGContextClipToRect(ctx, [self bounds]);
+  text.draw(ctx, text.layOut({.width = [self bounds].size.width}), [self bounds].origin);
+  CGContextRestoreGState(ctx);
 }
 
 @end

@@ -4,6 +4,7 @@
 #import <Preferences/Preferences.h>
 #import <UIKit/UIFont+Sim.h>
 #import <UIKit/UIKit.h>
+#import <UIKit/UILabel+Sim.h>
 #import <UIKit/UITableView+Sim.h>
 #import <UIKit/UITableViewCell+Sim.h>
 #import <UIKit/UIView+Sim.h>
@@ -23,8 +24,8 @@
 #import "Settings/controls/AccessoryButton.h"
 #import "Settings/controls/Controls.h"
 #import "Settings/views/ImageView.h"
-#import "Settings/views/Label.h"
 #import "Settings/views/Layer.h"
+#import "Settings/views/TextLook.h"
 #import "Settings/views/Views.h"
 
 namespace sim {
@@ -176,7 +177,7 @@ class RowWriter {
     UILabel *label = [cell sim_textLabelIfMade];
     UILabel *detail = [cell sim_detailTextLabelIfMade];
     writeText(out_.name("label"), [label text]);
-    writeColor(out_.name("labelColor"), shownColor(label));
+    writeColor(out_.name("labelColor"), [label sim_shownColor]);
     if (label) {
       out_.name("labelSize").number([[label font] pointSize]);
       const TextStyle style = textStyle([label font]);
@@ -194,7 +195,11 @@ class RowWriter {
       out_.name("labelLines").null();
     }
     writeText(out_.name("detail"), [detail text]);
-    writeColor(out_.name("detailColor"), shownColor(detail));
+    writeColor(out_.name("detailColor"), [detail sim_shownColor]);
+    // As they lie now: their frames are those of the last layout.
+    if ([label sim_isAttributed] || [detail sim_isAttributed]) [cell layoutIfNeeded];
+    writeAttributedText(out_.name("attributedLabel"), label, 1, images_);
+    writeAttributedText(out_.name("attributedDetail"), detail, 1, images_);
     writeText(out_.name("accessibilityLabel"), [cell accessibilityLabel] ?: [control accessibilityLabel]);
     writeText(out_.name("accessibilityValue"), [cell accessibilityValue] ?: [control accessibilityValue]);
     writeText(out_.name("accessibilityHint"), [cell accessibilityHint] ?: [control accessibilityHint]);

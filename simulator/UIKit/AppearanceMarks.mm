@@ -1,7 +1,7 @@
 #import "AppearanceMarks.h"
 
 #import <UIKit/FrameworkSupport.h>
-#import <objc/ReplaceMethod.h>
+#import "objc/ReplaceMethod.h"
 
 #include <objc/runtime.h>
 #include <objcxx/Retained.h>

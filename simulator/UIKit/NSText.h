@@ -24,4 +24,12 @@ typedef NS_ENUM(NSInteger, NSLineBreakMode) {
 typedef NS_OPTIONS(NSInteger, NSUnderlineStyle) {
   NSUnderlineStyleNone = 0,
   NSUnderlineStyleSingle = 1,
+  NSUnderlineStyleThick = 2,
+  NSUnderlineStyleDouble = 9,
+  NSUnderlineStylePatternSolid = 0,
+  NSUnderlineStylePatternDot = 0x100,
+  NSUnderlineStylePatternDash = 0x200,
+  NSUnderlineStylePatternDashDot = 0x300,
+  NSUnderlineStylePatternDashDotDot = 0x400,
+  NSUnderlineStyleByWord = 0x8000,
 };

@@ -29,15 +29,19 @@ typedef NS_ENUM(NSInteger, UIButtonType) {
 @property(nonatomic, readonly) UILabel *titleLabel;
 @property(nonatomic, readonly) UIImageView *imageView;
 - (void)setTitle:(NSString *)title forState:(UIControlState)state;
+/// Shown in place of a title. What its attributes leave open is the title label's.
+- (void)setAttributedTitle:(NSAttributedString *)title forState:(UIControlState)state;
 - (void)setTitleColor:(UIColor *)color forState:(UIControlState)state;
 - (void)setImage:(UIImage *)image forState:(UIControlState)state;
 - (void)setBackgroundImage:(UIImage *)image forState:(UIControlState)state;
 /// What was set for exactly that state, else what was set for normal.
 - (NSString *)titleForState:(UIControlState)state;
+- (NSAttributedString *)attributedTitleForState:(UIControlState)state;
 - (UIColor *)titleColorForState:(UIControlState)state;
 - (UIImage *)imageForState:(UIControlState)state;
 - (UIImage *)backgroundImageForState:(UIControlState)state;
 @property(nonatomic, readonly) NSString *currentTitle;
+@property(nonatomic, readonly) NSAttributedString *currentAttributedTitle;
 @property(nonatomic, readonly) UIColor *currentTitleColor;
 @property(nonatomic, readonly) UIImage *currentImage;
 @end

@@ -15,6 +15,7 @@ using PerState = std::map<UIControlState, objcxx::Retained<Value>>;
 struct UIButtonState {
   UIButtonType type = UIButtonTypeCustom;
   PerState<NSString> titles;
+  PerState<NSAttributedString> attributedTitles;
   PerState<UIColor> titleColors;
   PerState<UIImage> images;
   PerState<UIImage> backgroundImages;
@@ -101,11 +102,17 @@ constexpr CGFloat kSystemVerticalInset = 6;
   [_buttonState->backgroundView.get() setImage:background];
 }
 
+- (BOOL)sim_hasTitle {
+  return [[self currentTitle] length] > 0 || [[self currentAttributedTitle] length] > 0;
+}
+
 - (void)sim_showCurrent {
-  if ([[self currentTitle] length] > 0 || _buttonState->titleLabel) {
+  if ([self sim_hasTitle] || _buttonState->titleLabel) {
     const sim::SystemSets system;
-    [[self titleLabel] setText:[self currentTitle]];
-    [[self titleLabel] setTextColor:[self currentTitleColor]];
+    UILabel *label = [self titleLabel];
+    [label setText:[self currentTitle]];
+    [label setTextColor:[self currentTitleColor]];
+    if (NSAttributedString *title = [self currentAttributedTitle]) [label setAttributedText:title];
   }
   if ([self currentImage] || _buttonState->imageView) [[self imageView] setImage:[self currentImage]];
   [self sim_showBackground];
@@ -138,6 +145,11 @@ constexpr CGFloat kSystemVerticalInset = 6;
   [self sim_showCurrent];
 }
 
+- (void)setAttributedTitle:(NSAttributedString *)title forState:(UIControlState)state {
+  set(_buttonState->attributedTitles, state, objcxx::adopt((NSAttributedString *)[title copy]));
+  [self sim_showCurrent];
+}
+
 - (void)setTitleColor:(UIColor *)color forState:(UIControlState)state {
   set(_buttonState->titleColors, state, objcxx::share(color));
   [self sim_showCurrent];
@@ -155,6 +167,10 @@ constexpr CGFloat kSystemVerticalInset = 6;
 
 - (NSString *)titleForState:(UIControlState)state {
   return valueFor(_buttonState->titles, state);
+}
+
+- (NSAttributedString *)attributedTitleForState:(UIControlState)state {
+  return valueFor(_buttonState->attributedTitles, state);
 }
 
 - (UIColor *)titleColorForState:(UIControlState)state {
@@ -175,6 +191,10 @@ constexpr CGFloat kSystemVerticalInset = 6;
   return [self titleForState:[self state]];
 }
 
+- (NSAttributedString *)currentAttributedTitle {
+  return [self attributedTitleForState:[self state]];
+}
+
 - (UIColor *)currentTitleColor {
   return [self titleColorForState:[self state]];
 }
@@ -184,7 +204,7 @@ constexpr CGFloat kSystemVerticalInset = 6;
 }
 
 - (CGSize)sim_titleSize {
-  return [[self currentTitle] length] > 0 ? [[self titleLabel] sizeThatFits:CGSizeZero] : CGSizeZero;
+  return [self sim_hasTitle] ? [[self titleLabel] sizeThatFits:CGSizeZero] : CGSizeZero;
 }
 
 - (CGSize)sizeThatFits:(CGSize)size {
@@ -196,7 +216,7 @@ constexpr CGFloat kSystemVerticalInset = 6;
 }
 
 - (BOOL)sim_getBaselines:(sim::Baselines &)baselines {
-  if ([[self currentTitle] length] == 0) return NO;
+  if (![self sim_hasTitle]) return NO;
   (void)[[self titleLabel] sim_getBaselines:baselines];
   const CGFloat around = ([self sizeThatFits:CGSizeZero].height - [self sim_titleSize].height) / 2;
   baselines.firstFromTop += around;

@@ -9,13 +9,17 @@
 #import <UIKit/NSAttributedString+UIKit.h>
 #import <UIKit/NSLayoutAnchor.h>
 #import <UIKit/NSLayoutConstraint.h>
+#import <UIKit/NSParagraphStyle.h>
+#import <UIKit/NSShadow.h>
 #import <UIKit/NSText.h>
+#import <UIKit/NSTextAttachment.h>
 #import <UIKit/UIActivityIndicatorView.h>
 #import <UIKit/UIAppearance.h>
 #import <UIKit/UIBarAppearance.h>
 #import <UIKit/UIBarButtonItemAppearance.h>
 #import <UIKit/UIBarCommon.h>
 #import <UIKit/UIBezierPath.h>
+#import <UIKit/UIBlurEffect.h>
 #import <UIKit/UIButton.h>
 #import <UIKit/UIColor.h>
 #import <UIKit/UIControl.h>
@@ -53,8 +57,11 @@
 #import <UIKit/UITextView.h>
 #import <UIKit/UITouch.h>
 #import <UIKit/UITraitCollection.h>
+#import <UIKit/UIVibrancyEffect.h>
 #import <UIKit/UIView.h>
 #import <UIKit/UIViewAutoLayout.h>
+#import <UIKit/UIVisualEffect.h>
+#import <UIKit/UIVisualEffectView.h>
 
 // Controllers, tables, alerts and the application.
 #import <UIKit/NSIndexPath+UIKit.h>

@@ -14,7 +14,8 @@ SIM_STATE_TYPE(UILabelState);
   SIM_STATE(UILabelState, _labelState);
 }
 @property(nonatomic, copy) NSString *text;
-/// Its first character's font and colour become the label's own. Setting `text` drops it.
+/// What its attributes leave open is as it was set on the label. Its first character's font, colour and alignment
+/// become the label's own, and setting those of the label gives them to the whole text. Setting `text` drops it.
 @property(nonatomic, copy) NSAttributedString *attributedText;
 /// System font of 17 points; nil sets that back.
 @property(nonatomic, retain) UIFont *font;

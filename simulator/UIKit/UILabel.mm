@@ -4,7 +4,7 @@
 #import <UIKit/FrameworkSupport.h>
 #import <UIKit/NSText+Sim.h>
 #import <UIKit/UIFont+Sim.h>
-#import <UIKit/UILabel.h>
+#import <UIKit/UILabel+Sim.h>
 #import <UIKit/UIViewLayout.h>
 
 #include <objcxx/Retained.h>
@@ -18,6 +18,8 @@ struct UILabelState {
   objcxx::Retained<NSAttributedString> attributedText;
   objcxx::Retained<UIFont> font;
   objcxx::Retained<UIColor> textColor;
+  objcxx::Retained<UIFont> fontOfPlainRuns;  // As they were set, not taken from a text.
+  objcxx::Retained<UIColor> colorOfPlainRuns;
   objcxx::Retained<UIColor> highlightedTextColor;
   objcxx::Retained<UIColor> shadowColor;
   CGSize shadowOffset = {0, -1};
@@ -32,6 +34,19 @@ struct UILabelState {
 };
 
 }  // namespace sim
+
+namespace {
+
+/// How much of a disabled label's colour is left.
+constexpr CGFloat kDisabledAlpha = 0.4;
+
+/// Highlighted, disabled or as it is.
+UIColor *shownColor(const sim::UILabelState &state, UIColor *color) {
+  if (state.highlighted && state.highlightedTextColor) color = state.highlightedTextColor.get();
+  return state.enabled ? color : [color colorWithAlphaComponent:kDisabledAlpha];
+}
+
+}  // namespace
 
 @implementation UILabel
 
@@ -70,11 +85,39 @@ struct UILabelState {
   [self invalidateIntrinsicContentSize];
   if ([text length] == 0) return;
   NSDictionary *attributes = [text attributesAtIndex:0 effectiveRange:nullptr];
-  if (UIFont *font = [attributes objectForKey:NSFontAttributeName]) [self setFont:font];
-  if (UIColor *color = [attributes objectForKey:NSForegroundColorAttributeName]) [self setTextColor:color];
-  if (NSParagraphStyle *style = [attributes objectForKey:NSParagraphStyleAttributeName]) {
-    [self setTextAlignment:[style alignment]];
+  if (UIFont *font = [attributes objectForKey:NSFontAttributeName]) _labelState->font = objcxx::share(font);
+  if (UIColor *color = [attributes objectForKey:NSForegroundColorAttributeName]) {
+    _labelState->textColor = objcxx::share(color);
   }
+  if (NSParagraphStyle *style = [attributes objectForKey:NSParagraphStyleAttributeName]) {
+    _labelState->alignment = [style alignment];
+  }
+}
+
+/// Gives the whole text an attribute, which setting the label's own property does.
+- (void)sim_setAttribute:(NSAttributedStringKey)name value:(id)value {
+  if (!_labelState->attributedText) return;
+  const auto changed = objcxx::adopt((NSMutableAttributedString *)[_labelState->attributedText.get() mutableCopy]);
+  [changed.get() addAttribute:name value:value range:NSMakeRange(0, [changed.get() length])];
+  _labelState->attributedText = objcxx::adopt((NSAttributedString *)[changed.get() copy]);
+}
+
+/// The same of one value in the paragraphs' styles, which keep their others.
+- (void)sim_changeParagraphs:(void (^)(NSMutableParagraphStyle *style))change {
+  if (!_labelState->attributedText) return;
+  const auto changed = objcxx::adopt((NSMutableAttributedString *)[_labelState->attributedText.get() mutableCopy]);
+  NSMutableAttributedString *text = changed.get();
+  [_labelState->attributedText.get()
+      enumerateAttribute:NSParagraphStyleAttributeName
+                 inRange:NSMakeRange(0, [text length])
+                 options:NSAttributedStringEnumerationOptions(0)
+              usingBlock:^(id value, NSRange range, BOOL *) {
+                if (!value) return;  // The label's own stands in.
+                const auto style = objcxx::adopt((NSMutableParagraphStyle *)[value mutableCopy]);
+                change(style.get());
+                [text addAttribute:NSParagraphStyleAttributeName value:style.get() range:range];
+              }];
+  _labelState->attributedText = objcxx::adopt((NSAttributedString *)[text copy]);
 }
 
 - (UIFont *)font {
@@ -83,6 +126,8 @@ struct UILabelState {
 
 - (void)setFont:(UIFont *)font {
   _labelState->font = objcxx::share(font ? font : [UIFont systemFontOfSize:[UIFont labelFontSize]]);
+  _labelState->fontOfPlainRuns = _labelState->font;
+  [self sim_setAttribute:NSFontAttributeName value:[self font]];
   [self invalidateIntrinsicContentSize];
 }
 
@@ -92,6 +137,8 @@ struct UILabelState {
 
 - (void)setTextColor:(UIColor *)color {
   _labelState->textColor = objcxx::share(color ? color : [UIColor labelColor]);
+  _labelState->colorOfPlainRuns = _labelState->textColor;
+  [self sim_setAttribute:NSForegroundColorAttributeName value:[self textColor]];
 }
 
 - (UIColor *)highlightedTextColor {
@@ -140,6 +187,9 @@ struct UILabelState {
 
 - (void)setTextAlignment:(NSTextAlignment)alignment {
   _labelState->alignment = alignment;
+  [self sim_changeParagraphs:^(NSMutableParagraphStyle *style) {
+    [style setAlignment:alignment];
+  }];
 }
 
 - (NSLineBreakMode)lineBreakMode {
@@ -148,6 +198,9 @@ struct UILabelState {
 
 - (void)setLineBreakMode:(NSLineBreakMode)mode {
   _labelState->lineBreakMode = mode;
+  [self sim_changeParagraphs:^(NSMutableParagraphStyle *style) {
+    [style setLineBreakMode:mode];
+  }];
   [self invalidateIntrinsicContentSize];
 }
 
@@ -188,11 +241,16 @@ struct UILabelState {
 // The text in whole pixels, wrapped to `width` (0 or less: not at all) in `lines` lines at most (0: no limit).
 - (CGSize)sim_textSizeForWidth:(CGFloat)width lines:(NSInteger)lines {
   if ([_labelState->text.get() length] == 0) return CGSizeZero;
+  if (_labelState->attributedText) {
+    const auto layout =
+        [self sim_attributedTextScaledBy:1].layOut({.width = lines == 1 ? 0 : width, .lines = int(lines)});
+    return CGSizeMake(sim::ceiledToPixel(layout.width()), sim::ceiledToPixel(layout.height()));
+  }
   sim::TextBlock block;
-  block.lines = int(lines);
+  block.limits.lines = int(lines);
   if (lines != 1) {
     block.wrap = sim::wrapOf(_labelState->lineBreakMode);
-    block.width = width;
+    block.limits.width = width;
   }
   const auto size = sim::measureText(sim::utf8(_labelState->text.get()), sim::textStyle([self font]), block);
   return CGSizeMake(sim::ceiledToPixel(size.width), sim::ceiledToPixel(size.lines * [[self font] lineHeight]));
@@ -213,6 +271,15 @@ struct UILabelState {
 }
 
 - (BOOL)sim_getBaselines:(sim::Baselines &)baselines {
+  if (_labelState->attributedText) {
+    const auto layout = [self sim_attributedTextScaledBy:1].layOut(
+        {.width = [self bounds].size.width, .lines = int(_labelState->numberOfLines)});
+    if (!layout.lines().empty()) {
+      baselines.firstFromTop = sim::roundedToPixel(layout.lines().front().baseline);
+      baselines.lastFromBottom = sim::roundedToPixel(layout.height() - layout.lines().back().baseline);
+      return YES;
+    }
+  }
   UIFont *font = [self font];
   baselines.firstFromTop = sim::roundedToPixel([font ascender]);
   baselines.lastFromBottom = sim::roundedToPixel(-[font descender]);
@@ -234,6 +301,30 @@ struct UILabelState {
   if (_labelState->alignment == NSTextAlignmentRight) share = 1;
   return CGRectMake(bounds.origin.x + (bounds.size.width - width) * share,
                     bounds.origin.y + (bounds.size.height - height) / 2, width, height);
+}
+
+@end
+
+@implementation UILabel (Sim)
+
+- (UIColor *)sim_shownColor {
+  return shownColor(*_labelState, _labelState->textColor.get());
+}
+
+- (BOOL)sim_isAttributed {
+  return [_labelState->attributedText.get() length] > 0;
+}
+
+- (sim::AttributedText)sim_attributedTextScaledBy:(CGFloat)scale {
+  const auto style = objcxx::adopt([[NSMutableParagraphStyle alloc] init]);
+  [style.get() setAlignment:_labelState->alignment];
+  [style.get() setLineBreakMode:_labelState->lineBreakMode];
+  return {_labelState->attributedText.get(),
+          {.font = _labelState->fontOfPlainRuns.get(),
+           .color = shownColor(*_labelState, _labelState->colorOfPlainRuns.get()),
+           .paragraph = style.get()},
+          sim::Shortening::ofLastLine,
+          scale};
 }
 
 @end

@@ -22,6 +22,10 @@ enum { UISegmentedControlNoSegment = -1 };
 @property(nonatomic) NSInteger selectedSegmentIndex;
 @property(nonatomic, getter=isMomentary) BOOL momentary;
 @property(nonatomic, retain) UIColor *selectedSegmentTintColor;
+/// The font (13 points, medium) and the foreground colour; others are not carried, which the log says. What a state has
+/// none of is that of normal.
+- (void)setTitleTextAttributes:(NSDictionary<NSAttributedStringKey, id> *)attributes forState:(UIControlState)state;
+- (NSDictionary<NSAttributedStringKey, id> *)titleTextAttributesForState:(UIControlState)state;
 /// An index past the end counts as the end.
 - (void)insertSegmentWithTitle:(NSString *)title atIndex:(NSUInteger)index animated:(BOOL)animated;
 - (void)insertSegmentWithImage:(UIImage *)image atIndex:(NSUInteger)index animated:(BOOL)animated;

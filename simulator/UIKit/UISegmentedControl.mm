@@ -1,3 +1,5 @@
+#import <Foundation/NotCarried.h>
+#import <UIKit/NSAttributedString+UIKit.h>
 #import <UIKit/NSText+Sim.h>
 #import <UIKit/UIControl+Sim.h>
 #import <UIKit/UIFont+Sim.h>
@@ -6,6 +8,7 @@
 #include <objcxx/Retained.h>
 
 #include <algorithm>
+#include <map>
 #include <vector>
 
 namespace sim {
@@ -21,6 +24,7 @@ struct UISegmentedControlState {
   NSInteger selected = UISegmentedControlNoSegment;
   bool momentary = false;
   objcxx::Retained<UIColor> selectedTint;
+  std::map<UIControlState, objcxx::Retained<NSDictionary>> titleAttributes;
 };
 
 }  // namespace sim
@@ -65,7 +69,7 @@ sim::Segment pictured(UIImage *image) { return {{}, objcxx::share(image), true};
 
 /// All segments are as wide as the widest wants to be.
 - (CGSize)intrinsicContentSize {
-  const auto style = sim::textStyle([UIFont systemFontOfSize:kTitleSize weight:UIFontWeightMedium]);
+  const auto style = sim::textStyle([self sim_titleFontForState:UIControlStateNormal]);
   double widest = 0;
   for (const sim::Segment &segment : _segmentState->segments) {
     const double width = segment.image ? [segment.image.get() size].width
@@ -105,6 +109,30 @@ sim::Segment pictured(UIImage *image) { return {{}, objcxx::share(image), true};
 
 - (void)setSelectedSegmentTintColor:(UIColor *)color {
   _segmentState->selectedTint = objcxx::share(color);
+}
+
+- (void)setTitleTextAttributes:(NSDictionary *)attributes forState:(UIControlState)state {
+  for (NSString *name in attributes) {
+    if ([name isEqualToString:NSFontAttributeName] || [name isEqualToString:NSForegroundColorAttributeName]) continue;
+    sim::notCarried([@"UISegmentedControl.titleTextAttributes " stringByAppendingString:name],
+                    @"Titles of segments have a font and a colour.");
+  }
+  if (attributes) {
+    _segmentState->titleAttributes[state] = objcxx::adopt((NSDictionary *)[attributes copy]);
+  } else {
+    _segmentState->titleAttributes.erase(state);
+  }
+  [self invalidateIntrinsicContentSize];
+}
+
+- (NSDictionary *)titleTextAttributesForState:(UIControlState)state {
+  const auto found = _segmentState->titleAttributes.find(state);
+  return found == _segmentState->titleAttributes.end() ? nil : found->second.get();
+}
+
+- (id)sim_titleAttribute:(NSAttributedStringKey)name forState:(UIControlState)state {
+  return [[self titleTextAttributesForState:state] objectForKey:name]
+             ?: [[self titleTextAttributesForState:UIControlStateNormal] objectForKey:name];
 }
 
 - (void)sim_insert:(const sim::Segment &)segment atIndex:(NSUInteger)index {
@@ -186,6 +214,15 @@ sim::Segment pictured(UIImage *image) { return {{}, objcxx::share(image), true};
 @end
 
 @implementation UISegmentedControl (Sim)
+
+- (UIFont *)sim_titleFontForState:(UIControlState)state {
+  return [self sim_titleAttribute:NSFontAttributeName forState:state]
+             ?: [UIFont systemFontOfSize:kTitleSize weight:UIFontWeightMedium];
+}
+
+- (UIColor *)sim_titleColorForState:(UIControlState)state {
+  return [self sim_titleAttribute:NSForegroundColorAttributeName forState:state];
+}
 
 - (BOOL)sim_selectByUser:(NSInteger)index {
   if (index < 0 || index >= NSInteger([self numberOfSegments])) return NO;

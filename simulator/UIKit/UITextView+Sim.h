@@ -1,9 +1,16 @@
-// What a person does to a text view.
+// Text views as they are drawn, and what a person does to them.
 #pragma once
 
+#import <UIKit/AttributedText.h>
 #import <UIKit/UITextView.h>
 
 @interface UITextView (Sim)
+/// Whether the text has attributes of its own.
+- (BOOL)sim_isAttributed;
+/// That text; empty for a view without one.
+- (sim::AttributedText)sim_attributedText;
+/// Points: how wide the view's lines may be.
+- (CGFloat)sim_widthOfLines;
 /// Taps the view, replaces its text by `text` and leaves it. NO when it is not editable, cannot be reached or its
 /// delegate refuses to begin; a refused change leaves the text alone and still ends editing.
 - (BOOL)sim_enterText:(NSString *)text;

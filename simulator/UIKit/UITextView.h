@@ -33,6 +33,9 @@ UIKIT_EXTERN NSString *const UITextViewTextDidEndEditingNotification;
 }
 /// Never nil; setting nil empties it. Setting it asks no delegate.
 @property(nonatomic, copy) NSString *text;
+/// Where it has no font or colour it is in 12 points and black, as on a device. Its first character's font, colour and
+/// alignment become the view's own, and setting those of the view gives them to the whole text. Dropped when the text
+/// is set or edited.
 @property(copy) NSAttributedString *attributedText;
 @property(nonatomic, retain) UIFont *font;
 @property(nonatomic, retain) UIColor *textColor;

@@ -21,6 +21,7 @@ namespace sim {
 
 struct UITextViewState {
   objcxx::Retained<NSString> text;
+  objcxx::Retained<NSAttributedString> attributedText;
   objcxx::Retained<UIFont> font;
   objcxx::Retained<UIColor> textColor;
   NSTextAlignment alignment = NSTextAlignmentNatural;
@@ -57,13 +58,21 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 - (CGSize)sizeThatFits:(CGSize)size {
   const UIEdgeInsets insets = _textState->textContainerInset;
   const CGFloat margins = insets.left + insets.right + 2 * kLineFragmentPadding;
-  sim::TextBlock block;
-  block.wrap = sim::TextWrap::word;
-  block.width = size.width > 0 ? std::max<CGFloat>(size.width - margins, 1) : 0;
-  const auto text = sim::measureText(sim::utf8([self text]), sim::textStyle([self font]), block);
-  return CGSizeMake(
-      sim::ceiledToPixel(text.width + margins),
-      sim::ceiledToPixel(std::max(text.lines, 1) * [[self font] lineHeight] + insets.top + insets.bottom));
+  const CGFloat room = size.width > 0 ? std::max<CGFloat>(size.width - margins, 1) : 0;
+  const CGSize text = [self sim_textSizeForWidth:room];
+  return CGSizeMake(sim::ceiledToPixel(text.width + margins),
+                    sim::ceiledToPixel(text.height + insets.top + insets.bottom));
+}
+
+/// Of the text alone, in points; 0: not wrapped.
+- (CGSize)sim_textSizeForWidth:(CGFloat)width {
+  if ([self sim_isAttributed]) {
+    const auto layout = [self sim_attributedText].layOut({.width = width});
+    return CGSizeMake(layout.width(), layout.height());
+  }
+  const auto text =
+      sim::measureText(sim::utf8([self text]), sim::textStyle([self font]), {sim::TextWrap::word, {.width = width}});
+  return CGSizeMake(text.width, std::max(text.lines, 1) * [[self font] lineHeight]);
 }
 
 /// As large as its text, unless it scrolls.
@@ -86,11 +95,13 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 
 - (void)setText:(NSString *)text {
   _textState->text = objcxx::adopt((NSString *)[text ? text : @"" copy]);
+  _textState->attributedText = nullptr;
   [self invalidateIntrinsicContentSize];
   _textState->selectedRange = NSMakeRange([[self text] length], 0);
 }
 
 - (NSAttributedString *)attributedText {
+  if (_textState->attributedText) return _textState->attributedText.get();
   NSDictionary *attributes =
       [NSDictionary dictionaryWithObjectsAndKeys:[self font], NSFontAttributeName, [self textColor],
                                                  NSForegroundColorAttributeName, nil];
@@ -103,6 +114,19 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
   NSDictionary *attributes = [text attributesAtIndex:0 effectiveRange:nullptr];
   if (UIFont *font = [attributes objectForKey:NSFontAttributeName]) [self setFont:font];
   if (UIColor *color = [attributes objectForKey:NSForegroundColorAttributeName]) [self setTextColor:color];
+  if (NSParagraphStyle *style = [attributes objectForKey:NSParagraphStyleAttributeName]) {
+    [self setTextAlignment:[style alignment]];
+  }
+  _textState->attributedText = objcxx::adopt((NSAttributedString *)[text copy]);
+  [self invalidateIntrinsicContentSize];
+}
+
+/// Gives the whole text an attribute, which setting the view's own property does.
+- (void)sim_setAttribute:(NSAttributedStringKey)name value:(id)value {
+  if (!_textState->attributedText) return;
+  const auto changed = objcxx::adopt((NSMutableAttributedString *)[_textState->attributedText.get() mutableCopy]);
+  [changed.get() addAttribute:name value:value range:NSMakeRange(0, [changed.get() length])];
+  _textState->attributedText = objcxx::adopt((NSAttributedString *)[changed.get() copy]);
 }
 
 - (UIFont *)font {
@@ -111,6 +135,7 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 
 - (void)setFont:(UIFont *)font {
   _textState->font = objcxx::share(font ? font : [UIFont systemFontOfSize:12]);
+  [self sim_setAttribute:NSFontAttributeName value:[self font]];
   [self invalidateIntrinsicContentSize];
 }
 
@@ -120,6 +145,7 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 
 - (void)setTextColor:(UIColor *)color {
   _textState->textColor = objcxx::share(color ? color : [UIColor labelColor]);
+  [self sim_setAttribute:NSForegroundColorAttributeName value:[self textColor]];
 }
 
 - (NSTextAlignment)textAlignment {
@@ -214,6 +240,23 @@ SIM_TEXT_INPUT_TRAITS(_textState->traits)
 @end
 
 @implementation UITextView (Sim)
+
+- (BOOL)sim_isAttributed {
+  return [_textState->attributedText.get() length] > 0;
+}
+
+- (sim::AttributedText)sim_attributedText {
+  const auto style = objcxx::adopt([[NSMutableParagraphStyle alloc] init]);
+  [style.get() setAlignment:_textState->alignment];
+  return {_textState->attributedText.get(),
+          {.paragraph = style.get(), .linkColor = [self tintColor]},
+          sim::Shortening::ofLastLine};
+}
+
+- (CGFloat)sim_widthOfLines {
+  const UIEdgeInsets insets = _textState->textContainerInset;
+  return std::max<CGFloat>([self bounds].size.width - insets.left - insets.right - 2 * kLineFragmentPadding, 1);
+}
 
 - (BOOL)sim_enterText:(NSString *)text {
   return [self sim_replaceTextFrom:0 with:text ? text : @""];

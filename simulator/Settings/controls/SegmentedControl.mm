@@ -1,13 +1,29 @@
 #import <UIKit/UISegmentedControl+Sim.h>
 
 #import "Settings/ImageStore.h"
+#import "Settings/JsonValues.h"
 #import "Settings/controls/ControlAdapter.h"
 #import "Settings/views/ImageView.h"
+#import "Settings/views/TextLook.h"
 
 namespace sim {
 namespace {
 
 std::string_view type(UIView *) { return "segmented"; }
+
+/// The colour is null where the system's stands, and so is the whole for a state that looks as on a device.
+void writeTitleLook(JsonText &out, UISegmentedControl *control, UIControlState state) {
+  UIColor *color = [control sim_titleColorForState:state];
+  const bool isPlain =
+      ![control titleTextAttributesForState:UIControlStateNormal] && ![control titleTextAttributesForState:state];
+  if (isPlain) return out.null();
+  UIFont *font = [control sim_titleFontForState:state];
+  out.beginObject();
+  writeColor(out.name("color"), color);
+  out.name("fontSize").number([font pointSize]);
+  writeFace(out, font);
+  out.endObject();
+}
 
 void describe(JsonText &out, UIView *view, ImageStore &images) {
   UISegmentedControl *control = (UISegmentedControl *)view;
@@ -24,6 +40,11 @@ void describe(JsonText &out, UIView *view, ImageStore &images) {
   out.name("enabled").beginArray();
   for (NSUInteger index = 0; index < count; ++index) out.flag([control isEnabledForSegmentAtIndex:index]);
   out.endArray();
+  out.name("titleLooks").beginObject();
+  writeTitleLook(out.name("normal"), control, UIControlStateNormal);
+  writeTitleLook(out.name("selected"), control, UIControlStateSelected);
+  writeTitleLook(out.name("disabled"), control, UIControlStateDisabled);
+  out.endObject();
   writeColor(out.name("selectedTintColor"), [control selectedSegmentTintColor]);
   const NSInteger selected = [control selectedSegmentIndex];
   out.name("selected");

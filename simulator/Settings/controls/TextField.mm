@@ -1,6 +1,7 @@
 #import <UIKit/UITextField+Sim.h>
 
 #import "Settings/controls/TextInput.h"
+#import "Settings/views/TextLook.h"
 #import "Settings/views/Views.h"
 
 #include <algorithm>
@@ -53,6 +54,20 @@ void writeSideView(JsonText &out, UIView *view, UITextFieldViewMode mode, ImageS
   writeView(out, view, images);
 }
 
+/// The colour and the font with which an attributed placeholder begins; null where it has neither.
+void writePlaceholderLook(JsonText &out, NSAttributedString *placeholder) {
+  if ([placeholder length] == 0) return out.null();
+  NSDictionary *attributes = [placeholder attributesAtIndex:0 effectiveRange:nullptr];
+  UIFont *font = [attributes objectForKey:NSFontAttributeName];
+  out.beginObject();
+  writeColor(out.name("color"), [attributes objectForKey:NSForegroundColorAttributeName]);
+  if (font) {
+    out.name("fontSize").number([font pointSize]);
+    writeFace(out, font);
+  }
+  out.endObject();
+}
+
 void describe(JsonText &out, UIView *view, ImageStore &images) {
   UITextField *field = (UITextField *)view;
   writeText(out.name("placeholder"), [field placeholder]);
@@ -62,6 +77,8 @@ void describe(JsonText &out, UIView *view, ImageStore &images) {
   writeColor(out.name("textColor"), [field textColor]);
   out.name("alignment").string(alignmentName([field textAlignment]));
   out.name("fontSize").number(shownFontSize(field));
+  writeFace(out, [field font]);
+  writePlaceholderLook(out.name("placeholderLook"), [field attributedPlaceholder]);
   out.name("border").string(borderName([field borderStyle]));
   writeSideView(out.name("leftView"), [field leftView], [field leftViewMode], images);
   writeSideView(out.name("rightView"), [field rightView], [field rightViewMode], images);

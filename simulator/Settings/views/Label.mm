@@ -1,8 +1,8 @@
-#import "Settings/views/Label.h"
-
-#import <UIKit/UIFont+Sim.h>
+// Labels as they are drawn.
+#import <UIKit/UILabel+Sim.h>
 
 #import "Settings/JsonValues.h"
+#import "Settings/views/TextLook.h"
 #import "Settings/views/ViewAdapter.h"
 #import "Settings/views/Views.h"
 
@@ -10,9 +10,6 @@
 
 namespace sim {
 namespace {
-
-/// How much of a disabled label's colour is left.
-constexpr CGFloat kDisabledAlpha = 0.4;
 
 /// Points: the font's size, or less where the label is to make its one line fit. Without a least factor there is no end
 /// to it, as on a device.
@@ -25,14 +22,6 @@ CGFloat shownFontSize(UILabel *label) {
   return width <= room ? size : size * std::clamp<CGFloat>(room / width, least, 1);
 }
 
-void writeFace(JsonText &out, UIFont *font) {
-  const TextStyle style = textStyle(font);
-  out.name("fontWeight").integer(style.weight);
-  out.name("fontFamily").string(fontFamilyOf(style.typeface));
-  out.name("italic").flag(style.italic);
-  out.name("tabularDigits").flag(style.tabularDigits);
-}
-
 void writeTextShadow(JsonText &out, UILabel *label) {
   if (![label shadowColor]) return out.null();
   out.beginObject();
@@ -42,24 +31,19 @@ void writeTextShadow(JsonText &out, UILabel *label) {
   out.endObject();
 }
 
-void describe(JsonText &out, UIView *view, ImageStore &) {
+void describe(JsonText &out, UIView *view, ImageStore &images) {
   UILabel *label = (UILabel *)view;
   writeText(out.name("text"), [label text]);
   out.name("fontSize").number(shownFontSize(label));
   writeFace(out, [label font]);
-  writeColor(out.name("color"), shownColor(label));
+  writeColor(out.name("color"), [label sim_shownColor]);
   writeTextShadow(out.name("textShadow"), label);
   out.name("alignment").string(alignmentName([label textAlignment]));
   out.name("lines").integer([label numberOfLines]);
+  writeAttributedText(out.name("attributedText"), label, shownFontSize(label) / [[label font] pointSize], images);
 }
 
 }  // namespace
-
-UIColor *shownColor(UILabel *label) {
-  UIColor *color =
-      [label isHighlighted] && [label highlightedTextColor] ? [label highlightedTextColor] : [label textColor];
-  return !label || [label isEnabled] ? color : [color colorWithAlphaComponent:kDisabledAlpha];
-}
 
 extern const ViewAdapter kLabel{.kind = [] { return [UILabel class]; }, .type = "label", .describe = describe};
 

@@ -19,13 +19,13 @@
 namespace sim {
 
 // Each stands in the file of its name.
-extern const ViewAdapter kImageView, kLabel, kScrollView;
+extern const ViewAdapter kEffectView, kImageView, kLabel, kScrollView;
 
 namespace {
 
 /// nullptr for a view that has nothing but what every view has.
 const ViewAdapter *adapterOf(UIView *view) {
-  static const AdapterTable<ViewAdapter> views{&kImageView, &kLabel, &kScrollView};
+  static const AdapterTable<ViewAdapter> views{&kEffectView, &kImageView, &kLabel, &kScrollView};
   return views.of(view);
 }
 

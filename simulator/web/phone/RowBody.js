@@ -5,6 +5,7 @@ import { CustomViews, InlineView } from '/phone/views/CustomViews.js';
 import { labelStyle, textColorIn } from '/phone/labelStyle.js';
 import { alignments, setOnly } from '/phone/look.js';
 import { RowPicture } from '/phone/RowPicture.js';
+import { RowText } from '/phone/RowText.js';
 import { Checkmark, Close as CloseSymbol, Disclosure, Info } from '/phone/symbols.js';
 
 /** What a row shows and does: a control, a button, a custom cell, or plain text. `header` is its section's. */
@@ -72,8 +73,9 @@ function Texts({ row }) {
   return html`
     <span class="row-texts" data-style=${row.style ?? 'default'}>
       <span class="row-label" data-wraps=${(row.labelLines ?? 1) !== 1}
-        style=${{ ...labelStyle(row), textAlign: align, flexGrow: align && 1 }}>${row.label ?? ''}</span>
-      ${detail !== '' && html`<span class="row-detail" style=${{ color: textColorIn(row, row.detailColor) }}>${detail}</span>`}
+        style=${{ ...labelStyle(row), textAlign: align, flexGrow: align && 1 }}><${RowText} row=${row} text=${row.label ?? ''} attributed=${row.attributedLabel} /></span>
+      ${detail !== '' && html`
+        <span class="row-detail" style=${{ color: textColorIn(row, row.detailColor) }}><${RowText} row=${row} text=${detail} attributed=${row.attributedDetail} /></span>`}
     </span>`;
 }
 

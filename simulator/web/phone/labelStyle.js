@@ -6,9 +6,12 @@ import { cellBackground } from '/phone/surfaces.js';
 const plainSize = 17;
 const plainWeight = 400;
 
+/** What the texts of `row` lie on. */
+export const groundOf = (row) => paintedOver(cellBackground, row.backgroundColor);
+
 /** The CSS colour of a text of `row`, legible on it; undefined for a row that is disabled, which has its own. */
 export function textColorIn(row, color) {
-  return row.enabled === false ? undefined : cssTextColor(color, paintedOver(cellBackground, row.backgroundColor));
+  return row.enabled === false ? undefined : cssTextColor(color, groundOf(row));
 }
 
 /** The style of the row's label: its colour, and its font where that is not the system's. */

@@ -6,6 +6,9 @@ const corners = {
   bottomRight: 'borderBottomRightRadius', bottomLeft: 'borderBottomLeftRadius',
 };
 
+/** Points from which on a text counts as large, so that less contrast keeps it legible. */
+export const largeText = 24;
+
 export const alignments = { center: 'center', right: 'right', justified: 'justify' };
 
 /** `style` without what is not set: the browser would take it for a value of a custom property. */

@@ -200,6 +200,81 @@ TEST_F(UIFontTests, Equality) {
   EXPECT_EQ([[UIFont systemFontOfSize:NAN] pointSize], 14);
 }
 
+NSMutableAttributedString *runs(NSString *first, CGFloat size, NSString *second) {
+  NSMutableAttributedString *made = [[[NSMutableAttributedString alloc]
+      initWithString:first
+          attributes:@{NSFontAttributeName : [UIFont systemFontOfSize:size]}] autorelease];
+  [made appendAttributedString:[[[NSAttributedString alloc] initWithString:second] autorelease]];
+  return made;
+}
+
+TEST_F(UILabelTests, RunsAreMeasuredEachInItsFont) {
+  UILabel *made = label(nil);
+  [made setAttributedText:runs(@"large", 40, @"small")];
+  const CGSize size = [made sizeThatFits:CGSizeZero];
+  EXPECT_NEAR(size.width, widthOf(@"large", 40) + widthOf(@"small", 17), 0.4) << "a run without a font has the label's";
+  EXPECT_NEAR(size.height, [[UIFont systemFontOfSize:40] lineHeight], 0.4);
+  EXPECT_TRUE(CGSizeEqualToSize([made intrinsicContentSize], size));
+  EXPECT_EQ([[made font] pointSize], 40) << "that of the first character";
+  [made setNumberOfLines:0];
+  EXPECT_GT([made sizeThatFits:CGSizeMake(size.width - 10, 0)].height, size.height);
+  [made setNumberOfLines:1];
+  EXPECT_EQ([made sizeThatFits:CGSizeMake(10, 0)].width, size.width);
+}
+
+TEST_F(UILabelTests, SettingAPropertyGivesItToAllRuns) {
+  UILabel *made = label(nil);
+  NSMutableParagraphStyle *style = [[[NSMutableParagraphStyle alloc] init] autorelease];
+  [style setLineSpacing:9];
+  NSMutableAttributedString *string = runs(@"large", 40, @"small");
+  [string addAttribute:NSParagraphStyleAttributeName value:style range:NSMakeRange(0, 5)];
+  [made setAttributedText:string];
+  [made setFont:[UIFont systemFontOfSize:10]];
+  [made setTextColor:[UIColor redColor]];
+  [made setTextAlignment:NSTextAlignmentCenter];
+  [made setLineBreakMode:NSLineBreakByCharWrapping];
+  EXPECT_NEAR([made sizeThatFits:CGSizeZero].width, widthOf(@"largesmall", 10), 0.4);
+  for (const NSUInteger at : {NSUInteger(0), NSUInteger(7)}) {
+    NSDictionary *attributes = [[made attributedText] attributesAtIndex:at effectiveRange:nullptr];
+    EXPECT_OBJC_EQ([attributes objectForKey:NSForegroundColorAttributeName], [UIColor redColor]);
+  }
+  NSParagraphStyle *changed = [[made attributedText] attribute:NSParagraphStyleAttributeName
+                                                       atIndex:0
+                                                effectiveRange:nullptr];
+  EXPECT_EQ([changed alignment], NSTextAlignmentCenter);
+  EXPECT_EQ([changed lineBreakMode], NSLineBreakByCharWrapping);
+  EXPECT_EQ([changed lineSpacing], 9) << "the rest of the style stays";
+  EXPECT_EQ([style alignment], NSTextAlignmentNatural) << "of its owner";
+  [made setText:@"plain"];
+  EXPECT_NEAR([made sizeThatFits:CGSizeZero].width, widthOf(@"plain", 10), 0.4);
+}
+
+TEST_F(UILabelTests, AButtonShowsAnAttributedTitle) {
+  UIButton *button = [UIButton buttonWithType:UIButtonTypeSystem];
+  [button setTitle:@"plain" forState:UIControlStateNormal];
+  const CGFloat plain = [button intrinsicContentSize].width;
+  [button setAttributedTitle:runs(@"large", 40, @"small") forState:UIControlStateNormal];
+  EXPECT_GT([button intrinsicContentSize].width, plain);
+  EXPECT_OBJC_EQ([[[button titleLabel] attributedText] string], @"largesmall");
+  EXPECT_OBJC_EQ([[button attributedTitleForState:UIControlStateSelected] string], @"largesmall");
+  EXPECT_OBJC_EQ([[button titleLabel] textColor], [button tintColor]);
+  [button setAttributedTitle:nil forState:UIControlStateNormal];
+  EXPECT_OBJC_EQ([[button titleLabel] text], @"plain");
+  EXPECT_OBJC_EQ([button currentAttributedTitle], nil);
+}
+
+TEST_F(UILabelTests, ATextViewIsAsHighAsItsRuns) {
+  UITextView *view = [[[UITextView alloc] init] autorelease];
+  [view setAttributedText:runs(@"large", 40, @"small")];
+  const CGFloat large = [[UIFont systemFontOfSize:40] lineHeight] + 16;
+  EXPECT_NEAR([view sizeThatFits:CGSizeMake(1000, 0)].height, large, 0.4);
+  EXPECT_EQ([[view attributedText] length], 10u);
+  [view setFont:[UIFont systemFontOfSize:10]];
+  EXPECT_NEAR([view sizeThatFits:CGSizeMake(1000, 0)].height, [[UIFont systemFontOfSize:10] lineHeight] + 16, 0.4);
+  [view setText:@"plain"];
+  EXPECT_OBJC_EQ([[view attributedText] string], @"plain");
+}
+
 class NSStringDrawingTests : public ObjCTest {
  protected:
   NSDictionary *attributes(NSParagraphStyle *style = nil) {

@@ -1,8 +1,12 @@
 import { html, useContext, useEffect, useState } from 'htm/preact/standalone';
 import { cssColor, cssTextColor, pairOf } from '/colors.js';
 import { Picture } from '/images.js';
+import { fontStyle, setOnly } from '/phone/look.js';
 import { SessionContext } from '/session.js';
 
+// What titles lie on, the same as in styles/tokens.css.
+const ground = { light: '#eeeeef', dark: '#2c2c2e' };
+const chosenGround = { light: '#ffffff', dark: '#636366' };
 const plainText = { light: '#000000', dark: '#ffffff' };
 
 /** One of a few titles or pictures. `control.selected` is the index of the chosen one, or negative. */
@@ -16,6 +20,12 @@ function SegmentedControl({ row, name }) {
     setShown(index);
     if (!(await session.set(row.id, index))) setShown(selected);
   };
+  const { titleLooks = {} } = row.control;
+  const chosen = selectedTintColor ? pairOf(selectedTintColor) : chosenGround;
+  const lookOf = (index) => {
+    if (index === shown) return ownLook(titleLooks.selected, chosen);
+    return ownLook(enabled[index] === false ? titleLooks.disabled : titleLooks.normal, ground);
+  };
   const tinted = selectedTintColor && {
     '--segment-chosen': cssColor(selectedTintColor), color: cssTextColor(plainText, pairOf(selectedTintColor)),
   };
@@ -28,9 +38,18 @@ function SegmentedControl({ row, name }) {
             disabled=${row.enabled === false || enabled[index] === false}
             aria-label=${title || `Segment ${index + 1} of ${titles.length}`}
             data-part=${index === Math.max(0, shown ?? 0) ? 'main' : undefined} onChange=${() => choose(index)} />
-          ${images[index] ? html`<${Picture} image=${images[index]} />` : html`<span>${title}</span>`}
+          ${images[index] ? html`<${Picture} image=${images[index]} />` : html`<span style=${lookOf(index)}>${title}</span>`}
         </label>`)}
     </div>`;
+}
+
+/** The font and the colour of titles, where the bundle has set any. The colour is kept legible. */
+function ownLook(look, background) {
+  if (!look) return undefined;
+  return setOnly({
+    color: cssTextColor(look.color, background), fontSize: `${look.fontSize}px`, fontWeight: look.fontWeight,
+    ...fontStyle(look.fontFamily, look.italic, look.tabularDigits),
+  });
 }
 
 export const segmentedControl = { Content: SegmentedControl, isGroup: true };

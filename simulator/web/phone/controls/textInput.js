@@ -1,12 +1,13 @@
 import { useContext } from 'htm/preact/standalone';
-import { cssTextColor, paintedOver } from '/colors.js';
+import { cssColor, cssTextColor, paintedOver } from '/colors.js';
 import { takeLongPaste } from '/longText.js';
 import { useDraft } from '/phone/draft.js';
-import { alignments } from '/phone/look.js';
+import { alignments, fontStyle, setOnly } from '/phone/look.js';
 import { cellBackground } from '/phone/surfaces.js';
 import { SessionContext } from '/session.js';
 
 const plainSize = 17;
+const plainWeight = 400;
 const returnKeys = { return: 'enter', go: 'go', next: 'next', search: 'search', send: 'send', done: 'done' };
 
 /** What both kinds of field share: the text under edit, and the attributes of the element that shows it. */
@@ -40,12 +41,25 @@ export function useField(row, name) {
   return { attributes, enter, clear };
 }
 
-/** A colour, a size and an alignment of the bundle's own. */
+/** A colour, a font and an alignment of the bundle's own. */
 function styleOf({ control, backgroundColor, enabled }) {
   const ground = paintedOver(cellBackground, backgroundColor);
-  return {
+  const look = control.placeholderLook;
+  return setOnly({
     color: enabled === false ? undefined : cssTextColor(control.textColor, ground),
-    textAlign: alignments[control.alignment],
-    fontSize: (control.fontSize ?? plainSize) === plainSize ? undefined : `${control.fontSize}px`,
+    textAlign: alignments[control.alignment], ...ownFont(control),
+    // Placeholders take only what is said of themselves.
+    '--own-placeholder': look?.color ? cssColor(look.color) : undefined,
+    '--placeholder-size': look?.fontSize ? `${look.fontSize}px` : undefined,
+    '--placeholder-weight': look?.fontWeight ?? undefined,
+  });
+}
+
+/** The font of a field where it is not the system's own for fields. */
+function ownFont({ fontSize = plainSize, fontWeight = plainWeight, fontFamily, italic, tabularDigits }) {
+  return {
+    fontSize: fontSize === plainSize ? undefined : `${fontSize}px`,
+    fontWeight: fontWeight === plainWeight ? undefined : fontWeight,
+    ...fontStyle(fontFamily, italic, tabularDigits),
   };
 }

@@ -5,13 +5,14 @@ import { layerStyle, setOnly } from '/phone/look.js';
 import { Border } from '/phone/RowPicture.js';
 import { cellBackground, pageBackground } from '/phone/surfaces.js';
 import { ControlView } from '/phone/views/ControlView.js';
+import { EffectView } from '/phone/views/EffectView.js';
 import { ImageView } from '/phone/views/ImageView.js';
 import { Label } from '/phone/views/Label.js';
 import { gradientImage, LayerContent, movedTo, placeStyle } from '/phone/views/Layer.js';
 import { ScrollView } from '/phone/views/ScrollView.js';
 
 /** What views of a `type` show behind the views in them, which are their children. */
-const contents = { label: Label, image: ImageView, scroll: ScrollView };
+const contents = { label: Label, image: ImageView, scroll: ScrollView, effect: EffectView };
 
 const grounds = { cell: cellBackground, page: pageBackground };
 
@@ -50,7 +51,7 @@ function View({ view, background, isDepicted, shift }) {
   const mask = useAddress(view.layer?.mask?.url);
   if (view.hidden) return null;
   const [, , width, height] = view.transform?.rect ?? view.frame;
-  const below = paintedOver(background, view.backgroundColor);
+  const below = paintedOver(paintedOver(background, view.backgroundColor), view.effect?.tint);
   const gradient = view.layer?.gradient;
   const style = setOnly({
     ...placeStyle(view, shift),

@@ -1,11 +1,16 @@
 import { html } from 'htm/preact/standalone';
 import { cssColor, cssTextColor } from '/colors.js';
-import { alignments, fontStyle, textShadow } from '/phone/look.js';
-
-const largeText = 24;
+import { alignments, fontStyle, largeText, textShadow } from '/phone/look.js';
+import { AttributedText } from '/phone/views/AttributedText.js';
 
 /** The text's colour is kept legible on `background`, unless the text is part of a picture. */
 export function Label({ view, background, isDepicted, children }) {
+  if (view.attributedText) {
+    return html`
+      <span class="view-label">
+        <${AttributedText} text=${view.attributedText} background=${background} isDepicted=${isDepicted} />
+      </span>${children}`;
+  }
   const size = view.fontSize ?? 17;
   const style = {
     fontSize: `${size}px`, fontWeight: view.fontWeight ?? undefined, textAlign: alignments[view.alignment],

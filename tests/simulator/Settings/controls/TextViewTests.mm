@@ -27,7 +27,14 @@ TEST_F(TextViewTest, AViewHasItsKeyboardColourAndAlignment) {
                                      {"spellChecking", nullptr},
                                      {"returnKey", "send"},
                                      {"textColor", "#ff0000ff"},
-                                     {"alignment", "center"}}));
+                                     {"alignment", "center"},
+                                     {"fontSize", 12},
+                                     {"fontWeight", 400},
+                                     {"fontFamily", "Inter"},
+                                     {"italic", false},
+                                     {"tabularDigits", false},
+                                     {"editable", true},
+                                     {"attributedText", nullptr}}));
 }
 
 TEST_F(TextViewTest, AViewTakesAnyText) {
