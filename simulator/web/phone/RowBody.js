@@ -70,12 +70,16 @@ function nameOf(row) {
 function Texts({ row }) {
   const detail = row.detail ?? '';
   const align = alignments[row.labelAlignment];
+  const texts = {
+    label: html`<${RowText} row=${row} text=${row.label ?? ''} attributed=${row.attributedLabel} />`,
+    detail: html`<${RowText} row=${row} text=${detail} attributed=${row.attributedDetail} />`,
+  };
   return html`
     <span class="row-texts" data-style=${row.style ?? 'default'}>
       <span class="row-label" data-wraps=${(row.labelLines ?? 1) !== 1}
-        style=${{ ...labelStyle(row), textAlign: align, flexGrow: align && 1 }}><${RowText} row=${row} text=${row.label ?? ''} attributed=${row.attributedLabel} /></span>
+        style=${{ ...labelStyle(row), textAlign: align, flexGrow: align && 1 }}>${texts.label}</span>
       ${detail !== '' && html`
-        <span class="row-detail" style=${{ color: textColorIn(row, row.detailColor) }}><${RowText} row=${row} text=${detail} attributed=${row.attributedDetail} /></span>`}
+        <span class="row-detail" style=${{ color: textColorIn(row, row.detailColor) }}>${texts.detail}</span>`}
     </span>`;
 }
 
