@@ -47,10 +47,14 @@
 #import <UIKit/UITextField.h>
 #import <UIKit/UITextInputTraits.h>
 #import <UIKit/UITextView.h>
+#import <UIKit/UITimingCurveProvider.h>
+#import <UIKit/UITimingParameters.h>
 #import <UIKit/UITouch.h>
 #import <UIKit/UITraitCollection.h>
 #import <UIKit/UIView.h>
+#import <UIKit/UIViewAnimating.h>
 #import <UIKit/UIViewAutoLayout.h>
+#import <UIKit/UIViewPropertyAnimator.h>
 
 // Controllers, tables, alerts and the application.
 #import <UIKit/NSIndexPath+UIKit.h>
