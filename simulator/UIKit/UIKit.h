@@ -34,6 +34,7 @@
 #import <UIKit/UILayoutGuide.h>
 #import <UIKit/UILongPressGestureRecognizer.h>
 #import <UIKit/UIPanGestureRecognizer.h>
+#import <UIKit/UIPickerView.h>
 #import <UIKit/UIResponder.h>
 #import <UIKit/UIScreen.h>
 #import <UIKit/UIScreenEdgePanGestureRecognizer.h>
