@@ -97,6 +97,12 @@ void writeButtons(JsonText &out, UINavigationController *navigation, UIViewContr
     images.write(out.name("image"), image, [image size],
                  templateTint(image, tint ?: [[navigation navigationBar] tintColor]));
     writeColor(out.name("tintColor"), tint);
+    out.name("menu");
+    if ([item menu]) {
+      out.string([item sim_showsMenuByTap] ? "tap" : "press");
+    } else {
+      out.null();
+    }
     out.name("style").string([item style] == UIBarButtonItemStyleDone ? "done" : "plain");
     out.name("width").number([item width]);
     writeText(out.name("accessibilityLabel"), [item accessibilityLabel]);
@@ -250,7 +256,7 @@ void writeScreen(JsonText &out, UINavigationController *navigation, PageNumbers 
   out.endArray();
   writePage(out.name("page"), navigation, numbers, images);
   UIViewController *presented = presentedOver(navigation);
-  for (const PresentedPlace place : {PresentedPlace::kAlert, PresentedPlace::kSheet}) {
+  for (const PresentedPlace place : {PresentedPlace::kAlert, PresentedPlace::kSheet, PresentedPlace::kMenu}) {
     writePresented(out.name(nameOf(place)), presented, place, numbers, images);
   }
   out.endObject();

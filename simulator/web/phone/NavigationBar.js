@@ -3,6 +3,7 @@ import { cssColor, cssTextColor, pairOf } from '/colors.js';
 import { Picture } from '/images.js';
 import { InlineView, textOf } from '/phone/views/CustomViews.js';
 import { setOnly } from '/phone/look.js';
+import { usePress } from '/phone/pressing.js';
 import { BackChevron, Plus } from '/phone/symbols.js';
 import { SessionContext } from '/session.js';
 
@@ -94,10 +95,13 @@ function BarButton({ button, ground }) {
     color: button.enabled === false ? undefined : cssColor(button.tintColor),
     width: button.width > 0 ? `${button.width}px` : undefined,
   };
+  const handlers = usePress(
+    () => session.tap(button.id), button.menu === 'press' ? () => session.press(button.id) : null);
+  const opensMenu = button.menu === 'tap' || button.view?.control?.menu;
   return html`
     <button type="button" class=${isStrong ? 'bar-button bar-button-strong' : 'bar-button'} style=${style}
       data-identifier=${button.accessibilityIdentifier ?? undefined} disabled=${button.enabled === false}
-      aria-label=${label} onClick=${() => session.tap(button.id)}>
+      data-source=${button.id} aria-label=${label} aria-haspopup=${opensMenu ? 'menu' : undefined} ...${handlers}>
       ${button.view ? html`<${InlineView} view=${button.view} on=${ground} name="bar-view" />`
         : button.image ? html`<${Picture} image=${button.image} />`
         : symbol ? html`<${symbol} />` : name}</button>`;

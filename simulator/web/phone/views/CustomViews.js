@@ -69,8 +69,8 @@ function View({ view, background, isDepicted, shift }) {
     <${View} key=${at} view=${child} background=${below} isDepicted=${depicts} shift=${origin} />`);
   const identifier = view.accessibilityIdentifier ?? view.name ?? undefined;
   return html`
-    <span class="view" data-identifier=${identifier} data-touch=${view.touchable ? view.id : undefined}
-      data-dragged=${view.dragged || undefined} style=${style} ...${names}>
+    <span class="view" data-source=${view.id ?? undefined} data-identifier=${identifier} data-touch=${view.touchable ? view.id : undefined}
+      data-dragged=${view.dragged || undefined} data-menu=${view.contextMenu ? view.id : undefined} style=${style} ...${names}>
       <${LayerContent} view=${view} size=${{ width, height }} />
       ${Content
         ? html`<${Content} view=${view} background=${below} isDepicted=${isDepicted}>${children}<//>`
