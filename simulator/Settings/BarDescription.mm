@@ -94,6 +94,12 @@ void writeOwnButtonLook(JsonText &out, UIBarButtonItem *item) {
   out.endObject();
 }
 
+/// What opens the button's menu; null without one.
+void writeMenu(JsonText &out, UIBarButtonItem *item) {
+  if (![item menu]) return out.null();
+  out.string([item sim_showsMenuByTap] ? "tap" : "press");
+}
+
 }  // namespace
 
 void writeBar(JsonText &out, UINavigationController *navigation, UIViewController *page, ImageStore &images) {
@@ -141,6 +147,7 @@ void writeBarButtons(JsonText &out, UINavigationController *navigation, UIViewCo
     images.write(out.name("image"), image, [image size], templateTint(image, tint ?: [bar tintColor]));
     writeColor(out.name("tintColor"), tint);
     writeOwnButtonLook(out.name("titleLook"), item);
+    writeMenu(out.name("menu"), item);
     out.name("style").string([item style] == UIBarButtonItemStyleDone ? "done" : "plain");
     out.name("width").number([item width]);
     writeText(out.name("accessibilityLabel"), [item accessibilityLabel]);

@@ -122,6 +122,7 @@ class Route {
     } else {
       return malformed("The \"kind\" of a gesture is \"tap\", \"press\", \"pan\" or \"swipe\".");
     }
+    if (const auto id = elementId(); id && id->kind == ElementKind::kButton) return pressButton(*id, *kind);
     const auto view = objcxx::share(touchedView());
     if (!view) return unknown();
     return performGesture(view.get(), pair("at").value_or(middleOf(view.get())), gesture);
@@ -246,6 +247,16 @@ class Route {
   EventResult tapButton(std::uint32_t number) const {
     for (UIBarButtonItem *button in barButtons(page_)) {
       if (numbers_.of(button) == number) return done([button sim_tap], "This button does nothing now.");
+    }
+    return unknown();
+  }
+
+  /// A finger stays on a bar button.
+  EventResult pressButton(const ElementId &id, std::string_view gesture) const {
+    if (!isOnPage(id)) return unknown();
+    if (gesture != "press") return refused("A bar button takes a \"tap\" event and a \"press\".");
+    for (UIBarButtonItem *button in barButtons(page_)) {
+      if (numbers_.of(button) == id.index) return done([button sim_press], "This button has no menu.");
     }
     return unknown();
   }

@@ -230,6 +230,7 @@ class RowWriter {
     if (!around_) around_ = touchabilityAround(cell);
     out_.name("touchable").flag(in.touched || around_->touched);
     out_.name("dragged").flag(in.dragged);
+    out_.name("contextMenu").flag(hasContextMenu(cell));
   }
 
   void writePicture(UIImageView *icon) {

@@ -49,8 +49,8 @@ bool hasUnnamedRows(UINavigationController *navigation);
 /// What is in front of the pages: an alert, a sheet, or nil.
 UIViewController *presentedOver(UINavigationController *navigation);
 
-/// Writes what `navigation` shows: {"path","page","alert","sheet"}. A page whose code raises is shown without rows,
-/// with the exception's name as a footer.
+/// Writes what `navigation` shows: {"path","page","alert","sheet","menu"}. A page whose code raises is shown without
+/// rows, with the exception's name as a footer.
 void writeScreen(JsonText &out, UINavigationController *navigation, PageNumbers &numbers, ImageStore &images);
 
 }  // namespace sim

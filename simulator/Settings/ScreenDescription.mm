@@ -188,7 +188,7 @@ void writeScreen(JsonText &out, UINavigationController *navigation, PageNumbers 
   out.endArray();
   writePage(out.name("page"), navigation, numbers, images);
   UIViewController *presented = presentedOver(navigation);
-  for (const PresentedPlace place : {PresentedPlace::kAlert, PresentedPlace::kSheet}) {
+  for (const PresentedPlace place : {PresentedPlace::kAlert, PresentedPlace::kSheet, PresentedPlace::kMenu}) {
     writePresented(out.name(nameOf(place)), presented, place, numbers, images);
   }
   out.endObject();

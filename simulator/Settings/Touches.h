@@ -22,6 +22,8 @@ Touchability touchabilityOf(UIView *view);
 Touchability touchabilityIn(UIView *view, bool withButtons);
 /// Of what lies around `view`, up to the window.
 Touchability touchabilityAround(UIView *view);
+/// Whether a finger that stays on `view` may open a menu, of the view or of what lies around it.
+bool hasContextMenu(UIView *view);
 /// Whether touches on `view` are worth telling: at, in or around it.
 bool isTouchable(UIView *view, bool withButtons);
 

@@ -1,6 +1,8 @@
 #import "Settings/Touches.h"
 
 #import <UIKit/TouchDispatch.h>
+#import <UIKit/UIContextMenuInteraction+Sim.h>
+#import <UIKit/UIControl+Sim.h>
 #import <UIKit/UIView+Sim.h>
 
 #import "Settings/ScreenDescription.h"
@@ -89,10 +91,8 @@ Touchability touchabilityIn(UIView *view, bool withButtons) {
   Touchability all;
   if (!view || [view isHidden] || ![view isUserInteractionEnabled]) return all;
   add(all, touchabilityOf(view));
-  if (withButtons && [view isKindOfClass:[UIControl class]] && !isControl(view) &&
-      [(UIControl *)view allControlEvents] != 0) {
-    all.touched = true;
-  }
+  const bool isButton = withButtons && [view isKindOfClass:[UIControl class]] && !isControl(view);
+  if (isButton && [(UIControl *)view sim_hearsOfTaps]) all.touched = true;
   for (UIView *child in [view subviews]) add(all, touchabilityIn(child, withButtons));
   return all;
 }
@@ -101,6 +101,16 @@ Touchability touchabilityAround(UIView *view) {
   Touchability all;
   for (UIView *each = [view superview]; each; each = [each superview]) add(all, touchabilityOf(each));
   return all;
+}
+
+bool hasContextMenu(UIView *view) {
+  for (UIView *each = view; each; each = [each superview]) {
+    for (id interaction in [each interactions]) {
+      const bool isMenu = [interaction isKindOfClass:[UIContextMenuInteraction class]];
+      if (isMenu && [(UIContextMenuInteraction *)interaction sim_opensByPress]) return true;
+    }
+  }
+  return false;
 }
 
 bool isTouchable(UIView *view, bool withButtons) {

@@ -1,7 +1,9 @@
 // A button in a navigation bar.
 #pragma once
 
+#import <UIKit/UIAction.h>
 #import <UIKit/UIBarItem.h>
+#import <UIKit/UIMenu.h>
 
 #include <objcxx/HiddenState.h>
 
@@ -53,6 +55,13 @@ SIM_STATE_TYPE(BarButtonItemState);
 - (instancetype)initWithImage:(UIImage *)image style:(UIBarButtonItemStyle)style target:(id)target action:(SEL)action;
 - (instancetype)initWithBarButtonSystemItem:(UIBarButtonSystemItem)systemItem target:(id)target action:(SEL)action;
 - (instancetype)initWithCustomView:(UIView *)customView;
+/// The action is copied; a system item ignores its title and its image.
+- (instancetype)initWithPrimaryAction:(UIAction *)primaryAction;
+- (instancetype)initWithBarButtonSystemItem:(UIBarButtonSystemItem)systemItem primaryAction:(UIAction *)primaryAction;
+/// A tap opens the menu.
+- (instancetype)initWithTitle:(NSString *)title menu:(UIMenu *)menu;
+- (instancetype)initWithImage:(UIImage *)image menu:(UIMenu *)menu;
+- (instancetype)initWithBarButtonSystemItem:(UIBarButtonSystemItem)systemItem menu:(UIMenu *)menu;
 
 @property(nonatomic) UIBarButtonItemStyle style;
 /// In points; 0 means by content.
@@ -63,4 +72,10 @@ SIM_STATE_TYPE(BarButtonItemState);
 /// Not owned; nil sends the action along the responder chain of the page in front.
 @property(nonatomic, assign) id target;
 @property(nonatomic, retain) UIColor *tintColor;
+/// In place of `target` and `action`. Setting one that is not nil gives its title and image to an item that is none of
+/// the system's.
+@property(nonatomic, copy) UIAction *primaryAction;
+/// Opened by a tap, or by a finger that stays where a tap does something else. Copied, so that its elements cannot be
+/// changed any more.
+@property(nonatomic, copy) UIMenu *menu;
 @end

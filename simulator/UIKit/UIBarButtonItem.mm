@@ -1,8 +1,11 @@
 #import <UIKit/UIBarButtonItem+Sim.h>
 
+#import <UIKit/MenuController.h>
+#import <UIKit/UIAction+Sim.h>
 #import <UIKit/UIApplication.h>
 #import <UIKit/UIColor.h>
-#import <UIKit/UIControl.h>
+#import <UIKit/UIControl+Sim.h>
+#import <UIKit/UIMenuElement+Sim.h>
 #import <UIKit/UIView.h>
 #include <objcxx/Retained.h>
 
@@ -15,6 +18,9 @@ struct BarButtonItemState {
   objcxx::Retained<UIColor> tintColor;
   SEL action = nullptr;
   id target = nil;  // not owned
+  objcxx::Retained<UIAction> primaryAction;
+  objcxx::Retained<UIMenu> menu;
+  SIMMenuController *shown = nil;  // While its menu is. Not owned, as it keeps the item; tells when it goes.
 };
 }  // namespace sim
 
@@ -80,6 +86,47 @@ static_assert(kSystemItemCount == UIBarButtonSystemItemClose + 1);
   return self;
 }
 
+- (instancetype)initWithBarButtonSystemItem:(UIBarButtonSystemItem)systemItem primaryAction:(UIAction *)action {
+  if (!(self = [self initWithBarButtonSystemItem:systemItem target:nil action:NULL])) return nil;
+
+  [self setPrimaryAction:action];
+  return self;
+}
+
+- (instancetype)initWithPrimaryAction:(UIAction *)action {
+  if (!(self = [self init])) return nil;
+
+  [self setPrimaryAction:action];
+  return self;
+}
+
+- (instancetype)initWithBarButtonSystemItem:(UIBarButtonSystemItem)systemItem menu:(UIMenu *)menu {
+  if (!(self = [self initWithBarButtonSystemItem:systemItem target:nil action:NULL])) return nil;
+
+  [self setMenu:menu];
+  return self;
+}
+
+- (instancetype)initWithTitle:(NSString *)title menu:(UIMenu *)menu {
+  if (!(self = [self init])) return nil;
+
+  [self setTitle:title];
+  [self setMenu:menu];
+  return self;
+}
+
+- (instancetype)initWithImage:(UIImage *)image menu:(UIMenu *)menu {
+  if (!(self = [self initWithTitle:nil menu:menu])) return nil;
+
+  [self setImage:image];
+  return self;
+}
+
+- (void)dealloc {
+  if (_barButtonItemState) [_barButtonItemState->shown onLeaving:nil gone:nil];
+  [super dealloc];
+}
+
 - (UIBarButtonItemStyle)style {
   return _barButtonItemState->style;
 }
@@ -128,6 +175,26 @@ static_assert(kSystemItemCount == UIBarButtonSystemItemClose + 1);
   _barButtonItemState->tintColor = objcxx::share(tintColor);
 }
 
+- (UIAction *)primaryAction {
+  return _barButtonItemState->primaryAction.get();
+}
+
+- (void)setPrimaryAction:(UIAction *)action {
+  _barButtonItemState->primaryAction = objcxx::adopt((UIAction *)[action copy]);
+  if (!action || _barButtonItemState->systemItem >= 0) return;
+  [self setTitle:[action title]];
+  [self setImage:[action image]];
+}
+
+- (UIMenu *)menu {
+  return _barButtonItemState->menu.get();
+}
+
+- (void)setMenu:(UIMenu *)menu {
+  _barButtonItemState->menu = objcxx::share([menu sim_frozen]);
+  [_barButtonItemState->shown setMenu:_barButtonItemState->menu.get()];
+}
+
 #pragma mark - Sim
 
 - (NSString *)sim_systemItemName {
@@ -148,18 +215,47 @@ static_assert(kSystemItemCount == UIBarButtonSystemItemClose + 1);
 - (BOOL)sim_tap {
   if (_barButtonItemState->customView) {
     const auto control = objcxx::share([self sim_controlIn:_barButtonItemState->customView.get()]);
-    if (![control.get() isEnabled]) return NO;
-    [control.get() sendActionsForControlEvents:UIControlEventTouchUpInside];
-    return YES;
+    return [control.get() sim_tapByUser];
   }
-  if (![self isEnabled] || !_barButtonItemState->action) return NO;
+  if ([self sim_showsMenuByTap]) return [self sim_press];
+  const auto primaryAction = _barButtonItemState->primaryAction;
+  if (![self isEnabled] || (!primaryAction && !_barButtonItemState->action)) return NO;
 
   // The action may take the item off its bar.
   const auto keepAlive = objcxx::share(self);
+  if (primaryAction) {
+    [primaryAction.get() sim_performFrom:self];
+    return YES;
+  }
   return [[UIApplication sharedApplication] sendAction:_barButtonItemState->action
                                                     to:_barButtonItemState->target
                                                   from:self
                                               forEvent:nil];
+}
+
+- (BOOL)sim_showsMenuByTap {
+  const sim::BarButtonItemState &state = *_barButtonItemState;
+  return state.menu && !state.primaryAction && !state.action && !state.customView;
+}
+
+- (BOOL)sim_press {
+  UIMenu *menu = _barButtonItemState->menu.get();
+  if (![self isEnabled] || !menu || _barButtonItemState->shown || _barButtonItemState->customView) return NO;
+  const auto controller = objcxx::adopt([[SIMMenuController alloc] initWithMenu:menu sender:self]);
+  __block UIBarButtonItem *unowned = self;
+  [controller.get() onLeaving:nil
+                         gone:^{
+                           [unowned sim_forgetMenu];
+                         }];
+  _barButtonItemState->shown = controller.get();
+  if ([controller.get() showFromView:nil barButton:self]) return YES;
+  [self sim_forgetMenu];
+  return NO;
+}
+
+- (void)sim_forgetMenu {
+  [_barButtonItemState->shown onLeaving:nil gone:nil];
+  _barButtonItemState->shown = nil;
 }
 
 @end

@@ -45,3 +45,21 @@ typedef NS_ENUM(NSInteger, UIButtonType) {
 @property(nonatomic, readonly) UIColor *currentTitleColor;
 @property(nonatomic, readonly) UIImage *currentImage;
 @end
+
+@interface UIButton (Menu)
+/// With the title and the image of the action, which the button does; custom, of the system's kind, or of any type, of
+/// which those with a picture of their own keep it.
+- (instancetype)initWithFrame:(CGRect)frame primaryAction:(UIAction *)primaryAction;
++ (instancetype)systemButtonWithPrimaryAction:(UIAction *)primaryAction;
++ (instancetype)buttonWithType:(UIButtonType)buttonType primaryAction:(UIAction *)primaryAction;
+/// Of the system's kind, for UIControlEventPrimaryActionTriggered. `target` is not owned.
++ (instancetype)systemButtonWithImage:(UIImage *)image target:(id)target action:(SEL)action;
+/// A menu that a finger opens which stays, or a tap with `showsMenuAsPrimaryAction`. Copied, so that its elements
+/// cannot be changed any more. Setting one enables the context menu interaction, nil disables it.
+@property(nonatomic, copy) UIMenu *menu;
+/// NO at first. With a menu that is the primary action, the button shows the title and the image of the action that was
+/// chosen last, at first of the first one; without, each tap selects the button or ends that.
+@property(nonatomic) BOOL changesSelectionAsPrimaryAction;
+/// While its menu is shown.
+@property(nonatomic, readonly, getter=isHeld) BOOL held;
+@end

@@ -1,30 +1,8 @@
 #import <UIKit/FrameworkSupport.h>
-#import <UIKit/UIButton.h>
+#import <UIKit/UIButtonState.h>
 #import <UIKit/UIViewLayout.h>
 
-#include <objcxx/Retained.h>
-
 #include <algorithm>
-#include <map>
-
-namespace sim {
-
-template <typename Value>
-using PerState = std::map<UIControlState, objcxx::Retained<Value>>;
-
-struct UIButtonState {
-  UIButtonType type = UIButtonTypeCustom;
-  PerState<NSString> titles;
-  PerState<NSAttributedString> attributedTitles;
-  PerState<UIColor> titleColors;
-  PerState<UIImage> images;
-  PerState<UIImage> backgroundImages;
-  objcxx::Retained<UILabel> titleLabel;
-  objcxx::Retained<UIImageView> imageView;
-  objcxx::Retained<UIImageView> backgroundView;
-};
-
-}  // namespace sim
 
 namespace {
 

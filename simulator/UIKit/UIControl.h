@@ -1,6 +1,7 @@
 // Controls: views that send actions. Main thread only.
 #pragma once
 
+#import <UIKit/UIContextMenuInteraction.h>
 #import <UIKit/UIView.h>
 
 #include <objcxx/HiddenState.h>
@@ -22,6 +23,8 @@ typedef NS_OPTIONS(NSUInteger, UIControlEvents) {
   UIControlEventTouchCancel = 1 << 8,
   UIControlEventValueChanged = 1 << 12,
   UIControlEventPrimaryActionTriggered = 1 << 13,
+  /// The control's menu is about to open.
+  UIControlEventMenuActionTriggered = 1 << 14,
   UIControlEventEditingDidBegin = 1 << 16,
   UIControlEventEditingChanged = 1 << 17,
   UIControlEventEditingDidEnd = 1 << 18,
@@ -45,10 +48,12 @@ typedef NS_ENUM(NSInteger, UIControlContentHorizontalAlignment) {
   UIControlContentHorizontalAlignmentFill = 3,
 };
 
-@interface UIControl : UIView {
+@interface UIControl : UIView <UIContextMenuInteractionDelegate> {
  @private
   SIM_STATE(UIControlMemory, _controlState);
 }
+/// With the action for UIControlEventPrimaryActionTriggered; nil for none.
+- (instancetype)initWithFrame:(CGRect)frame primaryAction:(UIAction *)primaryAction;
 @property(nonatomic, getter=isEnabled) BOOL enabled;
 @property(nonatomic, getter=isSelected) BOOL selected;
 @property(nonatomic, getter=isHighlighted) BOOL highlighted;
@@ -69,7 +74,14 @@ typedef NS_ENUM(NSInteger, UIControlContentHorizontalAlignment) {
 - (void)addTarget:(id)target action:(SEL)action forControlEvents:(UIControlEvents)events;
 /// nil stands for every target, NULL for every action.
 - (void)removeTarget:(id)target action:(SEL)action forControlEvents:(UIControlEvents)events;
-/// NSNull stands for the nil target.
+/// Owned. Adding one whose identifier is known puts it in the place of that one, for the events of both.
+- (void)addAction:(UIAction *)action forControlEvents:(UIControlEvents)controlEvents;
+- (void)removeAction:(UIAction *)action forControlEvents:(UIControlEvents)controlEvents;
+- (void)removeActionForIdentifier:(UIActionIdentifier)actionIdentifier forControlEvents:(UIControlEvents)controlEvents;
+/// Of those added when it began, in that order: an action, or a target (which may be nil) with its selector.
+- (void)enumerateEventHandlers:(void (^)(UIAction *actionHandler, id target, SEL action, UIControlEvents controlEvents,
+                                         BOOL *stop))iterator;
+/// NSNull stands for the nil target. Actions have no target.
 - (NSSet *)allTargets;
 - (UIControlEvents)allControlEvents;
 /// Selector names; nil when there are none.
@@ -77,4 +89,23 @@ typedef NS_ENUM(NSInteger, UIControlContentHorizontalAlignment) {
 - (void)sendActionsForControlEvents:(UIControlEvents)events;
 /// Every action goes through here. A target that does not answer raises NSInvalidArgumentException.
 - (void)sendAction:(SEL)action to:(id)target forEvent:(UIEvent *)event;
+/// Every UIAction goes through here.
+- (void)sendAction:(UIAction *)action;
+@end
+
+@interface UIControl (Menu)
+/// For subclasses that implement `contextMenuInteraction:configurationForMenuAtLocation:`, which is nil here. A finger
+/// that stays opens the menu while it is enabled; NO at first.
+@property(nonatomic, getter=isContextMenuInteractionEnabled) BOOL contextMenuInteractionEnabled;
+/// nil until it was enabled.
+@property(nonatomic, readonly) UIContextMenuInteraction *contextMenuInteraction;
+/// NO at first. A tap opens the menu, in place of the actions of a tap, while the interaction is enabled.
+@property(nonatomic) BOOL showsMenuAsPrimaryAction;
+/// Subclasses call super.
+- (void)contextMenuInteraction:(UIContextMenuInteraction *)interaction
+    willDisplayMenuForConfiguration:(UIContextMenuConfiguration *)configuration
+                           animator:(id<UIContextMenuInteractionAnimating>)animator;
+- (void)contextMenuInteraction:(UIContextMenuInteraction *)interaction
+       willEndForConfiguration:(UIContextMenuConfiguration *)configuration
+                      animator:(id<UIContextMenuInteractionAnimating>)animator;
 @end

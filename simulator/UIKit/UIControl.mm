@@ -1,34 +1,13 @@
+#import <UIKit/UIAction+Sim.h>
 #import <UIKit/UIControl+Sim.h>
+#import <UIKit/UIControlMemory.h>
 #import <UIKit/UIEvent.h>
 #import <UIKit/UITapGestureRecognizer.h>
 #import <UIKit/UITouch.h>
 #import <UIKit/UIView+Sim.h>
 
-#include <objcxx/Retained.h>
-
 #include <algorithm>
 #include <string_view>
-#include <vector>
-
-namespace sim {
-
-struct Binding {
-  id target = nil;  // Not owned.
-  SEL action = nullptr;
-  UIControlEvents events = 0;
-};
-
-struct UIControlMemory {
-  std::vector<Binding> bindings;
-  bool enabled = true;
-  bool selected = false;
-  bool highlighted = false;
-  bool tracking = false;
-  bool touchInside = false;
-  UIControlContentHorizontalAlignment horizontalAlignment = UIControlContentHorizontalAlignmentCenter;
-};
-
-}  // namespace sim
 
 namespace {
 
@@ -37,6 +16,10 @@ constexpr CGFloat kNear = 70;
 
 bool isAction(SEL one, SEL other) { return one == other || (one && other && sel_isEqual(one, other)); }
 
+bool isHandler(const sim::Binding &binding, NSString *identifier) {
+  return binding.handler && [[binding.handler.get() identifier] isEqual:identifier];
+}
+
 }  // namespace
 
 @implementation UIControl
@@ -44,6 +27,12 @@ bool isAction(SEL one, SEL other) { return one == other || (one && other && sel_
 - (instancetype)initWithFrame:(CGRect)frame {
   if (!(self = [super initWithFrame:frame])) return nil;
   _controlState = std::make_unique<sim::UIControlMemory>();
+  return self;
+}
+
+- (instancetype)initWithFrame:(CGRect)frame primaryAction:(UIAction *)action {
+  if (!(self = [self initWithFrame:frame])) return nil;
+  if (action) [self addAction:action forControlEvents:UIControlEventPrimaryActionTriggered];
   return self;
 }
 
@@ -94,24 +83,61 @@ bool isAction(SEL one, SEL other) { return one == other || (one && other && sel_
   if (!action) [NSException raise:NSInvalidArgumentException format:@"A target needs an action."];
   auto &bindings = _controlState->bindings;
   const auto same = std::find_if(bindings.begin(), bindings.end(), [&](const sim::Binding &binding) {
-    return binding.target == target && isAction(binding.action, action);
+    return !binding.handler && binding.target == target && isAction(binding.action, action);
   });
   if (same != bindings.end()) same->events |= events;
-  else bindings.push_back({target, action, events});
+  else bindings.push_back({target, action, events, nullptr});
 }
 
 - (void)removeTarget:(id)target action:(SEL)action forControlEvents:(UIControlEvents)events {
   auto &bindings = _controlState->bindings;
   for (sim::Binding &binding : bindings) {
-    const bool meant = (!target || binding.target == target) && (!action || isAction(binding.action, action));
+    const bool meant =
+        !binding.handler && (!target || binding.target == target) && (!action || isAction(binding.action, action));
     if (meant) binding.events &= ~events;
   }
   std::erase_if(bindings, [](const sim::Binding &binding) { return binding.events == 0; });
 }
 
+- (void)addAction:(UIAction *)action forControlEvents:(UIControlEvents)events {
+  if (!action) [NSException raise:NSInvalidArgumentException format:@"There is no action to add."];
+  auto &bindings = _controlState->bindings;
+  NSString *identifier = [action identifier];
+  const auto same = std::ranges::find_if(bindings, [&](const auto &each) { return isHandler(each, identifier); });
+  if (same == bindings.end()) {
+    bindings.push_back({nil, nullptr, events, objcxx::share(action)});
+  } else {
+    same->handler = objcxx::share(action);
+    same->events |= events;
+  }
+}
+
+- (void)removeAction:(UIAction *)action forControlEvents:(UIControlEvents)events {
+  [self removeActionForIdentifier:[action identifier] forControlEvents:events];
+}
+
+- (void)removeActionForIdentifier:(UIActionIdentifier)identifier forControlEvents:(UIControlEvents)events {
+  auto &bindings = _controlState->bindings;
+  const auto kept = objcxx::share(identifier);
+  for (sim::Binding &binding : bindings) {
+    if (isHandler(binding, identifier)) binding.events &= ~events;
+  }
+  std::erase_if(bindings, [](const sim::Binding &binding) { return binding.events == 0; });
+}
+
+- (void)enumerateEventHandlers:(void (^)(UIAction *, id, SEL, UIControlEvents, BOOL *))iterator {
+  const std::vector<sim::Binding> bindings = _controlState->bindings;
+  BOOL stop = NO;
+  for (const sim::Binding &each : bindings) {
+    if (stop) return;
+    iterator(each.handler.get(), each.target, each.action, each.events, &stop);
+  }
+}
+
 - (NSSet *)allTargets {
   NSMutableSet *targets = [NSMutableSet set];
   for (const sim::Binding &binding : _controlState->bindings) {
+    if (binding.handler) continue;
     [targets addObject:binding.target ? binding.target : [NSNull null]];
   }
   return targets;
@@ -126,7 +152,8 @@ bool isAction(SEL one, SEL other) { return one == other || (one && other && sel_
 - (NSArray *)actionsForTarget:(id)target forControlEvent:(UIControlEvents)event {
   NSMutableArray *names = [NSMutableArray array];
   for (const sim::Binding &binding : _controlState->bindings) {
-    if (binding.target == target && (binding.events & event)) [names addObject:NSStringFromSelector(binding.action)];
+    const bool meant = !binding.handler && binding.target == target && (binding.events & event);
+    if (meant) [names addObject:NSStringFromSelector(binding.action)];
   }
   return [names count] ? names : nil;
 }
@@ -147,6 +174,16 @@ bool isAction(SEL one, SEL other) { return one == other || (one && other && sel_
     case 1: [receiver performSelector:action withObject:self]; break;
     default: [receiver performSelector:action withObject:self withObject:(id)event]; break;
   }
+}
+
+- (void)sendAction:(UIAction *)action {
+  [action sim_performFrom:self];
+}
+
+- (UIContextMenuConfiguration *)contextMenuInteraction:(UIContextMenuInteraction *)interaction
+                        configurationForMenuAtLocation:(CGPoint)location {
+  (void)interaction, (void)location;
+  return nil;
 }
 
 #pragma mark - A finger
@@ -226,7 +263,13 @@ bool isAction(SEL one, SEL other) { return one == other || (one && other && sel_
   [self setHighlighted:NO];
   [self endTrackingWithTouch:[touches anyObject] withEvent:event];
   if (!state.touchInside) return [self sim_sendActionsForControlEvents:UIControlEventTouchUpOutside with:event];
+  // A device opens it as soon as the finger is down.
+  if ([self sim_showsMenu]) {
+    [self sim_sendActionsForControlEvents:UIControlEventTouchCancel with:event];
+    return [self sim_openMenuAt:[[touches anyObject] locationInView:self]];
+  }
   [self sim_changeByTouch:[touches anyObject]];
+  [self sim_willTriggerPrimaryAction];
   [self sim_sendActionsForControlEvents:UIControlEventTouchUpInside with:event];
   [self sim_sendActionsForControlEvents:UIControlEventPrimaryActionTriggered with:event];
 }
@@ -260,16 +303,28 @@ bool isAction(SEL one, SEL other) { return one == other || (one && other && sel_
   struct Call {
     objcxx::Retained<NSObject> target;
     SEL action;
+    objcxx::Retained<UIAction> handler;
   };
   std::vector<Call> calls;
   for (const sim::Binding &binding : _controlState->bindings) {
-    if (binding.events & events) calls.push_back({objcxx::share((NSObject *)binding.target), binding.action});
+    if (!(binding.events & events)) continue;
+    calls.push_back({objcxx::share((NSObject *)binding.target), binding.action, binding.handler});
   }
-  for (const Call &call : calls) [self sendAction:call.action to:call.target.get() forEvent:event];
+  for (const Call &call : calls) {
+    if (call.handler) [self sendAction:call.handler.get()];
+    else [self sendAction:call.action to:call.target.get() forEvent:event];
+  }
 }
 
 - (BOOL)sim_takesTaps {
   return NO;
+}
+
+- (BOOL)sim_hearsOfTaps {
+  return [self allControlEvents] != 0 || [self sim_showsMenu];
+}
+
+- (void)sim_willTriggerPrimaryAction {
 }
 
 - (void)sim_changeByTouch:(UITouch *)touch {
@@ -286,6 +341,12 @@ bool isAction(SEL one, SEL other) { return one == other || (one && other && sel_
   [self setHighlighted:YES];
   [self sendActionsForControlEvents:UIControlEventTouchDown];
   [self setHighlighted:NO];
+  if ([self sim_showsMenu]) {
+    [self sendActionsForControlEvents:UIControlEventTouchCancel];
+    [self sim_openMenuAt:CGPointMake(CGRectGetMidX([self bounds]), CGRectGetMidY([self bounds]))];
+    return YES;
+  }
+  [self sim_willTriggerPrimaryAction];
   [self sendActionsForControlEvents:UIControlEventTouchUpInside];
   [self sendActionsForControlEvents:UIControlEventPrimaryActionTriggered];
   return YES;

@@ -13,6 +13,7 @@
 #import <UIKit/NSShadow.h>
 #import <UIKit/NSText.h>
 #import <UIKit/NSTextAttachment.h>
+#import <UIKit/UIAction.h>
 #import <UIKit/UIActivityIndicatorView.h>
 #import <UIKit/UIAppearance.h>
 #import <UIKit/UIBarAppearance.h>
@@ -22,7 +23,10 @@
 #import <UIKit/UIBlurEffect.h>
 #import <UIKit/UIButton.h>
 #import <UIKit/UIColor.h>
+#import <UIKit/UIContextMenuConfiguration.h>
+#import <UIKit/UIContextMenuInteraction.h>
 #import <UIKit/UIControl.h>
+#import <UIKit/UIDeferredMenuElement.h>
 #import <UIKit/UIDevice.h>
 #import <UIKit/UIEvent.h>
 #import <UIKit/UIFeedbackGenerator.h>
@@ -37,11 +41,15 @@
 #import <UIKit/UIImageConfiguration.h>
 #import <UIKit/UIImageSymbolConfiguration.h>
 #import <UIKit/UIImageView.h>
+#import <UIKit/UIInteraction.h>
 #import <UIKit/UIKitDefines.h>
 #import <UIKit/UILabel.h>
 #import <UIKit/UILayoutGuide.h>
 #import <UIKit/UILongPressGestureRecognizer.h>
+#import <UIKit/UIMenu.h>
+#import <UIKit/UIMenuElement.h>
 #import <UIKit/UIPanGestureRecognizer.h>
+#import <UIKit/UIPickerView.h>
 #import <UIKit/UIResponder.h>
 #import <UIKit/UIScreen.h>
 #import <UIKit/UIScreenEdgePanGestureRecognizer.h>
@@ -55,11 +63,15 @@
 #import <UIKit/UITextField.h>
 #import <UIKit/UITextInputTraits.h>
 #import <UIKit/UITextView.h>
+#import <UIKit/UITimingCurveProvider.h>
+#import <UIKit/UITimingParameters.h>
 #import <UIKit/UITouch.h>
 #import <UIKit/UITraitCollection.h>
 #import <UIKit/UIVibrancyEffect.h>
 #import <UIKit/UIView.h>
+#import <UIKit/UIViewAnimating.h>
 #import <UIKit/UIViewAutoLayout.h>
+#import <UIKit/UIViewPropertyAnimator.h>
 #import <UIKit/UIVisualEffect.h>
 #import <UIKit/UIVisualEffectView.h>
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #import <UIKit/NSIndexPath+UIKit.h>
+#import <UIKit/UIContextMenuInteraction.h>
 #import <UIKit/UIScrollView.h>
 #import <UIKit/UITableViewCell.h>
 
@@ -105,6 +106,16 @@ UIKIT_EXTERN const CGFloat UITableViewAutomaticDimension;
 - (NSIndexPath *)tableView:(UITableView *)tableView
     targetIndexPathForMoveFromRowAtIndexPath:(NSIndexPath *)sourceIndexPath
                          toProposedIndexPath:(NSIndexPath *)proposedDestinationIndexPath;
+/// The menu of a finger that stays on the row; nil for none. `point` is in the table's coordinates.
+- (UIContextMenuConfiguration *)tableView:(UITableView *)tableView
+    contextMenuConfigurationForRowAtIndexPath:(NSIndexPath *)indexPath
+                                        point:(CGPoint)point;
+- (void)tableView:(UITableView *)tableView
+    willDisplayContextMenuWithConfiguration:(UIContextMenuConfiguration *)configuration
+                                   animator:(id<UIContextMenuInteractionAnimating>)animator;
+- (void)tableView:(UITableView *)tableView
+    willEndContextMenuInteractionWithConfiguration:(UIContextMenuConfiguration *)configuration
+                                          animator:(id<UIContextMenuInteractionAnimating>)animator;
 @end
 
 SIM_STATE_TYPE(TableViewState);
@@ -158,6 +169,11 @@ SIM_STATE_TYPE(TableViewState);
                       animated:(BOOL)animated;
 
 - (void)reloadData;
+@end
+
+@interface UITableView (ContextMenus)
+/// Of the menus of rows; nil while the delegate has none.
+@property(nonatomic, readonly) UIContextMenuInteraction *contextMenuInteraction;
 @end
 
 @interface UITableView (HeadersAndFooters)

@@ -109,6 +109,7 @@ void requireSection(const sim::TableGeometry &geometry, NSInteger section) {
       .didEdit = has(@selector(tableView:didEndEditingRowAtIndexPath:)),
       .target = has(@selector(tableView:targetIndexPathForMoveFromRowAtIndexPath:toProposedIndexPath:)),
   };
+  [self sim_updateContextMenu];
   _tableViewState->loaded = false;
   [self setNeedsLayout];
 }

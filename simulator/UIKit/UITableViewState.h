@@ -59,6 +59,7 @@ struct TableViewState {
   UITableViewStyle style = UITableViewStylePlain;
   id<UITableViewDataSource> dataSource = nil;  // not owned
   id<UITableViewDelegate> delegate = nil;      // not owned
+  objcxx::Retained<UIContextMenuInteraction> contextMenu;
   DataSourceAnswers source{};
   DelegateAnswers has{};
 
@@ -148,6 +149,11 @@ inline RowIndex indexOf(NSIndexPath *path) {
 - (BOOL)sim_queue:(UITableViewCell *)cell;
 /// For a data source that keeps cells of its own and gives one that waits.
 - (void)sim_takeFromQueue:(UITableViewCell *)cell;
+@end
+
+@interface UITableView (SimContextMenus)
+/// The delegate is another one: it has menus of rows, or has none.
+- (void)sim_updateContextMenu;
 @end
 
 @interface UITableView (SimHeights)

@@ -82,3 +82,23 @@ void run(void (^animations)(void), void (^completion)(BOOL), UIViewAnimationOpti
 }
 
 @end
+
+@implementation UIView (UIViewKeyframeAnimations)
+
++ (void)animateKeyframesWithDuration:(NSTimeInterval)duration
+                               delay:(NSTimeInterval)delay
+                             options:(UIViewKeyframeAnimationOptions)options
+                          animations:(void (^)(void))animations
+                          completion:(void (^)(BOOL))completion {
+  (void)duration, (void)delay, (void)options;
+  run(animations, completion);
+}
+
++ (void)addKeyframeWithRelativeStartTime:(double)start
+                        relativeDuration:(double)duration
+                              animations:(void (^)(void))animations {
+  (void)start, (void)duration;
+  run(animations, nil);
+}
+
+@end

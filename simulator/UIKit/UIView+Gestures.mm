@@ -1,5 +1,6 @@
 // What a finger touches, and the recognisers of a view.
 #import <UIKit/GestureState.h>
+#import <UIKit/UIContextMenuInteraction+Sim.h>
 #import <UIKit/UIView+Sim.h>
 #import <UIKit/UIViewState.h>
 
@@ -87,6 +88,10 @@ constexpr CGFloat kLeastVisible = 0.01;
 
 - (void)sim_letGoOfRecognizers {
   for (const auto &each : _state->gestureRecognizers) [each.get() sim_state].view = nil;
+  for (const auto &each : _state->interactions) {
+    const bool isMenu = [each.get() isKindOfClass:[UIContextMenuInteraction class]];
+    if (isMenu) [(UIContextMenuInteraction *)each.get() sim_letGoOfView];
+  }
 }
 
 @end

@@ -39,7 +39,7 @@
 @end
 
 @interface UIView (SimGestures)
-/// Its recognisers know of no view any more.
+/// Its recognisers and context menus know of no view any more.
 - (void)sim_letGoOfRecognizers;
 @end
 

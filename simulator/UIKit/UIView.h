@@ -44,6 +44,24 @@ typedef NS_OPTIONS(NSUInteger, UIViewAutoresizing) {
   UIViewAutoresizingFlexibleBottomMargin = 1 << 5,
 };
 
+typedef NS_ENUM(NSInteger, UIViewAnimationCurve) {
+  UIViewAnimationCurveEaseInOut,
+  UIViewAnimationCurveEaseIn,
+  UIViewAnimationCurveEaseOut,
+  UIViewAnimationCurveLinear,
+};
+
+typedef NS_OPTIONS(NSUInteger, UIViewKeyframeAnimationOptions) {
+  UIViewKeyframeAnimationOptionLayoutSubviews = 1 << 0,
+  UIViewKeyframeAnimationOptionAllowUserInteraction = 1 << 1,
+  UIViewKeyframeAnimationOptionBeginFromCurrentState = 1 << 2,
+  UIViewKeyframeAnimationOptionCalculationModeLinear = 0 << 10,
+  UIViewKeyframeAnimationOptionCalculationModeDiscrete = 1 << 10,
+  UIViewKeyframeAnimationOptionCalculationModePaced = 2 << 10,
+  UIViewKeyframeAnimationOptionCalculationModeCubic = 3 << 10,
+  UIViewKeyframeAnimationOptionCalculationModeCubicPaced = 4 << 10,
+};
+
 typedef NS_OPTIONS(NSUInteger, UIViewAnimationOptions) {
   UIViewAnimationOptionLayoutSubviews = 1 << 0,
   UIViewAnimationOptionAllowUserInteraction = 1 << 1,
@@ -246,6 +264,19 @@ UIKIT_EXTERN const CGFloat UIViewNoIntrinsicMetric;
 + (void)beginAnimations:(NSString *)identifier context:(void *)context;
 + (void)setAnimationDuration:(NSTimeInterval)duration;
 + (void)commitAnimations;
+@end
+
+/// Likewise at once: the keyframes are run as they are added.
+@interface UIView (UIViewKeyframeAnimations)
++ (void)animateKeyframesWithDuration:(NSTimeInterval)duration
+                               delay:(NSTimeInterval)delay
+                             options:(UIViewKeyframeAnimationOptions)options
+                          animations:(void (^)(void))animations
+                          completion:(void (^)(BOOL finished))completion;
+/// The start and the duration are parts of the whole, from 0 to 1.
++ (void)addKeyframeWithRelativeStartTime:(double)frameStartTime
+                        relativeDuration:(double)frameDuration
+                              animations:(void (^)(void))animations;
 @end
 
 #import <UIKit/UIViewAutoLayout.h>

@@ -4,6 +4,7 @@
 #import <UIKit/LayoutState.h>
 #import <QuartzCore/LayerGeometry.h>
 #import <UIKit/UIGestureRecognizer.h>
+#import <UIKit/UIInteraction.h>
 #import <UIKit/UIView.h>
 
 #include <objcxx/Retained.h>
@@ -24,6 +25,7 @@ struct UIViewState : LayerGeometry {
   bool treeNeedsUpdateConstraints = false;  ///< The view or one in it.
   std::unique_ptr<ViewLayout> layout;       ///< nullptr until layout has to do with the view.
   std::vector<objcxx::Retained<UIGestureRecognizer>> gestureRecognizers;
+  std::vector<objcxx::Retained<NSObject<UIInteraction>>> interactions;
 
   UIViewAutoresizing autoresizingMask = UIViewAutoresizingNone;
   bool autoresizesSubviews = true;

@@ -66,6 +66,11 @@ export class Session {
     return this.send(() => ({ type: 'tap', id, ...more }));
   }
 
+  /** A finger stays on what has the `id`, at a point of it (`[x, y]`) or in its middle. */
+  press(id, at) {
+    return this.send(() => ({ type: 'gesture', kind: 'press', id, ...at && { at } }));
+  }
+
   /** Swipes the row `id` open so that its actions show, or closed. */
   swipe(id, open) {
     return this.send(() => ({ type: 'swipe', id, open }));

@@ -66,7 +66,7 @@ std::string noticeScreen(std::uint64_t revision, std::string_view header, std::s
   writeHead(out, kTitle);
   writeNotice(out, header, footer);
   out.endObject();
-  writeNulls(out, "alert", "sheet");
+  writeNulls(out, "alert", "sheet", "menu");
   out.endObject();
   return std::move(out).text();
 }

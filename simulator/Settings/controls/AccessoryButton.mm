@@ -27,6 +27,7 @@ void writeAccessoryButton(JsonText &out, UIView *accessory) {
   out.beginObject();
   out.name("close").flag([button buttonType] == UIButtonTypeClose);
   out.name("enabled").flag([button isEnabled]);
+  out.name("menu").flag([button sim_showsMenu]);
   writeText(out.name("title"), [button currentTitle]);
   writeText(out.name("accessibilityLabel"), [button accessibilityLabel]);
   writeFrame(out.name("frame"), [button convertRect:[button bounds] toView:accessory]);

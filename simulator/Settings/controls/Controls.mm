@@ -6,14 +6,15 @@
 namespace sim {
 
 // Each stands in the file of its name.
-extern const ControlAdapter kSearchBar, kSegmentedControl, kSlider, kSpinner, kStepper, kSwitch, kTextField, kTextView;
+extern const ControlAdapter kPicker, kSearchBar, kSegmentedControl, kSlider, kSpinner, kStepper, kSwitch, kTextField,
+    kTextView;
 
 namespace {
 
 /// nullptr for a view that is no control.
 const ControlAdapter *adapterOf(UIView *view) {
-  static const AdapterTable<ControlAdapter> controls{&kSearchBar, &kSegmentedControl, &kSlider,    &kSpinner,
-                                                     &kStepper,   &kSwitch,           &kTextField, &kTextView};
+  static const AdapterTable<ControlAdapter> controls{&kPicker,  &kSearchBar, &kSegmentedControl, &kSlider,  &kSpinner,
+                                                     &kStepper, &kSwitch,    &kTextField,        &kTextView};
   return controls.of(view);
 }
 

@@ -14,7 +14,7 @@ class PageNumbers;
 /// What knows `presented`; every controller is known at least as a page. nullptr for nil.
 const PresentedAdapter* presentedAdapter(UIViewController* presented);
 
-/// "alert" or "sheet".
+/// "alert", "sheet" or "menu".
 std::string_view nameOf(PresentedPlace place);
 
 /// Writes `presented` when its place is `place`; otherwise, and for nil, null.

@@ -16,7 +16,7 @@ namespace sim {
 class ImageStore;
 
 /// Where on the screen's description it stands.
-enum class PresentedPlace : std::uint8_t { kAlert, kSheet };
+enum class PresentedPlace : std::uint8_t { kAlert, kSheet, kMenu };
 
 /// The functions are given controllers of the class `kind` or of its subclasses, and ids of that controller's own;
 /// those that are null are what nobody can do with such a thing.

@@ -40,7 +40,7 @@ void writeAccessibility(JsonText &out, UIView *view) {
 /// Whether there is anything for a finger to do: a control that rows could have, or one that something listens to.
 bool isWorkable(UIView *view) {
   if (isControl(view)) return true;
-  return [view isKindOfClass:[UIControl class]] && [(UIControl *)view allControlEvents] != 0;
+  return [view isKindOfClass:[UIControl class]] && [(UIControl *)view sim_hearsOfTaps];
 }
 
 std::uint32_t numberOf(UIView *view) { return static_cast<std::uint32_t>([view sim_number]); }
@@ -53,6 +53,7 @@ void writeWorkable(JsonText &out, UIView *view, ImageStore &images) {
     out.name("control").beginObject();
     out.name("type").string("button");
     out.name("highlighted").flag([(UIControl *)view isHighlighted]);
+    out.name("menu").flag([(UIControl *)view sim_showsMenu]);
     return out.endObject();
   }
   writeControl(out.name("control"), view, images);
@@ -125,6 +126,7 @@ void writeTouches(JsonText &out, UIView *view, Reach reach, bool isOutermost) {
   if (!touchable) return;
   out.name("touchable").flag(true);
   out.name("dragged").flag(in.dragged);
+  out.name("contextMenu").flag(hasContextMenu(view));
 }
 
 void writeView(JsonText &out, UIView *view, ImageStore &images, Reach reach, bool isOutermost) {

@@ -5,6 +5,7 @@ import { BarGround } from '/phone/BarGround.js';
 import { buttonStyle, groundOf, lookOf, offsetStyle, textStyle } from '/phone/barLook.js';
 import { InlineView, textOf } from '/phone/views/CustomViews.js';
 import { setOnly } from '/phone/look.js';
+import { usePress } from '/phone/pressing.js';
 import { BackChevron, Plus } from '/phone/symbols.js';
 import { SessionContext } from '/session.js';
 
@@ -116,10 +117,13 @@ function BarButton({ button, look, ground }) {
     width: button.width > 0 ? `${button.width}px` : undefined,
     ...button.view || button.image || symbol ? {} : buttonStyle(looks, button.titleLook, isEnabled),
   };
+  const handlers = usePress(
+    () => session.tap(button.id), button.menu === 'press' ? () => session.press(button.id) : null);
+  const opensMenu = button.menu === 'tap' || button.view?.control?.menu;
   return html`
     <button type="button" class=${isStrong ? 'bar-button bar-button-strong' : 'bar-button'} style=${style}
       data-identifier=${button.accessibilityIdentifier ?? undefined} disabled=${button.enabled === false}
-      aria-label=${label} onClick=${() => session.tap(button.id)}>
+      data-source=${button.id} aria-label=${label} aria-haspopup=${opensMenu ? 'menu' : undefined} ...${handlers}>
       ${button.view ? html`<${InlineView} view=${button.view} on=${ground} name="bar-view" />`
         : button.image ? html`<${Picture} image=${button.image} />`
         : symbol ? html`<${symbol} />` : html`<span style=${offsetStyle(looks?.offset)}>${name}</span>`}</button>`;

@@ -7,6 +7,7 @@ import { DevicePlace } from '/phone/DevicePlace.js';
 import { DropArea } from '/phone/DropArea.js';
 import { Navigation } from '/phone/Navigation.js';
 import { RespringCover } from '/phone/RespringCover.js';
+import { Menu } from '/phone/presented/Menu.js';
 import { Sheet } from '/phone/presented/Sheet.js';
 import { StatusSymbols } from '/phone/symbols.js';
 import { UploadProgress } from '/phone/UploadProgress.js';
@@ -17,7 +18,7 @@ export function Phone() {
   const state = useStore(session.store);
   const { screen, screenError, device, notice, isWorking, connection } = state;
   const content = useRef(null);
-  const covered = Boolean(screen?.alert || screen?.sheet);
+  const covered = Boolean(screen?.alert || screen?.sheet || screen?.menu);
   useFocusReturn(content, covered);
 
   return html`
@@ -30,6 +31,7 @@ export function Phone() {
         </div>
         ${screen?.sheet && html`
           <${Sheet} key=${screen.sheet.kind} sheet=${screen.sheet} covered=${Boolean(screen.alert)} />`}
+        ${screen?.menu && html`<${Menu} key=${menuKey(screen.menu)} menu=${screen.menu} />`}
         ${screen?.alert && html`<${Alert} key=${alertKey(screen.alert)} alert=${screen.alert} />`}
         <${Notice} text=${connection === 'lost' ? 'The simulator does not answer. Reconnecting…' : notice} />
         ${!screen?.sheet && html`<${UploadProgress} />`}
@@ -47,6 +49,11 @@ export function Phone() {
 
 function alertKey(alert) {
   return alert.actions[0]?.id ?? alert.title;
+}
+
+/** A menu has its elements' numbers from the one that it is the menu of. */
+function menuKey({ levels }) {
+  return levels[0].groups[0]?.items[0]?.id.split('.')[0];
 }
 
 function NoScreen({ reason, connection }) {

@@ -32,7 +32,7 @@ export function RowBody({ row, header, isChoice, tap, tapAccessory, tapButton })
 
 /** The button in the row's accessory view, which is drawn with that view, over the place where it lies. */
 function AccessoryButton({ row, tap }) {
-  const { frame: [x, y, width, height], close, enabled, title, accessibilityLabel } = row.accessoryButton;
+  const { frame: [x, y, width, height], close, enabled, menu, title, accessibilityLabel } = row.accessoryButton;
   const [, , viewWidth, viewHeight] = row.accessoryView.frame;
   const style = {
     right: `calc(var(--covered-right) + var(--margin) + ${viewWidth - x - width}px)`,
@@ -40,7 +40,7 @@ function AccessoryButton({ row, tap }) {
   };
   return html`
     <button type="button" class="row-button" data-part="button" style=${style} onClick=${tap}
-      disabled=${!enabled || row.enabled === false}
+      disabled=${!enabled || row.enabled === false} aria-haspopup=${menu ? 'menu' : undefined}
       aria-label=${accessibilityLabel || title || (close ? 'Close' : 'Button')}>
       ${close && html`<${CloseSymbol} />`}
     </button>`;

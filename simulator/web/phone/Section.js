@@ -38,7 +38,7 @@ export function Section({
     <li class="row" key=${rows[at].id} data-section=${number} data-row=${at} data-id=${rows[at].id}
       data-hidden=${at === dragged} data-first=${at === 0} data-last=${at === rows.length - 1}
       data-custom=${rows[at].views?.length > 0} data-touch=${rows[at].touchable ? rows[at].id : undefined}
-      data-dragged=${rows[at].dragged || undefined}
+      data-dragged=${rows[at].dragged || undefined} data-menu=${rows[at].contextMenu ? rows[at].id : undefined}
       data-swipe=${openSwipe === rows[at].id ? 'open' : 'closed'} aria-setsize=${rows.length} aria-posinset=${at + 1}
       style=${rowStyle(rows[at], tops[at] + offset(at))}>
       ${!rows[at].outline && html`

@@ -27,7 +27,17 @@ export function useTouches(session) {
   const onDragStart = (event) => {
     if (touch.current) event.preventDefault();
   };
-  return { onPointerDown, onDragStart, onContextMenu: onDragStart };
+  // The secondary button of a mouse, or the menu key, does what a finger does that stays.
+  const onContextMenu = (event) => {
+    const element = event.target.closest('[data-menu]');
+    if (element || touch.current) event.preventDefault();
+    if (!element || touch.current) return;
+    const { left, top } = element.getBoundingClientRect();
+    const scale = pixelsPerPoint(element.closest('.page'));
+    const isPointed = event.button === 2;
+    session.press(element.dataset.menu, isPointed && [(event.clientX - left) / scale, (event.clientY - top) / scale]);
+  };
+  return { onPointerDown, onDragStart, onContextMenu };
 }
 
 /** Whether a click on something that hands its input through was sent as a touch already. */

@@ -3,6 +3,7 @@
 #import <UIKit/UIImage+Sim.h>
 #import <UIKit/UIImageView+Sim.h>
 #import <UIKit/UIKit.h>
+#import <objcxx/Retained.h>
 #import <UIKit/UIScreen+Sim.h>
 
 #include <objcxx/Retained.h>

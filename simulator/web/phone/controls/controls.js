@@ -1,3 +1,4 @@
+import { picker } from '/phone/controls/Picker.js';
 import { searchBar } from '/phone/controls/SearchBar.js';
 import { segmentedControl } from '/phone/controls/SegmentedControl.js';
 import { slider } from '/phone/controls/Slider.js';
@@ -14,7 +15,7 @@ import { textView } from '/phone/controls/TextView.js';
  */
 const controls = {
   switch: switchControl, slider, segmented: segmentedControl, text: textField, secureText: textField, textView, spinner,
-  stepper, search: searchBar,
+  stepper, search: searchBar, picker,
 };
 
 /** One that is not known is shown as something under way. */

@@ -13,7 +13,8 @@ export function ControlView({ view, children }) {
     return html`
       <span class="view-face" aria-hidden="true">${children}</span>
       <button type="button" class="view-button" aria-label=${name} disabled=${!enabled}
-        aria-description=${view.accessibilityHint || undefined} data-through=${view.touchable || undefined}
+        aria-description=${view.accessibilityHint || undefined}
+        aria-haspopup=${control.menu ? 'menu' : undefined} data-through=${view.touchable || undefined}
         onClick=${(event) => (view.touchable && isTouch(event)) || session.tap(id)}></button>`;
   }
   const { Content } = controlOf(control);

@@ -70,8 +70,9 @@ function View({ view, background, isDepicted, shift }) {
     <${View} key=${at} view=${child} background=${below} isDepicted=${depicts} shift=${origin} />`);
   const identifier = view.accessibilityIdentifier ?? view.name ?? undefined;
   return html`
-    <span class="view" data-identifier=${identifier} data-touch=${view.touchable ? view.id : undefined}
-      data-dragged=${view.dragged || undefined} data-interface-style=${view.interfaceStyle ?? undefined}
+    <span class="view" data-source=${view.id ?? undefined} data-identifier=${identifier}
+      data-touch=${view.touchable ? view.id : undefined} data-dragged=${view.dragged || undefined}
+      data-menu=${view.contextMenu ? view.id : undefined} data-interface-style=${view.interfaceStyle ?? undefined}
       style=${style} ...${names}>
       <${LayerContent} view=${view} size=${{ width, height }} />
       ${Content

@@ -28,6 +28,7 @@ TEST_F(RowButtonTest, AButtonInTheAccessoryIsDescribedAndTapped) {
   session().refresh();
   EXPECT_EQ(row(0, 0)["accessoryButton"], Json::object({{"close", true},
                                                         {"enabled", true},
+                                                        {"menu", false},
                                                         {"title", nullptr},
                                                         {"accessibilityLabel", "Remove"},
                                                         {"frame", {40, 0, 30, 30}}}));
