@@ -55,7 +55,6 @@ KEPT = {
     'UIGraphicsImageRendererFormat.opaque': 'for the image that the bundle is given',
     'UIGraphicsImageRendererFormat.scale': 'for the image that the bundle is given',
     'UIPasteboard.strings': 'for `string` and `strings`; the host shows the first',
-    'UINavigationBar.items': 'for topItem and backItem; a navigation controller draws its own stack',
     '-[UIView setAnimationDuration:]': 'nothing moves: an intended difference',
     '-[CATransaction setAnimationDuration:]': 'nothing moves: an intended difference',
     '-[CATransaction setAnimationTimingFunction:]': 'nothing moves: an intended difference',
@@ -78,7 +77,6 @@ KEPT = {
     'CASpringAnimation.stiffness': 'for settlingDuration, which the bundle asks; else nothing moves',
     '-[CALayer setNeedsDisplayInRect:]': 'the whole is drawn anew',
     '-[UIView setNeedsDisplayInRect:]': 'the whole is drawn anew',
-    'UIScrollView.alwaysBounceVertical': 'nothing moves: an intended difference',
     'UIScrollView.bounces': 'nothing moves: an intended difference',
     'UIViewController.modalTransitionStyle': 'nothing moves: an intended difference',
 }
