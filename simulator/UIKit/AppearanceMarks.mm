@@ -70,11 +70,17 @@ std::string membersOf(std::string_view type) {
 
 bool isInteger(char type) { return std::strchr("@#:*^csilqCSILQB", type) != nullptr && type != '\0'; }
 
+/// The type of an argument, without what is said beside it, such as const.
+const char *typeAt(NSUInteger at, NSMethodSignature *signature) {
+  const char *type = [signature getArgumentTypeAtIndex:at];
+  while (*type != '\0' && std::strchr("rnNoORV", *type)) ++type;
+  return type;
+}
+
 Arguments argumentsOf(NSMethodSignature *signature) {
   Arguments all;
   for (NSUInteger at = 2; at < [signature numberOfArguments]; ++at) {
-    const char *type = [signature getArgumentTypeAtIndex:at];
-    while (*type != '\0' && std::strchr("rnNoORV", *type)) ++type;
+    const char *type = typeAt(at, signature);
     NSUInteger size = 0;
     NSGetSizeAndAlignment(type, &size, nullptr);
     if (isInteger(*type)) {
@@ -163,6 +169,45 @@ IMP functionAt(std::size_t place, bool isFourFractions, std::index_sequence<Plac
   return reinterpret_cast<IMP>(isFourFractions ? kFour[place] : kAny[place]);
 }
 
+/// The integer in `call`, as wide as a register.
+std::uintptr_t integerAt(NSInteger at, NSInvocation *call) {
+  const char *type = typeAt(static_cast<NSUInteger>(at), [call methodSignature]);
+  NSUInteger size = 0;
+  NSGetSizeAndAlignment(type, &size, nullptr);
+  std::uintptr_t value = 0;
+  [call getArgument:&value atIndex:at];
+  const int unused = static_cast<int>(sizeof(value) - size) * 8;
+  if (unused == 0 || !std::strchr("csilq", *type)) return value;
+  return static_cast<std::uintptr_t>(static_cast<std::intptr_t>(value << unused) >> unused);
+}
+
+/// Calls the method with the arguments of `call` in their registers: an invocation would keep the types of structures
+/// for good.
+void invoke(NSInvocation *call, NSObject *object) {
+  NSMethodSignature *signature = [call methodSignature];
+  const Arguments arguments = argumentsOf(signature);
+  if (!arguments.isHandedOn) return [sim::copyOfCall(call).get() invokeWithTarget:object];
+
+  Integers integers{};
+  std::array<double, kMostFractions> fractions{};
+  std::size_t next = 0;
+  for (NSInteger at = 2; at < static_cast<NSInteger>([signature numberOfArguments]); ++at) {
+    if (isInteger(*typeAt(static_cast<NSUInteger>(at), signature))) {
+      integers[next++] = integerAt(at, call);
+    } else {
+      [call getArgument:fractions.data() atIndex:at];
+    }
+  }
+  void *method = reinterpret_cast<void *>([object methodForSelector:[call selector]]);
+  const auto [a, b, c, d] = integers;
+  const auto [w, x, y, z] = fractions;
+  if (arguments.isFourFractions) {
+    reinterpret_cast<decltype(&noteAndSetFour<0>)>(method)(object, [call selector], { w, x, y, z }, a, b, c);
+  } else {
+    reinterpret_cast<decltype(&noteAndSet<0>)>(method)(object, [call selector], a, b, c, d, w, x, y, z);
+  }
+}
+
 }  // namespace
 
 namespace sim {
@@ -215,7 +260,7 @@ void play(NSInvocation *call, NSObject *object) {
   marks->played.insert(key);
   NSObject *const former = std::exchange(playedTo, object);
   @try {
-    [copyOfCall(call).get() invokeWithTarget:object];
+    invoke(call, object);
   } @finally {
     playedTo = former;
   }

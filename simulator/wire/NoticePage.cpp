@@ -21,7 +21,7 @@ void writeHead(JsonText& out, std::string_view title) {
   writeEmptyList(out.name("buttons"));
   out.name("largeTitle").flag(true);
   out.name("bar").beginObject();
-  writeNulls(out, "color", "titleColor", "largeTitleColor", "tintColor");
+  writeNulls(out, "color", "titleColor", "largeTitleColor", "tintColor", "interfaceStyle", "standard", "scrollEdge");
   out.name("translucent").flag(true);
   out.name("hidden").flag(false);
   out.endObject();
@@ -30,8 +30,8 @@ void writeHead(JsonText& out, std::string_view title) {
 }  // namespace
 
 void writeNotice(JsonText& out, std::string_view header, std::string_view footer) {
-  writeNulls(out, "backgroundColor", "backgroundView", "headerView", "footerView", "search", "separatorColor",
-             "touchId", "view");
+  writeNulls(out, "backgroundColor", "backgroundView", "headerView", "footerView", "interfaceStyle", "search",
+             "separatorColor", "touchId", "view");
   out.name("separators").flag(true);
   out.name("scrolls").flag(true);
   out.name("contentInset").beginArray();

@@ -140,7 +140,8 @@ class Headers(unittest.TestCase):
               UIViewController *first = self.navigationController.viewControllers.firstObject.navigationController;
               first = UIApplication.sharedApplication.windows[0].rootViewController ?: self.childViewControllers[0];
               UILabel *label = self.table.visibleCells.firstObject.textLabel;
-              label.tag = self.table.indexPathsForVisibleRows.firstObject.row + self.navigationItem.rightBarButtonItems[0].tag;
+              label.tag = self.table.indexPathsForVisibleRows.firstObject.row +
+                          self.navigationItem.rightBarButtonItems[0].tag;
               NSTask *task = [NSTask new];
               task.launchPath = text ?: first.title;
               dispatch_async(dispatch_get_main_queue(), ^{ usleep(1); [task launch]; });

@@ -34,8 +34,11 @@ TEST_F(PresentedTest, WhatIsOfNoKindOfItsOwnIsAPage) {
   ListPage *list = startList(@[ @[ @"Row" ] ]);
   PlainPage *plain = [[[PlainPage alloc] init] autorelease];
   present(list, plain);
-  EXPECT_EQ(screen()["sheet"],
-            Json({{"anchor", nullptr}, {"kind", "page"}, {"title", "PlainPage"}, {"items", Json::array()}}));
+  EXPECT_EQ(screen()["sheet"], Json({{"anchor", nullptr},
+                                     {"interfaceStyle", nullptr},
+                                     {"kind", "page"},
+                                     {"title", "PlainPage"},
+                                     {"items", Json::array()}}));
   EXPECT_TRUE(screen()["alert"].is_null());
   [plain setTitle:@"Over"];
   session().refresh();
