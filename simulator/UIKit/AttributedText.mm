@@ -87,7 +87,6 @@ class RunPainter {
   RunPainter(CGContextRef context, const TextLayout &layout, const TextLine &line, const TextPiece &piece,
              const TextRun &run, const RunLook &look, CGPoint origin)
       : context_(context),
-        cairo_(cairoOf(context)),
         layout_(layout),
         line_(line),
         piece_(piece),
@@ -128,11 +127,13 @@ class RunPainter {
 
   void show(UIColor *color, CGFloat x, CGFloat y) {
     const RGBA rgba = rgbaOf(color);
-    cairo_save(cairo_);
-    cairo_set_operator(cairo_, CAIRO_OPERATOR_OVER);
-    cairo_set_source_rgba(cairo_, rgba.red, rgba.green, rgba.blue, rgba.alpha);
-    layout_.show(cairo_, line_, piece_, run_.baselineOffset, x, y);
-    cairo_restore(cairo_);
+    paintOn(context_, [&](cairo_t *cairo) {
+      cairo_save(cairo);
+      cairo_set_operator(cairo, CAIRO_OPERATOR_OVER);
+      cairo_set_source_rgba(cairo, rgba.red, rgba.green, rgba.blue, rgba.alpha);
+      layout_.show(cairo, line_, piece_, run_.baselineOffset, x, y);
+      cairo_restore(cairo);
+    });
   }
 
   void drawLine(NSInteger style, UIColor *color, CGFloat middle) {
@@ -175,7 +176,6 @@ class RunPainter {
   }
 
   CGContextRef context_;
-  cairo_t *cairo_;
   const TextLayout &layout_;
   const TextLine &line_;
   const TextPiece &piece_;

@@ -4,6 +4,7 @@
 #import <UIKit/UIImageView+Sim.h>
 #import <UIKit/UIKit.h>
 #import <UIKit/UIScreen+Sim.h>
+#import <objcxx/Retained.h>
 
 #import "support/objc/ObjCMatchers.h"
 #import "support/objc/ObjCTest.h"
