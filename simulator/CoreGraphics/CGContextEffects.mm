@@ -114,13 +114,15 @@ void compose(SIMContext *context, cairo_pattern_t *drawn) {
 
 void CGContextSetShadowWithColor(CGContextRef context, CGSize offset, CGFloat blur, CGColorRef color) {
   if (!context) return;
-  auto &shadow = object(context)->_state.shadow;
-  shadow.reset();
-  if (!color || !std::isfinite(offset.width + offset.height + blur)) return;
+  if (!color || !std::isfinite(offset.width + offset.height + blur)) {
+    object(context)->_state.shadow.reset();
+    return;
+  }
   const cairo_matrix_t &base = object(context)->_base;
   // A blur of 2 is a Gaussian of a standard deviation of 1.
   const double sigma = std::min(std::max<double>(blur, 0) * std::abs(base.xx) / 2, kMostSigma);
-  shadow = {offset.width * base.xx, offset.height * base.yy, sigma, sim::components(color)};
+  object(context)->_state.shadow =
+      sim::ContextShadow{offset.width * base.xx, offset.height * base.yy, sigma, sim::components(color)};
 }
 
 void CGContextSetShadow(CGContextRef context, CGSize offset, CGFloat blur) {

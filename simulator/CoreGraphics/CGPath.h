@@ -1,6 +1,7 @@
 // Geometric paths.
 #pragma once
 
+#include <CoreFoundation/CFBase.h>
 #include <CoreGraphics/CGAffineTransform.h>
 
 /// Core Foundation objects; ownership by CGPathRetain/Release or CFRetain/CFRelease.
@@ -74,4 +75,4 @@ typedef struct CGPathElement {
 typedef void (*CGPathApplierFunction)(void *info, const CGPathElement *element);
 CG_EXTERN void CGPathApply(CGPathRef path, void *info, CGPathApplierFunction function);
 typedef void (^CGPathApplyBlock)(const CGPathElement *element);
-CG_EXTERN void CGPathApplyWithBlock(CGPathRef path, CGPathApplyBlock block);
+CG_EXTERN void CGPathApplyWithBlock(CGPathRef path, CGPathApplyBlock CF_NOESCAPE block);

@@ -169,7 +169,7 @@ void CGPathAddRects(CGMutablePathRef path, const CGAffineTransform *m, const CGR
   for (size_t at = 0; at < count; ++at) CGPathAddRect(path, m, rects[at]);
 }
 
-void CGPathApplyWithBlock(CGPathRef path, CGPathApplyBlock block) {
+void CGPathApplyWithBlock(CGPathRef path, CGPathApplyBlock CF_NOESCAPE block) {
   if (!path) return;
   const sim::Path kept = sim::pathOf(path);  // The block may change it.
   for (const sim::Path::Element &element : kept.elements()) {

@@ -104,11 +104,13 @@ class RunPainter {
 
   void drawText() {
     if (run_.box) return drawImage();
-    if (UIColor *color = [look_.shadow.get() shadowColor]) {
-      const CGSize offset = [look_.shadow.get() shadowOffset];
-      show(color, origin_.x + offset.width, origin_.y + offset.height);
+    CGContextSaveGState(context_);
+    if (NSShadow *shadow = look_.shadow.get()) {
+      CGContextSetShadowWithColor(context_, [shadow shadowOffset], [shadow shadowBlurRadius],
+                                  [(UIColor *)[shadow shadowColor] CGColor]);
     }
-    show(look_.color.get(), origin_.x, origin_.y);
+    show(look_.color.get());
+    CGContextRestoreGState(context_);
     const CGFloat size = run_.style.size;
     drawLine(look_.underline, look_.underlineColor.get(), baseline_ + size * kUnderlinePlace);
     drawLine(look_.strikethrough, look_.strikethroughColor.get(),
@@ -125,13 +127,13 @@ class RunPainter {
     CGContextRestoreGState(context_);
   }
 
-  void show(UIColor *color, CGFloat x, CGFloat y) {
+  void show(UIColor *color) {
     const RGBA rgba = rgbaOf(color);
     paintOn(context_, [&](cairo_t *cairo) {
       cairo_save(cairo);
       cairo_set_operator(cairo, CAIRO_OPERATOR_OVER);
       cairo_set_source_rgba(cairo, rgba.red, rgba.green, rgba.blue, rgba.alpha);
-      layout_.show(cairo, line_, piece_, run_.baselineOffset, x, y);
+      layout_.show(cairo, line_, piece_, run_.baselineOffset, origin_.x, origin_.y);
       cairo_restore(cairo);
     });
   }
