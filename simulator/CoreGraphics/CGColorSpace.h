@@ -1,6 +1,7 @@
 // Colour spaces. Pixels are not colour-managed: every RGB space is taken as sRGB.
 #pragma once
 
+#include <CoreFoundation/CoreFoundation.h>
 #include <CoreGraphics/CGBase.h>
 
 /// A Core Foundation object; ownership by CGColorSpaceRetain/Release or CFRetain/CFRelease.
@@ -14,6 +15,12 @@ typedef NS_ENUM(int32_t, CGColorSpaceModel) {
 
 CG_EXTERN CGColorSpaceRef CGColorSpaceCreateDeviceRGB(void);
 CG_EXTERN CGColorSpaceRef CGColorSpaceCreateDeviceGray(void);
+/// NULL for a name that is not carried.
+CG_EXTERN CGColorSpaceRef CGColorSpaceCreateWithName(CFStringRef name);
+CG_EXTERN CFStringRef const kCGColorSpaceSRGB;
+CG_EXTERN CFStringRef const kCGColorSpaceDisplayP3;
+CG_EXTERN CFStringRef const kCGColorSpaceExtendedSRGB;
+CG_EXTERN CFStringRef const kCGColorSpaceGenericGrayGamma2_2;
 CG_EXTERN CGColorSpaceRef CGColorSpaceRetain(CGColorSpaceRef space);
 CG_EXTERN void CGColorSpaceRelease(CGColorSpaceRef space);
 CG_EXTERN CGColorSpaceModel CGColorSpaceGetModel(CGColorSpaceRef space);

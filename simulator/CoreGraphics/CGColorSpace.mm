@@ -9,6 +9,11 @@
 @implementation SIMColorSpace
 @end
 
+CFStringRef const kCGColorSpaceSRGB = (CFStringRef) @"kCGColorSpaceSRGB";
+CFStringRef const kCGColorSpaceDisplayP3 = (CFStringRef) @"kCGColorSpaceDisplayP3";
+CFStringRef const kCGColorSpaceExtendedSRGB = (CFStringRef) @"kCGColorSpaceExtendedSRGB";
+CFStringRef const kCGColorSpaceGenericGrayGamma2_2 = (CFStringRef) @"kCGColorSpaceGenericGrayGamma2_2";
+
 namespace {
 
 CGColorSpaceRef create(CGColorSpaceModel model) {
@@ -21,6 +26,15 @@ CGColorSpaceRef create(CGColorSpaceModel model) {
 
 CGColorSpaceRef CGColorSpaceCreateDeviceRGB(void) { return create(kCGColorSpaceModelRGB); }
 CGColorSpaceRef CGColorSpaceCreateDeviceGray(void) { return create(kCGColorSpaceModelMonochrome); }
+
+CGColorSpaceRef CGColorSpaceCreateWithName(CFStringRef name) {
+  for (const CFStringRef known : {kCGColorSpaceSRGB, kCGColorSpaceDisplayP3, kCGColorSpaceExtendedSRGB}) {
+    if ([(NSString *)known isEqualToString:(NSString *)name]) return create(kCGColorSpaceModelRGB);
+  }
+  const bool isGrey = [(NSString *)kCGColorSpaceGenericGrayGamma2_2 isEqualToString:(NSString *)name];
+  return isGrey ? create(kCGColorSpaceModelMonochrome) : nullptr;
+}
+
 CGColorSpaceRef CGColorSpaceRetain(CGColorSpaceRef space) { return (CGColorSpaceRef)[(id)space retain]; }
 void CGColorSpaceRelease(CGColorSpaceRef space) { [(id)space release]; }
 

@@ -54,19 +54,25 @@ cairo_operator_t operatorOf(CGBlendMode mode) {
 
 namespace sim {
 
+CGContextRef createContext(const SurfacePtr &surface, const CGAffineTransform &base, bool opaque) {
+  SIMContext *context = [[SIMContext alloc] init];
+  context->_cairo = cairo_create(surface.get());
+  context->_opaque = opaque;
+  context->_base = {base.a, base.b, base.c, base.d, base.tx, base.ty};
+  cairo_set_matrix(context->_cairo, &context->_base);
+  cairo_set_line_width(context->_cairo, 1);
+  return (CGContextRef)context;
+}
+
 CGContextRef createImageContext(CGSize size, CGFloat scale, bool opaque) {
   const double width = std::ceil(size.width * scale - 1e-6);
   const double height = std::ceil(size.height * scale - 1e-6);
   if (!(width >= 1 && height >= 1 && width < double(kMaxPixels) && height < double(kMaxPixels))) return nullptr;
   const SurfacePtr surface = makeSurface(std::int64_t(width), std::int64_t(height));
   if (!surface) return nullptr;
-  SIMContext *context = [[SIMContext alloc] init];
-  context->_cairo = cairo_create(surface.get());
-  context->_opaque = opaque;
-  if (opaque) cairo_paint(context->_cairo);
-  cairo_scale(context->_cairo, scale, scale);
-  cairo_set_line_width(context->_cairo, 1);
-  return (CGContextRef)context;
+  const CGContextRef context = createContext(surface, {scale, 0, 0, scale, 0, 0}, opaque);
+  if (opaque) cairo_paint(object(context)->_cairo);
+  return context;
 }
 
 BitmapPtr snapshot(CGContextRef context) {
@@ -76,6 +82,10 @@ BitmapPtr snapshot(CGContextRef context) {
 }
 
 cairo_t *cairoOf(CGContextRef context) { return context ? object(context)->_cairo : nullptr; }
+
+void paintOn(CGContextRef context, const std::function<void(cairo_t *)> &draw) {
+  paint(object(context), [&] { draw(object(context)->_cairo); });
+}
 
 }  // namespace sim
 
@@ -89,7 +99,10 @@ void CGContextSaveGState(CGContextRef context) {
 }
 
 void CGContextRestoreGState(CGContextRef context) {
-  if (!context || object(context)->_saved.empty()) return;
+  if (!context) return;
+  // What was saved before a transparency layer began is its end's to restore.
+  const std::size_t kept = object(context)->_layers.empty() ? 0 : object(context)->_layers.back();
+  if (object(context)->_saved.size() <= kept) return;
   cairo_restore(object(context)->_cairo);
   object(context)->_state = object(context)->_saved.back();
   object(context)->_saved.pop_back();
@@ -116,6 +129,19 @@ void CGContextConcatCTM(CGContextRef context, CGAffineTransform t) {
   }
   const cairo_matrix_t matrix{t.a, t.b, t.c, t.d, t.tx, t.ty};
   cairo_transform(object(context)->_cairo, &matrix);
+}
+
+CGAffineTransform CGContextGetCTM(CGContextRef context) {
+  if (!context) return CGAffineTransformIdentity;
+  cairo_matrix_t matrix;
+  cairo_get_matrix(object(context)->_cairo, &matrix);
+  const double height = cairo_image_surface_get_height(cairo_get_target(object(context)->_cairo));
+  return {matrix.xx, -matrix.yx, matrix.xy, -matrix.yy, matrix.x0, height - matrix.y0};
+}
+
+void CGContextSetShouldAntialias(CGContextRef context, bool shouldAntialias) {
+  if (!context) return;
+  cairo_set_antialias(object(context)->_cairo, shouldAntialias ? CAIRO_ANTIALIAS_DEFAULT : CAIRO_ANTIALIAS_NONE);
 }
 
 void CGContextSetFillColorWithColor(CGContextRef context, CGColorRef color) {

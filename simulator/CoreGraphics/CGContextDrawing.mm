@@ -34,25 +34,29 @@ bool isUnbounded(cairo_operator_t blend) {
 
 void fill(SIMContext *context, cairo_fill_rule_t rule, bool keepsPath) {
   cairo_t *cairo = context->_cairo;
-  setColor(context, context->_state.fill);
-  cairo_set_fill_rule(cairo, rule);
-  cairo_set_operator(cairo, context->_state.blend);
-  if (isUnbounded(context->_state.blend)) {
-    cairo_save(cairo);
-    cairo_clip_preserve(cairo);
-    cairo_paint(cairo);
-    cairo_restore(cairo);
-  } else {
-    cairo_fill_preserve(cairo);
-  }
+  sim::paint(context, [&] {
+    setColor(context, context->_state.fill);
+    cairo_set_fill_rule(cairo, rule);
+    cairo_set_operator(cairo, context->_state.blend);
+    if (isUnbounded(context->_state.blend)) {
+      cairo_save(cairo);
+      cairo_clip_preserve(cairo);
+      cairo_paint(cairo);
+      cairo_restore(cairo);
+    } else {
+      cairo_fill_preserve(cairo);
+    }
+  });
   if (!keepsPath) cairo_new_path(cairo);
 }
 
 void stroke(SIMContext *context) {
-  cairo_t *cairo = context->_cairo;
-  setColor(context, context->_state.stroke);
-  cairo_set_operator(cairo, context->_state.blend);
-  cairo_stroke(cairo);
+  sim::paint(context, [&] {
+    setColor(context, context->_state.stroke);
+    cairo_set_operator(context->_cairo, context->_state.blend);
+    cairo_stroke_preserve(context->_cairo);
+  });
+  cairo_new_path(context->_cairo);
 }
 
 void addPath(CGContextRef context, const sim::Path &path) {
@@ -72,7 +76,7 @@ void drawPixels(CGContextRef context, const PixelSource &pixels, const ImageDraw
   const double width = bitmap->width();
   const double height = bitmap->height();
   SIMContext *self = object(context);
-  withOwnPath(context, [&] {
+  const auto draw = [&] {
     cairo_t *cairo = self->_cairo;
     cairo_save(cairo);
     cairo_translate(cairo, rect.origin.x, rect.origin.y + (drawing.bottomUp ? rect.size.height : 0));
@@ -92,7 +96,8 @@ void drawPixels(CGContextRef context, const PixelSource &pixels, const ImageDraw
     }
     cairo_pattern_destroy(pattern);
     cairo_restore(cairo);
-  });
+  };
+  withOwnPath(context, [&] { paint(self, draw); });
 }
 
 }  // namespace sim
@@ -112,6 +117,38 @@ void CGContextAddLineToPoint(CGContextRef context, CGFloat x, CGFloat y) {
 void CGContextAddCurveToPoint(CGContextRef context, CGFloat cp1x, CGFloat cp1y, CGFloat cp2x, CGFloat cp2y, CGFloat x,
                               CGFloat y) {
   if (context) cairo_curve_to(object(context)->_cairo, cp1x, cp1y, cp2x, cp2y, x, y);
+}
+
+void CGContextAddQuadCurveToPoint(CGContextRef context, CGFloat cpx, CGFloat cpy, CGFloat x, CGFloat y) {
+  const CGPoint from = CGContextGetPathCurrentPoint(context);
+  CGContextAddCurveToPoint(context, from.x + (cpx - from.x) * 2 / 3, from.y + (cpy - from.y) * 2 / 3,
+                           x + (cpx - x) * 2 / 3, y + (cpy - y) * 2 / 3, x, y);
+}
+
+void CGContextAddArcToPoint(CGContextRef context, CGFloat x1, CGFloat y1, CGFloat x2, CGFloat y2, CGFloat radius) {
+  if (!context || CGContextIsPathEmpty(context)) return;
+  const CGPoint from = CGContextGetPathCurrentPoint(context);
+  sim::Path path;
+  path.move({from.x, from.y});
+  path.arcTo({x1, y1}, {x2, y2}, radius);
+  for (const sim::Path::Element &element : path.elements()) {
+    const auto &[first, second, third] = element.points;
+    if (element.verb == sim::Path::Verb::line) CGContextAddLineToPoint(context, first.x, first.y);
+    if (element.verb == sim::Path::Verb::curve) {
+      CGContextAddCurveToPoint(context, first.x, first.y, second.x, second.y, third.x, third.y);
+    }
+  }
+}
+
+void CGContextAddLines(CGContextRef context, const CGPoint *points, size_t count) {
+  for (size_t at = 0; at < count; ++at) {
+    at == 0 ? CGContextMoveToPoint(context, points[at].x, points[at].y)
+            : CGContextAddLineToPoint(context, points[at].x, points[at].y);
+  }
+}
+
+void CGContextAddRects(CGContextRef context, const CGRect *rects, size_t count) {
+  for (size_t at = 0; at < count; ++at) CGContextAddRect(context, rects[at]);
 }
 
 void CGContextAddArc(CGContextRef context, CGFloat x, CGFloat y, CGFloat radius, CGFloat startAngle, CGFloat endAngle,
@@ -139,6 +176,16 @@ void CGContextAddPath(CGContextRef context, CGPathRef path) {
 
 void CGContextClosePath(CGContextRef context) {
   if (context) cairo_close_path(object(context)->_cairo);
+}
+
+bool CGContextIsPathEmpty(CGContextRef context) {
+  return !context || !cairo_has_current_point(object(context)->_cairo);
+}
+
+CGPoint CGContextGetPathCurrentPoint(CGContextRef context) {
+  CGPoint point = CGPointZero;
+  if (context) cairo_get_current_point(object(context)->_cairo, &point.x, &point.y);
+  return point;
 }
 
 void CGContextDrawPath(CGContextRef context, CGPathDrawingMode mode) {
@@ -181,6 +228,34 @@ void CGContextFillRect(CGContextRef context, CGRect rect) {
   });
 }
 
+void CGContextFillRects(CGContextRef context, const CGRect *rects, size_t count) {
+  withOwnPath(context, [&] {
+    CGContextAddRects(context, rects, count);
+    CGContextFillPath(context);
+  });
+}
+
+CGRect CGContextGetClipBoundingBox(CGContextRef context) {
+  if (!context) return CGRectNull;
+  double left, top, right, bottom;
+  cairo_clip_extents(object(context)->_cairo, &left, &top, &right, &bottom);
+  return CGRectMake(left, top, right - left, bottom - top);
+}
+
+void CGContextStrokeRectWithWidth(CGContextRef context, CGRect rect, CGFloat width) {
+  CGContextSaveGState(context);
+  CGContextSetLineWidth(context, width);
+  CGContextStrokeRect(context, rect);
+  CGContextRestoreGState(context);
+}
+
+void CGContextStrokeLineSegments(CGContextRef context, const CGPoint *points, size_t count) {
+  withOwnPath(context, [&] {
+    for (size_t at = 0; at + 1 < count; at += 2) CGContextAddLines(context, points + at, 2);
+    CGContextStrokePath(context);
+  });
+}
+
 void CGContextStrokeRect(CGContextRef context, CGRect rect) {
   withOwnPath(context, [&] {
     CGContextAddRect(context, rect);
@@ -211,6 +286,8 @@ void CGContextStrokeEllipseInRect(CGContextRef context, CGRect rect) {
 
 void CGContextDrawImage(CGContextRef context, CGRect rect, CGImageRef image) {
   if (const sim::PixelSourcePtr pixels = sim::sourceOf(image)) {
-    sim::drawPixels(context, *pixels, {.rect = rect, .bottomUp = true});
+    const sim::RGBA fill = context ? object(context)->_state.fill : sim::RGBA();
+    sim::drawPixels(context, *pixels,
+                    {.rect = rect, .bottomUp = true, .template_ = CGImageIsMask(image) ? &fill : nullptr});
   }
 }

@@ -29,13 +29,23 @@ typedef NS_OPTIONS(uint32_t, CGBitmapInfo) {
 
 typedef NS_ENUM(int32_t, CGColorRenderingIntent) { kCGRenderingIntentDefault };
 
-/// An image over the provider's bytes. Carried: 8 bits a component, 32 bits a pixel, an RGB space, alpha first or last
-/// (straight, premultiplied or skipped), byte order default, 32 big or 32 little. Anything else, a row length below
-/// 4 × width, or a size of zero gives NULL and a log line. `decode` must be NULL.
+/// An image over the provider's bytes. Carried, with 8 bits a component: 32 bits a pixel, an RGB space, alpha first or
+/// last (straight, premultiplied or skipped), byte order default, 32 big or 32 little; 8 bits a pixel, a grey space and
+/// kCGImageAlphaNone; 8 bits a pixel and kCGImageAlphaOnly. Anything else, rows that are too short, or a size of zero
+/// gives NULL and a log line. `decode` must be NULL.
 CG_EXTERN CGImageRef CGImageCreate(size_t width, size_t height, size_t bitsPerComponent, size_t bitsPerPixel,
                                    size_t bytesPerRow, CGColorSpaceRef space, CGBitmapInfo bitmapInfo,
                                    CGDataProviderRef provider, const CGFloat *decode, bool shouldInterpolate,
                                    CGColorRenderingIntent intent);
+/// A mask of 8 bits a pixel, which lets through where it is 0; with a `decode` of {1, 0} where it is 255. NULL as
+/// above.
+CG_EXTERN CGImageRef CGImageMaskCreate(size_t width, size_t height, size_t bitsPerComponent, size_t bitsPerPixel,
+                                       size_t bytesPerRow, CGDataProviderRef provider, const CGFloat *decode,
+                                       bool shouldInterpolate);
+/// `image` where the mask, stretched over it, lets through: an image mask as above, another image as it is bright. NULL
+/// when the pixels of either cannot be had.
+CG_EXTERN CGImageRef CGImageCreateWithMask(CGImageRef image, CGImageRef mask);
+CG_EXTERN bool CGImageIsMask(CGImageRef image);
 /// The part of `image` below `rect` (pixels, origin at the top left), cut to the image's bounds; NULL when nothing is
 /// left.
 CG_EXTERN CGImageRef CGImageCreateWithImageInRect(CGImageRef image, CGRect rect);

@@ -134,3 +134,57 @@ bool CGPathContainsPoint(CGPathRef path, const CGAffineTransform *m, CGPoint poi
   moved.transform(sim::transformOf(*m));
   return moved.contains({point.x, point.y}, eoFill);
 }
+
+CGMutablePathRef CGPathCreateMutableCopyByTransformingPath(CGPathRef path, const CGAffineTransform *transform) {
+  const CGMutablePathRef copy = CGPathCreateMutableCopy(path);
+  if (copy && transform) sim::pathOf(copy).transform(transformOf(transform));
+  return copy;
+}
+
+CGPathRef CGPathCreateCopyByTransformingPath(CGPathRef path, const CGAffineTransform *transform) {
+  return CGPathCreateMutableCopyByTransformingPath(path, transform);
+}
+
+void CGPathAddArcToPoint(CGMutablePathRef path, const CGAffineTransform *m, CGFloat x1, CGFloat y1, CGFloat x2,
+                         CGFloat y2, CGFloat radius) {
+  if (!path) return;
+  if (sim::pathOf(path).empty()) return refuse("CGPathAddArcToPoint");
+  const sim::Transform transform = transformOf(m);
+  sim::pathOf(path).arcTo(transform({x1, y1}), transform({x2, y2}), radius);
+}
+
+void CGPathAddRelativeArc(CGMutablePathRef path, const CGAffineTransform *m, CGFloat x, CGFloat y, CGFloat radius,
+                          CGFloat startAngle, CGFloat delta) {
+  CGPathAddArc(path, m, x, y, radius, startAngle, startAngle + delta, delta < 0);
+}
+
+void CGPathAddLines(CGMutablePathRef path, const CGAffineTransform *m, const CGPoint *points, size_t count) {
+  for (size_t at = 0; at < count; ++at) {
+    at == 0 ? CGPathMoveToPoint(path, m, points[at].x, points[at].y)
+            : CGPathAddLineToPoint(path, m, points[at].x, points[at].y);
+  }
+}
+
+void CGPathAddRects(CGMutablePathRef path, const CGAffineTransform *m, const CGRect *rects, size_t count) {
+  for (size_t at = 0; at < count; ++at) CGPathAddRect(path, m, rects[at]);
+}
+
+void CGPathApplyWithBlock(CGPathRef path, CGPathApplyBlock CF_NOESCAPE block) {
+  if (!path) return;
+  const sim::Path kept = sim::pathOf(path);  // The block may change it.
+  for (const sim::Path::Element &element : kept.elements()) {
+    CGPoint points[3];
+    for (std::size_t at = 0; at < 3; ++at) points[at] = CGPointMake(element.points[at].x, element.points[at].y);
+    CGPathElement told{kCGPathElementCloseSubpath, points};
+    if (element.verb == sim::Path::Verb::move) told.type = kCGPathElementMoveToPoint;
+    if (element.verb == sim::Path::Verb::line) told.type = kCGPathElementAddLineToPoint;
+    if (element.verb == sim::Path::Verb::curve) told.type = kCGPathElementAddCurveToPoint;
+    block(&told);
+  }
+}
+
+void CGPathApply(CGPathRef path, void *info, CGPathApplierFunction function) {
+  CGPathApplyWithBlock(path, ^(const CGPathElement *element) {
+    function(info, element);
+  });
+}

@@ -66,4 +66,37 @@ BitmapPtr bitmapOf(cairo_surface_t* surface, Alpha alpha) {
   return result;
 }
 
+namespace {
+
+/// Calls `use` with each pixel in memory and the one of the surface.
+template <typename Byte, typename Use>
+void forEachPixel(cairo_surface_t* surface, const PixelLayout& layout, Byte* memory, std::size_t bytesPerRow, Use use) {
+  unsigned char* data = cairo_image_surface_get_data(surface);
+  const int stride = cairo_image_surface_get_stride(surface);
+  for (int y = 0; y < cairo_image_surface_get_height(surface); ++y) {
+    auto* pixels = reinterpret_cast<std::uint32_t*>(data + std::ptrdiff_t(stride) * y);
+    Byte* at = memory + bytesPerRow * std::size_t(y);
+    for (int x = 0; x < cairo_image_surface_get_width(surface); ++x, at += layout.bytesPerPixel()) use(at, pixels[x]);
+  }
+}
+
+}  // namespace
+
+void readPixels(const PixelLayout& layout, const std::uint8_t* from, std::size_t bytesPerRow,
+                cairo_surface_t* surface) {
+  forEachPixel(surface, layout, from, bytesPerRow, [&](const std::uint8_t* at, std::uint32_t& pixel) {
+    std::uint8_t rgba[4];
+    layout.read(at, rgba);
+    pixel = argb(rgba[0], rgba[1], rgba[2], rgba[3]);
+  });
+}
+
+void writePixels(cairo_surface_t* surface, const PixelLayout& layout, std::uint8_t* to, std::size_t bytesPerRow) {
+  forEachPixel(surface, layout, to, bytesPerRow, [&](std::uint8_t* at, std::uint32_t pixel) {
+    const std::uint8_t rgba[4] = {std::uint8_t(pixel >> 16), std::uint8_t(pixel >> 8), std::uint8_t(pixel),
+                                  std::uint8_t(pixel >> 24)};
+    layout.write(rgba, at);
+  });
+}
+
 }  // namespace sim

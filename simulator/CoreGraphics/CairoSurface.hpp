@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "CoreGraphics/Bitmap.hpp"
+#include "CoreGraphics/PixelLayout.hpp"
 
 namespace sim {
 
@@ -20,5 +21,9 @@ SurfacePtr makeSurface(std::int64_t width, std::int64_t height);
 SurfacePtr surfaceOf(const Bitmap& bitmap);
 /// A copy of the surface's pixels, `alpha` being premultiplied or, for a surface without transparent pixels, ignored.
 BitmapPtr bitmapOf(cairo_surface_t* surface, Alpha alpha);
+/// Gives the surface the pixels that lie in memory, which are premultiplied or without alpha.
+void readPixels(const PixelLayout& layout, const std::uint8_t* from, std::size_t bytesPerRow, cairo_surface_t* surface);
+/// The other way.
+void writePixels(cairo_surface_t* surface, const PixelLayout& layout, std::uint8_t* to, std::size_t bytesPerRow);
 
 }  // namespace sim

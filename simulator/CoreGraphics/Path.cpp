@@ -142,6 +142,53 @@ void Path::arc(Point center, double radius, double start, double end, bool decre
   }
 }
 
+void Path::arcTo(Point corner, Point end, double radius) {
+  const auto from = current();
+  if (!from) return;
+  const double inX = from->x - corner.x, inY = from->y - corner.y;
+  const double outX = end.x - corner.x, outY = end.y - corner.y;
+  const double in = std::hypot(inX, inY), out = std::hypot(outX, outY);
+  const double across = inX * outY - inY * outX;
+  if (!(radius > 0) || !(in > 0) || !(out > 0) || !(std::abs(across) > 1e-12 * in * out)) {
+    line(corner);
+    return;
+  }
+  // The circle touches both ways equally far from the corner.
+  const double half = std::acos(std::clamp((inX * outX + inY * outY) / (in * out), -1.0, 1.0)) / 2;
+  const double reach = radius / std::tan(half);
+  const Point first{corner.x + inX / in * reach, corner.y + inY / in * reach};
+  const Point last{corner.x + outX / out * reach, corner.y + outY / out * reach};
+  const double centre = radius / std::sin(half);
+  const double middleX = inX / in + outX / out, middleY = inY / in + outY / out;
+  const double length = std::hypot(middleX, middleY);
+  const Point center{corner.x + middleX / length * centre, corner.y + middleY / length * centre};
+  arc(center, radius, std::atan2(first.y - center.y, first.x - center.x),
+      std::atan2(last.y - center.y, last.x - center.x), across > 0);
+}
+
+Path Path::reversed() const {
+  // Each piece from one move to the next is turned round; the pieces come in the order of their ends, the last first.
+  Path result;
+  for (auto end = elements_.size(); end > 0;) {
+    auto start = end;
+    while (start > 0 && elements_[--start].verb != Verb::move) continue;
+    const bool closes = elements_[end - 1].verb == Verb::close;
+    const auto last = end - (closes ? 1 : 0);
+    const auto endOf = [&](std::size_t at) {
+      return elements_[at].verb == Verb::curve ? elements_[at].points[2] : elements_[at].points[0];
+    };
+    result.move(endOf(last - 1));
+    for (auto at = last - 1; at > start; --at) {
+      const Element& element = elements_[at];
+      if (element.verb == Verb::curve) result.curve(element.points[1], element.points[0], endOf(at - 1));
+      else result.line(endOf(at - 1));
+    }
+    if (closes) result.close();
+    end = start;
+  }
+  return result;
+}
+
 void Path::append(const Path& other, const Transform& transform) {
   const std::vector<Element> added = other.elements_;  // A path may be appended to itself.
   for (Element element : added) {

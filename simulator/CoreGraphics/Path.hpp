@@ -55,6 +55,9 @@ class Path final {
   /// A line to the arc's start where there is a current point, then the arc; angles in radians, growing from x towards
   /// y. Nothing for numbers that are not finite.
   void arc(Point center, double radius, double start, double end, bool decreasing, const Transform& transform = {});
+  /// A line to where a circle of `radius` touches the way from here to `corner`, and an arc to where it touches the way
+  /// on to `end`; a line to the corner where there is none. Nothing without a current point.
+  void arcTo(Point corner, Point end, double radius);
   void append(const Path& other, const Transform& transform = {});
   void transform(const Transform& transform);
 
@@ -69,6 +72,8 @@ class Path final {
   bool contains(Point point, bool evenOdd) const;
   /// The part of the outline between two shares of its length, from 0 to 1, in straight pieces.
   Path part(double start, double end) const;
+  /// The same outline from its end to its beginning.
+  Path reversed() const;
   /// As SVG writes paths.
   std::string svg() const;
   /// Adds the path to the current path of `context`.

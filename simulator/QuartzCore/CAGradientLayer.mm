@@ -132,10 +132,13 @@ void drawConic(cairo_t *cairo, const std::vector<sim::GradientStop> &stops, CGPo
 - (void)sim_drawOwnLookInContext:(CGContextRef)context {
   const auto stops = sim::stopsOf(self);
   const CGRect bounds = [self bounds];
-  if (stops.empty() || CGRectIsEmpty(bounds)) return;
+  if (!context || stops.empty() || CGRectIsEmpty(bounds)) return;
+  sim::paintOn(context, [&](cairo_t *cairo) { [self sim_drawStops:stops inBounds:bounds on:cairo]; });
+}
+
+- (void)sim_drawStops:(const std::vector<sim::GradientStop> &)stops inBounds:(CGRect)bounds on:(cairo_t *)cairo {
   const CGPoint start = [self startPoint];
   const CGPoint end = [self endPoint];
-  cairo_t *cairo = sim::cairoOf(context);
   cairo_save(cairo);
   cairo_new_path(cairo);
   cairo_rectangle(cairo, bounds.origin.x, bounds.origin.y, bounds.size.width, bounds.size.height);

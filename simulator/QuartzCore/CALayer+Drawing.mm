@@ -113,9 +113,11 @@ void drawGroup(float opacity, CALayer *mask, CGContextRef context, void (^draw)(
     cairo_pattern_destroy(drawn);
     drawn = cairo_pop_group(cairo);
   }
-  cairo_set_operator(cairo, CAIRO_OPERATOR_OVER);
-  cairo_set_source(cairo, drawn);
-  cairo_paint_with_alpha(cairo, opacity);
+  sim::paintOn(context, [&](cairo_t *on) {
+    cairo_set_operator(on, CAIRO_OPERATOR_OVER);
+    cairo_set_source(on, drawn);
+    cairo_paint_with_alpha(on, opacity);
+  });
   cairo_pattern_destroy(drawn);
   if (shape) cairo_pattern_destroy(shape);
 }

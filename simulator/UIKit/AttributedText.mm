@@ -87,7 +87,6 @@ class RunPainter {
   RunPainter(CGContextRef context, const TextLayout &layout, const TextLine &line, const TextPiece &piece,
              const TextRun &run, const RunLook &look, CGPoint origin)
       : context_(context),
-        cairo_(cairoOf(context)),
         layout_(layout),
         line_(line),
         piece_(piece),
@@ -105,11 +104,13 @@ class RunPainter {
 
   void drawText() {
     if (run_.box) return drawImage();
-    if (UIColor *color = [look_.shadow.get() shadowColor]) {
-      const CGSize offset = [look_.shadow.get() shadowOffset];
-      show(color, origin_.x + offset.width, origin_.y + offset.height);
+    CGContextSaveGState(context_);
+    if (NSShadow *shadow = look_.shadow.get()) {
+      CGContextSetShadowWithColor(context_, [shadow shadowOffset], [shadow shadowBlurRadius],
+                                  [(UIColor *)[shadow shadowColor] CGColor]);
     }
-    show(look_.color.get(), origin_.x, origin_.y);
+    show(look_.color.get());
+    CGContextRestoreGState(context_);
     const CGFloat size = run_.style.size;
     drawLine(look_.underline, look_.underlineColor.get(), baseline_ + size * kUnderlinePlace);
     drawLine(look_.strikethrough, look_.strikethroughColor.get(),
@@ -126,13 +127,15 @@ class RunPainter {
     CGContextRestoreGState(context_);
   }
 
-  void show(UIColor *color, CGFloat x, CGFloat y) {
+  void show(UIColor *color) {
     const RGBA rgba = rgbaOf(color);
-    cairo_save(cairo_);
-    cairo_set_operator(cairo_, CAIRO_OPERATOR_OVER);
-    cairo_set_source_rgba(cairo_, rgba.red, rgba.green, rgba.blue, rgba.alpha);
-    layout_.show(cairo_, line_, piece_, run_.baselineOffset, x, y);
-    cairo_restore(cairo_);
+    paintOn(context_, [&](cairo_t *cairo) {
+      cairo_save(cairo);
+      cairo_set_operator(cairo, CAIRO_OPERATOR_OVER);
+      cairo_set_source_rgba(cairo, rgba.red, rgba.green, rgba.blue, rgba.alpha);
+      layout_.show(cairo, line_, piece_, run_.baselineOffset, origin_.x, origin_.y);
+      cairo_restore(cairo);
+    });
   }
 
   void drawLine(NSInteger style, UIColor *color, CGFloat middle) {
@@ -175,7 +178,6 @@ class RunPainter {
   }
 
   CGContextRef context_;
-  cairo_t *cairo_;
   const TextLayout &layout_;
   const TextLine &line_;
   const TextPiece &piece_;

@@ -19,7 +19,7 @@
   CGFloat _maximumLineHeight;
   CGFloat _lineHeightMultiple;
 }
-@property(class, nonatomic, readonly) NSParagraphStyle *defaultParagraphStyle;
+@property(class, nonatomic, readonly, copy) NSParagraphStyle *defaultParagraphStyle;
 /// Natural.
 @property(nonatomic, readonly) NSTextAlignment alignment;
 /// Word wrapping.

@@ -118,7 +118,18 @@
 }
 
 - (void)setParagraphStyle:(NSParagraphStyle *)style {
-  if (style) [self sim_assign:style];
+  if (!style) return;
+  [self setAlignment:[style alignment]];
+  [self setLineBreakMode:[style lineBreakMode]];
+  [self setLineSpacing:[style lineSpacing]];
+  [self setParagraphSpacing:[style paragraphSpacing]];
+  [self setParagraphSpacingBefore:[style paragraphSpacingBefore]];
+  [self setFirstLineHeadIndent:[style firstLineHeadIndent]];
+  [self setHeadIndent:[style headIndent]];
+  [self setTailIndent:[style tailIndent]];
+  [self setMinimumLineHeight:[style minimumLineHeight]];
+  [self setMaximumLineHeight:[style maximumLineHeight]];
+  [self setLineHeightMultiple:[style lineHeightMultiple]];
 }
 
 @end

@@ -32,7 +32,7 @@
 }
 
 - (UIImage *)image {
-  if (!_image && _contents) _image = [[UIImage imageWithData:_contents] retain];
+  if (!_image && [self contents]) _image = [[UIImage imageWithData:[self contents]] retain];
   return _image;
 }
 

@@ -48,6 +48,11 @@ typedef NS_OPTIONS(NSUInteger, UIRectCorner) {
 @property(nonatomic, readonly) CGRect bounds;
 @property(nonatomic, readonly) CGPoint currentPoint;
 
+/// A pattern of lengths that are drawn and left out, in points; a count of 0: a solid line.
+- (void)setLineDash:(const CGFloat *)pattern count:(NSInteger)count phase:(CGFloat)phase;
+/// Each argument may be NULL; `pattern` holds as many numbers as `count` says.
+- (void)getLineDash:(CGFloat *)pattern count:(NSInteger *)count phase:(CGFloat *)phase;
+
 - (void)moveToPoint:(CGPoint)point;
 /// Without a current point: ignored with a log line, as on a device. The same holds for curves.
 - (void)addLineToPoint:(CGPoint)point;
@@ -62,6 +67,8 @@ typedef NS_OPTIONS(NSUInteger, UIRectCorner) {
 - (void)removeAllPoints;
 - (void)appendPath:(UIBezierPath *)path;
 - (void)applyTransform:(CGAffineTransform)transform;
+/// The same outline from its end to its beginning, with the same line.
+- (UIBezierPath *)bezierPathByReversingPath;
 - (BOOL)containsPoint:(CGPoint)point;
 
 - (void)fill;

@@ -2,6 +2,9 @@
 #import <UIKit/UIBezierPath.h>
 #import <UIKit/UIGraphics.h>
 
+#include <algorithm>
+#include <vector>
+
 namespace sim {
 
 struct UIBezierPathState {
@@ -11,6 +14,8 @@ struct UIBezierPathState {
   CGLineJoin lineJoinStyle = kCGLineJoinMiter;
   CGFloat miterLimit = 10;
   bool usesEvenOddFillRule = false;
+  std::vector<CGFloat> dashes;
+  CGFloat dashPhase = 0;
 };
 
 }  // namespace sim
@@ -148,6 +153,17 @@ struct UIBezierPathState {
   if (!_state->path.line({point.x, point.y})) NSLog(@"UIBezierPath: a line without a current point.");
 }
 
+- (void)setLineDash:(const CGFloat *)pattern count:(NSInteger)count phase:(CGFloat)phase {
+  _state->dashes.assign(pattern, pattern + (pattern ? std::max<NSInteger>(count, 0) : 0));
+  _state->dashPhase = phase;
+}
+
+- (void)getLineDash:(CGFloat *)pattern count:(NSInteger *)count phase:(CGFloat *)phase {
+  if (pattern) std::ranges::copy(_state->dashes, pattern);
+  if (count) *count = NSInteger(_state->dashes.size());
+  if (phase) *phase = _state->dashPhase;
+}
+
 - (void)addCurveToPoint:(CGPoint)end controlPoint1:(CGPoint)first controlPoint2:(CGPoint)second {
   if (!_state->path.curve({first.x, first.y}, {second.x, second.y}, {end.x, end.y})) {
     NSLog(@"UIBezierPath: a curve without a current point.");
@@ -185,6 +201,12 @@ struct UIBezierPathState {
   _state->path.transform(sim::transformOf(transform));
 }
 
+- (UIBezierPath *)bezierPathByReversingPath {
+  UIBezierPath *reversed = [[self copy] autorelease];
+  reversed->_state->path = _state->path.reversed();
+  return reversed;
+}
+
 - (BOOL)containsPoint:(CGPoint)point {
   return _state->path.contains({point.x, point.y}, _state->usesEvenOddFillRule);
 }
@@ -203,6 +225,7 @@ struct UIBezierPathState {
   CGContextSetLineCap(context, _state->lineCapStyle);
   CGContextSetLineJoin(context, _state->lineJoinStyle);
   CGContextSetMiterLimit(context, _state->miterLimit);
+  CGContextSetLineDash(context, _state->dashPhase, _state->dashes.data(), _state->dashes.size());
   CGContextBeginPath(context);
   CGContextAddPath(context, [self CGPath]);
   CGContextStrokePath(context);

@@ -30,6 +30,7 @@ KEPT = {
     'CALayer.shouldRasterize': 'a hint for the sake of speed, without a look',
     'CIFilter.name': 'for the bundle to read back',
     'UIBarItem.tag': 'for the bundle to read back',
+    'NSTextAttachment.fileType': 'for the bundle to read back: the bytes say themselves what they are',
     'NSURLSession.sessionDescription': 'for the bundle to read back',
     'NSURLSessionTask.taskDescription': 'for the bundle to read back',
     '-[UIPanGestureRecognizer setTranslation:inView:]': 'for translationInView:, which the bundle asks',

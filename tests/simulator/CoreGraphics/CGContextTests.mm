@@ -161,4 +161,48 @@ TEST_F(CGContextTests, NoContextIsHarmless) {
   EXPECT_EQ(sim::snapshot(nullptr), nullptr);
 }
 
+TEST_F(CGContextTests, LinesRectanglesAndArcs) {
+  CGContextSetRGBFillColor(context_, 1, 0, 0, 1);
+  const CGRect rects[] = {CGRectMake(0, 0, 3, 3), CGRectMake(10, 10, 3, 3)};
+  CGContextFillRects(context_, rects, 2);
+  EXPECT_EQ(pixel(1, 1), kRed);
+  EXPECT_EQ(pixel(11, 11), kRed);
+  EXPECT_EQ(pixel(6, 6), kClear);
+  CGContextSetRGBStrokeColor(context_, 0, 0, 1, 1);
+  CGContextSetLineWidth(context_, 2);
+  const CGPoint points[] = {{0, 18}, {4, 18}, {12, 18}, {16, 18}};
+  CGContextStrokeLineSegments(context_, points, 4);
+  EXPECT_EQ(pixel(2, 18), kBlue);
+  EXPECT_EQ(pixel(8, 18), kClear) << "not from the second to the third";
+  CGContextStrokeRectWithWidth(context_, CGRectMake(5, 1, 6, 6), 4);
+  EXPECT_EQ(pixel(4, 4), kBlue);
+  EXPECT_TRUE(CGContextIsPathEmpty(context_));
+  CGContextMoveToPoint(context_, 0, 0);
+  CGContextAddArcToPoint(context_, 20, 0, 20, 20, 10);
+  CGContextAddQuadCurveToPoint(context_, 20, 20, 0, 20);
+  EXPECT_FALSE(CGContextIsPathEmpty(context_));
+  EXPECT_TRUE(CGPointEqualToPoint(CGContextGetPathCurrentPoint(context_), CGPointMake(0, 20)));
+  CGContextFillPath(context_);
+  EXPECT_EQ(pixel(19, 0), kClear) << "round";
+  EXPECT_EQ(pixel(14, 5), kRed);
+}
+
+TEST_F(CGContextTests, TellsItsClipAndItsTransform) {
+  CGContextClipToRect(context_, CGRectMake(4, 5, 6, 7));
+  EXPECT_TRUE(CGRectEqualToRect(CGContextGetClipBoundingBox(context_), CGRectMake(4, 5, 6, 7)));
+  CGContextTranslateCTM(context_, 3, 4);
+  const CGAffineTransform transform = CGContextGetCTM(context_);
+  EXPECT_TRUE(CGAffineTransformEqualToTransform(transform, CGAffineTransformMake(1, 0, 0, -1, 3, 16)))
+      << "from the bottom left, downwards";
+  EXPECT_TRUE(CGAffineTransformIsIdentity(CGContextGetCTM(nullptr)));
+}
+
+TEST_F(CGContextTests, EdgesAreSharpWithoutSmoothing) {
+  CGContextSetShouldAntialias(context_, false);
+  CGContextSetRGBFillColor(context_, 1, 0, 0, 1);
+  CGContextFillRect(context_, CGRectMake(0, 0, 5.6, 5));
+  EXPECT_EQ(pixel(5, 2), kRed);
+  EXPECT_EQ(pixel(6, 2), kClear);
+}
+
 }  // namespace

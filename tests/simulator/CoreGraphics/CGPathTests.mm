@@ -90,6 +90,62 @@ TEST_F(CGPathTests, CopiesAreIndependentAndEqual) {
   CFRelease(copy);
 }
 
+TEST_F(CGPathTests, AnArcRoundsACorner) {
+  CGPathMoveToPoint(path_, nullptr, 0, 0);
+  CGPathAddArcToPoint(path_, nullptr, 20, 0, 20, 20, 5);
+  EXPECT_NEAR(CGPathGetCurrentPoint(path_).x, 20, 1e-9);
+  EXPECT_NEAR(CGPathGetCurrentPoint(path_).y, 5, 1e-9);
+  CGPathAddLineToPoint(path_, nullptr, 20, 20);
+  CGPathAddLineToPoint(path_, nullptr, 0, 20);
+  CGPathCloseSubpath(path_);
+  EXPECT_FALSE(CGPathContainsPoint(path_, nullptr, CGPointMake(19.5, 0.5), false)) << "cut off";
+  EXPECT_TRUE(CGPathContainsPoint(path_, nullptr, CGPointMake(18, 2), false));
+  EXPECT_NEAR(CGPathGetPathBoundingBox(path_).size.width, 20, 1e-6);
+}
+
+TEST_F(CGPathTests, WithoutACornerThereIsALine) {
+  for (const CGFloat radius : {CGFloat(0), CGFloat(-1), CGFloat(5)}) {
+    const CGMutablePathRef path = CGPathCreateMutable();
+    CGPathMoveToPoint(path, nullptr, 0, 0);
+    CGPathAddArcToPoint(path, nullptr, 10, 0, radius > 0 ? 20 : 10, radius > 0 ? 0 : 10, radius);
+    EXPECT_TRUE(CGPointEqualToPoint(CGPathGetCurrentPoint(path), CGPointMake(10, 0))) << radius;
+    CGPathRelease(path);
+  }
+  CGPathAddArcToPoint(path_, nullptr, 1, 1, 2, 2, 3);
+  EXPECT_TRUE(CGPathIsEmpty(path_)) << "no current point";
+}
+
+TEST_F(CGPathTests, ElementsAreToldInOrder) {
+  const CGPoint points[] = {{1, 2}, {3, 4}};
+  CGPathAddLines(path_, nullptr, points, 2);
+  CGPathAddCurveToPoint(path_, nullptr, 5, 5, 6, 6, 7, 8);
+  CGPathCloseSubpath(path_);
+  NSMutableArray *told = [NSMutableArray array];
+  CGPathApply(path_, told, [](void *info, const CGPathElement *element) {
+    const CGPoint point = element->points[element->type == kCGPathElementAddCurveToPoint ? 2 : 0];
+    [(NSMutableArray *)info addObject:[NSString stringWithFormat:@"%d %g", int(element->type), point.x]];
+  });
+  EXPECT_TRUE([[told componentsJoinedByString:@", "] isEqualToString:@"0 1, 1 3, 3 7, 4 0"])
+      << [[told componentsJoinedByString:@", "] UTF8String];
+}
+
+TEST_F(CGPathTests, RelativeArcsRectanglesAndTransforms) {
+  CGPathAddRelativeArc(path_, nullptr, 0, 0, 10, 0, std::numbers::pi / 2);
+  EXPECT_NEAR(CGPathGetCurrentPoint(path_).y, 10, 1e-9);
+  CGPathAddRelativeArc(path_, nullptr, 0, 0, 10, std::numbers::pi / 2, -std::numbers::pi / 2);
+  EXPECT_NEAR(CGPathGetCurrentPoint(path_).x, 10, 1e-9);
+  EXPECT_NEAR(CGPathGetPathBoundingBox(path_).size.width, 10, 0.05) << "back the short way";
+  const CGRect rects[] = {CGRectMake(0, 0, 2, 2), CGRectMake(20, 20, 2, 2)};
+  const CGMutablePathRef both = CGPathCreateMutable();
+  CGPathAddRects(both, nullptr, rects, 2);
+  const CGAffineTransform moved = CGAffineTransformMakeTranslation(100, 0);
+  const CGPathRef copy = CGPathCreateCopyByTransformingPath(both, &moved);
+  EXPECT_TRUE(CGRectEqualToRect(CGPathGetBoundingBox(copy), CGRectMake(100, 0, 22, 22)));
+  EXPECT_EQ(CGPathCreateCopyByTransformingPath(nullptr, &moved), nullptr);
+  CGPathRelease(copy);
+  CGPathRelease(both);
+}
+
 TEST_F(CGPathTests, NothingIsHarmless) {
   CGPathAddRect(nullptr, nullptr, CGRectMake(0, 0, 1, 1));
   CGPathAddPath(path_, nullptr, nullptr);

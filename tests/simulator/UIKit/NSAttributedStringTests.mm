@@ -105,6 +105,17 @@ TEST_F(NSAttributedStringTests, LinesAreDrawnUnderAndThroughTheText) {
   EXPECT_FALSE(isDrawn(*drawingOf(attributed(@"  ", attributes)), 0)) << "a colour alone is no line";
 }
 
+TEST_F(NSAttributedStringTests, AShadowLiesBesideTheText) {
+  NSShadow *shadow = [[[NSShadow alloc] init] autorelease];
+  [shadow setShadowOffset:CGSizeMake(0, 20)];
+  [shadow setShadowColor:[UIColor blueColor]];
+  NSDictionary *attributes = @{NSForegroundColorAttributeName : [UIColor redColor], NSShadowAttributeName : shadow};
+  const auto drawn = drawingOf(attributed(@"M", attributes));
+  EXPECT_TRUE(isDrawn(*drawn, 0, 5, 20));
+  EXPECT_TRUE(isDrawn(*drawn, 2, 25, 40)) << "20 points below";
+  EXPECT_FALSE(isDrawn(*drawn, 0, 25, 40));
+}
+
 TEST_F(NSAttributedStringTests, DrawingInARectangleIsCutToIt) {
   NSDictionary *attributes = @{NSForegroundColorAttributeName : [UIColor redColor]};
   const auto drawn = drawing([&] { [attributed(@"MMMMMM", attributes) drawInRect:CGRectMake(0, 0, 20, 8)]; });

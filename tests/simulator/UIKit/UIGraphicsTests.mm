@@ -227,6 +227,49 @@ TEST_F(UIBezierPathTests, CopiesAndTransforms) {
   EXPECT_TRUE(CGRectIsNull([copy bounds]));
 }
 
+TEST_F(UIBezierPathTests, DashesLeaveGaps) {
+  UIBezierPath *line = [UIBezierPath bezierPath];
+  [line moveToPoint:CGPointMake(0, 10)];
+  [line addLineToPoint:CGPointMake(20, 10)];
+  [line setLineWidth:4];
+  const CGFloat pattern[] = {5, 3};
+  [line setLineDash:pattern count:2 phase:2];
+  const auto picture = drawing([&] { [[[line copy] autorelease] stroke]; });
+  EXPECT_EQ(at(*picture, 1, 10), kRed);
+  EXPECT_EQ(at(*picture, 4, 10), kClear) << "a dash of 5, of which 2 are gone";
+  EXPECT_EQ(at(*picture, 7, 10), kRed);
+  CGFloat lengths[2] = {0, 0}, phase = 0;
+  NSInteger count = 0;
+  [line getLineDash:lengths count:&count phase:&phase];
+  EXPECT_EQ(count, 2);
+  EXPECT_EQ(lengths[1], 3);
+  EXPECT_EQ(phase, 2);
+  [line getLineDash:nullptr count:nullptr phase:nullptr];
+  [line setLineDash:nullptr count:7 phase:0];
+  EXPECT_EQ(at(*drawing([&] { [line stroke]; }), 4, 10), kRed);
+}
+
+TEST_F(UIBezierPathTests, ReversedItGoesBackTheSameWay) {
+  UIBezierPath *path = [UIBezierPath bezierPathWithRect:CGRectMake(0, 0, 20, 20)];
+  UIBezierPath *inner = [UIBezierPath bezierPathWithOvalInRect:CGRectMake(5, 5, 10, 10)];
+  [path appendPath:inner];
+  EXPECT_EQ(at(*drawing([&] { [path fill]; }), 10, 10), kRed) << "both go the same way round";
+  [path removeAllPoints];
+  [path appendPath:[UIBezierPath bezierPathWithRect:CGRectMake(0, 0, 20, 20)]];
+  [path appendPath:[inner bezierPathByReversingPath]];
+  EXPECT_EQ(at(*drawing([&] { [path fill]; }), 10, 10), kClear) << "which leaves a hole";
+  UIBezierPath *open = [UIBezierPath bezierPath];
+  [open moveToPoint:CGPointMake(1, 2)];
+  [open addLineToPoint:CGPointMake(3, 4)];
+  [open addQuadCurveToPoint:CGPointMake(9, 9) controlPoint:CGPointMake(5, 5)];
+  [open setLineWidth:7];
+  UIBezierPath *back = [open bezierPathByReversingPath];
+  EXPECT_EQ([back currentPoint].x, 1);
+  EXPECT_EQ([back lineWidth], 7);
+  EXPECT_TRUE(CGRectEqualToRect([back bounds], [open bounds]));
+  EXPECT_TRUE([[[UIBezierPath bezierPath] bezierPathByReversingPath] isEmpty]);
+}
+
 class UIGraphicsImageRendererTests : public UIGraphicsTests {};
 
 TEST_F(UIGraphicsImageRendererTests, DrawsInABlock) {

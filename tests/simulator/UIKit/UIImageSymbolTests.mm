@@ -5,6 +5,7 @@
 #import <UIKit/UIKit.h>
 #import <objcxx/Retained.h>
 #import <UIKit/UIScreen+Sim.h>
+#import <objcxx/Retained.h>
 
 #include <objcxx/Retained.h>
 
