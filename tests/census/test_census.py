@@ -54,6 +54,8 @@ KEPT = {
     'UIView.opaque': 'a promise for the sake of speed, without a look',
     'UIGraphicsImageRendererFormat.opaque': 'for the image that the bundle is given',
     'UIGraphicsImageRendererFormat.scale': 'for the image that the bundle is given',
+    'UIViewAnimating.fractionComplete': "the protocol's; an animator says that its own is not carried",
+    'UIViewAnimating.reversed': "the protocol's; an animator obeys its own",
     'UIPasteboard.strings': 'for `string` and `strings`; the host shows the first',
     'UINavigationBar.items': 'for topItem and backItem; a navigation controller draws its own stack',
     '-[UIView setAnimationDuration:]': 'nothing moves: an intended difference',
