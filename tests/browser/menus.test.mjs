@@ -7,7 +7,7 @@ import { startSimulator } from './support/simulator.mjs';
 import { open } from './support/zuno.mjs';
 
 const rows = ['One', 'Two', 'Three', 'Four', 'Five', 'Six', 'Seven'].map((name) => `[PSSpecifier preferenceSpecifierNamed:@"${name}" target:self `
-  + 'set:NULL get:NULL detail:nil cell:PSTitleValueCell edit:nil]').join(', ');
+  + 'set:NULL get:NULL detail:nil cell:PSLinkCell edit:nil]').join(', ');
 const body = `
 - (UIAction *)action:(NSString *)title symbol:(NSString *)symbol {
   return [UIAction actionWithTitle:title image:symbol ? [UIImage systemImageNamed:symbol] : nil identifier:nil
@@ -250,6 +250,11 @@ test('A finger that stays on a row, the secondary button and the menu key open t
   await gone();
   await page.getByRole('listitem').nth(0).click({ button: 'right' });
   assert.equal((await api('GET', '/api/screen')).menu, null, 'that row has none');
+  await row.getByRole('button', { name: 'Two' }).focus();
+  await page.keyboard.press('Shift+F10');
+  await item(page, 'Copy').waitFor();
+  await page.keyboard.press('Escape');
+  await gone();
 });
 
 test('A menu opens beside what the interface opened, on a tablet too and in the dark', async (t) => {

@@ -55,6 +55,8 @@ KEPT = {
     'UIView.opaque': 'a promise for the sake of speed, without a look',
     'UIGraphicsImageRendererFormat.opaque': 'for the image that the bundle is given',
     'UIGraphicsImageRendererFormat.scale': 'for the image that the bundle is given',
+    'UIViewAnimating.fractionComplete': "the protocol's; an animator says that its own is not carried",
+    'UIViewAnimating.reversed': "the protocol's; an animator obeys its own",
     'UIPasteboard.strings': 'for `string` and `strings`; the host shows the first',
     '-[UIView setAnimationsEnabled:]': 'nothing moves: an intended difference',
     '-[UIView setAnimationDuration:]': 'nothing moves: an intended difference',

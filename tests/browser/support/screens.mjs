@@ -49,7 +49,7 @@ export function screen(path, sections, fields = {}) {
       back: path.length > 1 ? { id: `back${path.length}`, title: path.at(-2) } : null,
       buttons: [], editing: false, style: 'insetGrouped', sections, ...fields.page,
     },
-    alert: fields.alert ?? null, sheet: fields.sheet ?? null,
+    alert: fields.alert ?? null, sheet: fields.sheet ?? null, menu: fields.menu ?? null,
   };
 }
 
