@@ -21,15 +21,20 @@ namespace {
 
 bool isEmpty(UIImage *image) { return [image size].width <= 0 || [image size].height <= 0; }
 
+/// nil for none, and for what is no colour.
+UIColor *colorIn(NSDictionary *attributes) {
+  UIColor *color = [attributes objectForKey:NSForegroundColorAttributeName];
+  return [color isKindOfClass:[UIColor class]] ? color : nil;
+}
+
 /// What of a text's look its attributes set; null for nothing.
 void writeTextLook(JsonText &out, NSDictionary *attributes) {
   UIFont *font = [attributes objectForKey:NSFontAttributeName];
-  UIColor *color = [attributes objectForKey:NSForegroundColorAttributeName];
+  UIColor *color = colorIn(attributes);
   const bool hasFont = [font isKindOfClass:[UIFont class]];
-  const bool hasColor = [color isKindOfClass:[UIColor class]];
-  if (!hasFont && !hasColor) return out.null();
+  if (!hasFont && !color) return out.null();
   out.beginObject();
-  writeColor(out.name("color"), hasColor ? color : nil);
+  writeColor(out.name("color"), color);
   if (hasFont) {
     const TextStyle style = textStyle(font);
     out.name("fontSize").number([font pointSize]);
@@ -106,9 +111,6 @@ void writeBar(JsonText &out, UINavigationController *navigation, UIViewControlle
   UINavigationBar *bar = [navigation navigationBar];
   UINavigationItem *item = [page navigationItem];
   UINavigationBarAppearance *standard = [bar sim_appearanceForItem:item atScrollEdge:NO];
-  const auto colorIn = [](NSDictionary *attributes) {
-    return (UIColor *)[attributes objectForKey:NSForegroundColorAttributeName];
-  };
   out.name("bar").beginObject();
   writeColor(out.name("color"), [standard backgroundColor]);
   writeColor(out.name("titleColor"), colorIn([standard titleTextAttributes]));

@@ -92,7 +92,10 @@ TEST_F(BarLookTest, aLookHasItsColoursFontsPicturesAndOffsets) {
 
 TEST_F(BarLookTest, attributesThatAreNeitherColourNorFontAreLeftOut) {
   [bar_ setTitleTextAttributes:@{NSForegroundColorAttributeName : @"red", NSFontAttributeName : @12}];
-  EXPECT_EQ(standard()["title"], nullptr);
+  session().refresh();
+  EXPECT_EQ(titles(), "/List");
+  EXPECT_EQ(page()["bar"]["standard"]["title"], nullptr);
+  EXPECT_EQ(page()["bar"]["titleColor"], nullptr);
 }
 
 TEST_F(BarLookTest, aButtonHasAttributesOfItsOwn) {
