@@ -137,6 +137,7 @@ TEST_F(CGContextEffectsTests, AMaskCutsWhatIsDrawn) {
   // An image context is upside down for images, as CGContextDrawImage says.
   EXPECT_EQ(pixel(3, 3), (Seen{0, 0, 255, 255}));
   EXPECT_EQ(pixel(3, 17), (Seen{255, 0, 0, 255}));
+  EXPECT_EQ(pixel(17, 3), (Seen{0, 0, 0, 0})) << "the first one cuts still";
   CGContextRestoreGState(context_);
   CGContextFillRect(context_, CGRectMake(30, 30, 4, 4));
   EXPECT_EQ(pixel(31, 31), (Seen{255, 0, 0, 255})) << "the mask is part of the state";

@@ -268,6 +268,13 @@ TEST_F(UIBezierPathTests, ReversedItGoesBackTheSameWay) {
   EXPECT_EQ([back lineWidth], 7);
   EXPECT_TRUE(CGRectEqualToRect([back bounds], [open bounds]));
   EXPECT_TRUE([[[UIBezierPath bezierPath] bezierPathByReversingPath] isEmpty]);
+  UIBezierPath *curve = [UIBezierPath bezierPath];
+  [curve moveToPoint:CGPointZero];
+  [curve addCurveToPoint:CGPointMake(10, 10) controlPoint1:CGPointMake(1, 9) controlPoint2:CGPointMake(8, 2)];
+  UIBezierPath *expected = [UIBezierPath bezierPath];
+  [expected moveToPoint:CGPointMake(10, 10)];
+  [expected addCurveToPoint:CGPointZero controlPoint1:CGPointMake(8, 2) controlPoint2:CGPointMake(1, 9)];
+  EXPECT_TRUE(CGPathEqualToPath([[curve bezierPathByReversingPath] CGPath], [expected CGPath]));
 }
 
 class UIGraphicsImageRendererTests : public UIGraphicsTests {};
