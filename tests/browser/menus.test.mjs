@@ -7,7 +7,7 @@ import { startSimulator } from './support/simulator.mjs';
 import { open } from './support/zuno.mjs';
 
 const rows = ['One', 'Two', 'Three', 'Four', 'Five', 'Six', 'Seven'].map((name) => `[PSSpecifier preferenceSpecifierNamed:@"${name}" target:self `
-  + 'set:NULL get:NULL detail:nil cell:PSLinkCell edit:nil]').join(', ');
+  + 'set:NULL get:NULL detail:KiteListController.class cell:PSLinkCell edit:nil]').join(', ');
 const body = `
 - (UIAction *)action:(NSString *)title symbol:(NSString *)symbol {
   return [UIAction actionWithTitle:title image:symbol ? [UIImage systemImageNamed:symbol] : nil identifier:nil
@@ -217,7 +217,7 @@ test('Buttons in a header and in a row open menus beside themselves, also when t
     element.scrollTop = 1000;
     return element.scrollTop > 10;
   }), 'there is something to scroll'));
-  const choose = page.getByRole('button', { name: 'Choose' });
+  const choose = page.getByRole('button', { name: 'Choose', exact: true });
   await choose.click();
   const menu = page.getByRole('menu');
   await menu.waitFor();

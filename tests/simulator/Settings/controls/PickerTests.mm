@@ -109,7 +109,7 @@ TEST_F(PickerControlTest, AFingerTurnsTheWheels) {
   startControl(made);
   const std::string id = rowId(0, 0);
   for (const Json &wrong : {Json(1), Json("0.1"), Json({1}), Json({1, 2, 3}), Json({3, 0}), Json({-1, 0}),
-                            Json({0.5, 0}), Json({0, 1500}), Json({"1", 0})}) {
+                            Json({0.5, 0}), Json({1, 1500}), Json({"1", 0})}) {
     EXPECT_EQ(set(id, wrong), Outcome::refused) << wrong;
   }
   EXPECT_EQ(told(), "");
