@@ -49,6 +49,21 @@ NSString *withoutTrailingZeros(NSString *number) {
   return [number hasSuffix:@"."] ? [number substringToIndex:[number length] - 1] : number;
 }
 
+/// The digits before the point in threes.
+NSString *grouped(NSString *number) {
+  NSMutableString *text = [NSMutableString stringWithString:number];
+  const NSRange point = [text rangeOfString:@"."];
+  const NSUInteger first = [text hasPrefix:@"-"] ? 1 : 0;
+  for (NSUInteger at = point.length > 0 ? point.location : [text length]; at > first + 3;) {
+    at -= 3;
+    [text insertString:@"," atIndex:at];
+  }
+  return text;
+}
+
+/// Of a number that is not told adaptively: with them it has three digits.
+int digitsBehind(double number) { return number >= 100 ? 0 : number >= 10 ? 1 : 2; }
+
 }  // namespace
 
 @implementation NSByteCountFormatter (Device)
@@ -69,16 +84,19 @@ NSString *withoutTrailingZeros(NSString *number) {
     number = @"Zero";
     if (allowed & NSByteCountFormatterUseKB) unit = 1;
   } else {
-    const int digits = [self isAdaptive] ? kDigits[unit] : (unit == 0 ? 0 : 2);
-    number = [NSString stringWithFormat:@"%.*f", digits, static_cast<double>(count) / std::pow(base, unit)];
+    const double units = static_cast<double>(count) / std::pow(base, unit);
+    const int digits = [self isAdaptive] || unit == 0 ? kDigits[unit] : digitsBehind(std::fabs(units));
+    number = [NSString stringWithFormat:@"%.*f", digits, units];
     if (![self zeroPadsFractionDigits]) number = withoutTrailingZeros(number);
+    number = grouped(number);
   }
   NSMutableArray *parts = [NSMutableArray array];
   if ([self includesCount]) [parts addObject:number];
   if ([self includesUnit]) [parts addObject:unit == 0 && std::llabs(count) == 1 ? @"byte" : @(kNames[unit])];
   NSString *text = [parts componentsJoinedByString:@" "];
-  if (![self includesActualByteCount] || unit == 0) return text;
-  return [text stringByAppendingFormat:@" (%lld bytes)", count];
+  const bool isExact = unit == 0 || count == 0;
+  if (![self includesActualByteCount] || isExact || [parts count] < 2) return text;
+  return [text stringByAppendingFormat:@" (%@ bytes)", grouped([NSString stringWithFormat:@"%lld", count])];
 }
 
 + (NSString *)stringFromByteCount:(long long)count countStyle:(NSByteCountFormatterCountStyle)style {

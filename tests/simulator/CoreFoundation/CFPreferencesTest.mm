@@ -258,6 +258,20 @@ TEST_F(UserDefaultsTest, RegisteredDefaultsStandBehindAllAndAreNotStored) {
   [[NSUserDefaults standardUserDefaults] registerDefaults:@{@"UserDefaultsTest" : @""}];
 }
 
+TEST_F(UserDefaultsTest, AnArgumentOfTheProgramComesBeforeWhatIsStored) {
+  NSUserDefaults *defaults = [NSUserDefaults standardUserDefaults];
+  NSDictionary *arguments = [[[defaults volatileDomainForName:NSArgumentDomain] retain] autorelease];
+  [suite_.get() setObject:@"stored" forKey:@"k"];
+  [defaults setObject:@"stored" forKey:@"k"];
+  [defaults removeVolatileDomainForName:NSArgumentDomain];
+  [defaults setVolatileDomain:@{@"k" : @"argument"} forName:NSArgumentDomain];
+  EXPECT_OBJC_EQ([suite_.get() stringForKey:@"k"], @"argument");
+  EXPECT_OBJC_EQ([defaults stringForKey:@"k"], @"argument");
+  [defaults removeVolatileDomainForName:NSArgumentDomain];
+  if (arguments) [defaults setVolatileDomain:arguments forName:NSArgumentDomain];
+  EXPECT_OBJC_EQ([suite_.get() stringForKey:@"k"], @"stored");
+}
+
 TEST_F(UserDefaultsTest, DomainsAreReadAndWrittenWhole) {
   NSUserDefaults *defaults = [NSUserDefaults standardUserDefaults];
   EXPECT_EQ([defaults persistentDomainForName:@"com.example.bundle"], nil);
@@ -315,6 +329,10 @@ TEST_F(UserDefaultsTest, AChangeIsTold) {
   [[NSUserDefaults standardUserDefaults] setBool:YES forKey:@"k"];
   EXPECT_EQ(observer->count, 2);
   EXPECT_EQ(observer->last, [NSUserDefaults standardUserDefaults]);
+  [[NSUserDefaults standardUserDefaults] setPersistentDomain:@{@"k" : @1} forName:@"com.example.bundle"];
+  EXPECT_EQ(observer->count, 3);
+  [[NSUserDefaults standardUserDefaults] removePersistentDomainForName:@"com.example.bundle"];
+  EXPECT_EQ(observer->count, 4);
   [[NSNotificationCenter defaultCenter] removeObserver:observer];
 }
 

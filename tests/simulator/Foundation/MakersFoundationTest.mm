@@ -26,7 +26,9 @@ TEST_F(MakersFoundationTest, ResourcesLieInFolders) {
   EXPECT_OBJC_EQ([found pathForResource:@"icon@2x" ofType:@"png" inDirectory:@"Images"], image);
   EXPECT_OBJC_EQ([[found URLForResource:@"Images/deep/plain" withExtension:@"txt"] path], plain);
   EXPECT_EQ([found pathForResource:@"Images/none" ofType:@"png"], nil);
+  write(@"/outside.txt", "x");
   EXPECT_EQ([found pathForResource:@"../outside" ofType:@"txt"], nil);
+  EXPECT_OBJC_EQ([found pathForResource:@"deep/plain" ofType:@"txt" inDirectory:@"Images"], plain);
 }
 
 TEST_F(MakersFoundationTest, TextsMayStandInBraces) {
@@ -47,9 +49,29 @@ TEST_F(MakersFoundationTest, BytesAreTold) {
   EXPECT_OBJC_EQ([formatter stringFromByteCount:1], @"1 byte");
   EXPECT_OBJC_EQ([formatter stringFromByteCount:1'234'567'890], @"1.23 GB");
   [formatter setAllowedUnits:NSByteCountFormatterUseMB];
-  EXPECT_OBJC_EQ([formatter stringFromByteCount:1'234'567'890], @"1234.6 MB");
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:1'234'567'890], @"1,234.6 MB");
   [formatter setIncludesUnit:NO];
   EXPECT_OBJC_EQ([formatter stringFromByteCount:1'500'000], @"1.5");
+}
+
+TEST_F(MakersFoundationTest, BytesAreToldExactlyAndInThreeDigits) {
+  const testing_support::LeaksIgnored ignored;  // What each formatter of GNUstep's forgets.
+  NSByteCountFormatter *formatter = [[[NSByteCountFormatter alloc] init] autorelease];
+  [formatter setIncludesActualByteCount:YES];
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:722'842], @"723 KB (722,842 bytes)");
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:-722'842], @"-723 KB (-722,842 bytes)");
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:500], @"500 bytes");
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:0], @"Zero KB");
+  [formatter setIncludesUnit:NO];
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:722'842], @"723");
+  formatter = [[[NSByteCountFormatter alloc] init] autorelease];
+  [formatter setAdaptive:NO];
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:1'234'567], @"1.23 MB");
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:12'345'678], @"12.3 MB");
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:123'456'789], @"123 MB");
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:1'000'000], @"1 MB");
+  [formatter setZeroPadsFractionDigits:YES];
+  EXPECT_OBJC_EQ([formatter stringFromByteCount:1'000'000], @"1.00 MB");
 }
 
 TEST_F(MakersFoundationTest, DatesAndNumbersAreFormatted) {

@@ -114,6 +114,8 @@ TEST_F(LayerKindsTests, ATextLayerDrawsItsText) {
   EXPECT_TRUE(inked(3));
   EXPECT_EQ(pixel(layer, 3, 10)[0], 255) << "white until set";
   EXPECT_FALSE(inked(56));
+  [layer setFont:(CFTypeRef)[UIFont systemFontOfSize:4]];
+  EXPECT_TRUE(inked(3)) << "the size is the layer's, not the font's";
   [layer setAlignmentMode:kCAAlignmentRight];
   EXPECT_TRUE(inked(56));
   EXPECT_FALSE(inked(3));

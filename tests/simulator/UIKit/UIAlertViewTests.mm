@@ -48,6 +48,10 @@
   (void)sheet;
   [self note:"sheet-clicked" index:index];
 }
+- (void)actionSheet:(UIActionSheet *)sheet willDismissWithButtonIndex:(NSInteger)index {
+  (void)sheet;
+  [self note:"sheet-goes" index:index];
+}
 - (void)actionSheet:(UIActionSheet *)sheet didDismissWithButtonIndex:(NSInteger)index {
   (void)sheet;
   [self note:"sheet-dismissed" index:index];
@@ -178,10 +182,10 @@ TEST_F(OldAlertTest, ASheetHasItsButtonsInTheOldOrder) {
   EXPECT_EQ(buttons(), "Erase2,One0,Two0,Cancel1");
   EXPECT_EQ([shown() preferredStyle], UIAlertControllerStyleActionSheet);
   EXPECT_TRUE([shown() sim_tapOutside]);
-  EXPECT_EQ(heard(), "sheet-clicked3 sheet-dismissed3");
+  EXPECT_EQ(heard(), "sheet-clicked3 sheet-goes3 sheet-dismissed3");
   [sheet showInView:[root_.get() view]];
   [sheet dismissWithClickedButtonIndex:1 animated:NO];
-  EXPECT_EQ(heard(), "sheet-dismissed1");
+  EXPECT_EQ(heard(), "sheet-goes1 sheet-dismissed1");
 }
 
 TEST_F(OldAlertTest, ASheetSaysWhereItIsShownFromOnALargeScreen) {
@@ -207,7 +211,7 @@ TEST_F(OldAlertTest, ASheetSaysWhereItIsShownFromOnALargeScreen) {
                                                            action:NULL] autorelease];
   [sheet showFromBarButtonItem:item animated:NO];
   EXPECT_EQ([popover() barButtonItem], item);
-  EXPECT_EQ(heard(), "sheet-dismissed0 sheet-dismissed0");
+  EXPECT_EQ(heard(), "sheet-goes0 sheet-dismissed0 sheet-goes0 sheet-dismissed0");
 }
 
 }  // namespace

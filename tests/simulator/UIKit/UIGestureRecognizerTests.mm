@@ -69,6 +69,7 @@ const char *nameOf(UIGestureRecognizerState state) {
   BOOL refusesTouches;
   BOOL letsBoth;
   objcxx::Retained<UIGestureRecognizer> first;
+  objcxx::Retained<UIGestureRecognizer> waitedFor;
   objcxx::Retained<UIGestureRecognizer> disables;
 }
 @end
@@ -104,6 +105,11 @@ const char *nameOf(UIGestureRecognizerState state) {
     shouldRequireFailureOfGestureRecognizer:(UIGestureRecognizer *)other {
   (void)recognizer;
   return first && first.get() == other;
+}
+- (BOOL)gestureRecognizer:(UIGestureRecognizer *)recognizer
+    shouldBeRequiredToFailByGestureRecognizer:(UIGestureRecognizer *)other {
+  (void)other;
+  return waitedFor && waitedFor.get() == recognizer;
 }
 @end
 
@@ -535,6 +541,15 @@ TEST_F(GestureTest, ADragFromTheEdgeBeginsThere) {
   to(0, 0);
   up();
   EXPECT_EQ(told(), "");
+  [edge setEdges:UIRectEdgeRight];
+  down(-95, 0);
+  to(0, 0);
+  up();
+  EXPECT_EQ(told(), "");
+  down(285, 0);
+  to(250, 0);
+  up();
+  EXPECT_EQ(told(), "edge:began edge:ended");
 }
 
 TEST_F(GestureTest, TheDelegateAndTheViewsAreAsked) {
@@ -610,6 +625,23 @@ TEST_F(GestureTest, ADelegateCanHaveOneWaitForTheOther) {
   EXPECT_EQ(told(), "may-possible lost pan:began") << "the swipe took too long";
   up();
   EXPECT_EQ(told(), "pan:ended");
+}
+
+TEST_F(GestureTest, ADelegateCanHaveOthersWaitForItsOwn) {
+  addTaps(1, @"one");
+  UITapGestureRecognizer *two = addTaps(2, @"two");
+  [two setDelegate:listener_.get()];
+  listener_.get()->waitedFor = objcxx::share((UIGestureRecognizer *)two);
+  tap();
+  EXPECT_EQ(told().find("one"), std::string::npos) << "the second tap may come yet";
+  pass(1);
+  EXPECT_NE(told().find("one:ended"), std::string::npos);
+  pass(1);
+  tap();
+  tap();
+  const std::string both = told();
+  EXPECT_NE(both.find("two:ended"), std::string::npos);
+  EXPECT_EQ(both.find("one"), std::string::npos);
 }
 
 TEST_F(GestureTest, ARecogniserThatIsDisabledOrTakenAwayIsCancelled) {

@@ -102,6 +102,21 @@ TEST_F(UIStackViewTests, SpacesOutEvenly) {
   EXPECT_EQ(frames(), "0 0 50 100 | 60 0 100 100 | 170 0 30 100") << "The spacing comes first.";
 }
 
+TEST_F(UIStackViewTests, AnArrangementLeavesNothingOfTheOneBefore) {
+  for (int i = 0; i < 3; ++i) add(20, 20);
+  [stack() setDistribution:UIStackViewDistributionEqualSpacing];
+  (void)frames();
+  const NSUInteger guides = [[stack() layoutGuides] count], constraints = [[stack() constraints] count];
+  EXPECT_GT(guides, 0u);
+  [stack() setSpacing:1];
+  (void)frames();
+  EXPECT_EQ([[stack() layoutGuides] count], guides);
+  EXPECT_EQ([[stack() constraints] count], constraints);
+  [stack() setDistribution:UIStackViewDistributionFill];
+  (void)frames();
+  EXPECT_EQ([[stack() layoutGuides] count], 0u);
+}
+
 TEST_F(UIStackViewTests, AlignsAcross) {
   add(50, 20);
   add(250, 40);
@@ -125,6 +140,16 @@ TEST_F(UIStackViewTests, AlignsTextsByTheirBaselines) {
   (void)frames();
   EXPECT_EQ([large frame].origin.y, 0);
   EXPECT_NEAR([small frame].origin.y, [[large font] ascender] - [[small font] ascender], 0.34);
+}
+
+TEST_F(UIStackViewTests, TheBaselinesOfAColumnAreThoseOfItsFirstAndLastTexts) {
+  UILabel *first = [[[UILabel alloc] init] autorelease], *last = [[[UILabel alloc] init] autorelease];
+  EXPECT_EQ([stack() viewForLastBaselineLayout], stack());
+  [stack() setAxis:UILayoutConstraintAxisVertical];
+  [stack() addArrangedSubview:first];
+  [stack() addArrangedSubview:last];
+  EXPECT_EQ([stack() viewForFirstBaselineLayout], first);
+  EXPECT_EQ([stack() viewForLastBaselineLayout], last);
 }
 
 TEST_F(UIStackViewTests, AColumnIsAsLargeAsItsViews) {

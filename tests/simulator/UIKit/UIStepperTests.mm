@@ -108,6 +108,7 @@ TEST_F(StepperTest, TellsAtTheEndUnlessItIsContinuous) {
 
 TEST_F(StepperTest, AFingerPressesTheHalfWhereItIs) {
   UIStepper *stepper = stepper_.get();
+  [stepper setFrame:CGRectZero];
   [stepper setValue:10];
   auto &dispatch = sim::TouchDispatch::shared();
   const auto tap = [&](CGFloat x) {
@@ -119,7 +120,9 @@ TEST_F(StepperTest, AFingerPressesTheHalfWhereItIs) {
   EXPECT_EQ(tap(80), 11);
   EXPECT_EQ(tap(10), 10);
   EXPECT_EQ(tap(10), 9);
-  EXPECT_EQ(listener_.get()->heard, 3);
+  EXPECT_EQ(tap(45), 8);
+  EXPECT_EQ(tap(49), 9);
+  EXPECT_EQ(listener_.get()->heard, 5);
 }
 
 TEST_F(StepperTest, HasImagesOfItsOwn) {

@@ -45,6 +45,8 @@ class VisualFormatConstraintsTests : public AutoLayoutTest {
 TEST_F(VisualFormatConstraintsTests, PutsViewsInARowOrAColumn) {
   EXPECT_EQ(layOut(@"H:|[a(50)]-20-[b]-30-|"), "0 0 50 0 | 70 0 200 0");
   EXPECT_EQ(layOut(@"|-[a(==b)]-[b]-|"), "8 0 138 0 | 154 0 138 0") << "Margins at the sides, 8 points between.";
+  [host_.get() setLayoutMargins:UIEdgeInsetsMake(0, 30, 0, 10)];
+  EXPECT_EQ(layOut(@"|-[a(50)]").substr(0, 9), "30 0 50 0");
   EXPECT_EQ(layOut(@"V:|-top-[a(h)][b(==h)]", 0, @{@"top" : @12, @"h" : @30}), "0 12 0 30 | 0 42 0 30");
   EXPECT_EQ(layOut(@"H:|-5-[a(>=10,<=60@800,100@900)]").substr(0, 10), "5 0 100 0 ");
 }

@@ -135,6 +135,28 @@ TEST_F(GroupTest, ATimerTellsItsQueueAgainAndAgainUntilItIsCancelled) {
   dispatch_release(cancelled);
 }
 
+TEST_F(GroupTest, ATimerTellsOnceHowOftenItFiredWhileItsQueueWasBusy) {
+  dispatch_source_t timer = dispatch_source_create(DISPATCH_SOURCE_TYPE_TIMER, 0, 0, queue_);
+  dispatch_semaphore_t told = dispatch_semaphore_create(0);
+  std::atomic<unsigned long> most{0};
+  auto *times = &most;
+  dispatch_source_set_event_handler(timer, ^{
+    *times = std::max<unsigned long>(*times, dispatch_source_get_data(timer));
+    dispatch_semaphore_signal(told);
+  });
+  dispatch_source_set_timer(timer, DISPATCH_TIME_NOW, NSEC_PER_MSEC, 0);
+  dispatch_async(queue_, ^{
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  });
+  dispatch_resume(timer);
+  EXPECT_EQ(dispatch_semaphore_wait(told, in(10'000)), 0);
+  EXPECT_EQ(dispatch_semaphore_wait(told, in(10'000)), 0);
+  EXPECT_GT(most, 1u);
+  dispatch_source_cancel(timer);
+  dispatch_release(timer);
+  dispatch_release(told);
+}
+
 TEST_F(GroupTest, ATimerThatFiresOnceDoesAndCanBeSetAgain) {
   dispatch_source_t timer = dispatch_source_create(DISPATCH_SOURCE_TYPE_TIMER, 0, 0, dispatch_get_main_queue());
   __block int runs = 0;

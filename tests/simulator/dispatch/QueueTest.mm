@@ -138,8 +138,9 @@ TEST_F(QueueTest, ABarrierRunsAloneAndInItsPlace) {
   }
   dispatch_barrier_async(concurrent_, ^{
     seen = *counted;
-    seenLate = *late;
     beside = all->now;
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));  // What does not wait for it begins now.
+    seenLate = *late;
   });
   for (int i = 0; i < 8; ++i) {
     dispatch_async(concurrent_, ^{
