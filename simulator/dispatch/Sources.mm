@@ -8,7 +8,7 @@ using sim::dispatch::misuse;
 using sim::dispatch::TimerSource;
 
 struct dispatch_source_type_s {};
-const struct dispatch_source_type_s kDispatchSourceTypeTimer{};
+const struct dispatch_source_type_s _dispatch_source_type_timer{};
 
 @interface SIMSource : SIMDispatchObject <OS_dispatch_source> {
  @public

@@ -6,8 +6,8 @@
 SIM_DISPATCH_TYPE(source, object);
 
 typedef const struct dispatch_source_type_s* dispatch_source_type_t;
-#define DISPATCH_SOURCE_TYPE_TIMER (&kDispatchSourceTypeTimer)
-DISPATCH_EXPORT const struct dispatch_source_type_s kDispatchSourceTypeTimer;
+#define DISPATCH_SOURCE_TYPE_TIMER (&_dispatch_source_type_timer)
+DISPATCH_EXPORT const struct dispatch_source_type_s _dispatch_source_type_timer;
 typedef unsigned long dispatch_source_timer_flags_t;
 #define DISPATCH_TIMER_STRICT 0x1
 
