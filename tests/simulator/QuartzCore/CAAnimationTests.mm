@@ -52,6 +52,20 @@ class CAAnimationTests : public ObjCTest {
   const objcxx::Retained<CALayer> layer_ = objcxx::adopt([[CALayer alloc] init]);
 };
 
+TEST_F(CAAnimationTests, AChangeCountsFromWhereItBeginsAndAnAdditiveOneFromTheModel) {
+  CABasicAnimation *animation = [CABasicAnimation animationWithKeyPath:@"cornerRadius"];
+  [animation setFromValue:[NSNumber numberWithInt:10]];
+  [animation setByValue:[NSNumber numberWithInt:5]];
+  [animation setRemovedOnCompletion:NO];
+  [animation setFillMode:kCAFillModeForwards];
+  [layer_.get() setCornerRadius:2];
+  [layer_.get() addAnimation:animation forKey:@"radius"];
+  EXPECT_EQ([[layer_.get() presentationLayer] cornerRadius], 15);
+  [animation setAdditive:YES];
+  [layer_.get() addAnimation:animation forKey:@"radius"];
+  EXPECT_EQ([[layer_.get() presentationLayer] cornerRadius], 17);
+}
+
 TEST_F(CAAnimationTests, ALayerHasOneTransitionWhateverItsKey) {
   CATransition *transition = [CATransition animation];
   [transition setDelegate:witness_.get()];

@@ -102,6 +102,14 @@ class LayerTreeTests : public ObjCTest {
 
 using Pixel = std::array<int, 4>;
 
+TEST_F(LayerTreeTests, ALayerIsPutBetweenTwoAboveTheFirst) {
+  CALayer *whole = [CALayer layer], *low = [CALayer layer], *high = [CALayer layer], *between = [CALayer layer];
+  [whole addSublayer:low];
+  [whole addSublayer:high];
+  [whole insertSublayer:between above:low];
+  EXPECT_EQ([[whole sublayers] indexOfObject:between], 1u);
+}
+
 TEST_F(LayerTreeTests, SublayersKeepTheirOrderAndKnowTheirSuperlayer) {
   CALayer *root = [CALayer layer], *a = [CALayer layer], *b = [CALayer layer], *c = [CALayer layer];
   EXPECT_OBJC_EQ([root sublayers], nil);

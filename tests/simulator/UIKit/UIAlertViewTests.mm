@@ -169,6 +169,14 @@ TEST_F(OldAlertTest, FieldsAreReadBeforeAndAfterTheAlert) {
   EXPECT_TRUE([[alert textFieldAtIndex:0] isSecureTextEntry]);
 }
 
+TEST_F(OldAlertTest, TheKeyboardOfAFieldIsThatOfItsStandIn) {
+  UIAlertView *alert = makeAlert();
+  [alert setAlertViewStyle:UIAlertViewStylePlainTextInput];
+  [[alert textFieldAtIndex:0] setKeyboardType:UIKeyboardTypeNumberPad];
+  [alert show];
+  EXPECT_EQ([[[shown() textFields] objectAtIndex:0] keyboardType], UIKeyboardTypeNumberPad);
+}
+
 TEST_F(OldAlertTest, ASheetHasItsButtonsInTheOldOrder) {
   UIActionSheet *sheet = [[[UIActionSheet alloc] initWithTitle:@"Which?"
                                                       delegate:listener_.get()
