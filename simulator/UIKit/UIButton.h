@@ -46,6 +46,19 @@ typedef NS_ENUM(NSInteger, UIButtonType) {
 @property(nonatomic, readonly) UIImage *currentImage;
 @end
 
+@interface UIButton (Layout)
+/// Points around picture and title, which count in the size that fits.
+@property(nonatomic) UIEdgeInsets contentEdgeInsets;
+/// By which the title, the picture are moved from where they would lie; the size that fits does not know of them.
+@property(nonatomic) UIEdgeInsets titleEdgeInsets;
+@property(nonatomic) UIEdgeInsets imageEdgeInsets;
+/// Where the parts lie, in the button's coordinates. Subclasses say otherwise.
+- (CGRect)backgroundRectForBounds:(CGRect)bounds;
+- (CGRect)contentRectForBounds:(CGRect)bounds;
+- (CGRect)titleRectForContentRect:(CGRect)contentRect;
+- (CGRect)imageRectForContentRect:(CGRect)contentRect;
+@end
+
 @interface UIButton (Menu)
 /// With the title and the image of the action, which the button does; custom, of the system's kind, or of any type, of
 /// which those with a picture of their own keep it.

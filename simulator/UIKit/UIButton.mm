@@ -1,8 +1,5 @@
 #import <UIKit/FrameworkSupport.h>
 #import <UIKit/UIButtonState.h>
-#import <UIKit/UIViewLayout.h>
-
-#include <algorithm>
 
 namespace {
 
@@ -22,7 +19,6 @@ void set(sim::PerState<Value> &values, UIControlState state, const objcxx::Retai
 }
 
 constexpr CGFloat kSystemTitleSize = 15;
-constexpr CGFloat kSystemVerticalInset = 6;
 
 }  // namespace
 
@@ -179,48 +175,6 @@ constexpr CGFloat kSystemVerticalInset = 6;
 
 - (UIImage *)currentImage {
   return [self imageForState:[self state]];
-}
-
-- (CGSize)sim_titleSize {
-  return [self sim_hasTitle] ? [[self titleLabel] sizeThatFits:CGSizeZero] : CGSizeZero;
-}
-
-- (CGSize)sizeThatFits:(CGSize)size {
-  (void)size;
-  const CGSize title = [self sim_titleSize];
-  const CGSize image = [[self currentImage] size];
-  const CGFloat inset = _buttonState->type == UIButtonTypeSystem ? kSystemVerticalInset : 0;
-  return CGSizeMake(image.width + title.width, std::max(image.height, title.height) + 2 * inset);
-}
-
-- (BOOL)sim_getBaselines:(sim::Baselines &)baselines {
-  if (![self sim_hasTitle]) return NO;
-  (void)[[self titleLabel] sim_getBaselines:baselines];
-  const CGFloat around = ([self sizeThatFits:CGSizeZero].height - [self sim_titleSize].height) / 2;
-  baselines.firstFromTop += around;
-  baselines.lastFromBottom += around;
-  return YES;
-}
-
-- (CGSize)intrinsicContentSize {
-  return [self sizeThatFits:CGSizeZero];
-}
-
-- (void)layoutSubviews {
-  [super layoutSubviews];
-  const CGSize bounds = [self bounds].size;
-  const CGSize image = [[self currentImage] size];
-  const CGSize title = [self sim_titleSize];
-  const CGFloat titleWidth = std::min(title.width, std::max<CGFloat>(bounds.width - image.width, 0));
-  const CGFloat spare = bounds.width - image.width - titleWidth;
-  CGFloat left = spare / 2;
-  if ([self contentHorizontalAlignment] == UIControlContentHorizontalAlignmentLeft) left = 0;
-  if ([self contentHorizontalAlignment] == UIControlContentHorizontalAlignmentRight) left = spare;
-  [_buttonState->backgroundView.get() setFrame:[self bounds]];
-  [_buttonState->imageView.get()
-      setFrame:CGRectMake(left, (bounds.height - image.height) / 2, image.width, image.height)];
-  [_buttonState->titleLabel.get()
-      setFrame:CGRectMake(left + image.width, (bounds.height - title.height) / 2, titleWidth, title.height)];
 }
 
 @end

@@ -22,8 +22,16 @@ struct UIButtonState {
   objcxx::Retained<UILabel> titleLabel;
   objcxx::Retained<UIImageView> imageView;
   objcxx::Retained<UIImageView> backgroundView;
+  UIEdgeInsets contentInsets = UIEdgeInsetsZero;
+  UIEdgeInsets titleInsets = UIEdgeInsetsZero;
+  UIEdgeInsets imageInsets = UIEdgeInsetsZero;
   objcxx::Retained<UIMenu> menu;
   bool changesSelection = false;
 };
 
 }  // namespace sim
+
+@interface UIButton (State)
+/// Of either kind.
+- (BOOL)sim_hasTitle;
+@end

@@ -46,6 +46,15 @@ typedef NS_ENUM(NSInteger, UIControlContentHorizontalAlignment) {
   UIControlContentHorizontalAlignmentLeft = 1,
   UIControlContentHorizontalAlignmentRight = 2,
   UIControlContentHorizontalAlignmentFill = 3,
+  UIControlContentHorizontalAlignmentLeading = 4,
+  UIControlContentHorizontalAlignmentTrailing = 5,
+};
+
+typedef NS_ENUM(NSInteger, UIControlContentVerticalAlignment) {
+  UIControlContentVerticalAlignmentCenter = 0,
+  UIControlContentVerticalAlignmentTop = 1,
+  UIControlContentVerticalAlignmentBottom = 2,
+  UIControlContentVerticalAlignmentFill = 3,
 };
 
 @interface UIControl : UIView <UIContextMenuInteractionDelegate> {
@@ -58,6 +67,7 @@ typedef NS_ENUM(NSInteger, UIControlContentHorizontalAlignment) {
 @property(nonatomic, getter=isSelected) BOOL selected;
 @property(nonatomic, getter=isHighlighted) BOOL highlighted;
 @property(nonatomic) UIControlContentHorizontalAlignment contentHorizontalAlignment;
+@property(nonatomic) UIControlContentVerticalAlignment contentVerticalAlignment;
 @property(nonatomic, readonly) UIControlState state;
 
 /// Whether a finger that came down on the control is followed, and whether it is inside now, or near.

@@ -69,6 +69,16 @@ bool isHandler(const sim::Binding &binding, NSString *identifier) {
 
 - (void)setContentHorizontalAlignment:(UIControlContentHorizontalAlignment)alignment {
   _controlState->horizontalAlignment = alignment;
+  [self setNeedsLayout];
+}
+
+- (UIControlContentVerticalAlignment)contentVerticalAlignment {
+  return _controlState->verticalAlignment;
+}
+
+- (void)setContentVerticalAlignment:(UIControlContentVerticalAlignment)alignment {
+  _controlState->verticalAlignment = alignment;
+  [self setNeedsLayout];
 }
 
 - (UIControlState)state {

@@ -27,6 +27,7 @@ struct UIControlMemory {
   bool tracking = false;
   bool touchInside = false;
   UIControlContentHorizontalAlignment horizontalAlignment = UIControlContentHorizontalAlignmentCenter;
+  UIControlContentVerticalAlignment verticalAlignment = UIControlContentVerticalAlignmentCenter;
   objcxx::Retained<UIContextMenuInteraction> menuInteraction;
   bool menuEnabled = false;
   bool menuIsPrimary = false;

@@ -6,8 +6,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
+#include <string_view>
 
 namespace sim {
 
@@ -23,12 +23,17 @@ ProcessPipe::~ProcessPipe() {
   if (descriptor_) ::unlink(file_.c_str());
 }
 
-int ProcessPipe::takeRequests() {
-  int requests = 0;
+KillRequests ProcessPipe::takeRequests() {
+  KillRequests requests;
+  char former = '\n';
   char buffer[512];
   ssize_t count;
-  while ((count = ::read(descriptor_.get(), buffer, sizeof buffer)) > 0)
-    requests += static_cast<int>(std::count(buffer, buffer + count, '\n'));
+  while ((count = ::read(descriptor_.get(), buffer, sizeof buffer)) > 0) {
+    for (const char next : std::string_view(buffer, static_cast<std::size_t>(count))) {
+      if (next == '\n') ++(former == kKillSettings ? requests.settings : requests.userInterface);
+      former = next;
+    }
+  }
   return requests;
 }
 

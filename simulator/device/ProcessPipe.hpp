@@ -8,7 +8,15 @@
 
 namespace sim {
 
-/// Makes the pipe, and removes it when it goes.
+/// How many processes were asked to end.
+struct KillRequests {
+  int userInterface = 0;
+  int settings = 0;
+  friend bool operator==(const KillRequests&, const KillRequests&) = default;
+};
+
+/// Makes the pipe, and removes it when it goes. A request is a line: empty for the user interface, `kKillSettings` for
+/// Settings.
 class ProcessPipe final {
  public:
   /// Replaces whatever an earlier run left at `file`. Throws Failure when the pipe cannot be made.
@@ -20,8 +28,10 @@ class ProcessPipe final {
   /// Readable when there are requests.
   int descriptor() const noexcept { return descriptor_.get(); }
 
-  /// How many requests have arrived since the last call. Never waits.
-  int takeRequests();
+  static constexpr char kKillSettings = 'P';
+
+  /// What has arrived since the last call. Never waits.
+  KillRequests takeRequests();
 
  private:
   std::filesystem::path file_;

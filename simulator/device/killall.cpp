@@ -1,8 +1,9 @@
 // The device's killall, and its sbreload, which ends "SpringBoard". The end of "backboardd" and of "SpringBoard"
-// restarts the user interface: killing one tells the simulator, which does so. "cfprefsd" is started anew whenever
-// somebody needs it, so that its end changes nothing. There is no other process. Works without an environment, and
-// finds the device folder by where it is installed itself.
+// restarts the user interface, that of "Preferences" Settings alone: killing one tells the simulator, which does so.
+// "cfprefsd" is started anew whenever somebody needs it, so that its end changes nothing. There is no other process.
+// Works without an environment, and finds the device folder by where it is installed itself.
 #include "base/Descriptor.hpp"
+#include "device/ProcessPipe.hpp"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -18,6 +19,7 @@
 namespace {
 
 constexpr std::array<std::string_view, 2> kUserInterface{"backboardd", "SpringBoard"};
+constexpr std::string_view kSettings = "Preferences";
 constexpr std::string_view kUnnoticed = "cfprefsd";
 constexpr std::string_view kInstalledIn = "/var/jb/usr/bin";
 
@@ -43,10 +45,14 @@ std::optional<std::string> deviceFolder() {
 bool kill(std::string_view name) {
   const auto folder = deviceFolder();
   const bool isUserInterface = std::find(kUserInterface.begin(), kUserInterface.end(), name) != kUserInterface.end();
-  if (!folder || (!isUserInterface && name != kUnnoticed)) return false;
+  if (!folder || (!isUserInterface && name != kSettings && name != kUnnoticed)) return false;
+  constexpr std::array<char, 2> kEndOfSettings{sim::ProcessPipe::kKillSettings, '\n'};
+  const std::string_view request = isUserInterface     ? std::string_view("\n")
+                                   : name == kSettings ? std::string_view(kEndOfSettings.data(), kEndOfSettings.size())
+                                                       : std::string_view();
   // Without a simulator nobody reads the pipe, and opening it fails.
   const sim::Descriptor pipe(::open((*folder + "/.simulator/backboardd").c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC));
-  return pipe && (!isUserInterface || ::write(pipe.get(), "\n", 1) == 1);
+  return pipe && ::write(pipe.get(), request.data(), request.size()) == static_cast<ssize_t>(request.size());
 }
 
 }  // namespace

@@ -65,7 +65,7 @@ Simulator::Simulator(const Options& options, SettingsProcess::Patience patience)
   folder_.lock().setAddress(origin);
   addressFile_.emplace(folder_.ownFolder() / "address", address_);
 
-  loop_.watch(folder_.backboardd().descriptor(), POLLIN, [this] { takeResprings(); });
+  loop_.watch(folder_.backboardd().descriptor(), POLLIN, [this] { takeKills(); });
   keepStreamsAlive();
   settings_.start();
   RequestRules rules(listener.port, token);
@@ -154,12 +154,12 @@ void Simulator::logged(const std::string& line) {
 
 void Simulator::publish() { streams_.publish({settings_.revision(), device_.sequence()}); }
 
-void Simulator::takeResprings() {
-  const int requests = folder_.backboardd().takeRequests();
-  for (int i = 0; i < requests; ++i) device_.addRespring();
-  if (requests == 0) return;
-  stage_.close("The device resprang.");
-  settings_.respring();
+void Simulator::takeKills() {
+  const KillRequests requests = folder_.backboardd().takeRequests();
+  for (int i = 0; i < requests.userInterface; ++i) device_.addRespring();
+  if (requests.userInterface > 0) stage_.close("The device resprang.");
+  else if (requests.settings > 0) logged("Settings was ended by killall, and is started afresh.");
+  if (requests != KillRequests()) settings_.respring();
 }
 
 void Simulator::keepStreamsAlive() {

@@ -49,7 +49,7 @@ class Simulator final {
   std::string asOnDevice(std::string line) const;
   void logged(const std::string& line);
   void publish();
-  void takeResprings();
+  void takeKills();
   void keepStreamsAlive();
 
   EventLoop loop_;

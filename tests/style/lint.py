@@ -36,7 +36,8 @@ _CONSTANT = re.compile(
     r"(?:constexpr\s[^;={(]*?|(?:[\w:]+\s)?[\w:<>]+\s?\*\s?const\s+|const\s[^;={(*&]*?)"
     r"\b(\w+)\s*(?:\[[^\]]*\])?\s*(?:=(?!=)|\{)"
 )
-_CONSTANT_NAME = re.compile(r"k[A-Z]|[A-Z]{2}")
+# Those of the platform's queues have its names.
+_CONSTANT_NAME = re.compile(r"k[A-Z]|[A-Z]{2}|_dispatch_")
 _CPP_EXCEPTION = re.compile(r"(?<![@\w])(try\s*\{|catch\s*\()")
 _COMMENT_OR_TEXT = re.compile(r'//.*|"(?:\\.|[^"\\])*"')
 

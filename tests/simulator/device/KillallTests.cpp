@@ -35,8 +35,8 @@ TEST_F(KillallTests, KillsBackboardd) {
   const auto result = killall({"-9", "backboardd"});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.errors, "");
-  EXPECT_EQ(backboardd.takeRequests(), 1);
-  EXPECT_EQ(backboardd.takeRequests(), 0);
+  EXPECT_EQ(backboardd.takeRequests(), (sim::KillRequests{.userInterface = 1}));
+  EXPECT_EQ(backboardd.takeRequests(), (sim::KillRequests{.userInterface = 0}));
 }
 
 TEST_F(KillallTests, EveryCallIsARequestOfItsOwn) {
@@ -44,7 +44,15 @@ TEST_F(KillallTests, EveryCallIsARequestOfItsOwn) {
   for (const std::vector<std::string>& arguments :
        {std::vector<std::string>{"backboardd"}, {"-KILL", "backboardd"}, {"-SIGTERM", "backboardd"}})
     EXPECT_EQ(killall(arguments).status, 0);
-  EXPECT_EQ(backboardd.takeRequests(), 3);
+  EXPECT_EQ(backboardd.takeRequests(), (sim::KillRequests{.userInterface = 3}));
+}
+
+TEST_F(KillallTests, EndsSettingsAlone) {
+  sim::ProcessPipe backboardd(pipe());
+  EXPECT_EQ(killall({"-9", "Preferences"}).status, 0);
+  EXPECT_EQ(killall({"SpringBoard", "Preferences"}).status, 0);
+  EXPECT_EQ(backboardd.takeRequests(), (sim::KillRequests{.userInterface = 1, .settings = 2}));
+  EXPECT_EQ(backboardd.takeRequests(), sim::KillRequests());
 }
 
 TEST_F(KillallTests, WithoutASimulatorThereIsNoSuchProcess) {
@@ -63,14 +71,14 @@ TEST_F(KillallTests, ThePipeOfASimulatorThatDiedIsNoProcess) {
 TEST_F(KillallTests, KillsSpringBoardWhichIsTheSame) {
   sim::ProcessPipe backboardd(pipe());
   EXPECT_EQ(killall({"SpringBoard"}).status, 0);
-  EXPECT_EQ(backboardd.takeRequests(), 1);
+  EXPECT_EQ(backboardd.takeRequests(), (sim::KillRequests{.userInterface = 1}));
 }
 
 TEST_F(KillallTests, NobodyNoticesTheEndOfTheKeeperOfPreferences) {
   EXPECT_EQ(killall({"-9", "cfprefsd"}).status, 1) << "There is no simulator.";
   sim::ProcessPipe backboardd(pipe());
   EXPECT_EQ(killall({"-9", "cfprefsd"}).status, 0);
-  EXPECT_EQ(backboardd.takeRequests(), 0);
+  EXPECT_EQ(backboardd.takeRequests(), (sim::KillRequests{.userInterface = 0}));
 }
 
 TEST_F(KillallTests, ReloadingSpringBoardIsKillingIt) {
@@ -79,15 +87,15 @@ TEST_F(KillallTests, ReloadingSpringBoardIsKillingIt) {
   EXPECT_EQ(test::runWithoutEnvironment(sbreload, "sbreload", {}).status, 1) << "There is no simulator.";
   sim::ProcessPipe backboardd(pipe());
   EXPECT_EQ(test::runWithoutEnvironment(sbreload, "sbreload", {}).status, 0);
-  EXPECT_EQ(backboardd.takeRequests(), 1);
+  EXPECT_EQ(backboardd.takeRequests(), (sim::KillRequests{.userInterface = 1}));
 }
 
 TEST_F(KillallTests, KnowsNoOtherProcess) {
   sim::ProcessPipe backboardd(pipe());
-  const auto result = killall({"-9", "Preferences", "backboardd"});
+  const auto result = killall({"-9", "mediaserverd", "backboardd"});
   EXPECT_EQ(result.status, 1);
-  EXPECT_EQ(result.errors, "Preferences: no process found\n");
-  EXPECT_EQ(backboardd.takeRequests(), 1);
+  EXPECT_EQ(result.errors, "mediaserverd: no process found\n");
+  EXPECT_EQ(backboardd.takeRequests(), (sim::KillRequests{.userInterface = 1}));
 }
 
 TEST_F(KillallTests, RefusesUnknownSignals) {
@@ -97,7 +105,7 @@ TEST_F(KillallTests, RefusesUnknownSignals) {
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.errors, signal.substr(1) + ": unknown signal\n");
   }
-  EXPECT_EQ(backboardd.takeRequests(), 0);
+  EXPECT_EQ(backboardd.takeRequests(), (sim::KillRequests{.userInterface = 0}));
 }
 
 TEST_F(KillallTests, WithoutANameItSaysHowItIsUsed) {

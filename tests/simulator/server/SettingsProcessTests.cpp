@@ -221,6 +221,16 @@ TEST_F(SettingsProcessTests, KillallMakesARespring) {
   EXPECT_NE(::kill(process, 0), 0) << "the old process is gone and reaped";
 }
 
+TEST_F(SettingsProcessTests, KillallOfSettingsStartsItAfreshWithoutARespring) {
+  const test::RunningSimulator simulator(device());
+  const pid_t process = processOf(simulator);
+  const auto response = simulator.tap("quit");
+  EXPECT_EQ(response.status, 200);
+  EXPECT_NE(response.json()["process"], process);
+  EXPECT_EQ(simulator.device()["resprings"], 0);
+  EXPECT_NE(logOf(simulator).find("Settings was ended by killall"), std::string::npos);
+}
+
 TEST_F(SettingsProcessTests, WhatWasPostedBeforeARespringIsNotLost) {
   const test::RunningSimulator simulator(device());
   for (int i = 1; i <= 20; ++i) {

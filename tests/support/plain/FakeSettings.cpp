@@ -113,7 +113,7 @@ class FakeSettings {
     std::ifstream(file) >> std::setw(16) >> what;
     if (what == "crash") ::raise(SIGABRT);
     if (what == "hang") ::pause();
-    if (what == "killall") return killall();
+    if (what == "killall") return killall("backboardd");
     if (what == "refuse") return refuse(Outcome::refused, "This is no picture.");
     if (what == "fail") return refuse(Outcome::failed, "The disk is at fault.");
     if (what == "full") return refuse(Outcome::diskFull, "There is no room.");
@@ -146,7 +146,8 @@ class FakeSettings {
     else if (what == "malformed")
       return channel_.send({{{"verb", "reply"}, {"request", request_}, {"outcome", "fine"}}, {}}), void();
     else if (what == "echo") return answer(call.body);
-    else if (what == "killall") return killall();
+    else if (what == "killall") return killall("backboardd");
+    else if (what == "quit") return killall("Preferences");
     else return refuse(Outcome::unknown, "There is no \"" + id + "\" on the screen.");
     ++revision_;
     answer(screen());
@@ -206,10 +207,10 @@ class FakeSettings {
     if (!shown_.starts_with("/widgets/raise." + call.method)) answer(active());
   }
 
-  void killall() {
+  void killall(const char* name) {
     report(wire::Notification{"before the respring"});
     const std::string program = device_.string() + "/var/jb/usr/bin/killall";
-    const char* arguments[] = {"killall", "-9", "backboardd", nullptr};
+    const char* arguments[] = {"killall", "-9", name, nullptr};
     pid_t process = 0;
     ::posix_spawn(&process, program.c_str(), nullptr, nullptr, const_cast<char* const*>(arguments), nullptr);
     ::pause();
