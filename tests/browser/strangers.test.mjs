@@ -132,8 +132,8 @@ test('What the simulator does not carry is told in one sentence, with classes, m
       top: '#import <HomeKit/HomeKit.h>\n#import <KiteKit/KKString.h>\n@class UIKiteView;\n'
         + 'extern void UIKiteFly(void);',
       body: `- (void)fly {
-  UIVisualEffectView *blur = nil;
-  [self.view setKeyboardLayoutGuide:blur];
+  UIPageControl *dots = nil;
+  [self.view setKeyboardLayoutGuide:dots];
   self.view.focusGroupIdentifier = @"kite";
   [UIPointerInteraction new];
   UIGraphicsBeginPDFPage();
@@ -144,7 +144,7 @@ test('What the simulator does not carry is told in one sentence, with classes, m
   const sentence = said.trim().split('\n').at(-1);
   assert.match(sentence, /^script\/bundle: Kite needs what the simulator does not carry: /);
   for (const name of [
-    '<HomeKit/HomeKit.h>', '<KiteKit/KKString.h>', 'UIVisualEffectView', 'UIPointerInteraction',
+    '<HomeKit/HomeKit.h>', '<KiteKit/KKString.h>', 'UIPageControl', 'UIPointerInteraction',
     '-[UIView setKeyboardLayoutGuide:]', 'focusGroupIdentifier of UIView', 'UIGraphicsBeginPDFPage',
   ]) assert.ok(sentence.includes(name), `${name} in ${sentence}`);
   assert.match(sentence, /\bheaders <HomeKit\/HomeKit\.h>, <KiteKit\/KKString\.h>;/);

@@ -76,7 +76,9 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
         ${page.search?.coversBar && html`<h2 class="visually-hidden" ref=${heading} tabindex="-1"
           data-page-heading>${title || 'Untitled page'}</h2>`}
         ${large && html`<h2 class="large-title" ref=${heading} tabindex="-1" data-page-heading
-          style=${{ ...textStyle(edge.largeTitle, groundOf(edge, null), true), ...edgeStyle, borderBottomColor: titleEdge }}>${title}</h2>`}
+          style=${setOnly({
+            ...textStyle(edge.largeTitle, groundOf(edge, null), true), ...edgeStyle, '--title-edge': titleEdge,
+          })}>${title}</h2>`}
         ${page.search && html`<${Search} search=${page.search} style=${edgeStyle} />`}
         ${page.headerView && html`<${TableView} view=${page.headerView} ground=${ground} />`}
         ${page.view && html`
