@@ -106,6 +106,27 @@ TEST_F(UIButtonLayoutTests, ATitleThatHasNoRoomIsShortened) {
   EXPECT_EQ(titleOf(plain).origin.x, 50);
 }
 
+TEST_F(UIButtonLayoutTests, ItsBaselinesAreThoseOfItsTitle) {
+  const auto host = makeHost();
+  UIButton *plain = button();
+  [plain setContentEdgeInsets:UIEdgeInsetsMake(30, 0, 6, 0)];
+  [plain setTranslatesAutoresizingMaskIntoConstraints:NO];
+  [host.get() addSubview:plain];
+  UILabel *first = addLabel(host.get(), @"One");
+  UILabel *last = addLabel(host.get(), @"Two");
+  for (UILabel *label in @[ first, last ]) [label setFont:[[plain titleLabel] font]];
+  activate(@[
+    [[plain topAnchor] constraintEqualToAnchor:[host.get() topAnchor]],
+    [[plain leadingAnchor] constraintEqualToAnchor:[host.get() leadingAnchor]],
+    [[first firstBaselineAnchor] constraintEqualToAnchor:[plain firstBaselineAnchor]],
+    [[last lastBaselineAnchor] constraintEqualToAnchor:[plain lastBaselineAnchor]]
+  ]);
+  [host.get() layoutIfNeeded];
+  EXPECT_NEAR([first frame].origin.y, titleOf(plain).origin.y, 0.5);
+  EXPECT_NEAR([last frame].origin.y, titleOf(plain).origin.y, 0.5);
+  EXPECT_GT([first frame].origin.y, 25);
+}
+
 TEST_F(UIButtonLayoutTests, SubclassesSayWhereThePartsLie) {
   TurnedButton *turned = [[[TurnedButton alloc] initWithFrame:CGRectMake(0, 0, 100, 30)] autorelease];
   [turned setTitle:@"Go" forState:UIControlStateNormal];
