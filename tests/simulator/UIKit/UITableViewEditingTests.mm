@@ -117,6 +117,23 @@ using testing_support::takeEvents;
 }
 @end
 
+/// Inserts, and has an action behind each row.
+@interface InsertingSource : TableSource
+@end
+
+@implementation InsertingSource
+- (UITableViewCellEditingStyle)tableView:(UITableView *)tableView editingStyleForRowAtIndexPath:(NSIndexPath *)path {
+  return UITableViewCellEditingStyleInsert;
+}
+- (UISwipeActionsConfiguration *)tableView:(UITableView *)tableView
+    trailingSwipeActionsConfigurationForRowAtIndexPath:(NSIndexPath *)path {
+  UIContextualAction *mark = [UIContextualAction contextualActionWithStyle:UIContextualActionStyleNormal
+                                                                     title:@"Mark"
+                                                                   handler:nil];
+  return [UISwipeActionsConfiguration configurationWithActions:@[ mark ]];
+}
+@end
+
 namespace {
 
 class UITableViewEditingTest : public ObjCTest {
@@ -311,6 +328,13 @@ TEST_F(UITableViewEditingTest, OnlyTrailingActionsAreUncoveredInTheEditingMode) 
   EXPECT_EQ([[table() sim_swipeActionsAtIndexPath:at(0, 0)] count], 1u);
   [table() setEditing:NO];
   EXPECT_EQ([[table() sim_swipeActionsAtIndexPath:at(0, 0)] count], 2u);
+}
+
+TEST_F(UITableViewEditingTest, ARowThatInsertsHasNoActionsBehindIt) {
+  show<InsertingSource>({1});
+  EXPECT_EQ([[table() sim_swipeActionsAtIndexPath:at(0, 0)] count], 0u);
+  [table() setEditing:NO];
+  EXPECT_EQ([[table() sim_swipeActionsAtIndexPath:at(0, 0)] count], 1u);
 }
 
 TEST_F(UITableViewEditingTest, WithoutACommitNothingIsDeleted) {
