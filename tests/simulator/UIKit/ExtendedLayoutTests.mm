@@ -184,6 +184,19 @@ TEST_F(ExtendedLayoutTests, AScrollViewIsToldWhenItsPageNoLongerAdjustsIt) {
   EXPECT_EQ(scroll()->told, 1);
 }
 
+TEST_F(ExtendedLayoutTests, AScrollViewThatIsThePagesViewIsToldToo) {
+  const auto own = adopt([[InsetView alloc] initWithFrame:whole_]);
+  const auto next = adopt([[UIViewController alloc] init]);
+  [next.get() setView:own.get()];
+  [stack() pushViewController:next.get() animated:NO];
+  [[stack() view] layoutIfNeeded];
+  EXPECT_EQ([own.get() adjustedContentInset].top, kStatus + kBar);
+  own.get()->changes = 0;
+  [next.get() setAutomaticallyAdjustsScrollViewInsets:NO];
+  [[stack() view] layoutIfNeeded];
+  EXPECT_EQ(own.get()->changes, 1);
+}
+
 TEST_F(ExtendedLayoutTests, AWideScrollViewKeepsClearOfWhatCoversItsSides) {
   SIMSetMainScreen(CGSizeMake(844, 390), 3, {0, kStatus, 21, kStatus});
   (void)frame();
