@@ -105,11 +105,22 @@ void writeMenu(JsonText &out, UIBarButtonItem *item) {
   out.string([item sim_showsMenuByTap] ? "tap" : "press");
 }
 
+/// What makers made themselves to be seen in the bar.
+NSArray *ownViewsIn(UIViewController *page) {
+  NSMutableArray *views = [NSMutableArray array];
+  if (UIView *title = [[page navigationItem] titleView]) [views addObject:title];
+  for (UIBarButtonItem *button in barButtons(page)) {
+    if ([button customView]) [views addObject:[button customView]];
+  }
+  return views;
+}
+
 }  // namespace
 
 void writeBar(JsonText &out, UINavigationController *navigation, UIViewController *page, ImageStore &images) {
   UINavigationBar *bar = [navigation navigationBar];
   UINavigationItem *item = [page navigationItem];
+  [bar sim_showViews:ownViewsIn(page)];
   UINavigationBarAppearance *standard = [bar sim_appearanceForItem:item atScrollEdge:NO];
   out.name("bar").beginObject();
   writeColor(out.name("color"), [standard backgroundColor]);

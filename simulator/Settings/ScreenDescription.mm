@@ -53,6 +53,11 @@ void writeBack(JsonText &out, UINavigationController *navigation, std::uint32_t 
   out.endObject();
 }
 
+/// Whether the table's rows begin at its edge, whatever covers that.
+bool keepsClearOfNothing(UITableView *table) {
+  return [table safeAreaInsets].top > 0 && [table adjustedContentInset].top == [table contentInset].top;
+}
+
 /// What a table shows beside its rows.
 void writeTableLook(JsonText &out, UITableView *table, ImageStore &images) {
   writeColor(out.name("backgroundColor"), [table backgroundColor]);
@@ -88,6 +93,7 @@ void writeContent(JsonText &out, UIViewController *page, std::uint32_t number, I
   [[page view] layoutIfNeeded];  // As before a device draws.
   writeInterfaceStyle(out.name("interfaceStyle"), [table ?: [page view] sim_setUserInterfaceStyle]);
   writeTableLook(out, table, images);
+  out.name("underBar").flag(table && ![page sim_beginsBelowBar] && keepsClearOfNothing(table));
   const bool isTouched = table && (touchabilityOf(table).touched || touchabilityAround(table).touched);
   out.name("touchId");
   if (isTouched) {

@@ -9,4 +9,7 @@
 - (UINavigationBarAppearance *)sim_appearanceForItem:(UINavigationItem *)item atScrollEdge:(BOOL)atEdge;
 /// Plays what appearance proxies took for the buttons to those that are shown: UIBarButtonItem.
 - (void)sim_applyAppearanceToItems:(NSArray *)items;
+/// Puts `views`, UIView, in the bar in place of those of its last call: what an item shows as its title or its buttons.
+/// One without a size of its own takes what its content or its constraints need. nil for none.
+- (void)sim_showViews:(NSArray *)views;
 @end

@@ -10,6 +10,7 @@
 #import <UIKit/UITraitCollection+Sim.h>
 #include <objcxx/Retained.h>
 
+#include <algorithm>
 #include <map>
 #include <utility>
 
@@ -27,6 +28,8 @@ struct NavigationBarState {
   objcxx::Retained<UINavigationBarAppearance> compactAppearance;
   objcxx::Retained<UINavigationBarAppearance> scrollEdgeAppearance;
   objcxx::Retained<NSArray> items;
+  objcxx::Retained<NSArray> shownViews;   // Of its items, in the bar.
+  objcxx::Retained<NSArray> fittedViews;  // Of those the ones whose size the bar says.
 };
 }  // namespace sim
 
@@ -253,6 +256,28 @@ NSDictionary *whiteUnlessColored(NSDictionary *attributes) {
   for (UIBarButtonItem *item in items) {
     sim::applyAppearance(item, around, [UITraitCollection sim_deviceTraits]);
   }
+}
+
+- (void)sim_showViews:(NSArray *)views {
+  const auto former = std::exchange(_navigationBarState->shownViews, objcxx::adopt((NSArray *)[views copy]));
+  for (UIView *view in former.get()) {
+    const BOOL stays = [views indexOfObjectIdenticalTo:view] != NSNotFound;
+    if (!stays && [view superview] == self) [view removeFromSuperview];
+  }
+  const CGSize room = [self bounds].size;
+  NSMutableArray *fitted = [NSMutableArray array];
+  for (UIView *view in views) {
+    if ([view superview] != self) [self addSubview:view];
+    const BOOL isFitted = ![view translatesAutoresizingMaskIntoConstraints] ||
+                          CGSizeEqualToSize([view bounds].size, CGSizeZero) ||
+                          [_navigationBarState->fittedViews.get() indexOfObjectIdenticalTo:view] != NSNotFound;
+    if (!isFitted) continue;
+    [fitted addObject:view];
+    const CGSize needed = [view systemLayoutSizeFittingSize:UILayoutFittingCompressedSize];
+    [view setBounds:CGRectMake(0, 0, std::min(needed.width, room.width), std::min(needed.height, room.height))];
+  }
+  _navigationBarState->fittedViews = objcxx::adopt((NSArray *)[fitted copy]);
+  [self layoutIfNeeded];
 }
 
 @end

@@ -56,6 +56,8 @@
 - (void)setAutomaticallyAdjustsScrollViewInsets:(BOOL)adjusts {
   _viewControllerState->adjustsScrollViewInsets = adjusts;
   [self sim_placeAmongBars];
+  // The scroll view whose insets these are, unless it is the view itself.
+  [[[_viewControllerState->view.get() subviews] firstObject] setNeedsLayout];
 }
 
 - (void)sim_placeAmongBars {

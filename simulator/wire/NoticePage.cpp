@@ -38,6 +38,7 @@ void writeNotice(JsonText& out, std::string_view header, std::string_view footer
   out.number(0.0);
   out.number(0.0);
   out.endArray();
+  out.name("underBar").flag(false);
   out.name("editing").flag(false);
   out.name("style").string("insetGrouped");
   out.name("sections").beginArray();

@@ -150,3 +150,37 @@ test('A picture lies behind the bar, and an empty one leaves it clear', async (t
   assert.deepEqual([look.clear, look.shadow, look.image], [true, false, null]);
   await eventually(async () => assert.equal(await page.locator('.page').count(), 1));
 });
+
+test('A picture under a clear bar begins at the top of the screen, and a title view is as large as its constraints say', async (t) => {
+  const { page, bar, shown } = await openKite(t, `
+- (void)viewDidLoad {
+  [super viewDidLoad];
+  UINavigationBarAppearance *clear = [[UINavigationBarAppearance alloc] init];
+  [clear configureWithTransparentBackground];
+  self.navigationItem.standardAppearance = self.navigationItem.scrollEdgeAppearance = clear;
+  self.table.contentInsetAdjustmentBehavior = UIScrollViewContentInsetAdjustmentNever;
+  UIView *header = [[UIView alloc] initWithFrame:CGRectMake(0, 0, 390, 200)];
+  header.backgroundColor = UIColor.systemIndigoColor;
+  self.table.tableHeaderView = header;
+  UIView *title = [UIView new];
+  UILabel *label = [[UILabel alloc] initWithFrame:CGRectMake(0, 0, 10, 10)];
+  label.text = @"Kite 2.0";
+  label.translatesAutoresizingMaskIntoConstraints = NO;
+  [title addSubview:label];
+  [NSLayoutConstraint activateConstraints:@[
+    [label.topAnchor constraintEqualToAnchor:title.topAnchor],
+    [label.bottomAnchor constraintEqualToAnchor:title.bottomAnchor],
+    [label.leadingAnchor constraintEqualToAnchor:title.leadingAnchor],
+    [label.trailingAnchor constraintEqualToAnchor:title.trailingAnchor],
+  ]];
+  self.navigationItem.titleView = title;
+}`);
+  const top = async (locator) => (await locator.boundingBox()).y;
+  assert.equal(await top(shown.locator('.section-view').first()), await top(page.locator('.screen')));
+  const title = await bar.locator('.title-view').boundingBox();
+  const whole = await bar.boundingBox();
+  assert.ok(title.width > 40 && title.height > 10, `${title.width} by ${title.height}`);
+  assert.ok(Math.abs(title.x + title.width / 2 - whole.x - whole.width / 2) < 2, 'in the middle of the bar');
+  await scroll(page, shown, 300);
+  assert.ok(await bar.getByText('Kite 2.0').isVisible());
+});

@@ -64,6 +64,7 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
   return html`
     <div class=${`page page-${page.style ?? 'insetGrouped'}`} data-leaving=${leaving} inert=${leaving}
       data-prompt=${Boolean(page.prompt)} data-bar=${isBarHidden ? 'hidden' : 'shown'}
+      data-under-bar=${Boolean(page.underBar && !large && !page.search)}
       data-separators=${String(page.separators !== false)} data-interface-style=${page.interfaceStyle ?? undefined}
       style=${style} aria-hidden=${leaving ? 'true' : undefined}
       ...${touches}>

@@ -150,6 +150,56 @@ TEST_F(LookTest, theBarHasItsColoursPromptAndTitleView) {
   EXPECT_EQ(page()["bar"]["hidden"], true);
 }
 
+TEST_F(LookTest, aTitleViewWithoutASizeTakesWhatItsConstraintsNeedInTheBar) {
+  ListPage *list = startList(@[ @[ @"Row" ] ]);
+  UINavigationBar *bar = [[list navigationController] navigationBar];
+  UIView *title = [[[UIView alloc] init] autorelease];
+  UILabel *label = [[[UILabel alloc] initWithFrame:CGRectMake(0, 0, 10, 10)] autorelease];
+  [label setText:@"Kite"];
+  [label setTranslatesAutoresizingMaskIntoConstraints:NO];
+  [title addSubview:label];
+  [NSLayoutConstraint activateConstraints:@[
+    [[label topAnchor] constraintEqualToAnchor:[title topAnchor]],
+    [[label bottomAnchor] constraintEqualToAnchor:[title bottomAnchor]],
+    [[label leadingAnchor] constraintEqualToAnchor:[title leadingAnchor]],
+    [[label trailingAnchor] constraintEqualToAnchor:[title trailingAnchor]]
+  ]];
+  [[list navigationItem] setTitleView:title];
+  [bar setTintColor:[UIColor greenColor]];
+  session().refresh();
+  const Json shown = page()["titleView"];
+  EXPECT_EQ(shown["frame"][2], [label intrinsicContentSize].width);
+  EXPECT_EQ(shown["views"][0]["frame"][2], [label intrinsicContentSize].width);
+  EXPECT_EQ(shown["views"][0]["frame"][3], [label intrinsicContentSize].height);
+  EXPECT_TRUE([[title tintColor] isEqual:[UIColor greenColor]]) << "it is in the bar";
+  [label setText:@"A longer name"];
+  session().refresh();
+  EXPECT_EQ(page()["titleView"]["frame"][2], [label intrinsicContentSize].width);
+  EXPECT_GT([label intrinsicContentSize].width, shown["frame"][2].get<double>());
+
+  const auto own = view(80, 30);
+  UIBarButtonItem *button = [[[UIBarButtonItem alloc] initWithCustomView:own.get()] autorelease];
+  [[list navigationItem] setTitleView:nil];
+  [[list navigationItem] setRightBarButtonItem:button];
+  session().refresh();
+  EXPECT_EQ([title superview], nil);
+  EXPECT_EQ([own.get() superview], bar);
+  EXPECT_EQ([own.get() bounds].size.width, 80) << "its own size stays";
+}
+
+TEST_F(LookTest, aTableThatKeepsClearOfNothingBeginsUnderTheBar) {
+  ListPage *list = startList(@[ @[ @"Row" ] ]);
+  [[list navigationItem] setLargeTitleDisplayMode:UINavigationItemLargeTitleDisplayModeNever];
+  session().refresh();
+  EXPECT_EQ(page()["underBar"], false);
+  [(UITableView *)[list view] setContentInsetAdjustmentBehavior:UIScrollViewContentInsetAdjustmentNever];
+  session().refresh();
+  EXPECT_EQ(page()["underBar"], true);
+  [list setEdgesForExtendedLayout:UIRectEdgeNone];
+  session().refresh();
+  EXPECT_EQ(page()["underBar"], false);
+}
+
 TEST_F(LookTest, theFirstPageHasALargeTitleAndOthersThatAskForOne) {
   ListPage *list = startList(@[ @[ @"Row" ] ]);
   EXPECT_EQ(page()["largeTitle"], true);

@@ -171,6 +171,43 @@ TEST_F(ExtendedLayoutTests, AScrollViewIsToldOfOtherInsets) {
   [stack() setNavigationBarHidden:YES];
   EXPECT_EQ(inset().top, kStatus + 5);
   EXPECT_EQ(scroll()->changes, 2);
+  EXPECT_EQ(scroll()->told, 2);
+  [scroll() setContentInsetAdjustmentBehavior:UIScrollViewContentInsetAdjustmentNever];
+  EXPECT_EQ(scroll()->told, 3) << "at once";
+}
+
+TEST_F(ExtendedLayoutTests, AScrollViewIsToldWhenItsPageNoLongerAdjustsIt) {
+  (void)inset();
+  scroll()->told = 0;
+  [page() setAutomaticallyAdjustsScrollViewInsets:NO];
+  EXPECT_EQ(inset().top, 0);
+  EXPECT_EQ(scroll()->told, 1);
+}
+
+TEST_F(ExtendedLayoutTests, AScrollViewThatIsThePagesViewIsToldToo) {
+  const auto own = adopt([[InsetView alloc] initWithFrame:whole_]);
+  const auto next = adopt([[UIViewController alloc] init]);
+  [next.get() setView:own.get()];
+  [stack() pushViewController:next.get() animated:NO];
+  [[stack() view] layoutIfNeeded];
+  EXPECT_EQ([own.get() adjustedContentInset].top, kStatus + kBar);
+  own.get()->changes = 0;
+  [next.get() setAutomaticallyAdjustsScrollViewInsets:NO];
+  [[stack() view] layoutIfNeeded];
+  EXPECT_EQ(own.get()->changes, 1);
+}
+
+TEST_F(ExtendedLayoutTests, AWideScrollViewKeepsClearOfWhatCoversItsSides) {
+  SIMSetMainScreen(CGSizeMake(844, 390), 3, {0, kStatus, 21, kStatus});
+  (void)frame();
+  EXPECT_EQ(inset().left, 0);
+  [scroll() setContentInsetAdjustmentBehavior:UIScrollViewContentInsetAdjustmentAlways];
+  EXPECT_EQ(inset().left, kStatus);
+  [scroll() setContentInsetAdjustmentBehavior:UIScrollViewContentInsetAdjustmentScrollableAxes];
+  [scroll() setContentSize:CGSizeMake(2000, 100)];
+  EXPECT_EQ(inset().left, kStatus);
+  EXPECT_EQ(inset().right, kStatus);
+  EXPECT_EQ(inset().top, 0);
 }
 
 }  // namespace
