@@ -123,7 +123,7 @@ test('Texts with attributes are drawn as the device lays them out', async (t) =>
   await open(page, 'Kite');
   const described = (await simulator.api('GET', '/api/screen')).page;
   const text = described.headerView.views[0].attributedText;
-  assert.ok(text.lines.length > 2);
+  assert.ok(text.lines.length > 1);
 
   // The pieces stand where they are told to: each line in its place, its baseline where the text's is.
   const label = page.locator('[data-identifier="label"]');
