@@ -92,6 +92,7 @@ TEST_F(UIMenuTests, TheHandlerIsGivenTheActionAndItsSender) {
   }];
   [copies sim_performFrom:@"me"];
   EXPECT_EQ([copy.get() sender], nil) << "a copy was sent by nobody";
+  copy = nullptr;  // It keeps the handler, which keeps it.
 }
 
 TEST_F(UIMenuTests, AMenuHasItsChildrenAndThoseThatAreOn) {
