@@ -194,9 +194,18 @@ CGSize sizeFor(CGSize size) { return size.width > 0 || size.height > 0 ? size : 
   }
 }
 
+- (CGPoint)sim_middleOfRowInComponent:(NSInteger)number {
+  const CGSize size = [self rowSizeForComponent:number];
+  return CGPointMake(size.width / 2, size.height / 2);
+}
+
 - (UIView *)sim_makeViewForRow:(NSInteger)row inComponent:(NSInteger)number {
   if (![self sim_makesViews]) return nil;
-  if (UIView *known = [self viewForRow:row forComponent:number]) return known;
+  if (UIView *known = [self viewForRow:row forComponent:number]) {
+    // The wheel may have become wider since.
+    [known setCenter:[self sim_middleOfRowInComponent:number]];
+    return known;
+  }
   sim::PickerComponent *component = [self sim_component:number];
   if (!component || row < 0 || row >= component->rows) return nil;
   [self sim_letGoOfViewsIn:*component beside:[self sim_shownRowsInComponent:number]];
@@ -211,11 +220,9 @@ CGSize sizeFor(CGSize size) { return size.width > 0 || size.height > 0 ? size : 
                                                              reusingView:old.get()]);
   component = [self sim_component:number];  // The delegate may have reloaded.
   if (!view || !component) return nil;
-  const CGSize rowSize = [self rowSizeForComponent:number];
-  CGRect frame = [view.get() frame];
-  if (frame.size.width <= 0 || frame.size.height <= 0) frame.size = rowSize;
-  frame.origin = CGPointMake((rowSize.width - frame.size.width) / 2, (rowSize.height - frame.size.height) / 2);
-  [view.get() setFrame:frame];
+  const CGSize size = [view.get() bounds].size;
+  if (size.width <= 0 || size.height <= 0) [view.get() setBounds:{CGPointZero, [self rowSizeForComponent:number]}];
+  [view.get() setCenter:[self sim_middleOfRowInComponent:number]];
   component->views[row] = view;
   return view.get();
 }

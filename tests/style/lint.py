@@ -30,14 +30,14 @@ TEXT = CPP | NARROW | TABBED | {".js", ".mjs", ".json", ".md", ".html", ".svg", 
 
 _OBJECTIVE_C = re.compile(r"^\s*(#import\b|@(interface|implementation|protocol|class)\b)")
 # What declares a constant of a file. Those with a name of Apple's, or the simulator's own beside them, begin with its
-# letters.
+# letters, or with the underscore of what a library of Apple's exports.
 _CONSTANT = re.compile(
     r"(?:(?:static|inline|extern)\s+)*"
     r"(?:constexpr\s[^;={(]*?|(?:[\w:]+\s)?[\w:<>]+\s?\*\s?const\s+|const\s[^;={(*&]*?)"
     r"\b(\w+)\s*(?:\[[^\]]*\])?\s*(?:=(?!=)|\{)"
 )
-# Those of the platform's queues have its names.
-_CONSTANT_NAME = re.compile(r"k[A-Z]|[A-Z]{2}|_dispatch_")
+# Names that a library of the platform exports begin with "_".
+_CONSTANT_NAME = re.compile(r"k[A-Z]|[A-Z]{2}|_[a-z]")
 _CPP_EXCEPTION = re.compile(r"(?<![@\w])(try\s*\{|catch\s*\()")
 _COMMENT_OR_TEXT = re.compile(r'//.*|"(?:\\.|[^"\\])*"')
 

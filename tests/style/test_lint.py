@@ -82,8 +82,9 @@ class FindingsTest(unittest.TestCase):
             for kind in ("cpp", "mm"):
                 self.assert_told(1, "has no k", f"a.{kind}", line + "\n")
         for line in ("constexpr int kMost = 1;", "const A kAll[] = {", "const UIFontWeight UIFontWeightThin = 1;",
-                     "NSString *const PSKey = @\"\";", "constexpr int sum(int a) { return a; }",
-                     "  constexpr int local = 1;", "const char* text = nullptr;", "const A *current = nullptr;",
+                     "NSString *const PSKey = @\"\";", "const struct type_s _library_type{};",
+                     "constexpr int sum(int a) { return a; }", "  constexpr int local = 1;",
+                     "const char* text = nullptr;", "const A *current = nullptr;",
                      "const A& of(B b) {", "int most = 1;", "constexpr bool operator==(A, B) = default;"):  # fmt: skip
             self.assert_well("a.mm", line + "\n")
 

@@ -1,4 +1,6 @@
 // Labels as they are drawn.
+#import <UIKit/NSText+Sim.h>
+#import <UIKit/UIFont+Sim.h>
 #import <UIKit/UILabel+Sim.h>
 
 #import "Settings/JsonValues.h"
@@ -7,6 +9,7 @@
 #import "Settings/views/Views.h"
 
 #include <algorithm>
+#include <string>
 
 namespace sim {
 namespace {
@@ -22,6 +25,27 @@ CGFloat shownFontSize(UILabel *label) {
   return width <= room ? size : size * std::clamp<CGFloat>(room / width, least, 1);
 }
 
+/// Points by which a line may be too long without anybody seeing it.
+constexpr double kUnseen = 0.5;
+
+/// What is left of a plain text that is too long for its one line; null where all of it is shown.
+void writeShownText(JsonText &out, UILabel *label) {
+  const TextEllipsis ellipsis = ellipsisOf([label lineBreakMode]);
+  const double room = [label bounds].size.width;
+  const bool isOneLine = [label numberOfLines] == 1 && ![label sim_isAttributed] && [[label text] length] > 0;
+  if (!isOneLine || room <= 0 || ellipsis == TextEllipsis::none) return out.null();
+  TextRun run;
+  run.text = utf8([label text]);
+  run.style = textStyle([label font]);
+  run.style.size = shownFontSize(label);
+  run.paragraph = {.wrap = TextWrap::none, .ellipsis = ellipsis};
+  const TextLayout layout({&run, 1}, {.width = room + kUnseen, .lines = 1});
+  std::string shown;
+  for (const TextPiece &piece : layout.lines().front().pieces) shown += piece.text;
+  if (shown == run.text) return out.null();
+  out.string(shown);
+}
+
 void writeTextShadow(JsonText &out, UILabel *label) {
   if (![label shadowColor]) return out.null();
   out.beginObject();
@@ -34,6 +58,7 @@ void writeTextShadow(JsonText &out, UILabel *label) {
 void describe(JsonText &out, UIView *view, ImageStore &images) {
   UILabel *label = (UILabel *)view;
   writeText(out.name("text"), [label text]);
+  writeShownText(out.name("shownText"), label);
   out.name("fontSize").number(shownFontSize(label));
   writeFace(out, [label font]);
   writeColor(out.name("color"), [label sim_shownColor]);

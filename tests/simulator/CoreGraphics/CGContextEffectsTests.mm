@@ -192,6 +192,11 @@ TEST_F(CGContextEffectsTests, ALinearGradientGoesFromOnePointToTheOther) {
 }
 
 TEST_F(CGContextEffectsTests, LocationsSayWhereTheColoursAre) {
+  const CGFloat early[] = {0, 0.5};
+  CGContextDrawLinearGradient(context_, redToBlue(early), CGPointMake(0, 0), CGPointMake(40, 0),
+                              CGGradientDrawingOptions(0));
+  EXPECT_EQ(pixel(30, 30), (Seen{0, 0, 255, 255})) << "behind the last colour, within the gradient";
+  CGContextClearRect(context_, CGRectMake(0, 0, 40, 40));
   const CGFloat locations[] = {0.5, 1};
   CGContextSetAlpha(context_, 0.5);
   CGContextClipToRect(context_, CGRectMake(0, 0, 40, 20));

@@ -1,5 +1,6 @@
 // Measuring and drawing of texts with attributes, and what they consist of.
 #import <CoreGraphics/CGImage+Sim.h>
+#import <UIKit/AttributedText.h>
 #import <UIKit/UIKit.h>
 
 #import "support/objc/ObjCMatchers.h"
@@ -101,6 +102,10 @@ TEST_F(NSAttributedStringTests, LinesAreDrawnUnderAndThroughTheText) {
   EXPECT_TRUE(isDrawn(*drawn, 0, 25, 29));
   EXPECT_FALSE(isDrawn(*drawn, 0, 0, 24));
   EXPECT_TRUE(isDrawn(*drawn, 1, 16, 21));
+  [attributes setObject:@(NSUnderlineStyleSingle) forKey:NSUnderlineStyleAttributeName];
+  EXPECT_FALSE(isDrawn(*drawingOf(attributed(@"  ", attributes)), 0, 28, 32));
+  [attributes setObject:@(NSUnderlineStyleDouble) forKey:NSUnderlineStyleAttributeName];
+  EXPECT_TRUE(isDrawn(*drawingOf(attributed(@"  ", attributes)), 0, 28, 32)) << "the lower one of two";
   [attributes removeObjectForKey:NSUnderlineStyleAttributeName];
   EXPECT_FALSE(isDrawn(*drawingOf(attributed(@"  ", attributes)), 0)) << "a colour alone is no line";
 }
@@ -156,6 +161,10 @@ TEST_F(NSAttributedStringTests, SymbolsGoWithTheText) {
     return [string size].width;
   };
   EXPECT_NEAR(widthAt(34), 2 * widthAt(17), 1);
+  const sim::AttributedText text(string, {}, sim::Shortening::ofLastLine);
+  const sim::TextBox box = text.runs().front().box.value();
+  EXPECT_NEAR(box.ascent - box.descent, [[UIFont systemFontOfSize:17] capHeight], 0.01)
+      << "beside the capitals' middle";
   [string addAttribute:NSForegroundColorAttributeName value:[UIColor redColor] range:NSMakeRange(0, 1)];
   EXPECT_TRUE(isDrawn(*drawingOf(string), 0)) << "in the text's colour";
 }

@@ -100,6 +100,10 @@ TEST_F(UIButtonMenuTests, ATapOpensAMenuThatIsThePrimaryAction) {
   EXPECT_TRUE([made isHeld]);
   EXPECT_FALSE([open() rich]);
   EXPECT_EQ([[open() popoverPresentationController] sourceView], made);
+  SIMMenuController *shown = open();
+  [made sim_tapByUser];
+  EXPECT_EQ(open(), shown) << "it opens once";
+  EXPECT_EQ(taken(), "");
   EXPECT_FALSE(choose(@"b")) << "disabled";
   EXPECT_TRUE(choose(@"a"));
   EXPECT_EQ(taken(), "a! ");
@@ -163,6 +167,23 @@ TEST_F(UIButtonMenuTests, MenusOpenInMenus) {
   EXPECT_EQ(open(), nil);
 }
 
+TEST_F(UIButtonMenuTests, ClosingAMenuClosesThoseInItAndNoOther) {
+  UIMenu *third = [UIMenu menuWithTitle:@"Third" children:@[ action(@"deep") ]];
+  UIMenu *second = [UIMenu menuWithTitle:@"Second" children:@[ third ]];
+  UIMenu *first = [UIMenu menuWithTitle:@"First" children:@[ second ]];
+  EXPECT_TRUE([button(menu(@[ first ]), YES) sim_tapByUser]);
+  EXPECT_TRUE(choose(@"First"));
+  UIMenuElement *header = element(@"Second");
+  EXPECT_TRUE(choose(@"Second"));
+  EXPECT_TRUE(choose(@"Third"));
+  EXPECT_EQ([[open() openMenus] count], 4u);
+  EXPECT_TRUE([open() tapElement:header]);
+  EXPECT_EQ([[open() openMenus] count], 2u);
+  EXPECT_OBJC_EQ([[[open() openMenus] lastObject] title], @"First");
+  EXPECT_TRUE(choose(@"Second")) << "it opens anew";
+  EXPECT_OBJC_EQ([[[open() openMenus] lastObject] title], @"Second");
+}
+
 TEST_F(UIButtonMenuTests, AMenuThatIsOpenIsChangedByAnotherOne) {
   UIMenu *inner = [UIMenu menuWithTitle:@"Inner" image:nil identifier:@"inner" options:0 children:@[ action(@"old") ]];
   UIButton *made = button(menu(@[ inner ]), YES);
@@ -176,6 +197,37 @@ TEST_F(UIButtonMenuTests, AMenuThatIsOpenIsChangedByAnotherOne) {
   EXPECT_NE(element(@"x"), nil);
   [made setMenu:nil];
   EXPECT_EQ(open(), nil) << "without a menu there is nothing to show";
+}
+
+TEST_F(UIButtonMenuTests, AMenuWithoutTheOneThatWasOpenInItClosesWhatWasOpenThere) {
+  UIMenu *deep = [UIMenu menuWithTitle:@"Deep" image:nil identifier:@"deep" options:0 children:@[ action(@"a") ]];
+  UIMenu *inner = [UIMenu menuWithTitle:@"Inner" image:nil identifier:@"inner" options:0 children:@[ deep ]];
+  UIButton *made = button(menu(@[ inner ]), YES);
+  EXPECT_TRUE([made sim_tapByUser]);
+  EXPECT_TRUE(choose(@"Inner"));
+  EXPECT_TRUE(choose(@"Deep"));
+  [made setMenu:menu(@[ deep ])];
+  EXPECT_EQ([[open() openMenus] count], 1u);
+  [made setMenu:menu(@[])];
+  EXPECT_EQ(open(), nil) << "nothing is left to show";
+}
+
+TEST_F(UIButtonMenuTests, WhatIsStillToComeIsAskedForWhereAMenuIsOpen) {
+  __block int asked = 0;
+  UIDeferredMenuElement *later =
+      [UIDeferredMenuElement elementWithProvider:^(void (^done)(NSArray<UIMenuElement *> *)) {
+        ++asked;
+        done(@[ action(@"late") ]);
+      }];
+  UIMenu *inner = [UIMenu menuWithTitle:@"Inner" children:@[ later ]];
+  EXPECT_TRUE([button(menu(@[ inner ]), YES) sim_tapByUser]);
+  [open() askForDeferredElements];
+  EXPECT_EQ(asked, 0);
+  EXPECT_TRUE(choose(@"Inner"));
+  [open() askForDeferredElements];
+  EXPECT_EQ(asked, 1);
+  EXPECT_TRUE(choose(@"late"));
+  EXPECT_EQ(taken(), "late! ");
 }
 
 TEST_F(UIButtonMenuTests, OneOfASingleSelectionIsOn) {
@@ -198,6 +250,7 @@ TEST_F(UIButtonMenuTests, APopUpButtonShowsWhatWasChosen) {
   EXPECT_EQ([made currentTitle], nil);
   [made setChangesSelectionAsPrimaryAction:YES];
   EXPECT_OBJC_EQ([made currentTitle], @"a") << "the first, as none is on";
+  EXPECT_OBJC_EQ([[[[made menu] selectedElements] firstObject] title], @"a") << "and is on from then";
   EXPECT_TRUE([made sim_tapByUser]);
   EXPECT_TRUE(choose(@"b"));
   EXPECT_EQ(taken(), "b! ");
@@ -252,6 +305,9 @@ TEST_F(UIButtonMenuTests, BarButtonsDoTheirActionAndOpenTheirMenu) {
 
   UIBarButtonItem *opens = [[[UIBarButtonItem alloc] initWithTitle:@"More" menu:menu(@[ action(@"a") ])] autorelease];
   EXPECT_TRUE([opens sim_showsMenuByTap]);
+  [opens setAction:@selector(description)];
+  EXPECT_FALSE([opens sim_showsMenuByTap]) << "a tap does its action";
+  [opens setAction:NULL];
   EXPECT_TRUE([opens sim_tap]);
   ASSERT_NE(open(), nil);
   EXPECT_EQ([[open() popoverPresentationController] barButtonItem], opens);

@@ -275,6 +275,16 @@ TEST_F(UIBezierPathTests, ReversedItGoesBackTheSameWay) {
   [expected moveToPoint:CGPointMake(10, 10)];
   [expected addCurveToPoint:CGPointZero controlPoint1:CGPointMake(8, 2) controlPoint2:CGPointMake(1, 9)];
   EXPECT_TRUE(CGPathEqualToPath([[curve bezierPathByReversingPath] CGPath], [expected CGPath]));
+  const auto triangle = [](CGPoint first, CGPoint last) {
+    UIBezierPath *made = [UIBezierPath bezierPath];
+    [made moveToPoint:first];
+    [made addLineToPoint:CGPointMake(10, 0)];
+    [made addLineToPoint:last];
+    [made closePath];
+    return made;
+  };
+  UIBezierPath *closed = [triangle(CGPointZero, CGPointMake(10, 10)) bezierPathByReversingPath];
+  EXPECT_TRUE(CGPathEqualToPath([closed CGPath], [triangle(CGPointMake(10, 10), CGPointZero) CGPath]));
 }
 
 class UIGraphicsImageRendererTests : public UIGraphicsTests {};

@@ -5,6 +5,7 @@
 #import <UIKit/UIKit.h>
 #import <UIKit/UIMenuElement+Sim.h>
 #import <dispatch/MainQueue+Sim.h>
+#import <objcxx/Retained.h>
 
 #import "support/objc/ObjCMatchers.h"
 #import "support/objc/ObjCTest.h"
@@ -84,6 +85,14 @@ TEST_F(UIMenuTests, TheHandlerIsGivenTheActionAndItsSender) {
   EXPECT_EQ(given, made);
   EXPECT_OBJC_EQ(sender, @"me");
   EXPECT_EQ([made sender], nil) << "only while the handler runs";
+
+  __block objcxx::Retained<UIAction> copy;
+  UIAction *copies = [UIAction actionWithHandler:^(UIAction *action) {
+    copy = objcxx::adopt((UIAction *)[action copy]);
+  }];
+  [copies sim_performFrom:@"me"];
+  EXPECT_EQ([copy.get() sender], nil) << "a copy was sent by nobody";
+  copy = nullptr;  // It keeps the handler, which keeps it.
 }
 
 TEST_F(UIMenuTests, AMenuHasItsChildrenAndThoseThatAreOn) {
@@ -119,6 +128,8 @@ TEST_F(UIMenuTests, CopiesCanBeChangedAndFrozenOnesCannot) {
   [(UIAction *)[[copy children] firstObject] setTitle:@"Mine"];
   EXPECT_OBJC_EQ([[[copy children] firstObject] title], @"Mine");
   EXPECT_OBJC_EQ([fixed title], @"Child");
+  UIMenu *single = menu(@"", UIMenuOptionsSingleSelection, @[ child ]);
+  EXPECT_EQ([[[single copy] autorelease] options], UIMenuOptionsSingleSelection);
 }
 
 TEST_F(UIMenuTests, InlineMenusAreGroups) {
@@ -127,6 +138,9 @@ TEST_F(UIMenuTests, InlineMenusAreGroups) {
   EXPECT_EQ(shown(menu(@"", 0, @[ action(@"a"), own, action(@"d"), below ])), (Groups{"a", "Sort: b c", "d More"}));
   UIMenu *nested = menu(@"", UIMenuOptionsDisplayInline, @[ own, action(@"e") ]);
   EXPECT_EQ(shown(menu(@"", 0, @[ nested ])), (Groups{"Sort: b c", "e"}));
+  UIMenu *titled = menu(@"All", UIMenuOptionsDisplayInline, @[ action(@"e"), own ]);
+  EXPECT_EQ(shown(menu(@"", 0, @[ titled ])), (Groups{"All: e", "Sort: b c"}))
+      << "a title stands above all of its menu";
 }
 
 TEST_F(UIMenuTests, HiddenAndEmptyElementsAreNotShown) {
@@ -187,6 +201,17 @@ TEST_F(UIMenuTests, ChoosingTurnsOneOn) {
   sim::choose(all, two);
   EXPECT_EQ([one state], UIMenuElementStateOff);
   EXPECT_EQ([two state], UIMenuElementStateOn);
+
+  UIDeferredMenuElement *later =
+      [UIDeferredMenuElement elementWithProvider:^(void (^done)(NSArray<UIMenuElement *> *)) {
+        done(@[ action(@"3") ]);
+      }];
+  [later sim_appear];
+  UIAction *three = (UIAction *)[[later sim_elements] firstObject];
+  UIMenu *with = menu(@"", 0, @[ two, later ]);
+  sim::choose(with, three);
+  EXPECT_EQ([two state], UIMenuElementStateOff);
+  EXPECT_EQ([three state], UIMenuElementStateOn) << "what came late is one of the choices";
 }
 
 }  // namespace

@@ -82,6 +82,18 @@
 
 @end
 
+/// Its wheels are as wide as there is room.
+@interface WideWheels : ViewWheels
+@end
+
+@implementation WideWheels
+
+- (CGFloat)pickerView:(UIPickerView *)picker widthForComponent:(NSInteger)component {
+  return 0;
+}
+
+@end
+
 namespace {
 
 class UIPickerViewTests : public ObjCTest {
@@ -208,6 +220,26 @@ TEST_F(UIPickerViewTests, ViewsOfRowsAreMadeAndUsedAgain) {
   EXPECT_TRUE(later == first || later == second);
   EXPECT_EQ(source->reused, 1);
   EXPECT_EQ([picker viewForRow:0 forComponent:0], nil) << "it shows no more";
+}
+
+TEST_F(UIPickerViewTests, ViewsOfRowsStayInTheMiddleOfAWheelThatBecomesWider) {
+  WideWheels *source = [[[WideWheels alloc] init] autorelease];
+  UIPickerView *picker = make(source, {3});
+  UIView *row = [picker sim_makeViewForRow:1 inComponent:0];
+  EXPECT_EQ([row center].x, 151);
+  [picker setFrame:CGRectMake(0, 0, 820, 216)];
+  EXPECT_EQ([picker sim_makeViewForRow:1 inComponent:0], row);
+  EXPECT_EQ([row center].x, 401);
+  EXPECT_EQ([row frame].size.width, 20);
+}
+
+TEST_F(UIPickerViewTests, NothingIsSelectedInAWheelWithoutRows) {
+  BareWheels *source = [[[BareWheels alloc] init] autorelease];
+  UIPickerView *picker = make(source, {0});
+  EXPECT_EQ([picker selectedRowInComponent:0], -1);
+  source->counts = {2};
+  [picker reloadAllComponents];
+  EXPECT_EQ([picker selectedRowInComponent:0], 0);
 }
 
 TEST_F(UIPickerViewTests, AFingerIsToldOf) {

@@ -198,6 +198,8 @@ TEST_F(UIViewPropertyAnimatorTests, ACopyDoesTheSame) {
   EXPECT_EQ([copy duration], 2);
   [copy startAnimation];
   EXPECT_EQ(taken(), "runs ");
+  SIMDrainMainQueue();
+  EXPECT_EQ(taken(), "end ") << "and tells the same";
 }
 
 TEST_F(UIViewPropertyAnimatorTests, CurvesSayWhatTheyAre) {

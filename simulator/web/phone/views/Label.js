@@ -18,5 +18,5 @@ export function Label({ view, background, isDepicted, children }) {
     ...fontStyle(view.fontFamily, view.italic, view.tabularDigits),
     textShadow: textShadow(view.textShadow), whiteSpace: view.lines === 1 ? 'nowrap' : undefined,
   };
-  return html`${view.text && html`<span class="view-label" style=${style}><span>${view.text}</span></span>`}${children}`;
+  return html`${view.text && html`<span class="view-label" style=${style}><span>${view.shownText ?? view.text}</span></span>`}${children}`;
 }

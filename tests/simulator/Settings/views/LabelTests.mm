@@ -41,6 +41,37 @@ TEST_F(LabelTest, aLabelMakesItsTextFitDownToItsLeastFactor) {
   EXPECT_EQ(fontSize(), 17);
 }
 
+TEST_F(LabelTest, aTextThatIsTooLongForItsLineIsShortened) {
+  const auto around = view(200, 20);
+  const auto label = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectMake(0, 0, 60, 20)]);
+  [around.get() addSubview:label.get()];
+  const auto shown = [&]() -> Json {
+    const Json described = describedView(around.get())["views"][0];
+    EXPECT_EQ(described["text"], [[label.get() text] UTF8String]) << "all of it is told";
+    return described["shownText"];
+  };
+  [label.get() setText:@"First and last"];
+  const std::string start = shown();
+  EXPECT_TRUE(start.starts_with("First") && start.ends_with("\u2026")) << start;
+  [label.get() setLineBreakMode:NSLineBreakByTruncatingMiddle];
+  const std::string middle = shown();
+  EXPECT_TRUE(middle.starts_with("Fi") && middle.ends_with("st")) << middle;
+  [label.get() setLineBreakMode:NSLineBreakByTruncatingHead];
+  const std::string end = shown();
+  EXPECT_TRUE(end.starts_with("\u2026") && end.ends_with("last")) << end;
+  [label.get() setLineBreakMode:NSLineBreakByClipping];
+  EXPECT_TRUE(shown().is_null());
+  [label.get() setLineBreakMode:NSLineBreakByTruncatingTail];
+  [label.get() setNumberOfLines:2];
+  EXPECT_TRUE(shown().is_null());
+  [label.get() setNumberOfLines:1];
+  [label.get() setAdjustsFontSizeToFitWidth:YES];
+  EXPECT_TRUE(shown().is_null()) << "it is made to fit";
+  [label.get() setAdjustsFontSizeToFitWidth:NO];
+  [label.get() sizeToFit];
+  EXPECT_TRUE(shown().is_null());
+}
+
 TEST_F(LabelTest, aLabelsFontIsThatOfThePage) {
   const auto label = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectMake(0, 0, 100, 20)]);
   EXPECT_EQ(describedView(label.get())["fontFamily"], "Inter");
