@@ -68,13 +68,6 @@ TextBox boxOf(NSTextAttachment *attachment, UIImage *image, UIFont *font, double
   return {size.width, middle + size.height / 2, size.height / 2 - middle};
 }
 
-/// The text of a run as the layout takes it.
-std::string textOf(NSString *string) {
-  std::string text = utf8(string);
-  for (std::size_t at = 0; (at = text.find('\0', at)) != text.npos;) text.replace(at, 1, "\uFFFD");
-  return text;
-}
-
 RGBA rgbaOf(UIColor *color) {
   CGFloat red = 0, green = 0, blue = 0, alpha = 0;
   [color getRed:&red green:&green blue:&blue alpha:&alpha];
@@ -206,7 +199,7 @@ void AttributedText::addRun(NSString *text, NSDictionary *attributes, const Text
   if (scale != 1) font = [font fontWithSize:[font pointSize] * scale];
   NSParagraphStyle *style = valueOf<NSParagraphStyle>(attributes, NSParagraphStyleAttributeName);
   TextRun run;
-  run.text = textOf(text);
+  run.text = runText(text);
   run.style = textStyle(font);
   run.kern = numberOf(attributes, NSKernAttributeName) * scale;
   run.baselineOffset = numberOf(attributes, NSBaselineOffsetAttributeName) * scale;

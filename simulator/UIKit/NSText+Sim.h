@@ -12,6 +12,9 @@ namespace sim {
 /// nil.
 std::string utf8(NSString *string);
 
+/// The same as a TextRun takes it: a replacement character for each of code 0.
+std::string runText(NSString *string);
+
 /// `string` as a single-line field takes it: a space for every line end. Empty for nil.
 NSString *oneLine(NSString *string);
 

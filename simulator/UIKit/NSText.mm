@@ -33,6 +33,12 @@ std::string utf8(NSString *string) {
   return getUTF8(string, bytes) ? bytes : mendedUTF8(string);
 }
 
+std::string runText(NSString *string) {
+  std::string text = utf8(string);
+  for (std::size_t at = 0; (at = text.find('\0', at)) != text.npos;) text.replace(at, 1, "\uFFFD");
+  return text;
+}
+
 NSString *oneLine(NSString *string) {
   NSString *joined = [string stringByReplacingOccurrencesOfString:@"\r\n" withString:@" "];
   NSArray *lines = [joined componentsSeparatedByCharactersInSet:[NSCharacterSet newlineCharacterSet]];

@@ -35,7 +35,7 @@ void writeShownText(JsonText &out, UILabel *label) {
   const bool isOneLine = [label numberOfLines] == 1 && ![label sim_isAttributed] && [[label text] length] > 0;
   if (!isOneLine || room <= 0 || ellipsis == TextEllipsis::none) return out.null();
   TextRun run;
-  run.text = utf8([label text]);
+  run.text = runText([label text]);
   run.style = textStyle([label font]);
   run.style.size = shownFontSize(label);
   run.paragraph = {.wrap = TextWrap::none, .ellipsis = ellipsis};

@@ -41,6 +41,20 @@ TEST_F(LabelTest, aLabelMakesItsTextFitDownToItsLeastFactor) {
   EXPECT_EQ(fontSize(), 17);
 }
 
+TEST_F(LabelTest, aTextOfAnyCharactersIsShortenedOrShownWhole) {
+  const auto around = view(200, 20);
+  const auto label = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectMake(0, 0, 40, 20)]);
+  [around.get() addSubview:label.get()];
+  const unichar odd[] = {'A', 0, 0xd800, 'b', '\n', 'c', 0x2028, 0xdc00, 'W', 'W', 'W', 'W', 'W', 'W'};
+  for (NSUInteger length = 1; length <= std::size(odd); ++length) {
+    for (NSUInteger start = 0; start + length <= std::size(odd); ++start) {
+      [label.get() setText:[NSString stringWithCharacters:odd + start length:length]];
+      const Json shown = describedView(around.get())["views"][0]["shownText"];
+      EXPECT_TRUE(shown.is_null() || !shown.get<std::string>().empty());
+    }
+  }
+}
+
 TEST_F(LabelTest, aTextThatIsTooLongForItsLineIsShortened) {
   const auto around = view(200, 20);
   const auto label = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectMake(0, 0, 60, 20)]);
