@@ -106,9 +106,11 @@ TEST_F(LayoutPassTests, TheSafeAreaOfAViewFollowsWhereItMovesInTheSamePass) {
     [[placed trailingAnchor] constraintEqualToAnchor:[window.get() trailingAnchor]],
     [[placed heightAnchor] constraintEqualToConstant:200]
   ]);
-  // A view between them has a frame, so that no constraint says where the text lies in the window.
+  // Views between them have frames, so that no constraint says where the text lies in the window.
+  UIView *middle = [[[UIView alloc] initWithFrame:CGRectMake(0, 0, 390, 200)] autorelease];
+  [placed addSubview:middle];
   UIView *inner = [[[UIView alloc] initWithFrame:CGRectMake(0, 0, 390, 200)] autorelease];
-  [placed addSubview:inner];
+  [middle addSubview:inner];
   UIView *text = addView(inner);
   span(text, [inner safeAreaLayoutGuide]);
   [window.get() layoutIfNeeded];

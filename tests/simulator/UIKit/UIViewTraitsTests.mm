@@ -164,6 +164,15 @@ TEST_F(UIViewTraitsTests, AControllersStyleIsThatOfItsChildrenAndViews) {
   EXPECT_EQ(label->heard, "light>dark(dark) ");
 }
 
+TEST_F(UIViewTraitsTests, AViewsOwnStyleGoesBeforeThatOfItsController) {
+  const auto page = adopt([[UIViewController alloc] init]);
+  [page.get() setOverrideUserInterfaceStyle:UIUserInterfaceStyleDark];
+  EXPECT_EQ(styleOf([page.get() view]), "dark");
+  [[page.get() view] setOverrideUserInterfaceStyle:UIUserInterfaceStyleLight];
+  EXPECT_EQ(styleOf([page.get() view]), "light");
+  EXPECT_EQ(styleOf(page.get()), "dark");
+}
+
 TEST_F(UIViewTraitsTests, AWindowsStyleIsThatOfItsPages) {
   const auto page = pageInStack();
   [window() setOverrideUserInterfaceStyle:UIUserInterfaceStyleDark];
