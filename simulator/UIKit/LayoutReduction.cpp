@@ -9,8 +9,6 @@
 namespace sim {
 namespace {
 
-constexpr double kZero = 1e-10;  // What is smaller in a coefficient is rounding.
-
 /// Puts values in for what is known, again and again.
 class Reducer final {
  public:
@@ -65,7 +63,7 @@ class Reducer final {
     const LayoutEquation& equation = equations_[number];
     const auto unknown = std::find_if(equation.terms.begin(), equation.terms.end(),
                                       [this](const LayoutTerm& term) { return !reduction_.known[term.variable]; });
-    if (std::abs(unknown->coefficient) <= kZero) return;
+    if (std::abs(unknown->coefficient) <= kLayoutZero) return;
     const int variable = unknown->variable;
     reduction_.known[variable] = restOf(equation) / unknown->coefficient + 0.0;  // Never -0.
     for (std::size_t at = firstMention_[variable]; at < firstMention_[variable + 1]; ++at) {

@@ -5,11 +5,6 @@
 #include <limits>
 
 namespace sim {
-namespace {
-
-constexpr double kZero = 1e-10;  // What is smaller in a coefficient is rounding.
-
-}  // namespace
 
 double LayoutRow::coefficient(int column) const {
   const auto at = std::lower_bound(terms.begin(), terms.end(), column,
@@ -21,7 +16,7 @@ void LayoutRow::add(double factor, const LayoutRow& other, int dropped) {
   thread_local std::vector<LayoutTerm> sum;
   sum.clear();
   const auto keep = [&](int column, double coefficient) {
-    if (column != dropped && std::abs(coefficient) > kZero) sum.push_back({column, coefficient});
+    if (column != dropped && std::abs(coefficient) > kLayoutZero) sum.push_back({column, coefficient});
   };
   auto own = terms.begin();
   auto others = other.terms.begin();
@@ -233,10 +228,10 @@ int LayoutTableau::leavingRow(int entering) const {
   double nearest = std::numeric_limits<double>::infinity();
   for (std::size_t at = 0; at < rows_.size(); ++at) {
     const double coefficient = rows_[at].coefficient(entering);
-    if (coefficient > -kZero) continue;
+    if (coefficient > -kLayoutZero) continue;
     const double limit = std::max(rows_[at].constant, 0.0) / -coefficient;
-    const bool isNearer =
-        leaving < 0 || limit < nearest - kZero || (limit < nearest + kZero && rows_[at].basic < rows_[leaving].basic);
+    const bool isNearer = leaving < 0 || limit < nearest - kLayoutZero ||
+                          (limit < nearest + kLayoutZero && rows_[at].basic < rows_[leaving].basic);
     if (isNearer) {
       leaving = static_cast<int>(at);
       nearest = limit;

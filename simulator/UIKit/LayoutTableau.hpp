@@ -11,6 +11,8 @@ namespace sim {
 
 /// What is smaller is rounding: points, or points of error saved for each point.
 constexpr double kLayoutTolerance = 1e-7;
+/// What is smaller in a coefficient is rounding.
+constexpr double kLayoutZero = 1e-10;
 
 /// A sum of columns and a constant. `terms` are sorted by column.
 struct LayoutRow {

@@ -2,7 +2,6 @@
 #import "LayoutProblem.h"
 
 #import <UIKit/LayoutState.h>
-#import <UIKit/NSLayoutAnchor+Sim.h>
 #import <UIKit/NSLayoutConstraint+Sim.h>
 #import <UIKit/UINavigationBar.h>
 #import <UIKit/UITableView.h>
@@ -258,58 +257,6 @@ UILayoutPriority checked(UILayoutPriority priority) {
   for (NSLayoutConstraint *constraint : mentions) [constraint setActive:NO];
   std::erase_if([self sim_layout].guides, [guide](const auto &own) { return own.get() == guide; });
   [guide sim_state].owner = nil;
-}
-
-@end
-
-@implementation UIView (UIViewLayoutConstraintCreation)
-
-- (NSLayoutXAxisAnchor *)leadingAnchor {
-  return (NSLayoutXAxisAnchor *)sim::anchorOf(self, NSLayoutAttributeLeading);
-}
-
-- (NSLayoutXAxisAnchor *)trailingAnchor {
-  return (NSLayoutXAxisAnchor *)sim::anchorOf(self, NSLayoutAttributeTrailing);
-}
-
-- (NSLayoutXAxisAnchor *)leftAnchor {
-  return (NSLayoutXAxisAnchor *)sim::anchorOf(self, NSLayoutAttributeLeft);
-}
-
-- (NSLayoutXAxisAnchor *)rightAnchor {
-  return (NSLayoutXAxisAnchor *)sim::anchorOf(self, NSLayoutAttributeRight);
-}
-
-- (NSLayoutYAxisAnchor *)topAnchor {
-  return (NSLayoutYAxisAnchor *)sim::anchorOf(self, NSLayoutAttributeTop);
-}
-
-- (NSLayoutYAxisAnchor *)bottomAnchor {
-  return (NSLayoutYAxisAnchor *)sim::anchorOf(self, NSLayoutAttributeBottom);
-}
-
-- (NSLayoutDimension *)widthAnchor {
-  return (NSLayoutDimension *)sim::anchorOf(self, NSLayoutAttributeWidth);
-}
-
-- (NSLayoutDimension *)heightAnchor {
-  return (NSLayoutDimension *)sim::anchorOf(self, NSLayoutAttributeHeight);
-}
-
-- (NSLayoutXAxisAnchor *)centerXAnchor {
-  return (NSLayoutXAxisAnchor *)sim::anchorOf(self, NSLayoutAttributeCenterX);
-}
-
-- (NSLayoutYAxisAnchor *)centerYAnchor {
-  return (NSLayoutYAxisAnchor *)sim::anchorOf(self, NSLayoutAttributeCenterY);
-}
-
-- (NSLayoutYAxisAnchor *)firstBaselineAnchor {
-  return (NSLayoutYAxisAnchor *)sim::anchorOf(self, NSLayoutAttributeFirstBaseline);
-}
-
-- (NSLayoutYAxisAnchor *)lastBaselineAnchor {
-  return (NSLayoutYAxisAnchor *)sim::anchorOf(self, NSLayoutAttributeLastBaseline);
 }
 
 @end
