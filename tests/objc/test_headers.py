@@ -60,25 +60,30 @@ def first_import(header):
 class Compiler:
     """Compiles headers alone, in one language.
 
-    Almost all begin with Foundation, by way of others or not. That is compiled once for all of these, which is what a
-    compiler sees of each alone; in C++ with what they keep their state in, which C does not know.
+    Almost all begin with Foundation or UIKit, by way of others or not. These are compiled once for all of them, which
+    is what a compiler sees of each alone; in C++ with what they keep their state in, which C does not know.
     """
 
-    FOUNDATION = "Foundation/Foundation.h"
+    BEGINNINGS = ("Foundation/Foundation.h", "UIKit/UIKit.h")
 
     def __init__(self, language, folder):
-        self._flags, self._foundation = LANGUAGES[language].split(), Path(folder) / "Foundation.pch"
-        text = f"#import <{self.FOUNDATION}>\n" + ("#include <memory>\n" if "C++" in language else "")
+        self._flags, self._folder = LANGUAGES[language].split(), Path(folder)
         # A header is compiled as another language than a source of the same.
         flags = [f"{flag}-header" if flag.startswith("objective-c") else flag for flag in self._flags]
-        clang(text, *flags, "-o", str(self._foundation)).check_returncode()
+        standard = "#include <memory>\n" if "C++" in language else ""
+        for beginning in self.BEGINNINGS:
+            text = f"#import <{beginning}>\n{standard}"
+            clang(text, *flags, "-o", str(self._precompiled(beginning))).check_returncode()
+
+    def _precompiled(self, beginning):
+        return self._folder / Path(beginning).with_suffix(".pch").name
 
     def check(self, header):
         """What the compiler says of `header`; nothing if it compiles."""
         first = first_import(header)
-        while first not in (None, self.FOUNDATION):
+        while first and first not in self.BEGINNINGS:
             first = first_import(first)
-        begun = ["-include-pch", str(self._foundation)] if first else []
+        begun = ["-include-pch", str(self._precompiled(first))] if first else []
         return clang(f"#import <{header}>\n", "-fsyntax-only", *self._flags, *begun).stderr
 
 
