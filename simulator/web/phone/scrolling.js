@@ -61,6 +61,8 @@ class Follower {
    * the content is at rest and bars cover more or less of it, as when the device is turned.
    */
   show(element, scrolling, offset) {
+    // What comes back stands where it was left.
+    if (!this.#element) this.#applied = placeOf(element);
     this.#element = element;
     this.#scrolling = scrolling;
     if (!scrolling || !offset) return;
@@ -106,7 +108,9 @@ class Follower {
     if (!this.#scrolling) return;
     const begins = this.#motion === null;
     if (begins) this.#begin(time);
-    this.#track = [...this.#recent(time), { time, left, top }];
+    // The last two places at least: a slow browser draws few frames.
+    const recent = this.#track.filter((each) => time - each.time < measured);
+    this.#track = [...recent.length > 0 ? recent : this.#track.slice(-1), { time, left, top }];
     if (!('onscrollend' in window)) this.#awaitRest();
     if (!this.#scrolling.followed) return;
     const phase = !this.#motion.isByHand ? 'jumped' : begins ? 'began' : 'moved';
@@ -160,16 +164,12 @@ class Follower {
     this.#frame = 0;
   }
 
-  #recent(time) {
-    return this.#track.filter((each) => time - each.time < measured);
-  }
-
   /** Points a millisecond to the right and down, in the last moments before `time`. */
   #velocity(time) {
-    const recent = this.#recent(time);
-    const [first, last] = [recent[0], recent.at(-1)];
-    const duration = recent.length > 1 ? last.time - first.time : 0;
-    return duration > 0 ? [(last.left - first.left) / duration, (last.top - first.top) / duration] : [0, 0];
+    const [first, last] = [this.#track[0], this.#track.at(-1)];
+    const duration = last ? last.time - first.time : 0;
+    if (duration === 0 || time - last.time > measured) return [0, 0];
+    return [(last.left - first.left) / duration, (last.top - first.top) / duration];
   }
 }
 

@@ -30,7 +30,8 @@ function Pages({ view }) {
   const count = (length, page) => Math.min(Math.max(Math.ceil(length / page) || 1, 1), mostPages);
   const columns = count(view.contentSize[0], width);
   const places = Array.from({ length: Math.min(columns * count(view.contentSize[1], height), mostPages) }, (_, at) => ({
-    left: `${(at % columns) * width}px`, top: `${Math.floor(at / columns) * height}px`,
+    left: `${(at % columns) * width}px`, top: `${Math.floor(at / columns) * height}px`, width: `${width}px`,
+    height: `${height}px`,
   }));
   return places.map((place, at) => html`<span class="scroll-page" key=${at} style=${place}></span>`);
 }
