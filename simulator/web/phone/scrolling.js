@@ -4,9 +4,10 @@ import { useContext, useEffect, useLayoutEffect, useRef } from 'htm/preact/stand
 import { ScrollReports } from '/phone/scrollReports.js';
 import { SessionContext } from '/session.js';
 
-// Milliseconds: for how long after a wheel or a finger has moved it is what scrolls; after which scrolling has ended in
-// a browser that does not tell; over which the speed of a finger is measured.
-const handed = 500;
+// Milliseconds: for how long after a wheel or a finger has moved it is what scrolls, also in a busy browser;
+// after which a wheel is not turned on, and scrolling has ended in a browser that does not tell; over which the
+// speed of a finger is measured.
+const handed = 1500;
 const quiet = 150;
 const measured = 100;
 // Points a millisecond above which content glides on when the finger is lifted.
@@ -83,10 +84,11 @@ class Follower {
     const on = (type, act) => element.addEventListener(type, act, { passive: true, signal: listening.signal });
     const isOwn = (act) => (event) => event.target === element && act(event);
     on('scroll', isOwn(({ timeStamp }) => this.#move(timeStamp)));
-    on('scrollend', isOwn(() => this.#rest()));
+    // A wheel that is turned on is one drag.
+    on('scrollend', isOwn(() => (this.#motion?.isTouch ? this.#rest() : this.#awaitRest())));
     for (const type of ['wheel', 'touchmove']) {
-      on(type, ({ timeStamp }) => {
-        this.#handedAt = timeStamp;
+      on(type, () => {
+        this.#handedAt = performance.now();
       });
     }
     // What is pressed or touched stops: what comes then is about the content as it lies now, or another drag.
@@ -97,7 +99,8 @@ class Follower {
     for (const type of ['touchend', 'touchcancel']) on(type, (event) => this.#lift(event));
     return () => {
       listening.abort();
-      this.#forgetTimers();
+      cancelAnimationFrame(this.#frame);
+      clearTimeout(this.#timer);
     };
   }
 
@@ -107,7 +110,8 @@ class Follower {
     this.#applied = null;
     if (!this.#scrolling) return;
     const begins = this.#motion === null;
-    if (begins) this.#begin(time);
+    if (begins) this.#begin();
+    clearTimeout(this.#timer);
     // The last two places at least: a slow browser draws few frames.
     const recent = this.#track.filter((each) => time - each.time < measured);
     this.#track = [...recent.length > 0 ? recent : this.#track.slice(-1), { time, left, top }];
@@ -118,8 +122,8 @@ class Follower {
     else if (this.#frame === 0) this.#frame = requestAnimationFrame(() => this.#report(phase));
   }
 
-  #begin(time) {
-    const isByHand = this.#isTouched || time - this.#handedAt < handed;
+  #begin() {
+    const isByHand = this.#isTouched || performance.now() - this.#handedAt < handed;
     this.#motion = { isByHand, isTouch: this.#isTouched };
     this.#track = [];
   }
@@ -127,7 +131,7 @@ class Follower {
   #lift({ touches, timeStamp }) {
     if (touches.length > 0) return;
     this.#isTouched = false;
-    this.#handedAt = timeStamp;
+    this.#handedAt = performance.now();
     const velocity = this.#velocity(timeStamp);
     if (!this.#motion || !this.#scrolling?.followed || Math.hypot(...velocity) < gliding) return;
     this.#report('lifted', { velocity });
@@ -141,9 +145,10 @@ class Follower {
   #rest() {
     const motion = this.#motion;
     this.#motion = null;
-    if (!motion || !this.#scrolling) return;
+    clearTimeout(this.#timer);
+    if (!motion) return;
     if (!motion.isByHand) this.#report('jumped');
-    else if (!this.#scrolling.followed) this.#report();
+    else if (!this.#scrolling?.followed) this.#report();
     else {
       // A wheel leaves content that glides to where it comes to rest.
       if (!motion.isTouch) this.#report('lifted');
@@ -152,16 +157,12 @@ class Follower {
   }
 
   #report(phase, more) {
-    this.#forgetTimers();
+    cancelAnimationFrame(this.#frame);
+    this.#frame = 0;
+    if (!this.#scrolling) return;
     const { left, top } = placeOf(this.#element);
     const { id, start } = this.#scrolling;
     this.#reports.add({ id, ...phase && { phase }, x: left + start[0], y: top + start[1], ...more });
-  }
-
-  #forgetTimers() {
-    cancelAnimationFrame(this.#frame);
-    clearTimeout(this.#timer);
-    this.#frame = 0;
   }
 
   /** Points a millisecond to the right and down, in the last moments before `time`. */

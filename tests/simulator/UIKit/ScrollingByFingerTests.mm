@@ -93,6 +93,14 @@ using sim::ScrollPhase;
 }
 @end
 
+/// Stays where it is, whatever anybody says.
+@interface FrozenScrollView : UIScrollView
+@end
+@implementation FrozenScrollView
+- (void)setContentOffset:(CGPoint)offset {
+}
+@end
+
 @interface LaidOutScrollView : UIScrollView
 @end
 @implementation LaidOutScrollView
@@ -253,6 +261,8 @@ TEST_F(ScrollingByFingerTest, onlyCodeCountsAsSettingThePosition) {
   [view_.get() setContentOffset:CGPointMake(0, 100)];
   const auto second = number();
   EXPECT_NE(second, first);
+  [view_.get() setContentOffset:CGPointMake(0, 90)];
+  EXPECT_NE(number(), second) << "also where the system has moved it to before";
   [view_.get() scrollRectToVisible:CGRectMake(0, 900, 10, 10) animated:NO];
   EXPECT_NE(number(), second);
   const auto other = adopt([[UIScrollView alloc] initWithFrame:CGRectZero]);
@@ -280,6 +290,42 @@ TEST_F(ScrollingByFingerTest, aClassThatHasItsOwnIdeaOfThePositionHasItTold) {
   scroll(10, ScrollPhase::kWhole);
   EXPECT_EQ(y(), 50);
   EXPECT_NE(number(), before);
+}
+
+TEST_F(ScrollingByFingerTest, aClassThatDoesNotMoveHasThatTold) {
+  show(adopt<UIScrollView>([[FrozenScrollView alloc] initWithFrame:CGRectMake(0, 0, 100, 200)]));
+  const auto before = number();
+  scroll(60, ScrollPhase::kWhole);
+  EXPECT_EQ(y(), 0);
+  EXPECT_NE(number(), before);
+}
+
+TEST_F(ScrollingByFingerTest, contentCanBeMovedWhereThereIsMoreOfItThanRoom) {
+  UIScrollView *view = view_.get();
+  EXPECT_TRUE([view sim_isScrollable]) << "down";
+  [view setContentSize:CGSizeMake(101, 200)];
+  EXPECT_TRUE([view sim_isScrollable]) << "sideways";
+  [view setContentSize:CGSizeMake(100, 200)];
+  EXPECT_FALSE([view sim_isScrollable]);
+  [view setContentInset:UIEdgeInsetsMake(0, 0, 1, 0)];
+  EXPECT_TRUE([view sim_isScrollable]);
+  [view setScrollEnabled:NO];
+  EXPECT_FALSE([view sim_isScrollable]);
+}
+
+TEST_F(ScrollingByFingerTest, aViewThatBouncesSidewaysKeepsClearOfWhatCoversItsSides) {
+  SIMSetMainScreen(CGSizeMake(844, 390), 3, UIEdgeInsetsMake(0, 47, 21, 47));
+  const auto window = adopt([[UIWindow alloc] init]);
+  const auto page = adopt([[UIViewController alloc] init]);
+  [window.get() setRootViewController:page.get()];
+  [window.get() makeKeyAndVisible];
+  [view_.get() setFrame:[[page.get() view] bounds]];
+  [view_.get() setContentSize:CGSizeMake(800, 300)];
+  [[page.get() view] addSubview:view_.get()];
+  [window.get() layoutIfNeeded];
+  EXPECT_EQ([view_.get() adjustedContentInset].left, 0);
+  [view_.get() setAlwaysBounceHorizontal:YES];
+  EXPECT_EQ([view_.get() adjustedContentInset].left, 47);
 }
 
 TEST_F(ScrollingByFingerTest, theDelegateSaysWhereContentComesToRest) {
