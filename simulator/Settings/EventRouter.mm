@@ -10,6 +10,7 @@
 
 #import "Settings/BarButtons.h"
 #import "Settings/ElementId.hpp"
+#import "Settings/Scrolling.h"
 #import "Settings/Touches.h"
 #import "Settings/controls/AccessoryButton.h"
 #import "Settings/controls/Controls.h"
@@ -176,8 +177,33 @@ class Route {
     if (!to) return malformed("A \"scroll\" event has \"to\", [section, row].");
     if (presented_ || ![table() sim_hasRowAtIndexPath:to.value()]) return unknown();
     (void)[table() sim_closeSwipedRow];
-    [table() scrollToRowAtIndexPath:to.value() atScrollPosition:UITableViewScrollPositionMiddle animated:NO];
+    [table() sim_showRowInMiddle:to.value()];
     return {};
+  }
+
+  /// A finger has moved what scrolls.
+  EventResult scrolled() const {
+    if (event_.contains("id") && !hasId()) return malformed("An \"id\" is a text.");
+    if (!isNumberOrMissing("x") || !isNumberOrMissing("y")) return malformed("\"x\" and \"y\" are numbers of points.");
+    const std::string *name = textIn(event_, "phase");
+    const auto phase = name ? scrollPhaseNamed(*name) : std::nullopt;
+    if (event_.contains("phase") && !phase) {
+      return malformed("The \"phase\" of a scroll is \"began\", \"moved\", \"lifted\", \"ended\" or \"jumped\".");
+    }
+    if (event_.contains("velocity") && !pair("velocity")) return malformed("A \"velocity\" is [x, y].");
+    const Scroll scroll{.x = numberIn("x"),
+                        .y = numberIn("y"),
+                        .phase = phase.value_or(ScrollPhase::kWhole),
+                        .velocity = pair("velocity").value_or(CGPointZero)};
+    if (!scroll.x && !scroll.y) return malformed("A \"scrolled\" event has \"x\", \"y\" or both.");
+    const auto view = objcxx::share(scrolledView());
+    if (!view) return unknown();
+    if (![view.get() isKindOfClass:[UIScrollView class]]) return refused("This is nothing that scrolls.");
+    return scrollTo((UIScrollView *)view.get(), scroll);
+  }
+
+  EventResult scrollToTop() const {
+    return presented_ ? refused("Something covers the page.") : sim::scrollToTop(page_);
   }
 
   EventResult pick() const {
@@ -295,6 +321,13 @@ class Route {
     return [table() sim_cellForControlEventsAtIndexPath:pathOf(*id)];
   }
 
+  /// What a finger that scrolls is on: the page's table where the event does not say.
+  UIView *scrolledView() const {
+    if (!event_.contains("id")) return presented_ ? nullptr : table();
+    const auto id = elementId();
+    return id && id->kind == ElementKind::kView ? viewOf(*id) : nullptr;
+  }
+
   EventResult tapView(const ElementId &id) const {
     const auto view = objcxx::share(viewOf(id));
     if (!view) return unknown();
@@ -347,6 +380,8 @@ EventResult routeEvent(const Json &event, UINavigationController *navigation, Pa
   if (name == "clear") return route.clear();
   if (name == "move") return route.move();
   if (name == "scroll") return route.scroll();
+  if (name == "scrolled") return route.scrolled();
+  if (name == "scrollToTop") return route.scrollToTop();
   if (name == "pick") return route.pick();
   if (name == "dismiss") return route.dismiss();
   return malformed("Unknown event type.");

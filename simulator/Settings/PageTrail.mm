@@ -177,7 +177,7 @@ bool PageTrail::reopen(const Json &place, UINavigationController *navigation, Pa
     renumber(page, pageNumberIn(entry), numbers);
     UITableView *table = [page isViewLoaded] ? tableOf(page) : nil;
     if (const auto offset = numberIn(entry, "offset"); table && offset) {
-      [table setContentOffset:CGPointMake([table contentOffset].x, *offset)];
+      [table sim_moveQuietlyTo:CGPointMake([table contentOffset].x, *offset)];
     }
   }
   return true;

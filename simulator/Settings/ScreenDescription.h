@@ -53,4 +53,7 @@ UIViewController *presentedOver(UINavigationController *navigation);
 /// rows, with the exception's name as a footer.
 void writeScreen(JsonText &out, UINavigationController *navigation, PageNumbers &numbers, ImageStore &images);
 
+/// Writes where the table of the page in front stands: [x, y] in points; null without one.
+void writeContentOffset(JsonText &out, UINavigationController *navigation);
+
 }  // namespace sim

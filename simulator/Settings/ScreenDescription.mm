@@ -14,6 +14,7 @@
 #import "Settings/ImageStore.h"
 #import "Settings/JsonValues.h"
 #import "Settings/RowDescription.h"
+#import "Settings/Scrolling.h"
 #import "Settings/Touches.h"
 #import "Settings/presented/Presented.h"
 #import "Settings/views/Views.h"
@@ -101,6 +102,7 @@ void writeContent(JsonText &out, UIViewController *page, std::uint32_t number, I
   } else {
     out.null();
   }
+  writeScrolling(out.name("scrolling"), table);
   writeSearch(out.name("search"), page, images);
   out.name("editing").flag([table sim_isInEditingMode]);
   if (table) {
@@ -199,6 +201,13 @@ void writeScreen(JsonText &out, UINavigationController *navigation, PageNumbers 
   }
   out.endObject();
   numbers.endDescription();
+}
+
+void writeContentOffset(JsonText &out, UINavigationController *navigation) {
+  UIViewController *page = [navigation topViewController];
+  UITableView *table = [page isViewLoaded] ? tableOf(page) : nil;
+  if (!table) return out.null();
+  writePoint(out, [table contentOffset]);
 }
 
 }  // namespace sim

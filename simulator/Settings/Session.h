@@ -68,6 +68,9 @@ class Session final {
   wire::Reply work(const wire::CallWidget &call);
   wire::Reply work(const wire::OpenPreferences &call);
 
+  /// The beginning of the screen's text: what may change without the screen being another one.
+  std::string head() const;
+
   Stage *const stage_;
   objcxx::Retained<UIWindow> window_;
   objcxx::Retained<UINavigationController> navigation_;
@@ -76,7 +79,7 @@ class Session final {
   ImageStore images_;
   std::uint64_t revision_;
   std::string text_;
-  std::size_t headLength_ = 0;  // Bytes of `text_` that hold the revision; the rest is the description.
+  std::size_t headLength_ = 0;  // Bytes of `text_` that are the `head`; the rest is the description.
 };
 
 }  // namespace sim

@@ -67,14 +67,23 @@ bool Session::refresh() {
   if (guarded(@"describing the screen", [&] { writeScreen(now, navigation_.get(), numbers_, images_); })) return false;
   // What follows the opening brace.
   const std::string_view description = std::string_view(now.text()).substr(1);
-  if (description == std::string_view(text_).substr(headLength_)) return false;
-  if (!text_.empty()) ++revision_;
-  std::string text = "{\"revision\":" + std::to_string(revision_) + ',';
+  const bool isSame = description == std::string_view(text_).substr(headLength_);
+  if (!isSame && !text_.empty()) ++revision_;
+  std::string text = head();
   headLength_ = text.size();
   text += description;
   text_ = std::move(text);
+  if (isSame) return false;
   images_.accept();
   return true;
+}
+
+std::string Session::head() const {
+  JsonText out;
+  out.beginObject();
+  out.name("revision").natural(revision_);
+  writeContentOffset(out.name("contentOffset"), navigation_.get());
+  return std::move(out).text() + ',';
 }
 
 wire::Reply Session::perform(const wire::Call &call) {

@@ -1,4 +1,4 @@
-// A view that shows a part of a larger content. Here it holds the state of scrolling only.
+// A view that shows a part of a larger content. A finger moves the content between its edges; nothing bounces.
 #pragma once
 
 #import <UIKit/UIView.h>
@@ -24,6 +24,19 @@ typedef NS_ENUM(NSInteger, UIScrollViewContentInsetAdjustmentBehavior) {
 @protocol UIScrollViewDelegate <NSObject>
 @optional
 - (void)scrollViewDidScroll:(UIScrollView *)scrollView;
+- (void)scrollViewWillBeginDragging:(UIScrollView *)scrollView;
+/// `velocity` is in points a millisecond. The content comes to rest at `targetContentOffset`, which may be changed.
+- (void)scrollViewWillEndDragging:(UIScrollView *)scrollView
+                     withVelocity:(CGPoint)velocity
+              targetContentOffset:(inout CGPoint *)targetContentOffset;
+- (void)scrollViewDidEndDragging:(UIScrollView *)scrollView willDecelerate:(BOOL)decelerate;
+- (void)scrollViewWillBeginDecelerating:(UIScrollView *)scrollView;
+- (void)scrollViewDidEndDecelerating:(UIScrollView *)scrollView;
+/// At the next turn of the main queue after code has moved the content with animation.
+- (void)scrollViewDidEndScrollingAnimation:(UIScrollView *)scrollView;
+/// YES where the delegate does not say.
+- (BOOL)scrollViewShouldScrollToTop:(UIScrollView *)scrollView;
+- (void)scrollViewDidScrollToTop:(UIScrollView *)scrollView;
 - (void)scrollViewDidChangeAdjustedContentInset:(UIScrollView *)scrollView;
 @end
 
@@ -49,6 +62,16 @@ SIM_STATE_TYPE(ScrollViewState);
 @property(nonatomic, getter=isScrollEnabled) BOOL scrollEnabled;
 @property(nonatomic) BOOL bounces;
 @property(nonatomic) BOOL alwaysBounceVertical;
+@property(nonatomic) BOOL alwaysBounceHorizontal;
+/// NO at first. With YES the content comes to rest at multiples of the view's size.
+@property(nonatomic, getter=isPagingEnabled) BOOL pagingEnabled;
+/// YES at first: a tap on the status bar brings the top of the content back, unless several views on the screen say so.
+@property(nonatomic) BOOL scrollsToTop;
+/// Whether a finger is on the content and moves it.
+@property(nonatomic, readonly, getter=isTracking) BOOL tracking;
+@property(nonatomic, readonly, getter=isDragging) BOOL dragging;
+/// Whether the content still moves after the finger was lifted.
+@property(nonatomic, readonly, getter=isDecelerating) BOOL decelerating;
 @property(nonatomic) BOOL showsVerticalScrollIndicator;
 @property(nonatomic) BOOL showsHorizontalScrollIndicator;
 @property(nonatomic) UIScrollViewKeyboardDismissMode keyboardDismissMode;

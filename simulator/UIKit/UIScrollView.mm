@@ -1,28 +1,13 @@
-#import <UIKit/UIScrollView.h>
+#import "UIScrollViewState.h"
 
 #import <Foundation/NotCarried.h>
 #import <UIKit/LayoutState.h>
 #import <UIKit/UINavigationController.h>
 #import <UIKit/UIView+Sim.h>
+#import <dispatch/dispatch.h>
 
 #include <algorithm>
-
-namespace sim {
-struct ScrollViewState {
-  CGSize contentSize = CGSizeZero;
-  UIEdgeInsets contentInset = UIEdgeInsetsZero;
-  UIEdgeInsets indicatorInsets = UIEdgeInsetsZero;
-  UIScrollViewContentInsetAdjustmentBehavior adjustment = UIScrollViewContentInsetAdjustmentAutomatic;
-  UIEdgeInsets toldInset = UIEdgeInsetsZero;  // The adjusted one that was told last.
-  BOOL scrollEnabled = YES;
-  BOOL bounces = YES;
-  BOOL alwaysBounceVertical = NO;
-  BOOL showsVerticalIndicator = YES;
-  BOOL showsHorizontalIndicator = YES;
-  UIScrollViewKeyboardDismissMode keyboardDismissMode = UIScrollViewKeyboardDismissModeNone;
-  id<UIScrollViewDelegate> delegate = nil;  // not owned
-};
-}  // namespace sim
+#include <utility>
 
 @implementation UIScrollView
 
@@ -42,23 +27,43 @@ struct ScrollViewState {
   _scrollViewState->delegate = delegate;
 }
 
+/// What is not on the screen is moved by nobody.
+- (void)didMoveToWindow {
+  [super didMoveToWindow];
+  if (![self window]) _scrollViewState->motion = sim::ScrollMotion::kNone;
+}
+
 - (CGPoint)contentOffset {
   return [self bounds].origin;
 }
 
 - (void)setContentOffset:(CGPoint)contentOffset {
-  [self setContentOffset:contentOffset animated:NO];
-}
-
-- (void)setContentOffset:(CGPoint)contentOffset animated:(BOOL)animated {
   CGRect bounds = [self bounds];
   if (CGPointEqualToPoint(bounds.origin, contentOffset)) return;
 
+  [self sim_willMoveTo:contentOffset];
   bounds.origin = contentOffset;
   [self setBounds:bounds];
   [self setNeedsLayout];
   id<UIScrollViewDelegate> delegate = _scrollViewState->delegate;
   if ([delegate respondsToSelector:@selector(scrollViewDidScroll:)]) [delegate scrollViewDidScroll:self];
+}
+
+- (void)setContentOffset:(CGPoint)contentOffset animated:(BOOL)animated {
+  const bool moves = !CGPointEqualToPoint([self contentOffset], contentOffset);
+  [self setContentOffset:contentOffset];
+  if (animated && moves) [self sim_endScrollingAnimation];
+}
+
+/// At the next turn of the main queue.
+- (void)sim_endScrollingAnimation {
+  const auto kept = objcxx::share(self);
+  dispatch_async(dispatch_get_main_queue(), ^{
+    id<UIScrollViewDelegate> delegate = [kept.get() delegate];
+    if ([delegate respondsToSelector:@selector(scrollViewDidEndScrollingAnimation:)]) {
+      [delegate scrollViewDidEndScrollingAnimation:kept.get()];
+    }
+  });
 }
 
 - (void)scrollRectToVisible:(CGRect)rect animated:(BOOL)animated {
@@ -72,12 +77,26 @@ struct ScrollViewState {
                 animated:animated];
 }
 
+- (BOOL)isTracking {
+  return [self isDragging];
+}
+
+- (BOOL)isDragging {
+  const auto motion = _scrollViewState->motion;
+  return motion == sim::ScrollMotion::kDragging || motion == sim::ScrollMotion::kLifting;
+}
+
+- (BOOL)isDecelerating {
+  return _scrollViewState->motion == sim::ScrollMotion::kDecelerating;
+}
+
 - (CGSize)contentSize {
   return _scrollViewState->contentSize;
 }
 
 - (void)setContentSize:(CGSize)contentSize {
-  _scrollViewState->contentSize = contentSize;
+  const CGSize former = std::exchange(_scrollViewState->contentSize, contentSize);
+  if (contentSize.width < former.width || contentSize.height < former.height) [self sim_stayWithinContent];
 }
 
 - (UILayoutGuide *)contentLayoutGuide {
@@ -129,7 +148,7 @@ struct ScrollViewState {
   const BOOL always = behavior == UIScrollViewContentInsetAdjustmentAlways;
   const CGSize size = [self bounds].size;
   const CGSize content = [self contentSize];
-  const BOOL acrossScrolls = content.width > size.width;
+  const BOOL acrossScrolls = content.width > size.width || [self alwaysBounceHorizontal];
   const BOOL downScrolls =
       content.height > size.height || [self alwaysBounceVertical] || (isAutomatic && [page navigationController]);
   const UIEdgeInsets safeArea = [self safeAreaInsets];
@@ -154,6 +173,10 @@ struct ScrollViewState {
   if (UIEdgeInsetsEqualToEdgeInsets(former, inset)) return;
 
   _scrollViewState->toldInset = inset;
+  const CGPoint offset = [self contentOffset];
+  const CGPoint least = [self sim_leastOffset];
+  [self sim_moveQuietlyTo:CGPointMake(offset.x == -former.left ? least.x : offset.x,
+                                      offset.y == -former.top ? least.y : offset.y)];
   [self adjustedContentInsetDidChange];
   id<UIScrollViewDelegate> delegate = _scrollViewState->delegate;
   if ([delegate respondsToSelector:@selector(scrollViewDidChangeAdjustedContentInset:)]) {
@@ -181,6 +204,7 @@ struct ScrollViewState {
 
 - (void)setScrollEnabled:(BOOL)scrollEnabled {
   _scrollViewState->scrollEnabled = scrollEnabled;
+  if (!scrollEnabled) [self sim_comeToRest];
 }
 
 - (BOOL)bounces {
@@ -197,6 +221,30 @@ struct ScrollViewState {
 
 - (void)setAlwaysBounceVertical:(BOOL)alwaysBounceVertical {
   _scrollViewState->alwaysBounceVertical = alwaysBounceVertical;
+}
+
+- (BOOL)alwaysBounceHorizontal {
+  return _scrollViewState->alwaysBounceHorizontal;
+}
+
+- (void)setAlwaysBounceHorizontal:(BOOL)alwaysBounceHorizontal {
+  _scrollViewState->alwaysBounceHorizontal = alwaysBounceHorizontal;
+}
+
+- (BOOL)isPagingEnabled {
+  return _scrollViewState->pagingEnabled;
+}
+
+- (void)setPagingEnabled:(BOOL)pagingEnabled {
+  _scrollViewState->pagingEnabled = pagingEnabled;
+}
+
+- (BOOL)scrollsToTop {
+  return _scrollViewState->scrollsToTop;
+}
+
+- (void)setScrollsToTop:(BOOL)scrollsToTop {
+  _scrollViewState->scrollsToTop = scrollsToTop;
 }
 
 - (BOOL)showsVerticalScrollIndicator {

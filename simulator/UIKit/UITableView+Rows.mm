@@ -317,26 +317,22 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
   [state.tableFooterView.get() setFrame:CGRectMake(0, height - footerHeight, bounds.size.width, footerHeight)];
 }
 
-- (void)sim_scrollTo:(sim::RowIndex)index position:(UITableViewScrollPosition)position {
+- (CGPoint)sim_offsetForRow:(sim::RowIndex)index position:(UITableViewScrollPosition)position {
   [self sim_settleHeightOf:index cell:nil];
+  [self setContentSize:CGSizeMake([self bounds].size.width, _tableViewState->geometry.totalHeight())];
   const CGRect row = [self sim_rectOf:index];
   const CGRect bounds = [self bounds];
-  const CGFloat bottom = row.origin.y + row.size.height;
+  const UIEdgeInsets inset = [self adjustedContentInset];
+  const CGFloat atTop = row.origin.y - inset.top;
+  const CGFloat atBottom = CGRectGetMaxY(row) + inset.bottom - bounds.size.height;
   CGFloat y = bounds.origin.y;
   switch (position) {
-    case UITableViewScrollPositionNone:
-      if (row.origin.y < y) {
-        y = row.origin.y;
-      } else if (bottom > y + bounds.size.height) {
-        y = bottom - bounds.size.height;
-      }
-      break;
-    case UITableViewScrollPositionTop: y = row.origin.y; break;
-    case UITableViewScrollPositionMiddle: y = row.origin.y + (row.size.height - bounds.size.height) / 2; break;
-    case UITableViewScrollPositionBottom: y = bottom - bounds.size.height; break;
+    case UITableViewScrollPositionNone: y = atTop < y ? atTop : std::max(y, atBottom); break;
+    case UITableViewScrollPositionTop: y = atTop; break;
+    case UITableViewScrollPositionMiddle: y = (atTop + atBottom) / 2; break;
+    case UITableViewScrollPositionBottom: y = atBottom; break;
   }
-  const CGFloat lowest = std::max<CGFloat>(_tableViewState->geometry.totalHeight() - bounds.size.height, 0);
-  [self setContentOffset:CGPointMake(bounds.origin.x, std::clamp<CGFloat>(y, 0, lowest)) animated:NO];
+  return CGPointMake(bounds.origin.x, std::clamp(y, [self sim_leastOffset].y, [self sim_greatestOffset].y));
 }
 
 @end

@@ -80,7 +80,8 @@
   if (!indexPath) return;
   [self sim_setSelected:YES row:index animated:animated];
   // For this method alone, "none" means: do not scroll.
-  if (scrollPosition != UITableViewScrollPositionNone) [self sim_scrollTo:index position:scrollPosition];
+  if (scrollPosition == UITableViewScrollPositionNone) return;
+  [self setContentOffset:[self sim_offsetForRow:index position:scrollPosition] animated:animated];
 }
 
 - (void)deselectRowAtIndexPath:(NSIndexPath *)indexPath animated:(BOOL)animated {

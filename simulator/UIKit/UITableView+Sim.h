@@ -1,6 +1,7 @@
 // The simulator's own face of a table view: how the host shows its rows and passes on what a finger does.
 #pragma once
 
+#import <UIKit/UIScrollView+Sim.h>
 #import <UIKit/UITableView.h>
 
 #include <UIKit/RowNumbers.hpp>
@@ -49,6 +50,8 @@
 - (CGFloat)sim_likelyHeightOfRowAtIndexPath:(NSIndexPath *)indexPath;
 /// The final height in points, never an estimate; 0 for a row that is not there.
 - (CGFloat)sim_heightOfRowAtIndexPath:(NSIndexPath *)indexPath;
+/// Has the row in the middle of what can be seen, without anybody's code having moved it.
+- (void)sim_showRowInMiddle:(NSIndexPath *)indexPath;
 /// Scrolls the row into the bounds and gives its live cell, whose controls may then be worked; nil for a row that is
 /// not there.
 - (UITableViewCell *)sim_cellForControlEventsAtIndexPath:(NSIndexPath *)indexPath;

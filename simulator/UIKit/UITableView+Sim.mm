@@ -133,6 +133,13 @@ long rowsBefore(std::optional<sim::RowIndex> index, long section, long count) {
   return state.geometry.contains(index) ? state.geometry.height(index) : 0;
 }
 
+- (void)sim_showRowInMiddle:(NSIndexPath *)indexPath {
+  [self sim_loadIfNeeded];
+  const sim::RowIndex index = sim::indexOf(indexPath);
+  if (!_tableViewState->geometry.contains(index)) return;
+  [self sim_moveQuietlyTo:[self sim_offsetForRow:index position:UITableViewScrollPositionMiddle]];
+}
+
 - (UITableViewCell *)sim_cellForControlEventsAtIndexPath:(NSIndexPath *)indexPath {
   [self sim_prepareForDescription];
   const sim::RowIndex index = sim::indexOf(indexPath);
@@ -140,7 +147,8 @@ long rowsBefore(std::optional<sim::RowIndex> index, long section, long count) {
   constexpr int mostAttempts = 8;
   for (int attempt = 0; attempt < mostAttempts && _tableViewState->geometry.contains(index); ++attempt) {
     if (UITableViewCell *cell = [self cellForRowAtIndexPath:indexPath]) return cell;
-    [self sim_scrollTo:index position:attempt == 0 ? UITableViewScrollPositionNone : UITableViewScrollPositionTop];
+    const auto position = attempt == 0 ? UITableViewScrollPositionNone : UITableViewScrollPositionTop;
+    [self sim_moveQuietlyTo:[self sim_offsetForRow:index position:position]];
     [self setNeedsLayout];
     [self layoutIfNeeded];
   }

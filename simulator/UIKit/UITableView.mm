@@ -310,9 +310,10 @@ void requireSection(const sim::TableGeometry &geometry, NSInteger section) {
   sim::RowIndex index = sim::indexOf(indexPath);
   if (index.row == NSNotFound) {
     requireSection(geometry, index.section);
-    [self setContentOffset:CGPointMake([self contentOffset].x, geometry.sectionTop(index.section)) animated:animated];
+    const CGFloat top = geometry.sectionTop(index.section) - [self adjustedContentInset].top;
+    [self setContentOffset:CGPointMake([self contentOffset].x, top) animated:animated];
   } else if (geometry.contains(index)) {
-    [self sim_scrollTo:index position:position];
+    [self setContentOffset:[self sim_offsetForRow:index position:position] animated:animated];
   } else {
     [NSException raise:NSRangeException format:@"There is no row %@ to scroll to.", indexPath];
   }

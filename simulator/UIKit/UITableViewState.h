@@ -134,7 +134,8 @@ inline RowIndex indexOf(NSIndexPath *path) {
 - (void)sim_retireAllCells;
 /// Lays the rows out now, or once more after the layout that is under way.
 - (void)sim_layOutRows;
-- (void)sim_scrollTo:(sim::RowIndex)index position:(UITableViewScrollPosition)position;
+/// Where the content has to be for the row, which is there, to show at that place beside what bars cover.
+- (CGPoint)sim_offsetForRow:(sim::RowIndex)index position:(UITableViewScrollPosition)position;
 - (CGRect)sim_rectOf:(sim::RowIndex)index;
 /// The distance of texts from what can be seen of rows, headers and footers.
 - (CGFloat)sim_margin;

@@ -95,18 +95,17 @@ export class Session {
    * with whether it was taken.
    */
   touch(part) {
-    const done = this.#input.then(async () => {
-      try {
-        this.#show(await this.#api.event({ type: 'touch', ...part }));
-        return true;
-      } catch (error) {
-        if (!(error instanceof ApiError)) throw error;
-        await this.#refreshScreen();
-        return false;
-      }
-    });
-    this.#input = done;
-    return done;
+    return this.#tell({ type: 'touch', ...part });
+  }
+
+  /** Tells where a person has scrolled what the screen of that moment still `holds`; otherwise like `touch`. */
+  scrolled(part, holds) {
+    return this.#tell({ type: 'scrolled', ...part }, holds);
+  }
+
+  /** A tap on the status bar. */
+  scrollToTop() {
+    return this.send(() => ({ type: 'scrollToTop' }));
   }
 
   /** Adds what is on the device's pasteboard to the text of a field. */
@@ -206,6 +205,22 @@ export class Session {
     return this.#refreshScreen();
   }
 
+  #tell(event, holds = () => true) {
+    const done = this.#input.then(async () => {
+      if (!holds(this.store.state.screen)) return false;
+      try {
+        this.#show(await this.#api.event(event));
+        return true;
+      } catch (error) {
+        if (!(error instanceof ApiError)) throw error;
+        await this.#refreshScreen();
+        return false;
+      }
+    });
+    this.#input = done;
+    return done;
+  }
+
   #queue(perform) {
     const done = this.#input.then(() => this.#deliver(perform));
     this.#input = done;
@@ -251,7 +266,9 @@ export class Session {
   #show(screen) {
     const shown = this.store.state.screen;
     if (shown && screen.revision < shown.revision) return;
-    this.store.set({ screen, screenError: null });
+    // What may be different under one revision, the position of a table, is the browser's own.
+    const isSame = shown?.revision === screen.revision && this.store.state.screenError === null;
+    if (!isSame) this.store.set({ screen, screenError: null });
   }
 
   async #loadScreen() {

@@ -30,8 +30,8 @@ void writeHead(JsonText& out, std::string_view title) {
 }  // namespace
 
 void writeNotice(JsonText& out, std::string_view header, std::string_view footer) {
-  writeNulls(out, "backgroundColor", "backgroundView", "headerView", "footerView", "interfaceStyle", "search",
-             "separatorColor", "touchId", "view");
+  writeNulls(out, "backgroundColor", "backgroundView", "headerView", "footerView", "interfaceStyle", "scrolling",
+             "search", "separatorColor", "touchId", "view");
   out.name("separators").flag(true);
   out.name("scrolls").flag(true);
   out.name("contentInset").beginArray();
@@ -60,6 +60,7 @@ std::string noticeScreen(std::uint64_t revision, std::string_view header, std::s
   JsonText out;
   out.beginObject();
   out.name("revision").natural(revision);
+  writeNulls(out, "contentOffset");
   out.name("path").beginArray();
   out.string(kTitle);
   out.endArray();

@@ -81,6 +81,39 @@ test('Scrolling draws each row once, and typing draws none', async (t) => {
   assert.deepEqual(fake.events, []);
 });
 
+for (const followed of [true, undefined]) {
+  test(`A long list that ${followed ? 'is followed is told of once a frame at most' : 'nobody follows is told of at rest'}`, async (t) => {
+    const { fake, url } = await startFake(t, outlinedList(1, 0), () => undefined);
+    fake.screen = {
+      ...fake.screen, contentOffset: [0, -91],
+      page: { ...fake.screen.page, scrolling: { id: 'view1', number: 1, start: [0, -91], followed } },
+    };
+    const page = await openPage(t, url);
+    await page.getByRole('button', { name: 'App 0', exact: true }).waitFor();
+    await page.evaluate(() => {
+      globalThis.frames = 0;
+      const count = () => {
+        globalThis.frames += 1;
+        requestAnimationFrame(count);
+      };
+      requestAnimationFrame(count);
+    });
+    const box = await page.locator('.scroller').boundingBox();
+    await page.mouse.move(box.x + 100, box.y + 300);
+    const turns = 10;
+    for (let turn = 0; turn < turns; turn += 1) {
+      await page.mouse.wheel(0, 400);
+      await page.waitForTimeout(30);
+    }
+    await eventually(() => assert.equal(fake.events.at(-1)?.y, 4000 - 91));
+    if (followed) await eventually(() => assert.equal(fake.events.at(-1).phase, 'ended'));
+    const frames = await page.evaluate(() => globalThis.frames);
+    assert.ok(fake.events.every(({ type }) => type === 'scrolled'));
+    assert.ok(fake.events.length <= (followed ? frames + 2 : turns), `${fake.events.length} events in ${frames} frames`);
+    assert.ok(fake.events.every((event) => JSON.stringify(event).length < 120), JSON.stringify(fake.events.at(-1)));
+  });
+}
+
 /** A list of which only the rows near the row that was scrolled to last are described. */
 function outlinedList(section1, row1) {
   const whole = list();

@@ -29,7 +29,7 @@ test('A stranger\'s settings with constraints, a search, a stepper, suites and C
   const stored = (file = suite) => readPropertyList(join(folder, file));
   await open(page, 'Tideline');
   const main = page.getByRole('main');
-  const all = [['Enabled', null, null], ['Show in Apps', 'Count the Waves', 'Source Code'], []];
+  const all = [['Enabled', null, null], ['Show in Apps', 'Harbours', 'Count the Waves', 'Source Code'], []];
   assert.deepEqual(await labelsOf(api), all);
   await main.getByText('3 lines of water. Tap to choose their colour.').waitFor();
   await picture(page, 'tideline');

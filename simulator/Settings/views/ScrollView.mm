@@ -18,6 +18,7 @@ void describe(JsonText &out, UIView *described, ImageStore &) {
   out.endArray();
   writeInsets(out.name("contentInset"), [view contentInset]);
   writeInsets(out.name("adjustedContentInset"), [view adjustedContentInset]);
+  if ([view isPagingEnabled]) out.name("paging").flag(true);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #import "Settings/views/Views.h"
 
 #import <UIKit/UIControl+Sim.h>
+#import <UIKit/UIScrollView+Sim.h>
 #import <UIKit/UISearchController.h>
 #import <UIKit/UITableView+Sim.h>
 #import <UIKit/UIView+Sim.h>
@@ -9,6 +10,7 @@
 #import "Settings/ElementId.hpp"
 #import "Settings/JsonValues.h"
 #import "Settings/ScreenDescription.h"
+#import "Settings/Scrolling.h"
 #import "Settings/Touches.h"
 #import "Settings/controls/Controls.h"
 #import "Settings/views/Layer.h"
@@ -115,6 +117,14 @@ struct Shown {
   CGFloat alpha;
 };
 
+/// Where what scrolls stands, and how it is named. Text views are controls, and the page's table has its own place.
+void writeScrollingOf(JsonText &out, UIView *view, Reach reach) {
+  if (reach == Reach::kNothing || adapterOf(view) != &kScrollView) return;
+  if (![(UIScrollView *)view sim_isScrollable]) return;
+  writeScrolling(out.name("scrolling"), (UIScrollView *)view);
+  writePoint(out.name("contentOffset"), [(UIScrollView *)view contentOffset]);
+}
+
 /// `isOutermost`: a touch at or in the view is told of by a point in it.
 void writeTouches(JsonText &out, UIView *view, Reach reach, bool isOutermost) {
   if (reach == Reach::kNothing) return;
@@ -135,6 +145,7 @@ void writeView(JsonText &out, UIView *view, ImageStore &images, Reach reach, boo
   out.name("type").string(adapter ? adapter->type : "view");
   if (adapter) adapter->describe(out, view, images);
   writeTouches(out, view, reach, isOutermost);
+  writeScrollingOf(out, view, reach);
   if (reach == Reach::kControls && isWorkable(view)) writeWorkable(out, view, images);
   out.name("class").string(classNameOf(view));
   const Shown shown(view);

@@ -8,6 +8,7 @@ import { groundOf, lookOf, textStyle } from '/phone/barLook.js';
 import { movedTo } from '/phone/views/Layer.js';
 import { setOnly } from '/phone/look.js';
 import { NavigationBar } from '/phone/NavigationBar.js';
+import { useScrolling } from '/phone/scrolling.js';
 import { Table } from '/phone/Table.js';
 import { useTouches } from '/phone/touches.js';
 import { SessionContext } from '/session.js';
@@ -16,7 +17,7 @@ import { useStore } from '/store.js';
 /**
  * One page of the navigation stack.
  *
- * `place` says where a page that comes back was left (`{scrollTop, section, row, id}`); `onLeave` is told it.
+ * `place` says where a page that comes back was left (`{scrollTop, scrolling, section, row, id}`); `onLeave` hears it.
  * `takesFocus`: the focus was in the page before, and this one takes it over.
  */
 export function Page({ screen, leaving, place, takesFocus, onLeave }) {
@@ -41,12 +42,13 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
     if (place) scroller.current.scrollTop = place.scrollTop;
     follow();
   }, []);
+  useScrolling(scroller, leaving ? null : page.scrolling, screen.contentOffset, place?.scrolling);
   useEffect(() => {
     if (takesFocus && active.current.row === null) heading.current?.focus({ preventScroll: true });
   }, []);
   // What the page was left like has to be read while it still stands.
   useLayoutEffect(() => {
-    if (leaving) onLeave({ scrollTop: scroller.current.scrollTop, ...active.current });
+    if (leaving) onLeave({ scrollTop: scroller.current.scrollTop, scrolling: page.scrolling, ...active.current });
   }, [leaving]);
 
   const touches = useTouches(session);
@@ -71,7 +73,8 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
       ${page.backgroundView && html`<${CustomViews} views=${[page.backgroundView]} on="page" />`}
       <${NavigationBar} page=${page} solid=${scrolled.bar} large=${large} showTitle=${!large || scrolled.title}
         heading=${large || page.search?.coversBar ? null : heading} />
-      <div class="scroller" ref=${scroller} onScrollCapture=${follow} data-touch=${page.touchId ?? undefined}
+      ${scrollsToTop(page) && html`<div class="status-tap" onClick=${() => session.scrollToTop()}></div>`}
+      <div class="scroller" data-followed=${page.scrolling?.followed || undefined} ref=${scroller} onScrollCapture=${follow} data-touch=${page.touchId ?? undefined}
         data-scrolls=${String(page.scrolls !== false)} tabindex=${hasStops(page) ? undefined : 0}
         role=${hasStops(page) ? undefined : 'region'} aria-label=${hasStops(page) ? undefined : title}>
         ${page.search?.coversBar && html`<h2 class="visually-hidden" ref=${heading} tabindex="-1"
@@ -117,4 +120,10 @@ function TableView({ view, ground }) {
 /** Whether the Tab key stops anywhere in the page's table; else the table itself has to be a stop to be scrolled. */
 function hasStops(page) {
   return page.sections.some(({ rows }) => rows.some(rowCanFocus));
+}
+
+/** Whether there is anything on the page that a tap on the status bar could bring back to its top. */
+function scrollsToTop({ scrolling, view }) {
+  const scrollsIn = (each) => Boolean(each.scrolling) || (each.views ?? []).some(scrollsIn);
+  return scrolling ? true : Boolean(view && scrollsIn(view));
 }
