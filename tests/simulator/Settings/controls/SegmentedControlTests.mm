@@ -21,6 +21,7 @@ TEST_F(SegmentedControlTest, segmentsHaveTheirPicturesStatesAndTint) {
 TEST_F(SegmentedControlTest, SegmentsTakeNumbersAndTitles) {
   UISegmentedControl *control = [[[UISegmentedControl alloc] initWithItems:@[ @"one", @"two" ]] autorelease];
   startControl(control);
+  ASSERT_TRUE(row(0, 0).contains("value"));
   EXPECT_TRUE(row(0, 0)["value"].is_null());
   EXPECT_TRUE(row(0, 0)["control"]["selected"].is_null());
   for (const Json &wrong : {Json(2), Json(-1), Json("three"), Json(true), Json(0.5)}) {

@@ -1,11 +1,22 @@
 // A menu over a page: its description, what taps on it do, what it is shown beside.
+#import <UIKit/UIControl+Sim.h>
+
 #include "simulator/Settings/SessionTest.h"
 
-/// A list whose rows have menus.
+@interface MenuCell : UITableViewCell
+@end
+
+@implementation MenuCell
+@end
+
+/// A list whose rows, of a class of their own, have menus.
 @interface MenuRowPage : ListPage
 @end
 
 @implementation MenuRowPage
+- (UITableViewCell *)tableView:(UITableView *)tableView cellForRowAtIndexPath:(NSIndexPath *)path {
+  return [[[MenuCell alloc] initWithStyle:UITableViewCellStyleDefault reuseIdentifier:nil] autorelease];
+}
 - (UIContextMenuConfiguration *)tableView:(UITableView *)tableView
     contextMenuConfigurationForRowAtIndexPath:(NSIndexPath *)path
                                         point:(CGPoint)point {
@@ -212,9 +223,48 @@ TEST_F(MenuTest, AButtonInTheBarOpensItsMenuBesideTheBarButton) {
   UIView *custom = button(menu(@"", @[ action(@"a") ]));
   [[list navigationItem] setRightBarButtonItem:[[[UIBarButtonItem alloc] initWithCustomView:custom] autorelease]];
   start(list);
-  const std::string id = page()["buttons"][0]["id"];
-  EXPECT_EQ(tap(id), Outcome::done);
-  EXPECT_EQ(shown()["source"], Json({{"id", id}, {"rect", nullptr}}));
+  const std::string place = page()["buttons"][0]["id"];
+  EXPECT_EQ(tap(place), Outcome::done);
+  EXPECT_EQ(shown()["source"], Json({{"id", place}, {"rect", nullptr}}));
+  EXPECT_EQ(send({{"type", "dismiss"}}), Outcome::done);
+  [[list navigationItem] setRightBarButtonItem:nil];
+  const auto around = view(100, 40);
+  [around.get() addSubview:custom];
+  [[list navigationItem] setRightBarButtonItem:[[[UIBarButtonItem alloc] initWithCustomView:around.get()] autorelease]];
+  session().refresh();
+  const std::string outer = page()["buttons"][0]["id"];
+  ASSERT_TRUE([(UIControl *)custom sim_tapByUser]);
+  session().refresh();
+  EXPECT_EQ(shown()["source"], Json({{"id", outer}, {"rect", nullptr}})) << "deep in the bar button's view";
+}
+
+TEST_F(MenuTest, TheMenuOfABarButtonThatHasGoneIsBesideNothing) {
+  EXPECT_EQ(tap(startBarButton(menu(@"", @[ action(@"a") ]))), Outcome::done);
+  [[page_ navigationItem] setRightBarButtonItem:nil];
+  session().refresh();
+  EXPECT_TRUE(shown()["source"].is_null());
+  EXPECT_EQ(tap(item(0, 0, 0)["id"]), Outcome::done);
+  EXPECT_EQ(chosen(), "a");
+}
+
+TEST_F(MenuTest, AMenuOpensOverWhatTheFirstTouchOfItsButtonPresented) {
+  UIButton *made = button(menu(@"", @[ action(@"a") ]));
+  const auto header = view(320, 60);
+  [header.get() addSubview:made];
+  const std::string place = describedView(header.get())["views"][0]["id"];
+  const auto page = objcxx::adopt([[PlainPage alloc] init]);
+  __block UIViewController *root = [[[UIApplication sharedApplication] keyWindow] rootViewController];  // Not retained.
+  [made addAction:[UIAction actionWithTitle:@""
+                                      image:nil
+                                 identifier:nil
+                                    handler:^(UIAction *) {
+                                      [root presentViewController:page.get() animated:NO completion:nil];
+                                    }]
+      forControlEvents:UIControlEventTouchDown];
+  EXPECT_EQ(tap(place), Outcome::done);
+  EXPECT_EQ(shown()["source"], Json({{"id", place}, {"rect", {0, 0, 80, 34}}}));
+  EXPECT_EQ(tap(item(0, 0, 0)["id"]), Outcome::done);
+  EXPECT_EQ(screen()["sheet"]["kind"], "page");
 }
 
 TEST_F(MenuTest, AFingerThatStaysOpensTheMenuOfAView) {
