@@ -50,8 +50,6 @@ class LayoutPass final {
 };
 /// The same, of the item: what is placed together with it is laid out anew.
 void layoutInputsChanged(LayoutItem &item);
-/// How often views were found to lie elsewhere than they should, which makes their superviews need layout.
-unsigned long layoutMoves();
 
 /// How far the view's readable content keeps from its edges.
 UIEdgeInsets readableInsets(UIView *view);

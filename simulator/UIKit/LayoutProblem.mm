@@ -13,7 +13,6 @@ namespace sim {
 namespace {
 
 unsigned long generation = 1;
-unsigned long moves = 0;
 int passes = 0;
 
 NSString *listOf(NSArray *constraints) {
@@ -58,14 +57,10 @@ void requestMoves(const LayoutProblem &problem) {
       const CGPoint center = [member->view center];
       const bool lies = CGSizeEqualToSize(bounds.size, place.size) && center.x == CGRectGetMidX(place) &&
                         center.y == CGRectGetMidY(place);
-      if (lies) continue;
-      [[member->view superview] setNeedsLayout];
-      ++moves;
+      if (!lies) [[member->view superview] setNeedsLayout];
     } else if ([member->guide sim_state].kind == GuideKind::kScrollContent) {
       UIScrollView *scroll = (UIScrollView *)member->host();
-      if (CGSizeEqualToSize([scroll contentSize], contentSizeIn(*member))) continue;
-      [scroll setNeedsLayout];
-      ++moves;
+      if (!CGSizeEqualToSize([scroll contentSize], contentSizeIn(*member))) [scroll setNeedsLayout];
     }
   }
 }
@@ -132,8 +127,6 @@ void layoutInputsChanged(LayoutItem &item) {
   // Who is placed further away is found when those are solved.
   for (NSLayoutConstraint *mention : item.mentions) requestLayoutOfMentioned(mention);
 }
-
-unsigned long layoutMoves() { return moves; }
 
 void solve(LayoutItem &item) {
   if (item.problem && item.problem->generation == generation) return;

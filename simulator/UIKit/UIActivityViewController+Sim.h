@@ -16,5 +16,5 @@ UIKIT_EXTERN UIActivityType const SIMActivityTypeSaveToFiles;
 - (BOOL)sim_copyItemAtIndex:(NSUInteger)index;
 /// What follows an activity that was performed: dismisses the sheet, then calls the handler. A nil type stands for a
 /// cancelled sheet. NO when the type is not one of `sim_activityTypes`.
-- (BOOL)sim_finishWithActivityType:(UIActivityType)activityType completed:(BOOL)completed;
+- (BOOL)sim_finishWithActivityType:(UIActivityType)activityType;
 @end

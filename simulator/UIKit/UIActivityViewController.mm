@@ -98,16 +98,16 @@ struct ActivityState {
   NSString *text = sim::pasteboardTextOfSharedItem([items objectAtIndex:index]);
   if (!text) return NO;
   [[UIPasteboard generalPasteboard] setString:text];
-  return [self sim_finishWithActivityType:UIActivityTypeCopyToPasteboard completed:YES];
+  return [self sim_finishWithActivityType:UIActivityTypeCopyToPasteboard];
 }
 
-- (BOOL)sim_finishWithActivityType:(UIActivityType)activityType completed:(BOOL)completed {
+- (BOOL)sim_finishWithActivityType:(UIActivityType)activityType {
   if (activityType && ![[self sim_activityTypes] containsObject:activityType]) return NO;
 
   const auto keepAlive = objcxx::share(self);
   const auto handler = std::exchange(_activityState->completion, {});  // It often holds the sheet in turn.
   [[self presentingViewController] sim_dismissAtOnce];
-  if (handler) handler(activityType, activityType != nil && completed, nil, nil);
+  if (handler) handler(activityType, activityType != nil, nil, nil);
   return YES;
 }
 

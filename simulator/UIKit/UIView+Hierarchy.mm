@@ -44,7 +44,15 @@ void layOut(UIView *view) {
       if (observes) [observer viewDidLayoutSubviews];
     }];
   }
+  state.needsLayout = false;
   for (UIView *subview in [view subviews]) layOut(subview);
+}
+
+bool needsLayout(UIView *view) {
+  const sim::UIViewState &state = [view sim_state];
+  if (state.needsLayout) return true;
+  return std::any_of(state.subviews.begin(), state.subviews.end(),
+                     [](const auto &subview) { return needsLayout(subview.get()); });
 }
 
 }  // namespace
@@ -239,9 +247,8 @@ void layOut(UIView *view) {
   // What lies in one view may move another one that was laid out before.
   const sim::LayoutPass pass;
   for (int round = 0; round < kMostLayoutRounds; ++round) {
-    const unsigned long moves = sim::layoutMoves();
     layOut(top);
-    if (moves == sim::layoutMoves()) break;
+    if (!needsLayout(top)) break;
   }
 }
 

@@ -97,7 +97,7 @@ void SettingsProcess::request(wire::Call call, Respond respond, Milliseconds pat
   const std::uint64_t number = ++lastRequest_;
   const EventLoop::Timer timeout = loop_.after(patience, [this, number, patience] {
     const auto entry = pending_.find(number);
-    if (entry == pending_.end() || !entry->second.respond) return;
+    if (entry == pending_.end()) return;
     // The entry stays: the process still owes the answer, and is hung when it never comes.
     std::exchange(entry->second.respond,
                   nullptr)(errorResponse(504, settings_.name + " has not answered within " + seconds(patience) + "."));

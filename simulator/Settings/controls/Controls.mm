@@ -1,5 +1,7 @@
 #import "Settings/controls/Controls.h"
 
+#import <objcxx/Retained.h>
+
 #import "Settings/AdapterTable.h"
 #import "Settings/controls/ControlAdapter.h"
 
@@ -45,13 +47,13 @@ bool writeControlValue(JsonText &out, UIView *control) {
 }
 
 const char *setControl(UIView *view, const Json &value, bool isFinished) {
-  UIView *control = findControl(view);
-  const ControlAdapter *adapter = adapterOf(control);
+  const auto control = objcxx::share(findControl(view));  // The page may take it away between two steps.
+  const ControlAdapter *adapter = adapterOf(control.get());
   if (!adapter) return "This row has no control.";
   if (!adapter->set) return "This control shows something and cannot be set.";
   if (!isFinished && !adapter->isDragged)
     return "Only a slider is dragged: \"finished\": false is not for this control.";
-  return adapter->set(control, value, isFinished);
+  return adapter->set(control.get(), value, isFinished);
 }
 
 const char *enterIntoControl(UIView *view, const Json &value) {

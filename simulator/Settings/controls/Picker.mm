@@ -59,23 +59,23 @@ bool writeValue(JsonText &out, UIView *view) {
 
 /// To a list of a row each component, or null for one that stays.
 const char *set(UIView *view, const Json &value, bool) {
-  const auto picker = objcxx::share((UIPickerView *)view);
+  UIPickerView *picker = (UIPickerView *)view;
   const char *const malformed = "A picker is set to a list: of each component the number of a row, or null.";
-  const NSInteger count = [picker.get() numberOfComponents];
+  const NSInteger count = [picker numberOfComponents];
   if (!value.is_array() || static_cast<NSInteger>(value.size()) != count) return malformed;
   std::vector<NSInteger> rows;
   for (const Json &part : value) {
     const auto component = static_cast<NSInteger>(rows.size());
-    const bool isRow = part.is_number_unsigned() && part.get<std::uint64_t>() < static_cast<std::uint64_t>([picker.get()
+    const bool isRow = part.is_number_unsigned() && part.get<std::uint64_t>() < static_cast<std::uint64_t>([picker
                                                                                     numberOfRowsInComponent:component]);
     if (!part.is_null() && !isRow) return malformed;
     rows.push_back(part.is_null() ? -1 : part.get<NSInteger>());
   }
-  if (![picker.get() sim_acceptsTouches]) return kUnreachable;
+  if (![picker sim_acceptsTouches]) return kUnreachable;
   for (NSInteger component = 0; component < count; ++component) {
     const NSInteger row = rows[static_cast<std::size_t>(component)];
     // What the code of the page did for an earlier wheel may have taken the row away.
-    if (row >= 0 && ![picker.get() sim_selectByUser:row inComponent:component]) return "This row has gone.";
+    if (row >= 0 && ![picker sim_selectByUser:row inComponent:component]) return "This row has gone.";
   }
   return nullptr;
 }

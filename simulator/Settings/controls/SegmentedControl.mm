@@ -61,7 +61,8 @@ bool writeValue(JsonText &out, UIView *view) {
 
 NSInteger segmentNamed(UISegmentedControl *control, const std::string &title) {
   for (NSUInteger index = 0; index < [control numberOfSegments]; ++index) {
-    if (title == utf8([control titleForSegmentAtIndex:index])) return static_cast<NSInteger>(index);
+    NSString *own = [control titleForSegmentAtIndex:index];
+    if (own && title == utf8(own)) return static_cast<NSInteger>(index);
   }
   return -1;
 }

@@ -10,9 +10,6 @@
 namespace sim {
 namespace {
 
-/// What only the steps of a drag send.
-constexpr UIControlEvents kDrags = UIControlEventTouchDragInside | UIControlEventTouchDragOutside;
-
 std::string_view type(UIView *) { return "slider"; }
 
 /// The picture at one end of the track; null for nil.
@@ -24,7 +21,8 @@ void describe(JsonText &out, UIView *view, ImageStore &images) {
   UISlider *slider = (UISlider *)view;
   out.name("min").number([slider minimumValue]);
   out.name("max").number([slider maximumValue]);
-  out.name("followed").flag([slider isContinuous] || ([slider allControlEvents] & kDrags) != 0);
+  const bool hearsSteps = [slider isContinuous] || ([slider allControlEvents] & UIControlEventTouchDragInside) != 0;
+  out.name("followed").flag(hearsSteps);
   writeColor(out.name("minimumTrackTintColor"), [slider minimumTrackTintColor] ?: [slider tintColor]);
   writeColor(out.name("maximumTrackTintColor"), [slider maximumTrackTintColor]);
   writeColor(out.name("thumbTintColor"), [slider thumbTintColor]);

@@ -10,7 +10,10 @@ namespace sim {
 namespace {
 
 // Presses that one event may stand for.
-constexpr double kMostSteps = 1000;
+constexpr double kMostPresses = 1000;
+// Of a step: what sums of steps such as 0.1 are off by.
+constexpr double kNoise = 1e-6;
+constexpr const char *kNoFurther = "It goes no further.";
 
 std::string_view type(UIView *) { return "stepper"; }
 
@@ -37,27 +40,35 @@ bool writeValue(JsonText &out, UIView *view) {
 
 const char *press(UIStepper *stepper, bool up, bool isFinished) {
   if ([stepper sim_stepByUser:up finished:isFinished]) return nullptr;
-  return [stepper sim_canStep:up] ? kUnreachable : "It goes no further.";
+  return [stepper sim_canStep:up] ? kUnreachable : kNoFurther;
+}
+
+/// Presses one of the buttons until the value is `target`. The last step to an end may be a shorter one.
+const char *pressUntil(UIStepper *stepper, double target, bool isFinished) {
+  if (target < [stepper minimumValue] || target > [stepper maximumValue]) return kNoFurther;
+  const bool isEnd = target == [stepper minimumValue] || target == [stepper maximumValue];
+  const double steps = std::abs(target - [stepper value]) / [stepper stepValue];
+  const double whole = std::round(steps);
+  const bool isWhole = std::abs(steps - whole) <= kNoise;
+  const double presses = isEnd && !isWhole ? std::ceil(steps) : whole;
+  if (presses > kMostPresses || (!isWhole && !isEnd)) return "No few presses of its buttons lead there.";
+  const bool up = target > [stepper value];
+  const char *problem = nullptr;
+  for (double made = 0; made < presses && !problem; ++made) problem = press(stepper, up, false);
+  if (isFinished) [stepper sim_finishByUser];
+  return problem;
 }
 
 const char *set(UIView *view, const Json &value, bool isFinished) {
-  const auto stepper = objcxx::share((UIStepper *)view);
-  if (value == "increment") return press(stepper.get(), true, isFinished);
-  if (value == "decrement") return press(stepper.get(), false, isFinished);
+  UIStepper *stepper = (UIStepper *)view;
+  if (value == "increment") return press(stepper, true, isFinished);
+  if (value == "decrement") return press(stepper, false, isFinished);
   if (value == "lift") {
-    [stepper.get() sim_finishByUser];
+    [stepper sim_finishByUser];
     return nullptr;
   }
   if (!value.is_number()) return "A stepper is set to a number, \"increment\", \"decrement\" or \"lift\".";
-  const double steps = (value.get<double>() - [stepper.get() value]) / [stepper.get() stepValue];
-  const double whole = std::round(steps);
-  if (std::abs(whole) > kMostSteps || std::abs(steps - whole) > 1e-6)
-    return "No few presses of its buttons lead there.";
-  for (double step = 0; step < std::abs(whole); ++step) {
-    if (const char *problem = press(stepper.get(), whole > 0, false)) return problem;
-  }
-  if (isFinished) [stepper.get() sim_finishByUser];
-  return nullptr;
+  return pressUntil(stepper, value.get<double>(), isFinished);
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ CGFloat shownFontSize(UITextField *field) {
   const CGFloat room = [field bounds].size.width;
   if (![field adjustsFontSizeToFitWidth] || room <= 0) return size;
   const CGFloat width = [[field text] sizeWithAttributes:@{NSFontAttributeName : [field font]}].width;
-  return width <= room ? size : std::clamp(size * room / width, std::min([field minimumFontSize], size), size);
+  return std::max(size * room / std::max(width, room), std::min([field minimumFontSize], size));
 }
 
 /// The view beside the text, where its mode shows it: a field is edited for a moment only.

@@ -16,7 +16,7 @@ const char *textToEnter(const Json &value, NSString **text);
 /// A ControlAdapter's functions for `Field`, UITextField or UITextView.
 template <typename Field>
 bool writeTextOf(JsonText &out, UIView *view) {
-  writeText(out, "value", [(Field *)view text] ?: @"");
+  writeText(out, "value", [(Field *)view text]);
   return true;
 }
 template <typename Field>

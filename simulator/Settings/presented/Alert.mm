@@ -21,7 +21,7 @@ void writeFields(JsonText &out, UIAlertController *alert, std::uint32_t number) 
     out.beginObject();
     out.name("id").string(ElementId{ElementKind::kAlertField, number, 0, index++}.text());
     writeText(out.name("placeholder"), [field placeholder]);
-    writeText(out, "value", [field text] ?: @"");
+    writeText(out, "value", [field text]);
     out.name("secure").flag([field isSecureTextEntry]);
     out.name("clearButton").flag([field clearButtonMode] != UITextFieldViewModeNever);
     out.endObject();

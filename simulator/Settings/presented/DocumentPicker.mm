@@ -15,7 +15,8 @@ void describe(JsonText &out, UIViewController *presented, std::uint32_t number, 
 
 EventResult pick(UIViewController *presented, NSString *path) {
   NSError *error = nil;
-  return pickResult([(UIDocumentPickerViewController *)presented sim_pickFileAtPath:path error:&error], error);
+  const bool isPicked = [(UIDocumentPickerViewController *)presented sim_pickFileAtPath:path error:&error];
+  return isPicked ? EventResult{} : failed(error);
 }
 
 EventResult tap(UIViewController *presented, const ElementId &id, std::string_view) {

@@ -6,9 +6,9 @@ namespace {
 
 /// What stands above it: a navigation controller shows the title of its page.
 NSString *titleOf(UIViewController *presented) {
-  if ([presented title] || ![presented isKindOfClass:[UINavigationController class]]) return [presented title];
-  UIViewController *page = [(UINavigationController *)presented topViewController];
-  return [[page navigationItem] title] ?: [page title];
+  const bool isNavigation = [presented isKindOfClass:[UINavigationController class]];
+  UIViewController *page = isNavigation ? [(UINavigationController *)presented topViewController] : presented;
+  return [[page navigationItem] title] ?: [presented title];
 }
 
 void describe(JsonText &out, UIViewController *presented, std::uint32_t, ImageStore &) {

@@ -6,7 +6,6 @@
 #include <cstdint>
 
 #include "Settings/ElementId.hpp"
-#include "Settings/EventResult.hpp"
 #include "base/JsonText.hpp"
 
 namespace sim {
@@ -19,8 +18,5 @@ void writePathItems(JsonText &out, NSArray *paths, std::uint32_t number, NSStrin
 
 /// The one of `paths` that `place` names; nil for none.
 NSString *pathNamed(const ElementId &place, NSArray *paths);
-
-/// What picking a path came to.
-EventResult pickResult(BOOL picked, NSError *error);
 
 }  // namespace sim

@@ -29,9 +29,4 @@ NSString *pathNamed(const ElementId &place, NSArray *paths) {
   return [paths objectAtIndex:place.index];
 }
 
-EventResult pickResult(BOOL picked, NSError *error) {
-  if (picked) return {};
-  return refused(error ? utf8([error localizedDescription]) : "This cannot be picked.");
-}
-
 }  // namespace sim

@@ -1,5 +1,6 @@
 #import <UIKit/UIImagePickerController+Sim.h>
 
+#import "Settings/FileTransfer.h"
 #import "Settings/presented/PathItems.h"
 #import "Settings/presented/PresentedAdapter.h"
 
@@ -15,7 +16,8 @@ void describe(JsonText &out, UIViewController *presented, std::uint32_t number, 
 
 EventResult pick(UIViewController *presented, NSString *path) {
   NSError *error = nil;
-  return pickResult([(UIImagePickerController *)presented sim_pickPhotoAtPath:path error:&error], error);
+  const bool isPicked = [(UIImagePickerController *)presented sim_pickPhotoAtPath:path error:&error];
+  return isPicked ? EventResult{} : failed(error);
 }
 
 EventResult tap(UIViewController *presented, const ElementId &id, std::string_view) {

@@ -33,7 +33,7 @@ void writeSource(JsonText &out, UIViewController *presented, PageNumbers &number
   UIViewController *page = isNavigation ? [(UINavigationController *)below topViewController] : below;
   UIView *view = [popover sourceView];
   for (UIBarButtonItem *button in barButtons(page)) {
-    if (button != [popover barButtonItem] && !(view && [view isDescendantOfView:[button customView]])) continue;
+    if (button != [popover barButtonItem] && ![view isDescendantOfView:[button customView]]) continue;
     out.beginObject();
     out.name("id").string(ElementId{ElementKind::kButton, numbers.of(page), 0, numbers.of(button)}.text());
     out.name("rect").null();

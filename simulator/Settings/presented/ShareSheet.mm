@@ -60,7 +60,7 @@ EventResult tap(UIViewController *presented, const ElementId &place, std::string
   if (part == "copy") return done([sheet sim_copyItemAtIndex:place.index], "This cannot be copied.");
   if (part != "save") return refused("A shared item is copied or saved: the \"part\" says which.");
   if (!fileNameOfSharedItem(item)) return refused("This is no file.");
-  return done([sheet sim_finishWithActivityType:SIMActivityTypeSaveToFiles completed:YES], "This cannot be saved.");
+  return done([sheet sim_finishWithActivityType:SIMActivityTypeSaveToFiles], "This cannot be saved.");
 }
 
 EventResult read(UIViewController *presented, const ElementId &place, NSData **content) {
@@ -72,7 +72,7 @@ EventResult read(UIViewController *presented, const ElementId &place, NSData **c
 }
 
 EventResult dismiss(UIViewController *presented) {
-  [(UIActivityViewController *)presented sim_finishWithActivityType:nil completed:NO];
+  [(UIActivityViewController *)presented sim_finishWithActivityType:nil];
   return {};
 }
 

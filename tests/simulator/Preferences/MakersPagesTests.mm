@@ -208,4 +208,21 @@ TEST_F(MakersPagesTests, SlidersUnderstandTextAndHaveSteps) {
   EXPECT_EQ(logged("is no number"), 0);
 }
 
+TEST_F(MakersPagesTests, ASliderOfNoSegmentsTakesEveryValue) {
+  TestPage *page = showPage(@[
+    group(), @{
+      @"cell" : @"PSSliderCell",
+      @"id" : @"s",
+      @"key" : @"s",
+      @"min" : @0,
+      @"max" : @10,
+      @"default" : @7.5,
+      @"defaults" : @"com.example",
+      @"isSegmented" : @(YES),
+      @"segmentCount" : @0
+    }
+  ]);
+  EXPECT_EQ([(UISlider *)[(PSControlTableCell *)cell(page, @"s") control] value], 7.5);
+}
+
 }  // namespace

@@ -90,6 +90,7 @@ TEST_F(ApplicationsTests, TheWorkspaceHasTheApplicationsOfTheDevice) {
   install(@"/Applications/Music.app", @{
     @"CFBundleIdentifier" : @"com.example.music",
     @"CFBundleDisplayName" : @"Tunes",
+    @"CFBundleName" : @"Music",
     @"CFBundleExecutable" : @"Music",
     @"CFBundleShortVersionString" : @"1.2"
   });
@@ -98,11 +99,13 @@ TEST_F(ApplicationsTests, TheWorkspaceHasTheApplicationsOfTheDevice) {
   NSArray *all = [workspace allInstalledApplications];
   ASSERT_EQ([all count], 2u);
   EXPECT_OBJC_EQ([[all objectAtIndex:0] localizedName], @"Tea");
+  EXPECT_OBJC_EQ([[all objectAtIndex:0] localizedShortName], @"Tea");
   EXPECT_OBJC_EQ([[all objectAtIndex:0] applicationType], @"User");
   LSApplicationProxy *music = [LSApplicationProxy applicationProxyForIdentifier:@"com.example.music"];
   EXPECT_OBJC_EQ([all objectAtIndex:1], music);
   EXPECT_TRUE([music isInstalled]);
   EXPECT_OBJC_EQ([music localizedName], @"Tunes");
+  EXPECT_OBJC_EQ([music localizedShortName], @"Music");
   EXPECT_OBJC_EQ([music applicationType], @"System");
   EXPECT_OBJC_EQ([music shortVersionString], @"1.2");
   EXPECT_OBJC_EQ([music canonicalExecutablePath], [[[music bundleURL] path] stringByAppendingPathComponent:@"Music"]);

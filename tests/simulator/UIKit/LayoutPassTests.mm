@@ -200,3 +200,96 @@ TEST_F(LayoutPassTests, RowsThatAreAsHighAsTheirTextsFollowEachOther) {
   EXPECT_GT([second frame].size.height, before);
   EXPECT_NEAR([[[stack arrangedSubviews] objectAtIndex:2] frame].origin.y, CGRectGetMaxY([second frame]) + 3, 0.5);
 }
+
+TEST_F(LayoutPassTests, WhatFollowsATextThroughOtherViewsIsLaidOutWithItWhereverItLies) {
+  const auto host = makeHost();
+  UIView *early = [[[UIView alloc] initWithFrame:CGRectMake(0, 0, 100, 400)] autorelease];
+  UIView *late = [[[UIView alloc] initWithFrame:CGRectMake(100, 0, 100, 400)] autorelease];
+  [host.get() addSubview:early];
+  [host.get() addSubview:late];
+  UILabel *text = addLabel(late, @"one");
+  [text setNumberOfLines:0];
+  UIView *between = addView(late);
+  UIView *mark = addView(early);
+  activate(@[
+    [[text topAnchor] constraintEqualToAnchor:[late topAnchor]],
+    [[text leadingAnchor] constraintEqualToAnchor:[late leadingAnchor]],
+    [[text widthAnchor] constraintEqualToConstant:100],
+    [[between topAnchor] constraintEqualToAnchor:[text bottomAnchor]],
+    [[between leadingAnchor] constraintEqualToAnchor:[late leadingAnchor]],
+    [[between widthAnchor] constraintEqualToConstant:10], [[between heightAnchor] constraintEqualToConstant:10],
+    [[mark topAnchor] constraintEqualToAnchor:[between bottomAnchor]],
+    [[mark leadingAnchor] constraintEqualToAnchor:[early leadingAnchor]],
+    [[mark widthAnchor] constraintEqualToConstant:10], [[mark heightAnchor] constraintEqualToConstant:10]
+  ]);
+  [host.get() layoutIfNeeded];
+  const CGFloat before = [mark frame].origin.y;
+  EXPECT_NEAR(before, CGRectGetMaxY([text frame]) + 10, 0.01);
+  [text setText:@"one\ntwo\nthree"];
+  [host.get() layoutIfNeeded];
+  EXPECT_GT([mark frame].origin.y, before + 20);
+  EXPECT_NEAR([mark frame].origin.y, CGRectGetMaxY([text frame]) + 10, 0.01);
+}
+
+TEST_F(LayoutPassTests, TheContentOfAScrollViewFollowsATextThroughOtherViews) {
+  const auto host = makeHost();
+  UIScrollView *scroll = [[[UIScrollView alloc] initWithFrame:CGRectMake(0, 0, 300, 400)] autorelease];
+  [host.get() addSubview:scroll];
+  UIView *holder = [[[UIView alloc] initWithFrame:CGRectMake(0, 0, 300, 400)] autorelease];
+  [scroll addSubview:holder];
+  UILabel *text = addLabel(holder, @"one");
+  [text setNumberOfLines:0];
+  UIView *below = addView(holder);
+  activate(@[
+    [[text topAnchor] constraintEqualToAnchor:[holder topAnchor]],
+    [[text leadingAnchor] constraintEqualToAnchor:[holder leadingAnchor]],
+    [[text widthAnchor] constraintEqualToConstant:100], [[below topAnchor] constraintEqualToAnchor:[text bottomAnchor]],
+    [[below leadingAnchor] constraintEqualToAnchor:[holder leadingAnchor]],
+    [[below widthAnchor] constraintEqualToConstant:10], [[below heightAnchor] constraintEqualToConstant:20],
+    [[[scroll contentLayoutGuide] bottomAnchor] constraintEqualToAnchor:[below bottomAnchor]],
+    [[[scroll contentLayoutGuide] widthAnchor] constraintEqualToConstant:300]
+  ]);
+  [host.get() layoutIfNeeded];
+  EXPECT_NEAR([scroll contentSize].height, CGRectGetMaxY([text frame]) + 20, 0.01);
+  [text setText:@"one\ntwo\nthree"];
+  [host.get() layoutIfNeeded];
+  EXPECT_GT([text frame].size.height, 50);
+  EXPECT_NEAR([scroll contentSize].height, CGRectGetMaxY([text frame]) + 20, 0.01);
+}
+
+/// Makes its first subview as wide as it is told, when it is laid out.
+@interface WidthSetter : UIView {
+ @public
+  CGFloat width;
+}
+@end
+
+@implementation WidthSetter
+- (void)layoutSubviews {
+  [super layoutSubviews];
+  [[[self subviews] objectAtIndex:0] setFrame:CGRectMake(0, 0, width, 10)];
+}
+@end
+
+TEST_F(LayoutPassTests, WhatIsPlacedBesideAViewThatALaterOneLaysOutByHandFollowsInTheSamePass) {
+  const auto host = makeHost();
+  UIView *early = [[[UIView alloc] initWithFrame:CGRectMake(0, 0, 300, 100)] autorelease];
+  WidthSetter *late = [[[WidthSetter alloc] initWithFrame:CGRectMake(0, 100, 300, 100)] autorelease];
+  [host.get() addSubview:early];
+  [host.get() addSubview:late];
+  late->width = 50;
+  UIView *byHand = [[[UIView alloc] initWithFrame:CGRectZero] autorelease];
+  [late addSubview:byHand];
+  UIView *mark = addView(early);
+  activate(@[
+    [[mark widthAnchor] constraintEqualToAnchor:[byHand widthAnchor]],
+    [[mark leadingAnchor] constraintEqualToAnchor:[early leadingAnchor]],
+    [[mark topAnchor] constraintEqualToAnchor:[early topAnchor]], [[mark heightAnchor] constraintEqualToConstant:5]
+  ]);
+  [host.get() layoutIfNeeded];
+  EXPECT_EQ(frameOf(mark), "0 0 50 5");
+  late->width = 80;
+  [late setNeedsLayout];
+  [host.get() layoutIfNeeded];
+  EXPECT_EQ(frameOf(mark), "0 0 80 5");
+}

@@ -221,6 +221,28 @@ TEST_F(NSLayoutConstraintTests, AMultiplierScales) {
   EXPECT_EQ(frameOf(view), "16 82.6667 140 35");
 }
 
+TEST_F(NSLayoutConstraintTests, TheSystemsSpacingIsMultiplied) {
+  const auto host = makeHost();
+  UIView *view = addView(host.get());
+  NSLayoutXAxisAnchor *left = host.get().leadingAnchor;
+  NSLayoutYAxisAnchor *top = host.get().topAnchor;
+  NSArray *constraints = @[
+    [view.leadingAnchor constraintEqualToSystemSpacingAfterAnchor:left multiplier:2.5],
+    [view.leadingAnchor constraintGreaterThanOrEqualToSystemSpacingAfterAnchor:left multiplier:2.5],
+    [view.leadingAnchor constraintLessThanOrEqualToSystemSpacingAfterAnchor:left multiplier:2.5],
+    [view.topAnchor constraintEqualToSystemSpacingBelowAnchor:top multiplier:2.5],
+    [view.topAnchor constraintGreaterThanOrEqualToSystemSpacingBelowAnchor:top multiplier:2.5],
+    [view.topAnchor constraintLessThanOrEqualToSystemSpacingBelowAnchor:top multiplier:2.5]
+  ];
+  const NSLayoutRelation relations[] = {NSLayoutRelationEqual, NSLayoutRelationGreaterThanOrEqual,
+                                        NSLayoutRelationLessThanOrEqual};
+  for (NSUInteger each = 0; each < [constraints count]; ++each) {
+    NSLayoutConstraint *constraint = [constraints objectAtIndex:each];
+    EXPECT_EQ([constraint constant], 20) << each;
+    EXPECT_EQ([constraint relation], relations[each % 3]) << each;
+  }
+}
+
 TEST_F(NSLayoutConstraintTests, BaselinesOfTextsAlign) {
   const auto host = makeHost();
   UILabel *large = addLabel(host.get(), @"Large");

@@ -82,9 +82,9 @@ TEST_F(UIActivityViewControllerTest, TheSheetHasGoneWhenTheHandlerRuns) {
     type = objcxx::share(given);
   }];
   stage_.present(made.get());
-  EXPECT_FALSE([made.get() sim_finishWithActivityType:@"unknown" completed:YES]);
+  EXPECT_FALSE([made.get() sim_finishWithActivityType:@"unknown"]);
   EXPECT_EQ(stage_.presented(), made.get());
-  EXPECT_TRUE([made.get() sim_finishWithActivityType:UIActivityTypeMail completed:YES]);
+  EXPECT_TRUE([made.get() sim_finishWithActivityType:UIActivityTypeMail]);
   EXPECT_EQ(runs, 1);
   EXPECT_TRUE(gone);
   EXPECT_OBJC_EQ(type.get(), UIActivityTypeMail);
@@ -97,7 +97,7 @@ TEST_F(UIActivityViewControllerTest, ACancelledSheetCompletedNothing) {
     runs += given || completed ? 100 : 1;
   }];
   stage_.present(made.get());
-  EXPECT_TRUE([made.get() sim_finishWithActivityType:nil completed:NO]);
+  EXPECT_TRUE([made.get() sim_finishWithActivityType:nil]);
   EXPECT_EQ(runs, 1);
   EXPECT_EQ(stage_.presented(), nil);
 }
@@ -181,7 +181,7 @@ TEST_F(UIActivityViewControllerTest, AHandlerThatHoldsTheSheetDoesNotKeepIt) {
       [token.get() self];
     }];
     stage_.present(made.get());
-    [made.get() sim_finishWithActivityType:nil completed:NO];
+    [made.get() sim_finishWithActivityType:nil];
   }
   drainPool();
   EXPECT_EQ(deaths, 1);

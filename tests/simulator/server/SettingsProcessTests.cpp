@@ -22,6 +22,7 @@ namespace {
 using namespace std::chrono_literals;
 using nlohmann::json;
 using ::testing::HasSubstr;
+using ::testing::Not;
 using Patience = sim::SettingsProcess::Patience;
 
 class SettingsProcessTests : public ::testing::Test {
@@ -152,6 +153,43 @@ TEST_F(SettingsProcessTests, ALateAnswerIsATimeoutAndTheProcessStays) {
   EXPECT_EQ(processOf(simulator), process);
 }
 
+TEST_F(SettingsProcessTests, AProcessThatAnswersOneAfterTheOtherIsNotHung) {
+  const test::RunningSimulator simulator(device(), {.hung = 1'000ms});
+  const pid_t process = processOf(simulator);
+  std::thread other([&] { EXPECT_EQ(simulator.tap("slow:700").status, 200); });
+  EXPECT_EQ(simulator.tap("slow:700").status, 200);
+  other.join();
+  EXPECT_EQ(processOf(simulator), process);
+}
+
+TEST_F(SettingsProcessTests, WhoAsksAHungProcessAgainAndAgainKeepsItNotAlive) {
+  const test::RunningSimulator simulator(device(), {.answer = 50ms, .hung = 500ms});
+  simulator.get("/api/screen");
+  EXPECT_EQ(simulator.tap("hang").status, 504);
+  EXPECT_TRUE(test::waitUntil([&] {
+    simulator.tap("log:x");
+    return startCount() == 2;
+  }));
+}
+
+TEST_F(SettingsProcessTests, AProcessThatIsSlowToTakeARequestGetsAllOfIt) {
+  const test::RunningSimulator simulator(device(), {.answer = 10'000ms});
+  const pid_t process = processOf(simulator);
+  ASSERT_EQ(::kill(process, SIGSTOP), 0);
+  std::atomic<bool> asked = false;
+  int status = 0;
+  std::thread asking([&] {
+    asked = true;
+    status = simulator.tap(std::string(600'000, 'x')).status;
+  });
+  test::waitUntil([&] { return asked.load(); });
+  std::this_thread::sleep_for(
+      200ms);  // More than the channel holds is on its way, or the test shows less than it might.
+  ::kill(process, SIGCONT);
+  asking.join();
+  EXPECT_EQ(status, 404) << "there is no such element";
+}
+
 TEST_F(SettingsProcessTests, AHungProcessIsKilledAndReplaced) {
   const test::RunningSimulator simulator(device(), {.answer = 200ms, .hung = 800ms});
   const pid_t process = processOf(simulator);
@@ -175,7 +213,7 @@ TEST_F(SettingsProcessTests, AProcessThatTakesNothingStopsNobody) {
 TEST_F(SettingsProcessTests, AProcessThatDoesNotStartIsTriedAgainAndTheScreenSaysSo) {
   test::writeText(device() / "fake/exit-at-start", "");
   const test::RunningSimulator simulator(device(), {.firstPause = 50ms, .longestPause = 100ms});
-  ASSERT_TRUE(test::waitUntil([&] { return startCount() >= 4; }));
+  ASSERT_TRUE(test::waitUntil([&] { return startCount() >= 5; }));
   json screen;
   ASSERT_TRUE(test::waitUntil([&] {
     screen = simulator.get("/api/screen").json();
@@ -186,6 +224,7 @@ TEST_F(SettingsProcessTests, AProcessThatDoesNotStartIsTriedAgainAndTheScreenSay
   EXPECT_EQ(screen["page"]["sections"][0]["footer"], "Settings exited with status 7.");
   EXPECT_THAT(logOf(simulator), HasSubstr("started again in 50 ms"));
   EXPECT_THAT(logOf(simulator), HasSubstr("started again in 100 ms"));
+  EXPECT_THAT(logOf(simulator), Not(HasSubstr("started again in 200 ms"))) << "the longest pause";
 
   std::filesystem::remove(device() / "fake/exit-at-start");
   EXPECT_TRUE(test::waitUntil([&] { return simulator.get("/api/screen").json().contains("process"); }));
@@ -198,12 +237,48 @@ TEST_F(SettingsProcessTests, EventsAreRefusedWhileThereIsNoProcess) {
   ASSERT_TRUE(test::waitUntil([&] { return startCount() == 2; }));
   ASSERT_TRUE(test::waitUntil([&] { return simulator.tap("log:x").status == 503; }));
   EXPECT_EQ(simulator.tap("log:x").json()["error"], "Settings exited with status 7.");
+  EXPECT_EQ(starts(), "1\n2\n");
+  EXPECT_EQ(simulator.get("/api/screen").json()["revision"], 3) << "it is another screen than the second's";
+}
+
+TEST_F(SettingsProcessTests, OnlyProcessesThatEndSoonAfterTheirStartAreWaitedFor) {
+  const test::RunningSimulator simulator(device(), {.shortLife = 0ms});
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(simulator.tap("crash").status, 500);
+  EXPECT_TRUE(test::waitUntil([&] { return startCount() == 5; }));
+  EXPECT_THAT(logOf(simulator), Not(HasSubstr("started again in")));
+}
+
+TEST_F(SettingsProcessTests, ARespringForgetsEarlierCrashes) {
+  const test::RunningSimulator simulator(device(), {.shortLife = 60'000ms});
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(simulator.tap("crash").status, 500);
+    EXPECT_EQ(simulator.tap("killall").status, 200);
+  }
+  EXPECT_THAT(logOf(simulator), Not(HasSubstr("started again in")));
+}
+
+TEST_F(SettingsProcessTests, WhatIsKnownOfTheEndOfOneProcessIsNotHeldAgainstTheNext) {
+  const test::RunningSimulator simulator(device(), {.close = 200ms});
+  simulator.tap("exit");
+  const pid_t process = processOf(simulator);
+  EXPECT_EQ(simulator.tap("slow:500").status, 200);
+  EXPECT_EQ(processOf(simulator), process);
+}
+
+TEST_F(SettingsProcessTests, WhatAProcessLeavesHalfWrittenGoesWithIt) {
+  const test::RunningSimulator simulator(device());
+  simulator.get("/api/screen");
+  const auto left = device() / "var/mobile/.simulator-write-abcdef";
+  test::writeText(left, "half");
+  simulator.tap("killall");
+  EXPECT_FALSE(std::filesystem::exists(left));
 }
 
 TEST_F(SettingsProcessTests, RequestsWaitForASlowStart) {
   test::writeText(device() / "fake/slow-start", "700");
   const test::RunningSimulator simulator(device(), {.answer = 200ms});
   EXPECT_EQ(simulator.get("/api/screen").status, 200);
+  EXPECT_EQ(simulator.tap("killall").status, 200) << "the fresh process has not answered yet either";
 }
 
 TEST_F(SettingsProcessTests, KillallMakesARespring) {
@@ -268,6 +343,41 @@ TEST_F(SettingsProcessTests, AHungProcessDoesNotHoldUpTheEnd) {
   }
   EXPECT_NE(::kill(process, 0), 0);
   EXPECT_LT(std::chrono::steady_clock::now() - begin, 10s);
+}
+
+/// A keeper alone, whose loop nobody runs.
+class SettingsKeeperTests : public SettingsProcessTests {
+ protected:
+  sim::SettingsProcess::Listener listener() {
+    return {.greeting = [] { return std::vector<sim::wire::Call>(); },
+            .posted = [](auto) {},
+            .logged = [this](const std::string& line) { log_ += line; },
+            .revisionChanged = [] {},
+            .started = [] {}};
+  }
+
+  sim::EventLoop loop_;
+  std::string log_;
+};
+
+TEST_F(SettingsKeeperTests, AProgramThatIsNotThereIsTold) {
+  sim::SettingsProcess keeper(loop_, {"/missing/settings", device(), {}}, listener());
+  keeper.start();
+  EXPECT_FALSE(keeper.isRunning());
+  EXPECT_THAT(log_,
+              HasSubstr("Settings could not be started: Cannot start /missing/settings: No such file or directory. "
+                        "It is started again."));
+  EXPECT_EQ(keeper.failure(),
+            "Settings could not be started: Cannot start /missing/settings: No such file or directory.");
+}
+
+TEST_F(SettingsKeeperTests, WhatWasAskedWhenTheSimulatorStopsIsAnswered) {
+  sim::SettingsProcess keeper(loop_, {std::filesystem::read_symlink("/proc/self/exe"), device(), {}}, listener());
+  keeper.start();
+  int status = 0;
+  keeper.request(sim::wire::Screen{}, [&](const sim::Response& response) { status = response.status; });
+  keeper.stop();
+  EXPECT_EQ(status, 503);
 }
 
 TEST_F(SettingsProcessTests, NoDescriptorsLeakOverManyResprings) {

@@ -47,6 +47,10 @@ TEST_F(RowButtonTest, AButtonThatCannotBeReachedIsRefused) {
   EXPECT_EQ(row(0, 0)["accessoryButton"]["title"], "Do");
   EXPECT_EQ(row(0, 0)["accessoryButton"]["enabled"], false);
   expectRefused(tapButton(), Outcome::refused);
+  EXPECT_EQ(reply["error"], "This button is disabled.");
+  [button setTitle:@"Not now" forState:UIControlStateDisabled];
+  session().refresh();
+  EXPECT_EQ(row(0, 0)["accessoryButton"]["title"], "Not now");
   [button setEnabled:YES];
   [button setHidden:YES];
   session().refresh();
@@ -59,8 +63,37 @@ TEST_F(RowButtonTest, ARowWithoutAButtonIsRefused) {
   ListPage *page = startList(@[ @[ @"a" ] ]);
   EXPECT_TRUE(row(0, 0)["accessoryButton"].is_null());
   expectRefused({{"type", "tap"}, {"id", rowId(0, 0)}, {"part", "button"}}, Outcome::refused);
+  EXPECT_EQ(reply["error"], "This row has no button.");
   expectRefused({{"type", "tap"}, {"id", rowId(0, 0)}, {"part", "buttons"}}, Outcome::malformed);
   EXPECT_EQ(calls(page), "");
+}
+
+TEST_F(RowButtonTest, AButtonDeepInTheAccessoryHasItsPlaceInIt) {
+  UIButton *button = startButton(UIButtonTypeSystem);
+  const auto inner = view(40, 30);
+  [inner.get() setFrame:CGRectMake(25, 5, 40, 25)];
+  [page_->control.get() addSubview:inner.get()];
+  [inner.get() addSubview:button];
+  [button setFrame:CGRectMake(4, 3, 30, 20)];
+  session().refresh();
+  EXPECT_EQ(row(0, 0)["accessoryButton"]["frame"], Json({29, 8, 30, 20}));
+  EXPECT_EQ(send(tapButton()), Outcome::done);
+  EXPECT_EQ(calls(page_), "changed");
+}
+
+TEST_F(RowButtonTest, AMenuThatAFingerHasToWaitForIsNotWhatATapOpens) {
+  UIButton *button = startButton(UIButtonTypeSystem);
+  UIAction *action = [UIAction actionWithTitle:@"a"
+                                         image:nil
+                                    identifier:nil
+                                       handler:^(UIAction *){
+                                       }];
+  [button setMenu:[UIMenu menuWithTitle:@"" children:@[ action ]]];
+  session().refresh();
+  EXPECT_EQ(row(0, 0)["accessoryButton"]["menu"], false);
+  EXPECT_EQ(send(tapButton()), Outcome::done);
+  EXPECT_TRUE(screen()["menu"].is_null());
+  EXPECT_EQ(calls(page_), "changed");
 }
 
 }  // namespace

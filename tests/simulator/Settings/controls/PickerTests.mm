@@ -36,6 +36,26 @@
 @interface ViewWheelSource : WheelSource
 @end
 
+/// Colours its titles, and makes wheels of its own sizes.
+@interface ColourWheelSource : WheelSource
+@end
+
+@implementation ColourWheelSource
+- (NSAttributedString *)pickerView:(UIPickerView *)picker
+             attributedTitleForRow:(NSInteger)row
+                      forComponent:(NSInteger)component {
+  return
+      [[[NSAttributedString alloc] initWithString:@"red"
+                                       attributes:@{NSForegroundColorAttributeName : [UIColor redColor]}] autorelease];
+}
+- (CGFloat)pickerView:(UIPickerView *)picker widthForComponent:(NSInteger)component {
+  return component == 0 ? 70 : 110;
+}
+- (CGFloat)pickerView:(UIPickerView *)picker rowHeightForComponent:(NSInteger)component {
+  return component == 0 ? 40 : 24;
+}
+@end
+
 @implementation ViewWheelSource
 - (UIView *)pickerView:(UIPickerView *)picker
             viewForRow:(NSInteger)row
@@ -108,8 +128,8 @@ TEST_F(PickerControlTest, AFingerTurnsTheWheels) {
   UIPickerView *made = picker(source_.get());
   startControl(made);
   const std::string id = rowId(0, 0);
-  for (const Json &wrong : {Json(1), Json("0.1"), Json({1}), Json({1, 2, 3}), Json({3, 0}), Json({-1, 0}),
-                            Json({0.5, 0}), Json({1, 1500}), Json({"1", 0})}) {
+  for (const Json &wrong : {Json(1), Json("0.1"), Json({1}), Json({1, 2, 3}), Json({1, 2, nullptr}), Json({3, 0}),
+                            Json({-1, 0}), Json({0.5, 0}), Json({1, 1500}), Json({"1", 0})}) {
     EXPECT_EQ(set(id, wrong), Outcome::refused) << wrong;
   }
   EXPECT_EQ(told(), "");
@@ -119,10 +139,15 @@ TEST_F(PickerControlTest, AFingerTurnsTheWheels) {
   EXPECT_EQ(set(id, Json({1, nullptr})), Outcome::done);
   EXPECT_EQ(told(), "") << "it stands there already";
   EXPECT_EQ(set(id, Json({2, 7})), Outcome::refused) << "the page takes the other row away";
+  EXPECT_EQ(reply["error"], "This row has gone.");
   EXPECT_EQ(told(), "0:2 ");
   EXPECT_EQ(row(0, 0)["value"], Json({2, 0}));
+  EXPECT_EQ(set(id, Json({0, 0})), Outcome::done);
+  EXPECT_EQ(told(), "0:0 ") << "the first row is one like others";
   [made setUserInteractionEnabled:NO];
-  EXPECT_EQ(set(id, Json({0, nullptr})), Outcome::refused);
+  EXPECT_EQ(set(id, Json({1, nullptr})), Outcome::refused);
+  EXPECT_EQ(reply["error"], "This control is disabled.");
+  EXPECT_EQ(told(), "");
 }
 
 TEST_F(PickerControlTest, APickerInAHeaderIsTurned) {
@@ -132,6 +157,18 @@ TEST_F(PickerControlTest, APickerInAHeaderIsTurned) {
   EXPECT_EQ(described["enabled"], true);
   EXPECT_EQ(set(described["id"], Json({1, nullptr})), Outcome::done);
   EXPECT_EQ([made selectedRowInComponent:0], 1);
+}
+
+TEST_F(PickerControlTest, WheelsAndTitlesAreAsTheDelegateWants) {
+  const auto colours = objcxx::adopt([[ColourWheelSource alloc] init]);
+  colours.get()->many = 2;
+  startControl(picker(colours.get()));
+  const Json wheels = row(0, 0)["control"]["components"];
+  EXPECT_EQ(wheels[0]["width"], 70);
+  EXPECT_EQ(wheels[0]["rowHeight"], 40);
+  EXPECT_EQ(wheels[1]["width"], 110);
+  EXPECT_EQ(wheels[1]["rowHeight"], 24);
+  EXPECT_EQ(wheels[1]["rows"][1], Json({{"title", "red"}, {"color", "#ff0000ff"}, {"view", nullptr}}));
 }
 
 }  // namespace

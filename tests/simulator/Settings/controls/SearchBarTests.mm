@@ -55,7 +55,9 @@ TEST_F(SearchControlTest, AnActiveSearchShowsWhatIsFound) {
   EXPECT_EQ(search()["bar"]["control"]["type"], "search");
   EXPECT_EQ(search()["bar"]["control"]["placeholder"], "Search");
   EXPECT_EQ(search()["bar"]["control"]["cancelButton"], false);
+  EXPECT_EQ(search()["bar"]["value"], "");
   EXPECT_EQ(set(bar(), nullptr), Outcome::refused) << "there is no button yet";
+  EXPECT_EQ(reply["error"], "It shows no button that cancels.");
   EXPECT_EQ(send({{"type", "set"}, {"id", bar()}, {"value", "p"}, {"finished", false}}), Outcome::done);
   EXPECT_EQ(labels(), " apple  pear  plum ");
   EXPECT_EQ(search()["active"], true);
@@ -104,6 +106,60 @@ TEST_F(SearchControlTest, ABarInAHeaderIsWorkedThere) {
   EXPECT_EQ(described["control"]["barColor"], "#ff0000ff");
   EXPECT_EQ(set(described["id"], "x"), Outcome::done);
   EXPECT_TRUE([[header text] isEqualToString:@"x"]);
+}
+
+TEST_F(SearchControlTest, ABarHasTheLookAndTheKeyboardThatItWasGiven) {
+  UISearchBar *bar = [[[UISearchBar alloc] initWithFrame:CGRectMake(0, 0, 320, 56)] autorelease];
+  EXPECT_EQ(describedView(bar)["control"], Json({{"type", "search"},
+                                                 {"placeholder", nullptr},
+                                                 {"keyboard", "text"},
+                                                 {"autocapitalization", "sentences"},
+                                                 {"autocorrection", nullptr},
+                                                 {"spellChecking", nullptr},
+                                                 {"returnKey", "search"},
+                                                 {"cancelButton", false},
+                                                 {"editing", false},
+                                                 {"minimal", false},
+                                                 {"barColor", nullptr},
+                                                 {"textColor", {{"light", "#000000ff"}, {"dark", "#ffffffff"}}},
+                                                 {"fieldColor", nullptr},
+                                                 {"tintColor", nullptr}}));
+  [bar setPlaceholder:@"Fruit"];
+  [bar setKeyboardType:UIKeyboardTypeURL];
+  [bar setAutocapitalizationType:UITextAutocapitalizationTypeAllCharacters];
+  [bar setAutocorrectionType:UITextAutocorrectionTypeNo];
+  [bar setSpellCheckingType:UITextSpellCheckingTypeYes];
+  [bar setShowsCancelButton:YES];
+  [bar setSearchBarStyle:UISearchBarStyleMinimal];
+  [bar setBackgroundColor:[UIColor blackColor]];
+  [bar setBarTintColor:[UIColor whiteColor]];
+  [bar setTintColor:[UIColor redColor]];
+  [[bar searchTextField] setTextColor:[UIColor greenColor]];
+  [[bar searchTextField] setBackgroundColor:[UIColor blueColor]];
+  EXPECT_EQ(describedView(bar)["control"], Json({{"type", "search"},
+                                                 {"placeholder", "Fruit"},
+                                                 {"keyboard", "url"},
+                                                 {"autocapitalization", "characters"},
+                                                 {"autocorrection", false},
+                                                 {"spellChecking", true},
+                                                 {"returnKey", "search"},
+                                                 {"cancelButton", true},
+                                                 {"editing", false},
+                                                 {"minimal", true},
+                                                 {"barColor", "#ffffffff"},
+                                                 {"textColor", "#00ff00ff"},
+                                                 {"fieldColor", "#0000ffff"},
+                                                 {"tintColor", "#ff0000ff"}}));
+}
+
+TEST_F(SearchControlTest, ABarThatCannotBeReachedTakesNoText) {
+  UISearchBar *bar = [[[UISearchBar alloc] initWithFrame:CGRectMake(0, 0, 320, 56)] autorelease];
+  [bar setUserInteractionEnabled:NO];
+  const std::string id = describedView(bar)["id"];
+  expectRefused({{"type", "set"}, {"id", id}, {"value", "x"}}, Outcome::refused);
+  EXPECT_EQ(reply["error"], "This control is disabled.");
+  expectRefused({{"type", "set"}, {"id", id}, {"value", "x"}, {"return", true}}, Outcome::refused);
+  EXPECT_EQ(reply["error"], "This control is disabled.");
 }
 
 }  // namespace

@@ -25,6 +25,7 @@ TEST_F(SliderTest, aSliderHasItsTintsAndPictures) {
 
 TEST_F(SliderTest, SlidersTakeNumbersWithinTheirLimits) {
   UISlider *control = [[[UISlider alloc] initWithFrame:CGRectMake(0, 0, 100, 30)] autorelease];
+  [control setMinimumValue:-5];
   [control setMaximumValue:10];
   startControl(control);
   for (const Json &wrong : {Json("3"), Json(true), Json()}) {
@@ -35,8 +36,13 @@ TEST_F(SliderTest, SlidersTakeNumbersWithinTheirLimits) {
   EXPECT_EQ(set(rowId(0, 0), 1e300), Outcome::done);
   EXPECT_EQ(row(0, 0)["value"], 10);
   EXPECT_EQ(set(rowId(0, 0), -1e300), Outcome::done);
-  EXPECT_EQ(row(0, 0)["value"], 0);
+  EXPECT_EQ(row(0, 0)["value"], -5);
+  EXPECT_EQ(row(0, 0)["control"]["min"], -5);
   EXPECT_EQ(row(0, 0)["control"]["max"], 10);
+  [control setEnabled:NO];
+  session().refresh();
+  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", 1}}, Outcome::refused);
+  EXPECT_EQ(reply["error"], "This control is disabled.");
 }
 
 TEST_F(SliderTest, ASliderIsDraggedUntilTheFingerLifts) {
@@ -47,6 +53,11 @@ TEST_F(SliderTest, ASliderIsDraggedUntilTheFingerLifts) {
     return send({{"type", "set"}, {"id", rowId(0, 0)}, {"value", value}, {"finished", finished}});
   };
   EXPECT_EQ(row(0, 0)["control"]["followed"], false);
+  [control setContinuous:YES];
+  session().refresh();
+  EXPECT_EQ(row(0, 0)["control"]["followed"], true) << "each step is told";
+  [control setContinuous:NO];
+  session().refresh();
   EXPECT_EQ(drag(0.25, false), Outcome::done);
   EXPECT_EQ(row(0, 0)["value"], 0.25);
   EXPECT_EQ(calls(page), "");

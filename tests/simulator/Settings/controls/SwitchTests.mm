@@ -28,6 +28,14 @@ TEST_F(SwitchTest, SwitchesTakeTruthValues) {
   EXPECT_EQ(row(0, 0)["value"], true);
   EXPECT_EQ(set(rowId(0, 0), true), Outcome::done);
   EXPECT_EQ(calls(page), "changed");
+  EXPECT_EQ(set(rowId(0, 0), false), Outcome::done);
+  EXPECT_FALSE([control isOn]);
+  EXPECT_EQ(calls(page), "changed,changed");
+  [control setEnabled:NO];
+  session().refresh();
+  EXPECT_EQ(set(rowId(0, 0), false), Outcome::done) << "it is as it should be";
+  expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", true}}, Outcome::refused);
+  EXPECT_EQ(reply["error"], "This control is disabled.");
 }
 
 }  // namespace

@@ -51,6 +51,52 @@ TEST_F(TextFieldTest, aFieldHasItsKeyboardColourAlignmentAndSideViews) {
   EXPECT_EQ(described["rightView"]["frame"][2], 14);
   [field.get() setLeftViewMode:UITextFieldViewModeUnlessEditing];
   EXPECT_EQ(controlOf(field.get())["leftView"]["frame"][2], 10);
+  [field.get() setLeftViewMode:UITextFieldViewModeWhileEditing];
+  EXPECT_TRUE(controlOf(field.get())["leftView"].is_null()) << "nobody edits it";
+}
+
+TEST_F(TextFieldTest, BordersKeysAndCapitalsHaveNames) {
+  const auto field = objcxx::adopt([[UITextField alloc] initWithFrame:CGRectMake(0, 0, 60, 30)]);
+  const std::pair<UITextBorderStyle, const char *> borders[] = {{UITextBorderStyleNone, "none"},
+                                                                {UITextBorderStyleLine, "line"},
+                                                                {UITextBorderStyleBezel, "bezel"},
+                                                                {UITextBorderStyleRoundedRect, "roundedRect"}};
+  for (const auto &[style, name] : borders) {
+    [field.get() setBorderStyle:style];
+    EXPECT_EQ(controlOf(field.get())["border"], name);
+  }
+  const std::pair<UIReturnKeyType, const char *> keys[] = {
+      {UIReturnKeyDefault, "return"}, {UIReturnKeyGo, "go"},     {UIReturnKeyNext, "next"},
+      {UIReturnKeySearch, "search"},  {UIReturnKeySend, "send"}, {UIReturnKeyDone, "done"},
+      {UIReturnKeyJoin, "return"}};
+  for (const auto &[type, name] : keys) {
+    [field.get() setReturnKeyType:type];
+    EXPECT_EQ(controlOf(field.get())["returnKey"], name);
+  }
+  const std::pair<UITextAutocapitalizationType, const char *> capitals[] = {
+      {UITextAutocapitalizationTypeNone, "none"},
+      {UITextAutocapitalizationTypeWords, "words"},
+      {UITextAutocapitalizationTypeSentences, "sentences"},
+      {UITextAutocapitalizationTypeAllCharacters, "characters"}};
+  for (const auto &[type, name] : capitals) {
+    [field.get() setAutocapitalizationType:type];
+    EXPECT_EQ(controlOf(field.get())["autocapitalization"], name);
+  }
+}
+
+TEST_F(TextFieldTest, APlaceholderHasTheLookOfItsAttributes) {
+  const auto field = objcxx::adopt([[UITextField alloc] initWithFrame:CGRectMake(0, 0, 60, 30)]);
+  EXPECT_TRUE(controlOf(field.get())["placeholderLook"].is_null());
+  const auto place = [&](NSString *text, NSDictionary *attributes) {
+    [field.get() setAttributedPlaceholder:[[[NSAttributedString alloc] initWithString:text
+                                                                           attributes:attributes] autorelease]];
+    return controlOf(field.get())["placeholderLook"];
+  };
+  const Json look = place(@"Name", @{NSFontAttributeName : [UIFont boldSystemFontOfSize:21]});
+  EXPECT_TRUE(look["color"].is_null());
+  EXPECT_EQ(look["fontSize"], 21);
+  EXPECT_EQ(look["fontWeight"], 600);
+  EXPECT_TRUE(place(@"", @{}).is_null());
 }
 
 TEST_F(TextFieldTest, aFieldMakesItsTextFitDownToItsLeastSize) {
@@ -60,6 +106,21 @@ TEST_F(TextFieldTest, aFieldMakesItsTextFitDownToItsLeastSize) {
   [field.get() setAdjustsFontSizeToFitWidth:YES];
   [field.get() setMinimumFontSize:9];
   EXPECT_EQ(controlOf(field.get())["fontSize"], 9);
+  [field.get() setMinimumFontSize:30];
+  EXPECT_EQ(controlOf(field.get())["fontSize"], 17) << "it never grows";
+  [field.get() setMinimumFontSize:1];
+  [field.get() setText:@"A little long"];
+  const double little = controlOf(field.get())["fontSize"];
+  EXPECT_GT(little, 8);
+  EXPECT_LT(little, 17);
+  EXPECT_LE([[field.get() text] sizeWithAttributes:@{NSFontAttributeName : [UIFont systemFontOfSize:little]}].width,
+            61);
+  [field.get() setText:@"fits"];
+  EXPECT_EQ(controlOf(field.get())["fontSize"], 17);
+  const auto narrow = objcxx::adopt([[UITextField alloc] initWithFrame:CGRectZero]);
+  [narrow.get() setText:@"no room yet"];
+  [narrow.get() setAdjustsFontSizeToFitWidth:YES];
+  EXPECT_EQ(controlOf(narrow.get())["fontSize"], 17);
 }
 
 TEST_F(TextFieldTest, TextFieldsTakeAnyText) {
@@ -136,6 +197,7 @@ TEST_F(TextFieldTest, TheClearButtonAsksTheDelegate) {
   startControl(control);
   const std::string field = rowId(0, 0);
   EXPECT_EQ(row(0, 0)["control"]["clearButtonMode"], "never");
+  EXPECT_EQ(row(0, 0)["control"]["clearButton"], false);
   expectRefused({{"type", "clear"}, {"id", field}}, Outcome::refused);
   EXPECT_EQ(reply["error"], "The text cannot be cleared.");
   const std::pair<UITextFieldViewMode, const char *> names[] = {{UITextFieldViewModeWhileEditing, "whileEditing"},
@@ -146,6 +208,7 @@ TEST_F(TextFieldTest, TheClearButtonAsksTheDelegate) {
     [control setClearButtonMode:mode];
     session().refresh();
     EXPECT_EQ(row(0, 0)["control"]["clearButtonMode"], name);
+    EXPECT_EQ(row(0, 0)["control"]["clearButton"], true);
     EXPECT_EQ(send({{"type", "clear"}, {"id", field}}), Outcome::done);
     EXPECT_EQ(row(0, 0)["value"], "");
   }

@@ -65,11 +65,20 @@ TEST_F(TextViewTest, AViewTakesThePasteboard) {
 TEST_F(TextViewTest, AViewThatIsReadOnlyIsLeftAlone) {
   [view() setEditable:NO];
   startControl(view());
+  EXPECT_EQ(row(0, 0)["control"]["editable"], false);
   [[UIPasteboard generalPasteboard] sim_setStringFromOutside:@"x"];
   expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", "x"}}, Outcome::refused);
   EXPECT_EQ(reply["error"], "This control is disabled.");
   expectRefused({{"type", "paste"}, {"id", rowId(0, 0)}}, Outcome::refused);
   EXPECT_EQ(reply["error"], "This control is disabled.");
+}
+
+TEST_F(TextViewTest, LinesOfATextWithAttributesAreAsWideAsTheViewLeavesThem) {
+  [view() setTextAlignment:NSTextAlignmentRight];
+  [view() setAttributedText:[[[NSAttributedString alloc] initWithString:@"ab cd ef gh ij kl mn op"] autorelease]];
+  const Json lines = controlOf(view())["attributedText"]["lines"];
+  EXPECT_GT(lines.size(), 1u);
+  EXPECT_LT(lines.size(), 6u) << "more than a word fits in a line";
 }
 
 }  // namespace

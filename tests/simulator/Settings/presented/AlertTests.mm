@@ -181,4 +181,74 @@ TEST_F(AlertTest, AnActionSheetAndTheStylesOfActionsAreNamed) {
   EXPECT_TRUE(screen()["sheet"].is_null());
 }
 
+TEST_F(AlertTest, EachFieldHasItsOwnLookAndName) {
+  ListPage *page = startList(@[ @[ @"a" ] ]);
+  UIAlertController *alert = [UIAlertController alertControllerWithTitle:@"Sign in"
+                                                                 message:nil
+                                                          preferredStyle:UIAlertControllerStyleAlert];
+  [alert addTextFieldWithConfigurationHandler:nil];
+  [alert addTextFieldWithConfigurationHandler:^(UITextField *field) {
+    [field setSecureTextEntry:YES];
+    [field setClearButtonMode:UITextFieldViewModeWhileEditing];
+    [field setText:@"old"];
+  }];
+  UIAlertAction *sign = [UIAlertAction actionWithTitle:@"Sign in" style:UIAlertActionStyleDefault handler:nil];
+  [alert addAction:[UIAlertAction actionWithTitle:@"Later" style:UIAlertActionStyleDefault handler:nil]];
+  [alert addAction:sign];
+  [alert setPreferredAction:sign];
+  present(page, alert);
+  const Json described = screen()["alert"];
+  EXPECT_TRUE(described["message"].is_null());
+  const Json plain = described["fields"][0];
+  const Json secret = described["fields"][1];
+  EXPECT_EQ(
+      plain,
+      Json({{"id", plain["id"]}, {"placeholder", nullptr}, {"value", ""}, {"secure", false}, {"clearButton", false}}));
+  EXPECT_EQ(
+      secret,
+      Json(
+          {{"id", secret["id"]}, {"placeholder", nullptr}, {"value", "old"}, {"secure", true}, {"clearButton", true}}));
+  EXPECT_EQ(described["actions"][0]["title"], "Later");
+  EXPECT_EQ(described["actions"][0]["preferred"], false);
+  EXPECT_EQ(described["actions"][1]["title"], "Sign in");
+  EXPECT_EQ(described["actions"][1]["preferred"], true);
+  EXPECT_EQ(set(secret["id"], "new"), Outcome::done);
+  EXPECT_EQ(screen()["alert"]["fields"][0]["value"], "");
+  EXPECT_EQ(screen()["alert"]["fields"][1]["value"], "new");
+  EXPECT_EQ(send({{"type", "clear"}, {"id", secret["id"]}}), Outcome::done);
+  EXPECT_EQ(screen()["alert"]["fields"][1]["value"], "");
+  expectRefused({{"type", "clear"}, {"id", plain["id"]}}, Outcome::refused);
+  expectRefused({{"type", "set"}, {"id", plain["id"]}, {"value", "x"}, {"finished", false}}, Outcome::refused);
+  std::string beyond = secret["id"];
+  beyond.back() = '2';
+  for (const char *type : {"set", "paste", "clear"}) {
+    expectRefused({{"type", type}, {"id", beyond}, {"value", "x"}}, Outcome::unknown);
+  }
+}
+
+TEST_F(AlertTest, ACancelActionThatIsDisabledKeepsTheAlert) {
+  ListPage *page = startList(@[ @[ @"a" ] ]);
+  UIAlertController *alert = presentAlert(page);
+  [[[alert actions] objectAtIndex:1] setEnabled:NO];
+  session().refresh();
+  expectRefused({{"type", "dismiss"}}, Outcome::refused);
+  EXPECT_EQ(reply["error"], "The cancel action is disabled.");
+  EXPECT_EQ(calls(page), "");
+}
+
+TEST_F(AlertTest, ATapBesideAnActionSheetOfATabletClosesIt) {
+  ListPage *page = startList(@[ @[ @"a" ] ]);
+  (void)session().perform(sim::wire::Display{820, 1180, 2, 24, 0, 20, 0});
+  UIAlertController *sheet = [UIAlertController alertControllerWithTitle:@"x"
+                                                                 message:nil
+                                                          preferredStyle:UIAlertControllerStyleActionSheet];
+  [sheet addAction:[UIAlertAction actionWithTitle:@"OK" style:UIAlertActionStyleDefault handler:nil]];
+  [[sheet popoverPresentationController] setSourceView:[page view]];
+  present(page, sheet);
+  ASSERT_EQ(screen()["alert"]["style"], "actionSheet");
+  EXPECT_EQ(send({{"type", "dismiss"}}), Outcome::done);
+  EXPECT_TRUE(screen()["alert"].is_null());
+  (void)session().perform(sim::wire::Display{390, 844, 3, 0, 0, 0, 0});  // As other tests have it.
+}
+
 }  // namespace

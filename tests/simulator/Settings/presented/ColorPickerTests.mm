@@ -139,6 +139,8 @@ TEST_F(ColorPickerTest, OnlyThePickerOnTheScreenTakesColours) {
     expectRefused({{"type", type}, {"id", event["id"]}}, Outcome::unknown);
   expectRefused({{"type", "set"}, {"id", "color999"}, {"value", "#ff0000"}}, Outcome::unknown);
   expectRefused({{"type", "set"}, {"id", rowId(0, 0)}, {"value", "#ff0000"}}, Outcome::unknown);
+  const std::string item = "item" + event["id"].get<std::string>().substr(5) + ".0";
+  expectRefused({{"type", "set"}, {"id", item}, {"value", "#ff0000"}}, Outcome::unknown);
   expectRefused({{"type", "pick"}, {"path", "#ff0000"}}, Outcome::refused);
   UIAlertController *alert = [UIAlertController alertControllerWithTitle:@"x"
                                                                  message:nil

@@ -51,20 +51,26 @@ class DocumentPickerTest : public SessionTest {
 TEST_F(DocumentPickerTest, TheFilesOfTheDeviceAreListedAndPicked) {
   write(@"/var/mobile/Documents/a/Dark.plist", "<plist/>");
   write(@"/var/mobile/Documents/b.txt", "b");
+  write(@"/var/mobile/Documents/c.png", UIImagePNGRepresentation(picture(20)));
   pickDocument();
   EXPECT_EQ(screen()["sheet"]["kind"], "documents");
   EXPECT_EQ(screen()["sheet"]["title"], "Files");
-  ASSERT_EQ(screen()["sheet"]["items"].size(), 2u);
+  ASSERT_EQ(screen()["sheet"]["items"].size(), 3u);
   EXPECT_EQ(item(0)["title"], "Dark.plist");
   EXPECT_EQ(item(0)["path"], "a/Dark.plist");
-  EXPECT_TRUE(item(0)["image"].is_null()) << "documents are no pictures";
-  std::string beyond = item(1).value("id", "");
-  beyond.back() = '2';
+  for (std::size_t each = 0; each < 3; ++each)
+    EXPECT_TRUE(item(each)["image"].is_null()) << "documents are no pictures";
+  std::string beyond = item(2).value("id", "");
+  beyond.back() = '3';
   expectRefused({{"type", "tap"}, {"id", beyond}}, Outcome::unknown);
   expectRefused({{"type", "pick"}, {"path", "c.txt"}}, Outcome::refused);
   EXPECT_EQ(reply["error"], "There is no such file on the device.");
   EXPECT_EQ(tap(item(1)["id"]), Outcome::done);
   EXPECT_OBJC_EQ(pickedName(), @"b.txt");
+  pickDocument();
+  EXPECT_EQ(tap(item(0)["id"]), Outcome::done) << "in a folder";
+  EXPECT_OBJC_EQ(pickedName(), @"Dark.plist");
+  receiver_.get()->url = nullptr;
   pickDocument();
   EXPECT_EQ(send({{"type", "pick"}, {"path", "a/Dark.plist"}}), Outcome::done);
   EXPECT_OBJC_EQ(pickedName(), @"Dark.plist");

@@ -1,5 +1,37 @@
 // A menu over a page: its description, what taps on it do, what it is shown beside.
+#import <UIKit/UIControl+Sim.h>
+
 #include "simulator/Settings/SessionTest.h"
+
+@interface MenuCell : UITableViewCell
+@end
+
+@implementation MenuCell
+@end
+
+/// A list whose rows, of a class of their own, have menus.
+@interface MenuRowPage : ListPage
+@end
+
+@implementation MenuRowPage
+- (UITableViewCell *)tableView:(UITableView *)tableView cellForRowAtIndexPath:(NSIndexPath *)path {
+  return [[[MenuCell alloc] initWithStyle:UITableViewCellStyleDefault reuseIdentifier:nil] autorelease];
+}
+- (UIContextMenuConfiguration *)tableView:(UITableView *)tableView
+    contextMenuConfigurationForRowAtIndexPath:(NSIndexPath *)path
+                                        point:(CGPoint)point {
+  return [UIContextMenuConfiguration configurationWithIdentifier:nil
+                                                 previewProvider:nil
+                                                  actionProvider:^(NSArray *) {
+                                                    UIAction *action = [UIAction actionWithTitle:@"Copy"
+                                                                                           image:nil
+                                                                                      identifier:nil
+                                                                                         handler:^(UIAction *){
+                                                                                         }];
+                                                    return [UIMenu menuWithTitle:@"" children:@[ action ]];
+                                                  }];
+}
+@end
 
 namespace {
 
@@ -88,7 +120,9 @@ TEST_F(MenuTest, ElementsSayWhatTheyAre) {
   UIAction *red = action(@"Red", UIMenuElementAttributesDestructive | UIMenuElementAttributesDisabled);
   [red setState:UIMenuElementStateMixed];
   UIMenu *inner = menu(@"Inner", @[ action(@"x") ], UIMenuOptionsDestructive);
-  UIMenu *group = menu(@"Group", @[ red, inner ], UIMenuOptionsDisplayInline);
+  UIAction *remove = action(@"Remove", UIMenuElementAttributesDestructive);
+  [remove setImage:[UIImage systemImageNamed:@"trash"]];
+  UIMenu *group = menu(@"Group", @[ red, inner, remove ], UIMenuOptionsDisplayInline);
   EXPECT_EQ(tap(startBarButton(menu(@"", @[ on, group ]))), Outcome::done);
   EXPECT_TRUE(shown()["levels"][0]["title"].is_null());
   const Json groups = shown()["levels"][0]["groups"];
@@ -96,7 +130,7 @@ TEST_F(MenuTest, ElementsSayWhatTheyAre) {
   EXPECT_TRUE(groups[0]["title"].is_null());
   EXPECT_EQ(groups[1]["title"], "Group");
   Json first = groups[0]["items"][0];
-  EXPECT_TRUE(first["image"]["tint"].is_object());
+  EXPECT_EQ(first["image"]["tint"], Json({{"light", "#000000ff"}, {"dark", "#ffffffff"}}));
   first.erase("image");
   EXPECT_EQ(first, Json({{"id", first["id"]},
                          {"kind", "action"},
@@ -111,12 +145,15 @@ TEST_F(MenuTest, ElementsSayWhatTheyAre) {
   EXPECT_EQ(second["enabled"], false);
   EXPECT_EQ(second["destructive"], true);
   EXPECT_TRUE(second["image"].is_null());
+  EXPECT_EQ(groups[1]["items"][2]["image"]["tint"]["light"], "#ff3b30ff");
   EXPECT_EQ(groups[1]["items"][1]["kind"], "menu");
+  EXPECT_EQ(groups[1]["items"][1]["enabled"], true);
   EXPECT_EQ(groups[1]["items"][1]["destructive"], true);
   expectRefused({{"type", "tap"}, {"id", second["id"]}}, Outcome::refused);
   expectRefused({{"type", "tap"}, {"id", "item99.0"}}, Outcome::unknown);
   const std::string id = first["id"];
   expectRefused({{"type", "tap"}, {"id", id.substr(0, id.find('.')) + ".77"}}, Outcome::unknown);
+  expectRefused({{"type", "tap"}, {"id", "action" + id.substr(4)}}, Outcome::unknown);
   EXPECT_EQ(tap(id), Outcome::done);
   EXPECT_EQ(chosen(), "On");
   EXPECT_TRUE(shown().is_null());
@@ -186,9 +223,48 @@ TEST_F(MenuTest, AButtonInTheBarOpensItsMenuBesideTheBarButton) {
   UIView *custom = button(menu(@"", @[ action(@"a") ]));
   [[list navigationItem] setRightBarButtonItem:[[[UIBarButtonItem alloc] initWithCustomView:custom] autorelease]];
   start(list);
-  const std::string id = page()["buttons"][0]["id"];
-  EXPECT_EQ(tap(id), Outcome::done);
-  EXPECT_EQ(shown()["source"], Json({{"id", id}, {"rect", nullptr}}));
+  const std::string place = page()["buttons"][0]["id"];
+  EXPECT_EQ(tap(place), Outcome::done);
+  EXPECT_EQ(shown()["source"], Json({{"id", place}, {"rect", nullptr}}));
+  EXPECT_EQ(send({{"type", "dismiss"}}), Outcome::done);
+  [[list navigationItem] setRightBarButtonItem:nil];
+  const auto around = view(100, 40);
+  [around.get() addSubview:custom];
+  [[list navigationItem] setRightBarButtonItem:[[[UIBarButtonItem alloc] initWithCustomView:around.get()] autorelease]];
+  session().refresh();
+  const std::string outer = page()["buttons"][0]["id"];
+  ASSERT_TRUE([(UIControl *)custom sim_tapByUser]);
+  session().refresh();
+  EXPECT_EQ(shown()["source"], Json({{"id", outer}, {"rect", nullptr}})) << "deep in the bar button's view";
+}
+
+TEST_F(MenuTest, TheMenuOfABarButtonThatHasGoneIsBesideNothing) {
+  EXPECT_EQ(tap(startBarButton(menu(@"", @[ action(@"a") ]))), Outcome::done);
+  [[page_ navigationItem] setRightBarButtonItem:nil];
+  session().refresh();
+  EXPECT_TRUE(shown()["source"].is_null());
+  EXPECT_EQ(tap(item(0, 0, 0)["id"]), Outcome::done);
+  EXPECT_EQ(chosen(), "a");
+}
+
+TEST_F(MenuTest, AMenuOpensOverWhatTheFirstTouchOfItsButtonPresented) {
+  UIButton *made = button(menu(@"", @[ action(@"a") ]));
+  const auto header = view(320, 60);
+  [header.get() addSubview:made];
+  const std::string place = describedView(header.get())["views"][0]["id"];
+  const auto page = objcxx::adopt([[PlainPage alloc] init]);
+  __block UIViewController *root = [[[UIApplication sharedApplication] keyWindow] rootViewController];  // Not retained.
+  [made addAction:[UIAction actionWithTitle:@""
+                                      image:nil
+                                 identifier:nil
+                                    handler:^(UIAction *) {
+                                      [root presentViewController:page.get() animated:NO completion:nil];
+                                    }]
+      forControlEvents:UIControlEventTouchDown];
+  EXPECT_EQ(tap(place), Outcome::done);
+  EXPECT_EQ(shown()["source"], Json({{"id", place}, {"rect", {0, 0, 80, 34}}}));
+  EXPECT_EQ(tap(item(0, 0, 0)["id"]), Outcome::done);
+  EXPECT_EQ(screen()["sheet"]["kind"], "page");
 }
 
 TEST_F(MenuTest, AFingerThatStaysOpensTheMenuOfAView) {
@@ -201,6 +277,24 @@ TEST_F(MenuTest, AFingerThatStaysOpensTheMenuOfAView) {
   const Json press{{"type", "gesture"}, {"kind", "press"}, {"id", described["id"]}, {"at", {20, 20}}};
   EXPECT_EQ(send(press), Outcome::done);
   EXPECT_EQ(item(0, 0, 0)["title"], "a");
+}
+
+TEST_F(MenuTest, ARowOpensItsMenuBesideItselfAndTheRestStepsBack) {
+  MenuRowPage *list = [[[MenuRowPage alloc] initWithTitle:@"Menu" sections:@[ @[ @"a", @"b" ] ]] autorelease];
+  start(list);
+  EXPECT_EQ(send({{"type", "gesture"}, {"kind", "press"}, {"id", rowId(0, 1)}}), Outcome::done);
+  EXPECT_EQ(shown()["appearance"], "rich");
+  EXPECT_EQ(shown()["source"]["id"], rowId(0, 1));
+  EXPECT_EQ(item(0, 0, 0)["title"], "Copy");
+}
+
+TEST_F(MenuTest, SymbolsAreOfTheSizeOfTheText) {
+  UIAction *trash = action(@"Trash");
+  [trash setImage:[UIImage systemImageNamed:@"trash"]];
+  EXPECT_EQ(tap(startBarButton(menu(@"", @[ trash ]))), Outcome::done);
+  UIImageSymbolConfiguration *body = [UIImageSymbolConfiguration configurationWithTextStyle:UIFontTextStyleBody
+                                                                                      scale:UIImageSymbolScaleMedium];
+  EXPECT_EQ(item(0, 0, 0)["image"]["width"], [[UIImage systemImageNamed:@"trash" withConfiguration:body] size].width);
 }
 
 }  // namespace

@@ -1,6 +1,20 @@
 // The photo picker over the automation interface.
 #include "simulator/Settings/SessionTest.h"
 
+/// Notes that a picker was cancelled, and closes it.
+@interface PhotoCanceller : NSObject <UIImagePickerControllerDelegate, UINavigationControllerDelegate> {
+ @public
+  int cancels;
+}
+@end
+
+@implementation PhotoCanceller
+- (void)imagePickerControllerDidCancel:(UIImagePickerController *)picker {
+  ++cancels;
+  [picker dismissViewControllerAnimated:NO completion:nil];
+}
+@end
+
 namespace {
 
 /// A page with the photo picker over it.
@@ -92,6 +106,18 @@ TEST_F(PhotoPickerTest, DismissingItCancels) {
   photo(@"a.png", UIImagePNGRepresentation(picture(50)));
   openPicker();
   EXPECT_EQ(send({{"type", "dismiss"}}), Outcome::done);
+  EXPECT_TRUE(screen()["sheet"].is_null());
+}
+
+TEST_F(PhotoPickerTest, DismissingItTellsTheDelegateWhichCloses) {
+  photo(@"a.png", UIImagePNGRepresentation(picture(50)));
+  const auto canceller = objcxx::adopt([[PhotoCanceller alloc] init]);
+  ListPage *list = startList(@[ @[ @"a" ] ]);
+  UIImagePickerController *picker = [[[UIImagePickerController alloc] init] autorelease];
+  [picker setDelegate:canceller.get()];
+  present(list, picker);
+  EXPECT_EQ(send({{"type", "dismiss"}}), Outcome::done);
+  EXPECT_EQ(canceller.get()->cancels, 1);
   EXPECT_TRUE(screen()["sheet"].is_null());
 }
 

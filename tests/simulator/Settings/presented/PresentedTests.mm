@@ -71,4 +71,43 @@ TEST_F(PresentedTest, AnAlertOfAnAppsOwnIsAnAlertAndANavigationControllerAPage) 
   EXPECT_EQ(screen()["sheet"]["title"], "Welcome") << "what its bar shows";
 }
 
+TEST_F(PresentedTest, ANavigationControllerIsCalledWhatItsBarShows) {
+  ListPage *list = startList(@[ @[ @"Row" ] ]);
+  PlainPage *page = [[[PlainPage alloc] init] autorelease];
+  UINavigationController *pages = [[[UINavigationController alloc] initWithRootViewController:page] autorelease];
+  [pages setTitle:@"Tab"];
+  present(list, pages);
+  EXPECT_EQ(screen()["sheet"]["title"], "Tab");
+  [page setTitle:@"Page"];
+  session().refresh();
+  EXPECT_EQ(screen()["sheet"]["title"], "Page");
+  [[page navigationItem] setTitle:@"Item"];
+  session().refresh();
+  EXPECT_EQ(screen()["sheet"]["title"], "Item");
+}
+
+TEST_F(PresentedTest, APageOfItsOwnStyleSaysSo) {
+  ListPage *list = startList(@[ @[ @"Row" ] ]);
+  PlainPage *plain = [[[PlainPage alloc] init] autorelease];
+  [plain setOverrideUserInterfaceStyle:UIUserInterfaceStyleDark];
+  present(list, plain);
+  EXPECT_EQ(screen()["sheet"]["interfaceStyle"], "dark");
+}
+
+TEST_F(PresentedTest, AnAnchorIsWhereItsViewIsOnTheScreen) {
+  ListPage *list = startList(@[ @[ @"Row" ] ]);
+  const auto outer = objcxx::adopt([[UIView alloc] initWithFrame:CGRectMake(30, 40, 200, 100)]);
+  const auto source = objcxx::adopt([[UIView alloc] initWithFrame:CGRectMake(10, 20, 100, 50)]);
+  [outer.get() addSubview:source.get()];
+  UIAlertController *sheet = [UIAlertController alertControllerWithTitle:@"x"
+                                                                 message:nil
+                                                          preferredStyle:UIAlertControllerStyleActionSheet];
+  [[sheet popoverPresentationController] setSourceView:source.get()];
+  present(list, sheet);
+  EXPECT_TRUE(screen()["alert"]["anchor"].is_null()) << "it is nowhere on the screen";
+  [[list view] addSubview:outer.get()];
+  session().refresh();
+  EXPECT_EQ(screen()["alert"]["anchor"], Json({40, 60, 100, 50}));
+}
+
 }  // namespace

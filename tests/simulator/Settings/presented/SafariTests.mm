@@ -3,6 +3,13 @@
 
 #include "simulator/Settings/SessionTest.h"
 
+/// A delegate that wants to hear of nothing.
+@interface SafariIgnorer : NSObject <SFSafariViewControllerDelegate>
+@end
+
+@implementation SafariIgnorer
+@end
+
 @interface SafariCloser : NSObject <SFSafariViewControllerDelegate> {
  @public
   int finished;
@@ -32,6 +39,17 @@ TEST_F(SafariTests, IsShownByItsHostAndTellsThatItWasClosed) {
   EXPECT_EQ(send({{"type", "dismiss"}}), Outcome::done);
   EXPECT_TRUE(screen()["sheet"].is_null());
   EXPECT_EQ(closer->finished, 1);
+}
+
+TEST_F(SafariTests, IsClosedWithoutADelegateThatHearsOfIt) {
+  ListPage *list = startList(@[ @[ @"Row" ] ]);
+  SafariIgnorer *ignorer = [[[SafariIgnorer alloc] init] autorelease];
+  SFSafariViewController *safari =
+      [[[SFSafariViewController alloc] initWithURL:[NSURL URLWithString:@"https://example.com/a"]] autorelease];
+  [safari setDelegate:ignorer];
+  present(list, safari);
+  EXPECT_EQ(send({{"type", "dismiss"}}), Outcome::done);
+  EXPECT_TRUE(screen()["sheet"].is_null());
 }
 
 }  // namespace

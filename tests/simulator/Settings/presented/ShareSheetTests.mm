@@ -93,9 +93,14 @@ TEST_F(ShareSheetTest, WhatASharedItemCannotDoIsRefused) {
   expectRefused({{"type", "tap"}, {"id", item(1)["id"]}, {"part", "accessory"}}, Outcome::refused);
   expectRefused({{"type", "tap"}, {"id", item(1)["id"]}, {"part", "print"}}, Outcome::malformed);
   expectRefused({{"type", "tap"}, {"id", "item99.0"}, {"part", "copy"}}, Outcome::unknown);
+  std::string other = item(1)["id"];
+  expectRefused({{"type", "tap"}, {"id", "action" + other.substr(4)}, {"part", "save"}}, Outcome::unknown);
+  other.back() = '2';
+  expectRefused({{"type", "tap"}, {"id", other}, {"part", "copy"}}, Outcome::unknown);
   [sheet setExcludedActivityTypes:@[ UIActivityTypeCopyToPasteboard, SIMActivityTypeSaveToFiles ]];
   session().refresh();
   EXPECT_EQ(item(0)["activities"], Json::array());
+  EXPECT_EQ(item(0)["text"], nullptr);
   EXPECT_EQ(item(1)["url"], nullptr);
   expectRefused({{"type", "tap"}, {"id", item(0)["id"]}, {"part", "copy"}}, Outcome::refused);
   expectRefused({{"type", "tap"}, {"id", item(1)["id"]}, {"part", "save"}}, Outcome::refused);

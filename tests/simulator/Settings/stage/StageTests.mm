@@ -300,4 +300,14 @@ TEST_F(StageTest, APhoneHasNoStage) {
   }
 }
 
+TEST_F(StageTest, WhatAWidgetSharesIsFetchedFromTheStage) {
+  show();
+  UIActivityViewController *sheet = [[[UIActivityViewController alloc]
+      initWithActivityItems:@[ [NSURL fileURLWithPath:write(@"/var/Dark.plist", "<plist/>")] ]
+      applicationActivities:nil] autorelease];
+  present(stage_->page(), sheet);
+  const Json item = screen()["sheet"]["items"][0];
+  EXPECT_EQ(item["url"], "/shared/stage-" + item.value("id", ""));
+}
+
 }  // namespace
