@@ -21,7 +21,8 @@ TEST_F(PresentedTest, aSheetTellsThePlaceThatItWasGiven) {
   [[sheet.get() popoverPresentationController] setSourceView:source.get()];
   [list presentViewController:sheet.get() animated:NO completion:nil];
   session().refresh();
-  const double top = -[[list tableView] contentOffset].y;  // The place is one on the screen, and bars lie over the list.
+  const double top =
+      -[[list tableView] contentOffset].y;  // The place is one on the screen, and bars lie over the list.
   EXPECT_EQ(screen()["sheet"]["anchor"], Json({10, top + 20, 100, 50}));
   [[sheet.get() popoverPresentationController] setSourceRect:CGRectMake(1, 2, 3, 4)];
   session().refresh();
