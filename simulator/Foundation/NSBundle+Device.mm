@@ -18,6 +18,7 @@ using BundleIdentifier = NSString *(*)(id, SEL);
 using Load = BOOL (*)(id, SEL);
 using PathForResource = NSString *(*)(id, SEL, NSString *, NSString *, NSString *);
 using StringsFile = id (*)(id, SEL);
+using LocalizedString = NSString *(*)(id, SEL, NSString *, NSString *, NSString *);
 using BundleForClass = NSBundle *(*)(id, SEL, Class);
 
 InitWithPath originalInitWithPath = nullptr;
@@ -26,6 +27,8 @@ Load originalLoad = nullptr;
 BundleForClass originalBundleForClass = nullptr;
 PathForResource originalPathForResource = nullptr;
 StringsFile originalStringsFile = nullptr;
+LocalizedString originalLocalizedString = nullptr;
+const char kTexts = 0;
 thread_local bool isInitialising = false;
 
 id initWithPath(id self, SEL selector, NSString *path) {
@@ -101,6 +104,35 @@ id stringsFile(id self, SEL selector) {
   return [list isKindOfClass:[NSDictionary class]] ? list : originalStringsFile(self, selector);
 }
 
+/// The texts of that table in the bundle, read once; nil where no file has any.
+NSDictionary *textsOf(NSBundle *bundle, NSString *table) {
+  @synchronized(bundle) {
+    NSMutableDictionary *tables = objc_getAssociatedObject(bundle, &kTexts);
+    if (!tables) {
+      tables = [NSMutableDictionary dictionary];
+      objc_setAssociatedObject(bundle, &kTexts, tables, OBJC_ASSOCIATION_RETAIN);
+    }
+    id known = [tables objectForKey:table];
+    if (!known) {
+      NSString *path = [bundle pathForResource:table ofType:@"strings"];
+      NSData *data = path ? [NSData dataWithContentsOfFile:path] : nil;
+      id list = data ? [NSPropertyListSerialization propertyListWithData:data options:0 format:NULL error:NULL] : nil;
+      known = [list isKindOfClass:[NSDictionary class]] ? list : [NSNull null];
+      [tables setObject:known forKey:table];
+    }
+    return [[(known == [NSNull null] ? nil : known) retain] autorelease];
+  }
+}
+
+/// GNUstep takes UTF-8 without a mark before it for a fault of the file, and tells the log so.
+NSString *localizedString(id self, SEL selector, NSString *key, NSString *value, NSString *table) {
+  NSDictionary *texts = textsOf(self, [table length] > 0 ? table : @"Localizable");
+  if (!texts) return originalLocalizedString(self, selector, key, value, table);
+  NSString *text = key ? [texts objectForKey:key] : nil;
+  if ([text isKindOfClass:[NSString class]]) return text;
+  return [value length] > 0 ? value : key ?: @"";
+}
+
 template <typename Implementation>
 Implementation replace(SEL selector, Implementation implementation, bool isOfClass = false,
                        const char *kind = "NSBundle") {
@@ -121,6 +153,7 @@ Implementation replace(SEL selector, Implementation implementation, bool isOfCla
   originalLoad = replace(@selector(load), load);
   originalInitWithPath = replace(@selector(initWithPath:), initWithPath);
   originalPathForResource = replace(@selector(pathForResource:ofType:inDirectory:), pathForResource);
+  originalLocalizedString = replace(@selector(localizedStringForKey:value:table:), localizedString);
   originalStringsFile = replace(@selector(propertyListFromStringsFileFormat), stringsFile, false, "NSString");
   originalBundleForClass = replace(@selector(bundleForClass:), bundleForClass, true);
 }

@@ -3,6 +3,7 @@
 #import <Preferences/FooterText.h>
 #import <Preferences/PSSpecifier+Sim.h>
 #import <Preferences/PreferencesLog.h>
+#import <UIKit/FrameworkSupport.h>
 #import <UIKit/UIKit.h>
 
 @implementation PSFooterHyperlinkView
@@ -71,6 +72,7 @@
                                               }] autorelease];
   const NSRange link = [self sim_link];
   [shown addAttribute:NSForegroundColorAttributeName value:[UIColor systemBlueColor] range:link];
+  const sim::SystemSets system;
   [_label setAttributedText:shown];
   [_button setAccessibilityLabel:[_text substringWithRange:link]];
   [_button setHidden:link.length == 0];

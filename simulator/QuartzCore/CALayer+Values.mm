@@ -127,21 +127,29 @@ Turn turnAt(NSString *path) {
   return Turn::kNone;
 }
 
-/// A transform taken apart: scaled, then turned about z, then moved. Turns about x and y are kept beside.
+/// A transform taken apart: scaled, then turned about x, y and z, then moved, then seen in perspective.
 struct Turned {
-  explicit Turned(const CATransform3D &t)
-      : scaleX(std::hypot(t.m11, t.m12)),
-        scaleY(std::hypot(t.m21, t.m22)),
-        scaleZ(t.m33),
-        angleZ(std::atan2(t.m12, t.m11)),
-        x(t.m41),
-        y(t.m42),
-        z(t.m43) {
-    if (t.m11 * t.m22 - t.m12 * t.m21 < 0) scaleY = -scaleY;
+  explicit Turned(const CATransform3D &t) : x(t.m41), y(t.m42), z(t.m43) {
+    const Row i(t.m11, t.m12, t.m13), j(t.m21, t.m22, t.m23), k(t.m31, t.m32, t.m33);
+    scaleX = i.length, scaleY = j.length, scaleZ = k.length;
+    const CGFloat volume =
+        i.x * (j.y * k.z - j.z * k.y) - i.y * (j.x * k.z - j.z * k.x) + i.z * (j.x * k.y - j.y * k.x);
+    if (volume < 0) scaleY = -scaleY;
+    perspective = lastColumnOf(volume == 0 ? t : CATransform3DConcat(CATransform3DInvert(affineOf(t)), t));
+    // Two triples of angles are the same turn: the smaller ones are those that somebody would have set.
+    const CGFloat across = std::hypot(i.x, i.y);
+    angleX = std::atan2(j.z * std::copysign(1, scaleY), k.z);
+    angleY = std::atan2(-i.z, across);
+    angleZ = std::atan2(i.y, i.x);
+    const CGFloat otherX = turnedBack(angleX), otherY = turnedBack(-angleY), otherZ = turnedBack(angleZ);
+    if (std::abs(otherX) + std::abs(otherY) + std::abs(otherZ) + kSame <
+        std::abs(angleX) + std::abs(angleY) + std::abs(angleZ)) {
+      angleX = otherX, angleY = otherY, angleZ = otherZ;
+    }
   }
 
   CATransform3D whole() const {
-    CATransform3D t = CATransform3DMakeTranslation(x, y, z);
+    CATransform3D t = CATransform3DTranslate(perspective, x, y, z);
     t = CATransform3DRotate(t, angleZ, 0, 0, 1);
     t = CATransform3DRotate(t, angleY, 0, 1, 0);
     t = CATransform3DRotate(t, angleX, 1, 0, 0);
@@ -149,16 +157,43 @@ struct Turned {
   }
 
   CGFloat scaleX, scaleY, scaleZ;
-  CGFloat angleX = 0, angleY = 0, angleZ;
+  CGFloat angleX, angleY, angleZ;
   CGFloat x, y, z;
+  CATransform3D perspective;
+
+ private:
+  static constexpr CGFloat kSame = 1e-9;  // Radians.
+
+  /// A row of the matrix, one long, and how long it was.
+  struct Row {
+    Row(CGFloat a, CGFloat b, CGFloat c) : length(std::hypot(a, b, c)) {
+      if (length > 0) x = a / length, y = b / length, z = c / length;
+    }
+    CGFloat x = 0, y = 0, z = 0, length;
+  };
+
+  /// Half a turn from `angle`, between -pi and pi.
+  static CGFloat turnedBack(CGFloat angle) { return angle > 0 ? angle - M_PI : angle + M_PI; }
+
+  /// `t` without its perspective.
+  static CATransform3D affineOf(CATransform3D t) {
+    t.m14 = t.m24 = t.m34 = 0, t.m44 = 1;
+    return t;
+  }
+
+  static CATransform3D lastColumnOf(const CATransform3D &t) {
+    CATransform3D column = CATransform3DIdentity;
+    column.m14 = t.m14, column.m24 = t.m24, column.m34 = t.m34, column.m44 = t.m44;
+    return column;
+  }
 };
 
 id valueOf(const CATransform3D &transform, Turn turn) {
   const Turned t(transform);
   const auto number = [](CGFloat value) { return [NSNumber numberWithDouble:value]; };
   switch (turn) {
-    case Turn::kRotationX: return number(std::atan2(transform.m23, transform.m33));
-    case Turn::kRotationY: return number(std::atan2(-transform.m13, transform.m11));
+    case Turn::kRotationX: return number(t.angleX);
+    case Turn::kRotationY: return number(t.angleY);
     case Turn::kRotationZ: return number(t.angleZ);
     case Turn::kScale: return number((t.scaleX + t.scaleY + t.scaleZ) / 3);
     case Turn::kScaleX: return number(t.scaleX);

@@ -178,6 +178,7 @@ class RowWriter {
     UILabel *detail = [cell sim_detailTextLabelIfMade];
     writeText(out_.name("label"), [label text]);
     writeColor(out_.name("labelColor"), [label sim_shownColor]);
+    out_.name("ownLabelColor").flag([label sim_hasOwnColor]);
     if (label) {
       out_.name("labelSize").number([[label font] pointSize]);
       const TextStyle style = textStyle([label font]);
@@ -196,6 +197,7 @@ class RowWriter {
     }
     writeText(out_.name("detail"), [detail text]);
     writeColor(out_.name("detailColor"), [detail sim_shownColor]);
+    out_.name("ownDetailColor").flag([detail sim_hasOwnColor]);
     // As they lie now: their frames are those of the last layout.
     if ([label sim_isAttributed] || [detail sim_isAttributed]) [cell layoutIfNeeded];
     writeAttributedText(out_.name("attributedLabel"), label, 1, images_);

@@ -18,6 +18,9 @@ void watchSetter(Class owner, SEL setter);
 /// is ("forState:").
 std::string valueKey(NSInvocation *call);
 
+/// Whether it is the system that sets a value of `object` just now, not its maker or a proxy.
+bool isSetBySystem(NSObject *object);
+
 /// The same call with arguments of its own, which it retains. An invocation has large structures until it has been
 /// forwarded or invoked: libffi puts others in their place.
 objcxx::Retained<NSInvocation> copyOfCall(NSInvocation *call);

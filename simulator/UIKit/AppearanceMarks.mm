@@ -266,6 +266,8 @@ void play(NSInvocation *call, NSObject *object) {
   }
 }
 
+bool isSetBySystem(NSObject *object) { return systemSets > 0 && object != playedTo; }
+
 SystemSets::SystemSets() { ++systemSets; }
 SystemSets::~SystemSets() { --systemSets; }
 

@@ -22,6 +22,9 @@ struct TextDefaults {
   NSParagraphStyle *paragraph = nil;
   /// Of links, whatever colour they have; nil: the system's link colour, underlined.
   UIColor *linkColor = nil;
+  /// Whether somebody but the system has set `color`, and the colours among the attributes.
+  bool isOwnColor = false;
+  bool hasOwnColors = true;
 };
 
 /// What a line break mode that shortens means: one line, or several of which the last is shortened.
@@ -31,6 +34,7 @@ enum class Shortening { toOneLine, ofLastLine };
 struct RunLook {
   objcxx::Retained<UIFont> font;
   objcxx::Retained<UIColor> color;
+  bool isOwnColor = false;  ///< Somebody but the system has set it.
   objcxx::Retained<UIColor> background;
   NSInteger underline = 0;  ///< NSUnderlineStyle.
   objcxx::Retained<UIColor> underlineColor;

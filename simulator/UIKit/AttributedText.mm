@@ -206,8 +206,9 @@ void AttributedText::addRun(NSString *text, NSDictionary *attributes, const Text
   run.paragraph = paragraphOf(style ?: defaults.paragraph ?: [NSParagraphStyle defaultParagraphStyle], shortening);
   RunLook look;
   look.font = objcxx::share(font);
-  look.color = objcxx::share(valueOf<UIColor>(attributes, NSForegroundColorAttributeName)
-                                 ?: defaults.color ?: [UIColor blackColor]);
+  UIColor *color = valueOf<UIColor>(attributes, NSForegroundColorAttributeName);
+  look.color = objcxx::share(color ?: defaults.color ?: [UIColor blackColor]);
+  look.isOwnColor = color ? defaults.hasOwnColors : defaults.isOwnColor;
   look.background = objcxx::share(valueOf<UIColor>(attributes, NSBackgroundColorAttributeName));
   look.underline = NSInteger(numberOf(attributes, NSUnderlineStyleAttributeName));
   look.underlineColor = objcxx::share(valueOf<UIColor>(attributes, NSUnderlineColorAttributeName));
@@ -219,6 +220,7 @@ void AttributedText::addRun(NSString *text, NSDictionary *attributes, const Text
   if ([address isKindOfClass:[NSString class]]) {
     look.link = objcxx::share(address);
     look.color = objcxx::share(defaults.linkColor ?: [UIColor linkColor]);
+    look.isOwnColor = false;
     if (!defaults.linkColor && !look.underline) look.underline = NSUnderlineStyleSingle;
   }
   const unichar attached = NSAttachmentCharacter;

@@ -238,6 +238,9 @@ class TextLayoutBuilder final {
       layout = layOut(part, paragraph, left, true);
     }
     const int all = pango_layout_get_line_count(layout.get());
+    if (pango_layout_is_ellipsized(layout.get()) || (left > 0 && (all > left || (all == left && !part.last)))) {
+      layout_.isShortened_ = true;
+    }
     int count = 0;
     forEachLine(layout.get(), left, [&](PangoLayoutLine* line, const PangoRectangle& logical) {
       addLine(part, paragraph, line, points(logical.x), ++count < all);

@@ -115,6 +115,8 @@ class TextLayout final {
   /// Points: how wide the lines are with their indents, wherever they are aligned to, and how high they are together.
   double width() const noexcept { return width_; }
   double height() const noexcept { return height_; }
+  /// Whether the lines leave something of the text out.
+  bool isShortened() const noexcept { return isShortened_; }
   /// Fills the glyphs of a piece of this layout in the context's source, with the text's top left corner at (x, y).
   void show(cairo_t* context, const TextLine& line, const TextPiece& piece, double raised, double x, double y) const;
 
@@ -126,6 +128,7 @@ class TextLayout final {
   std::vector<TextLine> lines_;
   double width_ = 0;
   double height_ = 0;
+  bool isShortened_ = false;
 
   friend class TextLayoutBuilder;
 };

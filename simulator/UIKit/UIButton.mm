@@ -1,5 +1,6 @@
 #import <UIKit/FrameworkSupport.h>
 #import <UIKit/UIButtonState.h>
+#import <UIKit/UILabel+Sim.h>
 
 namespace {
 
@@ -80,6 +81,14 @@ constexpr CGFloat kSystemTitleSize = 15;
   return [[self currentTitle] length] > 0 || [[self currentAttributedTitle] length] > 0;
 }
 
+/// Whether the title has a colour that the button was given, by its type at least: the tint that all begin with is the
+/// system's.
+- (BOOL)sim_hasOwnTitleColor {
+  const UIControlState state = [self state];
+  if (valueFor(_buttonState->titleColors, state) || _buttonState->type == UIButtonTypeCustom) return YES;
+  return !(state & UIControlStateDisabled) && ![[self tintColor] isEqual:[UIColor systemBlueColor]];
+}
+
 - (void)sim_showCurrent {
   if ([self sim_hasTitle] || _buttonState->titleLabel) {
     const sim::SystemSets system;
@@ -87,6 +96,7 @@ constexpr CGFloat kSystemTitleSize = 15;
     [label setText:[self currentTitle]];
     [label setTextColor:[self currentTitleColor]];
     if (NSAttributedString *title = [self currentAttributedTitle]) [label setAttributedText:title];
+    [label sim_setHasOwnColor:[self sim_hasOwnTitleColor] inAttributes:YES];
   }
   if ([self currentImage] || _buttonState->imageView) [[self imageView] setImage:[self currentImage]];
   [self sim_showBackground];

@@ -26,6 +26,7 @@
 #import <UIKit/UIContextMenuConfiguration.h>
 #import <UIKit/UIContextMenuInteraction.h>
 #import <UIKit/UIControl.h>
+#import <UIKit/UIDatePicker.h>
 #import <UIKit/UIDeferredMenuElement.h>
 #import <UIKit/UIDevice.h>
 #import <UIKit/UIEvent.h>

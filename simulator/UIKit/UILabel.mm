@@ -1,3 +1,4 @@
+#import "AppearanceMarks.h"
 #import "LayoutProblem.h"
 
 #import <UIKit/NSAttributedString+UIKit.h>
@@ -31,6 +32,9 @@ struct UILabelState {
   bool adjustsFontSizeToFitWidth = false;
   bool highlighted = false;
   bool enabled = true;
+  bool hasOwnColor = false;  // Set by somebody but the system.
+  bool hasOwnHighlightedColor = false;
+  bool hasOwnColorsInAttributes = false;
 };
 
 }  // namespace sim
@@ -83,11 +87,13 @@ UIColor *shownColor(const sim::UILabelState &state, UIColor *color) {
   _labelState->text = objcxx::adopt((NSString *)[[text string] copy]);
   _labelState->attributedText = objcxx::adopt((NSAttributedString *)[text copy]);
   [self invalidateIntrinsicContentSize];
+  _labelState->hasOwnColorsInAttributes = !sim::isSetBySystem(self);
   if ([text length] == 0) return;
   NSDictionary *attributes = [text attributesAtIndex:0 effectiveRange:nullptr];
   if (UIFont *font = [attributes objectForKey:NSFontAttributeName]) _labelState->font = objcxx::share(font);
   if (UIColor *color = [attributes objectForKey:NSForegroundColorAttributeName]) {
     _labelState->textColor = objcxx::share(color);
+    _labelState->hasOwnColor = _labelState->hasOwnColorsInAttributes;
   }
   if (NSParagraphStyle *style = [attributes objectForKey:NSParagraphStyleAttributeName]) {
     _labelState->alignment = [style alignment];
@@ -138,6 +144,7 @@ UIColor *shownColor(const sim::UILabelState &state, UIColor *color) {
 - (void)setTextColor:(UIColor *)color {
   _labelState->textColor = objcxx::share(color ? color : [UIColor labelColor]);
   _labelState->colorOfPlainRuns = _labelState->textColor;
+  [self sim_setHasOwnColor:color && !sim::isSetBySystem(self) inAttributes:color && !sim::isSetBySystem(self)];
   [self sim_setAttribute:NSForegroundColorAttributeName value:[self textColor]];
 }
 
@@ -147,6 +154,7 @@ UIColor *shownColor(const sim::UILabelState &state, UIColor *color) {
 
 - (void)setHighlightedTextColor:(UIColor *)color {
   _labelState->highlightedTextColor = objcxx::share(color);
+  _labelState->hasOwnHighlightedColor = !sim::isSetBySystem(self);
 }
 
 - (BOOL)isHighlighted {
@@ -311,6 +319,16 @@ UIColor *shownColor(const sim::UILabelState &state, UIColor *color) {
   return shownColor(*_labelState, _labelState->textColor.get());
 }
 
+- (BOOL)sim_hasOwnColor {
+  const bool isHighlighted = _labelState->highlighted && _labelState->highlightedTextColor;
+  return isHighlighted ? _labelState->hasOwnHighlightedColor : _labelState->hasOwnColor;
+}
+
+- (void)sim_setHasOwnColor:(BOOL)color inAttributes:(BOOL)attributes {
+  _labelState->hasOwnColor = color;
+  _labelState->hasOwnColorsInAttributes = attributes;
+}
+
 - (BOOL)sim_isAttributed {
   return [_labelState->attributedText.get() length] > 0;
 }
@@ -322,7 +340,9 @@ UIColor *shownColor(const sim::UILabelState &state, UIColor *color) {
   return {_labelState->attributedText.get(),
           {.font = _labelState->fontOfPlainRuns.get(),
            .color = shownColor(*_labelState, _labelState->colorOfPlainRuns.get()),
-           .paragraph = style.get()},
+           .paragraph = style.get(),
+           .isOwnColor = bool([self sim_hasOwnColor]),
+           .hasOwnColors = _labelState->hasOwnColorsInAttributes},
           sim::Shortening::ofLastLine,
           scale};
 }

@@ -12,13 +12,19 @@
 
 namespace sim {
 
+/// A row's view, and the size that the wheel gave it, as it had none of its own; nothing for one that had.
+struct PickerRowView {
+  objcxx::Retained<UIView> view;
+  CGSize given = {0, 0};
+};
+
 struct PickerComponent {
   NSInteger rows = 0;
   NSInteger selected = -1;
   CGFloat rowHeight = 0;
   CGFloat width = 0;  ///< 0: its share.
-  std::map<NSInteger, objcxx::Retained<UIView>> views;
-  std::vector<objcxx::Retained<UIView>> waiting;  ///< Views to be used again.
+  std::map<NSInteger, PickerRowView> views;
+  std::vector<PickerRowView> waiting;  ///< To be used again.
 };
 
 struct PickerViewState {
@@ -143,7 +149,7 @@ CGSize sizeFor(CGSize size) { return size.width > 0 || size.height > 0 ? size : 
   const sim::PickerComponent *component = [self sim_component:number];
   if (!component) return nil;
   const auto found = component->views.find(row);
-  return found == component->views.end() ? nil : found->second.get();
+  return found == component->views.end() ? nil : found->second.view.get();
 }
 
 - (void)reloadAllComponents {
@@ -194,22 +200,28 @@ CGSize sizeFor(CGSize size) { return size.width > 0 || size.height > 0 ? size : 
   }
 }
 
-- (CGPoint)sim_middleOfRowInComponent:(NSInteger)number {
-  const CGSize size = [self rowSizeForComponent:number];
-  return CGPointMake(size.width / 2, size.height / 2);
+/// Puts the view into the middle of its row, which may have become wider since: one without a size of its own fills it.
+- (void)sim_place:(sim::PickerRowView &)row inComponent:(NSInteger)number {
+  UIView *view = row.view.get();
+  const CGSize room = [self rowSizeForComponent:number];
+  const CGSize size = [view bounds].size;
+  if (size.width <= 0 || size.height <= 0 || CGSizeEqualToSize(size, row.given)) {
+    row.given = room;
+    [view setBounds:{CGPointZero, room}];
+  }
+  [view setCenter:CGPointMake(room.width / 2, room.height / 2)];
 }
 
 - (UIView *)sim_makeViewForRow:(NSInteger)row inComponent:(NSInteger)number {
   if (![self sim_makesViews]) return nil;
-  if (UIView *known = [self viewForRow:row forComponent:number]) {
-    // The wheel may have become wider since.
-    [known setCenter:[self sim_middleOfRowInComponent:number]];
-    return known;
-  }
   sim::PickerComponent *component = [self sim_component:number];
   if (!component || row < 0 || row >= component->rows) return nil;
+  if (const auto known = component->views.find(row); known != component->views.end()) {
+    [self sim_place:known->second inComponent:number];
+    return known->second.view.get();
+  }
   [self sim_letGoOfViewsIn:*component beside:[self sim_shownRowsInComponent:number]];
-  objcxx::Retained<UIView> old;
+  sim::PickerRowView old;
   if (!component->waiting.empty()) {
     old = component->waiting.back();
     component->waiting.pop_back();
@@ -217,13 +229,11 @@ CGSize sizeFor(CGSize size) { return size.width > 0 || size.height > 0 ? size : 
   const auto view = objcxx::share([_pickerViewState->delegate pickerView:self
                                                               viewForRow:row
                                                             forComponent:number
-                                                             reusingView:old.get()]);
+                                                             reusingView:old.view.get()]);
   component = [self sim_component:number];  // The delegate may have reloaded.
   if (!view || !component) return nil;
-  const CGSize size = [view.get() bounds].size;
-  if (size.width <= 0 || size.height <= 0) [view.get() setBounds:{CGPointZero, [self rowSizeForComponent:number]}];
-  [view.get() setCenter:[self sim_middleOfRowInComponent:number]];
-  component->views[row] = view;
+  sim::PickerRowView &made = component->views[row] = {view, view.get() == old.view.get() ? old.given : CGSizeZero};
+  [self sim_place:made inComponent:number];
   return view.get();
 }
 

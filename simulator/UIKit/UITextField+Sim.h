@@ -4,6 +4,8 @@
 #import <UIKit/UITextField.h>
 
 @interface UITextField (Sim)
+/// Whether somebody but the system has set the colour of the text.
+- (BOOL)sim_hasOwnColor;
 /// Taps the field, replaces its text by `text` and leaves the field, as a person does who types and then touches
 /// elsewhere: begin editing, should-change with the whole range, editing-changed, end editing. NO when the field is
 /// disabled, cannot be reached or its delegate refuses to begin; a refused change leaves the text alone and still ends

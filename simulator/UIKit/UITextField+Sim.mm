@@ -8,6 +8,10 @@
 
 @implementation UITextField (Sim)
 
+- (BOOL)sim_hasOwnColor {
+  return _fieldState->hasOwnColor;
+}
+
 - (BOOL)sim_enterText:(NSString *)text {
   return [self sim_replaceTextFrom:0 with:text andReturn:NO];
 }

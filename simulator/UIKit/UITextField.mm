@@ -1,3 +1,5 @@
+#import "AppearanceMarks.h"
+
 #import <UIKit/FrameworkSupport.h>
 #import <UIKit/NSAttributedString+UIKit.h>
 #import <UIKit/NSText+Sim.h>
@@ -77,6 +79,7 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 
 - (void)setTextColor:(UIColor *)color {
   _fieldState->textColor = objcxx::share(color ? color : [UIColor labelColor]);
+  _fieldState->hasOwnColor = color && !sim::isSetBySystem(self);
 }
 
 - (UIFont *)font {

@@ -26,6 +26,7 @@ struct UITextFieldState {
   bool clearsOnBeginEditing = false;
   bool adjustsFontSizeToFitWidth = false;
   bool editing = false;
+  bool hasOwnColor = false;  // Set by somebody but the system.
   TextInputTraits traits;
 };
 

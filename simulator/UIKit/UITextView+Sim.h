@@ -5,6 +5,8 @@
 #import <UIKit/UITextView.h>
 
 @interface UITextView (Sim)
+/// Whether somebody but the system has set the colour of the text.
+- (BOOL)sim_hasOwnColor;
 /// Whether the text has attributes of its own.
 - (BOOL)sim_isAttributed;
 /// That text; empty for a view without one.

@@ -1,3 +1,5 @@
+#import "AppearanceMarks.h"
+
 #import <UIKit/FrameworkSupport.h>
 #import <UIKit/NSAttributedString+UIKit.h>
 
@@ -29,6 +31,7 @@ struct UITextViewState {
   UIEdgeInsets textContainerInset = {8, 0, 8, 0};
   bool editable = true;
   bool selectable = true;
+  bool hasOwnColor = false;  // Set by somebody but the system.
   TextInputTraits traits;
 };
 
@@ -145,6 +148,7 @@ void post(NSString *name, id object) { [[NSNotificationCenter defaultCenter] pos
 
 - (void)setTextColor:(UIColor *)color {
   _textState->textColor = objcxx::share(color ? color : [UIColor labelColor]);
+  _textState->hasOwnColor = color && !sim::isSetBySystem(self);
   [self sim_setAttribute:NSForegroundColorAttributeName value:[self textColor]];
 }
 
@@ -240,6 +244,10 @@ SIM_TEXT_INPUT_TRAITS(_textState->traits)
 @end
 
 @implementation UITextView (Sim)
+
+- (BOOL)sim_hasOwnColor {
+  return _textState->hasOwnColor;
+}
 
 - (BOOL)sim_isAttributed {
   return [_textState->attributedText.get() length] > 0;

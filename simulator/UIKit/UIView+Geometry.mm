@@ -29,17 +29,27 @@ Span shared(Span span, CGFloat oldLength, CGFloat newLength, bool startFlexes, b
   return {span.start + share(startFlexes, start), std::max(CGFloat(0), span.length + share(lengthFlexes, length))};
 }
 
-// From the view's coordinates to those of its outermost ancestor; the identity for nil.
-CGAffineTransform transformToRoot(UIView *view) {
+// From the view's coordinates to those of its window, which is its outermost ancestor; the identity for nil.
+CGAffineTransform transformToWindow(UIView *view) {
   CGAffineTransform transform = CGAffineTransformIdentity;
-  for (; view; view = [view superview]) {
+  for (;[view superview]; view = [view superview]) {
     transform = CGAffineTransformConcat(transform, sim::transformToParent([view sim_state]));
   }
   return transform;
 }
 
+// The same to those that the window lies in.
+CGAffineTransform transformToScreen(UIView *view) {
+  UIView *outermost = view;
+  while ([outermost superview]) outermost = [outermost superview];
+  return CGAffineTransformConcat(transformToWindow(view), sim::transformToParent([outermost sim_state]));
+}
+
+// nil: the window of the other, wherever that lies.
 CGAffineTransform between(UIView *from, UIView *to) {
-  return CGAffineTransformConcat(transformToRoot(from), CGAffineTransformInvert(transformToRoot(to)));
+  if (!to) return transformToWindow(from);
+  if (!from) return CGAffineTransformInvert(transformToWindow(to));
+  return CGAffineTransformConcat(transformToScreen(from), CGAffineTransformInvert(transformToScreen(to)));
 }
 
 }  // namespace

@@ -11,6 +11,14 @@ export function cssColor(color) {
 }
 
 /**
+ * The CSS colour of a text: as it is where it is the bundle's `own`, else legible on `background`. Who draws it marks
+ * the element with `data-own-color`.
+ */
+export function inkOf(color, own, background, large) {
+  return own ? cssColor(color) : cssTextColor(color, background, large);
+}
+
+/**
  * The CSS colour for text of `color` on `background`, moved towards black or white only as far as reading needs.
  *
  * `large` is for text of 24 pixels and more, which is read at less contrast.

@@ -1,6 +1,6 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { cssColor, cssTextColor, paintedOver } from '../../simulator/web/colors.js';
+import { cssColor, cssTextColor, inkOf, paintedOver } from '../../simulator/web/colors.js';
 import { objectFitOf, placeOf as placeOfPicture } from '../../simulator/web/phone/contentMode.js';
 import { nextStop } from '../../simulator/web/phone/keyboard.js';
 import { dragLayout, nearestDestination, rowAt, topsOf } from '../../simulator/web/phone/layout.js';
@@ -23,6 +23,12 @@ test('A faint text colour is moved only as far as reading needs', () => {
   const [light, dark] = cssTextColor('#808080ff', white).match(/#[0-9a-f]{6}/g);
   assert.ok(light > '#707070' && light < '#808080', light);
   assert.equal(dark, '#808080');
+});
+
+test('A colour of the bundle\'s own is kept however faint it is', () => {
+  assert.equal(inkOf('#fefefeff', true, white), '#fefefeff');
+  assert.notEqual(inkOf('#fefefeff', false, white), '#fefefeff');
+  assert.equal(inkOf(null, true, white), undefined);
 });
 
 test('Large text keeps a colour that small text could not have', () => {

@@ -8,15 +8,16 @@
 namespace sim {
 
 // Each stands in the file of its name.
-extern const ControlAdapter kPicker, kSearchBar, kSegmentedControl, kSlider, kSpinner, kStepper, kSwitch, kTextField,
-    kTextView;
+extern const ControlAdapter kDatePicker, kPicker, kSearchBar, kSegmentedControl, kSlider, kSpinner, kStepper, kSwitch,
+    kTextField, kTextView;
 
 namespace {
 
 /// nullptr for a view that is no control.
 const ControlAdapter *adapterOf(UIView *view) {
-  static const AdapterTable<ControlAdapter> controls{&kPicker,  &kSearchBar, &kSegmentedControl, &kSlider,  &kSpinner,
-                                                     &kStepper, &kSwitch,    &kTextField,        &kTextView};
+  static const AdapterTable<ControlAdapter> controls{&kDatePicker, &kPicker,  &kSearchBar, &kSegmentedControl,
+                                                     &kSlider,     &kSpinner, &kStepper,   &kSwitch,
+                                                     &kTextField,  &kTextView};
   return controls.of(view);
 }
 

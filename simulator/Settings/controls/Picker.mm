@@ -4,6 +4,8 @@
 #import "Settings/controls/ControlAdapter.h"
 #import "Settings/views/Views.h"
 
+#include <objcxx/Retained.h>
+
 #include <vector>
 
 namespace sim {

@@ -1,4 +1,5 @@
 #import <UIKit/UISearchBar+Sim.h>
+#import <UIKit/UITextField+Sim.h>
 
 #import "Settings/controls/TextInput.h"
 #import "Settings/views/Views.h"
@@ -18,6 +19,7 @@ void describe(JsonText &out, UIView *view, ImageStore &) {
   out.name("minimal").flag([bar searchBarStyle] == UISearchBarStyleMinimal);
   writeColor(out.name("barColor"), [bar barTintColor]);
   writeColor(out.name("textColor"), [field textColor]);
+  out.name("ownTextColor").flag([field sim_hasOwnColor]);
   writeColor(out.name("fieldColor"), [field backgroundColor]);
   writeColor(out.name("tintColor"), ownTint(bar));
 }

@@ -75,6 +75,7 @@ void describe(JsonText &out, UIView *view, ImageStore &images) {
   out.name("clearButton").flag([field clearButtonMode] != UITextFieldViewModeNever);
   out.name("clearButtonMode").string(clearButtonModeName([field clearButtonMode]));
   writeColor(out.name("textColor"), [field textColor]);
+  out.name("ownTextColor").flag([field sim_hasOwnColor]);
   out.name("alignment").string(alignmentName([field textAlignment]));
   out.name("fontSize").number(shownFontSize(field));
   writeFace(out, [field font]);

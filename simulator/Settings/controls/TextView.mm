@@ -18,6 +18,7 @@ void describe(JsonText &out, UIView *view, ImageStore &images) {
   UITextView *field = (UITextView *)view;
   writeInputTraits(out, field);
   writeColor(out.name("textColor"), [field textColor]);
+  out.name("ownTextColor").flag([field sim_hasOwnColor]);
   out.name("alignment").string(alignmentName([field textAlignment]));
   out.name("fontSize").number([[field font] pointSize]);
   writeFace(out, [field font]);

@@ -22,7 +22,8 @@ void writeAnchor(JsonText &out, UIViewController *presented) {
   UIView *source = [popover sourceView];
   if (![source window]) return out.null();
   const CGRect rect = CGRectIsNull([popover sourceRect]) ? [source bounds] : [popover sourceRect];
-  writeFrame(out, [source convertRect:rect toView:nil]);
+  const CGPoint window = [[source window] frame].origin;
+  writeFrame(out, CGRectOffset([source convertRect:rect toView:nil], window.x, window.y));
 }
 
 /// The bar button, row or view on the page below that a popover belongs to, and where in that; null where it has none.

@@ -28,21 +28,35 @@ CGFloat shownFontSize(UILabel *label) {
 /// Points by which a line may be too long without anybody seeing it.
 constexpr double kUnseen = 0.5;
 
-/// What is left of a plain text that is too long for its one line; null where all of it is shown.
+/// How many lines of a plain text are shown; 0 for no limit. Those of which no more than a part would fit are not.
+int mostLines(UILabel *label, CGFloat lineHeight) {
+  const int most = int([label numberOfLines]);
+  const CGFloat room = [label bounds].size.height;
+  if (most == 1 || room <= 0) return most;
+  const int fitting = std::max(int((room + kUnseen) / lineHeight), 1);
+  return most > 0 ? std::min(most, fitting) : fitting;
+}
+
+/// What is left of a plain text that does not fit in its label, line by line; null where all of it is shown.
 void writeShownText(JsonText &out, UILabel *label) {
-  const TextEllipsis ellipsis = ellipsisOf([label lineBreakMode]);
   const double room = [label bounds].size.width;
-  const bool isOneLine = [label numberOfLines] == 1 && ![label sim_isAttributed] && [[label text] length] > 0;
-  if (!isOneLine || room <= 0 || ellipsis == TextEllipsis::none) return out.null();
+  if ([label sim_isAttributed] || [[label text] length] == 0 || room <= 0) return out.null();
+  UIFont *font = [[label font] fontWithSize:shownFontSize(label)];
+  const NSLineBreakMode mode = [label lineBreakMode];
+  const bool wraps =
+      [label numberOfLines] != 1 || mode == NSLineBreakByWordWrapping || mode == NSLineBreakByCharWrapping;
   TextRun run;
   run.text = runText([label text]);
-  run.style = textStyle([label font]);
-  run.style.size = shownFontSize(label);
-  run.paragraph = {.wrap = TextWrap::none, .ellipsis = ellipsis};
-  const TextLayout layout({&run, 1}, {.width = room + kUnseen, .lines = 1});
+  run.style = textStyle(font);
+  run.paragraph = {.wrap = wraps ? wrapOf(mode) : TextWrap::none, .ellipsis = ellipsisOf(mode)};
+  const TextLayout layout({&run, 1}, {.width = room + kUnseen, .lines = mostLines(label, [font lineHeight])});
+  if (!layout.isShortened()) return out.null();
   std::string shown;
-  for (const TextPiece &piece : layout.lines().front().pieces) shown += piece.text;
-  if (shown == run.text) return out.null();
+  for (const TextLine &line : layout.lines()) {
+    if (&line != &layout.lines().front()) shown += '\n';
+    for (const TextPiece &piece : line.pieces) shown += piece.text;
+    shown.erase(shown.find_last_not_of(' ') + 1);  // At the end of a line a space has no width.
+  }
   out.string(shown);
 }
 
@@ -62,6 +76,7 @@ void describe(JsonText &out, UIView *view, ImageStore &images) {
   out.name("fontSize").number(shownFontSize(label));
   writeFace(out, [label font]);
   writeColor(out.name("color"), [label sim_shownColor]);
+  out.name("ownColor").flag([label sim_hasOwnColor]);
   writeTextShadow(out.name("textShadow"), label);
   out.name("alignment").string(alignmentName([label textAlignment]));
   out.name("lines").integer([label numberOfLines]);

@@ -63,6 +63,7 @@ void writePiece(JsonText &out, const TextPiece &piece, const TextRun &run, const
   out.name("fontSize").number(run.style.size);
   writeFace(out, look.font.get());
   writeColor(out.name("color"), look.color.get());
+  out.name("ownColor").flag(look.isOwnColor);
   writeColor(out.name("backgroundColor"), look.background.get());
   out.name("kern").number(run.kern);
   out.name("baselineOffset").number(run.baselineOffset);
@@ -90,6 +91,7 @@ void writeAttributedText(JsonText &out, const AttributedText &text, const TextLi
   out.name("room").number(limits.width);
   out.name("width").number(layout.width());
   out.name("height").number(layout.height());
+  out.name("shortened").flag(layout.isShortened());
   out.name("lines").beginArray();
   for (const TextLine &line : layout.lines()) {
     out.beginObject();

@@ -43,12 +43,13 @@ export function NavigationBar({ page, solid, large, showTitle, heading }) {
   const buttons = page.buttons ?? [];
   const bar = page.bar ?? {};
   const look = lookOf(bar, solid);
-  const ground = groundOf(look, 'page') ?? 'page';
+  const ground = groundOf(look);
   const barButtons = (side) => buttons.filter((button) => (button.side ?? 'right') === side)
     .map((button) => html`<${BarButton} key=${button.id} button=${button} look=${look}
-      ground=${ground} />`);
+      ground=${ground} barTint=${bar.tintColor} />`);
   const style = setOnly({ '--tint': cssColor(bar.tintColor) });
-  const titleStyle = { ...textStyle(look.title, groundOf(look, null)), ...offsetStyle(look.titleOffset) };
+  const titleStyle = { ...textStyle(look.title), ...offsetStyle(look.titleOffset) };
+  const isOwn = Boolean(look.title?.color) || undefined;
   const shownTitle = page.titleView
     ? html`<${InlineView} view=${page.titleView} on=${ground} name="title-view" />`
     : title;
@@ -57,15 +58,18 @@ export function NavigationBar({ page, solid, large, showTitle, heading }) {
       data-interface-style=${styleOver(page, look)}>
       <${BarGround} look=${lookOf(bar, false)} shown=${!solid} lined=${!large} />
       <${BarGround} look=${lookOf(bar, true)} shown=${solid} lined />
-      ${page.prompt && html`<div class="bar-prompt" style=${titleStyle}>${page.prompt}</div>`}
+      ${page.prompt && html`<div class="bar-prompt" style=${titleStyle}
+        data-own-color=${isOwn}>${page.prompt}</div>`}
       <div class="bar-side">
         ${page.back && html`<${BackButton} key=${`${page.back.title} ${title}`} back=${page.back}
-          look=${look} />`}
+          look=${look} barTint=${bar.tintColor} />`}
         ${barButtons('left')}
       </div>
       ${large
-        ? html`<div class="bar-title" style=${titleStyle} data-shown=${showTitle} aria-hidden="true">${shownTitle}</div>`
+        ? html`<div class="bar-title" style=${titleStyle} data-shown=${showTitle} aria-hidden="true"
+            data-own-color=${(!page.titleView && isOwn) || undefined}>${shownTitle}</div>`
         : html`<h2 class="bar-title" style=${titleStyle} data-shown="true" ref=${heading} tabindex="-1" data-page-heading
+            data-own-color=${(!page.titleView && isOwn) || undefined}
             aria-label=${(page.titleView && textOf(page.titleView)) || title || 'Untitled page'}>${shownTitle}</h2>`}
       <div class="bar-side bar-side-right">
         ${barButtons('right')}
@@ -80,7 +84,7 @@ function styleOver(page, look) {
 }
 
 /** Shows the title of the page before; where that has no room "Back", and where that has none the arrow alone. */
-function BackButton({ back, look }) {
+function BackButton({ back, look, barTint }) {
   const session = useContext(SessionContext);
   const text = useRef(null);
   const texts = [back.title || 'Back', 'Back', ''];
@@ -96,13 +100,14 @@ function BackButton({ back, look }) {
   // What is left open of it is as in the other buttons.
   const style = { ...buttonStyle(look.button, null, true), ...buttonStyle(look.backButton, null, true) };
   return html`
-    <button type="button" class="back-button" style=${style} onClick=${() => session.tap(back.id)}
+    <button type="button" class="back-button" style=${style} data-own-color=${Boolean(style.color || barTint) || undefined}
+      onClick=${() => session.tap(back.id)}
       aria-label=${`Back to ${back.title || 'the page before'}`}>
       <${BackChevron} /><span ref=${text} style=${offsetStyle(look.backButton?.offset)}>${texts[shown]}</span>
     </button>`;
 }
 
-function BarButton({ button, look, ground }) {
+function BarButton({ button, look, ground, barTint }) {
   const session = useContext(SessionContext);
   const known = systemItems[button.systemItem];
   const name = button.title || known?.name || button.systemItem || 'Button';
@@ -122,6 +127,7 @@ function BarButton({ button, look, ground }) {
   const opensMenu = button.menu === 'tap' || button.view?.control?.menu;
   return html`
     <button type="button" class=${isStrong ? 'bar-button bar-button-strong' : 'bar-button'} style=${style}
+      data-own-color=${(!button.view && Boolean(style.color || barTint)) || undefined}
       data-identifier=${button.accessibilityIdentifier ?? undefined} disabled=${button.enabled === false}
       data-source=${button.id} aria-label=${label} aria-haspopup=${opensMenu ? 'menu' : undefined} ...${handlers}>
       ${button.view ? html`<${InlineView} view=${button.view} on=${ground} name="bar-view" />`

@@ -4,7 +4,7 @@ import { cssColor, pairOf } from '/colors.js';
 import { CustomViews } from '/phone/views/CustomViews.js';
 import { controlOf, rowCanFocus } from '/phone/controls/controls.js';
 import { groundColor, lineColor } from '/phone/BarGround.js';
-import { groundOf, lookOf, textStyle } from '/phone/barLook.js';
+import { lookOf, textStyle } from '/phone/barLook.js';
 import { movedTo } from '/phone/views/Layer.js';
 import { setOnly } from '/phone/look.js';
 import { NavigationBar } from '/phone/NavigationBar.js';
@@ -80,8 +80,9 @@ export function Page({ screen, leaving, place, takesFocus, onLeave }) {
         ${page.search?.coversBar && html`<h2 class="visually-hidden" ref=${heading} tabindex="-1"
           data-page-heading>${title || 'Untitled page'}</h2>`}
         ${large && html`<h2 class="large-title" ref=${heading} tabindex="-1" data-page-heading
+          data-own-color=${Boolean(edge.largeTitle?.color) || undefined}
           style=${setOnly({
-            ...textStyle(edge.largeTitle, groundOf(edge, null), true), ...edgeStyle, '--title-edge': titleEdge,
+            ...textStyle(edge.largeTitle), ...edgeStyle, '--title-edge': titleEdge,
           })}>${title}</h2>`}
         ${page.search && html`<${Search} search=${page.search} style=${edgeStyle} />`}
         ${page.headerView && html`<${TableView} view=${page.headerView} ground=${ground} />`}

@@ -76,10 +76,11 @@ function Texts({ row }) {
   };
   return html`
     <span class="row-texts" data-style=${row.style ?? 'default'}>
-      <span class="row-label" data-wraps=${(row.labelLines ?? 1) !== 1}
+      <span class="row-label" data-own-color=${row.ownLabelColor || undefined} data-wraps=${(row.labelLines ?? 1) !== 1}
         style=${{ ...labelStyle(row), textAlign: align, flexGrow: align && 1 }}>${texts.label}</span>
       ${detail !== '' && html`
-        <span class="row-detail" style=${{ color: textColorIn(row, row.detailColor) }}>${texts.detail}</span>`}
+        <span class="row-detail" data-own-color=${row.ownDetailColor || undefined}
+          style=${{ color: textColorIn(row, row.detailColor, row.ownDetailColor) }}>${texts.detail}</span>`}
     </span>`;
 }
 

@@ -4,5 +4,5 @@ import { AttributedText } from '/phone/views/AttributedText.js';
 
 /** A text of a row, as the device has laid it out where it has attributes of its own. */
 export function RowText({ row, text, attributed }) {
-  return attributed ? html`<${AttributedText} text=${attributed} background=${groundOf(row)} />` : text;
+  return attributed ? html`<${AttributedText} text=${attributed} whole=${text} background=${groundOf(row)} />` : text;
 }

@@ -1,5 +1,5 @@
 // What a bar's looks say of its ground and of the texts in it.
-import { cssColor, cssTextColor, pairOf } from '/colors.js';
+import { cssColor, pairOf } from '/colors.js';
 import { fontStyle, setOnly } from '/phone/look.js';
 
 /** The look of a bar under which content lies (`isSolid`), or none does yet. */
@@ -7,18 +7,16 @@ export function lookOf(bar, isSolid) {
   return (isSolid ? bar?.standard : bar?.scrollEdge) ?? (isSolid ? { blur: true, shadow: true } : { clear: true });
 }
 
-/** What texts of a bar lie on, for their legibility: null where nobody knows, on a picture. */
-export function groundOf(look, page) {
-  if (look.image) return null;
-  return look.color ? pairOf(look.color) : page;
+/** What texts of a bar lie on, for the legibility of those in the system's colours. */
+export function groundOf(look) {
+  return look.color && !look.image ? pairOf(look.color) : 'page';
 }
 
-/** The style of a text that is drawn as `text` says, on `ground`; `isLarge` as in a large title. */
-export function textStyle(text, ground, isLarge = false) {
+/** The style of a text that is drawn as `text` says. */
+export function textStyle(text) {
   if (!text) return {};
-  const color = ground && text.color ? cssTextColor(text.color, ground, isLarge) : cssColor(text.color);
   return setOnly({
-    color, fontSize: text.fontSize ? `${text.fontSize}px` : undefined, fontWeight: text.fontWeight ?? undefined,
+    color: cssColor(text.color), fontSize: text.fontSize ? `${text.fontSize}px` : undefined, fontWeight: text.fontWeight ?? undefined,
     ...fontStyle(text.fontFamily, text.italic),
   });
 }

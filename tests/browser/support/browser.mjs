@@ -75,12 +75,20 @@ export async function openPage(t, url, { expected = /(?!)/, hurry = 10, ...optio
   return page;
 }
 
-/** Fails if axe-core finds anything wrong with the page as it stands. */
+/**
+ * Fails if axe-core finds anything wrong with the page as it stands. Of texts in colours that a bundle has set it may
+ * find that there is too little contrast: they are shown as they are on a device.
+ */
 export async function assertAccessible(page) {
   axeSource ??= await readFile(axePath, 'utf8');
   await settled(page);
   await page.evaluate(axeSource);
-  const { violations } = await page.evaluate(() => globalThis.axe.run());
+  const violations = await page.evaluate(async () => {
+    const isOwn = ({ target }) => document.querySelector(target.at(-1))?.closest('[data-own-color]');
+    const all = (await globalThis.axe.run()).violations;
+    return all.map(({ id, nodes }) => (
+      { id, nodes: id === 'color-contrast' ? nodes.filter((node) => !isOwn(node)) : nodes }));
+  });
   const found = violations.flatMap(({ id, nodes }) => nodes.map((node) => `${id}: ${node.html} ${node.failureSummary}`));
   assert.deepEqual(found, []);
 }

@@ -1,9 +1,13 @@
 // What makers' bundles ask of Foundation besides.
 #import <Foundation/Foundation.h>
+#import <Foundation/SIMLog.h>
 
 #include "support/objc/LeaksIgnored.h"
 #include "support/objc/ObjCMatchers.h"
 #include "support/objc/ObjCTest.h"
+
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -35,6 +39,41 @@ TEST_F(MakersFoundationTest, TextsMayStandInBraces) {
   write(@"/Example.bundle/en.lproj/Root.strings", "{\n  \"Hello\" = \"Hi\";\n  Plain = \"Value\";\n}\n");
   EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"Hello" value:nil table:@"Root"], @"Hi");
   EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"Plain" value:nil table:@"Root"], @"Value");
+}
+
+TEST_F(MakersFoundationTest, TextsAreReadInAnyUnicodeAndNothingIsSaidOfIt) {
+  std::vector<std::string> log;
+  const auto collect = [](NSString *line, void *lines) {
+    static_cast<std::vector<std::string> *>(lines)->push_back([line UTF8String]);
+  };
+  SIMSetLogHandler(collect, &log);
+  const std::string text = "\"Greeting\" = \"Gr\u00fc\u00dfe \u2603\"; /* a comment */\n\"Plain\";\n";
+  write(@"/Example.bundle/en.lproj/Plain.strings", text);
+  write(@"/Example.bundle/en.lproj/Marked.strings", "\xef\xbb\xbf" + text);
+  NSData *wide = [[NSString stringWithUTF8String:text.c_str()] dataUsingEncoding:NSUnicodeStringEncoding];
+  write(@"/Example.bundle/en.lproj/Wide.strings", {static_cast<const char *>([wide bytes]), [wide length]});
+  write(@"/Example.bundle/en.lproj/List.strings",
+        "<plist version=\"1.0\"><dict><key>Greeting</key><string>Gr\u00fc\u00dfe \u2603</string></dict></plist>");
+  for (NSString *table in @[ @"Plain", @"Marked", @"Wide", @"List" ]) {
+    EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"Greeting" value:nil table:table], @"Gr\u00fc\u00dfe \u2603");
+    EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"Plain" value:nil table:table], @"Plain");
+    EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"None" value:@"" table:table], @"None");
+    EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"None" value:@"Value" table:table], @"Value");
+    EXPECT_OBJC_EQ([bundle() localizedStringForKey:nil value:@"Value" table:table], @"Value");
+    EXPECT_OBJC_EQ([bundle() localizedStringForKey:nil value:nil table:table], @"");
+  }
+  EXPECT_EQ(log, std::vector<std::string>());
+  SIMSetLogHandler(nullptr, nullptr);
+}
+
+TEST_F(MakersFoundationTest, TextsAreThoseOfTheFileOfTheirTable) {
+  write(@"/Example.bundle/en.lproj/Localizable.strings", "\"Name\" = \"Of no table\";");
+  write(@"/Example.bundle/en.lproj/Other.strings", "\"Name\" = \"Of another\"; \"Number\" = (1);");
+  EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"Name" value:nil table:nil], @"Of no table");
+  EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"Name" value:nil table:@""], @"Of no table");
+  EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"Name" value:nil table:@"Other"], @"Of another");
+  EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"Number" value:nil table:@"Other"], @"Number") << "no text";
+  EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"Name" value:nil table:@"None"], @"Name");
 }
 
 TEST_F(MakersFoundationTest, BytesAreTold) {

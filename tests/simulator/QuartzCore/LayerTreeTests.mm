@@ -8,6 +8,10 @@
 #import "support/objc/ObjCMatchers.h"
 #import "support/objc/ObjCTest.h"
 
+#include <array>
+#include <bit>
+#include <cmath>
+
 /// Counts what a layer tells its delegate.
 @interface LayerWitness : NSObject <CALayerDelegate> {
  @public
@@ -341,6 +345,55 @@ TEST_F(LayerTreeTests, AViewIsDrawnWithItsTextsAndPictures) {
   UIGraphicsEndImageContext();
   EXPECT_EQ(middle, (Pixel{255, 0, 0, 255}));
   EXPECT_FALSE([view.get() drawViewHierarchyInRect:CGRectMake(0, 0, 40, 20) afterScreenUpdates:YES]);
+}
+
+TEST_F(LayerTreeTests, PathsBelowTheTransformKeepItsPerspectiveAndItsOtherTurns) {
+  CALayer *box = layer(0, 0, 10, 10);
+  const auto valueAt = [&](NSString *path) { return [[box valueForKeyPath:path] doubleValue]; };
+  const auto set = [&](NSString *path, double value) {
+    [box setValue:[NSNumber numberWithDouble:value] forKeyPath:path];
+  };
+  const auto expectTransform = [&](const CATransform3D &expected) {
+    const auto numbersOf = [](const CATransform3D &t) { return std::bit_cast<std::array<CGFloat, 16>>(t); };
+    for (std::size_t at = 0; at < 16; ++at) {
+      EXPECT_NEAR(numbersOf([box transform])[at], numbersOf(expected)[at], 1e-9) << at;
+    }
+  };
+  CATransform3D perspective = CATransform3DIdentity;
+  perspective.m34 = -0.002;
+  [box setTransform:perspective];
+  set(@"transform.rotation.z", 0.5);
+  expectTransform(CATransform3DRotate(perspective, 0.5, 0, 0, 1));
+  set(@"transform.rotation.x", 0.25);
+  set(@"transform.translation.z", 40);
+  set(@"transform.scale.y", 3);
+  CATransform3D expected = CATransform3DTranslate(perspective, 0, 0, 40);
+  expected = CATransform3DRotate(expected, 0.5, 0, 0, 1);
+  expected = CATransform3DRotate(expected, 0.25, 1, 0, 0);
+  expectTransform(CATransform3DScale(expected, 1, 3, 1));
+  EXPECT_NEAR(valueAt(@"transform.rotation.z"), 0.5, 1e-9);
+  EXPECT_NEAR(valueAt(@"transform.rotation.x"), 0.25, 1e-9);
+  EXPECT_NEAR(valueAt(@"transform.rotation.y"), 0, 1e-9);
+  EXPECT_NEAR(valueAt(@"transform.scale.y"), 3, 1e-9);
+
+  for (NSString *path in @[ @"transform.rotation.x", @"transform.rotation.y", @"transform.rotation.z" ]) {
+    for (const double angle : {-3.0, -2.0, -0.5, 1.0, 2.5, M_PI_2, M_PI}) {
+      [box setTransform:perspective];
+      set(path, angle);
+      EXPECT_NEAR(std::abs(valueAt(path)), std::abs(angle), 1e-9) << [path UTF8String];
+      if (angle != M_PI) EXPECT_NEAR(valueAt(path), angle, 1e-9) << [path UTF8String];
+    }
+  }
+
+  [box setTransform:CATransform3DScale(CATransform3DMakeRotation(0.5, 0, 0, 1), 2, -3, 1)];
+  EXPECT_NEAR(valueAt(@"transform.scale.y"), -3, 1e-9);
+  EXPECT_NEAR(valueAt(@"transform.rotation.z"), 0.5, 1e-9);
+  set(@"transform.rotation.z", 0);
+  expectTransform(CATransform3DMakeScale(2, -3, 1));
+  set(@"transform.scale", 0);
+  expectTransform(CATransform3DMakeScale(0, 0, 0));
+  set(@"transform.scale", 1);
+  expectTransform(CATransform3DIdentity);
 }
 
 TEST_F(LayerTreeTests, ValuesAreFoundUnderKeysAndPaths) {

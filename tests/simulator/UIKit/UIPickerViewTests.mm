@@ -233,6 +233,25 @@ TEST_F(UIPickerViewTests, ViewsOfRowsStayInTheMiddleOfAWheelThatBecomesWider) {
   EXPECT_EQ([row frame].size.width, 20);
 }
 
+TEST_F(UIPickerViewTests, ViewsWithoutASizeFillTheirRowsAlsoWhenTheWheelTurnsWider) {
+  WideWheels *source = [[[WideWheels alloc] init] autorelease];
+  UIPickerView *picker = make(source, {200});
+  UIView *row = [picker sim_makeViewForRow:0 inComponent:0];
+  EXPECT_EQ([row bounds].size.width, 302);
+  [picker setFrame:CGRectMake(0, 0, 820, 216)];
+  EXPECT_EQ([picker sim_makeViewForRow:0 inComponent:0], row);
+  EXPECT_EQ([row bounds].size.width, 802);
+  EXPECT_EQ([row center].x, 401);
+  [picker setFrame:CGRectMake(0, 0, 320, 216)];
+  [picker selectRow:150 inComponent:0 animated:NO];
+  EXPECT_EQ([picker sim_makeViewForRow:150 inComponent:0], row) << "it is used again";
+  EXPECT_EQ([row bounds].size.width, 302);
+  [row setBounds:CGRectMake(0, 0, 10, 10)];
+  EXPECT_EQ([[picker sim_makeViewForRow:150 inComponent:0] bounds].size.width, 10) << "it has a size now";
+  [picker setFrame:CGRectMake(0, 0, 820, 216)];
+  EXPECT_EQ([[picker sim_makeViewForRow:150 inComponent:0] bounds].size.width, 10);
+}
+
 TEST_F(UIPickerViewTests, NothingIsSelectedInAWheelWithoutRows) {
   BareWheels *source = [[[BareWheels alloc] init] autorelease];
   UIPickerView *picker = make(source, {0});

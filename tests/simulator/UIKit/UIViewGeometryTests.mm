@@ -78,6 +78,20 @@ TEST_F(UIViewGeometryTests, ConvertsThroughTheTree) {
   expectRect([leaf convertRect:CGRectMake(15, 12, 1, 1) fromView:nil], 0, 0, 1, 1);
 }
 
+TEST_F(UIViewGeometryTests, NilIsTheWindowWhereverThatLies) {
+  UIWindow *window = [[[UIWindow alloc] initWithFrame:CGRectMake(100, 200, 300, 300)] autorelease];
+  UIView *box = view(10, 20, 50, 50);
+  [window addSubview:box];
+  const CGPoint inWindow = [box convertPoint:CGPointMake(1, 2) toView:nil];
+  EXPECT_EQ(inWindow.x, 11);
+  EXPECT_EQ(inWindow.y, 22);
+  expectRect([box convertRect:CGRectMake(11, 22, 1, 1) fromView:nil], 1, 2, 1, 1);
+  expectRect([window convertRect:CGRectMake(1, 2, 3, 4) toView:nil], 1, 2, 3, 4);
+  expectRect([box convertRect:[box bounds] toView:window], 10, 20, 50, 50);
+  UIWindow *other = [[[UIWindow alloc] initWithFrame:CGRectMake(0, 50, 300, 300)] autorelease];
+  expectRect([box convertRect:[box bounds] toView:other], 110, 170, 50, 50);
+}
+
 struct Resizing {
   UIViewAutoresizing mask;
   CGRect expected;

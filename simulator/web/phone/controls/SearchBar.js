@@ -1,5 +1,5 @@
 import { html, useContext, useEffect, useRef, useState } from 'htm/preact/standalone';
-import { cssColor, cssTextColor, pairOf } from '/colors.js';
+import { cssColor, inkOf, pairOf } from '/colors.js';
 import { DragInput } from '/phone/DragInput.js';
 import { setOnly } from '/phone/look.js';
 import { Magnifier } from '/phone/symbols.js';
@@ -39,7 +39,8 @@ function SearchBar({ row, name }) {
   const style = setOnly({
     '--search-field': cssColor(control.fieldColor),
     '--search-text': control.fieldColor
-      ? cssTextColor(control.textColor ?? plainText, pairOf(control.fieldColor)) : cssColor(control.textColor),
+      ? inkOf(control.textColor ?? plainText, control.ownTextColor, pairOf(control.fieldColor))
+      : cssColor(control.textColor),
     '--tint': cssColor(control.tintColor),
     background: control.minimal ? undefined : cssColor(control.barColor),
   });
@@ -50,7 +51,8 @@ function SearchBar({ row, name }) {
         <input type="text" role="searchbox" aria-label=${name} placeholder=${control.placeholder ?? ''} value=${text}
           ref=${field} disabled=${row.enabled === false} inputmode=${control.keyboard ?? 'text'} enterkeyhint="search"
           autocapitalize=${control.autocapitalization ?? 'none'} autocorrect=${control.autocorrection ? 'on' : 'off'}
-          spellcheck=${control.spellChecking === true} autocomplete="off" data-part="main" onFocus=${focus}
+          spellcheck=${control.spellChecking === true} autocomplete="off" data-part="main"
+          data-own-color=${control.ownTextColor || undefined} onFocus=${focus}
           onInput=${(event) => type(event.target.value)} onKeyDown=${onKeyDown} />
         ${text !== '' && html`
           <button type="button" class="search-clear" aria-label="Clear text" onClick=${() => {

@@ -4,9 +4,6 @@ import { Picture } from '/images.js';
 import { fontStyle, setOnly } from '/phone/look.js';
 import { SessionContext } from '/session.js';
 
-// What titles lie on, the same as in styles/tokens.css.
-const ground = { light: '#eeeeef', dark: '#2c2c2e' };
-const chosenGround = { light: '#ffffff', dark: '#636366' };
 const plainText = { light: '#000000', dark: '#ffffff' };
 
 /** One of a few titles or pictures. `control.selected` is the index of the chosen one, or negative. */
@@ -21,10 +18,9 @@ function SegmentedControl({ row, name }) {
     if (!(await session.set(row.id, index))) setShown(selected);
   };
   const { titleLooks = {} } = row.control;
-  const chosen = selectedTintColor ? pairOf(selectedTintColor) : chosenGround;
   const lookOf = (index) => {
-    if (index === shown) return ownLook(titleLooks.selected, chosen);
-    return ownLook(enabled[index] === false ? titleLooks.disabled : titleLooks.normal, ground);
+    if (index === shown) return titleLooks.selected;
+    return enabled[index] === false ? titleLooks.disabled : titleLooks.normal;
   };
   const tinted = selectedTintColor && {
     '--segment-chosen': cssColor(selectedTintColor), color: cssTextColor(plainText, pairOf(selectedTintColor)),
@@ -38,16 +34,17 @@ function SegmentedControl({ row, name }) {
             disabled=${row.enabled === false || enabled[index] === false}
             aria-label=${title || `Segment ${index + 1} of ${titles.length}`}
             data-part=${index === Math.max(0, shown ?? 0) ? 'main' : undefined} onChange=${() => choose(index)} />
-          ${images[index] ? html`<${Picture} image=${images[index]} />` : html`<span style=${lookOf(index)}>${title}</span>`}
+          ${images[index] ? html`<${Picture} image=${images[index]} />` : html`
+            <span style=${ownLook(lookOf(index))} data-own-color=${Boolean(lookOf(index)?.color) || undefined}>${title}</span>`}
         </label>`)}
     </div>`;
 }
 
-/** The font and the colour of titles, where the bundle has set any. The colour is kept legible. */
-function ownLook(look, background) {
+/** The font and the colour of titles, where the bundle has set any. */
+function ownLook(look) {
   if (!look) return undefined;
   return setOnly({
-    color: cssTextColor(look.color, background), fontSize: `${look.fontSize}px`, fontWeight: look.fontWeight,
+    color: cssColor(look.color), fontSize: `${look.fontSize}px`, fontWeight: look.fontWeight,
     ...fontStyle(look.fontFamily, look.italic, look.tabularDigits),
   });
 }

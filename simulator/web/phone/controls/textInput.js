@@ -1,5 +1,5 @@
 import { useContext } from 'htm/preact/standalone';
-import { cssColor, cssTextColor, paintedOver } from '/colors.js';
+import { cssColor, inkOf, paintedOver } from '/colors.js';
 import { takeLongPaste } from '/longText.js';
 import { useDraft } from '/phone/draft.js';
 import { alignments, fontStyle, setOnly } from '/phone/look.js';
@@ -25,7 +25,7 @@ export function useField(row, name) {
   };
   const { control } = row;
   const attributes = {
-    'data-part': 'main', 'data-own-keys': true, 'aria-label': name, placeholder: control.placeholder ?? '',
+    'data-part': 'main', 'data-own-keys': true, 'data-own-color': control.ownTextColor || undefined, 'aria-label': name, placeholder: control.placeholder ?? '',
     'aria-description': row.accessibilityHint || undefined, inputmode: control.keyboard ?? 'text',
     autocapitalize: control.autocapitalization ?? 'none', autocorrect: control.autocorrection ? 'on' : 'off',
     enterkeyhint: returnKeys[control.returnKey], spellcheck: control.spellChecking === true, style: styleOf(row),
@@ -46,7 +46,7 @@ function styleOf({ control, backgroundColor, enabled }) {
   const ground = paintedOver(cellBackground, backgroundColor);
   const look = control.placeholderLook;
   return setOnly({
-    color: enabled === false ? undefined : cssTextColor(control.textColor, ground),
+    color: enabled === false ? undefined : inkOf(control.textColor, control.ownTextColor, ground),
     textAlign: alignments[control.alignment], ...ownFont(control),
     // Placeholders take only what is said of themselves.
     '--own-placeholder': look?.color ? cssColor(look.color) : undefined,

@@ -1,5 +1,5 @@
 import { html } from 'htm/preact/standalone';
-import { cssColor, cssTextColor, paintedOver } from '/colors.js';
+import { cssColor, inkOf, paintedOver } from '/colors.js';
 import { Picture } from '/images.js';
 import { fontStyle, largeText, setOnly } from '/phone/look.js';
 
@@ -7,12 +7,15 @@ const patterns = { dot: 'dotted', dash: 'dashed', dashDot: 'dashed', dashDotDot:
 
 /**
  * A text whose lines the device has laid out: each stands where it says, in points from the top left corner of this
- * element, which is as high as they are. `isDepicted`: its colours are kept as they are.
+ * element, which is as high as they are. `isDepicted`: its colours are kept as they are. `whole`: what assistive
+ * technologies are told where the lines leave something out.
  */
-export function AttributedText({ text, background, isDepicted }) {
+export function AttributedText({ text, whole, background, isDepicted }) {
   const sizes = { '--text-width': `${text.width}px`, '--text-room': `${text.room || text.width}px` };
   return html`
-    <span class="attributed-text" style=${{ height: `${text.height}px`, ...sizes }}>
+    ${text.shortened && html`<span class="visually-hidden">${whole}</span>`}
+    <span class="attributed-text" style=${{ height: `${text.height}px`, ...sizes }}
+      aria-hidden=${text.shortened ? 'true' : undefined}>
       ${text.lines.map((line, at) => html`
         <${Line} key=${at} line=${line} background=${background} isDepicted=${isDepicted} />`)}
     </span>`;
@@ -35,13 +38,14 @@ function Piece({ piece, background, isDepicted }) {
   const ground = paintedOver(background, piece.backgroundColor);
   const style = setOnly({
     fontSize: `${piece.fontSize}px`, fontWeight: piece.fontWeight,
-    color: isDepicted ? cssColor(piece.color) : cssTextColor(piece.color, ground, piece.fontSize >= largeText),
+    color: isDepicted ? cssColor(piece.color) : inkOf(piece.color, piece.ownColor, ground, piece.fontSize >= largeText),
     backgroundColor: cssColor(piece.backgroundColor), letterSpacing: piece.kern ? `${piece.kern}px` : undefined,
     top: piece.baselineOffset ? `${-piece.baselineOffset}px` : undefined, textShadow: shadowOf(piece.textShadow),
     ...fontStyle(piece.fontFamily, piece.italic, piece.tabularDigits),
   });
   // Lines under and through a text may differ in all but the text.
-  const struck = html`<${Lined} kind="line-through" line=${piece.strikethrough}>${piece.text}<//>`;
+  const ink = html`<span data-own-color=${piece.ownColor || undefined}>${piece.text}</span>`;
+  const struck = html`<${Lined} kind="line-through" line=${piece.strikethrough}>${ink}<//>`;
   return html`
     <span class="attributed-piece" data-link=${piece.link ?? undefined} style=${{ width: `${piece.width}px` }}>
       <span class="attributed-ink" style=${style}><${Lined} kind="underline" line=${piece.underline}>${struck}<//></span>

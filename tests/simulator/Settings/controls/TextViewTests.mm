@@ -27,6 +27,7 @@ TEST_F(TextViewTest, AViewHasItsKeyboardColourAndAlignment) {
                                      {"spellChecking", nullptr},
                                      {"returnKey", "send"},
                                      {"textColor", "#ff0000ff"},
+                                     {"ownTextColor", true},
                                      {"alignment", "center"},
                                      {"fontSize", 12},
                                      {"fontWeight", 400},

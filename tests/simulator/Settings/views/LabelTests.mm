@@ -1,6 +1,8 @@
 // How labels are described.
 #include "simulator/Settings/SessionTest.h"
 
+#include <algorithm>
+
 namespace {
 
 class LabelTest : public SessionTest {};
@@ -75,7 +77,10 @@ TEST_F(LabelTest, aTextThatIsTooLongForItsLineIsShortened) {
   EXPECT_TRUE(end.starts_with("\u2026") && end.ends_with("last")) << end;
   [label.get() setLineBreakMode:NSLineBreakByClipping];
   EXPECT_TRUE(shown().is_null());
+  [label.get() setLineBreakMode:NSLineBreakByWordWrapping];
+  EXPECT_EQ(shown(), "First") << "the words that fit in its one line";
   [label.get() setLineBreakMode:NSLineBreakByTruncatingTail];
+  [label.get() setFrame:CGRectMake(0, 0, 80, 50)];
   [label.get() setNumberOfLines:2];
   EXPECT_TRUE(shown().is_null());
   [label.get() setNumberOfLines:1];
@@ -84,6 +89,81 @@ TEST_F(LabelTest, aTextThatIsTooLongForItsLineIsShortened) {
   [label.get() setAdjustsFontSizeToFitWidth:NO];
   [label.get() sizeToFit];
   EXPECT_TRUE(shown().is_null());
+}
+
+TEST_F(LabelTest, aTextThatIsTooLongForItsLinesIsShortenedInTheLast) {
+  const auto around = view(200, 100);
+  const auto label = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectMake(0, 0, 60, 110)]);
+  [around.get() addSubview:label.get()];
+  [label.get() setText:@"First second third fourth fifth"];
+  const auto shown = [&]() -> Json { return describedView(around.get())["views"][0]["shownText"]; };
+  [label.get() setNumberOfLines:2];
+  const std::string tail = shown();
+  EXPECT_TRUE(tail.starts_with("First\nseco") && tail.ends_with("\u2026")) << tail;
+  [label.get() setLineBreakMode:NSLineBreakByTruncatingHead];
+  const std::string head = shown();
+  EXPECT_TRUE(head.starts_with("First\n\u2026") && head.ends_with("fifth")) << head;
+  [label.get() setLineBreakMode:NSLineBreakByTruncatingMiddle];
+  const std::string middle = shown();
+  EXPECT_TRUE(middle.starts_with("First\ns") && middle.ends_with("th")) << middle;
+  for (const NSLineBreakMode mode : {NSLineBreakByWordWrapping, NSLineBreakByClipping}) {
+    [label.get() setLineBreakMode:mode];
+    EXPECT_EQ(shown(), "First\nsecond");
+  }
+  [label.get() setLineBreakMode:NSLineBreakByCharWrapping];
+  const std::string characters = shown();
+  EXPECT_TRUE(characters.starts_with("First s")) << characters;
+  [label.get() setNumberOfLines:5];
+  EXPECT_TRUE(shown().is_null());
+  [label.get() setText:@"First\nsecond\nthird"];
+  [label.get() setNumberOfLines:2];
+  [label.get() setLineBreakMode:NSLineBreakByTruncatingTail];
+  const std::string paragraphs = shown();
+  EXPECT_TRUE(paragraphs.starts_with("First\nsec") && paragraphs.ends_with("\u2026")) << paragraphs;
+}
+
+TEST_F(LabelTest, onlyLinesThatFitInTheLabelsHeightAreShown) {
+  const auto around = view(200, 200);
+  const auto label = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectMake(0, 0, 60, 0)]);
+  [around.get() addSubview:label.get()];
+  [label.get() setText:@"First second third fourth fifth"];
+  [label.get() setNumberOfLines:0];
+  const CGFloat line = [[label.get() font] lineHeight];
+  const auto linesIn = [&](CGFloat height) -> std::ptrdiff_t {
+    [label.get() setFrame:CGRectMake(0, 0, 60, height)];
+    const Json shown = describedView(around.get())["views"][0]["shownText"];
+    if (shown.is_null()) return 0;
+    const std::string text = shown;
+    EXPECT_TRUE(text.ends_with("\u2026")) << text;
+    return std::ranges::count(text, '\n') + 1;
+  };
+  EXPECT_EQ(linesIn(0), 0) << "it was not laid out yet";
+  EXPECT_EQ(linesIn(1), 1) << "one is shown in any case";
+  EXPECT_EQ(linesIn(2 * line - 1), 1);
+  EXPECT_EQ(linesIn(2 * line), 2);
+  EXPECT_EQ(linesIn(2 * line - 0.25), 2) << "a frame in whole pixels may be a little less";
+  EXPECT_EQ(linesIn(3.9 * line), 3);
+  EXPECT_EQ(linesIn(5 * line), 0) << "all fit";
+  [label.get() setNumberOfLines:2];
+  EXPECT_EQ(linesIn(4 * line), 2);
+  [label.get() setNumberOfLines:4];
+  EXPECT_EQ(linesIn(3 * line), 3);
+  for (const CGFloat width : {40, 60, 90, 150}) {
+    [label.get() setNumberOfLines:0];
+    const CGSize size = [label.get() sizeThatFits:CGSizeMake(width, 0)];
+    [label.get() setFrame:CGRectMake(0, 0, size.width, size.height)];
+    EXPECT_TRUE(describedView(around.get())["views"][0]["shownText"].is_null()) << width;
+  }
+}
+
+TEST_F(LabelTest, noSpaceStandsAtTheEndOfALine) {
+  const auto around = view(200, 100);
+  const auto label = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectMake(0, 0, 60, 100)]);
+  [around.get() addSubview:label.get()];
+  [label.get() setText:@"First     second third"];
+  [label.get() setNumberOfLines:2];
+  const std::string shown = describedView(around.get())["views"][0]["shownText"];
+  EXPECT_TRUE(shown.starts_with("First\n")) << shown;
 }
 
 TEST_F(LabelTest, aLabelsFontIsThatOfThePage) {

@@ -55,6 +55,18 @@ class TextLookTest : public SessionTest {
   Json pieceOf(NSDictionary *attributes) { return lookOf(text(@"word", attributes))["lines"][0]["pieces"][0]; }
 };
 
+TEST_F(TextLookTest, aTextIsToldToBeShortenedWhereItIs) {
+  NSAttributedString *words = text(@"one two three four", @{NSKernAttributeName : @1});
+  EXPECT_EQ(lookOf(words)["shortened"], false);
+  EXPECT_EQ(lookOf(words, 60)["shortened"], true);
+  EXPECT_EQ(lookOf(words, 60, 2)["shortened"], true);
+  EXPECT_EQ(lookOf(words, 60, 0)["shortened"], false);
+  NSAttributedString *paragraphs = text(@"one\ntwo\nthree", @{NSKernAttributeName : @1});
+  EXPECT_EQ(lookOf(paragraphs, 200, 2)["shortened"], true);
+  EXPECT_EQ(lookOf(paragraphs, 200, 3)["shortened"], false);
+  EXPECT_EQ(lookOf(paragraphs, 200, 4)["shortened"], false);
+}
+
 TEST_F(TextLookTest, aLabelWithoutAttributesHasNone) {
   EXPECT_TRUE(lookOf(nil).is_null());
   EXPECT_TRUE(lookOf(text(@"")).is_null());
