@@ -122,6 +122,7 @@ TEST_F(SearchControlTest, ABarHasTheLookAndTheKeyboardThatItWasGiven) {
                                                  {"minimal", false},
                                                  {"barColor", nullptr},
                                                  {"textColor", {{"light", "#000000ff"}, {"dark", "#ffffffff"}}},
+                                                 {"ownTextColor", false},
                                                  {"fieldColor", nullptr},
                                                  {"tintColor", nullptr}}));
   [bar setPlaceholder:@"Fruit"];
@@ -148,6 +149,7 @@ TEST_F(SearchControlTest, ABarHasTheLookAndTheKeyboardThatItWasGiven) {
                                                  {"minimal", true},
                                                  {"barColor", "#ffffffff"},
                                                  {"textColor", "#00ff00ff"},
+                                                 {"ownTextColor", true},
                                                  {"fieldColor", "#0000ffff"},
                                                  {"tintColor", "#ff0000ff"}}));
 }
