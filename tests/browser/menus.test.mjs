@@ -181,7 +181,17 @@ test('A menu is worked with keys alone', async (t) => {
   await page.getByRole('menu', { name: 'Presets' }).waitFor();
   await item(page, 'Sort by').click();
   await page.getByRole('menu', { name: 'Sort by' }).waitFor();
+  // However soon the next key comes, it finds the menu that is left.
+  const heldFocus = page.evaluate(() => new Promise((resolve) => {
+    const cover = document.querySelector('.menu-cover');
+    const changes = new MutationObserver(() => {
+      const menus = cover.querySelectorAll('.menu');
+      if (menus.length === 1) resolve(menus[0].contains(document.activeElement));
+    });
+    changes.observe(cover, { childList: true, subtree: true });
+  }));
   await page.keyboard.press('Escape');
+  assert.equal(await heldFocus, true);
   await page.keyboard.press('Escape');
   await gone();
   assert.ok(await hasFocus(more));

@@ -27,10 +27,14 @@ export function Menu({ menu }) {
   // Before it is drawn: what it belongs to does not move while it is open.
   useLayoutEffect(() => setAnchor(placeOfSource(menu, cover.current.closest('.screen'))), []);
   const open = levels.map(({ id }) => id).join(' ');
-  useEffect(() => {
+  const takeFocus = () => {
+    if (cover.current.querySelector('.menu:not([inert])').contains(document.activeElement)) return;
     const items = itemsIn(cover.current);
     (items.find((item) => !item.dataset.head) ?? items[0] ?? cover.current.querySelector('.menu'))?.focus();
-  }, [open, anchor]);
+  };
+  // At once when a menu has closed: the next key may be there already. One that opens can take it when it is placed.
+  useLayoutEffect(takeFocus, [open]);
+  useEffect(takeFocus, [open, anchor]);
 
   const onKeyDown = (event) => {
     trapTab(event, cover.current.querySelector('.menu:not([inert])'));
