@@ -226,6 +226,10 @@ TEST_F(UIDatePickerTests, ACountdownIsOfWholeMinutesBelowADay) {
   [picker setMinimumDate:date(kDate)];
   turn(picker, 1, 2);
   EXPECT_EQ([picker countDownDuration], 600) << "limits are not for it";
+  [picker setDate:date(kDate - 60)];
+  EXPECT_EQ(dateOf(picker), kDate - 60) << "nor for the date beside it";
+  [picker setDatePickerMode:UIDatePickerModeTime];
+  EXPECT_EQ(dateOf(picker), kDate);
 }
 
 TEST_F(UIDatePickerTests, TimeZonesChangeTheirClocks) {

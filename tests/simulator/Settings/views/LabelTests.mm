@@ -88,9 +88,22 @@ TEST_F(LabelTest, aTextThatIsTooLongForItsLineIsShortened) {
   [label.get() setNumberOfLines:1];
   [label.get() setAdjustsFontSizeToFitWidth:YES];
   EXPECT_TRUE(shown().is_null()) << "it is made to fit";
+  [label.get() setFrame:CGRectMake(0, 0, 0, 20)];
+  EXPECT_TRUE(shown().is_null()) << "it was not laid out yet";
+  [label.get() setFrame:CGRectMake(0, 0, 60, 20)];
   [label.get() setAdjustsFontSizeToFitWidth:NO];
   [label.get() sizeToFit];
   EXPECT_TRUE(shown().is_null());
+}
+
+TEST_F(LabelTest, aLineThatBreaksAnywhereEndsAnywhere) {
+  const auto around = view(200, 20);
+  const auto label = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectMake(0, 0, 60, 20)]);
+  [around.get() addSubview:label.get()];
+  [label.get() setText:@"Unbreakable"];
+  [label.get() setLineBreakMode:NSLineBreakByCharWrapping];
+  const std::string shown = describedView(around.get())["views"][0]["shownText"];
+  EXPECT_TRUE(shown.size() > 3 && std::string("Unbreakable").starts_with(shown)) << shown;
 }
 
 TEST_F(LabelTest, aTextThatIsTooLongForItsLinesIsShortenedInTheLast) {
