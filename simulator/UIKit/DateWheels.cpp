@@ -61,7 +61,9 @@ int DateWheels::row(DateWheel wheel, std::int64_t time) const {
   return 0;
 }
 
-std::int64_t DateWheels::turned(DateWheel wheel, int row, std::int64_t time) const {
+std::int64_t DateWheels::turned(DateWheel wheel, int row, std::int64_t unturned) const {
+  const bool hasMinutes = std::ranges::find(wheels_, DateWheel::minute) != wheels_.end();
+  const std::int64_t time = hasMinutes ? unturned - timeOf(unturned) / 60 % minuteInterval_ * 60 : unturned;
   const year_month_day date(dayOf(time));
   const int second = timeOf(time);
   const int inHour = second % 3600;

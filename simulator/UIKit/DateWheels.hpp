@@ -20,8 +20,8 @@ class DateWheels final {
   int rows(DateWheel wheel) const;
   /// The row that shows `seconds`, the nearest one where there is none.
   int row(DateWheel wheel, std::int64_t seconds) const;
-  /// What `seconds` become when the wheel is turned to `row`: a day that the month does not have is its last one, and
-  /// what no wheel shows stays.
+  /// What `seconds` become when the wheel is turned to `row`: a day that the month does not have is its last one,
+  /// minutes between two rows are those of the row that was shown, and what no wheel shows stays.
   std::int64_t turned(DateWheel wheel, int row, std::int64_t seconds) const;
   int minuteInterval() const noexcept { return minuteInterval_; }
 

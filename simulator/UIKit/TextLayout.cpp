@@ -259,7 +259,7 @@ class TextLayoutBuilder final {
       reach =
           made.pieces.empty() ? own : Reach{std::max(reach.ascent, own.ascent), std::max(reach.descent, own.descent)};
       made.pieces.push_back(
-          {textOf(part, item), run, made.width, points(pango_glyph_string_get_width(item->glyphs)), item});
+          {textOf(part, line, item), run, made.width, points(pango_glyph_string_get_width(item->glyphs)), item});
       made.width += made.pieces.back().width;
     }
     if (made.pieces.empty()) {
@@ -288,12 +288,42 @@ class TextLayoutBuilder final {
     return spaces > 0 ? std::max(line.width - natural, 0.0) / double(spaces) : 0;
   }
 
-  std::string textOf(const Part& part, const PangoGlyphItem* item) const {
-    const std::size_t start = part.start + std::size_t(item->item->offset);
-    const bool isAdded = start >= part.end || (item->item->analysis.flags & PANGO_ANALYSIS_FLAG_IS_ELLIPSIS);
-    if (isAdded) return std::string(kEllipsis);
-    const std::size_t end = std::min(start + std::size_t(item->item->length), part.end);
-    const bool holdsMore = start + std::size_t(item->item->length) > part.end;
+  /// Bytes of the paragraph.
+  struct Shown {
+    std::size_t start;
+    std::size_t end;
+  };
+
+  static bool isEllipsis(const PangoGlyphItem* item) {
+    return (item->item->analysis.flags & PANGO_ANALYSIS_FLAG_IS_ELLIPSIS) != 0;
+  }
+
+  /// Where the font draws the parts of a character one by one, Pango leaves out some of these: the others go with them.
+  static Shown shownOf(PangoLayoutLine* line, const PangoItem* item) {
+    const char* const text = pango_layout_get_text(line->layout);
+    const PangoLogAttr* const places = pango_layout_get_log_attrs_readonly(line->layout, nullptr);
+    const auto isTorn = [&](const char* at) { return !places[g_utf8_pointer_to_offset(text, at)].is_cursor_position; };
+    const char *start = text + item->offset, *end = start + item->length;
+    for (GSList* each = line->runs; each; each = each->next) {
+      const auto* other = static_cast<const PangoGlyphItem*>(each->data);
+      if (!isEllipsis(other) || other->item == item) continue;
+      const char *const first = text + other->item->offset, *const behind = first + other->item->length;
+      if (start == behind) {
+        while (start < end && isTorn(start)) start = g_utf8_next_char(start);
+      }
+      if (end == first) {
+        while (start < end && isTorn(end)) end = g_utf8_prev_char(end);
+      }
+    }
+    return {std::size_t(start - text), std::size_t(end - text)};
+  }
+
+  std::string textOf(const Part& part, PangoLayoutLine* line, const PangoGlyphItem* item) const {
+    const Shown shown = shownOf(line, item->item);
+    const std::size_t start = part.start + shown.start;
+    if (start >= part.end || isEllipsis(item)) return std::string(kEllipsis);
+    const std::size_t end = std::min(part.start + shown.end, part.end);
+    const bool holdsMore = part.start + shown.end > part.end;
     return text_.substr(start, end - start) + std::string(holdsMore ? kEllipsis : "");
   }
 

@@ -21,7 +21,7 @@ typedef NS_ENUM(NSInteger, UIDatePickerStyle) {
 
 SIM_STATE_TYPE(DatePickerState);
 
-/// 320 × 216 points unless a size was given. The calendar is Gregorian. Sends value-changed when a wheel was turned.
+/// 320 × 216 points unless a size was given. Sends value-changed when a wheel was turned.
 @interface UIDatePicker : UIControl {
  @private
   SIM_STATE(DatePickerState, _datePickerState);
@@ -30,9 +30,11 @@ SIM_STATE_TYPE(DatePickerState);
 @property(nonatomic) UIDatePickerMode datePickerMode;
 /// The order of the wheels, their words, and whether the clock has 24 hours; nil for the current locale, as at first.
 @property(nonatomic, retain) NSLocale *locale;
-/// nil, the current one, at first.
+/// The current one at first, and after nil. Of one that was set the time zone counts; dates are always Gregorian ones.
+@property(nonatomic, copy) NSCalendar *calendar;
+/// nil at first: that of the calendar, or the current one.
 @property(nonatomic, retain) NSTimeZone *timeZone;
-/// Now at first. What is beyond a limit is that limit. Setting it sends no action; nil is ignored.
+/// Now at first. What is beyond a limit is that limit. Setting it sends no action; nil and infinite dates are ignored.
 @property(nonatomic, retain) NSDate *date;
 /// nil at first. Limits that exclude each other count for nothing.
 @property(nonatomic, retain) NSDate *minimumDate;

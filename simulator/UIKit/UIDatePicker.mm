@@ -20,6 +20,7 @@ struct DatePickerState {
   UIDatePickerMode mode = UIDatePickerModeDateAndTime;
   UIDatePickerStyle style = UIDatePickerStyleAutomatic;
   objcxx::Retained<NSLocale> locale;
+  objcxx::Retained<NSCalendar> calendar;
   objcxx::Retained<NSTimeZone> timeZone;
   objcxx::Retained<NSDate> date;
   objcxx::Retained<NSDate> minimum;
@@ -39,6 +40,8 @@ namespace {
 
 constexpr CGSize kDatePickerSize = {320, 216};
 constexpr NSInteger kDay = 24 * 60 * 60;
+// The first and the last second of the years of the wheels, since 1970: NSDate goes on for much longer.
+constexpr double kFirstSecond = -62135596800, kLastSecond = 253402300799;
 
 /// Points, as the wheels of a device look.
 CGFloat widthOf(sim::DateWheel wheel, bool isDuration) {
@@ -104,6 +107,19 @@ CGFloat widthOf(sim::DateWheel wheel, bool isDuration) {
   [self sim_changeWheels];
 }
 
+- (NSCalendar *)calendar {
+  return _datePickerState->calendar ? _datePickerState->calendar.get() : [NSCalendar currentCalendar];
+}
+
+- (void)setCalendar:(NSCalendar *)calendar {
+  NSString *kind = [calendar calendarIdentifier];
+  if (calendar && ![kind isEqual:NSCalendarIdentifierGregorian] && ![kind isEqual:NSCalendarIdentifierISO8601]) {
+    sim::notCarried(@"UIDatePicker.calendar", @"Dates are those of the Gregorian calendar.");
+  }
+  _datePickerState->calendar = objcxx::adopt((NSCalendar *)[calendar copy]);
+  [self sim_changeWheels];
+}
+
 - (NSTimeZone *)timeZone {
   return _datePickerState->timeZone.get();
 }
@@ -123,7 +139,7 @@ CGFloat widthOf(sim::DateWheel wheel, bool isDuration) {
 
 - (void)setDate:(NSDate *)date animated:(BOOL)animated {
   (void)animated;
-  if (!date) return;
+  if (!date || !std::isfinite([date timeIntervalSince1970])) return;
   _datePickerState->date = objcxx::share([self sim_withinLimits:date]);
   [self sim_showDate];
 }
@@ -204,7 +220,8 @@ CGFloat widthOf(sim::DateWheel wheel, bool isDuration) {
 @implementation UIDatePicker (Wheels)
 
 - (NSTimeZone *)sim_zone {
-  return _datePickerState->timeZone ? _datePickerState->timeZone.get() : [NSTimeZone defaultTimeZone];
+  if (_datePickerState->timeZone) return _datePickerState->timeZone.get();
+  return [_datePickerState->calendar.get() timeZone] ?: [NSTimeZone defaultTimeZone];
 }
 
 - (bool)sim_isDuration {
@@ -218,16 +235,26 @@ CGFloat widthOf(sim::DateWheel wheel, bool isDuration) {
 }
 
 - (std::int64_t)sim_secondsOf:(NSDate *)date {
-  return std::int64_t(std::floor([date timeIntervalSince1970])) + [[self sim_zone] secondsFromGMTForDate:date];
+  const double since1970 = std::clamp(std::floor([date timeIntervalSince1970]), kFirstSecond, kLastSecond);
+  return std::int64_t(since1970) + [self sim_offsetAt:since1970];
 }
 
-/// Where clocks are put on, a time that there is not is the one that follows.
+/// Seconds by which clocks are ahead of Greenwich then.
+- (NSInteger)sim_offsetAt:(double)since1970 {
+  return [[self sim_zone] secondsFromGMTForDate:[NSDate dateWithTimeIntervalSince1970:since1970]];
+}
+
+/// Where clocks are put on, a time that there is not is later by as much. Where they are put back, a time that there is
+/// twice is the one on the same side as the date was, or the first.
 - (NSDate *)sim_dateAt:(std::int64_t)seconds {
-  NSDate *near = [NSDate dateWithTimeIntervalSince1970:double(seconds)];
-  near = [near dateByAddingTimeInterval:-double([[self sim_zone] secondsFromGMTForDate:near])];
-  const NSInteger offset = [[self sim_zone] secondsFromGMTForDate:near];
-  const double whole = [_datePickerState->date.get() timeIntervalSince1970];
-  return [NSDate dateWithTimeIntervalSince1970:double(seconds - offset) + whole - std::floor(whole)];
+  const double since1970 = [_datePickerState->date.get() timeIntervalSince1970];
+  const NSInteger before = [self sim_offsetAt:double(seconds - kDay)],
+                  after = [self sim_offsetAt:double(seconds + kDay)];
+  const bool isBefore = [self sim_offsetAt:double(seconds - before)] == before;
+  const bool isAfter = [self sim_offsetAt:double(seconds - after)] == after;
+  const bool staysAfter = !isBefore || [self sim_offsetAt:since1970] == after;
+  const NSInteger offset = isAfter && staysAfter ? after : before;
+  return [NSDate dateWithTimeIntervalSince1970:double(seconds - offset) + (since1970 - std::floor(since1970))];
 }
 
 - (std::vector<sim::DateWheel>)sim_wheelsOfMode {

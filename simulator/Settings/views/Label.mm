@@ -9,6 +9,7 @@
 #import "Settings/views/Views.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 namespace sim {
@@ -27,14 +28,17 @@ CGFloat shownFontSize(UILabel *label) {
 
 /// Points by which a line may be too long without anybody seeing it.
 constexpr double kUnseen = 0.5;
+/// More than any text has.
+constexpr double kManyLines = 1e9;
 
 /// How many lines of a plain text are shown; 0 for no limit. Those of which no more than a part would fit are not.
 int mostLines(UILabel *label, CGFloat lineHeight) {
   const int most = int([label numberOfLines]);
   const CGFloat room = [label bounds].size.height;
   if (most == 1 || room <= 0) return most;
-  const int fitting = std::max(int((room + kUnseen) / lineHeight), 1);
-  return most > 0 ? std::min(most, fitting) : fitting;
+  // A frame may be as high as numbers go, which stands for no limit either.
+  const double fitting = std::clamp<double>(std::floor((room + kUnseen) / lineHeight), 1, kManyLines);
+  return most > 0 ? std::min(most, int(fitting)) : int(fitting);
 }
 
 /// What is left of a plain text that does not fit in its label, line by line; null where all of it is shown.

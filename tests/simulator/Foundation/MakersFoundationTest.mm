@@ -66,6 +66,56 @@ TEST_F(MakersFoundationTest, TextsAreReadInAnyUnicodeAndNothingIsSaidOfIt) {
   SIMSetLogHandler(nullptr, nullptr);
 }
 
+TEST_F(MakersFoundationTest, TextsAreReadFromEachKindOfList) {
+  NSDictionary *texts = @{@"Greeting" : @"Gr\u00fc\u00dfe \u2603"};
+  NSData *binary = [NSPropertyListSerialization dataWithPropertyList:texts
+                                                              format:NSPropertyListBinaryFormat_v1_0
+                                                             options:0
+                                                               error:NULL];
+  write(@"/Example.bundle/en.lproj/Binary.strings", {static_cast<const char *>([binary bytes]), [binary length]});
+  for (const bool isLittle : {true, false}) {
+    std::string wide = isLittle ? "\xff\xfe" : "\xfe\xff";
+    NSData *units = [@"\"Greeting\" = \"Gr\u00fc\u00dfe \u2603\";"
+        dataUsingEncoding:isLittle ? NSUTF16LittleEndianStringEncoding : NSUTF16BigEndianStringEncoding];
+    wide.append(static_cast<const char *>([units bytes]), [units length]);
+    write(isLittle ? @"/Example.bundle/en.lproj/Little.strings" : @"/Example.bundle/en.lproj/Big.strings", wide);
+  }
+  std::string many;
+  for (int at = 0; at < 20'000; ++at) many += "\"Key " + std::to_string(at) + "\" = \"Value\";\n";
+  write(@"/Example.bundle/en.lproj/Large.strings", many + "Greeting = \"Gr\u00fc\u00dfe \u2603\";");
+  for (NSString *table in @[ @"Binary", @"Little", @"Big", @"Large" ]) {
+    EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"Greeting" value:nil table:table], @"Gr\u00fc\u00dfe \u2603");
+  }
+  EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"Key 19999" value:nil table:@"Large"], @"Value");
+}
+
+TEST_F(MakersFoundationTest, AFileThatHoldsNoTextsIsToldOfOnceAndLeavesTheKeys) {
+  std::vector<std::string> log;
+  const auto collect = [](NSString *line, void *lines) {
+    static_cast<std::vector<std::string> *>(lines)->push_back([line UTF8String]);
+  };
+  write(@"/Example.bundle/en.lproj/Broken.strings", "\"Name\" = \"Value\";\n\"Open = ");
+  write(@"/Example.bundle/en.lproj/Array.strings", "(1, 2)");
+  for (NSString *table in @[ @"Broken", @"Array" ]) {
+    log.clear();
+    SIMSetLogHandler(collect, &log);
+    for (int round = 0; round < 3; ++round) {
+      EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"Name" value:nil table:table], @"Name");
+      EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"Name" value:@"Other" table:table], @"Other");
+    }
+    SIMSetLogHandler(nullptr, nullptr);
+    EXPECT_EQ(log.size(), 1u) << [table UTF8String];
+    for (const std::string &line : log) EXPECT_NE(line.find([table UTF8String]), std::string::npos) << line;
+  }
+  log.clear();
+  write(@"/Example.bundle/en.lproj/Empty.strings", "");
+  SIMSetLogHandler(collect, &log);
+  EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"Name" value:nil table:@"Empty"], @"Name");
+  EXPECT_OBJC_EQ([bundle() localizedStringForKey:@"Name" value:nil table:@"Missing"], @"Name");
+  SIMSetLogHandler(nullptr, nullptr);
+  EXPECT_EQ(log, std::vector<std::string>()) << "nothing is wrong with these";
+}
+
 TEST_F(MakersFoundationTest, TextsAreThoseOfTheFileOfTheirTable) {
   write(@"/Example.bundle/en.lproj/Localizable.strings", "\"Name\" = \"Of no table\";");
   write(@"/Example.bundle/en.lproj/Other.strings", "\"Name\" = \"Of another\"; \"Number\" = (1);");

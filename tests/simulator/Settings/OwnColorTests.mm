@@ -89,6 +89,12 @@ TEST_F(OwnColorTest, aHighlightedLabelHasItsOwnColourForThat) {
   EXPECT_EQ(told(made.get())["ownColor"], true);
   [made.get() setHighlightedTextColor:nil];
   EXPECT_EQ(told(made.get())["ownColor"], false);
+  {
+    const sim::SystemSets system;
+    [made.get() setHighlightedTextColor:[UIColor whiteColor]];
+  }
+  EXPECT_EQ(told(made.get())["ownColor"], false);
+  [made.get() setHighlightedTextColor:nil];
   [made.get() setTextColor:[UIColor redColor]];
   EXPECT_EQ(told(made.get())["ownColor"], true);
 }
@@ -118,6 +124,8 @@ TEST_F(OwnColorTest, theColoursInATextsAttributesAreItsBundles) {
   EXPECT_EQ(pieces()[1]["ownColor"], false);
   [made.get() setTextColor:[UIColor whiteColor]];
   EXPECT_EQ(pieces()[0]["ownColor"], true);
+  [made.get() setTextColor:nil];
+  EXPECT_EQ(pieces()[0]["ownColor"], false) << "all of it has the label's, which is the system's";
 
   [text.get() addAttribute:NSForegroundColorAttributeName value:[UIColor redColor] range:NSMakeRange(0, 1)];
   const auto other = label();

@@ -56,6 +56,12 @@ TEST(DateWheelsTest, AWheelThatIsTurnedLeavesTheRest) {
   EXPECT_EQ(kWheels.turned(DateWheel::day, today + 9, time), at(2026, 12, 2, 17, 38, 9));
 }
 
+TEST(DateWheelsTest, MinutesAreThoseThatWereShown) {
+  const DateWheels clock({DateWheel::hour, DateWheel::minute}, 15);
+  EXPECT_EQ(clock.turned(DateWheel::hour, 3, at(2026, 11, 23, 17, 38, 9)), at(2026, 11, 23, 3, 30, 9));
+  EXPECT_EQ(clock.turned(DateWheel::minute, 3, at(2026, 11, 23, 17, 38, 9)), at(2026, 11, 23, 17, 45, 9));
+}
+
 TEST(DateWheelsTest, ADayThatTheMonthDoesNotHaveIsItsLast) {
   EXPECT_EQ(kWheels.turned(DateWheel::month, 1, at(2026, 1, 31, 8)), at(2026, 2, 28, 8));
   EXPECT_EQ(kWheels.turned(DateWheel::dayOfMonth, 30, at(2028, 2, 3)), at(2028, 2, 29));

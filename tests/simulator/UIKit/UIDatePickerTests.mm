@@ -226,6 +226,10 @@ TEST_F(UIDatePickerTests, ACountdownIsOfWholeMinutesBelowADay) {
   [picker setMinimumDate:date(kDate)];
   turn(picker, 1, 2);
   EXPECT_EQ([picker countDownDuration], 600) << "limits are not for it";
+  [picker setDate:date(kDate - 60)];
+  EXPECT_EQ(dateOf(picker), kDate - 60) << "nor for the date beside it";
+  [picker setDatePickerMode:UIDatePickerModeTime];
+  EXPECT_EQ(dateOf(picker), kDate);
 }
 
 TEST_F(UIDatePickerTests, TimeZonesChangeTheirClocks) {
@@ -240,6 +244,80 @@ TEST_F(UIDatePickerTests, TimeZonesChangeTheirClocks) {
   EXPECT_EQ(dateOf(picker), 1774663200 + 23 * 3600);
   turn(picker, 1, 2);
   EXPECT_EQ(shown(picker), "Sun 29 Mar | 03 | 00") << "there is no such hour";
+}
+
+TEST_F(UIDatePickerTests, AnHourThatClocksLeaveOutIsTheNextOnEitherSideOfGreenwich) {
+  UIDatePicker *picker = make(UIDatePickerModeDateAndTime, @"en_GB");
+  [picker setTimeZone:[NSTimeZone timeZoneWithName:@"America/New_York"]];
+  [picker setDate:date(1772951400)];  // 8 March 2026, 01:30, half an hour before clocks are put on.
+  EXPECT_EQ(shown(picker), "Sun 8 Mar | 01 | 30");
+  turn(picker, 1, 2);
+  EXPECT_EQ(shown(picker), "Sun 8 Mar | 03 | 30");
+  EXPECT_EQ(dateOf(picker), 1772951400 + 3600);
+  turn(picker, 1, 1);
+  EXPECT_EQ(dateOf(picker), 1772951400);
+}
+
+TEST_F(UIDatePickerTests, AnHourThatThereIsTwiceStaysTheOneItWas) {
+  UIDatePicker *picker = make(UIDatePickerModeTime, @"en_GB");
+  [picker setTimeZone:[NSTimeZone timeZoneWithName:@"America/New_York"]];
+  const NSTimeInterval first = 1793511000, second = first + 3600;  // 1 November 2026, 01:30 before and after.
+  for (const NSTimeInterval hour : {first, second}) {
+    [picker setDate:date(hour)];
+    EXPECT_EQ(shown(picker), "01 | 30");
+    turn(picker, 1, 40);
+    EXPECT_EQ(dateOf(picker), hour + 600);
+  }
+  [picker setDate:date(first - 3600)];
+  turn(picker, 0, 1);
+  EXPECT_EQ(dateOf(picker), first);
+  [picker setDate:date(second + 3600)];
+  turn(picker, 0, 1);
+  EXPECT_EQ(dateOf(picker), second);
+}
+
+TEST_F(UIDatePickerTests, ADateBetweenTwoRowsStaysUntilAWheelIsTurned) {
+  UIDatePicker *picker = make(UIDatePickerModeTime);
+  [picker setDate:date(kDate)];
+  [picker setMinuteInterval:15];
+  EXPECT_EQ(shown(picker), "5 | 30 | PM");
+  EXPECT_EQ(dateOf(picker), kDate);
+  turn(picker, 0, 5);
+  EXPECT_EQ(dateOf(picker), kDate + 3600 - 8 * 60) << "as the wheels show it";
+}
+
+TEST_F(UIDatePickerTests, TheTimeZoneIsThatOfACalendarUnlessOneIsSet) {
+  UIDatePicker *picker = make(UIDatePickerModeTime, @"en_GB");
+  EXPECT_OBJC_EQ([[picker calendar] calendarIdentifier], [[NSCalendar currentCalendar] calendarIdentifier]);
+  NSCalendar *calendar = [[[NSCalendar alloc] initWithCalendarIdentifier:NSCalendarIdentifierGregorian] autorelease];
+  [calendar setTimeZone:[NSTimeZone timeZoneForSecondsFromGMT:2 * 3600]];
+  [picker setDate:date(kDate)];
+  [picker setCalendar:calendar];
+  EXPECT_EQ(shown(picker), "17 | 38");
+  [picker setTimeZone:nil];
+  EXPECT_EQ(shown(picker), "19 | 38");
+  [picker setCalendar:nil];
+  ASSERT_NE([picker calendar], nil);
+  UIDatePicker *plain = make(UIDatePickerModeTime, @"en_GB");
+  [plain setTimeZone:nil];
+  [plain setDate:date(kDate)];
+  EXPECT_EQ(shown(picker), shown(plain));
+}
+
+TEST_F(UIDatePickerTests, DatesBeyondTheYearsOfTheWheelsAreKept) {
+  UIDatePicker *picker = make(UIDatePickerModeDate);
+  for (const NSTimeInterval far : {-1e300, -1e12, 1e12, 1e300}) {
+    [picker setDate:date(far)];
+    EXPECT_EQ(dateOf(picker), far);
+    EXPECT_EQ(shown(picker), far < 0 ? "January | 1 | 1" : "December | 31 | 9999") << far;
+  }
+  turn(picker, 1, 0);
+  EXPECT_EQ(shown(picker), "December | 1 | 9999");
+  [picker setDate:date(kDate)];
+  for (const NSTimeInterval none : {NSTimeInterval(INFINITY), -NSTimeInterval(INFINITY)}) {
+    [picker setDate:date(none)];
+    EXPECT_EQ(dateOf(picker), kDate);
+  }
 }
 
 TEST_F(UIDatePickerTests, WheelsAreAsLargeAsThePickerAndHaveItsColour) {

@@ -71,4 +71,16 @@ TEST_F(DatePickerControlTest, OtherStylesAreSaidNotToBeCarried) {
   EXPECT_EQ([picker() preferredDatePickerStyle], UIDatePickerStyleCompact);
 }
 
+TEST_F(DatePickerControlTest, CalendarsButTheGregorianAreSaidNotToBeCarried) {
+  startControl(picker());
+  for (NSString *kind in @[ NSCalendarIdentifierGregorian, NSCalendarIdentifierISO8601 ]) {
+    [picker() setCalendar:[[[NSCalendar alloc] initWithCalendarIdentifier:kind] autorelease]];
+  }
+  EXPECT_FALSE(logged("UIDatePicker.calendar"));
+  NSString *other = NSCalendarIdentifierBuddhist;
+  [picker() setCalendar:[[[NSCalendar alloc] initWithCalendarIdentifier:other] autorelease]];
+  EXPECT_TRUE(logged("Dates are those of the Gregorian calendar."));
+  EXPECT_OBJC_EQ([[picker() calendar] calendarIdentifier], other);
+}
+
 }  // namespace

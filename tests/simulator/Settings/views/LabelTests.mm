@@ -2,6 +2,8 @@
 #include "simulator/Settings/SessionTest.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -86,9 +88,22 @@ TEST_F(LabelTest, aTextThatIsTooLongForItsLineIsShortened) {
   [label.get() setNumberOfLines:1];
   [label.get() setAdjustsFontSizeToFitWidth:YES];
   EXPECT_TRUE(shown().is_null()) << "it is made to fit";
+  [label.get() setFrame:CGRectMake(0, 0, 0, 20)];
+  EXPECT_TRUE(shown().is_null()) << "it was not laid out yet";
+  [label.get() setFrame:CGRectMake(0, 0, 60, 20)];
   [label.get() setAdjustsFontSizeToFitWidth:NO];
   [label.get() sizeToFit];
   EXPECT_TRUE(shown().is_null());
+}
+
+TEST_F(LabelTest, aLineThatBreaksAnywhereEndsAnywhere) {
+  const auto around = view(200, 20);
+  const auto label = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectMake(0, 0, 60, 20)]);
+  [around.get() addSubview:label.get()];
+  [label.get() setText:@"Unbreakable"];
+  [label.get() setLineBreakMode:NSLineBreakByCharWrapping];
+  const std::string shown = describedView(around.get())["views"][0]["shownText"];
+  EXPECT_TRUE(shown.size() > 3 && std::string("Unbreakable").starts_with(shown)) << shown;
 }
 
 TEST_F(LabelTest, aTextThatIsTooLongForItsLinesIsShortenedInTheLast) {
@@ -144,6 +159,7 @@ TEST_F(LabelTest, onlyLinesThatFitInTheLabelsHeightAreShown) {
   EXPECT_EQ(linesIn(2 * line - 0.25), 2) << "a frame in whole pixels may be a little less";
   EXPECT_EQ(linesIn(3.9 * line), 3);
   EXPECT_EQ(linesIn(5 * line), 0) << "all fit";
+  EXPECT_EQ(linesIn(1e300), 0) << "the frame of a label whose text is measured";
   [label.get() setNumberOfLines:2];
   EXPECT_EQ(linesIn(4 * line), 2);
   [label.get() setNumberOfLines:4];
@@ -153,6 +169,35 @@ TEST_F(LabelTest, onlyLinesThatFitInTheLabelsHeightAreShown) {
     const CGSize size = [label.get() sizeThatFits:CGSizeMake(width, 0)];
     [label.get() setFrame:CGRectMake(0, 0, size.width, size.height)];
     EXPECT_TRUE(describedView(around.get())["views"][0]["shownText"].is_null()) << width;
+  }
+}
+
+TEST_F(LabelTest, whatIsShortenedIsWholeCharacters) {
+  const auto around = view(200, 100);
+  const auto label = objcxx::adopt([[UILabel alloc] initWithFrame:CGRectMake(0, 0, 60, 40)]);
+  [around.get() addSubview:label.get()];
+  // A letter with its accent, a family of three, a flag, a heart with its colour, letters from right to left.
+  for (const std::string &one : std::vector<std::string>{"e\u0301", "\U0001f468\u200d\U0001f469\u200d\U0001f467",
+                                                         "\U0001f1e9\U0001f1ea", "\u2764\ufe0f", "\u05d0\u05b8"}) {
+    std::string text;
+    for (int times = 0; times < 20; ++times) text += one;
+    [label.get() setText:[NSString stringWithUTF8String:text.c_str()]];
+    for (const NSLineBreakMode mode :
+         {NSLineBreakByTruncatingHead, NSLineBreakByTruncatingMiddle, NSLineBreakByTruncatingTail}) {
+      [label.get() setLineBreakMode:mode];
+      for (const NSInteger lines : {1, 2}) {
+        [label.get() setNumberOfLines:lines];
+        for (const int width : {1, 30, 79}) {
+          [label.get() setFrame:CGRectMake(0, 0, width, 50)];
+          std::string shown = describedView(around.get())["views"][0]["shownText"];
+          EXPECT_NE(shown.find("\u2026"), std::string::npos) << shown;
+          for (const std::string &part : {one, std::string("\u2026"), std::string("\n")}) {
+            for (std::size_t at; (at = shown.find(part)) != std::string::npos;) shown.erase(at, part.size());
+          }
+          EXPECT_EQ(shown, "") << one << " at " << width;
+        }
+      }
+    }
   }
 }
 
