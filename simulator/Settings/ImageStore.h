@@ -4,7 +4,10 @@
 #import <UIKit/UIKit.h>
 #import <objcxx/Retained.h>
 
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -13,10 +16,17 @@
 
 namespace sim {
 
-/// Keeps the pictures of the current screen, and those of the one before, for clients that still draw it. Main thread
-/// only.
+/// Keeps the pictures of the current screen, and for a while those of the screens before, for clients that still draw
+/// them: a page slides away while many a screen may follow on the next. Main thread only.
 class ImageStore final {
  public:
+  using Clock = std::chrono::steady_clock;
+  /// For how long the pictures of a screen that has gone are kept: several times what a page takes to slide away and a
+  /// busy browser to ask for the last of its pictures.
+  static constexpr std::chrono::seconds kKeptFor{10};
+  /// The most bytes of pixels that are kept so, beside the pictures that went last.
+  static constexpr std::size_t kMostBytes = std::size_t{64} << 20;
+
   /// `run` is a number that no other run of Settings on this simulator has: it makes identifiers differ between runs.
   /// `place` begins them, for a process that has runs of its own.
   explicit ImageStore(std::uint64_t run, std::string_view place = {})
@@ -37,8 +47,9 @@ class ImageStore final {
   /// up: it is read and decoded when the thumbnail is asked for. The identifier changes with the file's content.
   void writeThumbnail(JsonText &out, NSString *path);
 
-  /// Makes the last description the current screen: pictures that neither it nor the one before shows are let go.
-  void accept();
+  /// Makes the last description the current screen, at the time `now`. Pictures that went from the screen long ago are
+  /// let go.
+  void accept(Clock::time_point now = Clock::now());
 
   /// The PNG file of the picture with this identifier, autoreleased; nil when no such picture is kept or it cannot be
   /// read.
@@ -51,14 +62,23 @@ class ImageStore final {
     NSUInteger longestSide = 0;       ///< Pixels.
   };
   using Pictures = std::unordered_map<std::string, Picture>;
+  /// What went from the screen at one time.
+  struct Gone {
+    Pictures pictures;
+    std::size_t bytes = 0;
+    Clock::time_point at;
+  };
 
   void add(JsonText &out, std::string identifier, CGSize size, UIColor *tint, Picture picture);
+  void letGoOfOld(Clock::time_point now);
+  const Picture *find(const std::string &identifier) const;
 
   const std::string place_;
   const std::string prefix_;
   Pictures described_;
   Pictures current_;
-  Pictures previous_;
+  std::deque<Gone> gone_;  // The oldest stand first.
+  std::size_t goneBytes_ = 0;
 };
 
 }  // namespace sim

@@ -31,6 +31,12 @@ NSUInteger longestSideOf(CGSize size, CGSize shown) {
   return pixelsOf(std::max(size.width, size.height) * factor);
 }
 
+/// Of the pixels; none for nil, as a thumbnail is read only when it is asked for.
+std::size_t bytesOf(UIImage *image) {
+  const CGSize pixels = [image sim_pixelSize];
+  return image ? static_cast<std::size_t>(pixels.width * pixels.height) * 4 : 0;
+}
+
 }  // namespace
 
 void ImageStore::add(JsonText &out, std::string identifier, CGSize size, UIColor *tint, Picture picture) {
@@ -65,17 +71,42 @@ void ImageStore::writeThumbnail(JsonText &out, NSString *path) {
   add(out, std::move(identifier), CGSizeMake(kThumbnailSide, kThumbnailSide), nil, {{}, objcxx::share(path), side});
 }
 
-void ImageStore::accept() { previous_ = std::exchange(current_, std::exchange(described_, {})); }
+void ImageStore::accept(Clock::time_point now) {
+  Gone gone;
+  gone.at = now;
+  for (auto &[identifier, picture] : std::exchange(current_, std::exchange(described_, {}))) {
+    if (current_.contains(identifier)) continue;
+    gone.bytes += bytesOf(picture.image.get());
+    gone.pictures.emplace(identifier, picture);
+  }
+  goneBytes_ += gone.bytes;
+  if (!gone.pictures.empty()) gone_.push_back(std::move(gone));
+  letGoOfOld(now);
+}
+
+void ImageStore::letGoOfOld(Clock::time_point now) {
+  const auto isOld = [&](const Gone &gone) {
+    return now - gone.at > kKeptFor || (goneBytes_ > kMostBytes && gone_.size() > 1);
+  };
+  while (!gone_.empty() && isOld(gone_.front())) {
+    goneBytes_ -= gone_.front().bytes;
+    gone_.pop_front();
+  }
+}
+
+const ImageStore::Picture *ImageStore::find(const std::string &identifier) const {
+  if (const auto found = current_.find(identifier); found != current_.end()) return &found->second;
+  for (const Gone &gone : gone_) {
+    if (const auto found = gone.pictures.find(identifier); found != gone.pictures.end()) return &found->second;
+  }
+  return nullptr;
+}
 
 NSData *ImageStore::pngOf(std::string_view identifier) const {
-  for (const Pictures *pictures : {&current_, &previous_}) {
-    const auto found = pictures->find(std::string(identifier));
-    if (found == pictures->end()) continue;
-    const Picture &picture = found->second;
-    return picture.file ? [UIImage sim_PNGThumbnailOfFile:picture.file.get() side:picture.longestSide]
-                        : [picture.image.get() sim_PNGDataWithLongestSide:picture.longestSide];
-  }
-  return nil;
+  const Picture *picture = find(std::string(identifier));
+  if (!picture) return nil;
+  return picture->file ? [UIImage sim_PNGThumbnailOfFile:picture->file.get() side:picture->longestSide]
+                       : [picture->image.get() sim_PNGDataWithLongestSide:picture->longestSide];
 }
 
 }  // namespace sim

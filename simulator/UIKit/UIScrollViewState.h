@@ -2,6 +2,7 @@
 #pragma once
 
 #import <UIKit/UIScrollView+Sim.h>
+#import <objc/Weak.h>
 #include <objcxx/Retained.h>
 
 #include <optional>
@@ -26,7 +27,7 @@ struct ScrollViewState {
   BOOL showsVerticalIndicator = YES;
   BOOL showsHorizontalIndicator = YES;
   UIScrollViewKeyboardDismissMode keyboardDismissMode = UIScrollViewKeyboardDismissModeNone;
-  id<UIScrollViewDelegate> delegate = nil;  // not owned
+  Weak<id<UIScrollViewDelegate>> delegate;
   ScrollMotion motion = ScrollMotion::kNone;
   std::optional<CGPoint> expected;   // Where a finger, or the system, moves the content to just now.
   std::uint32_t positionNumber = 0;  // 0 until somebody asks.

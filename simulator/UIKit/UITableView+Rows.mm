@@ -29,7 +29,10 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
 }
 
 - (void)sim_loadIfNeeded {
-  if (!_tableViewState->loaded) [self sim_reload];
+  const auto &state = *_tableViewState;
+  // The rows of a data source that nobody owns any more go with it.
+  const bool isOrphaned = state.geometry.sectionCount() > 0 && !state.dataSource;
+  if (!state.loaded || isOrphaned) [self sim_reload];
 }
 
 - (void)sim_reload {
@@ -158,8 +161,8 @@ bool isHeight(CGFloat height) { return std::isfinite(height) && height >= 0; }
   UITableViewCell *cell = [state.dataSource tableView:self cellForRowAtIndexPath:path];
   if (!cell) {
     [NSException raise:NSInternalInconsistencyException
-                format:@"The data source %@ gave no cell for row %ld of section %ld.", state.dataSource, index.row,
-                       index.section];
+                format:@"The data source %@ gave no cell for row %ld of section %ld.", state.dataSource.get(),
+                       index.row, index.section];
   }
   if (!state.geometry.contains(index)) return cell;  // Reloaded meanwhile with fewer rows.
   if (state.has.indentation) {

@@ -9,6 +9,7 @@
 #import <UIKit/UITableView+Sim.h>
 #import <UIKit/UITableViewCell+Sim.h>
 #import <UIKit/UITableViewHeaderFooterView+Sim.h>
+#import <objc/Weak.h>
 #include <objcxx/Retained.h>
 
 #include <map>
@@ -57,8 +58,8 @@ struct ReuseQueue {
 
 struct TableViewState {
   UITableViewStyle style = UITableViewStylePlain;
-  id<UITableViewDataSource> dataSource = nil;  // not owned
-  id<UITableViewDelegate> delegate = nil;      // not owned
+  Weak<id<UITableViewDataSource>> dataSource;
+  Weak<id<UITableViewDelegate>> delegate;
   objcxx::Retained<UIContextMenuInteraction> contextMenu;
   DataSourceAnswers source{};
   DelegateAnswers has{};

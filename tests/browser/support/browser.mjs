@@ -52,7 +52,7 @@ export async function openPage(t, url, { expected = /(?!)/, hurry = 10, ...optio
     if (!expected.test(text)) troubles.push(`${kind}: ${text}`);
   };
   context.on('console', (message) => {
-    if (message.type() === 'error') note('console', message.text());
+    if (message.type() === 'error') note('console', `${message.text()} ${message.location().url}`);
   });
   context.on('weberror', (error) => note('exception', String(error.error().stack)));
   context.on('request', (request) => {

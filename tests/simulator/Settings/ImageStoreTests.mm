@@ -1,20 +1,23 @@
 // The pictures of a screen: their addresses, their sizes, and how long they can be had.
 #import <UIKit/UIKit.h>
 
+#import "Settings/ImageStore.h"
+
 #include "simulator/Settings/SessionTest.h"
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace {
 
-TEST_F(SessionTest, PicturesAreKeptForTheScreenAndTheOneBefore) {
+TEST_F(SessionTest, PicturesAreKeptWhileTheScreenChangesQuickly) {
   ListPage *page = startList(@[ @[ @"a" ] ]);
   UIImageView *view = [[[UIImageView alloc] initWithFrame:CGRectMake(0, 0, 10, 10)] autorelease];
   page->sectionView = objcxx::share<UIView>(view);
   std::vector<std::string> identifiers;
-  for (int turn = 0; turn < 3; ++turn) {
+  for (int turn = 0; turn < 5; ++turn) {
     [view setImage:picture(10 + turn)];
     [[page tableView] reloadData];
     EXPECT_TRUE(session().refresh());
@@ -22,16 +25,73 @@ TEST_F(SessionTest, PicturesAreKeptForTheScreenAndTheOneBefore) {
     EXPECT_EQ(image["width"], 10 + turn);
     identifiers.push_back(identifierOf(image));
     for (int idle = 0; idle < 3; ++idle) EXPECT_FALSE(session().refresh());
-    EXPECT_GT([session().pngOf(identifiers.back()) length], 0u);
-    if (turn > 0) {
-      EXPECT_GT([session().pngOf(identifiers[identifiers.size() - 2]) length], 0u);
-    }
+    for (const std::string &each : identifiers) EXPECT_GT([session().pngOf(each) length], 0u) << each;
   }
-  EXPECT_EQ([session().pngOf(identifiers[0]) length], 0u);
   for (const std::string unknown : {"", "x", "-1", "1x", " 1", "1-", "99999999", "99999999999999999999999"}) {
     EXPECT_FALSE(session().pngOf(unknown)) << unknown;
     EXPECT_FALSE(session().pngOf(identifiers.back() + unknown + "-")) << unknown;
   }
+}
+
+/// Screens that show one picture each, at times that the test chooses.
+class ImageStoreTest : public SessionTest {
+ protected:
+  using Clock = sim::ImageStore::Clock;
+
+  /// Shows `image` alone; nil for no picture. Returns its identifier.
+  std::string show(UIImage *image, Clock::duration at) {
+    sim::JsonText text;
+    store_.beginDescription();
+    store_.write(text, image, [image size]);
+    store_.accept(start_ + at);
+    return image ? identifierOf(Json::parse(text.text())) : std::string();
+  }
+  bool has(const std::string &identifier) const { return [store_.pngOf(identifier) length] > 0; }
+
+  static constexpr Clock::duration kMoment = std::chrono::milliseconds(1);
+  static constexpr Clock::duration kKept = sim::ImageStore::kKeptFor;
+
+ private:
+  const Clock::time_point start_ = Clock::now();
+  sim::ImageStore store_{1};
+};
+
+TEST_F(ImageStoreTest, aPictureThatWentIsKeptForAWhileAndThenLetGo) {
+  UIImage *image = picture(10);
+  const std::string first = show(image, kMoment);
+  show(nil, 2 * kMoment);
+  EXPECT_TRUE(has(first));
+  show(picture(11), 2 * kMoment + kKept);
+  EXPECT_TRUE(has(first)) << "it went just so long ago";
+  show(picture(12), 3 * kMoment + kKept);
+  EXPECT_FALSE(has(first));
+}
+
+TEST_F(ImageStoreTest, aPictureThatStaysOrComesBackIsNotLetGo) {
+  UIImage *image = picture(10);
+  const std::string first = show(image, kMoment);
+  show(image, 2 * kKept);
+  EXPECT_TRUE(has(first)) << "it is on the screen";
+  show(nil, 3 * kKept);
+  show(image, 3 * kKept + kMoment);
+  show(nil, 4 * kKept + kMoment);
+  show(picture(11), 4 * kKept + 2 * kMoment);
+  EXPECT_TRUE(has(first)) << "it went again a moment ago";
+}
+
+TEST_F(ImageStoreTest, largePicturesAreLetGoEarlierButNotTheOnesThatWentLast) {
+  const int side = 3000;  // 36 million bytes, of which one may be kept.
+  const std::string first = show(picture(side), kMoment);
+  const std::string second = show(picture(side), 2 * kMoment);
+  EXPECT_TRUE(has(first));
+  const std::string third = show(picture(side), 3 * kMoment);
+  EXPECT_FALSE(has(first));
+  EXPECT_TRUE(has(second));
+  EXPECT_TRUE(has(third));
+  const std::string larger = show(picture(side * 3 / 2), 4 * kMoment);
+  show(nil, 5 * kMoment);
+  EXPECT_TRUE(has(larger));
+  EXPECT_FALSE(has(third)) << "there is no room beside the larger one";
 }
 
 TEST_F(SessionTest, PicturesOfDifferentRunsHaveDifferentAddresses) {

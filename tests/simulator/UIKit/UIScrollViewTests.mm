@@ -1,4 +1,5 @@
 #import <UIKit/UIKit.h>
+#import <UIKit/UIScrollView+Sim.h>
 #include <objcxx/Retained.h>
 #import <support/objc/ObjCMatchers.h>
 #import <support/objc/ObjCTest.h>
@@ -37,6 +38,21 @@ TEST_F(UIScrollViewTest, TheOffsetIsTheOriginOfTheBounds) {
   EXPECT_EQ(counter_.get()->scrolls, 1);
   [view_.get() setContentOffset:CGPointMake(0, 30) animated:YES];
   EXPECT_EQ(counter_.get()->scrolls, 1);
+}
+
+TEST_F(UIScrollViewTest, ADelegateThatIsFreedIsToldNoMore) {
+  @autoreleasepool {
+    EXPECT_TRUE([view_.get() sim_isFollowed]);
+    EXPECT_EQ([view_.get() delegate], counter_.get());
+    counter_ = nullptr;
+  }
+  EXPECT_FALSE([view_.get() delegate]);
+  EXPECT_FALSE([view_.get() sim_isFollowed]);
+  [view_.get() setContentOffset:CGPointMake(0, 30) animated:YES];
+  [view_.get() setContentInset:UIEdgeInsetsMake(10, 0, 0, 0)];
+  [view_.get() sim_scrollTo:CGPointMake(0, 50) phase:sim::ScrollPhase::kWhole velocity:CGPointZero];
+  EXPECT_TRUE([view_.get() sim_scrollToTop]);
+  EXPECT_EQ([view_.get() contentOffset].y, -10);
 }
 
 TEST_F(UIScrollViewTest, ScrollsNoFurtherThanNeeded) {

@@ -117,6 +117,25 @@ class UITableViewTest : public ObjCTest {
 
 #pragma mark - Rows on screen
 
+TEST_F(UITableViewTest, RowsGoWithADataSourceThatIsFreed) {
+  auto rows = source<DisplaySource>({3, 20});
+  objcxx::Retained<UITableView> table;
+  @autoreleasepool {
+    table = tableShowing(rows.get(), 200);
+    EXPECT_EQ([table.get() dataSource], rows.get());
+    EXPECT_EQ([table.get() delegate], rows.get());
+    rows = nullptr;
+  }
+  EXPECT_FALSE([table.get() dataSource]);
+  EXPECT_FALSE([table.get() delegate]);
+  [table.get() setContentOffset:CGPointMake(0, 300)];
+  [table.get() layoutIfNeeded];
+  EXPECT_EQ([table.get() numberOfSections], 0);
+  EXPECT_EQ(liveRows(table.get()), "");
+  [table.get() reloadData];
+  EXPECT_EQ(describedRows(table.get()), "");
+}
+
 TEST_F(UITableViewTest, OnlyTheRowsInTheBoundsHaveCells) {
   const auto rows = source({3, 20});
   const auto table = tableShowing(rows.get(), 200);
