@@ -214,7 +214,7 @@ test('A page with a large title of its own has one, and the first page none when
   const { fake, page } = await open(t, pageOf({ largeTitle: true }));
   await page.locator('.large-title').waitFor();
   fake.show(screen(['Settings'], [section(null, [link('Row')])], { page: { largeTitle: false } }));
-  await page.getByRole('heading', { name: 'Settings' }).waitFor();
+  await page.getByRole('heading', { name: 'Settings', exact: true }).waitFor();
   await eventually(async () => assert.equal(await page.locator('.page:not([data-leaving="true"]) .large-title').count(), 0));
 });
 

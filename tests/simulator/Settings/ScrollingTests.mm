@@ -310,6 +310,16 @@ TEST_F(ScrollingTest, severalThatWouldGoToTheTopAllStay) {
   [second.get() setContentSize:CGSizeMake(300, 40)];
   EXPECT_EQ(send({{"type", "scrollToTop"}}), Outcome::done);
   EXPECT_EQ([first contentOffset].y, 0) << "the other one cannot go up";
+  [second.get() setContentSize:CGSizeMake(300, 400)];
+  [first setContentOffset:CGPointMake(0, 30)];
+  [second.get() setScrollEnabled:NO];
+  EXPECT_EQ(send({{"type", "scrollToTop"}}), Outcome::done);
+  EXPECT_EQ([first contentOffset].y, 0) << "no finger moves the other one";
+  [first setContentOffset:CGPointMake(0, 30)];
+  [second.get() setScrollEnabled:YES];
+  [second.get() setHidden:YES];
+  EXPECT_EQ(send({{"type", "scrollToTop"}}), Outcome::done);
+  EXPECT_EQ([first contentOffset].y, 0) << "nobody sees the other one";
 }
 
 TEST_F(ScrollingTest, rowsOfALongTableAreDescribedWhereTheFingerIs) {

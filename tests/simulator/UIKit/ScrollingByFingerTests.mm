@@ -244,6 +244,11 @@ TEST_F(ScrollingByFingerTest, contentThatShrinksGoesBackToItsEdge) {
   [view_.get() setContentOffset:CGPointMake(0, 900)];
   [view_.get() setContentSize:CGSizeMake(100, 700)];
   EXPECT_EQ(y(), 900) << "only what shrinks";
+  [view_.get() setContentSize:CGSizeMake(400, 1100)];
+  [view_.get() setContentOffset:CGPointMake(250, 900)];
+  [view_.get() setContentSize:CGSizeMake(300, 1100)];
+  EXPECT_EQ([view_.get() contentOffset].x, 200) << "sideways, too";
+  [view_.get() setContentOffset:CGPointMake(0, 900)];
   scroll(350, ScrollPhase::kBegan);
   [view_.get() setContentSize:CGSizeMake(100, 300)];
   EXPECT_EQ(y(), 350) << "not under the finger";
@@ -342,6 +347,10 @@ TEST_F(ScrollingByFingerTest, theDelegateSaysWhereContentComesToRest) {
   notes_.get()->wanted = CGPointMake(0, std::nan(""));
   scroll(20, ScrollPhase::kWhole);
   EXPECT_EQ(y(), 20) << "what is no place is none";
+  notes_.get()->wanted = CGPointMake(std::nan(""), 300);
+  scroll(30, ScrollPhase::kWhole);
+  EXPECT_EQ(y(), 30);
+  EXPECT_EQ([view_.get() contentOffset].x, 0);
 }
 
 TEST_F(ScrollingByFingerTest, pagesComeToRestAtWholeOnes) {
@@ -406,6 +415,11 @@ TEST_F(ScrollingByFingerTest, aTapOnTheStatusBarBringsTheTopBack) {
   EXPECT_FALSE([view_.get() sim_scrollToTop]);
   EXPECT_EQ(notes(), "top?[td]");
   EXPECT_EQ(y(), 400);
+  notes_.get()->refusesTop = NO;
+  scroll(400, ScrollPhase::kLifted);
+  (void)notes();
+  EXPECT_TRUE([view_.get() sim_scrollToTop]);
+  EXPECT_EQ(notes(), "top?[g] rest 0,-20 top") << "what glided comes to rest first";
 }
 
 TEST_F(ScrollingByFingerTest, isFollowedWhereSomebodyHears) {
