@@ -2,6 +2,8 @@
 
 #include "dispatch/Times.hpp"
 
+#include <utility>
+
 namespace sim::dispatch {
 
 void Group::enter() {
@@ -10,15 +12,16 @@ void Group::enter() {
 }
 
 void Group::leave() {
-  std::vector<std::pair<std::shared_ptr<Queue>, Work>> due;
-  {
-    const std::lock_guard lock(mutex_);
-    if (count_ == 0) misuse("dispatch_group_leave was called more often than dispatch_group_enter.");
-    if (--count_ > 0) return;
-    due.swap(waiting_);
-    changed_.notify_all();
+  std::unique_lock lock(mutex_);
+  if (count_ == 0) misuse("dispatch_group_leave was called more often than dispatch_group_enter.");
+  // Who waits for the end finds on the queues what was to come at the end.
+  while (count_ == 1 && !waiting_.empty()) {
+    auto due = std::exchange(waiting_, {});
+    lock.unlock();
+    for (auto& [queue, work] : due) queue->add(std::move(work), false);
+    lock.lock();
   }
-  for (auto& [queue, work] : due) queue->add(std::move(work), false);
+  if (--count_ == 0) changed_.notify_all();
 }
 
 bool Group::wait(dispatch_time_t until) {

@@ -372,6 +372,25 @@ TEST_F(QueueTest, MoreThanTheThreadsThereAreCanWait) {
   dispatch_release(gate);
 }
 
+TEST_F(QueueTest, WhoHasWaitedForAGroupFindsOnTheQueueWhatFollowsIt) {
+  std::atomic<int> runs{0};
+  auto *counted = &runs;
+  for (int round = 1; round <= 2000 && !HasFailure(); ++round) {
+    dispatch_group_t group = dispatch_group_create();
+    dispatch_group_async(group, dispatch_get_global_queue(0, 0),
+                         ^{
+                         });
+    dispatch_group_notify(group, serial_, ^{
+      ++*counted;
+    });
+    dispatch_group_wait(group, DISPATCH_TIME_FOREVER);
+    dispatch_sync(serial_, ^{
+                  });
+    EXPECT_EQ(runs, round);
+    dispatch_release(group);
+  }
+}
+
 void add(void *context) { ++*static_cast<std::atomic<int> *>(context); }
 void addIndex(void *context, size_t index) { *static_cast<std::atomic<int> *>(context) += static_cast<int>(index); }
 
