@@ -45,12 +45,7 @@ void writeTextLook(JsonText &out, NSDictionary *attributes) {
   out.endObject();
 }
 
-void writeOffset(JsonText &out, UIOffset offset) {
-  out.beginArray();
-  out.number(offset.horizontal);
-  out.number(offset.vertical);
-  out.endArray();
-}
+void writeOffset(JsonText &out, UIOffset offset) { writePair(out, offset.horizontal, offset.vertical); }
 
 void writeButtonLook(JsonText &out, UIBarButtonItemAppearance *look) {
   out.beginObject();

@@ -32,6 +32,9 @@ void writeText(JsonText &out, std::string_view name, NSString *text);
 /// anything else its class name, so that no value can fail to be shown.
 void writeValue(JsonText &out, id value);
 
+/// [first, second]: a point, a size, an offset.
+void writePair(JsonText &out, double first, double second);
+
 /// "#rrggbbaa", or {"light","dark"} for a colour that differs between the two; null for nil.
 void writeColor(JsonText &out, UIColor *color);
 

@@ -83,6 +83,13 @@ void writeText(JsonText &out, std::string_view name, NSString *text) {
 
 void writeValue(JsonText &out, id value) { writeValue(out, value, 0); }
 
+void writePair(JsonText &out, double first, double second) {
+  out.beginArray();
+  out.number(first);
+  out.number(second);
+  out.endArray();
+}
+
 void writeColor(JsonText &out, UIColor *color) {
   if (!color) return out.null();
   const ColorPair pair = resolved(color);

@@ -207,7 +207,7 @@ void writeContentOffset(JsonText &out, UINavigationController *navigation) {
   UIViewController *page = [navigation topViewController];
   UITableView *table = [page isViewLoaded] ? tableOf(page) : nil;
   if (!table) return out.null();
-  writePoint(out, [table contentOffset]);
+  writePair(out, [table contentOffset].x, [table contentOffset].y);
 }
 
 }  // namespace sim

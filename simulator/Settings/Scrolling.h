@@ -12,9 +12,6 @@
 
 namespace sim {
 
-/// [x, y].
-void writePoint(JsonText &out, CGPoint point);
-
 /// Writes what there is to know for scrolling `view`: {"id","number","start","followed"}; null for nil. `followed` is
 /// there only where it is true.
 void writeScrolling(JsonText &out, UIScrollView *view);

@@ -35,19 +35,13 @@ void addScrollingToTop(UIView *view, std::vector<UIScrollView *> &all) {
 
 }  // namespace
 
-void writePoint(JsonText &out, CGPoint point) {
-  out.beginArray();
-  out.number(point.x);
-  out.number(point.y);
-  out.endArray();
-}
-
 void writeScrolling(JsonText &out, UIScrollView *view) {
   if (!view) return out.null();
   out.beginObject();
   out.name("id").string(idOf(view));
   out.name("number").natural([view sim_positionNumber]);
-  writePoint(out.name("start"), [view sim_leastOffset]);
+  const CGPoint start = [view sim_leastOffset];
+  writePair(out.name("start"), start.x, start.y);
   if ([view sim_isFollowed]) out.name("followed").flag(true);
   out.endObject();
 }

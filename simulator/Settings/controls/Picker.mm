@@ -1,6 +1,7 @@
 #import <UIKit/UIPickerView+Sim.h>
 #import <UIKit/UIView+Sim.h>
 
+#import "Settings/JsonValues.h"
 #import "Settings/controls/ControlAdapter.h"
 #import "Settings/views/Views.h"
 
@@ -43,10 +44,7 @@ void describe(JsonText &out, UIView *view, ImageStore &images) {
     out.endObject();
   }
   out.endArray();
-  out.name("size").beginArray();
-  out.number([picker bounds].size.width);
-  out.number([picker bounds].size.height);
-  out.endArray();
+  writePair(out.name("size"), [picker bounds].size.width, [picker bounds].size.height);
 }
 
 bool writeValue(JsonText &out, UIView *view) {

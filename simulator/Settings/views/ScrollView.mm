@@ -1,3 +1,4 @@
+#import "Settings/JsonValues.h"
 #import "Settings/views/ViewAdapter.h"
 
 namespace sim {
@@ -12,10 +13,7 @@ void writeInsets(JsonText &out, UIEdgeInsets inset) {
 void describe(JsonText &out, UIView *described, ImageStore &) {
   UIScrollView *view = (UIScrollView *)described;
   out.name("scrolls").flag([view isScrollEnabled]);
-  out.name("contentSize").beginArray();
-  out.number([view contentSize].width);
-  out.number([view contentSize].height);
-  out.endArray();
+  writePair(out.name("contentSize"), [view contentSize].width, [view contentSize].height);
   writeInsets(out.name("contentInset"), [view contentInset]);
   writeInsets(out.name("adjustedContentInset"), [view adjustedContentInset]);
   if ([view isPagingEnabled]) out.name("paging").flag(true);

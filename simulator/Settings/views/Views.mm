@@ -122,7 +122,8 @@ void writeScrollingOf(JsonText &out, UIView *view, Reach reach) {
   if (reach == Reach::kNothing || adapterOf(view) != &kScrollView) return;
   if (![(UIScrollView *)view sim_isScrollable]) return;
   writeScrolling(out.name("scrolling"), (UIScrollView *)view);
-  writePoint(out.name("contentOffset"), [(UIScrollView *)view contentOffset]);
+  const CGPoint offset = [(UIScrollView *)view contentOffset];
+  writePair(out.name("contentOffset"), offset.x, offset.y);
 }
 
 /// `isOutermost`: a touch at or in the view is told of by a point in it.
